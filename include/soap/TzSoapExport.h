@@ -1,0 +1,6 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// Marks a class or function of the message library as part of its interface. Everything without
+/// this mark stays hidden inside the shared object.
+#define TZSOAP_API __attribute__((visibility("default")))
