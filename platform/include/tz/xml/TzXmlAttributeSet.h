@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/TzPlatformExport.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlAttribute.h>
+#include <tz/xml/TzXmlName.h>
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+/// The ordered list of an element's attributes, namespace declarations among them.
+///
+/// Names are unique within a list. Look-ups are O(size) below 32 entries and O(log size) from there
+/// on by an index made at the first look-up, so a hostile element cannot make work quadratic. Positions
+/// are plain pointers, valid until the next change; handing out one through which attributes can be
+/// renamed drops the index. Not locked: one list is used by one thread at a time.
+class TZ_PLATFORM_API TzXmlAttributeSet {
+public:
+    /// Position of an attribute that may be changed in place.
+    using iterator = TzXmlAttribute*;
+    /// Position of an attribute.
+    using const_iterator = const TzXmlAttribute*;
+
+    /// An empty list.
+    TzXmlAttributeSet() noexcept;
+    TzXmlAttributeSet(const TzXmlAttributeSet& other);
+    TzXmlAttributeSet(TzXmlAttributeSet&& other) noexcept;
+    TzXmlAttributeSet& operator=(const TzXmlAttributeSet& other);
+    TzXmlAttributeSet& operator=(TzXmlAttributeSet&& other) noexcept;
+    virtual ~TzXmlAttributeSet();
+
+    /// Position of the first attribute.
+    iterator begin() noexcept {
+        forgetIndex();
+        return attributes_.data();
+    }
+    /// Position of the first attribute.
+    const_iterator begin() const noexcept { return attributes_.data(); }
+    /// Position behind the last attribute.
+    iterator end() noexcept { return attributes_.data() + attributes_.size(); }
+    /// Position behind the last attribute.
+    const_iterator end() const noexcept { return attributes_.data() + attributes_.size(); }
+    /// Number of attributes.
+    std::size_t size() const noexcept { return attributes_.size(); }
+    /// Whether there is no attribute.
+    bool empty() const noexcept { return attributes_.empty(); }
+
+    /// Position of the attribute of that name (URI and local part), `end()` if there is none.
+    iterator find(const TzXmlName& name);
+    /// Position of the attribute of that name (URI and local part), `end()` if there is none.
+    const_iterator find(const TzXmlName& name) const;
+    /// Position of the attribute with that name and value, `end()` if there is none.
+    iterator find(const TzXmlAttribute& attribute);
+    /// Position of the attribute with that name and value, `end()` if there is none.
+    const_iterator find(const TzXmlAttribute& attribute) const;
+    /// Position of the declaration of `prefix` ("" is the default namespace), `end()` if none.
+    iterator findDeclaration(std::string_view prefix);
+    /// Position of the declaration of `prefix` ("" is the default namespace), `end()` if none.
+    const_iterator findDeclaration(std::string_view prefix) const;
+
+    /// Adds at the end; a name that is there already keeps its place and takes value and prefix.
+    /// An unqualified "xmlns" becomes the declaration of the default namespace.
+    void add(TzXmlAttribute attribute);
+    /// Adds the attribute `name` with `value`, as above.
+    void add(TzXmlName name, TzCString value);
+    /// Adds or replaces the declaration of a namespace.
+    void addDeclaration(const TzXmlNamespace& declared);
+    /// Appends without looking for the name: for callers that know it is not there yet.
+    void append(TzXmlAttribute attribute);
+    /// Removes one attribute, the others keep their order. O(size).
+    void erase(iterator position);
+    /// Removes the attribute of that name, if any.
+    void erase(const TzXmlName& name);
+    /// Removes all attributes; the memory is kept for the next ones.
+    void clear() noexcept;
+
+private:
+    class Index;
+
+    std::size_t search(std::string_view uri, std::string_view localName) const;
+    void forgetIndex() noexcept;
+
+    std::vector<TzXmlAttribute> attributes_;
+    mutable std::unique_ptr<Index> index_;
+};

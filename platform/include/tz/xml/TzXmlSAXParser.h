@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/TzPlatformExport.h>
+#include <tz/tools/TzCString.h>
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+
+class TzXmlContentHandler;
+
+/// Reads XML text and tells a content handler what it meets.
+///
+/// Namespaces are resolved (an unbound prefix gives the empty URI), declarations are delivered among
+/// the attributes. UTF-8, UTF-16, UTF-32, ISO-8859-1, US-ASCII and every single-byte encoding known to
+/// iconv are read; handlers always see UTF-8. A DOCTYPE is refused. Not locked: one parser is used by
+/// one thread at a time.
+class TZ_PLATFORM_API TzXmlSAXParser {
+public:
+    /// Depth of elements that is accepted unless told otherwise.
+    static constexpr std::size_t DefaultDepthLimit = 1000;
+    /// Number of attributes of one element that is accepted unless told otherwise.
+    static constexpr std::size_t DefaultAttributeLimit = 200000;
+
+    /// A parser without handler, with the default limits.
+    TzXmlSAXParser();
+    TzXmlSAXParser(const TzXmlSAXParser&) = delete;
+    TzXmlSAXParser& operator=(const TzXmlSAXParser&) = delete;
+    ~TzXmlSAXParser();
+
+    /// The handler that gets the next event, null for none.
+    TzXmlContentHandler* getContentHandler() const noexcept { return handler_; }
+    /// Sets the handler for the next event; allowed inside an event. Null drops events.
+    void setContentHandler(TzXmlContentHandler* handler) noexcept { handler_ = handler; }
+
+    /// Elements nested deeper than this are refused.
+    void setDepthLimit(std::size_t limit) noexcept { depthLimit_ = limit; }
+    /// Depth limit in force.
+    std::size_t getDepthLimit() const noexcept { return depthLimit_; }
+    /// Elements with more attributes (declarations included) are refused.
+    void setAttributeLimit(std::size_t limit) noexcept { attributeLimit_ = limit; }
+    /// Attribute limit in force.
+    std::size_t getAttributeLimit() const noexcept { return attributeLimit_; }
+
+    /// Reads the whole document `text`. `TzXmlParseError` with line and column when it is not well
+    /// formed or breaks a limit; what a handler throws passes through; `TzTHRIllegalUsage` when called
+    /// while this parser parses. Linear in the length of the text.
+    void parse(std::string_view text);
+
+    /// Line of the event under way or of the last one, from 1; 0 before the first parse.
+    std::size_t getLine() const noexcept;
+    /// Column (in bytes of the text as read) of that event, from 1; 0 before the first parse.
+    std::size_t getColumn() const noexcept;
+
+private:
+    class Session;
+
+    TzXmlContentHandler* handler_ = nullptr;
+    std::size_t depthLimit_ = DefaultDepthLimit;
+    std::size_t attributeLimit_ = DefaultAttributeLimit;
+    std::size_t line_ = 0;
+    std::size_t column_ = 0;
+    Session* session_ = nullptr; // set while parse runs
+};

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/TzPlatformExport.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlWriter.h>
+
+/// An XML writer that owns the text it writes.
+class TZ_PLATFORM_API TzXmlStringWriter : public TzXmlWriter {
+public:
+    /// A writer with an empty text.
+    TzXmlStringWriter() noexcept;
+    ~TzXmlStringWriter() override;
+
+    /// The text written so far; valid until the next write.
+    const TzCString& getString() const noexcept { return text_; }
+    /// Hands the text over; the writer's own text is empty then.
+    TzCString takeString() noexcept;
+    /// Replaces the text written so far.
+    void setString(TzCString text) noexcept;
+
+private:
+    TzCString text_;
+};

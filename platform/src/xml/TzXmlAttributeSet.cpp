@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+#include <tz/xml/TzXmlAttributeSet.h>
+
+#include <set>
+#include <tuple>
+#include <utility>
+
+namespace {
+
+/// Lists below this size are searched entry by entry.
+constexpr std::size_t IndexedFrom = 32;
+
+/// URI and local part of a wanted name.
+struct Key {
+    std::string_view uri;
+    std::string_view localName;
+};
+
+Key keyOf(const TzXmlAttribute& attribute) noexcept {
+    return {attribute.getName().getUri(), attribute.getName().getLocalName()};
+}
+
+bool less(const Key& left, const Key& right) noexcept {
+    return std::tie(left.localName, left.uri) < std::tie(right.localName, right.uri);
+}
+
+} // namespace
+
+/// Positions ordered by name. A tree and not a hash table, so that chosen names cannot make it slow;
+/// it holds positions and no texts, so that attributes may move when the list grows.
+class TzXmlAttributeSet::Index {
+public:
+    explicit Index(const std::vector<TzXmlAttribute>& attributes) : positions_(Less{&attributes}) {
+        for (std::size_t i = 0; i < attributes.size(); ++i) {
+            positions_.insert(i);
+        }
+    }
+
+    void add(std::size_t position) { positions_.insert(position); }
+
+    std::size_t find(const Key& key, std::size_t none) const {
+        const auto found = positions_.find(key);
+        return found == positions_.end() ? none : *found;
+    }
+
+private:
+    struct Less {
+        using is_transparent = void;
+        const std::vector<TzXmlAttribute>* attributes;
+
+        bool operator()(std::size_t left, std::size_t right) const {
+            return less(keyOf((*attributes)[left]), keyOf((*attributes)[right]));
+        }
+        bool operator()(std::size_t left, const Key& right) const {
+            return less(keyOf((*attributes)[left]), right);
+        }
+        bool operator()(const Key& left, std::size_t right) const {
+            return less(left, keyOf((*attributes)[right]));
+        }
+    };
+
+    std::set<std::size_t, Less> positions_;
+};
+
+TzXmlAttributeSet::TzXmlAttributeSet() noexcept = default;
+
+TzXmlAttributeSet::TzXmlAttributeSet(const TzXmlAttributeSet& other)
+    : attributes_(other.attributes_) {}
+
+TzXmlAttributeSet::TzXmlAttributeSet(TzXmlAttributeSet&& other) noexcept
+    : attributes_(std::move(other.attributes_)) {
+    other.forgetIndex();
+}
+
+TzXmlAttributeSet& TzXmlAttributeSet::operator=(const TzXmlAttributeSet& other) {
+    if (this != &other) {
+        forgetIndex();
+        attributes_ = other.attributes_;
+    }
+    return *this;
+}
+
+TzXmlAttributeSet& TzXmlAttributeSet::operator=(TzXmlAttributeSet&& other) noexcept {
+    if (this != &other) {
+        forgetIndex();
+        attributes_ = std::move(other.attributes_);
+        other.attributes_.clear();
+        other.forgetIndex();
+    }
+    return *this;
+}
+
+TzXmlAttributeSet::~TzXmlAttributeSet() = default;
+
+std::size_t TzXmlAttributeSet::search(std::string_view uri,
+                                      std::string_view localName) const {
+    if (attributes_.size() >= IndexedFrom) {
+        if (index_ == nullptr) {
+            index_ = std::make_unique<Index>(attributes_);
+        }
+        return index_->find({uri, localName}, attributes_.size());
+    }
+    std::size_t i = 0;
+    while (i < attributes_.size() && (attributes_[i].getName().getLocalName() != localName ||
+                                      attributes_[i].getName().getUri() != uri)) {
+        ++i;
+    }
+    return i;
+}
+
+TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlName& name) {
+    const std::size_t position = search(name.getUri(), name.getLocalName());
+    forgetIndex();
+    return attributes_.data() + position;
+}
+
+TzXmlAttributeSet::const_iterator TzXmlAttributeSet::find(const TzXmlName& name) const {
+    return attributes_.data() + search(name.getUri(), name.getLocalName());
+}
+
+TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlAttribute& attribute) {
+    const iterator found = find(attribute.getName());
+    return found != end() && found->getValue() == attribute.getValue() ? found : end();
+}
+
+TzXmlAttributeSet::const_iterator TzXmlAttributeSet::find(const TzXmlAttribute& attribute) const {
+    const const_iterator found = find(attribute.getName());
+    return found != end() && found->getValue() == attribute.getValue() ? found : end();
+}
+
+TzXmlAttributeSet::iterator TzXmlAttributeSet::findDeclaration(std::string_view prefix) {
+    const std::size_t position = search(TzXmlNamespace::getXmlns().getUri(), prefix);
+    forgetIndex();
+    return attributes_.data() + position;
+}
+
+TzXmlAttributeSet::const_iterator
+TzXmlAttributeSet::findDeclaration(std::string_view prefix) const {
+    return attributes_.data() + search(TzXmlNamespace::getXmlns().getUri(), prefix);
+}
+
+void TzXmlAttributeSet::add(TzXmlAttribute attribute) {
+    const TzXmlName& name = attribute.getName();
+    if (name.getLocalName() == "xmlns" && name.getNamespace().isEmpty()) {
+        attribute.setName(TzXmlName({}, TzXmlNamespace::getXmlns()));
+    }
+    const std::size_t position = search(name.getUri(), name.getLocalName());
+    if (position == attributes_.size()) {
+        append(std::move(attribute));
+    } else {
+        attributes_[position] = std::move(attribute);
+    }
+}
+
+void TzXmlAttributeSet::add(TzXmlName name, TzCString value) {
+    add(TzXmlAttribute(std::move(name), std::move(value)));
+}
+
+void TzXmlAttributeSet::addDeclaration(const TzXmlNamespace& declared) {
+    add(TzXmlName(declared.getPrefix(), TzXmlNamespace::getXmlns()), declared.getUri());
+}
+
+void TzXmlAttributeSet::append(TzXmlAttribute attribute) {
+    attributes_.push_back(std::move(attribute));
+    if (index_ != nullptr) {
+        index_->add(attributes_.size() - 1);
+    }
+}
+
+void TzXmlAttributeSet::erase(iterator position) {
+    forgetIndex();
+    attributes_.erase(attributes_.begin() + (position - attributes_.data()));
+}
+
+void TzXmlAttributeSet::erase(const TzXmlName& name) {
+    const iterator found = find(name);
+    if (found != end()) {
+        erase(found);
+    }
+}
+
+void TzXmlAttributeSet::clear() noexcept {
+    forgetIndex();
+    attributes_.clear();
+}
+
+void TzXmlAttributeSet::forgetIndex() noexcept { index_.reset(); }

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include <tz/xml/TzXmlNamespace.h>
+
+#include <array>
+
+TzXmlNamespace::TzXmlNamespace(std::string_view prefix, std::string_view uri) {
+    if (!prefix.empty() || !uri.empty()) {
+        record_ = new Record{{1}, TzCString(prefix), TzCString(uri)};
+    }
+}
+
+const TzXmlNamespace::Record& TzXmlNamespace::emptyRecord() noexcept {
+    static const Record record;
+    return record;
+}
+
+void TzXmlNamespace::destroy(Record* record) noexcept { delete record; }
+
+void TzXmlNamespace::setPrefix(std::string_view prefix) {
+    *this = TzXmlNamespace(prefix, getUri());
+}
+
+void TzXmlNamespace::setUri(std::string_view uri) { *this = TzXmlNamespace(getPrefix(), uri); }
+
+bool TzXmlNamespace::isEmpty() const noexcept { return getUri().empty() && getPrefix().empty(); }
+
+const TzXmlNamespace& TzXmlNamespace::getEmptyNamespace() {
+    static const TzXmlNamespace instance;
+    return instance;
+}
+
+const TzXmlNamespace& TzXmlNamespace::getXmlns() {
+    static const TzXmlNamespace instance("xmlns", "http://www.w3.org/2000/xmlns/");
+    return instance;
+}
+
+const TzXmlNamespace& TzXmlNamespace::getXml() {
+    static const TzXmlNamespace instance("xml", "http://www.w3.org/XML/1998/namespace");
+    return instance;
+}
+
+const TzXmlNamespace& TzXmlNamespace::getXsi() {
+    static const TzXmlNamespace instance("xsi", "http://www.w3.org/2001/XMLSchema-instance");
+    return instance;
+}
+
+const TzXmlNamespace& TzXmlNamespace::getXsd() {
+    static const TzXmlNamespace instance("xsd", "http://www.w3.org/2001/XMLSchema");
+    return instance;
+}
+
+bool TzXmlNamespace::matchXsi(const TzXmlNamespace& candidate) noexcept {
+    // Senders of the drafts' time still use the two older URIs.
+    static constexpr std::array<std::string_view, 3> Uris = {
+        "http://www.w3.org/2001/XMLSchema-instance",
+        "http://www.w3.org/2000/10/XMLSchema-instance",
+        "http://www.w3.org/1999/XMLSchema-instance",
+    };
+    for (const std::string_view uri : Uris) {
+        if (candidate.getUri() == uri) {
+            return true;
+        }
+    }
+    return false;
+}
