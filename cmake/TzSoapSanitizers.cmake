@@ -6,3 +6,13 @@ if(TZSOAP_SANITIZERS)
                         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${TZSOAP_SANITIZERS})
 endif()
+
+# The libraries under a fuzzer must report the branches they take.
+if(TZSOAP_BUILD_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
+# Indices and iterators of standard containers are checked wherever speed does not matter.
+if(TZSOAP_SANITIZERS OR CMAKE_BUILD_TYPE STREQUAL "Debug")
+    add_compile_definitions(_GLIBCXX_ASSERTIONS)
+endif()

@@ -1,0 +1,45 @@
+# SPDX-License-Identifier: MIT
+
+# Until 1.0 a minor version may change the binary interface.
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+    set(TZSOAP_SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+else()
+    set(TZSOAP_SOVERSION ${PROJECT_VERSION_MAJOR})
+endif()
+
+# What both libraries have in common: tzsoap_add_library(<target> <export name> <source>...)
+function(tzsoap_add_library target export_name)
+    add_library(${target} SHARED ${ARGN})
+    add_library(TzSoap::${export_name} ALIAS ${target})
+    set_target_properties(
+        ${target}
+        PROPERTIES EXPORT_NAME ${export_name}
+                   VERSION ${PROJECT_VERSION}
+                   SOVERSION ${TZSOAP_SOVERSION}
+                   INSTALL_RPATH "$ORIGIN")
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    # Exported functions are never replaced by those of another library, so calls within one may be
+    # inlined.
+    target_compile_options(${target} PRIVATE -fno-semantic-interposition)
+    target_link_options(${target} PRIVATE -Wl,--no-undefined)
+    tzsoap_set_warnings(${target})
+    install(
+        TARGETS ${target}
+        EXPORT TzSoapTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime
+                NAMELINK_COMPONENT development)
+endfunction()
+
+# Writes and installs the pkg-config file of a library from <name>.pc.in.
+function(tzsoap_install_pkgconfig name)
+    # Relative to the file itself, so that an installed tree can be moved.
+    cmake_path(SET pc_dir NORMALIZE "${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+    cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX BASE_DIRECTORY "${pc_dir}"
+               OUTPUT_VARIABLE TZSOAP_PC_PREFIX)
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in" "${PROJECT_BINARY_DIR}/${name}.pc"
+                   @ONLY)
+    install(
+        FILES "${PROJECT_BINARY_DIR}/${name}.pc"
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+        COMPONENT development)
+endfunction()
