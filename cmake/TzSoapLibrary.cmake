@@ -21,7 +21,10 @@ function(tzsoap_add_library target export_name)
     # Exported functions are never replaced by those of another library, so calls within one may be
     # inlined.
     target_compile_options(${target} PRIVATE -fno-semantic-interposition)
-    target_link_options(${target} PRIVATE -Wl,--no-undefined)
+    # The sanitizers of clang are in the program only.
+    if(NOT TZSOAP_SANITIZERS)
+        target_link_options(${target} PRIVATE -Wl,--no-undefined)
+    endif()
     tzsoap_set_warnings(${target})
     install(
         TARGETS ${target}
