@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/TzPlatformExport.h>
+#include <tz/tools/TzDate.h>
+
+#include <chrono>
+#include <compare>
+#include <optional>
+
+/// A day and a time of day to the nanosecond, with an optional offset from UTC. No leap seconds.
+///
+/// Texts are read and written by `TzXmlUtils`. A plain value, not locked.
+class TZ_PLATFORM_API TzDateTime {
+public:
+    /// 1970-01-01 00:00:00 without offset.
+    TzDateTime() noexcept = default;
+    /// The given day and time, which need not exist (`isValid`).
+    TzDateTime(int year, unsigned month, unsigned day, unsigned hour, unsigned minute,
+               unsigned second, unsigned nanosecond = 0,
+               std::optional<TzUtcOffset> offset = {}) noexcept;
+    /// The given time on `date`, with the offset of `date`; it need not exist (`isValid`).
+    TzDateTime(const TzDate& date, unsigned hour, unsigned minute, unsigned second,
+               unsigned nanosecond = 0) noexcept;
+
+    /// The day, with the offset.
+    const TzDate& getDate() const noexcept { return date_; }
+    /// The year.
+    int getYear() const noexcept { return date_.getYear(); }
+    /// The month, 1 to 12.
+    unsigned getMonth() const noexcept { return date_.getMonth(); }
+    /// The day of the month, from 1.
+    unsigned getDay() const noexcept { return date_.getDay(); }
+    /// The hour, 0 to 23.
+    unsigned getHour() const noexcept { return hour_; }
+    /// The minute, 0 to 59.
+    unsigned getMinute() const noexcept { return minute_; }
+    /// The second, 0 to 59.
+    unsigned getSecond() const noexcept { return second_; }
+    /// The fraction of the second in nanoseconds, 0 when none is stated.
+    unsigned getNanosecond() const noexcept { return nanosecond_; }
+    /// The offset from UTC, empty when none is stated.
+    std::optional<TzUtcOffset> getOffset() const noexcept { return date_.getOffset(); }
+    /// Whether the day exists and every field of the time is in its range.
+    bool isValid() const noexcept;
+
+    /// Order by instant; a time without offset counts as UTC and comes before the equal one with an
+    /// offset. Invalid times are equivalent to each other and come first.
+    friend TZ_PLATFORM_API std::weak_ordering operator<=>(const TzDateTime& left,
+                                                          const TzDateTime& right) noexcept;
+    /// Equivalent in that order: the same instant, both with an offset or both without.
+    friend bool operator==(const TzDateTime& left, const TzDateTime& right) noexcept {
+        return (left <=> right) == 0;
+    }
+
+private:
+    TzDate date_;
+    unsigned hour_ = 0;
+    unsigned minute_ = 0;
+    unsigned second_ = 0;
+    unsigned nanosecond_ = 0;
+};
