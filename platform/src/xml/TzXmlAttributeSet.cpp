@@ -161,9 +161,12 @@ void TzXmlAttributeSet::addDeclaration(const TzXmlNamespace& declared) {
 }
 
 void TzXmlAttributeSet::append(TzXmlAttribute attribute) {
+    // Out of the list meanwhile, so that an index that could not take the name is gone.
+    std::unique_ptr<Index> index = std::move(index_);
     attributes_.push_back(std::move(attribute));
-    if (index_ != nullptr) {
-        index_->add(attributes_.size() - 1);
+    if (index != nullptr) {
+        index->add(attributes_.size() - 1);
+        index_ = std::move(index);
     }
 }
 

@@ -13,8 +13,8 @@ TzXmlElementImp::TzXmlElementImp(const TzXmlElementImp& other)
     : name_(other.name_), own_(std::make_unique<TzXmlAttributeSet>(*other.attributes_)),
       attributes_(own_.get()) {}
 
-TzXmlElementImp::TzXmlElementImp(TzXmlName name, TzXmlAttributeSet& attributes) noexcept
-    : name_(std::move(name)), attributes_(&attributes) {}
+TzXmlElementImp::TzXmlElementImp(TzXmlName name, std::nullptr_t) noexcept
+    : name_(std::move(name)), attributes_(nullptr) {}
 
 TzXmlElementImp& TzXmlElementImp::operator=(const TzXmlElementImp& other) {
     name_ = other.name_;

@@ -16,13 +16,8 @@ public:
     virtual ~TzHandleBase() { release(body_); }
 
 protected:
-    /// Says that a handle borrows a body without counting; it must be detached before it dies.
-    struct Borrow {};
-
     /// A handle to `body`, which may be null; counts one reference.
     explicit TzHandleBase(TzBodyBase* body) noexcept : body_(body) { retain(body); }
-    /// A handle that borrows `body` without counting.
-    TzHandleBase(TzBodyBase* body, Borrow) noexcept : body_(body) {}
     TzHandleBase(const TzHandleBase& other) noexcept : body_(other.body_) { retain(body_); }
     TzHandleBase(TzHandleBase&& other) noexcept : body_(std::exchange(other.body_, nullptr)) {}
     TzHandleBase& operator=(const TzHandleBase& other) noexcept {
@@ -45,6 +40,8 @@ protected:
     }
     /// The body, null when there is none.
     TzBodyBase* bodyPointer() const noexcept { return body_; }
+    /// Refers to `body` without counting; allowed on a handle without a body.
+    void attachBody(TzBodyBase* body) noexcept { body_ = body; }
     /// Gives the body up without counting and returns it.
     TzBodyBase* detachBody() noexcept { return std::exchange(body_, nullptr); }
 

@@ -95,9 +95,12 @@ public:
     virtual const TzXmlAttributeSet& getAttributes() const;
 
 protected:
-    /// An element that keeps its attributes in `attributes`, a member of the derived class. The list
-    /// is not touched before the derived class is complete.
-    TzXmlElementImp(TzXmlName name, TzXmlAttributeSet& attributes) noexcept;
+    /// An element whose attribute list the derived class holds: it must call `useAttributes` in its
+    /// constructor.
+    TzXmlElementImp(TzXmlName name, std::nullptr_t noListOfItsOwn) noexcept;
+
+    /// Makes `attributes`, a member of the derived class, the attribute list.
+    void useAttributes(TzXmlAttributeSet& attributes) noexcept { attributes_ = &attributes; }
 
     /// Copies the name alone: for derived classes that copy their list themselves.
     void assignName(const TzXmlElementImp& other) { name_ = other.name_; }

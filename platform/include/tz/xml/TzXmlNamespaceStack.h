@@ -6,6 +6,8 @@
 #include <tz/xml/TzXmlNamespace.h>
 
 #include <cstddef>
+#include <functional>
+#include <map>
 #include <string_view>
 #include <vector>
 
@@ -27,9 +29,10 @@ public:
     /// Declares a namespace in the innermost scope (opening one if there is none); a prefix declared
     /// there already takes the new URI.
     void add(const TzXmlNamespace& declared);
-    /// The URI bound to `prefix`, innermost scope first; "" when unbound. O(declarations).
+    /// The URI bound to `prefix`, innermost scope first; "" when unbound. O(log declarations).
     const TzCString& getURIForPrefix(std::string_view prefix) const noexcept;
-    /// The declaration of `prefix`, innermost scope first; null when there is none. O(declarations).
+    /// The declaration of `prefix`, innermost scope first; null when there is none; valid until the
+    /// next change. O(log declarations).
     const TzXmlNamespace* find(std::string_view prefix) const noexcept;
 
     /// First declaration of the innermost scope, in order of addition.
@@ -38,6 +41,13 @@ public:
     const_iterator end() const noexcept { return declarations_.end(); }
 
 private:
+    using Positions = std::map<TzCString, std::vector<std::size_t>, std::less<>>;
+
+    std::size_t search(std::string_view prefix) const noexcept;
+    void index(std::size_t from);
+    void forgetPositions(std::size_t from) noexcept;
+
     std::vector<TzXmlNamespace> declarations_;
     std::vector<std::size_t> scopes_; // where each scope begins in declarations_
+    Positions positions_;             // of each prefix, rising; empty while there are few declarations
 };

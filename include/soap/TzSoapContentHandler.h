@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapExport.h>
+#include <tz/xml/TzXmlContentHandler.h>
+
+class TzSoapParseContext;
+
+/// Takes part in the reading of a message: receives the parser's events while its element is open.
+///
+/// The handlers of open elements form a stack linked by `previous`; exactly the innermost one receives.
+/// Belongs to one reading on one thread.
+class TZSOAP_API TzSoapContentHandler : public TzXmlContentHandler {
+public:
+    /// Does nothing here.
+    void startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) override;
+    /// Does nothing here.
+    void endElement(const TzXmlName& name) override;
+    /// Does nothing here.
+    void characters(const TzCString& text) override;
+    ~TzSoapContentHandler() override;
+
+protected:
+    TzSoapContentHandler() = default;
+    /// Copies nothing: a copy takes part in no reading.
+    TzSoapContentHandler(const TzSoapContentHandler&) noexcept : TzXmlContentHandler() {}
+    /// Copies nothing.
+    TzSoapContentHandler& operator=(const TzSoapContentHandler&) noexcept { return *this; }
+
+    /// Makes this handler the one that receives, in the reading of `context`.
+    void acceptEvents(TzSoapParseContext* context);
+    /// Makes the handler that received before this one receive again.
+    void declineEvents();
+    /// The reading this handler takes part in, null while it does not receive.
+    TzSoapParseContext* context() const noexcept { return context_; }
+
+private:
+    TzXmlContentHandler* previous_ = nullptr;
+    TzSoapParseContext* context_ = nullptr;
+};

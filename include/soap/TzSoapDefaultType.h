@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapType.h>
+
+class TzSoapDefaultTypeImp;
+
+/// Handle of a placeholder: used where a value must exist but none has been given.
+///
+/// Nearly every operation throws `TzXmlError` BAD_USAGE naming "TzSoapDefaultType"; only the kind, the
+/// type value, nil and the attribute list answer. Assigning any value to the handle re-points it.
+class TZSOAP_API TzSoapDefaultType : public TzSoapType {
+public:
+    /// A placeholder of its own.
+    TzSoapDefaultType();
+    TzSoapDefaultType(const TzSoapDefaultType&) noexcept = default;
+    TzSoapDefaultType(TzSoapDefaultType&&) noexcept = default;
+    TzSoapDefaultType& operator=(const TzSoapDefaultType&) noexcept = default;
+    TzSoapDefaultType& operator=(TzSoapDefaultType&&) noexcept = default;
+    /// Refers to the body of `value` from now on.
+    TzSoapDefaultType& operator=(const TzSoapType& value) noexcept;
+    ~TzSoapDefaultType() override;
+
+    /// A copy of the value the handle refers to; `TzXmlError` BAD_USAGE for a placeholder.
+    TzSoapDefaultType copy() const;
+
+private:
+    friend struct TzSoapAccess;
+
+    explicit TzSoapDefaultType(TzSoapTypeImp* body) noexcept;
+};

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapAttributeSet.h>
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapVersion.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlElementImp.h>
+#include <tz/xml/TzXmlName.h>
+
+#include <memory>
+
+/// Body of every SOAP element: an XML element with the attributes that SOAP defines.
+///
+/// mustUnderstand, root, actor, encodingStyle and the type are properties of their own; id and offset
+/// live in the attribute set. Not locked: an element is used by one thread at a time.
+class TZSOAP_API TzSoapElementImp : public TzXmlElementImp {
+public:
+    /// An element without name.
+    TzSoapElementImp();
+    /// An element named `name`.
+    explicit TzSoapElementImp(TzXmlName name);
+    /// Copies every property and the attribute set.
+    TzSoapElementImp(const TzSoapElementImp& other);
+    /// Copies every property and the attribute set.
+    TzSoapElementImp& operator=(const TzSoapElementImp& other);
+    ~TzSoapElementImp() override;
+
+    /// The attribute set: the element's SOAP and other attributes.
+    TzSoapAttributeSet& getAttributeSet() noexcept { return attributeSet_; }
+    /// The attribute set: the element's SOAP and other attributes.
+    const TzSoapAttributeSet& getAttributeSet() const noexcept { return attributeSet_; }
+
+    /// The encodingStyle text, "" when absent.
+    virtual TzCString getEncodingStyleAttribute() const;
+    /// Replaces the encodingStyle text as a whole; "" means absent.
+    virtual void setEncodingStyle(const TzCString& style);
+    /// Whether the encodingStyle text is not empty.
+    virtual bool hasEncodingStyleAttribute() const;
+    /// Empties the encodingStyle text.
+    virtual void removeEncodingStyleAttribute();
+    /// The id, "" when absent.
+    virtual const TzCString& getIdAttribute() const;
+    /// Sets the id.
+    virtual void setIdAttribute(const TzCString& id);
+    /// Removes the id.
+    virtual void removeIdAttribute();
+    /// "1" or "0", "" when root is not set.
+    virtual TzCString getRootAttribute() const;
+    /// Root; false when not set.
+    virtual bool getRoot() const;
+    /// Sets root.
+    virtual void setRoot(bool root);
+    /// Whether root is set.
+    virtual bool isRootAttributeSet() const;
+    /// Unsets root.
+    virtual void removeRootAttribute();
+    /// The type, the empty name when absent.
+    virtual const TzXmlName& getTypeValue() const;
+    /// The qualified name of the type, "" when absent.
+    virtual TzCString getTypeAttribute() const;
+    /// Sets the type.
+    virtual void setTypeAttribute(const TzXmlName& type);
+    /// Removes the type.
+    virtual void removeTypeAttribute();
+
+    /// The actor (role), "" when absent.
+    virtual const TzCString& getActorAttribute() const;
+    /// Sets the actor (role); "" means absent.
+    virtual void setActor(const TzCString& actor);
+    /// Empties the actor.
+    virtual void removeActorAttribute();
+    /// mustUnderstand; false when not set.
+    virtual bool getMustUnderstand() const;
+    /// Sets mustUnderstand.
+    virtual void setMustUnderstand(bool mustUnderstand);
+    /// Unsets mustUnderstand.
+    virtual void removeMustUnderstandAttribute();
+    /// "true" or "false", "" when mustUnderstand is not set.
+    virtual TzCString getMustUnderstandAttribute() const;
+    /// The text of `version`: "1" or "0" in SOAP 1.1, "true" or "false" in SOAP 1.2, "" when not set.
+    /// `Tzxmsg` "Unrecognized TzSoapVersion::Version" when set and the version is none of the two.
+    virtual TzCString getMustUnderstandAttribute(TzSoapVersion::Version version) const;
+    /// The offset text, "" when absent.
+    virtual TzCString getOffsetAttribute() const;
+    /// Sets the offset text, always under the name of the latest version.
+    virtual void setOffsetAttribute(const TzCString& offset);
+    /// Removes the offset text.
+    virtual void removeOffsetAttribute();
+
+private:
+    /// Texts that few elements have: kept apart so that the others stay small.
+    struct Texts {
+        TzCString actor;
+        TzCString encodingStyle;
+    };
+    /// A boolean attribute: absent, false or true.
+    enum class Flag : unsigned char { Absent, False, True };
+
+    void setText(TzCString Texts::*text, const TzCString& value);
+    const TzCString& text(TzCString Texts::*text) const noexcept;
+
+    TzSoapAttributeSet attributeSet_;
+    std::unique_ptr<Texts> texts_;
+    TzXmlName type_;
+    Flag mustUnderstand_ = Flag::Absent;
+    Flag root_ = Flag::Absent;
+};

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapContentHandler.h>
+#include <soap/TzSoapExport.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
+
+#include <memory>
+
+class TzSoapType;
+class TzSoapTypeHandlers;
+class TzXmlElementImp;
+
+/// Base of the elements that hold values: decides for each child element what kind of value it is and
+/// hands it to the handler that reads it; finished values come back through `addChild`.
+///
+/// Belongs to one reading on one thread.
+class TZSOAP_API TzSoapGenericTypeHandler : public TzSoapContentHandler {
+public:
+    /// A child element starts: chooses its handler, which takes the events over. `TzXmlInternalError`
+    /// INTERNAL_ERROR for an impossible state.
+    void startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) override;
+    /// The owner's element ends: closes its scopes and gives the events back.
+    void endElement(const TzXmlName& name) override;
+    ~TzSoapGenericTypeHandler() override;
+
+    /// Takes a child value: complete, or about to be read through the same body.
+    virtual void addChild(const TzSoapType& child) = 0;
+    /// Does nothing here.
+    virtual void addPcdata();
+
+protected:
+    TzSoapGenericTypeHandler();
+    /// Copies nothing: a copy takes part in no reading.
+    TzSoapGenericTypeHandler(const TzSoapGenericTypeHandler& other) noexcept;
+    /// Copies nothing.
+    TzSoapGenericTypeHandler& operator=(const TzSoapGenericTypeHandler&) noexcept { return *this; }
+
+    /// Starts receiving for `element`, whose attributes are read already: its declarations and, when
+    /// `declaresStyle`, its encoding style are in force until `close`.
+    void open(TzXmlElementImp& element, TzSoapParseContext* context, const TzCString* style);
+    /// Ends receiving: closes the scopes that `open` opened and gives the events back.
+    void close();
+
+private:
+    /// What the attributes say about a child element.
+    enum SoapType : int { NotSpecial = 0, SoapReference = 1, MimeReference = 2, Array = 3 };
+
+    SoapType getType(const TzXmlAttributeSet& attributes, TzCString& type, TzCString& size) const;
+    void doSoapEncoding(const TzXmlName& name, const TzXmlAttributeSet& attributes);
+    void doUserDefinedEncoding(const TzXmlName& name, const TzXmlAttributeSet& attributes,
+                               const TzXmlName& type, const TzCString& encodingStyle);
+    void readReference(const TzXmlName& name, const TzXmlAttributeSet& attributes,
+                       bool soapReference);
+    void pushChildStyle(const TzXmlAttributeSet& attributes);
+    void popChildStyle();
+    TzSoapTypeHandlers& handlers();
+
+    std::unique_ptr<TzSoapTypeHandlers> handlers_; // from the first child to the element's end
+    bool childStylePushed_ = false;
+    bool ownStylePushed_ = false;
+};

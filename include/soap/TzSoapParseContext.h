@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapReadLimits.h>
+#include <soap/TzSoapType.h>
+#include <soap/TzSoapVersion.h>
+#include <tz/mime/TzMimeMultipart.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <stack>
+#include <string_view>
+#include <vector>
+
+class TzSoapMessageImp;
+class TzSoapReferenceTypeImp;
+class TzSoapTypeHandlers;
+class TzXmlElementImp;
+class TzXmlSAXParser;
+
+/// What all participants of one reading share: the parser, the scopes that are open, the ids and
+/// references met so far, the package the text came in and the message being filled.
+///
+/// Not a handle; belongs to one reading on one thread.
+class TZSOAP_API TzSoapParseContext {
+public:
+    /// encodingStyle values of the open elements that declare one, innermost on top.
+    using EncodingStyles = std::stack<TzCString>;
+    /// Open elements whose namespace declarations are in force, outermost first; not owned.
+    using Namespaces = std::vector<TzXmlElementImp*>;
+    /// References met so far, by reference text; not owned.
+    using References = std::multimap<TzCString, TzSoapReferenceTypeImp*>;
+    /// Values with an id met so far, by id.
+    using IdEntries = std::map<TzCString, TzSoapType>;
+
+    /// A context without parser and message, all collections empty.
+    TzSoapParseContext();
+    TzSoapParseContext(const TzSoapParseContext&) = delete;
+    TzSoapParseContext& operator=(const TzSoapParseContext&) = delete;
+    ~TzSoapParseContext();
+
+    /// The open encoding styles, to push and pop.
+    EncodingStyles& getEncodingStyles() noexcept { return encodingStyles_; }
+    /// The open elements, to push and pop.
+    Namespaces& getNamespaces() noexcept { return namespaces_; }
+    /// The references, to insert. Whoever inserts also calls `keep`.
+    References& getReferences() noexcept { return references_; }
+    /// The values with ids, to insert.
+    IdEntries& getIdEntries() noexcept { return idEntries_; }
+    /// Keeps `value` alive until the reading ends, whatever becomes of its place in the message.
+    void keep(const TzSoapType& value);
+
+    /// Sets the package that references to MIME parts are looked up in.
+    void setMimeMultipart(const TzMimeMultipart& multipart) { mimeMultipart_ = multipart; }
+    /// The package, without parts for a bare envelope.
+    const TzMimeMultipart& getMimeMultipart() const noexcept { return mimeMultipart_; }
+    /// Sets the message being filled; not owned, may be null.
+    void setSoapMessageImp(TzSoapMessageImp* message) noexcept { soapMessageImp_ = message; }
+    /// The message being filled, null when there is none.
+    TzSoapMessageImp* getSoapMessageImp() const noexcept { return soapMessageImp_; }
+    /// Sets the parser in use; not owned.
+    void setParser(TzXmlSAXParser* parser) noexcept { parser_ = parser; }
+    /// The parser in use, null when there is none.
+    TzXmlSAXParser* getParser() const noexcept { return parser_; }
+
+    /// The version being read: that of the message, the latest without one.
+    TzSoapVersion::Version getVersion() const;
+    /// The URI that the innermost open element which declares `prefix` binds it to; "" when none does.
+    /// O(open elements).
+    TzCString getNsUriForPrefix(const TzCString& prefix) const;
+    /// The name that a text such as "xsd:int" stands for: its prefix resolved like
+    /// `getNsUriForPrefix`; an unbound prefix has the empty URI. O(open elements).
+    TzXmlName resolveName(std::string_view text);
+
+    /// Gives each reference met so far its target, forgets the references and the ids they name.
+    /// References without a target are left as they are. O((references + ids) * log).
+    void resolveAndClearIdReferences();
+
+    /// Sets what is accepted, for a text of `textSize` bytes.
+    void setLimits(const TzSoapReadLimits& limits, std::size_t textSize);
+    /// Takes `positions` array positions that hold no item; false, and nothing taken, when that is more
+    /// than the text may still have.
+    bool takeUnfilledPositions(std::size_t positions) noexcept;
+    /// Gives back positions that an item was read for.
+    void returnUnfilledPositions(std::size_t positions) noexcept { unfilledLeft_ += positions; }
+
+    /// Empties all collections and forgets half-open scopes; parser, package and message stay.
+    void clear();
+
+    /// A set of type handlers for an element whose first child starts; one that was given back if any.
+    std::unique_ptr<TzSoapTypeHandlers> borrowTypeHandlers();
+    /// Takes back the handlers of an element that ended.
+    void returnTypeHandlers(std::unique_ptr<TzSoapTypeHandlers> handlers);
+
+private:
+    const TzCString& uriForPrefix(std::string_view prefix) const;
+    TzXmlNamespace sharedNamespace(std::string_view prefix, const TzCString& uri);
+
+    TzXmlSAXParser* parser_ = nullptr;
+    EncodingStyles encodingStyles_;
+    Namespaces namespaces_;
+    References references_;
+    IdEntries idEntries_;
+    TzMimeMultipart mimeMultipart_;
+    TzSoapMessageImp* soapMessageImp_ = nullptr;
+    std::vector<TzSoapType> kept_;
+    std::size_t unfilledLeft_;
+    std::vector<std::unique_ptr<TzSoapTypeHandlers>> spareHandlers_;
+    TzXmlNamespace lastNamespace_; // names of one type follow each other
+};

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/xml/TzXmlSAXParser.h>
+
+#include <cstddef>
+
+/// What a message accepts from a text that it reads. A plain value.
+struct TzSoapReadLimits {
+    /// Deepest nesting of elements; more is a `TzXmlParseError`.
+    std::size_t depth = TzXmlSAXParser::DefaultDepthLimit;
+    /// Most attributes of one element, declarations included; more is a `TzXmlParseError`.
+    std::size_t attributes = TzXmlSAXParser::DefaultAttributeLimit;
+    /// Most array positions of one text that are declared but hold no item, beside one for each byte of
+    /// the text; more is a `TzXmlBoundsError` BAD_INDEX_VECTOR.
+    std::size_t unfilledArrayPositions = 1048576;
+};

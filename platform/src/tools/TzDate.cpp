@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#include <tz/tools/TzDate.h>
+
+#include <tz/tools/TzDateTime.h>
+
+namespace {
+
+// The calendar types keep a few bits of a field only: what does not fit must not become another day.
+std::chrono::year_month_day calendarDay(int year, unsigned month, unsigned day) noexcept {
+    return {std::chrono::year(year >= 1 && year <= 9999 ? year : 0),
+            std::chrono::month(month <= 12 ? month : 0), std::chrono::day(day <= 31 ? day : 0)};
+}
+
+} // namespace
+
+TzDate::TzDate(int year, unsigned month, unsigned day, std::optional<TzUtcOffset> offset) noexcept
+    : TzDate(calendarDay(year, month, day), offset) {}
+
+bool TzDate::isValid() const noexcept {
+    return day_.ok() && getYear() >= 1 && getYear() <= 9999 && (!offset_ || offset_->isValid());
+}
+
+std::weak_ordering operator<=>(const TzDate& left, const TzDate& right) noexcept {
+    return TzDateTime(left, 0, 0, 0) <=> TzDateTime(right, 0, 0, 0);
+}

@@ -1,0 +1,6 @@
+// SPDX-License-Identifier: MIT
+#include <tz/xml/TzXmlBadArgError.h>
+
+TzXmlBadArgError::TzXmlBadArgError(const TzMessage& message) : TzXmlError(message) {}
+
+TzXmlBadArgError::~TzXmlBadArgError() = default;

@@ -1,0 +1,6 @@
+// SPDX-License-Identifier: MIT
+#include <tz/xml/TzXmlBoundsError.h>
+
+TzXmlBoundsError::TzXmlBoundsError(const TzMessage& message) : TzXmlError(message) {}
+
+TzXmlBoundsError::~TzXmlBoundsError() = default;

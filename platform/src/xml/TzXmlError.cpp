@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include <tz/xml/TzXmlError.h>
+
+TzXmlError::TzXmlError(const TzMessage& message) : Tzxmsg(message.asString()), message_(message) {}
+
+TzXmlError::TzXmlError(const TzCString& text) : TzXmlError(TzMessage(text)) {}
+
+TzXmlError::~TzXmlError() = default;

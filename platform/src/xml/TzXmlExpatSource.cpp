@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "TzXmlCharacterTable.h"
+#include "TzXmlEventSink.h"
+#include "TzXmlEventSource.h"
+
+#include <tz/xml/TzXmlParseError.h>
+
+#include <expat.h>
+
+#include <exception>
+#include <new>
+#include <type_traits>
+
+static_assert(std::is_same_v<XML_Char, char>, "Expat has to be built for UTF-8");
+
+namespace {
+
+struct ParserDeleter {
+    void operator()(XML_Parser parser) const noexcept { XML_ParserFree(parser); }
+};
+
+class ExpatSource final : public TzXmlEventSource {
+public:
+    ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding);
+
+    void feed(std::string_view piece, bool last) override;
+    std::size_t line() const noexcept override { return XML_GetCurrentLineNumber(parser_.get()); }
+    std::size_t column() const noexcept override {
+        return XML_GetCurrentColumnNumber(parser_.get()) + 1;
+    }
+
+private:
+    // An exception must not cross the C code: it is kept here and thrown again by feed.
+    template <typename Event> static void deliver(void* data, Event event) noexcept {
+        auto& self = *static_cast<ExpatSource*>(data);
+        try {
+            event(self.sink_);
+        } catch (...) {
+            self.stop(std::current_exception());
+        }
+    }
+    void stop(std::exception_ptr failure) noexcept;
+    [[noreturn]] void fail() const;
+
+    static void XMLCALL onDeclaration(void* data, const char* version, const char* encoding,
+                                      int standalone);
+    static void XMLCALL onDocumentType(void* data, const char*, const char*, const char*, int);
+    static void XMLCALL onStart(void* data, const char* name, const char** attributes);
+    static void XMLCALL onEnd(void* data, const char*);
+    static void XMLCALL onText(void* data, const char* begin, int length);
+    static int XMLCALL onEncoding(void*, const char* name, XML_Encoding* encoding);
+
+    std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter> parser_;
+    TzXmlEventSink& sink_;
+    std::exception_ptr failure_;
+};
+
+ExpatSource::ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding)
+    : parser_(XML_ParserCreate(encoding == TzXmlKnownEncoding::Utf8 ? "UTF-8" : nullptr)),
+      sink_(sink) {
+    if (parser_ == nullptr) {
+        throw std::bad_alloc();
+    }
+    XML_SetUserData(parser_.get(), this);
+    XML_SetXmlDeclHandler(parser_.get(), onDeclaration);
+    XML_SetStartDoctypeDeclHandler(parser_.get(), onDocumentType);
+    XML_SetElementHandler(parser_.get(), onStart, onEnd);
+    XML_SetCharacterDataHandler(parser_.get(), onText);
+    XML_SetUnknownEncodingHandler(parser_.get(), onEncoding, nullptr);
+}
+
+void ExpatSource::feed(std::string_view piece, bool last) {
+    const XML_Status status =
+        XML_Parse(parser_.get(), piece.data(), static_cast<int>(piece.size()), last ? 1 : 0);
+    if (failure_ != nullptr) {
+        std::rethrow_exception(failure_);
+    }
+    if (status == XML_STATUS_ERROR) {
+        fail();
+    }
+}
+
+void ExpatSource::stop(std::exception_ptr failure) noexcept {
+    failure_ = std::move(failure);
+    // Expat still ends the element of an empty-element tag after it was stopped.
+    XML_SetElementHandler(parser_.get(), nullptr, nullptr);
+    XML_SetCharacterDataHandler(parser_.get(), nullptr);
+    XML_StopParser(parser_.get(), XML_FALSE);
+}
+
+void ExpatSource::fail() const {
+    const XML_Error error = XML_GetErrorCode(parser_.get());
+    if (error == XML_ERROR_NO_MEMORY) {
+        throw std::bad_alloc();
+    }
+    throw TzXmlParseError(TzMessage(XML_ErrorString(error)), {}, line(), column());
+}
+
+void ExpatSource::onDeclaration(void* data, const char* version, const char* encoding,
+                                int standalone) {
+    deliver(data,
+            [=](TzXmlEventSink& sink) { sink.declaration(version, encoding, standalone); });
+}
+
+void ExpatSource::onDocumentType(void* data, const char*, const char*, const char*, int) {
+    deliver(data, [](TzXmlEventSink& sink) { sink.documentType(); });
+}
+
+void ExpatSource::onStart(void* data, const char* name, const char** attributes) {
+    deliver(data, [=](TzXmlEventSink& sink) { sink.startTag(name, attributes); });
+}
+
+void ExpatSource::onEnd(void* data, const char*) {
+    deliver(data, [](TzXmlEventSink& sink) { sink.endTag(); });
+}
+
+void ExpatSource::onText(void* data, const char* begin, int length) {
+    deliver(data, [=](TzXmlEventSink& sink) { sink.text(begin, static_cast<std::size_t>(length)); });
+}
+
+int ExpatSource::onEncoding(void*, const char* name, XML_Encoding* encoding) {
+    encoding->data = nullptr;
+    encoding->convert = nullptr;
+    encoding->release = nullptr;
+    return tzFillCharacterTable(name, encoding->map) ? XML_STATUS_OK : XML_STATUS_ERROR;
+}
+
+} // namespace
+
+std::unique_ptr<TzXmlEventSource> tzMakeExpatSource(TzXmlEventSink& sink,
+                                                    TzXmlKnownEncoding encoding) {
+    return std::make_unique<ExpatSource>(sink, encoding);
+}

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "TzXmlTranscoder.h"
+
+namespace {
+
+constexpr std::uint32_t HighSurrogates = 0xD800;
+constexpr std::uint32_t LowSurrogates = 0xDC00;
+constexpr std::uint32_t SurrogatesEnd = 0xE000;
+
+bool isSurrogate(std::uint32_t code) noexcept {
+    return code >= HighSurrogates && code < SurrogatesEnd;
+}
+
+char byteOf(std::uint32_t value) noexcept { return static_cast<char>(value); }
+
+} // namespace
+
+TzXmlByteForm TzXmlByteForm::of(std::string_view text) noexcept {
+    using namespace std::string_view_literals;
+    if (text.starts_with("\xFF\xFE\0\0"sv)) {
+        return {4, false, 4};
+    }
+    if (text.starts_with("\0\0\xFE\xFF"sv)) {
+        return {4, true, 4};
+    }
+    if (text.starts_with("\xFF\xFE"sv)) {
+        return {2, false, 2};
+    }
+    if (text.starts_with("\xFE\xFF"sv)) {
+        return {2, true, 2};
+    }
+    if (text.starts_with("\xEF\xBB\xBF"sv)) {
+        return {1, false, 3};
+    }
+    // XML begins with an ASCII character, whose other bytes are zero, and holds no NUL character.
+    const auto zeroAt = [text](std::size_t i) { return i < text.size() && text[i] == '\0'; };
+    if (zeroAt(0)) {
+        return zeroAt(1) && zeroAt(2) ? TzXmlByteForm{4, true, 0} : TzXmlByteForm{2, true, 0};
+    }
+    if (zeroAt(1)) {
+        return zeroAt(2) && zeroAt(3) ? TzXmlByteForm{4, false, 0} : TzXmlByteForm{2, false, 0};
+    }
+    return {};
+}
+
+std::string_view TzXmlTranscoder::convert(std::string_view piece, bool last) {
+    utf8_.clear();
+    const std::size_t whole = piece.size() - piece.size() % form_.unit;
+    for (std::size_t i = 0; i < whole; i += form_.unit) {
+        const std::uint32_t unit = unitAt(piece.data() + i);
+        if (form_.unit == 2) {
+            appendUnit16(unit);
+        } else {
+            appendCharacter(unit);
+        }
+    }
+    if (last && (highSurrogate_ != 0 || whole != piece.size())) {
+        appendInvalid();
+    }
+    return utf8_;
+}
+
+std::uint32_t TzXmlTranscoder::unitAt(const char* at) const noexcept {
+    std::uint32_t unit = 0;
+    for (std::size_t i = 0; i < form_.unit; ++i) {
+        const std::size_t position = form_.bigEndian ? i : form_.unit - 1 - i;
+        unit = unit << 8 | static_cast<unsigned char>(at[position]);
+    }
+    return unit;
+}
+
+void TzXmlTranscoder::appendUnit16(std::uint32_t unit) {
+    const bool isLow = unit >= LowSurrogates && unit < SurrogatesEnd;
+    if (highSurrogate_ != 0 && isLow) {
+        appendCharacter(0x10000 + ((highSurrogate_ - HighSurrogates) << 10) +
+                        (unit - LowSurrogates));
+        highSurrogate_ = 0;
+        return;
+    }
+    if (highSurrogate_ != 0) {
+        appendInvalid();
+        highSurrogate_ = 0;
+    }
+    if (isSurrogate(unit) && !isLow) {
+        highSurrogate_ = unit;
+    } else {
+        appendCharacter(unit);
+    }
+}
+
+void TzXmlTranscoder::appendCharacter(std::uint32_t code) {
+    if (code < 0x80) {
+        utf8_ += byteOf(code);
+    } else if (code < 0x800) {
+        utf8_ += {byteOf(0xC0 | code >> 6), byteOf(0x80 | (code & 0x3F))};
+    } else if (isSurrogate(code) || code > 0x10FFFF) {
+        appendInvalid();
+    } else if (code < 0x10000) {
+        utf8_ += {byteOf(0xE0 | code >> 12), byteOf(0x80 | (code >> 6 & 0x3F)),
+                  byteOf(0x80 | (code & 0x3F))};
+    } else {
+        utf8_ += {byteOf(0xF0 | code >> 18), byteOf(0x80 | (code >> 12 & 0x3F)),
+                  byteOf(0x80 | (code >> 6 & 0x3F)), byteOf(0x80 | (code & 0x3F))};
+    }
+}

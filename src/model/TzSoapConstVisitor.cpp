@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapConstVisitor.h>
+
+#include "model/TzSoapDispatch.h"
+
+TzSoapConstVisitorBase::~TzSoapConstVisitorBase() = default;
+
+TzSoapConstVisitor::~TzSoapConstVisitor() = default;
+
+void TzSoapConstVisitor::doVisit(const TzSoapType& value) {
+    using Dispatch = TzSoapDispatch<TzSoapVisitedConst, TzSoapConstVisitor, const TzSoapType>;
+    Dispatch::run(*this, value, {"TzSoapConstVisitor", 63});
+}

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapElementImp.h>
+
+#include <tz/tools/Tzxmsg.h>
+
+#include <utility>
+
+namespace {
+
+/// The two texts of a boolean attribute.
+struct BooleanTexts {
+    const char* whenTrue;
+    const char* whenFalse;
+};
+
+constexpr BooleanTexts Words = {"true", "false"};
+constexpr BooleanTexts Digits = {"1", "0"};
+
+/// How each version spells mustUnderstand.
+const BooleanTexts& mustUnderstandTexts(TzSoapVersion::Version version) {
+    switch (version) {
+    case TzSoapVersion::V1_1:
+        return Digits;
+    case TzSoapVersion::V1_2:
+        return Words;
+    }
+    throw Tzxmsg("Unrecognized TzSoapVersion::Version");
+}
+
+TzCString textOf(const BooleanTexts& texts, bool value) {
+    return value ? texts.whenTrue : texts.whenFalse;
+}
+
+const TzXmlName& offsetName() {
+    return TzSoapVersion::getSoapAttributeName(TzSoapVersion::Offset,
+                                               TzSoapVersion::getLatestVersion());
+}
+
+} // namespace
+
+TzSoapElementImp::TzSoapElementImp() : TzSoapElementImp(TzXmlName()) {}
+
+TzSoapElementImp::TzSoapElementImp(TzXmlName name)
+    : TzXmlElementImp(std::move(name), nullptr) {
+    useAttributes(attributeSet_);
+}
+
+TzSoapElementImp::TzSoapElementImp(const TzSoapElementImp& other)
+    : TzXmlElementImp(other.TzXmlElementImp::getName(), nullptr),
+      attributeSet_(other.attributeSet_),
+      texts_(other.texts_ ? std::make_unique<Texts>(*other.texts_) : nullptr), type_(other.type_),
+      mustUnderstand_(other.mustUnderstand_), root_(other.root_) {
+    useAttributes(attributeSet_);
+}
+
+TzSoapElementImp& TzSoapElementImp::operator=(const TzSoapElementImp& other) {
+    if (this != &other) {
+        assignName(other);
+        attributeSet_ = other.attributeSet_;
+        texts_ = other.texts_ ? std::make_unique<Texts>(*other.texts_) : nullptr;
+        type_ = other.type_;
+        mustUnderstand_ = other.mustUnderstand_;
+        root_ = other.root_;
+    }
+    return *this;
+}
+
+TzSoapElementImp::~TzSoapElementImp() = default;
+
+void TzSoapElementImp::setText(TzCString Texts::*text, const TzCString& value) {
+    if (texts_ == nullptr) {
+        if (value.empty()) {
+            return;
+        }
+        texts_ = std::make_unique<Texts>();
+    }
+    (*texts_).*text = value;
+}
+
+const TzCString& TzSoapElementImp::text(TzCString Texts::*text) const noexcept {
+    return texts_ ? (*texts_).*text : TzSoapAttributeSet::getEmptyString();
+}
+
+TzCString TzSoapElementImp::getEncodingStyleAttribute() const {
+    return text(&Texts::encodingStyle);
+}
+
+void TzSoapElementImp::setEncodingStyle(const TzCString& style) {
+    setText(&Texts::encodingStyle, style);
+}
+
+bool TzSoapElementImp::hasEncodingStyleAttribute() const {
+    return texts_ != nullptr && !texts_->encodingStyle.empty();
+}
+
+void TzSoapElementImp::removeEncodingStyleAttribute() {
+    setText(&Texts::encodingStyle, TzCString());
+}
+
+const TzCString& TzSoapElementImp::getIdAttribute() const { return attributeSet_.getIdAttribute(); }
+
+void TzSoapElementImp::setIdAttribute(const TzCString& id) { attributeSet_.setIdAttribute(id); }
+
+void TzSoapElementImp::removeIdAttribute() { attributeSet_.removeIdAttribute(); }
+
+TzCString TzSoapElementImp::getRootAttribute() const {
+    return root_ == Flag::Absent ? TzCString() : textOf(Digits, root_ == Flag::True);
+}
+
+bool TzSoapElementImp::getRoot() const { return root_ == Flag::True; }
+
+void TzSoapElementImp::setRoot(bool root) { root_ = root ? Flag::True : Flag::False; }
+
+bool TzSoapElementImp::isRootAttributeSet() const { return root_ != Flag::Absent; }
+
+void TzSoapElementImp::removeRootAttribute() { root_ = Flag::Absent; }
+
+const TzXmlName& TzSoapElementImp::getTypeValue() const { return type_; }
+
+TzCString TzSoapElementImp::getTypeAttribute() const { return type_.getQualifiedName(); }
+
+void TzSoapElementImp::setTypeAttribute(const TzXmlName& type) { type_ = type; }
+
+void TzSoapElementImp::removeTypeAttribute() { type_ = TzXmlName(); }
+
+const TzCString& TzSoapElementImp::getActorAttribute() const { return text(&Texts::actor); }
+
+void TzSoapElementImp::setActor(const TzCString& actor) { setText(&Texts::actor, actor); }
+
+void TzSoapElementImp::removeActorAttribute() { setText(&Texts::actor, TzCString()); }
+
+bool TzSoapElementImp::getMustUnderstand() const { return mustUnderstand_ == Flag::True; }
+
+void TzSoapElementImp::setMustUnderstand(bool mustUnderstand) {
+    mustUnderstand_ = mustUnderstand ? Flag::True : Flag::False;
+}
+
+void TzSoapElementImp::removeMustUnderstandAttribute() { mustUnderstand_ = Flag::Absent; }
+
+TzCString TzSoapElementImp::getMustUnderstandAttribute() const {
+    return mustUnderstand_ == Flag::Absent ? TzCString()
+                                           : textOf(Words, mustUnderstand_ == Flag::True);
+}
+
+TzCString TzSoapElementImp::getMustUnderstandAttribute(TzSoapVersion::Version version) const {
+    return mustUnderstand_ == Flag::Absent
+               ? TzCString()
+               : textOf(mustUnderstandTexts(version), mustUnderstand_ == Flag::True);
+}
+
+TzCString TzSoapElementImp::getOffsetAttribute() const {
+    const auto* found = attributeSet_.find(offsetName());
+    return found == attributeSet_.end() ? TzCString() : found->getValue();
+}
+
+void TzSoapElementImp::setOffsetAttribute(const TzCString& offset) {
+    attributeSet_.add(offsetName(), offset);
+}
+
+void TzSoapElementImp::removeOffsetAttribute() { attributeSet_.erase(offsetName()); }

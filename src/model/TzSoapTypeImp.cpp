@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapTypeImp.h>
+
+#include <utility>
+
+TzSoapTypeImp::TzSoapTypeImp() = default;
+
+TzSoapTypeImp::TzSoapTypeImp(TzXmlName name) : TzSoapElementImp(std::move(name)) {}
+
+TzSoapTypeImp::TzSoapTypeImp(const TzSoapTypeImp& other) = default;
+
+TzSoapTypeImp::~TzSoapTypeImp() = default;
+
+TzSoapContentBase::SoapTypeId TzSoapTypeImp::getSoapTypeId() const {
+    return TzSoapContentBase::Generic;
+}
+
+const TzCString& TzSoapTypeImp::getSoapTypeIdAsString() const { return MyIdString(); }
+
+TzSoapElementImp* TzSoapTypeImp::clone() const { return new TzSoapTypeImp(*this); }
+
+void TzSoapTypeImp::setNull(bool null) { getAttributeSet().setNullAttribute(null); }
+
+bool TzSoapTypeImp::isNull() const { return getAttributeSet().getNullAttribute(); }
+
+void TzSoapTypeImp::setEscapeText(TzSoapContentBase::EscapeText escape) { escapeText_ = escape; }
+
+TzSoapContentBase::EscapeText TzSoapTypeImp::getEscapeText() const { return escapeText_; }
+
+const TzCString& TzSoapTypeImp::MyIdString() {
+    static const TzCString text = "Default";
+    return text;
+}

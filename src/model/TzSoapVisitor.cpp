@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapVisitor.h>
+
+#include "model/TzSoapDispatch.h"
+
+TzSoapVisitorBase::~TzSoapVisitorBase() = default;
+
+TzSoapVisitor::~TzSoapVisitor() = default;
+
+void TzSoapVisitor::doVisit(TzSoapType& value) {
+    using Dispatch = TzSoapDispatch<TzSoapVisitedMutable, TzSoapVisitor, TzSoapType>;
+    Dispatch::run(*this, value, {"TzSoapVisitor", 63});
+}
