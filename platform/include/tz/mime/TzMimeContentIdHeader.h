@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/mime/TzMimeHeader.h>
+
+/// The header that names a part (RFC 2392). Threads as for `TzMimeHeader`.
+class TZ_PLATFORM_API TzMimeContentIdHeader : public TzMimeHeader {
+public:
+    /// The label of these headers.
+    static constexpr char Label[] = "Content-ID";
+
+    /// The header for `id`, which may stand in one pair of angle brackets or not.
+    explicit TzMimeContentIdHeader(const TzCString& id);
+    /// The header `other`, shared with it; a header of another label gives a header of its own with
+    /// that value.
+    explicit TzMimeContentIdHeader(const TzMimeHeader& other);
+    TzMimeContentIdHeader(const TzMimeContentIdHeader&) noexcept = default;
+    TzMimeContentIdHeader(TzMimeContentIdHeader&&) noexcept = default;
+    TzMimeContentIdHeader& operator=(const TzMimeContentIdHeader&) noexcept = default;
+    TzMimeContentIdHeader& operator=(TzMimeContentIdHeader&&) noexcept = default;
+    ~TzMimeContentIdHeader() override;
+
+    /// The id without its angle brackets.
+    TzCString getId() const;
+};

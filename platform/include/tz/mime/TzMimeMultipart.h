@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/mime/TzMimePart.h>
+
+/// A MIME package: a part that is made of parts.
+///
+/// A handle like `TzMimePart`, with the same rules for copies, threads and empty packages.
+class TZ_PLATFORM_API TzMimeMultipart : public TzMimePart {
+public:
+    /// A package without headers and parts; allocates nothing.
+    TzMimeMultipart() noexcept;
+    TzMimeMultipart(const TzMimeMultipart&) noexcept = default;
+    /// Takes the package over; `other` is empty afterwards.
+    TzMimeMultipart(TzMimeMultipart&& other) noexcept = default;
+    TzMimeMultipart& operator=(const TzMimeMultipart&) noexcept = default;
+    /// Takes the package over; `other` is empty afterwards.
+    TzMimeMultipart& operator=(TzMimeMultipart&& other) noexcept = default;
+    ~TzMimeMultipart() override;
+
+    /// The number of parts.
+    std::size_t getPartCount() const noexcept;
+    /// Whether there is at least one part.
+    bool hasParts() const noexcept { return getPartCount() != 0; }
+    /// The part at `position`, shared with the package; `TzXmlBoundsError` beyond the last one.
+    TzMimePart getPart(std::size_t position) const;
+    /// Position of the first part at or after `start` with a header equal to `header`; `NotFound`
+    /// if there is none. For Content-ID and Content-Location O(log n) after the first search since
+    /// a change, for others linear in the number of headers.
+    std::size_t findPart(const TzMimeHeader& header, std::size_t start = 0) const;
+    /// Adds `part` as the last one and shares it. A package is added as it is now: as one part that
+    /// holds its text.
+    void insertPart(const TzMimePart& part);
+    /// Inserts `part` before the one at `position`, at the end when that is the number of parts;
+    /// `TzXmlBoundsError` beyond that. Otherwise as `insertPart`.
+    void insertPartAt(std::size_t position, const TzMimePart& part);
+
+    /// Makes this handle one to the package that `text` holds; other handles keep what they had.
+    /// Lines before the first header line are skipped; lines may end in CRLF or LF, also mixed.
+    /// What stands before the first delimiter line and behind the closing one is ignored; a missing
+    /// closing line is accepted. A part that is a package stays one part with its text as the body.
+    /// Without a boundary in the Content-Type header there are no parts. Linear in the text.
+    void fromString(const TzCString& text);
+    /// As above; the text becomes the package's own without being copied.
+    void fromString(TzCString&& text);
+};

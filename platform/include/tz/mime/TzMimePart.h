@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/TzPlatformExport.h>
+#include <tz/mime/TzMimeHeader.h>
+#include <tz/pointer/TzHandleBase.h>
+#include <tz/tools/TzCString.h>
+
+#include <cstddef>
+#include <string_view>
+
+class TzMimePartBody;
+
+/// A MIME part: header lines and a body of bytes.
+///
+/// A handle: copies share one part, so a change through one is seen through all. An empty part
+/// takes no memory; it gets a part of its own when it is first changed. Parts of a package that was
+/// read share its text, which lives as long as one of them. Changes need the part for themselves;
+/// constant members may be called on several threads at once.
+class TZ_PLATFORM_API TzMimePart : public TzHandleBase {
+public:
+    /// What `findHeader` and `TzMimeMultipart::findPart` return when there is nothing.
+    static constexpr std::size_t NotFound = static_cast<std::size_t>(-1);
+
+    /// A part without headers and with an empty body; allocates nothing.
+    TzMimePart() noexcept;
+    TzMimePart(const TzMimePart&) noexcept = default;
+    /// Takes the part over; `other` is empty afterwards.
+    TzMimePart(TzMimePart&& other) noexcept = default;
+    TzMimePart& operator=(const TzMimePart&) noexcept = default;
+    /// Takes the part over; `other` is empty afterwards.
+    TzMimePart& operator=(TzMimePart&& other) noexcept = default;
+    ~TzMimePart() override;
+
+    /// The number of headers.
+    std::size_t getHeaderCount() const noexcept;
+    /// Position of the first header `label` at or after `start`, ASCII letters compared without
+    /// case; `NotFound` if there is none. Linear in the number of headers.
+    std::size_t findHeader(std::string_view label, std::size_t start = 0) const noexcept;
+    /// The header at `position`, shared with the part; `TzXmlBoundsError` beyond the last one.
+    TzMimeHeader getHeader(std::size_t position) const;
+    /// Adds `header` as the last one.
+    void insertHeader(const TzMimeHeader& header);
+
+    /// Makes `bytes` the body. Of a package: replaces its parts by those that `bytes` holds.
+    void setBody(const TzCString& bytes);
+    /// Makes `bytes` the body without copying it. Of a package: replaces its parts.
+    void setBody(TzCString&& bytes);
+    /// A copy of the body: the bytes themselves, without a transfer encoding. Of a package: its
+    /// parts with the lines that separate them.
+    TzCString getBody() const;
+    /// The body without copying it, valid until the part is changed or its last handle goes. A body
+    /// that was read in a transfer encoding is decoded once and kept. Empty for a package, whose
+    /// bytes are in its parts.
+    std::string_view getBodyView() const;
+
+    /// The part as MIME text: header lines that end in CRLF and are not folded, an empty line, the
+    /// body in the transfer encoding that the first Content-Transfer-Encoding header states. The
+    /// text of a package holds its parts, each one behind its delimiter line; a part whose body
+    /// contains such a line is written in base64 whatever its header says. A package that has parts
+    /// and no boundary is written with the boundary "MIME_boundary".
+    TzCString asString() const;
+    /// Makes this handle one to the part that `text` holds; other handles keep what they had. Lines
+    /// before the first header line are skipped, unless the text begins with an empty line. Lines
+    /// may end in CRLF or LF.
+    void fromString(const TzCString& text);
+    /// As above; the text becomes the part's own without being copied.
+    void fromString(TzCString&& text);
+
+protected:
+    /// A handle to `body`, which may be null.
+    explicit TzMimePart(TzMimePartBody* body) noexcept;
+
+    /// The body, null when there is none.
+    TzMimePartBody* body() const noexcept;
+    /// The body, made when there is none; `package` says which kind.
+    TzMimePartBody& ownBody(bool package);
+
+private:
+    friend class TzMimePartReader;
+};
