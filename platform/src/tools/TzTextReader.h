@@ -9,8 +9,8 @@
 
 /// Reads a short text of a fixed form from left to right.
 ///
-/// What does not fit makes the reader fail for good, so that callers ask once, at the end. The text must
-/// outlive the reader.
+/// What does not fit makes the reader fail for good, so that callers ask once, at the end. The text
+/// must outlive the reader.
 class TzTextReader {
 public:
     explicit TzTextReader(std::string_view text) noexcept : rest_(text) {}
@@ -23,12 +23,13 @@ public:
     char takeAny() noexcept;
     /// The number of exactly `count` digits (at most 9) that has to come next.
     unsigned number(std::size_t count) noexcept;
-    /// The number of any count of digits that has to come next; failure when 64 bits cannot hold it.
+    /// The number of any count of digits that has to come next; failure when 64 bits cannot hold
+    /// it.
     std::uint64_t number() noexcept;
     /// The run of digits that comes next, possibly empty.
     std::string_view digits() noexcept;
-    /// The digits of a fraction, at least one of which has to come next, in billionths; digits behind
-    /// the ninth are dropped.
+    /// The digits of a fraction, at least one of which has to come next, in billionths; digits
+    /// behind the ninth are dropped.
     std::uint32_t billionths() noexcept;
     /// Whether a digit comes next.
     bool atDigit() const noexcept;

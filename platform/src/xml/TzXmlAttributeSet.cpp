@@ -26,8 +26,8 @@ bool less(const Key& left, const Key& right) noexcept {
 
 } // namespace
 
-/// Positions ordered by name. A tree and not a hash table, so that chosen names cannot make it slow;
-/// it holds positions and no texts, so that attributes may move when the list grows.
+/// Positions ordered by name. A tree and not a hash table, so that chosen names cannot make it
+/// slow; it holds positions and no texts, so that attributes may move when the list grows.
 class TzXmlAttributeSet::Index {
 public:
     explicit Index(const std::vector<TzXmlAttribute>& attributes) : positions_(Less{&attributes}) {
@@ -92,12 +92,15 @@ TzXmlAttributeSet& TzXmlAttributeSet::operator=(TzXmlAttributeSet&& other) noexc
 
 TzXmlAttributeSet::~TzXmlAttributeSet() = default;
 
-std::size_t TzXmlAttributeSet::search(std::string_view uri,
-                                      std::string_view localName) const {
-    if (attributes_.size() >= IndexedFrom) {
-        if (index_ == nullptr) {
-            index_ = std::make_unique<Index>(attributes_);
-        }
+std::size_t TzXmlAttributeSet::search(std::string_view uri, std::string_view localName) const {
+    if (attributes_.size() >= IndexedFrom && index_ == nullptr) {
+        index_ = std::make_unique<Index>(attributes_);
+    }
+    return searchAsIs(uri, localName);
+}
+
+std::size_t TzXmlAttributeSet::searchAsIs(std::string_view uri, std::string_view localName) const {
+    if (index_ != nullptr) {
         return index_->find({uri, localName}, attributes_.size());
     }
     std::size_t i = 0;
@@ -108,10 +111,16 @@ std::size_t TzXmlAttributeSet::search(std::string_view uri,
     return i;
 }
 
-TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlName& name) {
-    const std::size_t position = search(name.getUri(), name.getLocalName());
+TzXmlAttributeSet::iterator TzXmlAttributeSet::search(std::string_view uri,
+                                                      std::string_view localName) {
+    // An index made now would serve this look-up only.
+    const std::size_t position = searchAsIs(uri, localName);
     forgetIndex();
     return attributes_.data() + position;
+}
+
+TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlName& name) {
+    return search(name.getUri(), name.getLocalName());
 }
 
 TzXmlAttributeSet::const_iterator TzXmlAttributeSet::find(const TzXmlName& name) const {
@@ -129,9 +138,7 @@ TzXmlAttributeSet::const_iterator TzXmlAttributeSet::find(const TzXmlAttribute& 
 }
 
 TzXmlAttributeSet::iterator TzXmlAttributeSet::findDeclaration(std::string_view prefix) {
-    const std::size_t position = search(TzXmlNamespace::getXmlns().getUri(), prefix);
-    forgetIndex();
-    return attributes_.data() + position;
+    return search(TzXmlNamespace::getXmlns().getUri(), prefix);
 }
 
 TzXmlAttributeSet::const_iterator
@@ -144,7 +151,7 @@ void TzXmlAttributeSet::add(TzXmlAttribute attribute) {
     if (name.getLocalName() == "xmlns" && name.getNamespace().isEmpty()) {
         attribute.setName(TzXmlName({}, TzXmlNamespace::getXmlns()));
     }
-    const std::size_t position = search(name.getUri(), name.getLocalName());
+    const std::size_t position = std::as_const(*this).search(name.getUri(), name.getLocalName());
     if (position == attributes_.size()) {
         append(std::move(attribute));
     } else {

@@ -18,25 +18,29 @@ struct Designator {
     std::uint64_t Parts::*part;
 };
 
-constexpr Designator DateParts[] = {{'Y', &Parts::years}, {'M', &Parts::months}, {'D', &Parts::days}};
+constexpr Designator DateParts[] = {
+    {'Y', &Parts::years}, {'M', &Parts::months}, {'D', &Parts::days}};
 constexpr Designator TimeParts[] = {
     {'H', &Parts::hours}, {'M', &Parts::minutes}, {'S', &Parts::seconds}};
 
-/// Reads the parts that come next, which keep the order of `designators`; fails when there are none.
+/// Reads the parts that come next, which keep the order of `designators`; fails when there are
+/// none.
 void readParts(TzTextReader& reader, std::span<const Designator> designators, Parts& parts) {
     do {
         const std::uint64_t number = reader.number();
         const bool point = reader.take('.');
         parts.nanoseconds = point ? reader.billionths() : 0;
         const char letter = reader.takeAny();
-        const auto found = std::find_if(designators.begin(), designators.end(),
-                                        [&](const Designator& each) { return each.letter == letter; });
+        const auto found =
+            std::find_if(designators.begin(), designators.end(),
+                         [&](const Designator& each) { return each.letter == letter; });
         if (found == designators.end() || (point && letter != 'S')) {
             reader.fail();
             return;
         }
         parts.*found->part = number;
-        designators = designators.subspan(static_cast<std::size_t>(found - designators.begin()) + 1);
+        designators =
+            designators.subspan(static_cast<std::size_t>(found - designators.begin()) + 1);
     } while (reader.atDigit());
 }
 

@@ -36,7 +36,7 @@ void TzXmlNamespaceStack::add(const TzXmlNamespace& declared) {
     }
     declarations_.push_back(declared);
     if (declarations_.size() >= IndexedFrom) {
-        index(positions_.empty() ? 0 : declarations_.size() - 1);
+        index();
     }
 }
 
@@ -63,5 +63,31 @@ std::size_t TzXmlNamespaceStack::search(std::string_view prefix) const noexcept 
     const auto found =
         std::find_if(declarations_.rbegin(), declarations_.rend(),
                      [&](const TzXmlNamespace& each) { return each.getPrefix() == prefix; });
+    // Nothing before the first one gives None.
     return static_cast<std::size_t>(declarations_.rend() - found) - 1;
+}
+
+void TzXmlNamespaceStack::index() {
+    // Out of the stack meanwhile, so that an index that could not be finished is gone.
+    Positions positions;
+    positions.swap(positions_);
+    for (std::size_t i = positions.empty() ? 0 : declarations_.size() - 1; i < declarations_.size();
+         ++i) {
+        positions[declarations_[i].getPrefix()].push_back(i);
+    }
+    positions_.swap(positions);
+}
+
+void TzXmlNamespaceStack::forgetPositions(std::size_t from) noexcept {
+    if (from < IndexedFrom) {
+        positions_.clear();
+        return;
+    }
+    for (std::size_t i = from; i < declarations_.size() && !positions_.empty(); ++i) {
+        const auto found = positions_.find(declarations_[i].getPrefix());
+        found->second.pop_back();
+        if (found->second.empty()) {
+            positions_.erase(found);
+        }
+    }
 }

@@ -91,8 +91,7 @@ TzDateTime readTime(TzTextReader& reader, std::chrono::year_month_day day) {
     reader.expect(':');
     const unsigned second = reader.number(2);
     const unsigned nanosecond = reader.take('.') ? reader.billionths() : 0;
-    if (hour == 24 && minute == 0 && second == 0 && nanosecond == 0 &&
-        TzDate(day).isValid()) {
+    if (hour == 24 && minute == 0 && second == 0 && nanosecond == 0 && TzDate(day).isValid()) {
         hour = 0;
         day = std::chrono::sys_days(day) + std::chrono::days(1);
     }

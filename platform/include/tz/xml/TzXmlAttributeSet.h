@@ -16,7 +16,8 @@
 /// Names are unique within a list. Look-ups are O(size) below 32 entries and O(log size) from there
 /// on by an index made at the first look-up, so a hostile element cannot make work quadratic. Positions
 /// are plain pointers, valid until the next change; handing out one through which attributes can be
-/// renamed drops the index. Not locked: one list is used by one thread at a time.
+/// renamed drops the index, so such a look-up is O(size) without one. Renaming through a position that
+/// is older than the last look-up goes unnoticed. Not locked: one list is used by one thread at a time.
 class TZ_PLATFORM_API TzXmlAttributeSet {
 public:
     /// Position of an attribute that may be changed in place.
@@ -81,6 +82,8 @@ private:
     class Index;
 
     std::size_t search(std::string_view uri, std::string_view localName) const;
+    iterator search(std::string_view uri, std::string_view localName);
+    std::size_t searchAsIs(std::string_view uri, std::string_view localName) const;
     void forgetIndex() noexcept;
 
     std::vector<TzXmlAttribute> attributes_;

@@ -26,8 +26,8 @@ public:
     /// Number of open scopes.
     std::size_t depth() const noexcept { return scopes_.size(); }
 
-    /// Declares a namespace in the innermost scope (opening one if there is none); a prefix declared
-    /// there already takes the new URI.
+    /// Declares a namespace in the innermost scope (opening one if there is none); a prefix
+    /// declared there already takes the new URI.
     void add(const TzXmlNamespace& declared);
     /// The URI bound to `prefix`, innermost scope first; "" when unbound. O(log declarations).
     const TzCString& getURIForPrefix(std::string_view prefix) const noexcept;
@@ -44,10 +44,10 @@ private:
     using Positions = std::map<TzCString, std::vector<std::size_t>, std::less<>>;
 
     std::size_t search(std::string_view prefix) const noexcept;
-    void index(std::size_t from);
+    void index();
     void forgetPositions(std::size_t from) noexcept;
 
     std::vector<TzXmlNamespace> declarations_;
     std::vector<std::size_t> scopes_; // where each scope begins in declarations_
-    Positions positions_;             // of each prefix, rising; empty while there are few declarations
+    Positions positions_; // of each prefix, rising; empty while there are few declarations
 };
