@@ -8,6 +8,8 @@
 
 #include <string_view>
 
+class TzSoapVersionTable;
+
 /// Every name, namespace and role that differs between SOAP 1.1 and SOAP 1.2.
 ///
 /// One object per version answers for it; the static operations take a version and forward, or
@@ -16,6 +18,8 @@
 /// use and the errors, allocate nothing. Any number of threads may use the class at once, the first
 /// use included.
 class TZSOAP_API TzSoapVersion {
+    friend class TzSoapVersionTable;
+
 public:
     /// Version of an envelope.
     enum Version : int {
@@ -196,7 +200,7 @@ protected:
     static constexpr std::string_view MisunderstoodTag = "Misunderstood"; ///< Header entry, 1.2.
 
     /// The empty name: the answer to every look-up of what a version does not have.
-    static const TzXmlName DummyXmlName;
+    static const TzXmlName& DummyXmlName();
 
     TzSoapVersion() noexcept;
 
