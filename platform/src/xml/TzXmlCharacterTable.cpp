@@ -25,7 +25,8 @@ public:
         return handle_ != reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr)
     }
 
-    /// The character of `byte`, -1 if it has none. False when `byte` alone does not end a character.
+    /// The character of `byte`, -1 if it has none. False when `byte` alone does not end a
+    /// character.
     bool convert(unsigned char byte, int& code) noexcept {
         char in = static_cast<char>(byte);
         std::array<char, 8> out{};

@@ -98,8 +98,7 @@ void ExpatSource::fail() const {
 
 void ExpatSource::onDeclaration(void* data, const char* version, const char* encoding,
                                 int standalone) {
-    deliver(data,
-            [=](TzXmlEventSink& sink) { sink.declaration(version, encoding, standalone); });
+    deliver(data, [=](TzXmlEventSink& sink) { sink.declaration(version, encoding, standalone); });
 }
 
 void ExpatSource::onDocumentType(void* data, const char*, const char*, const char*, int) {
@@ -115,7 +114,8 @@ void ExpatSource::onEnd(void* data, const char*) {
 }
 
 void ExpatSource::onText(void* data, const char* begin, int length) {
-    deliver(data, [=](TzXmlEventSink& sink) { sink.text(begin, static_cast<std::size_t>(length)); });
+    deliver(data,
+            [=](TzXmlEventSink& sink) { sink.text(begin, static_cast<std::size_t>(length)); });
 }
 
 int ExpatSource::onEncoding(void*, const char* name, XML_Encoding* encoding) {

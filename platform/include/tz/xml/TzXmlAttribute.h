@@ -5,6 +5,7 @@
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 
+#include <string_view>
 #include <utility>
 
 /// An attribute: a name and a text value.
@@ -29,6 +30,8 @@ public:
     void setName(TzXmlName name) { name_ = std::move(name); }
     /// Replaces the value.
     void setValue(TzCString value) { value_ = std::move(value); }
+    /// Replaces the value by a copy of `value`, in the memory of the old one where it suffices.
+    void assignValue(std::string_view value) { value_.assign(value); }
     /// Whether this is a namespace declaration.
     bool isNamespaceDeclaration() const noexcept {
         return name_.getPrefix() == TzXmlNamespace::getXmlns().getPrefix();

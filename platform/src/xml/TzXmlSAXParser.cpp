@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: MIT
+#include <tz/xml/TzXmlSAXParser.h>
+
+#include "TzXmlEventSink.h"
+#include "TzXmlEventSource.h"
+#include "TzXmlNameResolver.h"
+#include "TzXmlTranscoder.h"
+
+#include <tz/thread/TzTHRIllegalUsage.h>
+#include <tz/xml/TzXmlContentHandler.h>
+#include <tz/xml/TzXmlParseError.h>
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace {
+
+/// Bytes of the text that the event source gets at once, a multiple of every code unit.
+constexpr std::size_t FirstPiece = std::size_t{256} * 1024;
+constexpr std::size_t LastPiece = std::size_t{512} * 1024 * 1024;
+
+/// Elements with more attributes get them by look-up, so that the work stays near linear.
+constexpr std::size_t FewAttributes = 12;
+
+/// The prefix that the attribute `spelling` declares: nothing when it is no declaration.
+std::optional<std::string_view> declaredPrefix(const char* spelling) noexcept {
+    // Names that begin with "x" are common ("xsi:type"), those with "xm" are not.
+    if (spelling[0] != 'x' || spelling[1] != 'm' || std::strncmp(spelling, "xmlns", 5) != 0) {
+        return std::nullopt;
+    }
+    if (spelling[5] == ':') {
+        return spelling + 6;
+    }
+    return spelling[5] == '\0' ? std::optional<std::string_view>("") : std::nullopt;
+}
+
+} // namespace
+
+/// One parse: turns the events of the source into those of the content handler.
+class TzXmlSAXParser::Session final : public TzXmlEventSink {
+public:
+    Session(TzXmlSAXParser& parser, const TzXmlByteForm& form)
+        : parser_(parser), form_(form),
+          source_(tzMakeExpatSource(*this, form.unit > 1 || form.markLength > 0
+                                               ? TzXmlKnownEncoding::Utf8
+                                               : TzXmlKnownEncoding::None)) {}
+
+    void read(std::string_view text);
+    std::size_t line() const noexcept { return source_->line(); }
+    std::size_t column() const noexcept { return source_->column(); }
+
+    void declaration(const char* version, const char* encoding, int standalone) override;
+    void documentType() override;
+    void startTag(const char* name, const char* const* attributes) override;
+    void endTag() override;
+
+private:
+    struct OpenElement {
+        TzXmlName name;
+        std::size_t declarations = 0;
+    };
+
+    void deliverText();
+    OpenElement& open();
+    std::size_t declare(const char* const* attributes);
+    const TzXmlAttributeSet& collect(const char* const* attributes);
+    void collectFew(const char* const* attributes, std::size_t count);
+    void collectMany(const char* const* attributes);
+    bool namesRepeat() const noexcept;
+    [[noreturn]] void refuse(const char* reason) const;
+
+    TzXmlSAXParser& parser_;
+    TzXmlByteForm form_;
+    std::unique_ptr<TzXmlEventSource> source_;
+    TzXmlNameResolver resolver_;
+    std::vector<OpenElement> elements_; // the first depth_ are open, the others lend their memory
+    std::size_t depth_ = 0;
+    bool isLeaf_ = false; // the latest tag was a start tag
+    TzXmlAttributeSet attributes_;
+    const TzXmlAttributeSet noAttributes_;
+};
+
+void TzXmlSAXParser::Session::read(std::string_view text) {
+    TzXmlTranscoder transcoder(form_);
+    text.remove_prefix(form_.markLength);
+    std::size_t size = FirstPiece;
+    bool last = false;
+    while (!last) {
+        const std::string_view piece = text.substr(0, size);
+        text.remove_prefix(piece.size());
+        last = text.empty();
+        const std::size_t before = events();
+        source_->feed(form_.unit > 1 ? transcoder.convert(piece, last) : piece, last);
+        // A long token is looked at from its beginning with every piece.
+        size = events() == before ? std::min(2 * size, LastPiece) : FirstPiece;
+    }
+}
+
+void TzXmlSAXParser::Session::declaration(const char* version, const char* encoding,
+                                          int standalone) {
+    ++events_;
+    const TzXmlProlog prolog(version != nullptr ? version : "", encoding != nullptr ? encoding : "",
+                             standalone < 0 ? std::nullopt : std::optional(standalone == 1));
+    if (parser_.handler_ != nullptr) {
+        parser_.handler_->prolog(prolog);
+    }
+}
+
+void TzXmlSAXParser::Session::documentType() {
+    refuse("a document type declaration is not accepted");
+}
+
+void TzXmlSAXParser::Session::startTag(const char* name, const char* const* attributes) {
+    ++events_;
+    if (!text_.empty()) {
+        deliverText();
+    }
+    OpenElement& element = open();
+    element.declarations = 0;
+    if (*attributes != nullptr) {
+        element.declarations = declare(attributes);
+    }
+    resolver_.resolveElement(name, element.name);
+    const TzXmlAttributeSet& set = *attributes != nullptr ? collect(attributes) : noAttributes_;
+    isLeaf_ = true;
+    if (parser_.handler_ != nullptr) {
+        parser_.handler_->startElement(element.name, set);
+    }
+}
+
+void TzXmlSAXParser::Session::endTag() {
+    ++events_;
+    if (isLeaf_ || !text_.empty()) {
+        deliverText();
+    }
+    isLeaf_ = false;
+    const OpenElement& element = elements_[--depth_];
+    if (parser_.handler_ != nullptr) {
+        parser_.handler_->endElement(element.name);
+    }
+    resolver_.undo(element.declarations);
+}
+
+void TzXmlSAXParser::Session::deliverText() {
+    if (parser_.handler_ != nullptr) {
+        parser_.handler_->characters(text_);
+    }
+    text_.clear();
+}
+
+TzXmlSAXParser::Session::OpenElement& TzXmlSAXParser::Session::open() {
+    if (depth_ >= parser_.depthLimit_) {
+        refuse("elements are nested too deeply");
+    }
+    if (depth_ == elements_.size()) {
+        elements_.emplace_back();
+    }
+    return elements_[depth_++];
+}
+
+std::size_t TzXmlSAXParser::Session::declare(const char* const* attributes) {
+    std::size_t declarations = 0;
+    for (; *attributes != nullptr; attributes += 2) {
+        if (const auto prefix = declaredPrefix(*attributes)) {
+            declarations += resolver_.declare(*prefix, attributes[1]);
+        }
+    }
+    return declarations;
+}
+
+const TzXmlAttributeSet& TzXmlSAXParser::Session::collect(const char* const* attributes) {
+    std::size_t count = 0;
+    while (attributes[2 * count] != nullptr) {
+        ++count;
+    }
+    if (count > parser_.attributeLimit_) {
+        refuse("an element has too many attributes");
+    }
+    if (count <= FewAttributes) {
+        collectFew(attributes, count);
+    }
+    if (count > FewAttributes || namesRepeat()) {
+        collectMany(attributes);
+    }
+    return attributes_;
+}
+
+// The attributes of one element are written over those of the one before.
+void TzXmlSAXParser::Session::collectFew(const char* const* attributes, std::size_t count) {
+    while (attributes_.size() > count) {
+        attributes_.erase(attributes_.end() - 1);
+    }
+    while (attributes_.size() < count) {
+        attributes_.append(TzXmlAttribute());
+    }
+    for (TzXmlAttribute& attribute : attributes_) {
+        resolver_.resolveAttribute(attributes[0], attribute.getName());
+        attribute.assignValue(attributes[1]);
+        attributes += 2;
+    }
+}
+
+// Of attributes with one name and two spellings the last one counts.
+void TzXmlSAXParser::Session::collectMany(const char* const* attributes) {
+    attributes_.clear();
+    for (; *attributes != nullptr; attributes += 2) {
+        TzXmlName name;
+        resolver_.resolveAttribute(attributes[0], name);
+        attributes_.add(std::move(name), attributes[1]);
+    }
+}
+
+bool TzXmlSAXParser::Session::namesRepeat() const noexcept {
+    for (const TzXmlAttribute& attribute : attributes_) {
+        for (const TzXmlAttribute* other = attributes_.begin(); other != &attribute; ++other) {
+            if (other->getName() == attribute.getName()) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+void TzXmlSAXParser::Session::refuse(const char* reason) const {
+    throw TzXmlParseError(TzMessage(reason), {}, line(), column());
+}
+
+TzXmlSAXParser::TzXmlSAXParser() = default;
+
+TzXmlSAXParser::~TzXmlSAXParser() = default;
+
+void TzXmlSAXParser::parse(std::string_view text) {
+    if (session_ != nullptr) {
+        throw TzTHRIllegalUsage("the parser is parsing already");
+    }
+    line_ = 0;
+    column_ = 0;
+    Session session(*this, TzXmlByteForm::of(text));
+    // Remembers where reading ended unless it came to the end of the text.
+    struct Running {
+        TzXmlSAXParser& parser;
+        bool finished = false;
+        ~Running() {
+            if (!finished) {
+                parser.line_ = parser.session_->line();
+                parser.column_ = parser.session_->column();
+            }
+            parser.session_ = nullptr;
+        }
+    } running{*this};
+    session_ = &session;
+    session.read(text);
+    running.finished = true;
+}
+
+std::size_t TzXmlSAXParser::getLine() const noexcept {
+    return session_ != nullptr ? session_->line() : line_;
+}
+
+std::size_t TzXmlSAXParser::getColumn() const noexcept {
+    return session_ != nullptr ? session_->column() : column_;
+}
