@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "support/AllocationFailure.h"
+
+#include <cstdlib>
+
+namespace {
+
+thread_local std::size_t countdown = 0; // 0: nothing is to fail
+thread_local bool reached = false;
+thread_local std::ptrdiff_t live = 0;
+thread_local std::size_t made = 0;
+
+void* take(std::size_t size) noexcept {
+    if (countdown != 0 && --countdown == 0) {
+        reached = true;
+        return nullptr;
+    }
+    void* block = std::malloc(size != 0 ? size : 1);
+    if (block != nullptr) {
+        ++live;
+        ++made;
+    }
+    return block;
+}
+
+void* takeOrThrow(std::size_t size) {
+    void* block = take(size);
+    if (block == nullptr) {
+        throw std::bad_alloc();
+    }
+    return block;
+}
+
+void giveBack(void* block) noexcept {
+    if (block != nullptr) {
+        --live;
+        std::free(block);
+    }
+}
+
+} // namespace
+
+AllocationFailure::AllocationFailure(std::size_t nth) noexcept {
+    reached = false;
+    countdown = nth;
+}
+
+AllocationFailure::~AllocationFailure() { countdown = 0; }
+
+bool AllocationFailure::happened() const noexcept { return reached; }
+
+std::ptrdiff_t liveAllocations() noexcept { return live; }
+
+std::size_t madeAllocations() noexcept { return made; }
+
+// All forms, so that none of them meets one of a sanitizer's own.
+void* operator new(std::size_t size) { return takeOrThrow(size); }
+void* operator new[](std::size_t size) { return takeOrThrow(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return take(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return take(size); }
+void operator delete(void* block) noexcept { giveBack(block); }
+void operator delete[](void* block) noexcept { giveBack(block); }
+void operator delete(void* block, std::size_t) noexcept { giveBack(block); }
+void operator delete[](void* block, std::size_t) noexcept { giveBack(block); }
+void operator delete(void* block, const std::nothrow_t&) noexcept { giveBack(block); }
+void operator delete[](void* block, const std::nothrow_t&) noexcept { giveBack(block); }

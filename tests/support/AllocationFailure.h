@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <new>
+
+/// As long as it lives, the n-th allocation (from 1) that this thread makes by operator new fails.
+class AllocationFailure {
+public:
+    explicit AllocationFailure(std::size_t nth) noexcept;
+    AllocationFailure(const AllocationFailure&) = delete;
+    AllocationFailure& operator=(const AllocationFailure&) = delete;
+    ~AllocationFailure();
+
+    /// Whether that many allocations were asked for.
+    bool happened() const noexcept;
+};
+
+/// Blocks that this thread took by operator new, less those that it gave back.
+std::ptrdiff_t liveAllocations() noexcept;
+
+/// Blocks that this thread took by operator new so far.
+std::size_t madeAllocations() noexcept;
+
+/// Runs `action` with its 1st, 2nd ... allocation failing until it needs no more. Each failure must
+/// arrive as std::bad_alloc and every run must give back what it took. Returns the number of failures.
+template <typename Action> std::size_t failEachAllocation(const Action& action) {
+    action(); // statics of the first use stay
+    for (std::size_t nth = 1;; ++nth) {
+        const std::ptrdiff_t before = liveAllocations();
+        bool failed = false;
+        bool arrived = false;
+        {
+            const AllocationFailure failure(nth);
+            try {
+                action();
+            } catch (const std::bad_alloc&) {
+                arrived = true;
+            }
+            failed = failure.happened();
+        }
+        EXPECT_EQ(liveAllocations(), before) << "allocation " << nth;
+        EXPECT_EQ(arrived, failed) << "allocation " << nth;
+        if (!failed) {
+            return nth - 1;
+        }
+    }
+}

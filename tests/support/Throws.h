@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <tz/tools/Tzxmsg.h>
+
+#include <string>
+#include <typeinfo>
+
+/// The text of the `Error` that `action` throws; fails the test when it throws nothing or an exception
+/// of any other class, a derived one included.
+template <typename Error, typename Action> std::string textThrown(const Action& action) {
+    try {
+        action();
+    } catch (const Tzxmsg& error) {
+        EXPECT_EQ(typeid(error), typeid(Error)) << error.what();
+        EXPECT_STREQ(error.what(), error.asString().c_str());
+        return error.asString();
+    }
+    ADD_FAILURE() << "nothing was thrown";
+    return {};
+}
