@@ -37,8 +37,8 @@ protected:
     /// Copies nothing.
     TzSoapGenericTypeHandler& operator=(const TzSoapGenericTypeHandler&) noexcept { return *this; }
 
-    /// Starts receiving for `element`, whose attributes are read already: its declarations and, when
-    /// `declaresStyle`, its encoding style are in force until `close`.
+    /// Starts receiving for `element`, whose attributes are read already: its declarations and `style`,
+    /// if not null, are in force until `close`.
     void open(TzXmlElementImp& element, TzSoapParseContext* context, const TzCString* style);
     /// Ends receiving: closes the scopes that `open` opened and gives the events back.
     void close();
@@ -48,9 +48,12 @@ private:
     enum SoapType : int { NotSpecial = 0, SoapReference = 1, MimeReference = 2, Array = 3 };
 
     SoapType getType(const TzXmlAttributeSet& attributes, TzCString& type, TzCString& size) const;
+    bool isApplicationType(const TzXmlName& name, const TzXmlAttributeSet& attributes,
+                           const TzCString& style, TzXmlName& type) const;
     void doSoapEncoding(const TzXmlName& name, const TzXmlAttributeSet& attributes);
     void doUserDefinedEncoding(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                                const TzXmlName& type, const TzCString& encodingStyle);
+    TzXmlName typeOf(const TzXmlName& name, const TzXmlAttributeSet& attributes) const;
     void readReference(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                        bool soapReference);
     void pushChildStyle(const TzXmlAttributeSet& attributes);

@@ -9,6 +9,7 @@
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 
+#include <array>
 #include <cstddef>
 #include <map>
 #include <memory>
@@ -17,6 +18,7 @@
 #include <vector>
 
 class TzSoapMessageImp;
+class TzSoapReferenceToSoapTypeImp;
 class TzSoapReferenceTypeImp;
 class TzSoapTypeHandlers;
 class TzXmlElementImp;
@@ -52,7 +54,9 @@ public:
     /// The values with ids, to insert.
     IdEntries& getIdEntries() noexcept { return idEntries_; }
     /// Keeps `value` alive until the reading ends, whatever becomes of its place in the message.
-    void keep(const TzSoapType& value);
+    void keep(const TzSoapType& value) { kept_.push_back(value); }
+    /// Files `value` under its id if it has one; the first value of an id stays.
+    void fileId(const TzSoapType& value);
 
     /// Sets the package that references to MIME parts are looked up in.
     void setMimeMultipart(const TzMimeMultipart& multipart) { mimeMultipart_ = multipart; }
@@ -77,8 +81,18 @@ public:
     TzXmlName resolveName(std::string_view text);
 
     /// Gives each reference met so far its target, forgets the references and the ids they name.
-    /// References without a target are left as they are. O((references + ids) * log).
+    ///
+    /// References without a target are left as they are; a later call, for the next part of the same
+    /// message, gives them a target that was filed since, and its references still find the ids
+    /// forgotten here. O((references + ids filed since the last call) * log).
     void resolveAndClearIdReferences();
+    /// Of the references that got a target, those that lead back to a value on the way to them: without
+    /// their targets nothing refers to itself. O(values referred to), no recursion.
+    std::vector<TzSoapReferenceToSoapTypeImp*> findRingClosers() const;
+    /// The reading succeeded: the targets of its references stay.
+    void keepTargets() noexcept { resolved_.clear(); }
+    /// Takes the targets of all resolved references away: for a reading that failed.
+    void dropTargets() noexcept;
 
     /// Sets what is accepted, for a text of `textSize` bytes.
     void setLimits(const TzSoapReadLimits& limits, std::size_t textSize);
@@ -98,7 +112,12 @@ public:
 
 private:
     const TzCString& uriForPrefix(std::string_view prefix) const;
-    TzXmlNamespace sharedNamespace(std::string_view prefix, const TzCString& uri);
+    const TzXmlNamespace& sharedNamespace(std::string_view prefix, const TzCString& uri);
+    const TzSoapType* findTarget(std::string_view href) const;
+    bool resolve(std::string_view href, TzSoapReferenceTypeImp& reference);
+    void refer(TzSoapReferenceTypeImp& reference, const TzSoapType& target);
+    void resolveEarlierReferences();
+    void forgetId(std::string_view href);
 
     TzXmlSAXParser* parser_ = nullptr;
     EncodingStyles encodingStyles_;
@@ -107,8 +126,13 @@ private:
     IdEntries idEntries_;
     TzMimeMultipart mimeMultipart_;
     TzSoapMessageImp* soapMessageImp_ = nullptr;
+    References unresolved_;        // by id, of the parts of the message resolved so far
+    IdEntries forgotten_;          // ids that references of those parts named
+    std::vector<TzCString> newIds_; // filed since the last resolution
+    std::vector<TzSoapReferenceToSoapTypeImp*> resolved_;
     std::vector<TzSoapType> kept_;
     std::size_t unfilledLeft_;
     std::vector<std::unique_ptr<TzSoapTypeHandlers>> spareHandlers_;
-    TzXmlNamespace lastNamespace_; // names of one type follow each other
+    std::array<TzXmlNamespace, 4> recentNamespaces_; // few types make up most of a message
+    std::size_t nextRecent_ = 0;
 };

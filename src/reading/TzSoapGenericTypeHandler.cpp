@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapGenericTypeHandler.h>
+
+#include <soap/TzSoapCatalog.h>
+#include <soap/TzSoapEncodingStyleTypeRegistry.h>
+#include <soap/TzSoapMessageImp.h>
+#include <soap/TzSoapParseContext.h>
+#include <soap/TzSoapReferenceType.h>
+#include <soap/TzSoapReferenceTypeImp.h>
+#include <soap/TzSoapUtils.h>
+#include <tz/xml/TzThrow.h>
+#include <tz/xml/TzXmlElementImp.h>
+
+#include "model/TzSoapAccess.h"
+#include "reading/TzSoapTypeHandlers.h"
+
+#include <utility>
+
+namespace {
+
+/// The attribute of `version` that `attribute` stands for, null when it is not there.
+const TzXmlAttribute* findSoap(const TzXmlAttributeSet& attributes,
+                               TzSoapVersion::SoapAttribute attribute,
+                               TzSoapVersion::Version version) {
+    const TzXmlName& name = TzSoapVersion::getSoapAttributeName(attribute, version);
+    if (name.isEmpty()) {
+        return nullptr;
+    }
+    const auto* found = attributes.find(name);
+    return found == attributes.end() ? nullptr : found;
+}
+
+/// Whether an attribute can mark a reference or an array at all: most elements have none that can.
+bool mayMark(const TzXmlAttributeSet& attributes, const TzXmlNamespace& encoding) {
+    for (const TzXmlAttribute& attribute : attributes) {
+        const TzXmlNamespace& nameSpace = attribute.getName().getNamespace();
+        if (nameSpace.getUri().empty() || nameSpace.sameUri(encoding)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+TzSoapGenericTypeHandler::TzSoapGenericTypeHandler() = default;
+
+TzSoapGenericTypeHandler::TzSoapGenericTypeHandler(
+    const TzSoapGenericTypeHandler& other) noexcept
+    : TzSoapContentHandler(other) {}
+
+TzSoapGenericTypeHandler::~TzSoapGenericTypeHandler() = default;
+
+void TzSoapGenericTypeHandler::addPcdata() {}
+
+void TzSoapGenericTypeHandler::open(TzXmlElementImp& element, TzSoapParseContext* context,
+                                    const TzCString* style) {
+    // A reading that failed may have left the marks of its scopes behind.
+    handlers_.reset();
+    childStylePushed_ = false;
+    ownStylePushed_ = style != nullptr;
+    context->getNamespaces().push_back(&element);
+    if (style != nullptr) {
+        context->getEncodingStyles().push(*style);
+    }
+    acceptEvents(context);
+}
+
+void TzSoapGenericTypeHandler::close() {
+    popChildStyle();
+    if (std::exchange(ownStylePushed_, false)) {
+        context()->getEncodingStyles().pop();
+    }
+    context()->getNamespaces().pop_back();
+    if (handlers_ != nullptr) {
+        context()->returnTypeHandlers(std::move(handlers_));
+    }
+    declineEvents();
+}
+
+void TzSoapGenericTypeHandler::endElement(const TzXmlName&) { close(); }
+
+TzSoapTypeHandlers& TzSoapGenericTypeHandler::handlers() {
+    if (handlers_ == nullptr) {
+        handlers_ = context()->borrowTypeHandlers();
+    }
+    return *handlers_;
+}
+
+void TzSoapGenericTypeHandler::pushChildStyle(const TzXmlAttributeSet& attributes) {
+    const TzXmlAttribute* style =
+        findSoap(attributes, TzSoapVersion::EncodingStyle, context()->getVersion());
+    childStylePushed_ = style != nullptr;
+    if (style != nullptr) {
+        context()->getEncodingStyles().push(style->getValue());
+    }
+}
+
+void TzSoapGenericTypeHandler::popChildStyle() {
+    if (std::exchange(childStylePushed_, false)) {
+        context()->getEncodingStyles().pop();
+    }
+}
+
+void TzSoapGenericTypeHandler::startElement(const TzXmlName& name,
+                                            const TzXmlAttributeSet& attributes) {
+    popChildStyle();
+    pushChildStyle(attributes);
+    const auto& styles = context()->getEncodingStyles();
+    const std::string_view inForce =
+        styles.empty() ? std::string_view() : TzSoapUtils::firstEncodingStyle(styles.top());
+    TzXmlName type;
+    if (inForce.empty()) {
+        doSoapEncoding(name, attributes);
+    } else if (const TzCString style(inForce); isApplicationType(name, attributes, style, type)) {
+        doUserDefinedEncoding(name, attributes, type, style);
+    } else {
+        doSoapEncoding(name, attributes);
+    }
+}
+
+bool TzSoapGenericTypeHandler::isApplicationType(const TzXmlName& name,
+                                                 const TzXmlAttributeSet& attributes,
+                                                 const TzCString& style, TzXmlName& type) const {
+    const auto& registry = *TzSoapEncodingStyleTypeRegistry::getRegistry();
+    const bool soapEncoded = TzSoapVersion::isSoapEncodingStyle(style);
+    if (soapEncoded && registry.empty()) {
+        return false;
+    }
+    type = typeOf(name, attributes);
+    return !soapEncoded || registry.lookupType(style, type);
+}
+
+TzXmlName TzSoapGenericTypeHandler::typeOf(const TzXmlName& name,
+                                           const TzXmlAttributeSet& attributes) const {
+    TzXmlName type = TzSoapUtils::getTypeValue(attributes, context());
+    TzSoapMessageImp* message = context()->getSoapMessageImp();
+    if (type.isEmpty() && message != nullptr && message->getTypeRegistry().typeExists(name)) {
+        type = message->getTypeRegistry().lookupType(name);
+    }
+    return type;
+}
+
+TzSoapGenericTypeHandler::SoapType
+TzSoapGenericTypeHandler::getType(const TzXmlAttributeSet& attributes, TzCString& type,
+                                  TzCString& size) const {
+    const TzSoapVersion::Version version = context()->getVersion();
+    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(version);
+    if (!mayMark(attributes, names.getSoapEnc())) {
+        return NotSpecial;
+    }
+    const TzXmlAttribute* href = findSoap(attributes, TzSoapVersion::Href, version);
+    if (const TzXmlAttribute* ref = findSoap(attributes, TzSoapVersion::Ref, version)) {
+        // Where one attribute serves both kinds of reference, its text tells them apart.
+        return ref == href && !ref->getValue().starts_with('#') ? MimeReference : SoapReference;
+    }
+    if (href != nullptr) {
+        return MimeReference;
+    }
+    SoapType found = NotSpecial;
+    if (const auto* arrayType = findSoap(attributes, TzSoapVersion::ArrayType, version)) {
+        TzSoapUtils::getElementTypeAndSize(arrayType->getValue(), type, size);
+        found = Array;
+    }
+    if (const auto* itemType = findSoap(attributes, TzSoapVersion::ItemType, version)) {
+        type = itemType->getValue();
+        found = Array;
+    }
+    if (const auto* arraySize = findSoap(attributes, TzSoapVersion::ArraySize, version)) {
+        size = arraySize->getValue();
+        found = Array;
+    }
+    return found;
+}
+
+void TzSoapGenericTypeHandler::doSoapEncoding(const TzXmlName& name,
+                                              const TzXmlAttributeSet& attributes) {
+    TzCString type;
+    TzCString size;
+    switch (getType(attributes, type, size)) {
+    case NotSpecial:
+        handlers().unknown.populate(name, attributes, context(), this);
+        return;
+    case SoapReference:
+        return readReference(name, attributes, true);
+    case MimeReference:
+        return readReference(name, attributes, false);
+    case Array:
+        handlers().array.populate(name, attributes, type, size, context(), this);
+        return;
+    }
+    TzThrow(TzXmlInternalError(
+        TzMessage(tzsoap_INTERNAL_ERROR(), "..\\TzSoapGenericTypeHandler", 158)));
+}
+
+void TzSoapGenericTypeHandler::readReference(const TzXmlName& name,
+                                             const TzXmlAttributeSet& attributes,
+                                             bool soapReference) {
+    const TzSoapReferenceType reference(soapReference);
+    TzSoapAccess::body(reference).populate(name, attributes, context());
+    addChild(reference);
+}
+
+void TzSoapGenericTypeHandler::doUserDefinedEncoding(const TzXmlName& name,
+                                                     const TzXmlAttributeSet& attributes,
+                                                     const TzXmlName& type,
+                                                     const TzCString& encodingStyle) {
+    handlers().userDefined.populate(name, attributes, type, encodingStyle, context(), this);
+    popChildStyle();
+}

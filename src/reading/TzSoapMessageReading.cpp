@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapBodyImp.h>
+#include <soap/TzSoapCatalog.h>
+#include <soap/TzSoapHeaderImp.h>
+#include <soap/TzSoapMessageImp.h>
+#include <soap/TzSoapParseContext.h>
+#include <soap/TzSoapReferenceToSoapTypeImp.h>
+#include <soap/TzSoapReferenceType.h>
+#include <soap/TzSoapUtils.h>
+#include <tz/xml/TzThrow.h>
+#include <tz/xml/TzXmlSAXParser.h>
+
+#include "model/TzSoapAccess.h"
+
+#include <array>
+
+using namespace std::string_view_literals;
+
+namespace {
+
+/// Start of a text in a wide encoding: its first four bytes, and how far before the "<" it begins.
+struct WideStart {
+    std::string_view bytes;
+    std::size_t stepBack;
+};
+
+constexpr std::array<WideStart, 4> WideStarts = {{
+    {"\0\0\0<"sv, 3},
+    {"\0\0<\0"sv, 2},
+    {"\0<\0\0"sv, 1},
+    {"\0<\0?"sv, 1},
+}};
+
+constexpr std::string_view LittleEndianMark = "\xFF\xFE"sv;
+constexpr std::string_view BigEndianMark = "\xFE\xFF"sv;
+constexpr std::string_view WidePadding = "\0\0"sv;
+
+/// Where the last byte-order mark before `end` begins, its zero bytes included; npos without one.
+std::size_t findByteOrderMark(std::string_view text, std::size_t end) {
+    const std::string_view before = text.substr(0, end);
+    for (std::size_t i = before.size(); i >= 2; --i) {
+        const std::string_view pair = before.substr(i - 2, 2);
+        if (pair == LittleEndianMark) {
+            return i - 2;
+        }
+        if (pair == BigEndianMark) {
+            const bool padded = before.substr(0, i - 2).ends_with(WidePadding);
+            return padded ? i - 4 : i - 2;
+        }
+    }
+    return std::string_view::npos;
+}
+
+/// Where the document begins whose first "<" stands at `tag`.
+std::size_t findDocument(std::string_view text, std::size_t tag) {
+    const std::size_t mark = findByteOrderMark(text, tag);
+    if (mark != std::string_view::npos) {
+        return mark;
+    }
+    for (const WideStart& start : WideStarts) {
+        if (text.starts_with(start.bytes)) {
+            return tag - start.stepBack;
+        }
+    }
+    return tag;
+}
+
+} // namespace
+
+/// Ends a reading, however it ends: nothing of it outlives the text.
+class TzSoapMessageImp::Reading {
+public:
+    explicit Reading(TzSoapMessageImp& message) : message_(message) {}
+    ~Reading() {
+        message_.context().dropTargets();
+        message_.context().clear();
+        message_.parser().setContentHandler(nullptr);
+    }
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+    /// The reading succeeded: the targets stay, rings become the message's to break.
+    void succeed() {
+        for (TzSoapReferenceToSoapTypeImp* closing : message_.context().findRingClosers()) {
+            message_.keepRing(TzSoapAccess::handle<TzSoapReferenceType>(closing));
+        }
+        message_.context().keepTargets();
+    }
+
+private:
+    TzSoapMessageImp& message_;
+};
+
+void TzSoapMessageImp::parseEnvelope(std::string_view text) {
+    const std::size_t tag = text.find(TzXmlWriter::StartTag);
+    if (tag == std::string_view::npos) {
+        TzThrow(TzXmlParseError(TzMessage(tzsoap_NO_SOAP_ENVELOPE()), TzCString(), 1, 1));
+    }
+    breakRings();
+    Reading reading(*this);
+    context().clear();
+    context().setParser(&parser());
+    context().setMimeMultipart(multipart_);
+    context().setLimits(readLimits_, text.size());
+    parser().setDepthLimit(readLimits_.depth);
+    parser().setAttributeLimit(readLimits_.attributes);
+    parser().setContentHandler(this);
+    readState_ = AwaitingEnvelope;
+    parser().parse(text.substr(findDocument(text, tag)));
+    reading.succeed();
+}
+
+void TzSoapMessageImp::refuse(const TzMessage& message) {
+    TzThrow(TzXmlParseError(message, TzCString(), parser().getLine(), parser().getColumn()));
+}
+
+void TzSoapMessageImp::startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+    switch (readState_) {
+    case AwaitingEnvelope:
+        if (name.getLocalName() != getName().getLocalName()) {
+            refuse(TzMessage(tzsoap_NO_SOAP_ENVELOPE()));
+        }
+        populate(name, attributes);
+        readState_ = InEnvelope;
+        return;
+    case InEnvelope:
+        return startPart(name, attributes);
+    default:
+        TzThrow(TzXmlInternalError(
+            TzMessage(tzsoap_INTERNAL_ERROR(), "..\\TzSoapMessageImp", 252)));
+    }
+}
+
+void TzSoapMessageImp::startPart(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(getVersion());
+    if (names.matchSoapElement(name, TzSoapVersion::Header)) {
+        TzSoapAccess::body(getSoapHeader()).populate(name, attributes, &context());
+    } else if (names.matchSoapElement(name, TzSoapVersion::Body)) {
+        TzSoapAccess::body(getSoapBody()).populate(name, attributes, &context());
+    } else {
+        refuse(TzMessage(tzsoap_UNKNOWN_SOAP_ELEMENT(), name.getLocalName()));
+    }
+}
+
+void TzSoapMessageImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+    TzSoapVersion::Version version = getVersion();
+    if (!TzSoapVersion::isSupportedVersion(name.getNamespace(), version)) {
+        refuse(TzMessage(tzsoap_UNKNOWN_VERSION(), name.getUri()));
+    }
+    clear();
+    setVersion(version);
+    getName().setNamespace(name.getNamespace());
+    static_cast<TzXmlAttributeSet&>(getAttributeSet()) = attributes;
+    TzSoapUtils::removeAndFixEncodingStyleAttribute(this);
+    context().getEncodingStyles().push(getEncodingStyleAttribute());
+    context().getNamespaces().push_back(this);
+    context().setSoapMessageImp(this);
+}
+
+void TzSoapMessageImp::endElement(const TzXmlName&) {
+    readState_ = EnvelopeEnded;
+    context().getNamespaces().pop_back();
+}

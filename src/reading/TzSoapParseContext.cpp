@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapParseContext.h>
+
+#include <soap/TzSoapMessageImp.h>
+#include <soap/TzSoapReferenceToMimePartImp.h>
+#include <soap/TzSoapReferenceToSoapTypeImp.h>
+#include <soap/TzSoapReferenceTypeImp.h>
+#include <tz/xml/TzXmlElementImp.h>
+
+#include "model/TzSoapAccess.h"
+#include "reading/TzSoapMimeLookup.h"
+#include "reading/TzSoapRings.h"
+#include "reading/TzSoapTypeHandlers.h"
+
+#include <limits>
+#include <utility>
+
+namespace {
+
+/// The id that a reference text names: with or without the mark of a fragment.
+std::string_view idOf(std::string_view href) noexcept {
+    return href.starts_with('#') ? href.substr(1) : href;
+}
+
+} // namespace
+
+TzSoapParseContext::TzSoapParseContext()
+    : unfilledLeft_(TzSoapReadLimits().unfilledArrayPositions) {}
+
+TzSoapParseContext::~TzSoapParseContext() = default;
+
+void TzSoapParseContext::fileId(const TzSoapType& value) {
+    const TzCString& id = value.getIdAttribute();
+    if (!id.empty() && idEntries_.try_emplace(id, value).second) {
+        newIds_.push_back(id);
+    }
+}
+
+TzSoapVersion::Version TzSoapParseContext::getVersion() const {
+    return soapMessageImp_ != nullptr ? soapMessageImp_->getVersion()
+                                      : TzSoapVersion::getLatestVersion();
+}
+
+const TzCString& TzSoapParseContext::uriForPrefix(std::string_view prefix) const {
+    for (auto element = namespaces_.rbegin(); element != namespaces_.rend(); ++element) {
+        const TzXmlAttributeSet& attributes = std::as_const(**element).getAttributes();
+        if (const auto* found = attributes.findDeclaration(prefix); found != attributes.end()) {
+            return found->getValue();
+        }
+    }
+    return TzXmlNamespace::getEmptyNamespace().getUri();
+}
+
+TzCString TzSoapParseContext::getNsUriForPrefix(const TzCString& prefix) const {
+    return uriForPrefix(prefix);
+}
+
+const TzXmlNamespace& TzSoapParseContext::sharedNamespace(std::string_view prefix,
+                                                          const TzCString& uri) {
+    for (const TzXmlNamespace& recent : recentNamespaces_) {
+        if (recent.getPrefix() == prefix && recent.getUri() == uri) {
+            return recent;
+        }
+    }
+    TzXmlNamespace& place = recentNamespaces_[nextRecent_++ % recentNamespaces_.size()];
+    place = TzXmlNamespace(prefix, uri);
+    return place;
+}
+
+TzXmlName TzSoapParseContext::resolveName(std::string_view text) {
+    const std::size_t colon = text.find(':');
+    const bool prefixed = colon != std::string_view::npos;
+    const std::string_view prefix = prefixed ? text.substr(0, colon) : std::string_view();
+    return {prefixed ? text.substr(colon + 1) : text,
+            sharedNamespace(prefix, uriForPrefix(prefix))};
+}
+
+const TzSoapType* TzSoapParseContext::findTarget(std::string_view href) const {
+    const TzCString id(idOf(href));
+    if (const auto found = idEntries_.find(id); found != idEntries_.end()) {
+        return &found->second;
+    }
+    const auto found = forgotten_.find(id);
+    return found == forgotten_.end() ? nullptr : &found->second;
+}
+
+void TzSoapParseContext::refer(TzSoapReferenceTypeImp& reference, const TzSoapType& target) {
+    auto& toSoapType = static_cast<TzSoapReferenceToSoapTypeImp&>(reference);
+    resolved_.push_back(&toSoapType);
+    toSoapType.setReference(target);
+}
+
+bool TzSoapParseContext::resolve(std::string_view href, TzSoapReferenceTypeImp& reference) {
+    if (reference.isSoapReference()) {
+        const TzSoapType* target = findTarget(href);
+        if (target == nullptr) {
+            return false;
+        }
+        refer(reference, *target);
+        return true;
+    }
+    if (const auto part = tzSoapFindMimePart(mimeMultipart_, href)) {
+        static_cast<TzSoapReferenceToMimePartImp&>(reference).setReference(*part);
+    }
+    return true; // the package does not change: there is nothing to try again later
+}
+
+void TzSoapParseContext::resolveEarlierReferences() {
+    for (const TzCString& id : newIds_) {
+        const auto [first, last] = unresolved_.equal_range(id);
+        const TzSoapType* target = first == last ? nullptr : findTarget(id);
+        if (target == nullptr) {
+            continue;
+        }
+        for (auto waiting = first; waiting != last; ++waiting) {
+            refer(*waiting->second, *target);
+        }
+        unresolved_.erase(first, last);
+        forgetId(id);
+    }
+    newIds_.clear();
+}
+
+void TzSoapParseContext::forgetId(std::string_view href) {
+    const auto named = idEntries_.find(TzCString(idOf(href)));
+    if (named != idEntries_.end()) {
+        forgotten_.insert(idEntries_.extract(named));
+    }
+}
+
+void TzSoapParseContext::resolveAndClearIdReferences() {
+    resolveEarlierReferences();
+    for (const auto& [href, reference] : references_) {
+        if (!resolve(href, *reference)) {
+            unresolved_.emplace(idOf(href), reference);
+        }
+    }
+    for (const auto& entry : references_) {
+        forgetId(entry.first);
+    }
+    references_.clear();
+}
+
+std::vector<TzSoapReferenceToSoapTypeImp*> TzSoapParseContext::findRingClosers() const {
+    return tzSoapFindRingClosers(resolved_);
+}
+
+void TzSoapParseContext::dropTargets() noexcept {
+    for (TzSoapReferenceToSoapTypeImp* reference : resolved_) {
+        reference->clearReference();
+    }
+    resolved_.clear();
+}
+
+void TzSoapParseContext::setLimits(const TzSoapReadLimits& limits, std::size_t textSize) {
+    constexpr std::size_t Most = std::numeric_limits<std::size_t>::max();
+    const std::size_t positions = limits.unfilledArrayPositions;
+    unfilledLeft_ = positions > Most - textSize ? Most : positions + textSize;
+}
+
+bool TzSoapParseContext::takeUnfilledPositions(std::size_t positions) noexcept {
+    if (positions > unfilledLeft_) {
+        return false;
+    }
+    unfilledLeft_ -= positions;
+    return true;
+}
+
+void TzSoapParseContext::clear() {
+    encodingStyles_ = EncodingStyles();
+    namespaces_.clear();
+    references_.clear();
+    unresolved_.clear();
+    idEntries_.clear();
+    forgotten_.clear();
+    newIds_.clear();
+    resolved_.clear();
+    kept_.clear();
+}
+
+std::unique_ptr<TzSoapTypeHandlers> TzSoapParseContext::borrowTypeHandlers() {
+    if (spareHandlers_.empty()) {
+        return std::make_unique<TzSoapTypeHandlers>();
+    }
+    std::unique_ptr<TzSoapTypeHandlers> handlers = std::move(spareHandlers_.back());
+    spareHandlers_.pop_back();
+    return handlers;
+}
+
+void TzSoapParseContext::returnTypeHandlers(std::unique_ptr<TzSoapTypeHandlers> handlers) {
+    spareHandlers_.push_back(std::move(handlers));
+}

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapArrayTypeHandler.h>
+#include <soap/TzSoapUnknownTypeHandler.h>
+#include <soap/TzSoapUserDefinedTypeHandler.h>
+
+/// The handlers that an element needs to read its children, one child at a time.
+///
+/// An element has a set from its first child to its end; sets then serve other elements.
+class TzSoapTypeHandlers {
+public:
+    TzSoapUnknownTypeHandler unknown;         ///< Simple and composite values.
+    TzSoapArrayTypeHandler array;             ///< Arrays.
+    TzSoapUserDefinedTypeHandler userDefined; ///< Values the application decodes.
+};

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapUserDefinedTypeHandler.h>
+
+#include <soap/TzSoapGenericTypeHandler.h>
+#include <soap/TzSoapParseContext.h>
+#include <soap/TzSoapUserDefinedType.h>
+#include <soap/TzSoapUserDefinedTypeImp.h>
+#include <soap/TzSoapUtils.h>
+#include <tz/xml/TzXmlWriter.h>
+
+#include "model/TzSoapAccess.h"
+
+#include <utility>
+
+TzSoapUserDefinedTypeHandler::TzSoapUserDefinedTypeHandler() = default;
+
+TzSoapUserDefinedTypeHandler::~TzSoapUserDefinedTypeHandler() = default;
+
+void TzSoapUserDefinedTypeHandler::populate(const TzXmlName& name,
+                                            const TzXmlAttributeSet& attributes,
+                                            const TzXmlName& type, const TzCString& encodingStyle,
+                                            TzSoapParseContext* context,
+                                            TzSoapGenericTypeHandler* owner) {
+    name_ = name;
+    type_ = type;
+    encodingStyle_ = encodingStyle;
+    attributes_ = attributes;
+    owner_ = owner;
+    markup_.clear();
+    nesting_ = 1;
+    appendStartTag(name, attributes);
+    acceptEvents(context);
+}
+
+void TzSoapUserDefinedTypeHandler::startElement(const TzXmlName& name,
+                                                const TzXmlAttributeSet& attributes) {
+    appendStartTag(name, attributes);
+    if (name == name_) {
+        ++nesting_;
+    }
+}
+
+void TzSoapUserDefinedTypeHandler::characters(const TzCString& text) { markup_ += text; }
+
+void TzSoapUserDefinedTypeHandler::endElement(const TzXmlName& name) {
+    appendEndTag(name);
+    if (name == name_ && --nesting_ == 0) {
+        complete();
+    }
+}
+
+void TzSoapUserDefinedTypeHandler::appendStartTag(const TzXmlName& name,
+                                                  const TzXmlAttributeSet& attributes) {
+    markup_ += TzXmlWriter::StartTag;
+    name.appendQualifiedName(markup_);
+    markup_ += ' ';
+    markup_ += TzSoapUtils::getAttributesAsString(attributes);
+    markup_ += TzXmlWriter::EndTag;
+}
+
+void TzSoapUserDefinedTypeHandler::appendEndTag(const TzXmlName& name) {
+    markup_ += TzXmlWriter::StartEndTag;
+    name.appendQualifiedName(markup_);
+    markup_ += TzXmlWriter::EndTag;
+}
+
+void TzSoapUserDefinedTypeHandler::complete() {
+    auto* body = new TzSoapUserDefinedTypeImp();
+    const auto value = TzSoapAccess::handle<TzSoapUserDefinedType>(body);
+    body->setName(name_);
+    TzSoapUtils::copyAttributes(std::move(attributes_), *body, context());
+    body->setTypeAttribute(type_);
+    body->setEncodingStyle(encodingStyle_);
+    body->setValue(std::move(markup_));
+    context()->fileId(value);
+    owner_->addChild(value);
+    declineEvents();
+}
