@@ -127,6 +127,9 @@ public:
     virtual const TzXmlName& getSoapAttributeQName(SoapAttribute attribute) const = 0;
     /// The name of an element; the empty name where the version has none.
     virtual const TzXmlName& getSoapElementQName(SoapElement element) const = 0;
+    /// Whether `name` is this version's `element`: the same local part, the namespaces matched like
+    /// those of envelopes. Never true for an element that the version lacks.
+    bool matchSoapElement(const TzXmlName& name, SoapElement element) const;
 
     /// The object of `version`; `TzXmlError` UNKNOWN_VERSION for a value that is no version.
     static TzSoapVersion& getSoapVersion(Version version);

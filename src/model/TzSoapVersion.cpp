@@ -149,6 +149,15 @@ TzSoapVersion::SoapFaultCode TzSoapVersion::getSoapFaultCode(const TzXmlName& na
     return code;
 }
 
+bool TzSoapVersion::matchSoapElement(const TzXmlName& name, SoapElement element) const {
+    const TzXmlName& wanted = getSoapElementQName(element);
+    if (wanted.isEmpty() || name.getLocalName() != wanted.getLocalName()) {
+        return false;
+    }
+    return wanted.getUri().empty() ? name.getUri().empty()
+                                   : matchNamespaces(name.getNamespace(), wanted.getNamespace());
+}
+
 bool TzSoapVersion::matchNamespaces(const TzXmlNamespace& left,
                                     const TzXmlNamespace& right) noexcept {
     return Table::matchUris(left.getUri(), right.getUri());
