@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapType.h>
+
+#include <list>
+
+class TzSoapCompositeTypeImp;
+
+/// Handle of a composite value: a struct whose members are told apart by their element names.
+///
+/// Several members may have the same name; all stay in the order in which they were added. A
+/// composite must not contain itself. Every operation on a handle without a body throws
+/// `TzTHRInvalidPointer` "Invalid pointer". Threads: see `TzSoapType`.
+class TZSOAP_API TzSoapCompositeType : public TzSoapType {
+public:
+    /// Position of a child; valid until that child is removed.
+    using iterator = std::list<TzSoapType>::iterator;
+    /// Position of a child; valid until that child is removed.
+    using const_iterator = std::list<TzSoapType>::const_iterator;
+
+    /// A composite without name and children.
+    TzSoapCompositeType();
+    /// A composite named `name` without children.
+    explicit TzSoapCompositeType(const TzXmlName& name);
+    TzSoapCompositeType(const TzSoapCompositeType&) noexcept = default;
+    TzSoapCompositeType(TzSoapCompositeType&&) noexcept = default;
+    TzSoapCompositeType& operator=(const TzSoapCompositeType&) noexcept = default;
+    TzSoapCompositeType& operator=(TzSoapCompositeType&&) noexcept = default;
+    ~TzSoapCompositeType() override;
+
+    /// A new composite with the same name and attributes and a list of its own that refers to the
+    /// same children: a child changed through the copy changes here too. O(children).
+    TzSoapCompositeType copy() const;
+
+    /// Number of children.
+    unsigned int childCount() const;
+    /// The first child.
+    iterator childrenBegin();
+    /// The first child.
+    const_iterator childrenBegin() const;
+    /// Behind the last child.
+    iterator childrenEnd();
+    /// Behind the last child.
+    const_iterator childrenEnd() const;
+    /// Adds a child at the end.
+    void appendChild(const TzSoapType& child);
+    /// Adds a child at the front.
+    void prependChild(const TzSoapType& child);
+    /// Adds a child before `position`; returns its position.
+    iterator insertChild(iterator position, const TzSoapType& child);
+    /// Removes a child; returns the position behind it.
+    iterator removeChild(iterator position);
+    /// Removes the first child of that name, if any. O(children).
+    void removeChild(const TzXmlName& name);
+    /// Removes all children of that name. O(children).
+    void removeAllChildren(const TzXmlName& name);
+    /// Removes all children. O(children).
+    void clearChildren();
+    /// The first child of that name, `childrenEnd()` if there is none. O(children).
+    iterator findChild(const TzXmlName& name);
+    /// The first child of that name, `childrenEnd()` if there is none. O(children).
+    const_iterator findChild(const TzXmlName& name) const;
+
+protected:
+    /// A handle to `body`, which may be null.
+    explicit TzSoapCompositeType(TzSoapCompositeTypeImp* body) noexcept;
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    TzSoapCompositeTypeImp& body() const;
+
+private:
+    friend struct TzSoapAccess;
+};
+
+/// Whether both composites have the same name. Children, attributes and identity are deliberately
+/// not compared.
+TZSOAP_API bool operator==(const TzSoapCompositeType& left, const TzSoapCompositeType& right);

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapGenericTypeHandler.h>
+#include <soap/TzSoapType.h>
+#include <soap/TzSoapTypeImp.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
+
+#include <list>
+
+/// Body of a composite value: an ordered list of child values, names may repeat. Reads its own
+/// children while its element is open. Only the reference count is locked.
+class TZSOAP_API TzSoapCompositeTypeImp : public TzSoapTypeImp, public TzSoapGenericTypeHandler {
+public:
+    /// The children, in document order.
+    using Children = std::list<TzSoapType>;
+    /// Position of a child; valid until that child is removed.
+    using iterator = Children::iterator;
+    /// Position of a child; valid until that child is removed.
+    using const_iterator = Children::const_iterator;
+
+    /// A composite without name and children.
+    TzSoapCompositeTypeImp();
+    /// A composite named `name` without children.
+    explicit TzSoapCompositeTypeImp(TzXmlName name);
+    /// Copies the element; the children are shared with `other`. The count starts anew.
+    TzSoapCompositeTypeImp(const TzSoapCompositeTypeImp& other);
+    TzSoapCompositeTypeImp& operator=(const TzSoapCompositeTypeImp& other) = default;
+    ~TzSoapCompositeTypeImp() override;
+
+    /// `Composite`.
+    TzSoapContentBase::SoapTypeId getSoapTypeId() const override;
+    /// "Composite".
+    const TzCString& getSoapTypeIdAsString() const override;
+    /// A new body with the same name and attributes whose list refers to the same children.
+    /// O(children).
+    TzSoapElementImp* clone() const override;
+
+    /// Number of children.
+    unsigned int childCount() const noexcept;
+    /// The first child.
+    iterator childrenBegin() noexcept { return children_.begin(); }
+    /// The first child.
+    const_iterator childrenBegin() const noexcept { return children_.begin(); }
+    /// Behind the last child.
+    iterator childrenEnd() noexcept { return children_.end(); }
+    /// Behind the last child.
+    const_iterator childrenEnd() const noexcept { return children_.end(); }
+    /// Adds a child at the end.
+    void appendChild(const TzSoapType& child);
+    /// Adds a child at the front.
+    void prependChild(const TzSoapType& child);
+    /// Adds a child before `position`; returns its position.
+    iterator insertChild(iterator position, const TzSoapType& child);
+    /// Removes a child; returns the position behind it.
+    iterator removeChild(iterator position);
+    /// Removes the first child of that name, if any. O(children).
+    void removeChild(const TzXmlName& name);
+    /// Removes all children of that name. O(children).
+    void removeAllChildren(const TzXmlName& name);
+    /// Removes all children. O(children).
+    void clearChildren() noexcept;
+    /// The first child of that name, `childrenEnd()` if there is none. O(children).
+    iterator findChild(const TzXmlName& name);
+    /// The first child of that name, `childrenEnd()` if there is none. O(children).
+    const_iterator findChild(const TzXmlName& name) const;
+
+    /// Takes a child that was read: appends it.
+    void addChild(const TzSoapType& child) override;
+    /// Starts reading at the first child's start tag; the composite's own name and attributes are
+    /// there already.
+    void doStart(const TzXmlName& childName, const TzXmlAttributeSet& childAttributes,
+                 TzSoapParseContext* context);
+    /// Starts reading at the composite's own start tag: takes its name and adds its attributes.
+    void populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
+                  TzSoapParseContext* context);
+
+private:
+    Children children_;
+};
