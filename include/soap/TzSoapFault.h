@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapVersion.h>
+#include <tz/pointer/TzHandleBase.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
+
+class TzSoapCompositeType;
+class TzSoapConstVisitor;
+class TzSoapFaultImp;
+class TzSoapType;
+class TzSoapVisitor;
+
+/// Handle of a fault: the error report that a body may carry.
+///
+/// One class serves both versions; names of SOAP 1.1 and SOAP 1.2 stand for the same fields. Codes
+/// are not checked against the version. Copies share the body, `copy()` makes a new one. Every
+/// operation on a handle without a body throws `TzTHRInvalidPointer` "Invalid pointer". Handles
+/// that share a body may be copied and destroyed on different threads; the fault itself is used by
+/// one thread at a time.
+class TZSOAP_API TzSoapFault : public TzHandleBase {
+public:
+    /// An empty fault of the latest version.
+    TzSoapFault();
+    TzSoapFault(const TzSoapFault&) noexcept = default;
+    TzSoapFault(TzSoapFault&&) noexcept = default;
+    TzSoapFault& operator=(const TzSoapFault&) noexcept = default;
+    TzSoapFault& operator=(TzSoapFault&&) noexcept = default;
+    ~TzSoapFault() override;
+
+    /// A fault of its own with the same name, version, code, texts and detail (whose entries are
+    /// shared); subcodes do not travel with a copy.
+    virtual TzSoapFault copy() const;
+    /// Calls the visitor's operation for faults.
+    virtual void acceptVisitor(TzSoapVisitor& visitor);
+    /// Calls the visitor's operation for faults.
+    virtual void acceptVisitor(TzSoapConstVisitor& visitor) const;
+
+    /// Sets the code; a fault with a code counts as present.
+    void setCode(const TzXmlName& code);
+    /// The code, the empty name when not set.
+    TzXmlName getCode() const;
+    /// The same as `setCode`.
+    void setFaultCode(const TzXmlName& code) { setCode(code); }
+    /// The same as `getCode`.
+    TzXmlName getFaultCode() const { return getCode(); }
+
+    /// Adds a subcode behind those there are.
+    void addSubcode(const TzXmlName& subcode);
+    /// The subcode at `index`, the empty name beyond the last one.
+    TzXmlName getSubcode(unsigned int index) const;
+    /// Number of subcodes.
+    unsigned int getSubcodeCount() const;
+    /// Removes all subcodes.
+    void clearSubcodes();
+    /// Adds a subcode with the local part `qualifier` and no namespace: the way of SOAP 1.1 to
+    /// refine a code.
+    void addFaultCodeQualifier(const TzCString& qualifier);
+
+    /// Sets the reason.
+    void setReason(const TzCString& reason);
+    /// The reason, "" when not set.
+    TzCString getReason() const;
+    /// The same as `setReason`.
+    void setFaultString(const TzCString& reason) { setReason(reason); }
+    /// The same as `getReason`.
+    TzCString getFaultString() const { return getReason(); }
+
+    /// Sets the node that reports the fault.
+    void setNode(const TzCString& node);
+    /// The node, "" when not set; valid until it changes.
+    const TzCString& getNode() const;
+    /// The same as `setNode`.
+    void setFaultActor(const TzCString& node) { setNode(node); }
+    /// The same as `getNode`.
+    const TzCString& getFaultActor() const { return getNode(); }
+
+    /// Sets the role in which the node acted; written in SOAP 1.2 only.
+    void setRole(const TzCString& role);
+    /// The role, "" when not set; valid until it changes.
+    const TzCString& getRole() const;
+
+    /// Names `value` after the text `name` and appends it, shared, to the detail; every handle to
+    /// the value sees the new name.
+    void addDetailEntry(const TzCString& name, const TzSoapType& value);
+    /// Replaces the detail. The composite is shared: what the fault does to its detail is done to
+    /// it.
+    void setDetails(const TzSoapCompositeType& details);
+    /// The detail and its entries.
+    const TzSoapCompositeType& getDetails() const;
+
+    /// The fault element's name.
+    const TzXmlName& getName() const;
+    /// Empties code, reason, node, role and detail and makes the version the latest one. Subcodes
+    /// stay
+    /// (`clearSubcodes` removes them), and so do the names of fault and detail.
+    void clear();
+    /// The fault as XML text, standing alone.
+    TzCString asString() const;
+
+protected:
+    /// An empty fault of `version`; `TzXmlError` UNKNOWN_VERSION for a value that is no version.
+    explicit TzSoapFault(TzSoapVersion::Version version);
+    /// A handle to `body`, which may be null.
+    explicit TzSoapFault(TzSoapFaultImp* body) noexcept;
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    TzSoapFaultImp& body() const;
+
+private:
+    friend struct TzSoapAccess;
+};

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapContentHandler.h>
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapType.h>
+#include <soap/TzSoapVersion.h>
+#include <tz/pointer/TzBodyBase.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlAttributeSet.h>
+#include <tz/xml/TzXmlName.h>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+class TzSoapParseContext;
+class TzXmlElementImp;
+
+/// Body of a fault: code, reason, node, role, detail and subcodes. Reads itself.
+///
+/// The version decides which element names the fault is written and read with. Only the reference
+/// count is locked.
+class TZSOAP_API TzSoapFaultImp : public TzBodyBase, public TzSoapContentHandler {
+public:
+    /// An empty fault named `name` with the detail element of `version`; `TzXmlError`
+    /// UNKNOWN_VERSION for a value that is no version.
+    TzSoapFaultImp(const TzXmlName& name, TzSoapVersion::Version version);
+    /// Copies name, version, code, texts and the detail (`TzSoapCompositeType::copy`), not the
+    /// subcodes.
+    TzSoapFaultImp(const TzSoapFaultImp& other);
+    TzSoapFaultImp& operator=(const TzSoapFaultImp&) = delete;
+    ~TzSoapFaultImp() override;
+
+    /// A new body as the copy constructor makes it; the caller's handle takes it over.
+    virtual TzSoapFaultImp* clone() const;
+
+    /// The version whose element names apply.
+    TzSoapVersion::Version getVersion() const noexcept { return version_; }
+    /// Records the version, moves the fault's name into its envelope namespace and names the detail
+    /// after it. `TzXmlError` UNKNOWN_VERSION, and nothing changed, for a value that is no version.
+    void setVersion(TzSoapVersion::Version version);
+    /// The fault element's name.
+    const TzXmlName& getName() const noexcept { return name_; }
+
+    /// The code, the empty name when not set.
+    const TzXmlName& getCode() const noexcept { return code_; }
+    /// Sets the code; any name is accepted.
+    void setCode(const TzXmlName& code) { code_ = code; }
+    /// Adds a subcode behind those there are.
+    void addSubcode(const TzXmlName& subcode) { subcodes_.push_back(subcode); }
+    /// The subcode at `index`, the empty name beyond the last one.
+    const TzXmlName& getSubcode(unsigned int index) const;
+    /// Number of subcodes.
+    unsigned int getSubcodeCount() const noexcept {
+        return static_cast<unsigned int>(subcodes_.size());
+    }
+    /// Removes all subcodes.
+    void clearSubcodes() noexcept { subcodes_.clear(); }
+    /// The reason (fault string), "" when not set.
+    const TzCString& getReason() const noexcept { return reason_; }
+    /// Sets the reason.
+    void setReason(const TzCString& reason) { reason_ = reason; }
+    /// The node (fault actor), "" when not set.
+    const TzCString& getNode() const noexcept { return node_; }
+    /// Sets the node.
+    void setNode(const TzCString& node) { node_ = node; }
+    /// The role, "" when not set.
+    const TzCString& getRole() const noexcept { return role_; }
+    /// Sets the role.
+    void setRole(const TzCString& role) { role_ = role; }
+    /// The detail.
+    const TzSoapCompositeType& getDetails() const noexcept { return details_; }
+    /// Replaces the detail; the composite is shared.
+    void setDetails(const TzSoapCompositeType& details) { details_ = details; }
+    /// Names `value` after the text `name` and appends it, shared, to the detail.
+    void addDetailEntry(const TzCString& name, const TzSoapType& value);
+    /// Empties code, texts and detail and takes the latest version; the subcodes, the fault's name
+    /// and that of the detail stay.
+    void clear();
+
+    /// The Fault element starts: takes its name and receives until its end. What was there stays
+    /// until it is read again.
+    void populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
+                  TzSoapParseContext* context);
+    /// An element inside the fault starts.
+    void startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) override;
+    /// An element inside the fault ends, or the fault itself.
+    void endElement(const TzXmlName& name) override;
+    /// Replaces the buffered text.
+    void characters(const TzCString& text) override;
+
+private:
+    /// Which child of the fault is open.
+    enum class State : std::int32_t {
+        None = 0,
+        Code = 1,
+        CodeValue = 2,
+        Subcode = 3,
+        SubcodeValue = 4,
+        Reason = 5,
+        Node = 6,
+        Role = 7,
+        Detail = 8
+    };
+    /// Which state an element of the fault leads to.
+    struct Transition {
+        TzSoapVersion::SoapElement element;
+        State state;
+    };
+    static const Transition Transitions[];
+
+    State stateAfter(const TzXmlName& name) const;
+    void readDetail(const TzXmlName& name, const TzXmlAttributeSet& attributes);
+    void setValue();
+    TzXmlName convertToFaultcode(const TzCString& text) const;
+    TzCString uriForPrefix(const TzCString& prefix) const;
+
+    TzCString text_;
+    TzXmlName code_;
+    TzCString reason_;
+    TzCString node_;
+    TzCString role_;
+    TzSoapCompositeType details_;
+    State state_ = State::None;
+    TzXmlName name_;
+    TzSoapVersion::Version version_;
+    std::vector<TzXmlName> subcodes_;
+    std::vector<TzXmlAttributeSet> scopes_;    // attributes of the open children, innermost last
+    std::unique_ptr<TzXmlElementImp> element_; // the Fault element's declarations while it is read
+};

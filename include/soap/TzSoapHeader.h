@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapElementHandle.h>
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapType.h>
+#include <soap/TzSoapValueList.h>
+#include <soap/TzSoapVersion.h>
+#include <tz/pointer/TzHandleBase.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
+
+#include <utility>
+
+class TzSoapConstVisitor;
+class TzSoapHeaderImp;
+class TzSoapVisitor;
+
+/// Handle of the Header element of a message: header entries in document order.
+///
+/// Adding an entry writes mustUnderstand and actor (role) into the entry itself, so every handle to
+/// it sees them and the last ones set win. Copies share the body, `copy()` makes a new one. Every
+/// operation on a handle without a body throws `TzTHRInvalidPointer` "Invalid pointer". Handles
+/// that share a body may be copied and destroyed on different threads; the header itself is used by
+/// one thread at a time.
+class TZSOAP_API TzSoapHeader : public TzHandleBase, public TzSoapElementHandle<TzSoapHeader> {
+public:
+    /// Position of an entry, valid until that entry is removed.
+    using iterator = TzSoapValueList::iterator;
+    /// Position of an entry that is only looked at.
+    using const_iterator = TzSoapValueList::const_iterator;
+
+    TzSoapHeader(const TzSoapHeader&) noexcept = default;
+    TzSoapHeader(TzSoapHeader&&) noexcept = default;
+    TzSoapHeader& operator=(const TzSoapHeader&) noexcept = default;
+    TzSoapHeader& operator=(TzSoapHeader&&) noexcept = default;
+    ~TzSoapHeader() override;
+
+    /// Sets the entry's mustUnderstand and adds the entry, shared, at the end. An entry without a
+    /// body throws `TzTHRInvalidPointer`; so do all operations that add one.
+    void appendHeaderEntry(TzSoapType entry, bool mustUnderstand);
+    /// Sets the entry's actor and adds the entry at the end.
+    void appendHeaderEntry(TzSoapType entry, const TzCString& actor);
+    /// Sets the entry's actor and adds the entry at the end.
+    void appendHeaderEntry(TzSoapType entry, const char* actor) {
+        appendHeaderEntry(std::move(entry), TzCString(actor));
+    }
+    /// Sets the entry's mustUnderstand and actor and adds the entry at the end.
+    void appendHeaderEntry(TzSoapType entry, bool mustUnderstand, const TzCString& actor);
+    /// Sets the entry's mustUnderstand and adds the entry at the front.
+    void prependHeaderEntry(TzSoapType entry, bool mustUnderstand);
+    /// Sets the entry's actor and adds the entry at the front.
+    void prependHeaderEntry(TzSoapType entry, const TzCString& actor);
+    /// Sets the entry's actor and adds the entry at the front.
+    void prependHeaderEntry(TzSoapType entry, const char* actor) {
+        prependHeaderEntry(std::move(entry), TzCString(actor));
+    }
+    /// Sets the entry's mustUnderstand and actor and adds the entry at the front.
+    void prependHeaderEntry(TzSoapType entry, bool mustUnderstand, const TzCString& actor);
+    /// Sets the entry's mustUnderstand and adds the entry before `position`; returns where it
+    /// stands.
+    iterator insertHeaderEntry(iterator position, TzSoapType entry, bool mustUnderstand);
+    /// Sets the entry's actor and adds the entry before `position`; returns where it stands.
+    iterator insertHeaderEntry(iterator position, TzSoapType entry, const TzCString& actor);
+    /// Sets the entry's actor and adds the entry before `position`; returns where it stands.
+    iterator insertHeaderEntry(iterator position, TzSoapType entry, const char* actor) {
+        return insertHeaderEntry(position, std::move(entry), TzCString(actor));
+    }
+    /// Sets the entry's mustUnderstand and actor and adds the entry before `position`; returns
+    /// where it stands.
+    iterator insertHeaderEntry(iterator position, TzSoapType entry, bool mustUnderstand,
+                               const TzCString& actor);
+
+    /// The first entry.
+    iterator entriesBegin();
+    /// The first entry.
+    const_iterator entriesBegin() const;
+    /// Behind the last entry.
+    iterator entriesEnd();
+    /// Behind the last entry.
+    const_iterator entriesEnd() const;
+    /// Number of entries.
+    unsigned int entryCount() const;
+    /// The first entry named `name`, `entriesEnd()` if there is none. O(entries).
+    iterator findHeaderEntry(const TzXmlName& name);
+    /// The first entry named `name`, `entriesEnd()` if there is none. O(entries).
+    const_iterator findHeaderEntry(const TzXmlName& name) const;
+    /// Removes the first entry named `name`, if any. O(entries).
+    void removeHeaderEntry(const TzXmlName& name);
+    /// Removes the entry at `position`; returns the position of the next one.
+    iterator removeHeaderEntry(iterator position);
+    /// Removes every entry named `name`, the others keep their order. O(entries).
+    void removeAllHeaderEntries(const TzXmlName& name);
+    /// Removes all entries.
+    void clearHeaderEntries();
+
+    /// A header of its own with a copy of each entry. O(content).
+    TzSoapHeader copy() const;
+    /// Calls the visitor's operation for headers.
+    void acceptVisitor(TzSoapVisitor& visitor);
+    /// Calls the visitor's operation for headers.
+    void acceptVisitor(TzSoapConstVisitor& visitor) const;
+    /// The header as XML text, standing alone.
+    TzCString asString() const;
+
+    /// Whether both have equally many entries that share their bodies position by position; names
+    /// and attributes are not compared. O(entries).
+    TZSOAP_API friend bool operator==(const TzSoapHeader& left, const TzSoapHeader& right);
+
+protected:
+    /// A header without entries under the name of `version`; `TzXmlError` UNKNOWN_VERSION for a
+    /// value that is no version.
+    explicit TzSoapHeader(TzSoapVersion::Version version);
+    /// A handle to `body`, which may be null.
+    explicit TzSoapHeader(TzSoapHeaderImp* body) noexcept;
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    TzSoapHeaderImp& body() const;
+
+private:
+    friend class TzSoapElementHandle<TzSoapHeader>;
+    friend struct TzSoapAccess;
+
+    TzSoapElementImp& elementBody() const;
+};

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzMessageBase.h>
+#include <soap/TzSoapElementHandle.h>
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapReadLimits.h>
+#include <soap/TzSoapVersion.h>
+#include <tz/pointer/TzHandleBase.h>
+#include <tz/tools/TzCString.h>
+
+class TzMimeMultipart;
+class TzSoapBody;
+class TzSoapConstVisitor;
+class TzSoapHeader;
+class TzSoapMessageImp;
+class TzSoapTypeRegistry;
+class TzSoapVisitor;
+class TzXmlProlog;
+
+/// Handle of a whole message: the Envelope element with its header and its body.
+///
+/// Copies share everything, `copy()` makes a message of its own. Every operation on a handle
+/// without a body throws `TzTHRInvalidPointer` "Invalid pointer". Handles that share a body may be
+/// copied and destroyed on different threads; the message itself is built, written and read by one
+/// thread at a time. Writing sets the type of simple values, so messages that share values are not
+/// written at once.
+class TZSOAP_API TzSoapMessage : public TzMessageBase,
+                                 public TzHandleBase,
+                                 public TzSoapElementHandle<TzSoapMessage> {
+public:
+    /// The local name of the envelope element.
+    static constexpr char EnvelopeLabel[] = "Envelope";
+
+    /// An empty message of `version`; `TzXmlError` UNKNOWN_VERSION for a value that is no version.
+    explicit TzSoapMessage(TzSoapVersion::Version version = TzSoapVersion::getLatestVersion());
+    TzSoapMessage(const TzSoapMessage&) noexcept = default;
+    TzSoapMessage(TzSoapMessage&&) noexcept = default;
+    TzSoapMessage& operator=(const TzSoapMessage&) noexcept = default;
+    TzSoapMessage& operator=(TzSoapMessage&&) noexcept = default;
+    ~TzSoapMessage() override;
+
+    /// The message as XML text; when it has attachments, the text of the MIME package instead.
+    TzCString asString() const override;
+    /// "SOAPMessage:" and the URI of the version's envelope namespace.
+    TzCString getMessageType() const override;
+    /// Whether any value refers to a MIME part. O(content).
+    virtual bool hasAttachments() const;
+    /// Replaces the content by the message in the root part of a package: the part that its start
+    /// parameter names, the first one without that. The package is shared, for references to its
+    /// parts. `TzXmlParseError` MIME_NOT_MULTIPART without a Content-Type header,
+    /// NO_MIME_SOAP_BODY_PART without a root part; otherwise as for a text.
+    virtual void extract(const TzMimeMultipart& multipart);
+    /// Replaces the content by the message read from `text`, an envelope or a MIME package.
+    /// Whatever stands before the document is skipped. `TzXmlParseError` with line and column:
+    /// NO_SOAP_ENVELOPE, UNKNOWN_VERSION, UNKNOWN_SOAP_ELEMENT, or what the parser finds;
+    /// `TzXmlBoundsError` for arrays that declare more than the limits allow. After an error the
+    /// content is what was read so far: only extract again. O(text).
+    virtual void extract(const TzCString& text);
+    /// The message and its attachments as a MIME package: the envelope first, then every part that
+    /// a reference refers to, in the order of the references.
+    virtual TzMimeMultipart asMimeMultipart() const;
+    /// As above, inserted into `multipart`, whose boundary and start are kept if it has any;
+    /// returns a handle that shares it. After an error, attachments met before stay inserted.
+    virtual TzMimeMultipart asMimeMultipart(TzMimeMultipart& multipart) const;
+
+    /// The version.
+    TzSoapVersion::Version getVersion() const;
+    /// The object that answers for the version.
+    TzSoapVersion& getSoapVersion() const;
+    /// Makes this a message of `version`: envelope, header, body and fault take its names, and the
+    /// soap prefix becomes its default. The encoding prefix and all entries stay. `TzXmlError`
+    /// UNKNOWN_VERSION, and nothing changed, for a value that is no version.
+    void setVersion(TzSoapVersion::Version version);
+    /// The header, shared with the message.
+    TzSoapHeader& getSoapHeader();
+    /// The header.
+    const TzSoapHeader& getSoapHeader() const;
+    /// The body, shared with the message.
+    TzSoapBody& getSoapBody();
+    /// The body.
+    const TzSoapBody& getSoapBody() const;
+
+    /// Sets the prefix of the envelope namespace.
+    void setSoapPrefix(const TzCString& prefix);
+    /// The prefix of the envelope namespace: "SOAP-ENV" in a new SOAP 1.1 message, "env" in a new
+    /// SOAP 1.2 message.
+    TzCString getSoapPrefix() const;
+    /// Sets the prefix of the encoding namespace.
+    void setSoapEncodingPrefix(const TzCString& prefix);
+    /// The prefix of the encoding namespace: "SOAP-ENC" in a new SOAP 1.1 message, "enc" in a new
+    /// SOAP 1.2 message; not changed by `setVersion`.
+    TzCString getSoapEncodingPrefix() const;
+
+    /// Sets the XML declaration that is written first.
+    void setProlog(const TzXmlProlog& prolog);
+    /// The XML declaration, a default one when none is set. Reading sets none.
+    const TzXmlProlog& getProlog() const;
+    /// Whether an XML declaration is set; false in a new message.
+    bool hasProlog() const;
+    /// Unsets the XML declaration.
+    void removeProlog();
+
+    /// Replaces the types of elements without a type attribute.
+    void setTypeRegistry(const TzSoapTypeRegistry& registry);
+    /// The types of elements without a type attribute; none in a new message.
+    TzSoapTypeRegistry& getTypeRegistry();
+    /// The types of elements without a type attribute.
+    const TzSoapTypeRegistry& getTypeRegistry() const;
+
+    /// Sets what `extract` accepts.
+    void setReadLimits(const TzSoapReadLimits& limits);
+    /// What `extract` accepts.
+    TzSoapReadLimits getReadLimits() const;
+
+    /// A message of its own with copies of header and body. O(content).
+    TzSoapMessage copy() const;
+    /// Calls the visitor's operation for messages.
+    void acceptVisitor(TzSoapVisitor& visitor);
+    /// Calls the visitor's operation for messages.
+    void acceptVisitor(TzSoapConstVisitor& visitor) const;
+
+protected:
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    virtual TzSoapMessageImp& body() const;
+
+private:
+    friend class TzSoapElementHandle<TzSoapMessage>;
+    friend struct TzSoapAccess;
+
+    explicit TzSoapMessage(TzSoapMessageImp* body) noexcept;
+    TzSoapElementImp& elementBody() const;
+};

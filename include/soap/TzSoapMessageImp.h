@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapBody.h>
+#include <soap/TzSoapContentHandler.h>
+#include <soap/TzSoapElementImp.h>
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapHeader.h>
+#include <soap/TzSoapReadLimits.h>
+#include <soap/TzSoapTypeRegistry.h>
+#include <soap/TzSoapVersion.h>
+#include <tz/mime/TzMimeMultipart.h>
+#include <tz/pointer/TzBodyBase.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
+#include <tz/xml/TzXmlProlog.h>
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+class TzMessage;
+class TzSoapParseContext;
+class TzSoapReferenceType;
+class TzXmlAttributeSet;
+class TzXmlSAXParser;
+
+/// Body of a message: the Envelope element with its header and its body. Reads itself.
+///
+/// Only the reference count is locked.
+class TZSOAP_API TzSoapMessageImp : public TzSoapElementImp,
+                                    public TzSoapContentHandler,
+                                    public TzBodyBase {
+public:
+    /// An empty message under the names of `version`; `TzXmlError` UNKNOWN_VERSION for a value that
+    /// is no version.
+    explicit TzSoapMessageImp(TzSoapVersion::Version version);
+    /// Copies the envelope element, prolog, type registry, version, prefixes and limits, and header
+    /// and body by their `copy()`; shares the kept package.
+    TzSoapMessageImp(const TzSoapMessageImp& other);
+    TzSoapMessageImp& operator=(const TzSoapMessageImp&) = delete;
+    ~TzSoapMessageImp() override;
+
+    /// A new body as the copy constructor makes it; the caller's handle takes it over.
+    TzSoapMessageImp* clone() const;
+    /// Empties the message in place: attributes and properties of envelope, header and body, their
+    /// entries, the fault with its subcodes, the prolog. Names, version, type registry, encoding
+    /// prefix, kept package and limits stay.
+    void clear();
+
+    /// The version.
+    TzSoapVersion::Version getVersion() const noexcept { return version_; }
+    /// The object that answers for the version.
+    TzSoapVersion& getSoapVersion() const { return TzSoapVersion::getSoapVersion(version_); }
+    /// Records the version and takes its names for envelope, header, body and fault, prefixes
+    /// included; the encoding prefix and all entries stay. `TzXmlError` UNKNOWN_VERSION, and
+    /// nothing changed, for a value that is no version.
+    void setVersion(TzSoapVersion::Version version);
+    /// The header.
+    TzSoapHeader& getSoapHeader() noexcept { return header_; }
+    /// The header.
+    const TzSoapHeader& getSoapHeader() const noexcept { return header_; }
+    /// The body.
+    TzSoapBody& getSoapBody() noexcept { return body_; }
+    /// The body.
+    const TzSoapBody& getSoapBody() const noexcept { return body_; }
+    /// The prefix of the envelope's name.
+    const TzCString& getSoapPrefix() const { return getName().getPrefix(); }
+    /// Sets the prefix of the envelope's name.
+    void setSoapPrefix(const TzCString& prefix) { getName().setPrefix(prefix); }
+    /// The prefix to write the encoding namespace with.
+    const TzCString& getSoapEncodingPrefix() const noexcept { return encodingPrefix_; }
+    /// Sets the prefix to write the encoding namespace with.
+    void setSoapEncodingPrefix(const TzCString& prefix) { encodingPrefix_ = prefix; }
+    /// The prolog, a default one when none is set.
+    const TzXmlProlog& getProlog() const noexcept { return prolog_; }
+    /// Sets the prolog.
+    void setProlog(const TzXmlProlog& prolog);
+    /// Whether a prolog is set.
+    bool hasProlog() const noexcept { return hasProlog_; }
+    /// Unsets the prolog.
+    void removeProlog();
+    /// The types of elements without a type attribute.
+    TzSoapTypeRegistry& getTypeRegistry() noexcept { return typeRegistry_; }
+    /// The types of elements without a type attribute.
+    const TzSoapTypeRegistry& getTypeRegistry() const noexcept { return typeRegistry_; }
+    /// Replaces the types of elements without a type attribute.
+    void setTypeRegistry(const TzSoapTypeRegistry& registry) { typeRegistry_ = registry; }
+    /// What `extract` accepts.
+    const TzSoapReadLimits& getReadLimits() const noexcept { return readLimits_; }
+    /// Sets what `extract` accepts.
+    void setReadLimits(const TzSoapReadLimits& limits) noexcept { readLimits_ = limits; }
+    /// The package that the message was last extracted from, without parts for a bare envelope.
+    const TzMimeMultipart& getMimeMultipart() const noexcept { return multipart_; }
+
+    /// Replaces the content by the message read from the text of an envelope and forgets the kept
+    /// package.
+    void extract(const TzCString& text);
+    /// Replaces the content by the message in the root part of `multipart`, which is kept for
+    /// references to its parts. `TzXmlParseError` MIME_NOT_MULTIPART without a Content-Type header,
+    /// NO_MIME_SOAP_BODY_PART when there is no root part.
+    void extract(const TzMimeMultipart& multipart);
+    /// The Envelope or a child of it starts.
+    void startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) override;
+    /// The Envelope ends.
+    void endElement(const TzXmlName& name) override;
+
+    /// Takes note of a reference that was read and closes a ring of values holding each other. Its
+    /// target is taken from it when this message and its copies have died or read something else.
+    void keepRing(const TzSoapReferenceType& reference);
+
+private:
+    class Reading;  // ends a reading, however it ends
+    struct Parsing; // parser and context
+    struct Rings;   // references that close rings
+
+    /// What is expected next.
+    enum ReadState : std::int32_t { AwaitingEnvelope = 1, InEnvelope = 2, EnvelopeEnded = 3 };
+
+    // Reads an envelope; the kept package stays.
+    void parseEnvelope(std::string_view text);
+    void populate(const TzXmlName& name, const TzXmlAttributeSet& attributes);
+    void startPart(const TzXmlName& name, const TzXmlAttributeSet& attributes);
+    [[noreturn]] void refuse(const TzMessage& message);
+    void breakRings() noexcept;
+    TzSoapParseContext& context();
+    TzXmlSAXParser& parser();
+    Parsing& parsing();
+
+    TzSoapHeader header_;
+    TzSoapBody body_;
+    TzXmlProlog prolog_;
+    bool hasProlog_ = false;
+    TzSoapTypeRegistry typeRegistry_;
+    TzSoapVersion::Version version_;
+    TzCString encodingPrefix_;
+    TzMimeMultipart multipart_;
+    TzSoapReadLimits readLimits_;
+    std::shared_ptr<Rings> rings_;     // shared with copies
+    std::unique_ptr<Parsing> parsing_; // made by the first extract
+    ReadState readState_ = AwaitingEnvelope;
+};
