@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "Peers.h"
+
+#include <expat.h>
+#include <libxml/parser.h>
+#include <pugixml.hpp>
+
+#include <stdexcept>
+
+namespace {
+
+void onStart(void*, const XML_Char*, const XML_Char**) {}
+void onEnd(void*, const XML_Char*) {}
+void onText(void*, const XML_Char*, int) {}
+
+void require(bool condition, const char* what) {
+    if (!condition) {
+        throw std::runtime_error(what);
+    }
+}
+
+} // namespace
+
+void peers::expatNoOp(std::string_view text) {
+    XML_Parser parser = XML_ParserCreate(nullptr);
+    XML_SetElementHandler(parser, onStart, onEnd);
+    XML_SetCharacterDataHandler(parser, onText);
+    const XML_Status status =
+        XML_Parse(parser, text.data(), static_cast<int>(text.size()), XML_TRUE);
+    XML_ParserFree(parser);
+    require(status == XML_STATUS_OK, "Expat refused the text");
+}
+
+peers::Document peers::libxmlRead(std::string_view text) {
+    Document document(xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr, nullptr,
+                                    XML_PARSE_HUGE | XML_PARSE_NONET));
+    require(document != nullptr, "libxml2 refused the text");
+    return document;
+}
+
+int peers::libxmlWrite(const Document& document) {
+    xmlChar* text = nullptr;
+    int size = 0;
+    xmlDocDumpMemory(document.get(), &text, &size);
+    require(text != nullptr, "libxml2 wrote nothing");
+    xmlFree(text);
+    return size;
+}
+
+void peers::pugixmlRead(std::string_view text) {
+    pugi::xml_document document;
+    require(document.load_buffer(text.data(), text.size()), "pugixml refused the text");
+}

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "Table.h"
+
+#include "HeapCount.h"
+#include "Workloads.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+/// A time of ours, the baseline's time in the same run, and the most that their ratio may be
+/// (0: shown without a limit).
+struct Ratio {
+    const char* what;
+    const char* ours;
+    const char* baseline;
+    double most;
+};
+
+constexpr Ratio Ratios[] = {
+    {"read T / Expat no-op", "read/T/tzsoap/10000", "read/T/expat/10000", 1.9},
+    {"read S / Expat no-op", "read/S/tzsoap", "read/S/expat", 2.0},
+    {"write T / libxml2 dump", "write/T/tzsoap/10000", "write/T/libxml2/10000", 0.35},
+    {"read T / libxml2 DOM", "read/T/tzsoap/10000", "read/T/libxml2/10000", 0},
+    {"read T / pugixml", "read/T/tzsoap/10000", "read/T/pugixml/10000", 0},
+    {"read and drop T / Expat no-op", "readDrop/T/tzsoap/10000", "read/T/expat/10000", 0},
+    {"read U / Expat no-op", "read/U/tzsoap", "read/U/expat", 1.9},
+    {"read V / Expat no-op", "read/V/tzsoap", "read/V/expat", 1.9},
+    {"write U / libxml2 dump", "write/U/tzsoap", "write/U/libxml2", 0.35},
+    {"write V / libxml2 dump", "write/V/tzsoap", "write/V/libxml2", 0.35},
+    {"index a 1000 x 1000 array / vector", "index/compact", "index/vector", 4.0},
+};
+
+/// The time of one value in a small and in a large message of the same make.
+struct Growth {
+    const char* what;
+    const char* small;
+    int smallValues;
+    const char* large;
+    int largeValues;
+    double most;
+};
+
+constexpr Growth Growths[] = {
+    {"read T per value, 100 to 100,000", "read/T/tzsoap/100", 100, "read/T/tzsoap/100000", 100000,
+     1.3},
+    {"read W per member, 1,000 to 100,000", "read/W/tzsoap/1000", 1000, "read/W/tzsoap/100000",
+     100000, 1.5},
+    {"read X per member, 1,000 to 100,000", "read/X/tzsoap/1000", 1000, "read/X/tzsoap/100000",
+     100000, 1.5},
+};
+
+bool printLine(const char* what, double value, double most, const char* unit) {
+    if (most > 0) {
+        std::printf("%-42s %10.2f %-12s at most %8.2f  %s\n", what, value, unit, most,
+                    value <= most ? "ok" : "MISSED");
+    } else {
+        std::printf("%-42s %10.2f %-12s\n", what, value, unit);
+    }
+    return most <= 0 || value <= most;
+}
+
+bool printRatios(const MedianReporter& measured) {
+    bool met = true;
+    for (const Ratio& ratio : Ratios) {
+        if (measured.has(ratio.ours) && measured.has(ratio.baseline)) {
+            met &= printLine(ratio.what, measured.median(ratio.ours) / measured.median(ratio.baseline),
+                             ratio.most, "times");
+        }
+    }
+    for (const Growth& growth : Growths) {
+        if (measured.has(growth.small) && measured.has(growth.large)) {
+            met &= printLine(growth.what,
+                             measured.median(growth.large) / growth.largeValues /
+                                 (measured.median(growth.small) / growth.smallValues),
+                             growth.most, "times");
+        }
+    }
+    return met;
+}
+
+/// Prints what a message that was read keeps on the heap for each of its values.
+bool printHeap(const char* what, const std::string& text, int values, double mostBytes,
+               double mostAllocations) {
+    const HeapCount before = HeapCount::now();
+    TzSoapMessage message;
+    message.extract(text);
+    const HeapCount kept = HeapCount::now() - before;
+    const std::string bytes = std::string("heap bytes kept per ") + what;
+    const std::string allocations = std::string("allocations kept per ") + what;
+    bool met = printLine(bytes.c_str(), static_cast<double>(kept.bytes) / values, mostBytes, "bytes");
+    met &= printLine(allocations.c_str(), static_cast<double>(kept.allocations) / values,
+                     mostAllocations, "");
+    return met;
+}
+
+} // namespace
+
+void MedianReporter::ReportRuns(const std::vector<Run>& runs) {
+    ConsoleReporter::ReportRuns(runs);
+    for (const Run& run : runs) {
+        if (run.aggregate_name == "median") {
+            medians_[run.run_name.function_name] =
+                run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
+        }
+    }
+}
+
+double MedianReporter::median(const std::string& name) const {
+    const auto found = medians_.find(name);
+    if (found == medians_.end()) {
+        std::fprintf(stderr, "no benchmark named %s\n", name.c_str());
+        std::exit(1);
+    }
+    return found->second;
+}
+
+bool printTable(const MedianReporter& measured) {
+    std::printf("\n");
+    bool met = printRatios(measured);
+    constexpr int Structs = 10000;
+    constexpr int Items = 1000000;
+    met &= printHeap("value of T", workloads::textOf(workloads::structs(Structs)),
+                     workloads::valuesOf(Structs), 320, 2.5);
+    met &= printHeap("item of U", workloads::textOf(workloads::intArray(Items)), Items, 280, 1.2);
+    return met;
+}
