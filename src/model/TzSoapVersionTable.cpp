@@ -201,8 +201,9 @@ bool TzSoapVersionTable::matchUris(std::string_view left, std::string_view right
     if (left == right) {
         return true;
     }
-    const auto [shorter, longer] = std::minmax(left.size(), right.size());
-    return longer - shorter <= 1 && left.substr(0, longer - 1) == right.substr(0, longer - 1);
+    const std::size_t longer = std::max(left.size(), right.size());
+    return longer - std::min(left.size(), right.size()) <= 1 &&
+           left.substr(0, longer - 1) == right.substr(0, longer - 1);
 }
 
 bool TzSoapVersionTable::findVersion(std::string_view uri, Home home,
