@@ -19,6 +19,7 @@ public:
     /// A document type declaration begins.
     virtual void documentType() = 0;
     /// A start tag. `attributes` are name, value, name, value ... null; names as spelt in the text.
+    /// One address of an attribute name stands for one spelling as long as the source lives.
     virtual void startTag(const char* name, const char* const* attributes) = 0;
     /// An end tag, also for an empty-element tag.
     virtual void endTag() = 0;
@@ -26,7 +27,12 @@ public:
     /// several times between two tags.
     void text(const char* begin, std::size_t length) {
         ++events_;
-        text_.append(begin, length);
+        // Line breaks and characters that were escaped come alone.
+        if (length == 1) {
+            text_.push_back(*begin);
+        } else {
+            text_.append(begin, length);
+        }
     }
 
     /// Number of events so far.

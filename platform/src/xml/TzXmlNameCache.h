@@ -9,74 +9,115 @@
 #include <string_view>
 #include <vector>
 
+/// A text with its first and last bytes in registers, which tell most names apart.
+class TzXmlNameText {
+public:
+    explicit TzXmlNameText(std::string_view text) noexcept;
+    std::string_view text() const noexcept { return text_; }
+
+private:
+    friend class TzXmlSpellingText;
+
+    std::string_view text_;
+    std::uint64_t first_ = 0;
+    std::uint64_t last_ = 0;
+};
+
+/// A spelling known by its text.
+class TzXmlSpellingText {
+public:
+    static bool accepts(const TzXmlNameText& text) noexcept {
+        return text.text_.size() <= MaxLength;
+    }
+    bool is(const TzXmlNameText& text) const noexcept {
+        return first_ == text.first_ && last_ == text.last_ && length_ == text.text_.size() &&
+               (length_ <= 2 * sizeof(first_) ||
+                std::memcmp(text_, text.text_.data(), length_) == 0);
+    }
+    void set(const TzXmlNameText& text) noexcept {
+        first_ = text.first_;
+        last_ = text.last_;
+        length_ = text.text_.size();
+        std::memcpy(text_, text.text_.data(), length_);
+    }
+    static std::uint64_t hash(const TzXmlNameText& text) noexcept {
+        const std::uint64_t mixed = text.first_ ^ (text.last_ << 23 | text.last_ >> 41);
+        return mixed ^ mixed >> 32 ^ text.text_.size();
+    }
+
+private:
+    static constexpr std::size_t MaxLength = 48;
+
+    std::uint64_t first_ = 0;
+    std::uint64_t last_ = 0;
+    std::size_t length_ = 0;
+    char text_[MaxLength];
+};
+
+/// A spelling known by its address, for texts that never move and never repeat.
+class TzXmlSpellingAddress {
+public:
+    static bool accepts(const char*) noexcept { return true; }
+    bool is(const char* text) const noexcept { return address_ == text; }
+    void set(const char* text) noexcept { address_ = text; }
+    static std::uint64_t hash(const char* text) noexcept {
+        return reinterpret_cast<std::uintptr_t>(text);
+    }
+
+private:
+    const char* address_ = nullptr;
+};
+
 /// Remembers which name a spelling such as "p:a" stands for.
 ///
 /// Each spelling has one place only, so that a text with ever new names costs misses and no memory.
-class TzXmlNameCache {
+template <typename Spelling> class TzXmlNameCache {
 public:
     /// One spelling and its name.
     struct Entry {
-        static constexpr std::size_t MaxLength = 48;
-
-        std::uint64_t scope = 0; ///< State of the bindings the name was made under; 0 for none.
-        std::size_t length = 0;
-        char spelling[MaxLength];
+        std::uint64_t scope = 0; ///< State of the bindings the name is known to hold under.
+        std::uint64_t stamp = 0; ///< Changes with the name; 0 for none.
+        Spelling spelling;
         TzXmlName name;
-
-        bool holds(std::string_view text) const noexcept {
-            return length == text.size() && std::memcmp(spelling, text.data(), length) == 0;
-        }
     };
 
-    /// The place for `spelling`, which may hold another one; null for a spelling that is too long.
-    Entry* place(std::string_view spelling) noexcept {
-        return spelling.size() > Entry::MaxLength ? nullptr : &entries_[slot(spelling)];
+    /// The place for `spelling`, which may hold another one.
+    template <typename Text> Entry& place(const Text& spelling) noexcept {
+        const std::uint64_t spread = Spelling::hash(spelling) * 0x9E3779B97F4A7C15U;
+        return entries_[static_cast<std::size_t>(spread >> 40) & (entries_.size() - 1)];
     }
-    /// Gives the place to `spelling`; false when the table was made larger instead and the place
-    /// has to be asked for again.
-    bool take(Entry& entry, std::string_view spelling);
+    /// The place for `spelling`, which holds it or nothing. The table grows while spellings keep
+    /// missing.
+    template <typename Text> Entry& take(const Text& spelling) {
+        if (++misses_ > 2 * entries_.size() && entries_.size() < LastSize) {
+            misses_ = 0;
+            entries_ = std::vector<Entry>(2 * entries_.size());
+        }
+        Entry& entry = place(spelling);
+        entry.scope = 0;
+        entry.stamp = 0;
+        entry.spelling.set(spelling);
+        return entry;
+    }
 
 private:
     static constexpr std::size_t FirstSize = 16;
     static constexpr std::size_t LastSize = 1024;
 
-    std::size_t slot(std::string_view spelling) const noexcept {
-        return static_cast<std::size_t>(hash(spelling) >> 40) & (entries_.size() - 1);
-    }
-    static std::uint64_t hash(std::string_view spelling) noexcept;
-
     std::vector<Entry> entries_ = std::vector<Entry>(FirstSize);
     std::size_t misses_ = 0; // since the table has its size
 };
 
-inline std::uint64_t TzXmlNameCache::hash(std::string_view spelling) noexcept {
-    // First and last bytes tell names apart well enough; a clash costs a miss.
-    std::uint64_t first = 0;
-    std::uint64_t last = 0;
-    if (spelling.size() >= 8) {
-        std::memcpy(&first, spelling.data(), 8);
-        std::memcpy(&last, spelling.data() + spelling.size() - 8, 8);
-    } else if (spelling.size() >= 4) {
-        std::memcpy(&first, spelling.data(), 4);
-        std::memcpy(&last, spelling.data() + spelling.size() - 4, 4);
+inline TzXmlNameText::TzXmlNameText(std::string_view text) noexcept : text_(text) {
+    if (text.size() >= sizeof(first_)) {
+        std::memcpy(&first_, text.data(), sizeof(first_));
+        std::memcpy(&last_, text.data() + text.size() - sizeof(last_), sizeof(last_));
+    } else if (text.size() >= 4) {
+        std::memcpy(&first_, text.data(), 4);
+        std::memcpy(&last_, text.data() + text.size() - 4, 4);
     } else {
-        for (const char byte : spelling) {
-            first = first << 8 | static_cast<unsigned char>(byte);
+        for (const char byte : text) {
+            first_ = first_ << 8 | static_cast<unsigned char>(byte);
         }
     }
-    const std::uint64_t mixed = (first ^ (last << 23 | last >> 41)) + spelling.size();
-    const std::uint64_t spread = mixed * 0x9E3779B97F4A7C15U;
-    return (spread ^ spread >> 32) * 0x9E3779B97F4A7C15U;
-}
-
-inline bool TzXmlNameCache::take(Entry& entry, std::string_view spelling) {
-    if (++misses_ > 2 * entries_.size() && entries_.size() < LastSize) {
-        misses_ = 0;
-        entries_ = std::vector<Entry>(2 * entries_.size());
-        return false;
-    }
-    entry.scope = 0;
-    entry.length = spelling.size();
-    std::memcpy(entry.spelling, spelling.data(), spelling.size());
-    return true;
 }

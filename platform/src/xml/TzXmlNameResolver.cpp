@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "TzXmlNameResolver.h"
 
+#include <utility>
+
 namespace {
 
 /// Prefixes out of scope are remembered up to this many; messages repeat their declarations.
 constexpr std::size_t RememberedPrefixes = 64;
 
 bool isReserved(std::string_view prefix) noexcept { return prefix == "xml" || prefix == "xmlns"; }
+
+std::string_view textOf(const TzXmlNameText& spelling) noexcept { return spelling.text(); }
+std::string_view textOf(const char* spelling) noexcept { return spelling; }
 
 } // namespace
 
@@ -15,16 +20,14 @@ std::size_t TzXmlNameResolver::declare(std::string_view prefix, std::string_view
         return 0;
     }
     auto found = bindings_.find(prefix);
-    if (found == bindings_.end() && uri.empty()) {
+    const bool isBound = found != bindings_.end() && found->second.depth > 0;
+    if (isBound ? found->second.current.getUri() == uri : uri.empty()) {
         return 0;
     }
     if (found == bindings_.end()) {
-        found = bindings_.emplace(prefix, Binding{TzXmlNamespace(prefix, {}), {}, 0}).first;
+        found = bindings_.emplace(prefix, Binding()).first;
     }
     Binding& binding = found->second;
-    if (binding.current.getUri() == uri) {
-        return 0;
-    }
     if (binding.former.getUri() != uri || uri.empty()) {
         binding.former = TzXmlNamespace(prefix, uri);
     }
@@ -49,33 +52,44 @@ void TzXmlNameResolver::undo(std::size_t count) noexcept {
     }
 }
 
-void TzXmlNameResolver::resolveAnew(Kind kind, TzXmlNameCache& cache, std::string_view spelling,
-                                    TzXmlName& name) {
-    TzXmlNameCache::Entry* entry = cache.place(spelling);
-    if (entry == nullptr) {
-        spellOut(kind, spelling, name);
+template <typename Spelling, typename Text>
+void TzXmlNameResolver::resolveAnew(TzXmlNameCache<Spelling>& cache, Kind kind,
+                                    const Text& spelling, TzXmlName& name, std::uint64_t& stamp) {
+    TzXmlName resolved = spellOut(kind, textOf(spelling));
+    if (!Spelling::accepts(spelling)) {
+        name = std::move(resolved);
+        stamp = 0;
         return;
     }
-    if (!entry->holds(spelling) && !cache.take(*entry, spelling)) {
-        entry = cache.place(spelling);
-        cache.take(*entry, spelling);
+    auto* entry = &cache.place(spelling);
+    if (!entry->spelling.is(spelling)) {
+        entry = &cache.take(spelling);
     }
-    spellOut(kind, spelling, entry->name);
+    if (entry->stamp == 0 || entry->name.getNamespace() != resolved.getNamespace()) {
+        entry->name = std::move(resolved);
+        entry->stamp = ++latestStamp_;
+    }
     entry->scope = scope_;
     name = entry->name;
+    stamp = entry->stamp;
 }
 
-void TzXmlNameResolver::spellOut(Kind kind, std::string_view spelling, TzXmlName& name) {
+template void TzXmlNameResolver::resolveAnew(TzXmlNameCache<TzXmlSpellingText>&, Kind,
+                                             const TzXmlNameText&, TzXmlName&, std::uint64_t&);
+template void TzXmlNameResolver::resolveAnew(TzXmlNameCache<TzXmlSpellingAddress>&, Kind,
+                                             const char* const&, TzXmlName&, std::uint64_t&);
+
+TzXmlName TzXmlNameResolver::spellOut(Kind kind, std::string_view spelling) {
     const bool isAttribute = kind == Kind::Attribute;
     if (isAttribute && spelling == "xmlns") {
-        spelling = "xmlns:";
+        return {{}, TzXmlNamespace::getXmlns()};
     }
     const std::size_t colon = spelling.find(':');
     const bool hasColon = colon != std::string_view::npos;
     const std::string_view prefix = spelling.substr(0, hasColon ? colon : 0);
-    name.setLocalName(spelling.substr(hasColon ? colon + 1 : 0));
-    name.setNamespace(isAttribute && prefix.empty() ? TzXmlNamespace::getEmptyNamespace()
-                                                    : bound(prefix));
+    const std::string_view localName = spelling.substr(hasColon ? colon + 1 : 0);
+    return {localName,
+            isAttribute && prefix.empty() ? TzXmlNamespace::getEmptyNamespace() : bound(prefix)};
 }
 
 const TzXmlNamespace& TzXmlNameResolver::bound(std::string_view prefix) {
@@ -86,7 +100,7 @@ const TzXmlNamespace& TzXmlNameResolver::bound(std::string_view prefix) {
         return TzXmlNamespace::getXml();
     }
     const auto found = bindings_.find(prefix);
-    if (found != bindings_.end()) {
+    if (found != bindings_.end() && found->second.depth > 0) {
         return found->second.current;
     }
     unbound_ = TzXmlNamespace(prefix, {});

@@ -19,6 +19,9 @@
 /// All names under one declaration share its record. The cost of a declaration or of a new name is
 /// logarithmic in the number of prefixes in scope, whatever the prefixes are; a name met before
 /// under the same declarations costs one comparison of its text.
+///
+/// A name is resolved into a place of the caller's that is used again and again, with a stamp
+/// beside it (0 at first): a place that holds the name already is not touched.
 class TzXmlNameResolver {
 public:
     /// Declares a namespace for what follows. The number of declarations to undo later: 0 or 1.
@@ -28,20 +31,21 @@ public:
 
     /// Makes `name` the name of the element spelt `spelling`: without prefix in the default
     /// namespace.
-    void resolveElement(std::string_view spelling, TzXmlName& name) {
-        resolve(Kind::Element, elements_, spelling, name);
+    void resolveElement(std::string_view spelling, TzXmlName& name, std::uint64_t& stamp) {
+        resolve(elements_, Kind::Element, TzXmlNameText(spelling), name, stamp);
     }
-    /// Makes `name` the name of the attribute spelt `spelling`: without prefix in no namespace.
-    void resolveAttribute(std::string_view spelling, TzXmlName& name) {
-        resolve(Kind::Attribute, attributes_, spelling, name);
+    /// Makes `name` the name of the attribute spelt `spelling`: without prefix in no namespace. One
+    /// address of a spelling must stand for one text throughout.
+    void resolveAttribute(const char* spelling, TzXmlName& name, std::uint64_t& stamp) {
+        resolve(attributes_, Kind::Attribute, spelling, name, stamp);
     }
 
 private:
     /// What a prefix stands for.
     struct Binding {
-        TzXmlNamespace current; // of the prefix and an empty URI where it is not bound
-        TzXmlNamespace former;  // the latest one undone, for a declaration that is repeated
-        std::size_t depth = 0;  // declarations in force, shadowed ones included
+        TzXmlNamespace current;
+        TzXmlNamespace former; // the latest one undone, for a declaration that is repeated
+        std::size_t depth = 0; // declarations in force, shadowed ones included; 0: not bound
     };
     using Bindings = std::map<TzCString, Binding, std::less<>>;
     /// How to take back one declaration.
@@ -52,23 +56,29 @@ private:
     };
     enum class Kind { Element, Attribute };
 
-    void resolve(Kind kind, TzXmlNameCache& cache, std::string_view spelling, TzXmlName& name) {
-        const TzXmlNameCache::Entry* entry = cache.place(spelling);
-        if (entry != nullptr && entry->scope == scope_ && entry->holds(spelling)) {
-            name = entry->name;
-        } else {
-            resolveAnew(kind, cache, spelling, name);
+    template <typename Spelling, typename Text>
+    void resolve(TzXmlNameCache<Spelling>& cache, Kind kind, const Text& spelling, TzXmlName& name,
+                 std::uint64_t& stamp) {
+        const auto& entry = cache.place(spelling);
+        if (entry.scope != scope_ || !entry.spelling.is(spelling)) {
+            resolveAnew(cache, kind, spelling, name, stamp);
+        } else if (entry.stamp != stamp) {
+            name = entry.name;
+            stamp = entry.stamp;
         }
     }
-    void resolveAnew(Kind kind, TzXmlNameCache& cache, std::string_view spelling, TzXmlName& name);
-    void spellOut(Kind kind, std::string_view spelling, TzXmlName& name);
+    template <typename Spelling, typename Text>
+    void resolveAnew(TzXmlNameCache<Spelling>& cache, Kind kind, const Text& spelling,
+                     TzXmlName& name, std::uint64_t& stamp);
+    TzXmlName spellOut(Kind kind, std::string_view spelling);
     const TzXmlNamespace& bound(std::string_view prefix);
 
     Bindings bindings_;
     std::vector<Change> changes_;
     std::uint64_t scope_ = 1; // a number for each state of the bindings
     std::uint64_t latestScope_ = 1;
+    std::uint64_t latestStamp_ = 0;
     TzXmlNamespace unbound_;
-    TzXmlNameCache elements_;
-    TzXmlNameCache attributes_;
+    TzXmlNameCache<TzXmlSpellingText> elements_;
+    TzXmlNameCache<TzXmlSpellingAddress> attributes_;
 };

@@ -11,7 +11,7 @@
 #include <tz/xml/TzXmlParseError.h>
 
 #include <algorithm>
-#include <cstring>
+#include <cstdint>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -25,17 +25,9 @@ constexpr std::size_t LastPiece = std::size_t{512} * 1024 * 1024;
 /// Elements with more attributes get them by look-up, so that the work stays near linear.
 constexpr std::size_t FewAttributes = 12;
 
-/// The prefix that the attribute `spelling` declares: nothing when it is no declaration.
-std::optional<std::string_view> declaredPrefix(const char* spelling) noexcept {
-    // Names that begin with "x" are common ("xsi:type"), those with "xm" are not.
-    if (spelling[0] != 'x' || spelling[1] != 'm' || std::strncmp(spelling, "xmlns", 5) != 0) {
-        return std::nullopt;
-    }
-    if (spelling[5] == ':') {
-        return spelling + 6;
-    }
-    return spelling[5] == '\0' ? std::optional<std::string_view>("") : std::nullopt;
-}
+/// Whether the attribute `spelling` may declare a namespace. Names that begin with "x" are common
+/// ("xsi:type"), those with "xm" are not.
+bool mayDeclare(const char* spelling) noexcept { return spelling[0] == 'x' && spelling[1] == 'm'; }
 
 } // namespace
 
@@ -60,12 +52,14 @@ public:
 private:
     struct OpenElement {
         TzXmlName name;
+        std::uint64_t stamp = 0;
         std::size_t declarations = 0;
     };
 
     void deliverText();
     OpenElement& open();
     std::size_t declare(const char* const* attributes);
+    std::size_t declareOne(std::string_view spelling, const char* uri);
     const TzXmlAttributeSet& collect(const char* const* attributes);
     void collectFew(const char* const* attributes, std::size_t count);
     void collectMany(const char* const* attributes);
@@ -80,6 +74,7 @@ private:
     std::size_t depth_ = 0;
     bool isLeaf_ = false; // the latest tag was a start tag
     TzXmlAttributeSet attributes_;
+    std::vector<std::uint64_t> stamps_; // of the names in attributes_ that collectFew put there
     const TzXmlAttributeSet noAttributes_;
 };
 
@@ -119,11 +114,8 @@ void TzXmlSAXParser::Session::startTag(const char* name, const char* const* attr
         deliverText();
     }
     OpenElement& element = open();
-    element.declarations = 0;
-    if (*attributes != nullptr) {
-        element.declarations = declare(attributes);
-    }
-    resolver_.resolveElement(name, element.name);
+    element.declarations = *attributes != nullptr ? declare(attributes) : 0;
+    resolver_.resolveElement(name, element.name, element.stamp);
     const TzXmlAttributeSet& set = *attributes != nullptr ? collect(attributes) : noAttributes_;
     isLeaf_ = true;
     if (parser_.handler_ != nullptr) {
@@ -141,7 +133,9 @@ void TzXmlSAXParser::Session::endTag() {
     if (parser_.handler_ != nullptr) {
         parser_.handler_->endElement(element.name);
     }
-    resolver_.undo(element.declarations);
+    if (element.declarations > 0) {
+        resolver_.undo(element.declarations);
+    }
 }
 
 void TzXmlSAXParser::Session::deliverText() {
@@ -164,11 +158,20 @@ TzXmlSAXParser::Session::OpenElement& TzXmlSAXParser::Session::open() {
 std::size_t TzXmlSAXParser::Session::declare(const char* const* attributes) {
     std::size_t declarations = 0;
     for (; *attributes != nullptr; attributes += 2) {
-        if (const auto prefix = declaredPrefix(*attributes)) {
-            declarations += resolver_.declare(*prefix, attributes[1]);
+        if (mayDeclare(*attributes)) {
+            declarations += declareOne(attributes[0], attributes[1]);
         }
     }
     return declarations;
+}
+
+std::size_t TzXmlSAXParser::Session::declareOne(std::string_view spelling, const char* uri) {
+    constexpr std::string_view Default = "xmlns";
+    constexpr std::string_view Prefixed = "xmlns:";
+    if (spelling.starts_with(Prefixed)) {
+        return resolver_.declare(spelling.substr(Prefixed.size()), uri);
+    }
+    return spelling == Default ? resolver_.declare({}, uri) : 0;
 }
 
 const TzXmlAttributeSet& TzXmlSAXParser::Session::collect(const char* const* attributes) {
@@ -182,7 +185,7 @@ const TzXmlAttributeSet& TzXmlSAXParser::Session::collect(const char* const* att
     if (count <= FewAttributes) {
         collectFew(attributes, count);
     }
-    if (count > FewAttributes || namesRepeat()) {
+    if (count > FewAttributes || (count > 1 && namesRepeat())) {
         collectMany(attributes);
     }
     return attributes_;
@@ -196,9 +199,12 @@ void TzXmlSAXParser::Session::collectFew(const char* const* attributes, std::siz
     while (attributes_.size() < count) {
         attributes_.append(TzXmlAttribute());
     }
-    for (TzXmlAttribute& attribute : attributes_) {
-        resolver_.resolveAttribute(attributes[0], attribute.getName());
-        attribute.assignValue(attributes[1]);
+    stamps_.resize(count);
+    TzXmlAttribute* attribute = attributes_.begin();
+    for (std::uint64_t& stamp : stamps_) {
+        resolver_.resolveAttribute(attributes[0], attribute->getName(), stamp);
+        attribute->assignValue(attributes[1]);
+        ++attribute;
         attributes += 2;
     }
 }
@@ -206,9 +212,11 @@ void TzXmlSAXParser::Session::collectFew(const char* const* attributes, std::siz
 // Of attributes with one name and two spellings the last one counts.
 void TzXmlSAXParser::Session::collectMany(const char* const* attributes) {
     attributes_.clear();
+    stamps_.clear();
     for (; *attributes != nullptr; attributes += 2) {
         TzXmlName name;
-        resolver_.resolveAttribute(attributes[0], name);
+        std::uint64_t stamp = 0;
+        resolver_.resolveAttribute(attributes[0], name, stamp);
         attributes_.add(std::move(name), attributes[1]);
     }
 }

@@ -5,7 +5,6 @@
 #include <tz/tools/TzCString.h>
 
 #include <cstddef>
-#include <memory>
 #include <string_view>
 
 class TzXmlContentHandler;
@@ -34,23 +33,26 @@ public:
     /// Sets the handler for the next event; allowed inside an event. Null drops events.
     void setContentHandler(TzXmlContentHandler* handler) noexcept { handler_ = handler; }
 
-    /// Elements nested deeper than this are refused.
+    /// Elements nested deeper than this are refused; holds from the next element on.
     void setDepthLimit(std::size_t limit) noexcept { depthLimit_ = limit; }
     /// Depth limit in force.
     std::size_t getDepthLimit() const noexcept { return depthLimit_; }
-    /// Elements with more attributes (declarations included) are refused.
+    /// Elements with more attributes (declarations included) are refused; holds from the next
+    /// element on.
     void setAttributeLimit(std::size_t limit) noexcept { attributeLimit_ = limit; }
     /// Attribute limit in force.
     std::size_t getAttributeLimit() const noexcept { return attributeLimit_; }
 
     /// Reads the whole document `text`. `TzXmlParseError` with line and column when it is not well
     /// formed or breaks a limit; what a handler throws passes through; `TzTHRIllegalUsage` when called
-    /// while this parser parses. Linear in the length of the text.
+    /// while this parser parses. The parser can be used again after any error. Linear in the length
+    /// of the text (times the logarithm of the number of attributes and prefixes).
     void parse(std::string_view text);
 
-    /// Line of the event under way or of the last one, from 1; 0 before the first parse.
+    /// Line of the event under way, from 1; after a failed parse, of the event it ended at; otherwise
+    /// 0. A text event has the place of the tag that ends the text. Counted when asked for.
     std::size_t getLine() const noexcept;
-    /// Column (in bytes of the text as read) of that event, from 1; 0 before the first parse.
+    /// Column (in characters) of that event, from 1; otherwise 0. Counted when asked for.
     std::size_t getColumn() const noexcept;
 
 private:
