@@ -112,5 +112,5 @@ TzSoapMessage workloads::references(int references) {
 }
 
 std::string workloads::textOf(const TzSoapMessage& message) {
-    return TzSoapMessage(message).asString();
+    return message.asString();
 }

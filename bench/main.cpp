@@ -189,7 +189,7 @@ void addIndexing() {
 int main(int argc, char** argv) {
     // Memory that was freed stays with the program, so that page faults do not count.
     mallopt(M_TRIM_THRESHOLD, -1);
-    mallopt(M_MMAP_THRESHOLD, 1 << 30);
+    mallopt(M_MMAP_THRESHOLD, 32 << 20);
     benchmark::Initialize(&argc, argv);
     addStructs();
     addRequest();
