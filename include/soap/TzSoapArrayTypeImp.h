@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapDefaultType.h>
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapGenericTypeHandler.h>
+#include <soap/TzSoapTypeImp.h>
+#include <soap/TzSoapVersion.h>
+#include <tz/tools/TzCString.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+/// Body of an array: its item type and its shape. Derived bodies hold the items; this one holds
+/// none and refuses to reach them. Reads its own members while its element is open.
+///
+/// A shape has one bound for each axis, leftmost first; a leftmost bound of 0 is open. Positions
+/// are counted row by row, the rightmost axis fastest, and from 0 whatever the start index. What
+/// exceeds 32 bits is an error. An operation that throws leaves the array as it was. Only the
+/// reference count is locked.
+class TZSOAP_API TzSoapArrayTypeImp : public TzSoapTypeImp, public TzSoapGenericTypeHandler {
+public:
+    /// One entry for each axis.
+    using Index = std::vector<unsigned int>;
+
+    ~TzSoapArrayTypeImp() override;
+
+    /// `Array`.
+    TzSoapContentBase::SoapTypeId getSoapTypeId() const override;
+    /// "Array".
+    const TzCString& getSoapTypeIdAsString() const override;
+    /// A new body with the same shape; derived bodies share their items with it.
+    TzSoapElementImp* clone() const override;
+    /// Whether only positions that were given an item hold one; false here.
+    virtual bool isSparse() const;
+    /// Whether every position holds an item; false here.
+    virtual bool isCompact() const;
+    /// Number of items; 0 here.
+    virtual unsigned int entries() const;
+
+    /// The item at a position, made if need be. Here `TzXmlDomainError` ILLEGAL_ARRAY "operator[]",
+    /// as are all four.
+    virtual TzSoapType& elementAt(unsigned int position);
+    /// The item at a position, a substitute where there is none.
+    virtual const TzSoapType& elementAt(unsigned int position) const;
+    /// The item at an index, made if need be.
+    virtual TzSoapType& elementAt(const Index& index);
+    /// The item at an index, a substitute where there is none.
+    virtual const TzSoapType& elementAt(const Index& index) const;
+
+    /// `elementAt` for a position within the shape; `TzXmlBoundsError` INDEX_RANGE_VEC beyond it.
+    TzSoapType& at(unsigned int position);
+    /// `elementAt` for a position within the shape; `TzXmlBoundsError` INDEX_RANGE_VEC beyond it.
+    const TzSoapType& at(unsigned int position) const;
+    /// `elementAt` for an index within the shape; `TzXmlBoundsError` INDEX_RANGE_VEC outside.
+    TzSoapType& at(const Index& index);
+    /// `elementAt` for an index within the shape; `TzXmlBoundsError` INDEX_RANGE_VEC outside.
+    const TzSoapType& at(const Index& index) const;
+    /// The same for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING when it is none.
+    TzSoapType& at(const TzCString& index);
+    /// The same for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING when it is none.
+    const TzSoapType& at(const TzCString& index) const;
+    /// `elementAt`, the shape not asked.
+    TzSoapType& bcat(unsigned int position) { return elementAt(position); }
+    /// `elementAt`, the shape not asked.
+    const TzSoapType& bcat(unsigned int position) const { return elementAt(position); }
+    /// `elementAt`, the shape not asked.
+    TzSoapType& bcat(const Index& index) { return elementAt(index); }
+    /// `elementAt`, the shape not asked.
+    const TzSoapType& bcat(const Index& index) const { return elementAt(index); }
+    /// The same for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING when it is none.
+    TzSoapType& bcat(const TzCString& index);
+    /// The same for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING when it is none.
+    const TzSoapType& bcat(const TzCString& index) const;
+
+    /// The item type as a qualified name such as "xsd:int".
+    const TzCString& getElementType() const noexcept { return elementType_; }
+    /// Replaces the item type.
+    void setElementType(const TzCString& elementType) { elementType_ = elementType; }
+    /// Number of axes.
+    unsigned int getDimension() const noexcept { return static_cast<unsigned int>(bounds_.size()); }
+    /// The size of each axis.
+    const Index& getBounds() const noexcept { return bounds_; }
+    /// The bounds as text of `version`.
+    TzCString getBoundsAsString(TzSoapVersion::Version version) const;
+    /// Item type and bounds as SOAP 1.1 writes them, such as "xsd:int[2,3]".
+    TzCString getArrayType() const;
+    /// Changes the shape. `TzXmlDomainError` ILLEGAL_ARRAY "setBounds" for another number of axes,
+    /// `TzXmlBoundsError` BAD_INDEX_VECTOR for no shape.
+    void setBounds(const Index& bounds);
+    /// The same for bounds as text; `TzXmlBadArgError` BAD_INDEX_STRING when they are none.
+    void setBounds(const TzCString& bounds);
+    /// The lower index of each axis.
+    const Index& getStartIndex() const noexcept { return startIndex_; }
+    /// Whether an open leftmost axis is written as "0"; false unless set.
+    bool getSizeShouldBeEncoded() const noexcept { return sizeShouldBeEncoded_; }
+    /// Sets whether an open leftmost axis is written as "0".
+    void setSizeShouldBeEncoded(bool encoded) noexcept { sizeShouldBeEncoded_ = encoded; }
+
+    using TzSoapTypeImp::getOffsetAttribute;
+    /// The offset that is written, as text of `version`; "" when none was set or all of it is 0.
+    TzCString getOffsetAttribute(TzSoapVersion::Version version) const;
+    /// The offset that is written, empty when none was set.
+    const Index& getOffsetIndex() const noexcept { return offset_; }
+    /// Whether an offset was set.
+    bool hasOffset() const noexcept { return offsetSet_; }
+    /// Sets the offset: the index of the first item that is written, and of the first member read.
+    void setOffset(const Index& offset);
+    /// The same for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING when it is none.
+    void setOffset(const TzCString& offset);
+    /// How many items are written at most; 0, the default, for all.
+    unsigned int getCountElementsToWrite() const noexcept { return countElementsToWrite_; }
+    /// Sets how many items are written at most, 0 for all.
+    void setCountElementsToWrite(unsigned int count) noexcept { countElementsToWrite_ = count; }
+    /// The placeholder that stands for positions without an item; one for the array and its copies.
+    const TzSoapDefaultType& getDefaultValue() const;
+
+    /// The position of an index. `TzXmlBoundsError` INDEX_RANGE_VEC outside of the shape, which
+    /// `noCheck` lets pass unless the position exceeds 32 bits: then missing axes count as 0 and
+    /// surplus ones are ignored. O(axes).
+    unsigned int indexToLinear(const Index& index, bool noCheck) const;
+    /// The index of a position; unless `noCheck`, `TzXmlBoundsError` INDEX_RANGE_VEC beyond the
+    /// shape. O(axes).
+    Index linearToIndex(unsigned int position, bool noCheck) const;
+    /// Whether the index lies within the shape; if not, `TzXmlBoundsError` INDEX_RANGE_VEC when
+    /// `throwOnFailure`. O(axes).
+    bool boundsCheck(const Index& index, bool throwOnFailure) const;
+    /// Computes the distance of neighbours on each axis, unless that is done already. O(axes).
+    void initializeStep() const;
+
+    /// The index or the bounds that a text such as "[2,3]" or "2 3" states; in bounds mode the
+    /// first entry may be open. `TzXmlBadArgError` BAD_INDEX_STRING for any other text. O(text).
+    static Index stringToVector(const TzCString& text, bool boundsMode);
+    /// The same for a text of SOAP 1.2 such as "2 3" or "* 3"; the mode makes no difference.
+    static Index stringToVectorForLatestVersion(const TzCString& text, bool boundsMode);
+    /// An index or bounds as text of `version`; a leftmost 0 as digit or as the mark of an open
+    /// axis.
+    static TzCString vectorToString(const Index& vector, bool zeroAsDigit,
+                                    TzSoapVersion::Version version);
+    /// The same as SOAP 1.2 writes it.
+    static TzCString vectorToStringForLatestVersion(const Index& vector, bool zeroAsDigit);
+    /// Number of positions: the product of the bounds, an open leftmost axis left out; 0 for {0}
+    /// and without axes. `TzXmlBoundsError` BAD_INDEX_VECTOR for a 0 on another axis and for a
+    /// product beyond 32 bits.
+    static unsigned int allocSizeOf(const Index& bounds);
+    /// Whether an offset says nothing: no entry but 0.
+    static bool isDefaultOffset(const Index& offset) noexcept;
+    /// Whether `value` refers to a placeholder, as positions never assigned do.
+    static bool isPlaceholder(const TzSoapType& value);
+
+    /// Takes a member that was read: puts it at the position behind the last one's, the first at
+    /// the offset.
+    void addChild(const TzSoapType& child) override;
+    /// Starts reading at the first member's start tag; the array's own name, attributes and offset
+    /// are there already.
+    void doStart(const TzXmlName& childName, const TzXmlAttributeSet& childAttributes,
+                 TzSoapParseContext* context);
+
+protected:
+    /// An array without name, item type and axes.
+    TzSoapArrayTypeImp();
+    /// An array with one axis. Errors as below.
+    TzSoapArrayTypeImp(TzXmlName name, TzCString elementType, unsigned int size,
+                       unsigned int start);
+    /// An array of a shape; a start that is not 0 is its offset, too. `TzXmlBoundsError`
+    /// MISMATCH_BOUNDS for different numbers of axes, MISMATCH_VECTOR for a start beyond its bound,
+    /// BAD_INDEX_VECTOR for no shape.
+    TzSoapArrayTypeImp(TzXmlName name, TzCString elementType, Index bounds, Index start);
+    /// The same for bounds and start as text; `TzXmlBadArgError` BAD_INDEX_STRING when one is none.
+    TzSoapArrayTypeImp(TzXmlName name, TzCString elementType, const TzCString& bounds,
+                       const TzCString& start);
+    /// Copies element and shape and shares the placeholder.
+    TzSoapArrayTypeImp(const TzSoapArrayTypeImp& other);
+    /// A copy with other bounds; derived classes call `setBounds` themselves. Errors as there.
+    TzSoapArrayTypeImp(const TzSoapArrayTypeImp& other, const Index& newBounds);
+    TzSoapArrayTypeImp& operator=(const TzSoapArrayTypeImp&) = delete;
+
+    /// Installs bounds that have the right number of axes. `TzXmlBoundsError` BAD_INDEX_VECTOR for
+    /// no shape.
+    virtual void doSetBounds(const Index& bounds);
+    /// Puts a member that is read in `context`, null outside of a reading, at a position.
+    virtual void place(unsigned int position, const TzSoapType& member,
+                       TzSoapParseContext* context);
+
+    /// The position of an index, the shape not asked; nothing when it exceeds 32 bits.
+    std::optional<unsigned int> positionOf(const Index& index) const;
+    /// Throws `TzXmlBoundsError` INDEX_RANGE_VEC for an index.
+    [[noreturn]] void throwOutOfRange(const Index& index) const;
+    /// Throws `TzXmlBoundsError` BAD_INDEX_VECTOR naming the largest entry of a vector.
+    [[noreturn]] static void throwTooLarge(const Index& vector);
+    /// The bounds that the size of an array that is read states, one open axis for none.
+    static Index boundsFromSize(const TzCString& size);
+
+private:
+    void checkPosition(unsigned int position) const;
+
+    TzCString elementType_;
+    Index bounds_;
+    Index startIndex_;
+    mutable Index step_;
+    Index offset_;
+    mutable TzSoapDefaultType defaultValue_; // without a body until it is asked for
+    std::uint64_t cursor_ = 0;               // position of the next member that is read
+    unsigned int countElementsToWrite_ = 0;
+    mutable bool stepInitialized_ = false;
+    bool sizeShouldBeEncoded_ = false;
+    bool offsetSet_ = false;
+    bool cursorSet_ = false;
+};

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapArrayTypeImp.h>
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapType.h>
+
+#include <list>
+#include <memory>
+#include <utility>
+#include <vector>
+
+class TzSoapSparseArrayType;
+
+/// Body of a sparse array: items at the indices that were given one, in order of insertion.
+///
+/// Look-ups walk a short list and use an index beside a long one, O(log items). Handing out
+/// positions through which indices can be changed drops that index; the next look-up makes it anew,
+/// O(items * log items). Only the reference count is locked.
+class TZSOAP_API TzSoapSparseArrayImp : public TzSoapArrayTypeImp {
+public:
+    /// Index and value, in order of insertion.
+    using Items = std::list<std::pair<std::vector<unsigned int>, TzSoapType>>;
+    /// Position of an item; valid until that item is removed.
+    using iterator = Items::iterator;
+    /// Position of an item; valid until that item is removed.
+    using const_iterator = Items::const_iterator;
+
+    /// An array with one axis, without items. Errors as for the base.
+    TzSoapSparseArrayImp(TzXmlName name, TzCString elementType, unsigned int size);
+    /// An array of a shape given as text. Errors as for the base.
+    TzSoapSparseArrayImp(TzXmlName name, TzCString elementType, const TzCString& bounds);
+    /// An array of a shape. Errors as for the base.
+    TzSoapSparseArrayImp(TzXmlName name, TzCString elementType, Index bounds);
+    /// Copies shape and items; the values are shared, the template too. O(items).
+    TzSoapSparseArrayImp(const TzSoapSparseArrayImp& other);
+    TzSoapSparseArrayImp& operator=(const TzSoapSparseArrayImp&) = delete;
+    ~TzSoapSparseArrayImp() override;
+
+    /// The array that a reading starts, `size` being its shape as text, "" for one open axis.
+    /// Errors as for the constructors. Positions without an item take no memory, so any shape is
+    /// accepted.
+    static TzSoapSparseArrayType forReading(const TzXmlName& name, const TzCString& elementType,
+                                            const TzCString& size);
+
+    TzSoapElementImp* clone() const override;
+    /// True.
+    bool isSparse() const override;
+    /// Number of items.
+    unsigned int entries() const override;
+    /// The item at a position; a copy of the template is added when there is none.
+    TzSoapType& elementAt(unsigned int position) override;
+    /// The item at a position, the template when there is none.
+    const TzSoapType& elementAt(unsigned int position) const override;
+    /// The item at an index, the first if there are several; a copy of the template is added when
+    /// there is none. The shape is not asked.
+    TzSoapType& elementAt(const Index& index) override;
+    /// The item at an index, the first if there are several; the template when there is none.
+    const TzSoapType& elementAt(const Index& index) const override;
+
+    /// The first item.
+    iterator begin();
+    /// Behind the last item.
+    iterator end();
+    /// The first item.
+    const_iterator begin() const noexcept { return items_.begin(); }
+    /// Behind the last item.
+    const_iterator end() const noexcept { return items_.end(); }
+    /// The size given to the constructor that takes one, 0 for the others.
+    unsigned int getSize() const noexcept { return size_; }
+
+    /// Takes a member that was read: puts it at its position attribute, which is removed from it.
+    /// `TzXmlBadArgError` BAD_INDEX_STRING for a position that is none, `TzXmlBoundsError`
+    /// INDEX_RANGE_VEC for one outside of the shape.
+    void addChild(const TzSoapType& child) override;
+    /// Ends reading.
+    void endElement(const TzXmlName& name) override;
+
+protected:
+    /// Installs bounds and removes the items outside of them; the others keep index and order.
+    /// O(items).
+    void doSetBounds(const Index& bounds) override;
+
+private:
+    class Lookup;
+
+    iterator find(const Index& index) const;
+    TzSoapType& add(const Index& index, TzSoapType value);
+    const TzSoapType& getTemplate() const;
+
+    mutable Items items_;
+    mutable std::unique_ptr<Lookup> lookup_; // only beside long lists
+    mutable TzSoapType template_;            // without a body until it is asked for
+    unsigned int size_ = 0;
+};

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapArrayType.h>
+#include <soap/TzSoapExport.h>
+
+#include <list>
+#include <utility>
+
+class TzSoapSparseArrayImp;
+
+/// Handle of a sparse array: items at the indices that were given one, in order of insertion.
+///
+/// `operator[]` and `operator()` on a non-const array add an item where there is none; on a const
+/// array they answer with a template and add nothing. Errors of the constructors:
+/// `TzXmlBoundsError` BAD_INDEX_VECTOR for an open axis that is not the leftmost or more than 32
+/// bits count, `TzXmlBadArgError` BAD_INDEX_STRING for a text that states no bounds. Threads as for
+/// `TzSoapType`.
+class TZSOAP_API TzSoapSparseArrayType : public TzSoapArrayType {
+public:
+    /// Position of an item, a pair of index and value; valid until that item is removed.
+    using iterator = std::list<std::pair<std::vector<unsigned int>, TzSoapType>>::iterator;
+    /// Position of an item, a pair of index and value; valid until that item is removed.
+    using const_iterator =
+        std::list<std::pair<std::vector<unsigned int>, TzSoapType>>::const_iterator;
+
+    /// An array with one axis.
+    TzSoapSparseArrayType(const TzCString& elementType, unsigned int size);
+    /// An array with one axis, named `name`.
+    TzSoapSparseArrayType(const TzXmlName& name, const TzCString& elementType, unsigned int size);
+    /// An array of the shape that a text such as "[2,3]" or "2 3" states.
+    TzSoapSparseArrayType(const TzCString& elementType, const TzCString& bounds);
+    /// An array of the shape that a text states, named `name`.
+    TzSoapSparseArrayType(const TzXmlName& name, const TzCString& elementType,
+                          const TzCString& bounds);
+    /// An array of a shape.
+    TzSoapSparseArrayType(const TzCString& elementType, const std::vector<unsigned int>& bounds);
+    /// An array of a shape, named `name`.
+    TzSoapSparseArrayType(const TzXmlName& name, const TzCString& elementType,
+                          const std::vector<unsigned int>& bounds);
+    TzSoapSparseArrayType(const TzSoapSparseArrayType&) noexcept = default;
+    TzSoapSparseArrayType(TzSoapSparseArrayType&&) noexcept = default;
+    TzSoapSparseArrayType& operator=(const TzSoapSparseArrayType&) noexcept = default;
+    TzSoapSparseArrayType& operator=(TzSoapSparseArrayType&&) noexcept = default;
+    ~TzSoapSparseArrayType() override;
+
+    /// A new array with the same items, whose values both share. O(items).
+    TzSoapSparseArrayType copy() const;
+    /// The first item. Whoever changes an index through it must not keep it over a look-up.
+    iterator begin();
+    /// Behind the last item.
+    iterator end();
+    /// The first item.
+    const_iterator begin() const;
+    /// Behind the last item.
+    const_iterator end() const;
+
+protected:
+    /// A handle to `body`, which may be null.
+    explicit TzSoapSparseArrayType(TzSoapSparseArrayImp* body) noexcept;
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    TzSoapSparseArrayImp& body() const;
+
+private:
+    friend struct TzSoapAccess;
+};
