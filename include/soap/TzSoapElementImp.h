@@ -26,6 +26,9 @@ public:
     TzSoapElementImp& operator=(const TzSoapElementImp& other);
     ~TzSoapElementImp() override;
 
+    /// Removes all attributes and whatever else was set; the name stays.
+    void clearElement();
+
     /// The attribute set: the element's SOAP and other attributes.
     TzSoapAttributeSet& getAttributeSet() noexcept { return attributeSet_; }
     /// The attribute set: the element's SOAP and other attributes.

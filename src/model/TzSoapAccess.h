@@ -13,9 +13,9 @@ struct TzSoapAccess {
     template <typename Handle> static decltype(auto) body(const Handle& handle) {
         return handle.body();
     }
-    /// A handle of class `Handle` on `body`.
-    template <typename Handle, typename Body> static Handle handle(Body* body) {
-        return Handle(body);
+    /// A handle of class `Handle` by the constructor that it keeps to itself: on a body, for a version.
+    template <typename Handle, typename Source> static Handle handle(Source source) {
+        return Handle(source);
     }
     /// Whether both handles refer to one body.
     template <typename Handle>

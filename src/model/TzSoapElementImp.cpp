@@ -67,6 +67,14 @@ TzSoapElementImp& TzSoapElementImp::operator=(const TzSoapElementImp& other) {
 
 TzSoapElementImp::~TzSoapElementImp() = default;
 
+void TzSoapElementImp::clearElement() {
+    attributeSet_.clear();
+    texts_.reset();
+    type_ = TzXmlName();
+    mustUnderstand_ = Flag::Absent;
+    root_ = Flag::Absent;
+}
+
 void TzSoapElementImp::setText(TzCString Texts::*text, const TzCString& value) {
     if (texts_ == nullptr) {
         if (value.empty()) {

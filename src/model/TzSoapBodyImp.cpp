@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapBodyImp.h>
+
+#include <soap/TzSoapFaultImp.h>
+#include <soap/TzSoapParseContext.h>
+#include <soap/TzSoapUtils.h>
+
+#include "model/TzSoapAccess.h"
+
+TzSoapBodyImp::TzSoapBodyImp(TzSoapVersion::Version version)
+    : TzSoapElementImp(TzSoapVersion::getSoapElementName(TzSoapVersion::Body, version)),
+      version_(version), fault_(TzSoapAccess::handle<TzSoapFault>(version)) {}
+
+TzSoapBodyImp::TzSoapBodyImp(const TzSoapBodyImp& other)
+    : TzSoapElementImp(other), TzBodyBase(other), TzSoapGenericTypeHandler(other),
+      version_(other.version_), entries_(other.entries_.copyValues()), fault_(other.fault_.copy()) {
+}
+
+TzSoapBodyImp::~TzSoapBodyImp() = default;
+
+void TzSoapBodyImp::setVersion(TzSoapVersion::Version version) {
+    setName(TzSoapVersion::getSoapElementName(TzSoapVersion::Body, version));
+    version_ = version;
+    TzSoapAccess::body(fault_).setVersion(version);
+}
+
+TzSoapBodyImp* TzSoapBodyImp::clone() const { return new TzSoapBodyImp(*this); }
+
+void TzSoapBodyImp::clear() {
+    clearElement();
+    entries_.clear();
+    TzSoapFaultImp& fault = TzSoapAccess::body(fault_);
+    fault.clear();
+    fault.clearSubcodes();
+    fault.setVersion(version_);
+}
+
+bool TzSoapBodyImp::hasSoapFault() const {
+    return !TzSoapAccess::body(fault_).getCode().getLocalName().empty();
+}
+
+void TzSoapBodyImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
+                             TzSoapParseContext* context) {
+    const auto style = TzSoapUtils::beginElement(*this, name, attributes);
+    open(*this, context, style ? &*style : nullptr);
+}
+
+void TzSoapBodyImp::startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(version_);
+    if (!names.matchSoapElement(name, TzSoapVersion::Fault)) {
+        return TzSoapGenericTypeHandler::startElement(name, attributes);
+    }
+    popChildStyle();
+    TzSoapAccess::body(fault_).populate(name, attributes, context());
+}
+
+void TzSoapBodyImp::endElement(const TzXmlName&) {
+    context()->resolveAndClearIdReferences();
+    close();
+}
+
+void TzSoapBodyImp::addChild(const TzSoapType& child) { entries_.append(child); }
+
+bool operator==(const TzSoapBodyImp& left, const TzSoapBodyImp& right) {
+    return left.entries().sharesValues(right.entries());
+}
+
+bool operator!=(const TzSoapBodyImp& left, const TzSoapBodyImp& right) { return !(left == right); }

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapFault.h>
+
+#include <soap/TzSoapConstVisitor.h>
+#include <soap/TzSoapFaultImp.h>
+#include <soap/TzSoapVisitor.h>
+
+#include "output/TzSoapWriteText.h"
+
+TzSoapFault::TzSoapFault() : TzSoapFault(TzSoapVersion::getLatestVersion()) {}
+
+TzSoapFault::TzSoapFault(TzSoapVersion::Version version)
+    : TzSoapFault(new TzSoapFaultImp(
+          TzSoapVersion::getSoapElementName(TzSoapVersion::Fault, version), version)) {}
+
+TzSoapFault::TzSoapFault(TzSoapFaultImp* body) noexcept : TzHandleBase(body) {}
+
+TzSoapFault::~TzSoapFault() = default;
+
+TzSoapFaultImp& TzSoapFault::body() const { return static_cast<TzSoapFaultImp&>(bodyBase()); }
+
+TzSoapFault TzSoapFault::copy() const { return TzSoapFault(body().clone()); }
+
+void TzSoapFault::acceptVisitor(TzSoapVisitor& visitor) { visitor.visit(*this); }
+
+void TzSoapFault::acceptVisitor(TzSoapConstVisitor& visitor) const { visitor.visit(*this); }
+
+void TzSoapFault::setCode(const TzXmlName& code) { body().setCode(code); }
+
+TzXmlName TzSoapFault::getCode() const { return body().getCode(); }
+
+void TzSoapFault::addSubcode(const TzXmlName& subcode) { body().addSubcode(subcode); }
+
+TzXmlName TzSoapFault::getSubcode(unsigned int index) const { return body().getSubcode(index); }
+
+unsigned int TzSoapFault::getSubcodeCount() const { return body().getSubcodeCount(); }
+
+void TzSoapFault::clearSubcodes() { body().clearSubcodes(); }
+
+void TzSoapFault::addFaultCodeQualifier(const TzCString& qualifier) {
+    body().addSubcode(TzXmlName(qualifier, TzXmlNamespace::getEmptyNamespace()));
+}
+
+void TzSoapFault::setReason(const TzCString& reason) { body().setReason(reason); }
+
+TzCString TzSoapFault::getReason() const { return body().getReason(); }
+
+void TzSoapFault::setNode(const TzCString& node) { body().setNode(node); }
+
+const TzCString& TzSoapFault::getNode() const { return body().getNode(); }
+
+void TzSoapFault::setRole(const TzCString& role) { body().setRole(role); }
+
+const TzCString& TzSoapFault::getRole() const { return body().getRole(); }
+
+void TzSoapFault::addDetailEntry(const TzCString& name, const TzSoapType& value) {
+    body().addDetailEntry(name, value);
+}
+
+void TzSoapFault::setDetails(const TzSoapCompositeType& details) { body().setDetails(details); }
+
+const TzSoapCompositeType& TzSoapFault::getDetails() const { return body().getDetails(); }
+
+const TzXmlName& TzSoapFault::getName() const { return body().getName(); }
+
+void TzSoapFault::clear() { body().clear(); }
+
+TzCString TzSoapFault::asString() const { return tzSoapWriteText(*this); }

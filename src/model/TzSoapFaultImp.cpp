@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapFaultImp.h>
+
+#include <soap/TzSoapCompositeTypeImp.h>
+#include <soap/TzSoapParseContext.h>
+#include <tz/xml/TzXmlElementImp.h>
+
+#include "model/TzSoapAccess.h"
+
+// In the order in which an element is compared with them.
+const TzSoapFaultImp::Transition TzSoapFaultImp::Transitions[] = {
+    {TzSoapVersion::FaultCode, State::Code},       {TzSoapVersion::FaultValue, State::SubcodeValue},
+    {TzSoapVersion::FaultSubcode, State::Subcode}, {TzSoapVersion::FaultString, State::Reason},
+    {TzSoapVersion::FaultActor, State::Node},      {TzSoapVersion::FaultRole, State::Role},
+    {TzSoapVersion::FaultDetail, State::Detail},
+};
+
+TzSoapFaultImp::TzSoapFaultImp(const TzXmlName& name, TzSoapVersion::Version version)
+    : details_(TzSoapVersion::getSoapElementName(TzSoapVersion::FaultDetail, version)), name_(name),
+      version_(version) {}
+
+TzSoapFaultImp::TzSoapFaultImp(const TzSoapFaultImp& other)
+    : TzBodyBase(other), TzSoapContentHandler(other), code_(other.code_), reason_(other.reason_),
+      node_(other.node_), role_(other.role_), details_(other.details_.copy()), name_(other.name_),
+      version_(other.version_) {}
+
+TzSoapFaultImp::~TzSoapFaultImp() = default;
+
+TzSoapFaultImp* TzSoapFaultImp::clone() const { return new TzSoapFaultImp(*this); }
+
+void TzSoapFaultImp::setVersion(TzSoapVersion::Version version) {
+    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(version);
+    details_.setName(names.getSoapElementQName(TzSoapVersion::FaultDetail));
+    name_.setNamespace(names.getSoapEnv());
+    version_ = version;
+}
+
+const TzXmlName& TzSoapFaultImp::getSubcode(unsigned int index) const {
+    static const TzXmlName none;
+    return index < subcodes_.size() ? subcodes_[index] : none;
+}
+
+void TzSoapFaultImp::addDetailEntry(const TzCString& name, const TzSoapType& value) {
+    TzSoapAccess::body(value).setName(TzXmlName(name));
+    details_.appendChild(value);
+}
+
+void TzSoapFaultImp::clear() {
+    code_ = TzXmlName();
+    reason_.clear();
+    node_.clear();
+    role_.clear();
+    details_.clearChildren();
+    TzSoapAccess::body(details_).clearElement();
+    version_ = TzSoapVersion::getLatestVersion();
+    state_ = State::None;
+}
+
+void TzSoapFaultImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
+                              TzSoapParseContext* context) {
+    name_ = name;
+    state_ = State::None;
+    scopes_.clear();
+    // The attributes are not kept, but codes may use the prefixes that they declare.
+    element_ = std::make_unique<TzXmlElementImp>(name);
+    element_->getAttributes() = attributes;
+    context->getNamespaces().push_back(element_.get());
+    acceptEvents(context);
+}
+
+void TzSoapFaultImp::startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+    scopes_.push_back(attributes);
+    state_ = stateAfter(name);
+    if (state_ == State::Detail) {
+        readDetail(name, attributes);
+    }
+}
+
+TzSoapFaultImp::State TzSoapFaultImp::stateAfter(const TzXmlName& name) const {
+    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(version_);
+    for (const Transition& transition : Transitions) {
+        if (names.matchSoapElement(name, transition.element)) {
+            const bool codeValue = transition.state == State::SubcodeValue && state_ == State::Code;
+            return codeValue ? State::CodeValue : transition.state;
+        }
+    }
+    return state_;
+}
+
+void TzSoapFaultImp::readDetail(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+    // The detail's end comes to the detail, which receives from here on.
+    scopes_.pop_back();
+    state_ = State::None;
+    TzSoapAccess::body(details_).populate(name, attributes, context());
+}
+
+void TzSoapFaultImp::characters(const TzCString& text) { text_ = text; }
+
+void TzSoapFaultImp::endElement(const TzXmlName&) {
+    setValue();
+    if (!scopes_.empty()) {
+        scopes_.pop_back();
+        return;
+    }
+    context()->getNamespaces().pop_back();
+    element_.reset();
+    declineEvents();
+}
+
+void TzSoapFaultImp::setValue() {
+    switch (state_) {
+    case State::Code:
+        // A version with an element for the value has nothing to say here.
+        if (TzSoapVersion::getSoapElementName(TzSoapVersion::FaultValue, version_).isEmpty()) {
+            code_ = convertToFaultcode(text_);
+        }
+        break;
+    case State::CodeValue:
+        code_ = convertToFaultcode(text_);
+        break;
+    case State::SubcodeValue:
+        subcodes_.push_back(convertToFaultcode(text_));
+        break;
+    case State::Reason:
+        reason_ = text_;
+        break;
+    case State::Node:
+        node_ = text_;
+        break;
+    case State::Role:
+        role_ = text_;
+        break;
+    case State::None:
+    case State::Subcode:
+    case State::Detail:
+        break;
+    }
+    state_ = State::None;
+}
+
+TzXmlName TzSoapFaultImp::convertToFaultcode(const TzCString& text) const {
+    const std::size_t colon = text.find(':');
+    if (colon == TzCString::npos) {
+        return TzXmlName(text, TzXmlNamespace::getEmptyNamespace());
+    }
+    const TzCString prefix = text.substr(0, colon);
+    return TzXmlName(text.substr(colon + 1), TzXmlNamespace(prefix, uriForPrefix(prefix)));
+}
+
+TzCString TzSoapFaultImp::uriForPrefix(const TzCString& prefix) const {
+    for (auto scope = scopes_.rbegin(); scope != scopes_.rend(); ++scope) {
+        const TzXmlAttribute* declared = scope->findDeclaration(prefix);
+        if (declared != scope->end()) {
+            if (!declared->getValue().empty()) {
+                return declared->getValue();
+            }
+            break;
+        }
+    }
+    return context()->getNsUriForPrefix(prefix);
+}

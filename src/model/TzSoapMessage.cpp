@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapMessage.h>
+
+#include <soap/TzSoapConstVisitor.h>
+#include <soap/TzSoapMessageImp.h>
+#include <soap/TzSoapVisitor.h>
+
+TzSoapMessage::TzSoapMessage(TzSoapVersion::Version version)
+    : TzSoapMessage(new TzSoapMessageImp(version)) {}
+
+TzSoapMessage::TzSoapMessage(TzSoapMessageImp* body) noexcept : TzHandleBase(body) {}
+
+TzSoapMessage::~TzSoapMessage() = default;
+
+TzSoapMessageImp& TzSoapMessage::body() const { return static_cast<TzSoapMessageImp&>(bodyBase()); }
+
+TzSoapElementImp& TzSoapMessage::elementBody() const { return body(); }
+
+TzCString TzSoapMessage::getMessageType() const {
+    return "SOAPMessage:" + getSoapVersion().getSoapEnv().getUri();
+}
+
+TzSoapVersion::Version TzSoapMessage::getVersion() const { return body().getVersion(); }
+
+TzSoapVersion& TzSoapMessage::getSoapVersion() const { return body().getSoapVersion(); }
+
+void TzSoapMessage::setVersion(TzSoapVersion::Version version) { body().setVersion(version); }
+
+TzSoapHeader& TzSoapMessage::getSoapHeader() { return body().getSoapHeader(); }
+
+const TzSoapHeader& TzSoapMessage::getSoapHeader() const { return body().getSoapHeader(); }
+
+TzSoapBody& TzSoapMessage::getSoapBody() { return body().getSoapBody(); }
+
+const TzSoapBody& TzSoapMessage::getSoapBody() const { return body().getSoapBody(); }
+
+void TzSoapMessage::setSoapPrefix(const TzCString& prefix) { body().setSoapPrefix(prefix); }
+
+TzCString TzSoapMessage::getSoapPrefix() const { return body().getSoapPrefix(); }
+
+void TzSoapMessage::setSoapEncodingPrefix(const TzCString& prefix) {
+    body().setSoapEncodingPrefix(prefix);
+}
+
+TzCString TzSoapMessage::getSoapEncodingPrefix() const { return body().getSoapEncodingPrefix(); }
+
+void TzSoapMessage::setProlog(const TzXmlProlog& prolog) { body().setProlog(prolog); }
+
+const TzXmlProlog& TzSoapMessage::getProlog() const { return body().getProlog(); }
+
+bool TzSoapMessage::hasProlog() const { return body().hasProlog(); }
+
+void TzSoapMessage::removeProlog() { body().removeProlog(); }
+
+void TzSoapMessage::setTypeRegistry(const TzSoapTypeRegistry& registry) {
+    body().setTypeRegistry(registry);
+}
+
+TzSoapTypeRegistry& TzSoapMessage::getTypeRegistry() { return body().getTypeRegistry(); }
+
+const TzSoapTypeRegistry& TzSoapMessage::getTypeRegistry() const {
+    return body().getTypeRegistry();
+}
+
+void TzSoapMessage::setReadLimits(const TzSoapReadLimits& limits) { body().setReadLimits(limits); }
+
+TzSoapReadLimits TzSoapMessage::getReadLimits() const { return body().getReadLimits(); }
+
+TzSoapMessage TzSoapMessage::copy() const { return TzSoapMessage(body().clone()); }
+
+void TzSoapMessage::acceptVisitor(TzSoapVisitor& visitor) { visitor.visit(*this); }
+
+void TzSoapMessage::acceptVisitor(TzSoapConstVisitor& visitor) const { visitor.visit(*this); }
