@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapCatalog.h>
+#include <soap/TzSoapMessage.h>
+#include <soap/TzSoapMessageImp.h>
+#include <soap/TzSoapUtils.h>
+#include <soap/TzSoapWriter.h>
+#include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeContentTypeHeader.h>
+#include <tz/mime/TzMimeMultipart.h>
+#include <tz/mime/TzMimeMultipartRelatedType.h>
+#include <tz/mime/TzMimeTextType.h>
+#include <tz/mime/TzMimeVersionHeader.h>
+#include <tz/tools/TzMessage.h>
+#include <tz/xml/TzThrow.h>
+#include <tz/xml/TzXmlStringWriter.h>
+
+#include "mime/TzSoapAttachmentFinder.h"
+#include "output/TzSoapWriteText.h"
+
+#include <utility>
+
+namespace {
+
+constexpr char RootId[] = "<soap.xml@mime.representation>";
+constexpr char Boundary[] = "MIME_boundary";
+constexpr char RootType[] = "text/xml";
+
+/// Makes `package` a multipart/related one, keeping its boundary and its start; returns the start.
+TzCString describe(TzMimeMultipart& package) {
+    const std::size_t position = package.findHeader(TzMimeContentTypeHeader::Label);
+    if (position == TzMimePart::NotFound) {
+        package.insertHeader(TzMimeContentTypeHeader(
+            TzMimeMultipartRelatedType(TzCString(), RootType, RootId, Boundary)));
+        return RootId;
+    }
+    // Shared with the header, which changes with it.
+    TzMimeMultipartRelatedType type(
+        TzMimeContentTypeHeader(package.getHeader(position)).getContentType());
+    if (type.getBoundary().empty()) {
+        type.setBoundary(Boundary);
+    }
+    type.setType(RootType);
+    if (type.getStart().empty()) {
+        type.setStart(RootId);
+    }
+    return type.getStart();
+}
+
+/// The part that holds the envelope.
+TzMimePart rootPart(const TzCString& id, TzCString envelope) {
+    TzMimePart part;
+    part.insertHeader(TzMimeContentTypeHeader(TzMimeTextType("xml", "UTF-8")));
+    if (!id.empty()) {
+        part.insertHeader(TzMimeContentIdHeader(id));
+    }
+    part.setBody(std::move(envelope));
+    return part;
+}
+
+[[noreturn]] void refusePackage(const TzCatMsg* reason) {
+    TzThrow(TzXmlParseError(TzMessage(reason), TzCString(), 0, 0));
+}
+
+/// Where the part with the envelope stands in a package that was received.
+std::size_t findRoot(const TzMimeMultipart& package) {
+    const std::size_t position = package.findHeader(TzMimeContentTypeHeader::Label);
+    if (position == TzMimePart::NotFound) {
+        refusePackage(tzsoap_MIME_NOT_MULTIPART());
+    }
+    const TzMimeMultipartRelatedType type(
+        TzMimeContentTypeHeader(package.getHeader(position)).getContentType());
+    const TzCString start = type.getStart();
+    if (!start.empty()) {
+        return package.findPart(TzMimeContentIdHeader(start));
+    }
+    return package.hasParts() ? 0 : TzMimePart::NotFound;
+}
+
+} // namespace
+
+bool TzSoapMessage::hasAttachments() const {
+    TzSoapAttachmentFinder finder;
+    acceptVisitor(finder);
+    return finder.found();
+}
+
+TzCString TzSoapMessage::asString() const {
+    return hasAttachments() ? asMimeMultipart().asString() : tzSoapWriteText(*this);
+}
+
+TzMimeMultipart TzSoapMessage::asMimeMultipart() const {
+    TzMimeMultipart package;
+    package.insertHeader(TzMimeVersionHeader());
+    return asMimeMultipart(package);
+}
+
+TzMimeMultipart TzSoapMessage::asMimeMultipart(TzMimeMultipart& multipart) const {
+    TzXmlStringWriter envelope;
+    TzSoapWriter writer(&envelope, &multipart);
+    acceptVisitor(writer);
+    const TzCString id = describe(multipart);
+    multipart.insertPartAt(0, rootPart(id, envelope.takeString()));
+    return multipart;
+}
+
+void TzSoapMessage::extract(const TzCString& text) {
+    if (!TzSoapUtils::isMimeMultipart(text)) {
+        return body().extract(text);
+    }
+    TzMimeMultipart package;
+    package.fromString(text);
+    body().extract(package);
+}
+
+void TzSoapMessage::extract(const TzMimeMultipart& multipart) { body().extract(multipart); }
+
+void TzSoapMessageImp::extract(const TzMimeMultipart& multipart) {
+    // The caller's handle may be the one that is replaced.
+    const TzMimeMultipart package = multipart;
+    const std::size_t root = findRoot(package);
+    multipart_ = package;
+    if (root == TzMimePart::NotFound) {
+        refusePackage(tzsoap_NO_MIME_SOAP_BODY_PART());
+    }
+    parseEnvelope(package.getPart(root).getBodyView());
+}
