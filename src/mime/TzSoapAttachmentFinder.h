@@ -3,8 +3,12 @@
 
 #include <soap/TzSoapConstVisitor.h>
 
-/// Looks through a message, or a part of one, for a reference to a MIME part. Always walks the
-/// whole of it; references to values are not followed.
+#include <vector>
+
+/// Looks through a message, or a part of one, for references to MIME parts that have their part.
+///
+/// Always walks the whole of it; references to values are not followed. Values wait in a list
+/// instead of on the stack, so their depth does not matter. For one walk.
 class TzSoapAttachmentFinder final : public TzSoapConstVisitor {
 public:
     /// Whether a reference to a MIME part was met.
@@ -25,5 +29,10 @@ public:
     void visit(const TzSoapMessage& message) override;
 
 private:
+    void wait(const TzSoapType& value);
+    void walk();
+
     bool found_ = false;
+    bool walking_ = false;
+    std::vector<const TzSoapType*> waiting_;
 };

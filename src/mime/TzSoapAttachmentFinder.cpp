@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "mime/TzSoapAttachmentFinder.h"
+
+#include <soap/TzSoapBody.h>
+#include <soap/TzSoapCompactArrayImp.h>
+#include <soap/TzSoapCompactArrayType.h>
+#include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapFault.h>
+#include <soap/TzSoapHeader.h>
+#include <soap/TzSoapMessage.h>
+#include <soap/TzSoapReferenceType.h>
+#include <soap/TzSoapSparseArrayType.h>
+#include <soap/TzSoapTypeImp.h>
+
+#include "model/TzSoapAccess.h"
+
+void TzSoapAttachmentFinder::visit(const TzSoapMisunderstoodType&) {}
+
+void TzSoapAttachmentFinder::visit(const TzSoapReferenceType& value) {
+    if (value.isMimeReference() && value.hasReference()) {
+        found_ = true;
+    }
+}
+
+void TzSoapAttachmentFinder::visit(const TzSoapUserDefinedType&) {}
+
+void TzSoapAttachmentFinder::visit(const TzSoapSimpleType&) {}
+
+void TzSoapAttachmentFinder::visit(const TzSoapFault& fault) {
+    wait(fault.getDetails());
+    walk();
+}
+
+void TzSoapAttachmentFinder::visit(const TzSoapCompositeType& value) {
+    for (auto child = value.childrenBegin(); child != value.childrenEnd(); ++child) {
+        wait(*child);
+    }
+    walk();
+}
+
+void TzSoapAttachmentFinder::visit(const TzSoapSparseArrayType& value) {
+    for (const auto& [index, item] : value) {
+        wait(item);
+    }
+    walk();
+}
+
+void TzSoapAttachmentFinder::visit(const TzSoapCompactArrayType& value) {
+    for (const TzSoapDefaultType& item : TzSoapAccess::body(value).storedItems()) {
+        wait(item);
+    }
+    walk();
+}
+
+void TzSoapAttachmentFinder::visit(const TzSoapArrayType&) {}
+
+void TzSoapAttachmentFinder::visit(const TzSoapType&) {}
+
+void TzSoapAttachmentFinder::visit(const TzSoapBody& body) {
+    if (body.hasSoapFault()) {
+        body.getSoapFault().acceptVisitor(*this);
+    }
+    for (auto entry = body.entriesBegin(); entry != body.entriesEnd(); ++entry) {
+        wait(*entry);
+    }
+    walk();
+}
+
+void TzSoapAttachmentFinder::visit(const TzSoapHeader& header) {
+    for (auto entry = header.entriesBegin(); entry != header.entriesEnd(); ++entry) {
+        wait(*entry);
+    }
+    walk();
+}
+
+void TzSoapAttachmentFinder::visit(const TzSoapMessage& message) {
+    message.getSoapHeader().acceptVisitor(*this);
+    message.getSoapBody().acceptVisitor(*this);
+}
+
+void TzSoapAttachmentFinder::wait(const TzSoapType& value) {
+    // Most values are simple: they need no turn of their own.
+    if (TzSoapAccess::body(value).getSoapTypeId() != TzSoapContentBase::Simple) {
+        waiting_.push_back(&value);
+    }
+}
+
+void TzSoapAttachmentFinder::walk() {
+    if (walking_) {
+        return;
+    }
+    walking_ = true;
+    while (!waiting_.empty()) {
+        const TzSoapType& value = *waiting_.back();
+        waiting_.pop_back();
+        value.acceptVisitor(*this);
+    }
+    walking_ = false;
+}
