@@ -26,7 +26,7 @@ public:
 
     /// The label, such as "Content-Type"; valid as long as a handle to the header lives.
     const TzCString& getLabel() const noexcept;
-    /// The value without folding and surrounding blanks.
+    /// The value as it was given; one that was read is without folding and surrounding blanks.
     TzCString getValue() const;
     /// The header line "label: value" without folding and line end.
     TzCString asString() const;
@@ -47,5 +47,5 @@ protected:
     TzMimeHeaderBody* body() const noexcept;
 
 private:
-    friend class TzMimePartBody;
+    friend class TzMimeHeaderBody;
 };

@@ -3,6 +3,8 @@
 
 #include <tz/mime/TzMimePart.h>
 
+class TzMimeParts;
+
 /// A MIME package: a part that is made of parts.
 ///
 /// A handle like `TzMimePart`, with the same rules for copies, threads and empty packages.
@@ -35,12 +37,8 @@ public:
     /// `TzXmlBoundsError` beyond that. Otherwise as `insertPart`.
     void insertPartAt(std::size_t position, const TzMimePart& part);
 
-    /// Makes this handle one to the package that `text` holds; other handles keep what they had.
-    /// Lines before the first header line are skipped; lines may end in CRLF or LF, also mixed.
-    /// What stands before the first delimiter line and behind the closing one is ignored; a missing
-    /// closing line is accepted. A part that is a package stays one part with its text as the body.
-    /// Without a boundary in the Content-Type header there are no parts. Linear in the text.
-    void fromString(const TzCString& text);
-    /// As above; the text becomes the package's own without being copied.
-    void fromString(TzCString&& text);
+private:
+    bool holdsPackage() const noexcept override;
+    const TzMimeParts* parts() const noexcept;
+    TzMimeParts& ownParts();
 };

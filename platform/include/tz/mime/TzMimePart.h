@@ -61,8 +61,13 @@ public:
     /// and no boundary is written with the boundary "MIME_boundary".
     TzCString asString() const;
     /// Makes this handle one to the part that `text` holds; other handles keep what they had. Lines
-    /// before the first header line are skipped, unless the text begins with an empty line. Lines
-    /// may end in CRLF or LF.
+    /// before the first header line are skipped, unless the text of a part begins with an empty
+    /// line. Lines may end in CRLF or LF, also mixed.
+    ///
+    /// A `TzMimeMultipart` reads a package: what stands before the first delimiter line and behind
+    /// the closing one is ignored, a missing closing line is accepted, and a part that is a package
+    /// itself stays one part with its text as the body. Without a boundary in the Content-Type
+    /// header there are no parts. Linear in the text.
     void fromString(const TzCString& text);
     /// As above; the text becomes the part's own without being copied.
     void fromString(TzCString&& text);
@@ -73,9 +78,12 @@ protected:
 
     /// The body, null when there is none.
     TzMimePartBody* body() const noexcept;
-    /// The body, made when there is none; `package` says which kind.
-    TzMimePartBody& ownBody(bool package);
+    /// The body, made when there is none.
+    TzMimePartBody& ownBody();
 
 private:
-    friend class TzMimePartReader;
+    friend class TzMimePartBody;
+
+    /// Whether a new body of this handle is a package.
+    virtual bool holdsPackage() const noexcept;
 };

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include <tz/mime/TzMimeContentIdHeader.h>
+
+#include "mime/TzMimeHeaderBody.h"
+
+namespace {
+
+/// `id` in exactly one pair of angle brackets more than it has inside of its own.
+TzCString inBrackets(const TzCString& id) {
+    const bool has = id.size() > 1 && id.front() == '<' && id.back() == '>';
+    return has ? id : '<' + id + '>';
+}
+
+} // namespace
+
+TzMimeContentIdHeader::TzMimeContentIdHeader(const TzCString& id)
+    : TzMimeHeader(Label, inBrackets(id)) {}
+
+TzMimeContentIdHeader::TzMimeContentIdHeader(const TzMimeHeader& other)
+    : TzMimeHeader(other, Label) {}
+
+TzMimeContentIdHeader::~TzMimeContentIdHeader() = default;
+
+TzCString TzMimeContentIdHeader::getId() const {
+    const TzCString value = getValue();
+    return TzCString(TzMimeHeaderValue::contentId(value));
+}

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "mime/TzMimeDelimiter.h"
+
+#include "mime/TzMimeText.h"
+
+#include <cstring>
+
+namespace {
+
+/// Position of `wanted` in `text` at or after `from`. The standard library's own search looks at
+/// every byte, this one skips.
+std::size_t search(std::string_view text, std::string_view wanted, std::size_t from) noexcept {
+    if (from > text.size()) {
+        return std::string_view::npos;
+    }
+    const void* const found =
+        memmem(text.data() + from, text.size() - from, wanted.data(), wanted.size());
+    return found == nullptr
+               ? std::string_view::npos
+               : static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
+}
+
+} // namespace
+
+TzMimeDelimiter::TzMimeDelimiter(std::string_view boundary) : line_("\n--") {
+    TzMimeText::appendWithoutLineEnds(line_, boundary);
+    while (line_.size() > prefixLength && TzMimeText::isBlank(line_.back())) {
+        line_.pop_back();
+    }
+}
+
+std::string_view TzMimeDelimiter::boundary() const noexcept {
+    return std::string_view(line_).substr(prefixLength);
+}
+
+std::optional<TzMimeDelimiter::Hit> TzMimeDelimiter::hitAt(std::string_view text,
+                                                           std::size_t feed) const noexcept {
+    const std::size_t end = feed + line_.size();
+    const TzMimeText::Line line = TzMimeText::lineAt(text, end);
+    const std::string_view rest = TzMimeText::trimEnd(line.content);
+    const bool closing = rest == "--";
+    if (!closing && !rest.empty()) {
+        return std::nullopt;
+    }
+    const bool pair = feed > 0 && text[feed - 1] == '\r';
+    const bool last = line.next == text.size() && text.back() != '\n';
+    return Hit{feed - (pair ? 1 : 0), last ? line.next : line.next - 1, closing};
+}
+
+std::optional<TzMimeDelimiter::Hit> TzMimeDelimiter::find(std::string_view text,
+                                                          std::size_t from) const noexcept {
+    // No boundary holds a line feed, so places where the line is found cannot overlap.
+    for (std::size_t feed = search(text, line_, from); feed != std::string_view::npos;
+         feed = search(text, line_, feed + line_.size())) {
+        if (const std::optional<Hit> hit = hitAt(text, feed)) {
+            return hit;
+        }
+    }
+    return std::nullopt;
+}
+
+bool TzMimeDelimiter::occursIn(std::string_view bytes) const noexcept {
+    const std::string_view line = std::string_view(line_).substr(1);
+    if (bytes.starts_with(line)) {
+        return true;
+    }
+    if (search(bytes, line, 0) == std::string_view::npos) {
+        return false;
+    }
+    TzCString afterReturn(line_);
+    afterReturn.front() = '\r';
+    return search(bytes, line_, 0) != std::string_view::npos ||
+           search(bytes, afterReturn, 0) != std::string_view::npos;
+}
+
+void TzMimeDelimiter::append(TzCString& out, bool closing) const {
+    out.append(1, '\r').append(line_).append(closing ? "--" : "");
+}

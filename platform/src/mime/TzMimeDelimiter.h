@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/tools/TzCString.h>
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+/// The lines that separate the parts of a package (RFC 2046, 5.1.1).
+class TzMimeDelimiter {
+public:
+    /// A delimiter line that was found.
+    struct Hit {
+        std::size_t partEnd; ///< Where the part before it ends: in front of the line end.
+        std::size_t lineEnd; ///< Its own line feed, or the end of the text.
+        bool closing;        ///< Whether it is the last one.
+    };
+
+    /// The delimiter for the parameter `boundary`. Line ends in it and blanks at its end cannot be
+    /// part of a delimiter line and are left out.
+    explicit TzMimeDelimiter(std::string_view boundary);
+
+    /// Whether nothing is left of the boundary, so that there are no delimiter lines.
+    bool isEmpty() const noexcept { return line_.size() == prefixLength; }
+    /// The boundary itself.
+    std::string_view boundary() const noexcept;
+    /// The next delimiter line of `text` behind the line feed at `from` or a later one.
+    std::optional<Hit> find(std::string_view text, std::size_t from) const noexcept;
+    /// Whether a line of `bytes` begins like a delimiter line. A CR alone is taken for a line end
+    /// too: some readers do.
+    bool occursIn(std::string_view bytes) const noexcept;
+    /// Adds the delimiter line to `out`, with the line end in front of it but none behind it.
+    void append(TzCString& out, bool closing) const;
+
+private:
+    static constexpr std::size_t prefixLength = 3; // line feed and two hyphens
+
+    std::optional<Hit> hitAt(std::string_view text, std::size_t feed) const noexcept;
+
+    TzCString line_; // line feed, two hyphens, boundary
+};

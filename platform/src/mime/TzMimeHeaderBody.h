@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/mime/TzMimeContentType.h>
+#include <tz/mime/TzMimeHeader.h>
+#include <tz/pointer/TzBodyBase.h>
+#include <tz/thread/TzMutexLock.h>
+#include <tz/tools/TzCString.h>
+
+#include <optional>
+#include <string_view>
+
+/// What `TzMimeHeader` handles share.
+class TzMimeHeaderBody final : public TzBodyBase {
+public:
+    TzMimeHeaderBody(TzCString label, TzCString value);
+    TzMimeHeaderBody(TzCString label, const TzMimeContentType& type);
+
+    /// A handle to a new header.
+    static TzMimeHeader make(TzCString label, TzCString value);
+
+    const TzCString& label() const noexcept { return label_; }
+    /// The value, that of the content type once there is one.
+    TzCString value() const;
+    /// The content type that the value states, from then on part of the header.
+    TzMimeContentType contentType();
+    /// Adds the header line with its line end to `out`; nothing if no label is left.
+    void appendTo(TzCString& out) const;
+
+private:
+    TzCString label_;
+    TzCString value_;
+    mutable TzMutexLock lock_; // for type_
+    std::optional<TzMimeContentType> type_;
+};
+
+/// How the values of headers are understood.
+namespace TzMimeHeaderValue {
+
+/// The id that the value of a Content-ID header states: without angle brackets and comments.
+std::string_view contentId(std::string_view value) noexcept;
+/// The URI that the value of a Content-Location header states: without comments.
+std::string_view contentLocation(std::string_view value) noexcept;
+/// What values of headers with the label `label` are compared by.
+std::string_view comparable(std::string_view label, std::string_view value) noexcept;
+/// The value that `raw`, text of a header with the label `label`, spreads over lines.
+TzCString unfold(std::string_view label, std::string_view raw);
+/// Adds a header line with its line end to `out`.
+void append(TzCString& out, std::string_view label, std::string_view value);
+
+} // namespace TzMimeHeaderValue

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "mime/TzMimeHeaderList.h"
+
+#include "mime/TzMimeHeaderBody.h"
+#include "mime/TzMimeLock.h"
+#include "mime/TzMimeText.h"
+
+#include <utility>
+
+std::size_t TzMimeHeaderList::read(std::shared_ptr<const TzCString> text, std::string_view slice) {
+    text_ = std::move(text);
+    bool open = false; // whether a further line belongs to the last header
+    for (std::size_t from = 0; from < slice.size();) {
+        const TzMimeText::Line line = TzMimeText::lineAt(slice, from);
+        from = line.next;
+        if (line.content.empty()) {
+            return from;
+        }
+        if (TzMimeText::isBlank(line.content.front())) {
+            if (open) {
+                Slot& slot = slots_.back();
+                const char* const end = line.content.data() + line.content.size();
+                slot.line = {slot.line.data(), static_cast<std::size_t>(end - slot.line.data())};
+            }
+            continue;
+        }
+        const std::size_t colon = TzMimeText::findColon(line.content);
+        open = colon != std::string_view::npos;
+        if (open) {
+            slots_.push_back({line.content, colon, TzMimeHeader()});
+        }
+    }
+    return slice.size();
+}
+
+void TzMimeHeaderList::assign(const TzMimeHeaderList& other) {
+    std::vector<Slot> slots;
+    slots.reserve(other.count());
+    for (std::size_t position = 0; position < other.count(); ++position) {
+        slots.push_back({{}, 0, other.at(position)});
+    }
+    slots_ = std::move(slots);
+    text_.reset();
+}
+
+void TzMimeHeaderList::insert(const TzMimeHeader& header) { slots_.push_back({{}, 0, header}); }
+
+std::size_t TzMimeHeaderList::find(std::string_view label, std::size_t start) const noexcept {
+    for (std::size_t position = start; position < slots_.size(); ++position) {
+        if (tzEqualIgnoreCase(labelAt(position), label)) {
+            return position;
+        }
+    }
+    return std::string_view::npos;
+}
+
+std::string_view TzMimeHeaderList::labelAt(std::size_t position) const noexcept {
+    const Slot& slot = slots_[position];
+    if (slot.line.empty()) {
+        return slot.header.getLabel();
+    }
+    return TzMimeText::trimEnd(slot.line.substr(0, slot.colon));
+}
+
+std::string_view TzMimeHeaderList::rawValue(const Slot& slot) const noexcept {
+    return TzMimeText::trim(slot.line.substr(slot.colon + 1));
+}
+
+TzMimeHeader TzMimeHeaderList::existing(const Slot& slot) const noexcept {
+    const TzMimeLock guard(lock_);
+    return slot.header;
+}
+
+TzMimeHeader TzMimeHeaderList::at(std::size_t position) const {
+    Slot& slot = slots_[position];
+    TzMimeHeader header = existing(slot);
+    if (slot.line.empty() || !header.getLabel().empty()) {
+        return header;
+    }
+    const std::string_view label = labelAt(position);
+    header =
+        TzMimeHeaderBody::make(TzCString(label), TzMimeHeaderValue::unfold(label, rawValue(slot)));
+    const TzMimeLock guard(lock_);
+    if (slot.header.getLabel().empty()) {
+        slot.header = header;
+    }
+    return slot.header;
+}
+
+std::string_view TzMimeHeaderList::valueAt(std::size_t position, TzCString& kept) const {
+    const Slot& slot = slots_[position];
+    const TzMimeHeader header = existing(slot);
+    if (slot.line.empty() || !header.getLabel().empty()) {
+        kept = header.getValue();
+        return kept;
+    }
+    const std::string_view raw = rawValue(slot);
+    if (!TzMimeText::isFolded(raw)) {
+        return raw;
+    }
+    kept = TzMimeHeaderValue::unfold(labelAt(position), raw);
+    return kept;
+}
+
+void TzMimeHeaderList::append(std::size_t position, TzCString& out) const {
+    TzCString kept;
+    TzMimeHeaderValue::append(out, labelAt(position), valueAt(position, kept));
+}
+
+std::size_t TzMimeHeaderList::writtenSize() const noexcept {
+    constexpr std::size_t typical = 80;
+    std::size_t size = 0;
+    for (const Slot& slot : slots_) {
+        size += slot.line.empty() ? typical : slot.line.size() + 4;
+    }
+    return size;
+}

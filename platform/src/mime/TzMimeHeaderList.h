@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/mime/TzMimeHeader.h>
+#include <tz/thread/TzMutexLock.h>
+#include <tz/tools/TzCString.h>
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+/// The headers of a part.
+///
+/// Headers that were read stay slices of the text until somebody asks for one. Constant members may
+/// be called on several threads at once.
+class TzMimeHeaderList {
+public:
+    TzMimeHeaderList() noexcept = default;
+    TzMimeHeaderList(const TzMimeHeaderList&) = delete;
+    TzMimeHeaderList& operator=(const TzMimeHeaderList&) = delete;
+
+    /// Reads the header lines at the begin of `slice`, a piece of `text`, and returns where the
+    /// body begins: behind the empty line, or at the end.
+    std::size_t read(std::shared_ptr<const TzCString> text, std::string_view slice);
+    /// Takes over the headers of `other` as they are now.
+    void assign(const TzMimeHeaderList& other);
+    void insert(const TzMimeHeader& header);
+
+    std::size_t count() const noexcept { return slots_.size(); }
+    /// Position of the first header `label` at or after `start`, npos without one.
+    std::size_t find(std::string_view label, std::size_t start) const noexcept;
+    /// The header at `position`, which must be there.
+    TzMimeHeader at(std::size_t position) const;
+    /// The label of the header at `position`.
+    std::string_view labelAt(std::size_t position) const noexcept;
+    /// The value of the header at `position`: as a slice where it is one, else put into `kept`.
+    std::string_view valueAt(std::size_t position, TzCString& kept) const;
+    /// Adds the header line at `position` to `out`.
+    void append(std::size_t position, TzCString& out) const;
+    /// Roughly how many bytes the header lines will take.
+    std::size_t writtenSize() const noexcept;
+
+private:
+    struct Slot {
+        std::string_view line; // empty for a header that was not read
+        std::size_t colon = 0;
+        TzMimeHeader header;
+    };
+
+    std::string_view rawValue(const Slot& slot) const noexcept;
+    /// The header of a slot if there is one by now.
+    TzMimeHeader existing(const Slot& slot) const noexcept;
+
+    std::shared_ptr<const TzCString> text_;
+    mutable std::vector<Slot> slots_;
+    mutable TzMutexLock lock_; // for the headers of the slots
+};

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include <tz/mime/TzMimeMultipart.h>
+
+#include "mime/TzMimePartBody.h"
+#include "mime/TzMimeParts.h"
+
+#include <tz/xml/TzXmlBoundsError.h>
+
+#include <utility>
+
+TzMimeMultipart::TzMimeMultipart() noexcept = default;
+
+TzMimeMultipart::~TzMimeMultipart() = default;
+
+bool TzMimeMultipart::holdsPackage() const noexcept { return true; }
+
+const TzMimeParts* TzMimeMultipart::parts() const noexcept {
+    return body() != nullptr && body()->isPackage() ? &body()->parts() : nullptr;
+}
+
+TzMimeParts& TzMimeMultipart::ownParts() {
+    if (parts() == nullptr) {
+        // A part assigned through a reference to the base class stays what it is for its others.
+        TzMimePart package = TzMimePartBody::make(true);
+        if (body() != nullptr) {
+            TzMimePartBody::of(package)->assignHeaders(*body());
+        }
+        TzMimePart::operator=(std::move(package));
+    }
+    return body()->parts();
+}
+
+std::size_t TzMimeMultipart::getPartCount() const noexcept {
+    return parts() != nullptr ? parts()->all().size() : 0;
+}
+
+TzMimePart TzMimeMultipart::getPart(std::size_t position) const {
+    if (position >= getPartCount()) {
+        throw TzXmlBoundsError(TzMessage("The package has no such part"));
+    }
+    return parts()->all()[position];
+}
+
+std::size_t TzMimeMultipart::findPart(const TzMimeHeader& header, std::size_t start) const {
+    return parts() != nullptr ? parts()->find(header, start) : NotFound;
+}
+
+void TzMimeMultipart::insertPart(const TzMimePart& part) { insertPartAt(getPartCount(), part); }
+
+void TzMimeMultipart::insertPartAt(std::size_t position, const TzMimePart& part) {
+    if (position > getPartCount()) {
+        throw TzXmlBoundsError(TzMessage("The package has no such place for a part"));
+    }
+    ownParts().insert(position, part);
+}

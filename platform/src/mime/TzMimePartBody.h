@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "mime/TzMimeHeaderList.h"
+#include "mime/TzMimeTransferEncoding.h"
+
+#include <tz/mime/TzMimePart.h>
+#include <tz/pointer/TzBodyBase.h>
+#include <tz/thread/TzMutexLock.h>
+
+#include <atomic>
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+class TzMimeParts;
+
+/// What `TzMimePart` handles share.
+class TzMimePartBody final : public TzBodyBase {
+public:
+    using Text = std::shared_ptr<const TzCString>;
+
+    /// An empty part, or an empty package.
+    explicit TzMimePartBody(bool package);
+    ~TzMimePartBody() override;
+    TzMimePartBody(const TzMimePartBody&) = delete;
+    TzMimePartBody& operator=(const TzMimePartBody&) = delete;
+
+    /// A handle to a new part or package.
+    static TzMimePart make(bool package);
+    /// A handle to the part that `slice`, a piece of `text`, holds.
+    static TzMimePart read(const Text& text, std::string_view slice);
+    /// The body of a handle, null when it has none.
+    static TzMimePartBody* of(const TzMimePart& part) noexcept { return part.body(); }
+
+    /// Reads the whole of `text`, headers and body.
+    void readText(const Text& text);
+
+    bool isPackage() const noexcept { return parts_ != nullptr; }
+    /// The parts; only of a package.
+    TzMimeParts& parts() const noexcept { return *parts_; }
+    const TzMimeHeaderList& headers() const noexcept { return headers_; }
+    void insertHeader(const TzMimeHeader& header);
+    /// Takes over the headers of `other` as they are now.
+    void assignHeaders(const TzMimePartBody& other) { headers_.assign(other.headers_); }
+    /// Has `changed` raised when the headers change next.
+    void watchHeaders(const std::weak_ptr<std::atomic<bool>>& changed);
+
+    /// Replaces the body, of a package the parts.
+    void setBytes(TzCString bytes);
+    /// The body without its transfer encoding, kept once it had to be decoded.
+    std::string_view bytes() const;
+    /// The body without its transfer encoding.
+    TzCString copyBytes() const;
+    /// The body as it is kept, which is in the encoding `storedEncoding`.
+    std::string_view stored() const noexcept { return stored_; }
+    TzMimeTransferEncoding::Kind storedEncoding() const noexcept { return encoding_; }
+    /// The encoding that the headers state.
+    TzMimeTransferEncoding::Kind statedEncoding() const;
+    /// The parameter "boundary" of the Content-Type header.
+    TzCString boundary() const;
+
+private:
+    void readSlice(const Text& text, std::size_t begin, std::string_view slice);
+    void store(Text text, std::string_view bytes, TzMimeTransferEncoding::Kind encoding) noexcept;
+
+    TzMimeHeaderList headers_;
+    Text text_; // owns what stored_ refers to
+    std::string_view stored_;
+    mutable std::atomic<const TzCString*> decoded_{nullptr};
+    std::unique_ptr<TzMimeParts> parts_;
+    std::vector<std::weak_ptr<std::atomic<bool>>> watchers_;
+    TzMutexLock lock_; // for watchers_
+    TzMimeTransferEncoding::Kind encoding_ = TzMimeTransferEncoding::Kind::Identity;
+};

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "mime/TzMimePartWriter.h"
+
+#include "mime/TzMimeHeaderBody.h"
+#include "mime/TzMimeParts.h"
+#include "mime/TzMimeText.h"
+
+#include <tz/mime/TzMimeContentTypeHeader.h>
+
+#include <utility>
+
+namespace {
+
+using TzMimeTransferEncoding::Kind;
+
+constexpr std::string_view defaultBoundary = "MIME_boundary";
+constexpr std::string_view boundaryName = "boundary";
+
+} // namespace
+
+TzMimePartWriter::TzMimePartWriter(const TzMimePartBody& part)
+    : part_(part), delimiter_(part.isPackage() ? part.boundary() : TzCString()) {
+    if (part.isPackage() && delimiter_.isEmpty() && !part.parts().all().empty()) {
+        delimiter_ = TzMimeDelimiter(defaultBoundary);
+        ownBoundary_ = true;
+    }
+    planParts();
+}
+
+void TzMimePartWriter::planParts() {
+    if (!isSeparated()) {
+        plans_.push_back(plan(part_));
+        return;
+    }
+    const std::vector<TzMimePart>& parts = part_.parts().all();
+    plans_.reserve(parts.size());
+    for (const TzMimePart& part : parts) {
+        plans_.push_back(plan(*TzMimePartBody::of(part)));
+    }
+}
+
+TzMimePartWriter::Plan TzMimePartWriter::plan(const TzMimePartBody& part) const {
+    Plan plan;
+    const Kind stated = part.statedEncoding();
+    if (stated == part.storedEncoding()) {
+        plan.bytes = part.stored(); // as it was read
+    } else if (stated == Kind::Base64) {
+        plan.bytes = part.bytes();
+        plan.encoding = Kind::Base64;
+    } else {
+        TzMimeTransferEncoding::encode(stated, part.bytes(), plan.kept);
+    }
+    const std::string_view written = plan.kept.empty() ? plan.bytes : plan.kept;
+    if (isSeparated() && plan.encoding == Kind::Identity && delimiter_.occursIn(written)) {
+        plan.kept.clear();
+        plan.bytes = part.bytes();
+        plan.encoding = Kind::Base64;
+        plan.forced = stated != Kind::Base64;
+    }
+    return plan;
+}
+
+TzCString TzMimePartWriter::write() {
+    TzCString out;
+    out.reserve(expectedSize());
+    appendHeaders(out);
+    if (isSeparated()) {
+        appendParts(out);
+    } else {
+        out.append(TzMimeText::LineEnd);
+        appendBody(out, plans_.front());
+    }
+    return out;
+}
+
+TzCString TzMimePartWriter::writeBody() {
+    TzCString out;
+    if (!isSeparated()) {
+        return part_.copyBytes();
+    }
+    out.reserve(expectedSize());
+    appendParts(out);
+    return out.erase(0, TzMimeText::LineEnd.size());
+}
+
+std::size_t TzMimePartWriter::expectedSize() const {
+    constexpr std::size_t aroundPart = 128; // line ends and a header for a forced encoding
+    std::size_t size = part_.headers().writtenSize() + aroundPart;
+    for (const Plan& plan : plans_) {
+        size += plan.kept.size();
+        size += TzMimeTransferEncoding::encodedSize(plan.encoding, plan.bytes.size());
+    }
+    if (isSeparated()) {
+        for (const TzMimePart& part : part_.parts().all()) {
+            size += TzMimePartBody::of(part)->headers().writtenSize() + aroundPart +
+                    delimiter_.boundary().size();
+        }
+    }
+    return size;
+}
+
+void TzMimePartWriter::appendHeaders(TzCString& out) const {
+    const TzMimeHeaderList& headers = part_.headers();
+    const std::size_t type =
+        ownBoundary_ ? headers.find(TzMimeContentTypeHeader::Label, 0) : TzMimePart::NotFound;
+    for (std::size_t position = 0; position < headers.count(); ++position) {
+        if (position == type) {
+            appendBoundaryHeader(out, position);
+        } else {
+            headers.append(position, out);
+        }
+    }
+    if (ownBoundary_ && type == TzMimePart::NotFound) {
+        TzMimeContentType mixed("multipart", "mixed");
+        mixed.setParameter(boundaryName, defaultBoundary);
+        TzMimeHeaderValue::append(out, TzMimeContentTypeHeader::Label, mixed.asString());
+    }
+}
+
+void TzMimePartWriter::appendBoundaryHeader(TzCString& out, std::size_t position) const {
+    TzCString kept;
+    TzMimeContentType type{TzCString(part_.headers().valueAt(position, kept))};
+    type.setParameter(boundaryName, defaultBoundary);
+    TzMimeHeaderValue::append(out, TzMimeContentTypeHeader::Label, type.asString());
+}
+
+void TzMimePartWriter::appendParts(TzCString& out) const {
+    const std::vector<TzMimePart>& parts = part_.parts().all();
+    for (std::size_t index = 0; index < parts.size(); ++index) {
+        delimiter_.append(out, false);
+        out.append(TzMimeText::LineEnd);
+        appendPartHeaders(out, *TzMimePartBody::of(parts[index]), plans_[index].forced);
+        out.append(TzMimeText::LineEnd);
+        appendBody(out, plans_[index]);
+    }
+    delimiter_.append(out, true);
+    out.append(TzMimeText::LineEnd);
+}
+
+void TzMimePartWriter::appendPartHeaders(TzCString& out, const TzMimePartBody& part, bool forced) {
+    const TzMimeHeaderList& headers = part.headers();
+    bool stated = !forced;
+    for (std::size_t position = 0; position < headers.count(); ++position) {
+        if (!forced ||
+            !tzEqualIgnoreCase(headers.labelAt(position), TzMimeTransferEncoding::Label)) {
+            headers.append(position, out);
+        } else if (!std::exchange(stated, true)) {
+            TzMimeHeaderValue::append(out, headers.labelAt(position), "base64");
+        }
+    }
+    if (!stated) {
+        TzMimeHeaderValue::append(out, TzMimeTransferEncoding::Label, "base64");
+    }
+}
+
+void TzMimePartWriter::appendBody(TzCString& out, const Plan& plan) {
+    if (plan.kept.empty()) {
+        TzMimeTransferEncoding::encode(plan.encoding, plan.bytes, out);
+    } else {
+        out.append(plan.kept);
+    }
+}

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "mime/TzMimeDelimiter.h"
+#include "mime/TzMimePartBody.h"
+
+#include <tz/tools/TzCString.h>
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+/// Writes a part or package as MIME text.
+class TzMimePartWriter {
+public:
+    /// A writer of `part`, which must not change meanwhile.
+    explicit TzMimePartWriter(const TzMimePartBody& part);
+
+    /// The text with the headers.
+    TzCString write();
+    /// The text behind the headers: of a package the parts with the lines that separate them.
+    TzCString writeBody();
+
+private:
+    /// How the body of a part is going to be written.
+    struct Plan {
+        std::string_view bytes; // what is written
+        TzMimeTransferEncoding::Kind encoding = TzMimeTransferEncoding::Kind::Identity;
+        bool forced = false; // whether the encoding is not the one that the headers state
+        TzCString kept;      // what bytes refers to when the part does not have it
+    };
+
+    bool isSeparated() const noexcept { return !delimiter_.isEmpty(); }
+    Plan plan(const TzMimePartBody& part) const;
+    void planParts();
+    std::size_t expectedSize() const;
+    void appendHeaders(TzCString& out) const;
+    void appendBoundaryHeader(TzCString& out, std::size_t position) const;
+    void appendParts(TzCString& out) const;
+    static void appendPartHeaders(TzCString& out, const TzMimePartBody& part, bool forced);
+    static void appendBody(TzCString& out, const Plan& plan);
+
+    const TzMimePartBody& part_;
+    TzMimeDelimiter delimiter_; // empty for a part that has no parts
+    bool ownBoundary_ = false;  // whether the headers lack the boundary
+    std::vector<Plan> plans_;   // of each part, or the one of the part itself
+};

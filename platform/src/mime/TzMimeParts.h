@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "mime/TzMimePartIndex.h"
+
+#include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeContentLocationHeader.h>
+#include <tz/mime/TzMimePart.h>
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+/// The parts of a package, none of which is a package itself.
+class TzMimeParts {
+public:
+    const std::vector<TzMimePart>& all() const noexcept { return parts_; }
+    /// Reads the parts from `text`, behind the line feed at `from` or a later one.
+    void read(const std::shared_ptr<const TzCString>& text, std::size_t from,
+              std::string_view boundary);
+    /// Inserts a handle to `part`, or to its text if it is a package, at `position`.
+    void insert(std::size_t position, const TzMimePart& part);
+    /// Position of the first part at or after `start` with a header equal to `header`.
+    std::size_t find(const TzMimeHeader& header, std::size_t start) const;
+
+private:
+    std::size_t search(const TzMimeHeader& header, std::size_t start) const;
+    void changed() noexcept;
+
+    std::vector<TzMimePart> parts_;
+    mutable TzMimePartIndex ids_{TzMimeContentIdHeader::Label};
+    mutable TzMimePartIndex locations_{TzMimeContentLocationHeader::Label};
+};

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/tools/TzCString.h>
+
+#include <cstddef>
+#include <string_view>
+
+/// What header lines are made of (RFC 5322, RFC 2045). All operations are linear.
+namespace TzMimeText {
+
+/// The end of every line that is written.
+inline constexpr std::string_view LineEnd = "\r\n";
+
+/// A line of a text.
+struct Line {
+    std::string_view content; ///< Without its line end, CRLF or LF.
+    std::size_t next;         ///< Where the next line begins.
+};
+
+/// Whether `character` is a blank or a tabulator.
+constexpr bool isBlank(char character) noexcept { return character == ' ' || character == '\t'; }
+/// The line of `text` that begins at `from`.
+Line lineAt(std::string_view text, std::size_t from) noexcept;
+/// `text` without blanks and line ends at both sides.
+std::string_view trim(std::string_view text) noexcept;
+/// `text` without blanks at its end.
+std::string_view trimEnd(std::string_view text) noexcept;
+/// Whether `character` may stand in the label of a header.
+bool isLabelCharacter(char character) noexcept;
+/// Whether `character` may stand in a token.
+bool isTokenCharacter(char character) noexcept;
+/// Position of the colon when `line` begins with a label, npos when it is no header line.
+std::size_t findColon(std::string_view line) noexcept;
+/// Whether the value `raw` is spread over several lines.
+bool isFolded(std::string_view raw) noexcept;
+/// The value that `raw` spreads over lines, trimmed. With `joined` the blanks that begin a further
+/// line belong to the folding, otherwise to the value.
+TzCString unfold(std::string_view raw, bool joined);
+/// Adds `text` without CR and LF to `out`.
+void appendWithoutLineEnds(TzCString& out, std::string_view text);
+/// Where `text` goes on behind the blanks and comments that begin at `from`.
+std::size_t skipBlanksAndComments(std::string_view text, std::size_t from) noexcept;
+/// The value of the quoted string that begins at `position`, which is moved behind it.
+TzCString readQuoted(std::string_view text, std::size_t& position);
+/// Adds `value` as a quoted string to `out`.
+void appendQuoted(TzCString& out, std::string_view value);
+
+} // namespace TzMimeText
