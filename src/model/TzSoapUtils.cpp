@@ -1,0 +1,303 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapUtils.h>
+
+#include <soap/TzSoapArrayTypeImp.h>
+#include <soap/TzSoapElementImp.h>
+#include <soap/TzSoapParseContext.h>
+#include <tz/tools/TzDateTime.h>
+#include <tz/xml/TzXmlAttributeSet.h>
+#include <tz/xml/TzXmlUtils.h>
+#include <tz/xml/TzXmlWriter.h>
+
+#include <algorithm>
+#include <utility>
+
+// Real strings, so that they serve wherever a TzCString is taken. A shared library is initialised
+// before the programs that use it and finished after them, and nothing in this one is made before
+// its first use, so no object anywhere can see them unmade.
+const TzCString TzSoapUtils::Blank = " ";
+const TzCString TzSoapUtils::Colon = ":";
+const TzCString TzSoapUtils::EmptyString = "";
+const TzCString TzSoapUtils::Hyphen = "-";
+const TzCString TzSoapUtils::Hypen = "-";
+const TzCString TzSoapUtils::Minus = "-";
+const TzCString TzSoapUtils::Plus = "+";
+const TzCString TzSoapUtils::Newline = "\n";
+const TzCString TzSoapUtils::Tab = "\t";
+const TzCString TzSoapUtils::WhiteSpace = " \n\t";
+const TzCString TzSoapUtils::TimeSeparator = "T";
+const TzCString TzSoapUtils::UTimeZone = "Z";
+const TzCString TzSoapUtils::TZD = "Z+-";
+const TzCString TzSoapUtils::ISO8601Date = "%Y-%m-%d";
+const TzCString TzSoapUtils::ISO8601DateFormat = "%Y-%m-%d";
+const TzCString TzSoapUtils::ISO8601Format = "%Y-%m-%dT%X";
+const TzCString TzSoapUtils::ISO8601Time = "T%X";
+const TzCString TzSoapUtils::TrueTag = "true";
+const TzCString TzSoapUtils::arrayString = "Array";
+const TzCString TzSoapUtils::badString = "Bad";
+const TzCString TzSoapUtils::compositeString = "Composite";
+const TzCString TzSoapUtils::genericString = "Generic";
+const TzCString TzSoapUtils::misunderstoodString = "Misunderstood";
+const TzCString TzSoapUtils::pcdataString = "Pcdata";
+const TzCString TzSoapUtils::referenceString = "Reference";
+const TzCString TzSoapUtils::simpleString = "Simple";
+const TzCString TzSoapUtils::userDefinedString = "UserDefined";
+
+namespace {
+
+/// Takes the next entry out of `rest`: a run of characters other than white space, empty at the
+/// end.
+std::string_view nextEntry(std::string_view& rest) noexcept {
+    const std::size_t begin = std::min(rest.find_first_not_of(TzXmlUtils::WhiteSpace), rest.size());
+    const std::size_t end =
+        std::min(rest.find_first_of(TzXmlUtils::WhiteSpace, begin), rest.size());
+    const std::string_view entry = rest.substr(begin, end - begin);
+    rest.remove_prefix(end);
+    return entry;
+}
+
+/// The first of `attributes` that states a type, null when none does.
+const TzXmlAttribute* findType(const TzXmlAttributeSet& attributes) {
+    for (const TzXmlAttribute& attribute : attributes) {
+        if (TzSoapAttributeSet::matchTypeAttributeName(attribute.getName())) {
+            return &attribute;
+        }
+    }
+    return nullptr;
+}
+
+/// The name that `text` spells, its prefix resolved as far as there is a reading.
+TzXmlName resolve(std::string_view text, TzSoapParseContext* context) {
+    return context != nullptr ? context->resolveName(text) : TzXmlName(text);
+}
+
+/// Whether a received boolean says yes.
+bool isTrue(const TzCString& text) {
+    return text == TzSoapUtils::TrueTag || text == TzSoapAttributeSet::getTrueAttributeValue();
+}
+
+/// Adds attributes that another set held, where no two have one name.
+class AttributeAdder {
+public:
+    explicit AttributeAdder(TzSoapAttributeSet& set) : set_(set), fresh_(set.empty()) {}
+
+    /// Copies a `const` attribute and moves any other.
+    template <typename Attribute> void add(Attribute& attribute) {
+        if (fresh_) {
+            set_.append(std::move(attribute));
+        } else {
+            set_.add(std::move(attribute));
+        }
+    }
+
+private:
+    TzSoapAttributeSet& set_;
+    bool fresh_;
+};
+
+/// Gives the attributes of a start tag to an element.
+class AttributeReader {
+public:
+    AttributeReader(TzSoapElementImp& element, TzSoapParseContext* context)
+        : element_(element), context_(context), others_(element.getAttributeSet()),
+          version_(context != nullptr ? context->getVersion() : TzSoapVersion::getLatestVersion()) {
+    }
+
+    /// `Attributes` may be const: what is kept is copied then, otherwise moved.
+    template <typename Attributes> void read(Attributes& attributes) {
+        const TzXmlAttribute* type = nullptr;
+        for (auto& attribute : attributes) {
+            if (TzSoapAttributeSet::matchTypeAttributeName(attribute.getName())) {
+                type = &attribute;
+            } else if (!takeProperty(attribute)) {
+                others_.add(attribute);
+            }
+        }
+        // Last, for the declarations among the others may bind its prefix.
+        if (type != nullptr) {
+            element_.setTypeAttribute(resolve(type->getValue(), context_));
+        }
+    }
+
+private:
+    bool is(const TzXmlAttribute& attribute, TzSoapVersion::SoapAttribute kind) const {
+        return TzSoapVersion::matchSoapAttributeName(attribute.getName(), kind, version_);
+    }
+
+    /// Makes an attribute that SOAP defines a property of the element; false for any other one.
+    bool takeProperty(const TzXmlAttribute& attribute) {
+        if (attribute.getName().getUri().empty() || attribute.isNamespaceDeclaration()) {
+            return false;
+        }
+        if (is(attribute, TzSoapVersion::MustUnderstand)) {
+            element_.setMustUnderstand(isTrue(attribute.getValue()));
+        } else if (is(attribute, TzSoapVersion::EncodingStyle)) {
+            element_.setEncodingStyle(attribute.getValue());
+        } else if (is(attribute, TzSoapVersion::Actor)) {
+            element_.setActor(attribute.getValue());
+        } else if (is(attribute, TzSoapVersion::Root)) {
+            element_.setRoot(isTrue(attribute.getValue()));
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+    TzSoapElementImp& element_;
+    TzSoapParseContext* context_;
+    AttributeAdder others_;
+    TzSoapVersion::Version version_;
+};
+
+} // namespace
+
+TzCString TzSoapUtils::convertDateToISOString(const TzDate& date) {
+    return TzXmlUtils::convertDateToISOString(date);
+}
+
+TzCString TzSoapUtils::convertDateTimeToISOString(const TzDateTime& dateTime) {
+    return TzXmlUtils::convertDateTimeToISOString(dateTime, TzXmlUtils::ISO8601Format);
+}
+
+TzDate TzSoapUtils::convertISODateStringToDate(const TzCString& text) {
+    return TzXmlUtils::convertISODateStringToDate(text);
+}
+
+TzDateTime TzSoapUtils::convertISODateStringToDateTime(const TzCString& text) {
+    return TzXmlUtils::convertISODateStringToDateTime(text);
+}
+
+void TzSoapUtils::getElementTypeAndSize(const TzCString& arrayType, TzCString& type,
+                                        TzCString& size) {
+    const std::size_t bracket = arrayType.rfind('[');
+    if (bracket == TzCString::npos) {
+        return;
+    }
+    // Both are complete before an output that may be the input changes.
+    TzCString typePart = arrayType.substr(0, bracket);
+    TzCString sizePart = arrayType.substr(bracket);
+    type = std::move(typePart);
+    size = std::move(sizePart);
+}
+
+TzSoapUtils::MessageEncoding TzSoapUtils::getMessageEncoding(const TzCString& text) {
+    if (tzFindIgnoreCase(text, "Content-Type") != TzCString::npos) {
+        return MimeEncoding;
+    }
+    const TzXmlName& envelope = TzSoapVersion::getSoapElementName(
+        TzSoapVersion::Envelope, TzSoapVersion::getLatestVersion());
+    return text.find(envelope.getLocalName()) != TzCString::npos ? XmlEncoding : NoEncoding;
+}
+
+bool TzSoapUtils::isMimeMultipart(const TzCString& text) {
+    if (text.size() > 1 &&
+        std::string_view(text).substr(0, 2).find(TzXmlWriter::StartTag) != TzCString::npos) {
+        return false;
+    }
+    const std::size_t header = tzFindIgnoreCase(text, "Content-Type:");
+    return header != TzCString::npos &&
+           tzFindIgnoreCase(text, "Multipart", header) != TzCString::npos;
+}
+
+void TzSoapUtils::stringToEncodingList(const TzCString& text, std::list<TzCString>& list) {
+    std::list<TzCString> entries;
+    if (text.empty()) {
+        entries.emplace_back();
+    }
+    std::string_view rest = text;
+    for (auto entry = nextEntry(rest); !entry.empty(); entry = nextEntry(rest)) {
+        entries.emplace_back(entry);
+    }
+    list = std::move(entries);
+}
+
+std::string_view TzSoapUtils::firstEncodingStyle(std::string_view text) noexcept {
+    return nextEntry(text);
+}
+
+TzCString TzSoapUtils::getEncodingStyleAttributeUri(TzSoapElementImp* element) {
+    return element->getAttributeSet().getEncodingStyleAttribute();
+}
+
+void TzSoapUtils::removeEncodingStyleAttribute(TzSoapElementImp* element) {
+    TzSoapAttributeSet& attributes = element->getAttributeSet();
+    if (!attributes.getEncodingStyleAttribute().empty()) {
+        attributes.removeEncodingStyleAttribute();
+    }
+}
+
+void TzSoapUtils::removeAndFixEncodingStyleAttribute(TzSoapElementImp* element) {
+    const TzCString style = getEncodingStyleAttributeUri(element);
+    if (!style.empty()) {
+        removeEncodingStyleAttribute(element);
+        element->setEncodingStyle(style);
+    }
+}
+
+void TzSoapUtils::removeAndFixArrayTypeAttributes(TzSoapElementImp* array,
+                                                  TzSoapVersion::Version version) {
+    TzSoapAttributeSet& attributes = array->getAttributeSet();
+    if (const TzCString offset = attributes.getOffsetAttribute(); !offset.empty()) {
+        attributes.removeOffsetAttribute();
+        static_cast<TzSoapArrayTypeImp*>(array)->setOffset(
+            TzSoapArrayTypeImp::stringToVector(offset, false));
+    }
+    attributes.removeArrayTypeAttribute();
+    for (const auto kind : {TzSoapVersion::ItemType, TzSoapVersion::ArraySize}) {
+        attributes.erase(TzSoapVersion::getSoapAttributeName(kind, version));
+    }
+}
+
+void TzSoapUtils::copyAttributes(const TzXmlAttributeSet& attributes, TzSoapElementImp& element,
+                                 TzSoapParseContext* context) {
+    AttributeReader(element, context).read(attributes);
+}
+
+void TzSoapUtils::copyAttributes(TzXmlAttributeSet&& attributes, TzSoapElementImp& element,
+                                 TzSoapParseContext* context) {
+    AttributeReader(element, context).read(attributes);
+}
+
+std::optional<TzCString> TzSoapUtils::beginElement(TzSoapElementImp& element, const TzXmlName& name,
+                                                   const TzXmlAttributeSet& attributes) {
+    element.setName(name);
+    TzSoapAttributeSet& set = element.getAttributeSet();
+    AttributeAdder adder(set);
+    for (const TzXmlAttribute& attribute : attributes) {
+        adder.add(attribute);
+    }
+    if (!set.hasEncodingStyleAttribute()) {
+        return {};
+    }
+    std::optional<TzCString> style = set.getEncodingStyleAttribute();
+    removeAndFixEncodingStyleAttribute(&element);
+    return style;
+}
+
+TzCString TzSoapUtils::getAttributesAsString(const TzXmlAttributeSet& attributes) {
+    TzCString markup;
+    for (const TzXmlAttribute& attribute : attributes) {
+        markup += BlankUtf8;
+        attribute.getName().appendQualifiedName(markup);
+        markup += TzXmlWriter::EqualToAndQuotes;
+        markup += attribute.getValue();
+        markup += TzXmlWriter::Quotes;
+    }
+    return markup;
+}
+
+TzXmlName TzSoapUtils::getTypeValue(const TzXmlAttributeSet& attributes,
+                                    TzSoapParseContext* context) {
+    const TzXmlAttribute* type = findType(attributes);
+    if (type == nullptr) {
+        return {};
+    }
+    TzXmlName name = resolve(type->getValue(), context);
+    if (name.getUri().empty()) {
+        const auto* declared = attributes.findDeclaration(name.getPrefix());
+        if (declared != attributes.end()) {
+            name.setNamespace(declared->declaredNamespace());
+        }
+    }
+    return name;
+}
