@@ -3,8 +3,7 @@
 
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapType.h>
-
-#include <list>
+#include <soap/TzSoapValueList.h>
 
 class TzSoapCompositeTypeImp;
 
@@ -16,9 +15,9 @@ class TzSoapCompositeTypeImp;
 class TZSOAP_API TzSoapCompositeType : public TzSoapType {
 public:
     /// Position of a child; valid until that child is removed.
-    using iterator = std::list<TzSoapType>::iterator;
+    using iterator = TzSoapValueList::iterator;
     /// Position of a child; valid until that child is removed.
-    using const_iterator = std::list<TzSoapType>::const_iterator;
+    using const_iterator = TzSoapValueList::const_iterator;
 
     /// A composite without name and children.
     TzSoapCompositeType();

@@ -3,23 +3,19 @@
 
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapGenericTypeHandler.h>
-#include <soap/TzSoapType.h>
 #include <soap/TzSoapTypeImp.h>
+#include <soap/TzSoapValueList.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
-
-#include <list>
 
 /// Body of a composite value: an ordered list of child values, names may repeat. Reads its own
 /// children while its element is open. Only the reference count is locked.
 class TZSOAP_API TzSoapCompositeTypeImp : public TzSoapTypeImp, public TzSoapGenericTypeHandler {
 public:
-    /// The children, in document order.
-    using Children = std::list<TzSoapType>;
     /// Position of a child; valid until that child is removed.
-    using iterator = Children::iterator;
+    using iterator = TzSoapValueList::iterator;
     /// Position of a child; valid until that child is removed.
-    using const_iterator = Children::const_iterator;
+    using const_iterator = TzSoapValueList::const_iterator;
 
     /// A composite without name and children.
     TzSoapCompositeTypeImp();
@@ -39,7 +35,7 @@ public:
     TzSoapElementImp* clone() const override;
 
     /// Number of children.
-    unsigned int childCount() const noexcept;
+    unsigned int childCount() const noexcept { return children_.size(); }
     /// The first child.
     iterator childrenBegin() noexcept { return children_.begin(); }
     /// The first child.
@@ -49,23 +45,25 @@ public:
     /// Behind the last child.
     const_iterator childrenEnd() const noexcept { return children_.end(); }
     /// Adds a child at the end.
-    void appendChild(const TzSoapType& child);
+    void appendChild(const TzSoapType& child) { children_.append(child); }
     /// Adds a child at the front.
-    void prependChild(const TzSoapType& child);
+    void prependChild(const TzSoapType& child) { children_.prepend(child); }
     /// Adds a child before `position`; returns its position.
-    iterator insertChild(iterator position, const TzSoapType& child);
+    iterator insertChild(iterator position, const TzSoapType& child) {
+        return children_.insert(position, child);
+    }
     /// Removes a child; returns the position behind it.
-    iterator removeChild(iterator position);
+    iterator removeChild(iterator position) { return children_.remove(position); }
     /// Removes the first child of that name, if any. O(children).
-    void removeChild(const TzXmlName& name);
+    void removeChild(const TzXmlName& name) { children_.remove(name); }
     /// Removes all children of that name. O(children).
-    void removeAllChildren(const TzXmlName& name);
+    void removeAllChildren(const TzXmlName& name) { children_.removeAll(name); }
     /// Removes all children. O(children).
-    void clearChildren() noexcept;
+    void clearChildren() noexcept { children_.clear(); }
     /// The first child of that name, `childrenEnd()` if there is none. O(children).
-    iterator findChild(const TzXmlName& name);
+    iterator findChild(const TzXmlName& name) { return children_.find(name); }
     /// The first child of that name, `childrenEnd()` if there is none. O(children).
-    const_iterator findChild(const TzXmlName& name) const;
+    const_iterator findChild(const TzXmlName& name) const { return children_.find(name); }
 
     /// Takes a child that was read: appends it.
     void addChild(const TzSoapType& child) override;
@@ -78,5 +76,5 @@ public:
                   TzSoapParseContext* context);
 
 private:
-    Children children_;
+    TzSoapValueList children_;
 };

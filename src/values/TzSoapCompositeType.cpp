@@ -3,8 +3,6 @@
 
 #include <soap/TzSoapCompositeTypeImp.h>
 
-#include <utility>
-
 TzSoapCompositeType::TzSoapCompositeType() : TzSoapCompositeType(new TzSoapCompositeTypeImp()) {}
 
 TzSoapCompositeType::TzSoapCompositeType(const TzXmlName& name)
