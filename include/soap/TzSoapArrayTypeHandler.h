@@ -30,10 +30,9 @@ public:
     void endElement(const TzXmlName& name) override;
 
 private:
-    template <typename Body>
-    void finishStartElement(Body& array, const TzXmlName& childName,
+    void finishStartElement(const TzSoapArrayType& array, const TzXmlName& childName,
                             const TzXmlAttributeSet& childAttributes);
-    template <typename Body> void populateArray(Body& array);
+    void populateArray(const TzSoapArrayType& array);
 
     TzXmlName name_;
     TzXmlAttributeSet attributes_;

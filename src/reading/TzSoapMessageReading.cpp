@@ -9,6 +9,7 @@
 #include <soap/TzSoapUtils.h>
 #include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlSAXParser.h>
+#include <tz/xml/TzXmlWriter.h>
 
 #include "model/TzSoapAccess.h"
 

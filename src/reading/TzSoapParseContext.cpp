@@ -2,7 +2,6 @@
 #include <soap/TzSoapParseContext.h>
 
 #include <soap/TzSoapMessageImp.h>
-#include <soap/TzSoapReferenceToMimePartImp.h>
 #include <soap/TzSoapReferenceToSoapTypeImp.h>
 #include <soap/TzSoapReferenceTypeImp.h>
 #include <tz/xml/TzXmlElementImp.h>
@@ -85,9 +84,8 @@ const TzSoapType* TzSoapParseContext::findTarget(std::string_view href) const {
 }
 
 void TzSoapParseContext::refer(TzSoapReferenceTypeImp& reference, const TzSoapType& target) {
-    auto& toSoapType = static_cast<TzSoapReferenceToSoapTypeImp&>(reference);
-    resolved_.push_back(&toSoapType);
-    toSoapType.setReference(target);
+    resolved_.push_back(&static_cast<TzSoapReferenceToSoapTypeImp&>(reference));
+    reference.setReference(target);
 }
 
 bool TzSoapParseContext::resolve(std::string_view href, TzSoapReferenceTypeImp& reference) {
@@ -100,7 +98,7 @@ bool TzSoapParseContext::resolve(std::string_view href, TzSoapReferenceTypeImp& 
         return true;
     }
     if (const auto part = tzSoapFindMimePart(mimeMultipart_, href)) {
-        static_cast<TzSoapReferenceToMimePartImp&>(reference).setReference(*part);
+        reference.setReference(*part);
     }
     return true; // the package does not change: there is nothing to try again later
 }

@@ -61,7 +61,7 @@ private:
     void enterTarget(TzSoapReferenceTypeImp& reference) {
         if (reference.isSoapReference() && reference.hasReference()) {
             auto& through = static_cast<TzSoapReferenceToSoapTypeImp&>(reference);
-            steps_.push_back({&TzSoapAccess::body(through.getReference()), &through, false});
+            steps_.push_back({&TzSoapAccess::body(through.getSoapReference()), &through, false});
         }
     }
 

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapArrayTypeHandler.h>
+
+#include <soap/TzSoapCompactArrayImp.h>
+#include <soap/TzSoapCompactArrayType.h>
+#include <soap/TzSoapGenericTypeHandler.h>
+#include <soap/TzSoapParseContext.h>
+#include <soap/TzSoapSparseArrayImp.h>
+#include <soap/TzSoapSparseArrayType.h>
+#include <soap/TzSoapUtils.h>
+
+#include "model/TzSoapAccess.h"
+
+#include <utility>
+
+TzSoapArrayTypeHandler::TzSoapArrayTypeHandler() = default;
+
+TzSoapArrayTypeHandler::~TzSoapArrayTypeHandler() = default;
+
+void TzSoapArrayTypeHandler::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
+                                      const TzCString& type, const TzCString& size,
+                                      TzSoapParseContext* context,
+                                      TzSoapGenericTypeHandler* owner) {
+    name_ = name;
+    attributes_ = attributes;
+    type_ = type;
+    size_ = size;
+    owner_ = owner;
+    acceptEvents(context);
+}
+
+void TzSoapArrayTypeHandler::startElement(const TzXmlName& name,
+                                          const TzXmlAttributeSet& attributes) {
+    const TzXmlName& position =
+        TzSoapVersion::getSoapAttributeName(TzSoapVersion::Position, context()->getVersion());
+    if (attributes.find(position) != attributes.end()) {
+        finishStartElement(TzSoapSparseArrayImp::forReading(name_, type_, size_), name, attributes);
+    } else {
+        finishStartElement(
+            TzSoapCompactArrayImp::forReading(name_, type_, size_, *context()), name, attributes);
+    }
+}
+
+void TzSoapArrayTypeHandler::endElement(const TzXmlName&) {
+    populateArray(TzSoapCompactArrayImp::forReading(name_, type_, size_, *context()));
+    declineEvents();
+}
+
+void TzSoapArrayTypeHandler::finishStartElement(const TzSoapArrayType& array,
+                                                const TzXmlName& childName,
+                                                const TzXmlAttributeSet& childAttributes) {
+    TzSoapParseContext* reading = context();
+    populateArray(array);
+    declineEvents();
+    TzSoapAccess::body(array).doStart(childName, childAttributes, reading);
+}
+
+void TzSoapArrayTypeHandler::populateArray(const TzSoapArrayType& array) {
+    TzSoapArrayTypeImp& body = TzSoapAccess::body(array);
+    TzSoapParseContext& reading = *context();
+    // Its own declarations may bind the prefix of its type.
+    reading.getNamespaces().push_back(&body);
+    TzSoapUtils::copyAttributes(std::move(attributes_), body, &reading);
+    reading.getNamespaces().pop_back();
+    TzSoapUtils::removeAndFixArrayTypeAttributes(&body, reading.getVersion());
+    reading.fileId(array);
+    owner_->addChild(array);
+}
