@@ -11,10 +11,10 @@ class TzXmlContentHandler;
 
 /// Reads XML text and tells a content handler what it meets.
 ///
-/// Namespaces are resolved (an unbound prefix gives the empty URI), declarations are delivered among
-/// the attributes. UTF-8, UTF-16, UTF-32, ISO-8859-1, US-ASCII and every single-byte encoding known to
-/// iconv are read; handlers always see UTF-8. A DOCTYPE is refused. Not locked: one parser is used by
-/// one thread at a time.
+/// Namespaces are resolved (an unbound prefix gives the empty URI), declarations are delivered
+/// among the attributes. UTF-8, UTF-16, UTF-32, ISO-8859-1, US-ASCII and every single-byte encoding
+/// known to iconv are read; handlers always see UTF-8. A DOCTYPE is refused. Not locked: one parser
+/// is used by one thread at a time.
 class TZ_PLATFORM_API TzXmlSAXParser {
 public:
     /// Depth of elements that is accepted unless told otherwise.
@@ -44,13 +44,14 @@ public:
     std::size_t getAttributeLimit() const noexcept { return attributeLimit_; }
 
     /// Reads the whole document `text`. `TzXmlParseError` with line and column when it is not well
-    /// formed or breaks a limit; what a handler throws passes through; `TzTHRIllegalUsage` when called
-    /// while this parser parses. The parser can be used again after any error. Linear in the length
-    /// of the text (times the logarithm of the number of attributes and prefixes).
+    /// formed or breaks a limit; what a handler throws passes through; `TzTHRIllegalUsage` when
+    /// called while this parser parses. The parser can be used again after any error. Linear in the
+    /// length of the text (times the logarithm of the number of attributes and prefixes).
     void parse(std::string_view text);
 
-    /// Line of the event under way, from 1; after a failed parse, of the event it ended at; otherwise
-    /// 0. A text event has the place of the tag that ends the text. Counted when asked for.
+    /// Line of the event under way, from 1; after a failed parse, of the event it ended at;
+    /// otherwise 0. A text event has the place of the tag that ends the text. Counted when asked
+    /// for.
     std::size_t getLine() const noexcept;
     /// Column (in characters) of that event, from 1; otherwise 0. Counted when asked for.
     std::size_t getColumn() const noexcept;

@@ -13,9 +13,12 @@ public:
     ~TzXmlStringWriter() override;
 
     /// The text written so far; valid until the next write.
-    const TzCString& getString() const noexcept { return text_; }
+    const TzCString& getString() const {
+        flush();
+        return text_;
+    }
     /// Hands the text over; the writer's own text is empty then.
-    TzCString takeString() noexcept;
+    TzCString takeString();
     /// Replaces the text written so far.
     void setString(TzCString text) noexcept;
 

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include "TzXmlEscape.h"
+
+#include <tz/xml/TzXmlBadArgError.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace {
+
+/// What is done with a byte.
+enum class Treatment : unsigned char {
+    Plain,    ///< Written as it stands.
+    Replaced, ///< Written as a reference.
+    Refused,  ///< A character that XML does not have.
+    Checked,  ///< Begins a character of several bytes, or should.
+};
+
+using TreatmentTable = std::array<Treatment, 256>;
+
+constexpr TreatmentTable makeTable(std::string_view replaced) {
+    TreatmentTable table{};
+    for (std::size_t byte = 0; byte < table.size(); ++byte) {
+        const bool isLineOrTab = byte == '\t' || byte == '\n' || byte == '\r';
+        table[byte] = byte >= 0x80                  ? Treatment::Checked
+                      : byte < 0x20 && !isLineOrTab ? Treatment::Refused
+                                                    : Treatment::Plain;
+    }
+    for (const char byte : replaced) {
+        table[static_cast<unsigned char>(byte)] = Treatment::Replaced;
+    }
+    return table;
+}
+
+// Readers turn CR and CR LF in content into LF, and TAB, LF and CR in attribute values into blanks.
+constexpr TreatmentTable ContentTable = makeTable("&<>\r");
+constexpr TreatmentTable AttributeValueTable = makeTable("&<>\r\"\t\n");
+
+std::string_view referenceFor(char byte) noexcept {
+    switch (byte) {
+    case '&':
+        return "&amp;";
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '"':
+        return "&quot;";
+    case '\t':
+        return "&#9;";
+    case '\n':
+        return "&#10;";
+    default:
+        return "&#13;";
+    }
+}
+
+constexpr std::size_t WordSize = sizeof(std::uint64_t);
+
+constexpr std::uint64_t everyByte(unsigned char byte) { return byte * (~std::uint64_t{0} / 0xFF); }
+
+/// Sets the top bit of some byte when a byte of `word` is zero.
+constexpr std::uint64_t zeroBytes(std::uint64_t word) {
+    return (word - everyByte(0x01)) & ~word & everyByte(0x80);
+}
+
+/// Whether all of the next `WordSize` bytes are plain in every context; only quick, not complete.
+bool isPlainWord(const char* bytes) noexcept {
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes, WordSize);
+    const std::uint64_t notAscii = word & everyByte(0x80);
+    const std::uint64_t controls = (word - everyByte(0x20)) & ~word & everyByte(0x80);
+    // '<' and '>' differ in one bit only, and so do '&' and '"'.
+    const std::uint64_t brackets = zeroBytes((word | everyByte('<' ^ '>')) ^ everyByte('>'));
+    const std::uint64_t others = zeroBytes((word | everyByte('&' ^ '"')) ^ everyByte('&'));
+    return (notAscii | controls | brackets | others) == 0;
+}
+
+Treatment treatmentOf(char byte, const TreatmentTable& table) noexcept {
+    return table[static_cast<unsigned char>(byte)];
+}
+
+/// Position of the first byte from `at` on that is not plain.
+std::size_t endOfPlain(std::string_view text, std::size_t at,
+                       const TreatmentTable& table) noexcept {
+    while (at < text.size()) {
+        if (text.size() - at >= WordSize && isPlainWord(text.data() + at)) {
+            at += WordSize;
+        } else if (treatmentOf(text[at], table) == Treatment::Plain) {
+            ++at;
+        } else {
+            break;
+        }
+    }
+    return at;
+}
+
+/// The bytes that may follow the first one of a character.
+struct Followers {
+    std::size_t count;
+    unsigned char lowest; // of the first follower; the others are 0x80 to 0xBF
+    unsigned char highest;
+};
+
+/// None for a byte that begins no character of UTF-8.
+constexpr Followers followersOf(unsigned char first) {
+    if (first < 0xC2 || first > 0xF4) {
+        return {0, 0, 0};
+    }
+    if (first < 0xE0) {
+        return {1, 0x80, 0xBF};
+    }
+    if (first < 0xF0) {
+        // Neither longer than needed nor a surrogate.
+        return {2, static_cast<unsigned char>(first == 0xE0 ? 0xA0 : 0x80),
+                static_cast<unsigned char>(first == 0xED ? 0x9F : 0xBF)};
+    }
+    return {3, static_cast<unsigned char>(first == 0xF0 ? 0x90 : 0x80),
+            static_cast<unsigned char>(first == 0xF4 ? 0x8F : 0xBF)};
+}
+
+/// Bytes of the character that `text` begins with, 0 when it is not UTF-8.
+std::size_t characterLength(std::string_view text) noexcept {
+    const auto byteAt = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const Followers followers = followersOf(byteAt(0));
+    if (followers.count == 0 || text.size() <= followers.count || byteAt(1) < followers.lowest ||
+        byteAt(1) > followers.highest) {
+        return 0;
+    }
+    for (std::size_t i = 2; i <= followers.count; ++i) {
+        if ((byteAt(i) & 0xC0) != 0x80) {
+            return 0;
+        }
+    }
+    return followers.count + 1;
+}
+
+TzCString hexadecimal(unsigned value, std::size_t width) {
+    std::array<char, 8> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value, 16).ptr;
+    TzCString text(digits.data(), end);
+    text.insert(0, width - std::min(width, text.size()), '0');
+    for (char& digit : text) {
+        digit = digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit;
+    }
+    return text;
+}
+
+[[noreturn]] void refuseCharacter(unsigned code, std::size_t offset) {
+    throw TzXmlBadArgError(TzMessage("the character U+" + hexadecimal(code, 4) + " at offset " +
+                                     std::to_string(offset) + " cannot stand in XML"));
+}
+
+[[noreturn]] void refuseByte(char byte, std::size_t offset) {
+    throw TzXmlBadArgError(TzMessage("the byte 0x" +
+                                     hexadecimal(static_cast<unsigned char>(byte), 2) +
+                                     " at offset " + std::to_string(offset) + " is not UTF-8"));
+}
+
+/// Bytes of the character at `at`; throws when XML cannot hold it.
+std::size_t checkedLength(std::string_view text, std::size_t at) {
+    const std::size_t length = characterLength(text.substr(at));
+    if (length == 0) {
+        refuseByte(text[at], at);
+    }
+    if (text.substr(at, 2) == "\xEF\xBF" && static_cast<unsigned char>(text[at + 2]) >= 0xBE) {
+        refuseCharacter(text[at + 2] == '\xBE' ? 0xFFFE : 0xFFFF, at);
+    }
+    return length;
+}
+
+} // namespace
+
+std::string_view tzEscape(std::string_view text, TzXmlEscapeContext context, TzCString& buffer) {
+    const TreatmentTable& table =
+        context == TzXmlEscapeContext::Content ? ContentTable : AttributeValueTable;
+    buffer.clear();
+    std::size_t begin = 0; // of what is not in the buffer yet
+    std::size_t at = endOfPlain(text, 0, table);
+    while (at < text.size()) {
+        const Treatment treatment = treatmentOf(text[at], table);
+        if (treatment == Treatment::Checked) {
+            at += checkedLength(text, at);
+        } else if (treatment == Treatment::Replaced) {
+            buffer.append(text, begin, at - begin);
+            buffer.append(referenceFor(text[at]));
+            begin = ++at;
+        } else {
+            refuseCharacter(static_cast<unsigned char>(text[at]), at);
+        }
+        at = endOfPlain(text, at, table);
+    }
+    return begin == 0 ? text : buffer.append(text, begin, text.size() - begin);
+}

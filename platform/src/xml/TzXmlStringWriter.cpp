@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include <tz/xml/TzXmlStringWriter.h>
+
+#include <utility>
+
+// The base only keeps the address of the text, which is made after it.
+TzXmlStringWriter::TzXmlStringWriter() noexcept : TzXmlWriter(text_) {}
+
+TzXmlStringWriter::~TzXmlStringWriter() = default;
+
+TzCString TzXmlStringWriter::takeString() {
+    flush();
+    return std::exchange(text_, TzCString());
+}
+
+void TzXmlStringWriter::setString(TzCString text) noexcept {
+    discard();
+    text_ = std::move(text);
+}
