@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapType.h>
+
+#include <optional>
+
+class TzSoapArrayType;
+class TzSoapCompactArrayType;
+class TzSoapCompositeType;
+class TzSoapMisunderstoodType;
+class TzSoapReferenceType;
+class TzSoapSimpleType;
+class TzSoapSparseArrayType;
+class TzSoapUserDefinedType;
+
+/// A handle of class `Handle` that shares the body of `value`, for example a `TzSoapCompositeType` of a
+/// body entry; empty when the value is of another kind. `Handle` is one of the classes declared above.
+/// `TzTHRInvalidPointer` "Invalid pointer" for a handle without a body.
+template <typename Handle> std::optional<Handle> tzSoapCast(const TzSoapType& value);
+
+extern template TZSOAP_API std::optional<TzSoapArrayType> tzSoapCast(const TzSoapType&);
+extern template TZSOAP_API std::optional<TzSoapCompactArrayType> tzSoapCast(const TzSoapType&);
+extern template TZSOAP_API std::optional<TzSoapCompositeType> tzSoapCast(const TzSoapType&);
+extern template TZSOAP_API std::optional<TzSoapMisunderstoodType> tzSoapCast(const TzSoapType&);
+extern template TZSOAP_API std::optional<TzSoapReferenceType> tzSoapCast(const TzSoapType&);
+extern template TZSOAP_API std::optional<TzSoapSimpleType> tzSoapCast(const TzSoapType&);
+extern template TZSOAP_API std::optional<TzSoapSparseArrayType> tzSoapCast(const TzSoapType&);
+extern template TZSOAP_API std::optional<TzSoapUserDefinedType> tzSoapCast(const TzSoapType&);
