@@ -3,7 +3,6 @@
 // Builds a stock order and a fault in each version, prints what goes over the wire, reads it back.
 #include <soap/TzSoapCast.h>
 #include <soap/TzSoapCompositeType.h>
-#include <soap/TzSoapFault.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapSimpleType.h>
 

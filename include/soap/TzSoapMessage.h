@@ -2,21 +2,22 @@
 #pragma once
 
 #include <soap/TzMessageBase.h>
+#include <soap/TzSoapBody.h>
 #include <soap/TzSoapElementHandle.h>
 #include <soap/TzSoapExport.h>
+#include <soap/TzSoapFault.h>
+#include <soap/TzSoapHeader.h>
 #include <soap/TzSoapReadLimits.h>
+#include <soap/TzSoapTypeRegistry.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/pointer/TzHandleBase.h>
 #include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlProlog.h>
 
 class TzMimeMultipart;
-class TzSoapBody;
 class TzSoapConstVisitor;
-class TzSoapHeader;
 class TzSoapMessageImp;
-class TzSoapTypeRegistry;
 class TzSoapVisitor;
-class TzXmlProlog;
 
 /// Handle of a whole message: the Envelope element with its header and its body.
 ///
