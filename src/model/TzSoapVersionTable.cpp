@@ -199,12 +199,8 @@ int TzSoapVersionTable::findFaultCode(std::string_view localName) const noexcept
 
 bool TzSoapVersionTable::matchUris(std::string_view left, std::string_view right) noexcept {
     const std::size_t longer = std::max(left.size(), right.size());
-    const std::size_t shorter = std::min(left.size(), right.size());
-    if (longer == 0) {
-        return true;
-    }
     // Equal texts are equal without their last character too, so one comparison answers for both.
-    return longer - shorter <= 1 && left.substr(0, longer - 1) == right.substr(0, longer - 1);
+    return longer == 0 || left.substr(0, longer - 1) == right.substr(0, longer - 1);
 }
 
 bool TzSoapVersionTable::findVersion(std::string_view uri, Home home,

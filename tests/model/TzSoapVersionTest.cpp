@@ -621,6 +621,14 @@ TEST(TzSoapVersionTest, MatchingAnAttributeName) {
     EXPECT_TRUE(V::matchSoapAttributeName(role, V::Actor, V::V1_2));
     EXPECT_FALSE(V::matchSoapAttributeName(role, V::Actor, V::V1_1));
     EXPECT_FALSE(V::matchSoapAttributeName(role, V::Root, V::V1_2));
+    for (int i = 0; i < 11; ++i) {
+        const auto attribute = static_cast<V::SoapAttribute>(i);
+        for (const V::Version version : both) {
+            EXPECT_TRUE(V::matchSoapAttributeName(V::getSoapAttributeName(attribute, version),
+                                                  attribute, version))
+                << i;
+        }
+    }
     EXPECT_TRUE(V::matchSoapAttributeName(TzXmlName("href"), V::Ref, V::V1_1));
     EXPECT_FALSE(V::matchSoapAttributeName(TzXmlName("href"), V::Ref, V::V1_2));
     // The tolerance for namespaces does not reach names.
