@@ -25,7 +25,8 @@ std::ptrdiff_t liveAllocations() noexcept;
 std::size_t madeAllocations() noexcept;
 
 /// Runs `action` with its 1st, 2nd ... allocation failing until it needs no more. Each failure must
-/// arrive as std::bad_alloc and every run must give back what it took. Returns the number of failures.
+/// arrive as std::bad_alloc and every run must give back what it took. Returns the number of
+/// failures.
 template <typename Action> std::size_t failEachAllocation(const Action& action) {
     action(); // statics of the first use stay
     for (std::size_t nth = 1;; ++nth) {

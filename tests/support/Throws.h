@@ -8,8 +8,8 @@
 #include <string>
 #include <typeinfo>
 
-/// The text of the `Error` that `action` throws; fails the test when it throws nothing or an exception
-/// of any other class, a derived one included.
+/// The text of the `Error` that `action` throws; fails the test when it throws nothing or an
+/// exception of any other class, a derived one included.
 template <typename Error, typename Action> std::string textThrown(const Action& action) {
     try {
         action();

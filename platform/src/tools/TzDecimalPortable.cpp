@@ -10,28 +10,34 @@
 
 namespace {
 
-/// The exponent as a shift of the point to the right, 0 without one.
-std::ptrdiff_t readExponent(TzTextReader& reader, std::string_view text) {
-    if (!reader.take('e') && !reader.take('E')) {
-        return 0;
-    }
+/// Passes over a sign, if one comes next; whether it was '-'.
+bool readSign(TzTextReader& reader) noexcept {
     const bool negative = reader.take('-');
     if (!negative) {
         reader.take('+');
     }
-    std::string_view digits = reader.digits();
-    if (digits.empty()) {
+    return negative;
+}
+
+constexpr std::ptrdiff_t Limit = TzDecimalPortable::ExponentLimit;
+
+/// The exponent that comes next, 0 without one; anything beyond the limit is as good as one beyond.
+std::ptrdiff_t readExponent(TzTextReader& reader) noexcept {
+    if (!reader.take('e') && !reader.take('E')) {
+        return 0;
+    }
+    const bool negative = readSign(reader);
+    if (!reader.atDigit()) {
         reader.fail();
     }
+    std::string_view digits = reader.digits();
     digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
-    // Looked at before any zero is written: a short text must not ask for a long number.
-    const unsigned value = digits.size() > 4 ? TzDecimalPortable::ExponentLimit + 1
-                                             : TzTextReader(digits).number(digits.size());
-    if (reader.complete() && value > TzDecimalPortable::ExponentLimit) {
-        throw TzBadValueError(tzQuoted(text) + " has an exponent beyond " +
-                              std::to_string(TzDecimalPortable::ExponentLimit));
-    }
-    return negative ? -static_cast<std::ptrdiff_t>(value) : static_cast<std::ptrdiff_t>(value);
+    constexpr std::size_t DigitsOfLimit = 4;
+    const std::ptrdiff_t value =
+        digits.size() > DigitsOfLimit
+            ? Limit + 1
+            : static_cast<std::ptrdiff_t>(TzTextReader(digits).number(digits.size()));
+    return negative ? -value : value;
 }
 
 /// The digits of a number with the point before the one at `point`, which may lie outside of them.
@@ -54,17 +60,18 @@ TzCString withPoint(TzCString digits, std::ptrdiff_t point) {
 
 TzDecimalPortable::TzDecimalPortable(std::string_view text) {
     TzTextReader reader(text);
-    const bool negative = reader.take('-');
-    if (!negative) {
-        reader.take('+');
-    }
+    const bool negative = readSign(reader);
     const std::string_view whole = reader.digits();
     const std::string_view fraction = reader.take('.') ? reader.digits() : std::string_view();
-    const std::ptrdiff_t exponent = readExponent(reader, text);
+    const std::ptrdiff_t exponent = readExponent(reader);
     TzCString digits(whole);
     digits += fraction;
     if (!reader.complete() || digits.empty()) {
         throw TzBadValueError(tzQuoted(text) + " is not a decimal number");
+    }
+    // Looked at before any zero is written: a short text must not ask for a long number.
+    if (exponent > Limit || exponent < -Limit) {
+        throw TzBadValueError(tzQuoted(text) + " has an exponent beyond " + std::to_string(Limit));
     }
     const bool zero = digits.find_first_not_of('0') == TzCString::npos;
     text_ = withPoint(std::move(digits), static_cast<std::ptrdiff_t>(whole.size()) + exponent);

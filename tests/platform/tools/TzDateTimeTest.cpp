@@ -46,10 +46,10 @@ TEST(TzDateTime, ChecksEveryField) {
 
 TEST(TzDateTime, IsOrderedByField) {
     const std::vector<TzDateTime> rising = {
-        TzDateTime(1, 1, 1, 0, 0, 0),        TzDateTime(2001, 2, 3, 4, 5, 6),
-        TzDateTime(2001, 2, 3, 4, 5, 6, 1),  TzDateTime(2001, 2, 3, 4, 5, 7),
-        TzDateTime(2001, 2, 3, 4, 6, 0),     TzDateTime(2001, 2, 3, 5, 0, 0),
-        TzDateTime(2001, 2, 4, 0, 0, 0),     TzDateTime(2001, 3, 1, 0, 0, 0),
+        TzDateTime(1, 1, 1, 0, 0, 0),         TzDateTime(2001, 2, 3, 4, 5, 6),
+        TzDateTime(2001, 2, 3, 4, 5, 6, 1),   TzDateTime(2001, 2, 3, 4, 5, 7),
+        TzDateTime(2001, 2, 3, 4, 6, 0),      TzDateTime(2001, 2, 3, 5, 0, 0),
+        TzDateTime(2001, 2, 4, 0, 0, 0),      TzDateTime(2001, 3, 1, 0, 0, 0),
         TzDateTime(9999, 12, 31, 23, 59, 59),
     };
     for (std::size_t i = 0; i < rising.size(); ++i) {
