@@ -5,7 +5,8 @@
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlStringWriter.h>
 
-/// The text that a writer of its own produces for `element` (a message, header, body, fault or value).
+/// The text that a writer of its own produces for `element` (a message, header, body, fault or
+/// value).
 template <typename Element> TzCString tzSoapWriteText(const Element& element) {
     TzXmlStringWriter text;
     TzSoapWriter writer(&text, nullptr);

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "output/TzSoapTagAttributes.h"
+
+#include <algorithm>
+#include <utility>
+
+void TzSoapTagAttributes::addOwn(const Attribute& attribute) {
+    for (const std::size_t position : made_) {
+        if (*attributes_[position].name == *attribute.name) {
+            attributes_[position] = attribute;
+            return;
+        }
+    }
+    attributes_.push_back(attribute);
+}
+
+void TzSoapTagAttributes::addMade(const Attribute& attribute) {
+    const auto known = find(*attribute.name);
+    if (known != attributes_.end()) {
+        *known = attribute;
+        return;
+    }
+    made_.push_back(attributes_.size());
+    attributes_.push_back(attribute);
+}
+
+void TzSoapTagAttributes::rename(const TzXmlName& from, const TzXmlName& to) {
+    const auto renamed = find(from);
+    if (renamed == attributes_.end() || from == to) {
+        return;
+    }
+    const auto replaced = find(to);
+    if (replaced == attributes_.end()) {
+        renamed->name = &to;
+        return;
+    }
+    replaced->value = renamed->value;
+    attributes_.erase(renamed);
+}
+
+std::vector<TzSoapTagAttributes::Attribute>::iterator
+TzSoapTagAttributes::find(const TzXmlName& name) {
+    return std::find_if(attributes_.begin(), attributes_.end(),
+                        [&](const Attribute& each) { return *each.name == name; });
+}
+
+TzCString& TzSoapTagAttributes::newText() {
+    if (textsUsed_ == texts_.size()) {
+        texts_.push_back(std::make_unique<TzCString>());
+    }
+    TzCString& text = *texts_[textsUsed_++];
+    text.clear();
+    return text;
+}
+
+std::string_view TzSoapTagAttributes::keep(TzCString text) { return newText() = std::move(text); }

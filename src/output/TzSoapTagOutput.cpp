@@ -1,0 +1,338 @@
+// SPDX-License-Identifier: MIT
+#include "output/TzSoapTagOutput.h"
+
+#include <soap/TzSoapArrayTypeImp.h>
+#include <soap/TzSoapElementImp.h>
+#include <soap/TzSoapTypeImp.h>
+#include <soap/TzSoapWriter.h>
+#include <tz/tools/TzMessage.h>
+#include <tz/xml/TzThrow.h>
+#include <tz/xml/TzXmlSchemaUtils.h>
+
+#include <utility>
+
+namespace {
+
+/// How values without name are called.
+constexpr std::string_view UnnamedLocalName = "unnamed";
+
+const TzXmlNamespace& unnamedNamespace() {
+    static const TzXmlNamespace unnamed("tznone", "urn:tz-soap:unnamed");
+    return unnamed;
+}
+
+} // namespace
+
+TzSoapTagOutput::Element::Element(TzSoapTagOutput& output, const TzXmlAttributeSet& attributes)
+    : output_(output), indentation_(output.text().getIndentation()),
+      styles_(output.state().styles.size()) {
+    output.open();
+    try {
+        output.enterDeclarations(attributes);
+    } catch (...) {
+        output.close(styles_);
+        throw;
+    }
+}
+
+TzSoapTagOutput::Element::~Element() {
+    output_.close(styles_);
+    output_.text().setIndentation(indentation_);
+}
+
+TzSoapTagOutput::TzSoapTagOutput(TzXmlWriter* text)
+    : text_(text), soap_(&TzSoapVersion::getLatestSoapVersion()),
+      state_(std::make_shared<TzSoapOutputState>()) {
+    state_->soap = soap_;
+}
+
+TzSoapTagOutput::~TzSoapTagOutput() = default;
+
+void TzSoapTagOutput::setVersion(TzSoapVersion::Version version) {
+    soap_ = &TzSoapVersion::getSoapVersion(version);
+    if (top_) {
+        state_->soap = soap_;
+    }
+}
+
+void TzSoapTagOutput::separate() {
+    if (top_) {
+        state_ = std::make_shared<TzSoapOutputState>(*state_);
+    }
+}
+
+void TzSoapTagOutput::checkDepth(std::size_t levels) const {
+    if (levels > TzSoapWriter::DepthLimit - state_->depth) {
+        TzThrow(TzXmlDomainError(
+            TzMessage("Elements nested deeper than " +
+                      TzXmlSchemaUtils::ConvertTypeToString(TzSoapWriter::DepthLimit) +
+                      " levels are not written")));
+    }
+}
+
+void TzSoapTagOutput::open() {
+    TzSoapOutputState& state = *state_;
+    checkDepth(1);
+    state.namespaces.pushScope();
+    state.attributes.clear();
+    outerStyles_ = state.styles.size();
+    ++state.depth;
+}
+
+void TzSoapTagOutput::close(std::size_t styles) noexcept {
+    TzSoapOutputState& state = *state_;
+    --state.depth;
+    state.styles.shrink(styles);
+    state.namespaces.popScope();
+}
+
+void TzSoapTagOutput::takePrefixes(const TzCString& envelope, const TzCString& encoding) {
+    if (top_) {
+        state_->envelopePrefix = envelope;
+        state_->encodingPrefix = encoding;
+    }
+}
+
+const TzCString& TzSoapTagOutput::envelopePrefix() const {
+    return state_->envelopePrefix.empty() ? state_->soap->getSoapEnv().getPrefix()
+                                          : state_->envelopePrefix;
+}
+
+const TzCString& TzSoapTagOutput::encodingPrefix() const {
+    return state_->encodingPrefix.empty() ? state_->soap->getSoapEnc().getPrefix()
+                                          : state_->encodingPrefix;
+}
+
+TzSoapTagOutput::TagName TzSoapTagOutput::tagName(const TzXmlName& name) noexcept {
+    if (name.isEmpty()) {
+        return {unnamedNamespace().getPrefix(), TzXmlWriter::Colon, UnnamedLocalName, true};
+    }
+    const TzCString& prefix = name.getPrefix();
+    return {prefix, prefix.empty() ? std::string_view() : TzXmlWriter::Colon, name.getLocalName(),
+            false};
+}
+
+void TzSoapTagOutput::declare(const TzXmlNamespace& declared) {
+    if (!declared.getUri().empty() || declared.getPrefix().empty()) {
+        state_->namespaces.add(declared);
+    }
+}
+
+void TzSoapTagOutput::declareUnbound(std::string_view prefix, const TzCString& uri) {
+    if (uriForPrefix(prefix).empty()) {
+        declare(TzXmlNamespace(prefix, uri));
+    }
+}
+
+void TzSoapTagOutput::qualifyName(const TzXmlName& name) {
+    const TzXmlNamespace& needed = name.getNamespace();
+    if (needed.getUri().empty() || needed.getPrefix() == TzXmlNamespace::getXmlns().getPrefix()) {
+        return;
+    }
+    const TzCString& bound = uriForPrefix(needed.getPrefix());
+    // A prefix that is bound stays as it is, whatever its URI; only the default namespace changes.
+    if (needed.getPrefix().empty() ? bound != needed.getUri() : bound.empty()) {
+        declare(needed);
+    }
+}
+
+void TzSoapTagOutput::collectAttributes(const TzSoapElementImp& element) {
+    const bool styleStated = element.hasEncodingStyleAttribute();
+    collectOwn(element, styleStated);
+    if (styleStated) {
+        collectStyleOf(element);
+    }
+}
+
+void TzSoapTagOutput::collectAttributes(const TzSoapTypeImp& value) {
+    const bool styleStated = value.hasEncodingStyleAttribute();
+    collectOwn(value, styleStated);
+    collectPosition();
+    if (styleStated) {
+        collectStyleOf(value);
+    }
+    collectProperties(value);
+}
+
+void TzSoapTagOutput::collectPosition() {
+    if (!position_.empty()) {
+        collectSoap(TzSoapVersion::Position, std::exchange(position_, {}));
+    }
+}
+
+void TzSoapTagOutput::collectStyleOf(const TzSoapElementImp& element) {
+    collectStyle(state_->attributes.keep(element.getEncodingStyleAttribute()));
+}
+
+void TzSoapTagOutput::collectOwn(const TzSoapElementImp& element, bool styleStated) {
+    for (const TzXmlAttribute& attribute : element.getAttributeSet()) {
+        collectOwn(attribute, styleStated);
+    }
+}
+
+void TzSoapTagOutput::collectOwn(const TzXmlAttribute& attribute, bool styleStated) {
+    const TzXmlName& name = attribute.getName();
+    if (attribute.isNamespaceDeclaration()) {
+        collectDeclaration(attribute);
+    } else if (name.getUri().empty()) {
+        state_->attributes.addOwn({&name, name.getPrefix(), attribute.getValue()});
+    } else if (name == soap_->getSoapAttributeQName(TzSoapVersion::EncodingStyle)) {
+        if (!styleStated) {
+            collectStyle(attribute.getValue());
+        }
+    } else if (!collectOfOtherVersion(attribute, styleStated)) {
+        state_->attributes.addOwn(
+            {&name, boundPrefix(name.getPrefix(), name), attribute.getValue()});
+    }
+}
+
+bool TzSoapTagOutput::collectOfOtherVersion(const TzXmlAttribute& attribute, bool styleStated) {
+    TzSoapVersion::SoapAttribute which{};
+    TzSoapVersion::Version found{};
+    if ((!inEnvelope_ && !standalone_) ||
+        !TzSoapVersion::isSoapAttribute(attribute.getName(), which, found) || found == version()) {
+        return false;
+    }
+    if (which != TzSoapVersion::EncodingStyle) {
+        collectSoap(which, attribute.getValue());
+    } else if (!styleStated) {
+        collectStyle(attribute.getValue());
+    }
+    return true;
+}
+
+void TzSoapTagOutput::collectProperties(const TzSoapTypeImp& value) {
+    TzSoapTagAttributes& attributes = state_->attributes;
+    if (value.isRootAttributeSet()) {
+        collectSoap(TzSoapVersion::Root, attributes.keep(value.getRootAttribute()));
+    }
+    if (value.getMustUnderstand()) {
+        collectSoap(TzSoapVersion::MustUnderstand,
+                    attributes.keep(value.getMustUnderstandAttribute(version())));
+    }
+    if (const TzXmlName& type = value.getTypeValue(); !type.isEmpty()) {
+        TzCString& text = attributes.newText();
+        type.appendQualifiedName(text);
+        collectSchemaInstance(TzSoapAttributeSet::getTypeAttributeName(), text);
+    }
+    if (const TzCString& actor = value.getActorAttribute(); !actor.empty()) {
+        collectSoap(TzSoapVersion::Actor, actor);
+    }
+}
+
+void TzSoapTagOutput::collectShape(TzSoapArrayTypeImp& array) {
+    // A version has either the one or the other two of these; what it has not is left out.
+    TzSoapTagAttributes& attributes = state_->attributes;
+    collectSoap(TzSoapVersion::ItemType, array.getElementType());
+    collectSoap(TzSoapVersion::ArraySize, attributes.keep(array.getBoundsAsString(version())));
+    collectSoap(TzSoapVersion::ArrayType, attributes.keep(array.getArrayType()));
+    const std::string_view offset = attributes.keep(array.getOffsetAttribute(version()));
+    if (!offset.empty()) {
+        collectSoap(TzSoapVersion::Offset, offset);
+    }
+}
+
+void TzSoapTagOutput::collectSchemaInstance(const TzXmlName& name, std::string_view value) {
+    state_->attributes.addMade({&name, boundPrefix(name.getPrefix(), name), value});
+}
+
+void TzSoapTagOutput::renameReference(TzSoapVersion::SoapAttribute attribute) {
+    const TzXmlName& latest =
+        TzSoapVersion::getLatestSoapVersion().getSoapAttributeQName(attribute);
+    state_->attributes.rename(latest, soap_->getSoapAttributeQName(attribute));
+}
+
+void TzSoapTagOutput::collectSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value) {
+    const TzXmlName& name = soap_->getSoapAttributeQName(attribute);
+    if (!name.isEmpty()) {
+        state_->attributes.addMade({&name, boundPrefix(soapPrefix(name), name), value});
+    }
+}
+
+std::string_view TzSoapTagOutput::soapPrefix(const TzXmlName& name) const {
+    if (name.getNamespace().sameUri(soap_->getSoapEnv())) {
+        return envelopePrefix();
+    }
+    return name.getNamespace().sameUri(soap_->getSoapEnc()) ? encodingPrefix() : name.getPrefix();
+}
+
+std::string_view TzSoapTagOutput::boundPrefix(std::string_view prefix, const TzXmlName& name) {
+    const TzCString& uri = name.getUri();
+    const TzCString& bound = uriForPrefix(prefix);
+    if (bound == uri) {
+        return prefix;
+    }
+    if (bound.empty()) {
+        declare(prefix == name.getPrefix() ? name.getNamespace() : TzXmlNamespace(prefix, uri));
+        return prefix;
+    }
+    const std::string_view unique = state_->attributes.keep(uniquePrefix(prefix, uri));
+    declare(TzXmlNamespace(unique, uri));
+    return unique;
+}
+
+std::string_view TzSoapTagOutput::ownStyle() const noexcept {
+    const TzSoapStyleStack& styles = state_->styles;
+    return styles.size() == outerStyles_ ? std::string_view() : styles.inForce(styles.size());
+}
+
+void TzSoapTagOutput::setOwnStyle(std::string_view style) {
+    state_->styles.shrink(outerStyles_);
+    if (!style.empty()) {
+        state_->styles.push(style);
+    }
+}
+
+void TzSoapTagOutput::ensureStyle() {
+    const TzCString& style = soap_->getSoapEncodingStyle();
+    if (ownStyle().empty() && outerStyle() != style) {
+        collectStyle(style);
+    }
+}
+
+void TzSoapTagOutput::writeStartTag(const TagName& name) {
+    text_->write(TzXmlWriter::StartTag);
+    writeName(name);
+    if (name.unnamed) {
+        declare(unnamedNamespace());
+    }
+    writeDeclarations();
+    writeStyle();
+    writeAttributes();
+}
+
+void TzSoapTagOutput::writeEndTag(const TagName& name) {
+    text_->write(TzXmlWriter::StartEndTag);
+    writeName(name);
+    text_->write(TzXmlWriter::EndTag);
+    text_->writeNewLine();
+}
+
+void TzSoapTagOutput::writeDeclarations() {
+    const TzXmlNamespace& xmlns = TzXmlNamespace::getXmlns();
+    for (const TzXmlNamespace& each : state_->namespaces) {
+        if (each.getPrefix().empty()) {
+            writeAttribute({}, xmlns.getPrefix(), each.getUri());
+        } else if (!each.sameUri(xmlns)) {
+            writeAttribute(xmlns.getPrefix(), each.getPrefix(), each.getUri());
+        }
+    }
+}
+
+void TzSoapTagOutput::writeAttributes() {
+    for (const TzSoapTagAttributes::Attribute& each : state_->attributes) {
+        writeAttribute(each.prefix, each.name->getLocalName(), each.value);
+    }
+}
+
+void TzSoapTagOutput::writeAttribute(std::string_view prefix, std::string_view local,
+                                     std::string_view value) {
+    if (prefix.empty()) {
+        text_->writeAttribute(local, value);
+        return;
+    }
+    attributeName_.assign(prefix);
+    attributeName_.append(TzXmlWriter::Colon);
+    attributeName_.append(local);
+    text_->writeAttribute(attributeName_, value);
+}

@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapVersion.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlAttribute.h>
+#include <tz/xml/TzXmlName.h>
+#include <tz/xml/TzXmlNamespace.h>
+#include <tz/xml/TzXmlWriter.h>
+
+#include "output/TzSoapOutputState.h"
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+
+class TzSoapArrayTypeImp;
+class TzSoapElementImp;
+class TzSoapTypeImp;
+
+/// Writes tags: collects the declarations and attributes of an element and its encoding style,
+/// within the scopes of the elements around it.
+///
+/// What the writer and the serializer do differently in this is left to the classes derived from
+/// this one: where an element's own declarations go, how prefixes are invented, where the encoding
+/// style is written and when it is left out.
+class TzSoapTagOutput {
+public:
+    /// The name on a tag, in three pieces; refers to texts that outlive the element.
+    struct TagName {
+        std::string_view prefix;
+        std::string_view colon;
+        std::string_view local;
+        bool unnamed = false; // stands for a value without name
+    };
+
+    /// A scope for one element: opened by the constructor, closed by the destructor, which also
+    /// takes the indentation back.
+    class Element {
+    public:
+        /// Opens the scope of an element that carries `attributes`; `TzXmlDomainError` when it is
+        /// nested too deeply.
+        Element(TzSoapTagOutput& output, const TzXmlAttributeSet& attributes);
+        ~Element();
+        Element(const Element&) = delete;
+        Element& operator=(const Element&) = delete;
+
+    private:
+        TzSoapTagOutput& output_;
+        std::size_t indentation_;
+        std::size_t styles_;
+    };
+
+    /// An output to `text`, for the latest version, with a state of its own.
+    explicit TzSoapTagOutput(TzXmlWriter* text);
+    TzSoapTagOutput(const TzSoapTagOutput&) = default;
+    TzSoapTagOutput& operator=(const TzSoapTagOutput&) = default;
+    virtual ~TzSoapTagOutput();
+
+    /// Where the text goes.
+    TzXmlWriter& text() const noexcept { return *text_; }
+    /// Writes to `text` from now on.
+    void setText(TzXmlWriter* text) noexcept { text_ = text; }
+    /// The version written.
+    TzSoapVersion::Version version() const { return soap_->getVersion(); }
+    /// The names of the version written.
+    const TzSoapVersion& soap() const noexcept { return *soap_; }
+    /// Writes `version` from now on; `TzXmlError` UNKNOWN_VERSION for a value that is no version.
+    void setVersion(TzSoapVersion::Version version);
+    /// Whether an envelope is being written.
+    bool isInEnvelope() const noexcept { return inEnvelope_; }
+    /// Whether a header, body or fault is being written on its own.
+    bool isStandalone() const noexcept { return standalone_; }
+    /// Sets whether an envelope is being written.
+    void setInEnvelope(bool inEnvelope) noexcept { inEnvelope_ = inEnvelope; }
+    /// Sets whether a header, body or fault is being written on its own.
+    void setStandalone(bool standalone) noexcept { standalone_ = standalone; }
+    /// What is shared with outer and inner writers.
+    TzSoapOutputState& state() const noexcept { return *state_; }
+    /// Makes a copy of a top-level output independent: gives it a state of its own. Inner outputs
+    /// go on sharing theirs.
+    void separate();
+    /// Makes a copy of an output one for an element within.
+    void becomeInner() noexcept { top_ = false; }
+    /// Whether this is no output for an element within another.
+    bool isTop() const noexcept { return top_; }
+
+    /// Takes the prefixes that a message uses for the namespaces of SOAP.
+    void takePrefixes(const TzCString& envelope, const TzCString& encoding);
+    /// The prefix to spell the envelope namespace with.
+    const TzCString& envelopePrefix() const;
+    /// The URI bound to `prefix` where the output stands, "" when unbound.
+    const TzCString& uriForPrefix(std::string_view prefix) const noexcept {
+        return state_->namespaces.getURIForPrefix(prefix);
+    }
+    /// The name on the tag of an element named `name`.
+    static TagName tagName(const TzXmlName& name) noexcept;
+    /// The name on a tag with `prefix`, whose colon is written in any case.
+    static TagName tagName(std::string_view prefix, std::string_view local) noexcept {
+        return {prefix, TzXmlWriter::Colon, local, false};
+    }
+
+    /// Declares a namespace on the tag being prepared, but for a prefix without URI, which XML
+    /// forbids.
+    void declare(const TzXmlNamespace& declared);
+    /// Declares `uri` under `prefix` when that prefix is unbound.
+    void declareUnbound(std::string_view prefix, const TzCString& uri);
+    /// Declares what `name` needs where its prefix is unbound.
+    void qualifyName(const TzXmlName& name);
+
+    /// Collects the attributes of an envelope, header or body, and its style.
+    void collectAttributes(const TzSoapElementImp& element);
+    /// Collects the attributes of a value, its style and its position in a sparse array.
+    void collectAttributes(const TzSoapTypeImp& value);
+    /// Collects the attributes that an array has beside those of every value.
+    void collectShape(TzSoapArrayTypeImp& array);
+    /// Collects the position in a sparse array, if there is one.
+    void collectPosition();
+    /// Collects the xsi attribute `name`.
+    void collectSchemaInstance(const TzXmlName& name, std::string_view value);
+    /// Spells the reference attribute as this version names it.
+    void renameReference(TzSoapVersion::SoapAttribute attribute);
+    /// States the version's own style unless the element or one around it states a style already.
+    void ensureStyle();
+    /// Declares what the style attribute needs; to be called when all else is collected.
+    virtual void qualifyStyle() = 0;
+    /// Refuses to go `levels` deeper than the open elements when that is too deep.
+    void checkDepth(std::size_t levels) const;
+    /// The next value stands at `position` of a sparse array; "" for any other value.
+    void setPosition(std::string_view position) noexcept { position_ = position; }
+
+    /// Writes a name.
+    void writeName(const TagName& name) {
+        text_->write(name.prefix);
+        text_->write(name.colon);
+        text_->write(name.local);
+    }
+    /// Writes an attribute in two pieces of a name.
+    void writeAttribute(std::string_view prefix, std::string_view local, std::string_view value);
+    /// Writes a start tag without its end: name, declarations, attributes.
+    void writeStartTag(const TagName& name);
+    /// Writes an end tag and ends the line.
+    void writeEndTag(const TagName& name);
+
+protected:
+    /// The style stated by the element whose tag is prepared, "" when it states none.
+    std::string_view ownStyle() const noexcept;
+    /// The style in force around that element.
+    std::string_view outerStyle() const noexcept { return state_->styles.inForce(outerStyles_); }
+    /// Makes `style` the one that the element states.
+    void setOwnStyle(std::string_view style);
+    /// Collects an attribute of SOAP; nothing happens where the version has no such attribute.
+    void collectSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value);
+    /// The prefix for an attribute of SOAP named `name` by the version's table.
+    std::string_view soapPrefix(const TzXmlName& name) const;
+
+private:
+    /// Takes note of the declarations of an element before anything of it is qualified.
+    virtual void enterDeclarations(const TzXmlAttributeSet& attributes) = 0;
+    /// Collects a declaration that the element carries as an attribute.
+    virtual void collectDeclaration(const TzXmlAttribute& declaration) = 0;
+    /// A prefix made from `prefix` that can be declared for `uri`.
+    virtual TzCString uniquePrefix(std::string_view prefix, std::string_view uri) const = 0;
+    /// Collects `style` as the one that the element states.
+    virtual void collectStyle(std::string_view style) = 0;
+    /// Writes the style attribute when it is not among the collected attributes.
+    virtual void writeStyle() = 0;
+
+    void open();
+    void close(std::size_t styles) noexcept;
+    void collectOwn(const TzSoapElementImp& element, bool styleStated);
+    void collectOwn(const TzXmlAttribute& attribute, bool styleStated);
+    void collectStyleOf(const TzSoapElementImp& element);
+    bool collectOfOtherVersion(const TzXmlAttribute& attribute, bool styleStated);
+    void collectProperties(const TzSoapTypeImp& value);
+    std::string_view boundPrefix(std::string_view prefix, const TzXmlName& name);
+    const TzCString& encodingPrefix() const;
+    void writeDeclarations();
+    void writeAttributes();
+
+    TzXmlWriter* text_;
+    const TzSoapVersion* soap_;
+    std::shared_ptr<TzSoapOutputState> state_;
+    std::string_view position_;
+    std::size_t outerStyles_ = 0;
+    TzCString attributeName_;
+    bool top_ = true;
+    bool inEnvelope_ = false;
+    bool standalone_ = false;
+};
