@@ -4,23 +4,20 @@
 #include "TzXmlEventSink.h"
 #include "TzXmlEventSource.h"
 #include "TzXmlNameResolver.h"
+#include "TzXmlPieces.h"
 #include "TzXmlTranscoder.h"
 
 #include <tz/thread/TzTHRIllegalUsage.h>
 #include <tz/xml/TzXmlContentHandler.h>
 #include <tz/xml/TzXmlParseError.h>
 
-#include <algorithm>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
 
 namespace {
-
-/// Bytes of the text that the event source gets at once, a multiple of every code unit.
-constexpr std::size_t FirstPiece = std::size_t{256} * 1024;
-constexpr std::size_t LastPiece = std::size_t{512} * 1024 * 1024;
 
 /// Elements with more attributes get them by look-up, so that the work stays near linear.
 constexpr std::size_t FewAttributes = 12;
@@ -80,18 +77,12 @@ private:
 
 void TzXmlSAXParser::Session::read(std::string_view text) {
     TzXmlTranscoder transcoder(form_);
-    text.remove_prefix(form_.markLength);
-    std::size_t size = FirstPiece;
-    bool last = false;
-    while (!last) {
-        const std::string_view piece = text.substr(0, size);
-        text.remove_prefix(piece.size());
-        last = text.empty();
-        const std::size_t before = events();
-        source_->feed(form_.unit > 1 ? transcoder.convert(piece, last) : piece, last);
-        // A long token is looked at from its beginning with every piece.
-        size = events() == before ? std::min(2 * size, LastPiece) : FirstPiece;
-    }
+    TzXmlPieces pieces(text.substr(form_.markLength));
+    do {
+        const std::string_view piece = pieces.next(events());
+        source_->feed(form_.unit > 1 ? transcoder.convert(piece, pieces.done()) : piece,
+                      pieces.done());
+    } while (!pieces.done());
 }
 
 void TzXmlSAXParser::Session::declaration(const char* version, const char* encoding,
