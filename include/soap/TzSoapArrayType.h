@@ -117,4 +117,6 @@ protected:
 
 private:
     friend struct TzSoapAccess;
+
+    const TzSoapArrayTypeImp& constBody() const;
 };

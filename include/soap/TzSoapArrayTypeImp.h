@@ -8,8 +8,6 @@
 #include <soap/TzSoapVersion.h>
 #include <tz/tools/TzCString.h>
 
-#include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -202,7 +200,7 @@ private:
     mutable Index step_;
     Index offset_;
     mutable TzSoapDefaultType defaultValue_; // without a body until it is asked for
-    std::uint64_t cursor_ = 0;               // position of the next member that is read
+    unsigned int cursor_ = 0;                // position of the next member that is read
     unsigned int countElementsToWrite_ = 0;
     mutable bool stepInitialized_ = false;
     bool sizeShouldBeEncoded_ = false;

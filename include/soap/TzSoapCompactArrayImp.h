@@ -85,19 +85,18 @@ protected:
 
 private:
     void initialize();
-    std::uint64_t blockSize() const;
-    std::uint64_t growthFor(std::uint64_t offset) const;
+    Index namedBy(unsigned int position) const;
     std::uint64_t offsetOf(unsigned int position) const;
     void expandIfNeeded(unsigned int position);
-    void settle(unsigned int position, TzSoapParseContext* context) const;
+    void settle(unsigned int position, TzSoapParseContext& context) const;
     TzSoapDefaultType& slot(unsigned int position);
+    const TzSoapType& storedOrPlaceholder(unsigned int position) const;
     void store(std::uint64_t from, std::uint64_t to) const;
-    void storeAll() const;
-    void append(const TzSoapType& member);
+    void append(unsigned int position, const TzSoapType& member);
 
     mutable std::vector<TzSoapDefaultType> items_; // a run of positions, placeholders around it
     mutable std::uint64_t first_ = 0;              // position of the first stored item
-    std::uint64_t size_ = 0;                       // number of items, stored or not
     std::uint64_t base_ = 0;                       // position of the start index
+    std::uint64_t size_ = 0;                       // number of items, stored or not
     unsigned int growCount_ = 0;
 };

@@ -85,7 +85,7 @@ private:
     class Lookup;
 
     iterator find(const Index& index) const;
-    TzSoapType& add(const Index& index, TzSoapType value);
+    TzSoapType& add(Index index, TzSoapType value);
     const TzSoapType& getTemplate() const;
 
     mutable Items items_;

@@ -63,4 +63,6 @@ protected:
 
 private:
     friend struct TzSoapAccess;
+
+    const TzSoapSparseArrayImp& constBody() const;
 };

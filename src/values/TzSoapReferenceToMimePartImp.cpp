@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapReferenceToMimePartImp.h>
+
+#include <soap/TzSoapCatalog.h>
+#include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeContentLocationHeader.h>
+#include <tz/tools/TzMessage.h>
+#include <tz/xml/TzThrow.h>
+
+#include <utility>
+
+namespace {
+
+/// The text by which `part` is referred to; `TzXmlBadArgError` BAD_REFERENCE when it has no name.
+TzCString textFor(const TzMimePart& part) {
+    const std::size_t id = part.findHeader(TzMimeContentIdHeader::Label);
+    if (id != TzMimePart::NotFound) {
+        return "cid:" + TzMimeContentIdHeader(part.getHeader(id)).getId();
+    }
+    const std::size_t location = part.findHeader(TzMimeContentLocationHeader::Label);
+    if (location != TzMimePart::NotFound) {
+        return TzMimeContentLocationHeader(part.getHeader(location)).getURI();
+    }
+    TzThrow(TzXmlBadArgError(TzMessage(tzsoap_BAD_REFERENCE(), "identified")));
+}
+
+} // namespace
+
+TzSoapReferenceToMimePartImp::TzSoapReferenceToMimePartImp() = default;
+
+TzSoapReferenceToMimePartImp::TzSoapReferenceToMimePartImp(TzXmlName name)
+    : TzSoapReferenceTypeImp(std::move(name)) {}
+
+TzSoapReferenceToMimePartImp::TzSoapReferenceToMimePartImp(
+    const TzSoapReferenceToMimePartImp& other) = default;
+
+TzSoapReferenceToMimePartImp::~TzSoapReferenceToMimePartImp() = default;
+
+TzSoapElementImp* TzSoapReferenceToMimePartImp::clone() const {
+    return new TzSoapReferenceToMimePartImp(*this);
+}
+
+bool TzSoapReferenceToMimePartImp::isSoapReference() const { return false; }
+
+void TzSoapReferenceToMimePartImp::setReference(const TzMimePart& part) {
+    accept(textFor(part), TzSoapVersion::Href);
+    part_ = part;
+}
+
+TzMimePart& TzSoapReferenceToMimePartImp::getMimeReference() {
+    if (!hasReference()) {
+        TzThrow(TzXmlBadArgError(TzMessage(tzsoap_BAD_REFERENCE(), "mime")));
+    }
+    return part_;
+}

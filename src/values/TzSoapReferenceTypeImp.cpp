@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapReferenceTypeImp.h>
+
+#include <soap/TzSoapCatalog.h>
+#include <soap/TzSoapParseContext.h>
+#include <soap/TzSoapUtils.h>
+#include <tz/tools/TzMessage.h>
+#include <tz/xml/TzThrow.h>
+#include <tz/xml/TzXmlSAXParser.h>
+
+#include "model/TzSoapAccess.h"
+
+#include <utility>
+
+TzSoapReferenceTypeImp::TzSoapReferenceTypeImp() = default;
+
+TzSoapReferenceTypeImp::TzSoapReferenceTypeImp(TzXmlName name) : TzSoapTypeImp(std::move(name)) {}
+
+TzSoapReferenceTypeImp::TzSoapReferenceTypeImp(const TzSoapReferenceTypeImp& other) = default;
+
+TzSoapReferenceTypeImp::~TzSoapReferenceTypeImp() = default;
+
+TzSoapContentBase::SoapTypeId TzSoapReferenceTypeImp::getSoapTypeId() const {
+    return TzSoapContentBase::Reference;
+}
+
+const TzCString& TzSoapReferenceTypeImp::getSoapTypeIdAsString() const {
+    return TzSoapUtils::referenceString;
+}
+
+void TzSoapReferenceTypeImp::setReference(const TzSoapType&) {
+    TzThrow(TzXmlDomainError(TzMessage(tzsoap_BAD_REFERENCE(), "mime")));
+}
+
+void TzSoapReferenceTypeImp::setReference(const TzMimePart&) {
+    TzThrow(TzXmlDomainError(TzMessage(tzsoap_BAD_REFERENCE(), "soap")));
+}
+
+TzSoapType& TzSoapReferenceTypeImp::getSoapReference() {
+    TzThrow(TzXmlBadArgError(TzMessage(tzsoap_BAD_SOAP_REFERENCE())));
+}
+
+TzMimePart& TzSoapReferenceTypeImp::getMimeReference() {
+    TzThrow(TzXmlBadArgError(TzMessage(tzsoap_BAD_MIME_REFERENCE())));
+}
+
+void TzSoapReferenceTypeImp::accept(const TzCString& text, TzSoapVersion::SoapAttribute attribute) {
+    // Prepared first: from here on nothing can fail half-way.
+    TzSoapAttributeSet attributes = getAttributeSet();
+    const TzSoapVersion::Version latest = TzSoapVersion::getLatestVersion();
+    attributes.erase(TzSoapVersion::getSoapAttributeName(TzSoapVersion::Ref, latest));
+    attributes.erase(TzSoapVersion::getSoapAttributeName(TzSoapVersion::Href, latest));
+    attributes.add(TzSoapVersion::getSoapAttributeName(attribute, latest), text);
+    getAttributeSet() = std::move(attributes);
+    hasReference_ = true;
+}
+
+void TzSoapReferenceTypeImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
+                                      TzSoapParseContext* context) {
+    setName(name);
+    // The element's own declarations serve its own type.
+    context->getNamespaces().push_back(this);
+    TzSoapUtils::copyAttributes(attributes, *this, context);
+    context->getNamespaces().pop_back();
+    const auto* text = getAttributeSet().find(TzSoapVersion::getSoapAttributeName(
+        isSoapReference() ? TzSoapVersion::Ref : TzSoapVersion::Href, context->getVersion()));
+    if (text != getAttributeSet().end()) {
+        context->keep(TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(this)));
+        context->getReferences().emplace(text->getValue(), this);
+    }
+    open(*this, context, nullptr);
+}
+
+void TzSoapReferenceTypeImp::startElement(const TzXmlName&, const TzXmlAttributeSet&) {
+    refuseContent();
+}
+
+void TzSoapReferenceTypeImp::addChild(const TzSoapType&) { refuseContent(); }
+
+void TzSoapReferenceTypeImp::refuseContent() const {
+    const TzXmlSAXParser* parser = context() == nullptr ? nullptr : context()->getParser();
+    TzThrow(TzXmlParseError(TzMessage(tzsoap_ILLEGAL_REFERENCE()), TzCString(),
+                            parser == nullptr ? 0 : parser->getLine(),
+                            parser == nullptr ? 0 : parser->getColumn()));
+}
