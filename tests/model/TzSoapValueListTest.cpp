@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+#include "support/Named.h"
+#include "support/Throws.h"
+
+#include <soap/TzSoapDefaultType.h>
+#include <soap/TzSoapValueList.h>
+#include <tz/thread/TzTHRInvalidPointer.h>
+#include <tz/xml/TzXmlError.h>
+
+#include <gtest/gtest.h>
+
+#include <iterator>
+#include <string>
+#include <utility>
+
+namespace {
+
+std::string names(const TzSoapValueList& list) { return namesOf(list.begin(), list.end()); }
+
+TzSoapValueList listOf(std::initializer_list<const char*> values) {
+    TzSoapValueList list;
+    for (const char* value : values) {
+        list.append(named(value));
+    }
+    return list;
+}
+
+TEST(TzSoapValueList, newListIsEmpty) {
+    const TzSoapValueList list;
+    EXPECT_EQ(list.size(), 0u);
+    EXPECT_EQ(list.begin(), list.end());
+}
+
+TEST(TzSoapValueList, valuesStandWhereTheyWereAdded) {
+    TzSoapValueList list;
+    list.append(named("b"));
+    list.append(named("c"));
+    list.prepend(named("a"));
+    const auto inserted = list.insert(std::next(list.begin()), named("x"));
+    EXPECT_EQ(inserted->getName(), TzXmlName("x"));
+    list.insert(list.end(), named("z"));
+    EXPECT_EQ(names(list), "a x b c z");
+    EXPECT_EQ(list.size(), 5u);
+}
+
+TEST(TzSoapValueList, addedValuesAreShared) {
+    TzSoapType value = named("a");
+    TzSoapValueList list;
+    list.append(value);
+    list.prepend(value);
+    list.insert(list.end(), value);
+    value.setRoot(true);
+    for (const TzSoapType& held : list) {
+        EXPECT_TRUE(held.getRoot());
+    }
+}
+
+TEST(TzSoapValueList, findsTheFirstOfAName) {
+    TzSoapValueList list = listOf({"a", "b", "a"});
+    EXPECT_EQ(list.find("a"), list.begin());
+    EXPECT_EQ(std::as_const(list).find("b"), std::next(std::as_const(list).begin()));
+    EXPECT_EQ(list.find("c"), list.end());
+    EXPECT_EQ(std::as_const(list).find("c"), std::as_const(list).end());
+}
+
+TEST(TzSoapValueList, findsByUriAndLocalPart) {
+    TzSoapValueList list;
+    list.append(TzSoapType(TzXmlName("a", TzXmlNamespace("p", "urn:one"))));
+    list.append(TzSoapType(TzXmlName("a", TzXmlNamespace("p", "urn:two"))));
+    EXPECT_EQ(list.find(TzXmlName("a", TzXmlNamespace("q", "urn:two"))), std::next(list.begin()));
+    EXPECT_EQ(list.find("a"), list.end());
+}
+
+TEST(TzSoapValueList, removesTheFirstOfAName) {
+    TzSoapValueList list = listOf({"a", "b", "a"});
+    list.remove(TzXmlName("a"));
+    EXPECT_EQ(names(list), "b a");
+    list.remove(TzXmlName("c"));
+    EXPECT_EQ(names(list), "b a");
+    EXPECT_EQ(list.size(), 2u);
+}
+
+TEST(TzSoapValueList, removesAPositionAndReturnsTheNext) {
+    TzSoapValueList list = listOf({"a", "b", "c"});
+    const auto next = list.remove(std::next(list.begin()));
+    EXPECT_EQ(next->getName(), TzXmlName("c"));
+    EXPECT_EQ(names(list), "a c");
+    EXPECT_EQ(list.remove(next), list.end());
+}
+
+TEST(TzSoapValueList, removesAllOfANameAndKeepsTheOrder) {
+    TzSoapValueList list = listOf({"a", "b", "a", "c", "a"});
+    list.removeAll(TzXmlName("a"));
+    EXPECT_EQ(names(list), "b c");
+    EXPECT_EQ(list.size(), 2u);
+    list.removeAll(TzXmlName("x"));
+    EXPECT_EQ(names(list), "b c");
+}
+
+TEST(TzSoapValueList, theNameToRemoveMayBeThatOfAValueThatGoes) {
+    TzSoapValueList list = listOf({"a", "b", "a", "a"});
+    list.removeAll(std::as_const(*list.begin()).getName());
+    EXPECT_EQ(names(list), "b");
+    list.remove(std::as_const(*list.begin()).getName());
+    EXPECT_EQ(list.size(), 0u);
+}
+
+TEST(TzSoapValueList, emptyListStaysEmpty) {
+    TzSoapValueList list;
+    list.remove(TzXmlName("a"));
+    list.removeAll(TzXmlName("a"));
+    EXPECT_EQ(list.find("a"), list.end());
+    list.clear();
+    EXPECT_EQ(list.size(), 0u);
+}
+
+TEST(TzSoapValueList, copyingTheListSharesItsValues) {
+    TzSoapValueList list = listOf({"a", "b"});
+    const TzSoapValueList copy = list;
+    EXPECT_TRUE(copy.sharesValues(list));
+    list.clear();
+    EXPECT_EQ(names(copy), "a b");
+}
+
+TEST(TzSoapValueList, copiedValuesAreValuesOfTheirOwn) {
+    TzSoapValueList list = listOf({"a", "b"});
+    const TzSoapValueList copy = list.copyValues();
+    EXPECT_EQ(names(copy), "a b");
+    EXPECT_FALSE(copy.sharesValues(list));
+    list.begin()->setRoot(true);
+    EXPECT_FALSE(copy.begin()->getRoot());
+}
+
+TEST(TzSoapValueList, sharesValuesPositionByPosition) {
+    const TzSoapType a = named("a");
+    const TzSoapType b = named("b");
+    TzSoapValueList ab;
+    ab.append(a);
+    ab.append(b);
+    TzSoapValueList ba;
+    ba.append(b);
+    ba.append(a);
+    EXPECT_FALSE(ab.sharesValues(ba));
+    TzSoapValueList longer = ab;
+    longer.append(a);
+    EXPECT_FALSE(ab.sharesValues(longer));
+    EXPECT_FALSE(longer.sharesValues(ab));
+    EXPECT_TRUE(TzSoapValueList().sharesValues(TzSoapValueList()));
+}
+
+TEST(TzSoapValueList, searchingMeetsAValueWithoutABody) {
+    TzSoapType moved = named("a");
+    const TzSoapType taken = std::move(moved);
+    TzSoapValueList list;
+    list.append(
+        moved); // NOLINT(bugprone-use-after-move): a handle without a body is what is wanted
+    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&] { list.find("a"); }), "Invalid pointer");
+}
+
+TEST(TzSoapValueList, placeholdersCannotBeCopied) {
+    TzSoapValueList list;
+    list.append(named("a"));
+    list.append(TzSoapDefaultType());
+    EXPECT_THROW(list.copyValues(), TzXmlError);
+}
+
+} // namespace
