@@ -42,6 +42,9 @@ protected:
     void open(TzXmlElementImp& element, TzSoapParseContext* context, const TzCString* style);
     /// Ends receiving: closes the scopes that `open` opened and gives the events back.
     void close();
+    /// Takes the encoding style of the last child out of force. Called at each next event; an owner that
+    /// reads a child in a way of its own calls it first.
+    void popChildStyle();
 
 private:
     /// What the attributes say about a child element.
@@ -57,7 +60,6 @@ private:
     void readReference(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                        bool soapReference);
     void pushChildStyle(const TzXmlAttributeSet& attributes);
-    void popChildStyle();
     TzSoapTypeHandlers& handlers();
 
     std::unique_ptr<TzSoapTypeHandlers> handlers_; // from the first child to the element's end
