@@ -92,8 +92,8 @@ private:
             }
         } else if (array.isCompact()) {
             const auto& compact = static_cast<const TzSoapCompactArrayImp&>(array);
-            for (auto item = compact.begin(); item != compact.end(); ++item) {
-                enter(*item);
+            for (const TzSoapType& item : compact.storedItems()) {
+                enter(item);
             }
         }
     }
