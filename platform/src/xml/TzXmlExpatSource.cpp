@@ -10,6 +10,7 @@
 #include <exception>
 #include <new>
 #include <type_traits>
+#include <utility>
 
 static_assert(std::is_same_v<XML_Char, char>, "Expat has to be built for UTF-8");
 
@@ -24,9 +25,11 @@ public:
     ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding);
 
     void feed(std::string_view piece, bool last) override;
-    std::size_t line() const noexcept override { return XML_GetCurrentLineNumber(parser_.get()); }
+    std::size_t line() const noexcept override {
+        return failure_ != nullptr ? failedLine_ : XML_GetCurrentLineNumber(parser_.get());
+    }
     std::size_t column() const noexcept override {
-        return XML_GetCurrentColumnNumber(parser_.get()) + 1;
+        return failure_ != nullptr ? failedColumn_ : XML_GetCurrentColumnNumber(parser_.get()) + 1;
     }
 
 private:
@@ -53,6 +56,8 @@ private:
     std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter> parser_;
     TzXmlEventSink& sink_;
     std::exception_ptr failure_;
+    std::size_t failedLine_ = 0; // Expat finishes the tag after it was stopped
+    std::size_t failedColumn_ = 0;
 };
 
 ExpatSource::ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding)
@@ -81,6 +86,8 @@ void ExpatSource::feed(std::string_view piece, bool last) {
 }
 
 void ExpatSource::stop(std::exception_ptr failure) noexcept {
+    failedLine_ = line();
+    failedColumn_ = column();
     failure_ = std::move(failure);
     // Expat still ends the element of an empty-element tag after it was stopped.
     XML_SetElementHandler(parser_.get(), nullptr, nullptr);

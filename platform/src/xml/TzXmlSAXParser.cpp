@@ -76,8 +76,12 @@ private:
 };
 
 void TzXmlSAXParser::Session::read(std::string_view text) {
+    text.remove_prefix(form_.markLength);
+    if (form_.markLength > 0 && TzXmlByteForm::of(text).markLength > 0) {
+        refuse("there is a second byte-order mark");
+    }
     TzXmlTranscoder transcoder(form_);
-    TzXmlPieces pieces(text.substr(form_.markLength));
+    TzXmlPieces pieces(text);
     do {
         const std::string_view piece = pieces.next(events());
         source_->feed(form_.unit > 1 ? transcoder.convert(piece, pieces.done()) : piece,

@@ -1,0 +1,347 @@
+// SPDX-License-Identifier: MIT
+#include <tz/xml/TzXmlSAXParser.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/xml/EventRecorder.h"
+#include "support/AllocationFailure.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using testing::ElementsAre;
+
+/// Counts events and keeps nothing.
+class Counter : public TzXmlContentHandler {
+public:
+    void startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) override {
+        ++starts;
+        depth = starts - ends;
+        deepest = std::max(deepest, depth);
+        attributeCount = std::max(attributeCount, attributes.size());
+        unbound += name.getUri().empty() ? 1 : 0;
+        live = std::max(live, liveAllocations());
+    }
+    void endElement(const TzXmlName&) override { ++ends; }
+    void characters(const TzCString& text) override { textSize += text.size(); }
+
+    std::size_t starts = 0;
+    std::size_t ends = 0;
+    std::size_t depth = 0;
+    std::size_t deepest = 0;
+    std::size_t attributeCount = 0;
+    std::size_t unbound = 0;
+    std::size_t textSize = 0;
+    std::ptrdiff_t live = 0;
+};
+
+Counter counted(TzXmlSAXParser& parser, std::string_view text) {
+    Counter counter;
+    parser.setContentHandler(&counter);
+    parser.parse(text);
+    parser.setContentHandler(nullptr);
+    return counter;
+}
+
+Counter counted(std::string_view text) {
+    TzXmlSAXParser parser;
+    return counted(parser, text);
+}
+
+std::string repeated(std::string_view part, std::size_t count) {
+    std::string text;
+    text.reserve(part.size() * count);
+    for (std::size_t i = 0; i < count; ++i) {
+        text += part;
+    }
+    return text;
+}
+
+/// Everything a message can hold, in few bytes.
+const std::string Sample =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
+    "<!-- \xC3\xA4 --><?pi x?>\n"
+    "<E:Envelope xmlns:E=\"urn:e\" xmlns=\"urn:d\">\n"
+    " <E:Body E:style='a &lt; b &#xE4;'>\r\n"
+    "  <p:v xmlns:p=\"urn:p\" p:t='1' q:t=\"2\">1 &amp; <![CDATA[<2>]]></p:v>\n"
+    "  <n xmlns=''/><:x>\xE2\x82\xAC</:x>\n"
+    " </E:Body>\n"
+    "</E:Envelope>\n";
+
+/// Parses damaged text: either all is well, with as many ends as starts, or the error has a place.
+void parseDamaged(TzXmlSAXParser& parser, const std::string& text) {
+    Counter counter;
+    parser.setContentHandler(&counter);
+    try {
+        parser.parse(text);
+        EXPECT_GT(counter.starts, 0U);
+        EXPECT_EQ(counter.starts, counter.ends) << text;
+    } catch (const TzXmlParseError& error) {
+        const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) +
+                           static_cast<std::size_t>(std::count(text.begin(), text.end(), '\r'));
+        EXPECT_GE(error.getLine(), 1U) << text;
+        EXPECT_LE(error.getLine(), lines + 1) << text;
+        EXPECT_GE(error.getColumn(), 1U) << text;
+        EXPECT_LE(error.getColumn(), text.size() + 1) << text;
+        EXPECT_STRNE(error.what(), "") << text;
+    }
+}
+
+} // namespace
+
+TEST(TzXmlSAXParserHostile, TextCutAtEveryByteIsRefused) {
+    TzXmlSAXParser parser;
+    const std::size_t end = Sample.rfind('>');
+    for (std::size_t size = 0; size <= end; ++size) {
+        EXPECT_NE(refusal(parser, Sample.substr(0, size)), "") << size;
+    }
+    EXPECT_EQ(counted(parser, Sample.substr(0, end + 1)).ends, 5U);
+    EXPECT_EQ(counted(parser, Sample).ends, 5U);
+}
+
+TEST(TzXmlSAXParserHostile, WideTextCutAtEveryByteIsRefused) {
+    std::string wide = "\xFF\xFE";
+    for (const char byte : std::string("<?xml version='1.0'?><a x='1'>text<b/></a>")) {
+        wide += byte;
+        wide += '\0';
+    }
+    TzXmlSAXParser parser;
+    for (std::size_t size = 0; size < wide.size(); ++size) {
+        EXPECT_NE(refusal(parser, wide.substr(0, size)), "") << size;
+    }
+    EXPECT_EQ(counted(parser, wide).ends, 2U);
+}
+
+TEST(TzXmlSAXParserHostile, EveryByteReplacedByEveryInterestingOne) {
+    TzXmlSAXParser parser;
+    for (std::size_t place = 0; place < Sample.size(); ++place) {
+        for (const char byte :
+             std::string("\0\x01\x7F\x80\xBF\xC0\xE2\xF0\xFE\xFF<>&'\"=/!?-[]: \nax;", 30)) {
+            std::string text = Sample;
+            text[place] = byte;
+            parseDamaged(parser, text);
+        }
+    }
+}
+
+TEST(TzXmlSAXParserHostile, RandomDamageIsSurvived) {
+    std::mt19937 random(20240506); // NOLINT(bugprone-random-generator-seed): the same texts always
+    const auto below = [&random](std::size_t limit) {
+        return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
+    };
+    TzXmlSAXParser parser;
+    for (int round = 0; round < 20'000; ++round) {
+        std::string text = Sample;
+        for (std::size_t change = below(4) + 1; change > 0; --change) {
+            const std::size_t place = below(text.size());
+            const std::size_t length = below(std::min<std::size_t>(20, text.size() - place)) + 1;
+            switch (below(4)) {
+            case 0:
+                text[place] = static_cast<char>(below(256));
+                break;
+            case 1:
+                text.erase(place, length);
+                break;
+            case 2:
+                text.insert(below(text.size()), text.substr(place, length));
+                break;
+            default:
+                text.insert(place, 1, static_cast<char>(below(256)));
+            }
+            text += text.empty() ? "x" : "";
+        }
+        parseDamaged(parser, text);
+    }
+}
+
+TEST(TzXmlSAXParserHostile, DeepNestingIsRefusedUnlessAllowed) {
+    constexpr std::size_t Depth = 100'000;
+    const std::string text = repeated("<a>", Depth) + repeated("</a>", Depth);
+    TzXmlSAXParser parser;
+    EXPECT_EQ(refusal(parser, text), "1:3001 elements are nested too deeply");
+    EXPECT_EQ(refusal(parser, repeated("<a>\n", Depth)), "1001:1 elements are nested too deeply");
+    parser.setDepthLimit(Depth);
+    const Counter counter = counted(parser, text);
+    EXPECT_EQ(counter.deepest, Depth);
+    EXPECT_EQ(counter.ends, Depth);
+    parser.setDepthLimit(Depth - 1);
+    EXPECT_EQ(refusal(parser, text), "1:299998 elements are nested too deeply");
+}
+
+TEST(TzXmlSAXParserHostile, DeepNestingWithDeclarationsOnEachLevel) {
+    constexpr std::size_t Depth = 20'000;
+    std::string text;
+    for (std::size_t i = 0; i < Depth; ++i) {
+        text += "<p:a xmlns:p='u" + std::to_string(i) + "'>";
+    }
+    TzXmlSAXParser parser;
+    parser.setDepthLimit(Depth);
+    const Counter counter = counted(parser, text + repeated("</p:a>", Depth));
+    EXPECT_EQ(counter.deepest, Depth);
+    EXPECT_EQ(counter.unbound, 0U);
+}
+
+TEST(TzXmlSAXParserHostile, ManyAttributes) {
+    constexpr std::size_t Count = 100'000;
+    std::string text = "<a";
+    for (std::size_t i = 0; i < Count; ++i) {
+        text += " a" + std::to_string(i) + "='1'";
+    }
+    TzXmlSAXParser parser;
+    EXPECT_EQ(counted(parser, text + "/>").attributeCount, Count);
+    parser.setAttributeLimit(Count - 1);
+    EXPECT_EQ(refusal(parser, text + "/>"), "1:1 an element has too many attributes");
+    EXPECT_EQ(counted(parser, "<a x='1'/>").attributeCount, 1U);
+}
+
+TEST(TzXmlSAXParserHostile, ManyAttributesWithTwoSpellingsOfEachName) {
+    constexpr std::size_t Count = 50'000;
+    std::string text = "<a xmlns:p='u' xmlns:q='u'";
+    for (std::size_t i = 0; i < Count; ++i) {
+        text += " p:a" + std::to_string(i) + "='1' q:a" + std::to_string(i) + "='2'";
+    }
+    EXPECT_EQ(counted(text + "/>").attributeCount, Count + 2);
+}
+
+TEST(TzXmlSAXParserHostile, ManyDeclarationsThatAreAllUsed) {
+    constexpr std::size_t Count = 100'000;
+    std::string text = "<a";
+    for (std::size_t i = 0; i < Count; ++i) {
+        text += " xmlns:p" + std::to_string(i) + "='u'";
+    }
+    text += ">";
+    for (std::size_t i = 0; i < Count; ++i) {
+        text += "<p" + std::to_string(i) + ":a/>";
+    }
+    const Counter counter = counted(text + "</a>");
+    EXPECT_EQ(counter.attributeCount, Count);
+    EXPECT_EQ(counter.starts, Count + 1);
+    EXPECT_EQ(counter.unbound, 1U); // the root has no prefix
+}
+
+TEST(TzXmlSAXParserHostile, ManyPrefixesThatNothingDeclares) {
+    constexpr std::size_t Count = 100'000;
+    std::string text = "<a>";
+    for (std::size_t i = 0; i < Count; ++i) {
+        text += "<p" + std::to_string(i) + ":a/>";
+    }
+    const Counter counter = counted(text + "</a>");
+    EXPECT_EQ(counter.unbound, Count + 1);
+    EXPECT_LT(counter.live, liveAllocations() + 5000);
+}
+
+// What is out of scope costs no memory for long.
+TEST(TzXmlSAXParserHostile, EverNewNamesAndPrefixesTakeBoundedMemory) {
+    std::string text = "<a>";
+    for (std::size_t i = 0; i < 50'000; ++i) {
+        const std::string name = "name-that-is-too-long-to-be-kept-in-place-" + std::to_string(i);
+        text += "<" + name + ":" + name + " xmlns:" + name + "='u' " + name + "='1'/>";
+    }
+    TzXmlSAXParser parser;
+    const std::ptrdiff_t before = liveAllocations();
+    const Counter counter = counted(parser, text + "</a>");
+    EXPECT_EQ(counter.starts, 50'001U);
+    EXPECT_LT(counter.live, before + 10'000);
+    EXPECT_EQ(liveAllocations(), before);
+}
+
+TEST(TzXmlSAXParserHostile, ElementsTakeNoAllocationsOfTheirOwn) {
+    const auto made = [](std::size_t count) {
+        const std::string text = "<p:a xmlns:p='u' xmlns:x='v'>" +
+                                 repeated("<p:b x:type='x:string'>text &amp; text</p:b>\n"
+                                          "<c a='1' b='2'/><d/>",
+                                          count) +
+                                 "</p:a>";
+        TzXmlSAXParser parser;
+        Counter counter;
+        parser.setContentHandler(&counter);
+        const std::size_t before = madeAllocations();
+        parser.parse(text);
+        return madeAllocations() - before;
+    };
+    EXPECT_LT(made(10'000), made(10) + 10);
+}
+
+TEST(TzXmlSAXParserHostile, RepeatedDeclarationsTakeNoAllocationsOfTheirOwn) {
+    const auto made = [](std::size_t count) {
+        const std::string text =
+            "<a>" + repeated("<p:b xmlns:p='a-uri-that-is-too-long-to-be-kept-in-place'/>", count) +
+            "</a>";
+        const std::size_t before = madeAllocations();
+        TzXmlSAXParser().parse(text);
+        return madeAllocations() - before;
+    };
+    EXPECT_LT(made(10'000), made(10) + 10);
+}
+
+TEST(TzXmlSAXParserHostile, HugeTokens) {
+    constexpr std::size_t Size = 5'000'000;
+    const std::string huge(Size, 'x');
+    EXPECT_EQ(counted("<a>" + huge + "</a>").textSize, Size);
+    EXPECT_EQ(counted("<a><![CDATA[" + huge + "]]></a>").textSize, Size);
+    EXPECT_EQ(counted("<a b='" + huge + "'/>").attributeCount, 1U);
+    EXPECT_EQ(counted("<" + huge + "/>").ends, 1U);
+    EXPECT_EQ(counted("<a><!--" + huge + "--><?p " + huge + "?></a>").textSize, 0U);
+    EXPECT_EQ(counted("<a" + std::string(Size, ' ') + "/>").ends, 1U);
+    EXPECT_EQ(counted("<a>" + repeated("&amp;", Size / 10) + "</a>").textSize, Size / 10);
+}
+
+TEST(TzXmlSAXParserHostile, LongNamesAreTheSameNames) {
+    const std::string name(1000, 'n');
+    const std::string text =
+        "<p:" + name + " xmlns:p='u' p:" + name + "='1'><p:" + name + "/></p:" + name + ">";
+    EXPECT_THAT(eventsOf(text),
+                ElementsAre("<p:" + name +
+                                "{u} xmlns:p{http://www.w3.org/2000/xmlns/}=u p:" + name + "{u}=1>",
+                            "<p:" + name + "{u}>", "[]", "</p:" + name + "{u}>",
+                            "</p:" + name + "{u}>"));
+}
+
+TEST(TzXmlSAXParserHostile, EveryLengthOfNamesIsToldApart) {
+    std::string text = "<r>";
+    Events expected = {"<r>"};
+    for (std::size_t length = 1; length < 70; ++length) {
+        for (std::size_t place = 0; place < length; ++place) {
+            std::string name(length, 'a');
+            name[place] = 'b';
+            text += "<" + name + "/>";
+            expected.insert(expected.end(), {"<" + name + ">", "[]", "</" + name + ">"});
+        }
+    }
+    expected.emplace_back("</r>");
+    EXPECT_EQ(eventsOf(text + "</r>"), expected);
+}
+
+TEST(TzXmlSAXParserHostile, EachFailedAllocationArrivesAndNothingIsLost) {
+    const std::string text = Sample.substr(0, Sample.size() - 1) + repeated(" ", 1000) + "\n";
+    const auto parse = [&text] {
+        TzXmlSAXParser parser;
+        Counter counter;
+        parser.setContentHandler(&counter);
+        parser.parse(text);
+    };
+    EXPECT_GT(failEachAllocation(parse), 20U);
+}
+
+TEST(TzXmlSAXParserHostile, ParserIsUsableAfterAFailedAllocation) {
+    TzXmlSAXParser parser;
+    for (std::size_t nth = 1; nth < 30; ++nth) {
+        {
+            const AllocationFailure failure(nth);
+            try {
+                parser.parse(Sample);
+            } catch (const std::bad_alloc&) {
+                EXPECT_TRUE(failure.happened());
+            }
+        }
+        EXPECT_EQ(counted(parser, Sample).ends, 5U);
+    }
+}
