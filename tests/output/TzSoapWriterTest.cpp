@@ -1,0 +1,237 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapWriter.h>
+
+#include <soap/TzSoapBody.h>
+#include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapFault.h>
+#include <soap/TzSoapHeader.h>
+#include <soap/TzSoapMessage.h>
+#include <soap/TzSoapReferenceType.h>
+#include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeMultipart.h>
+#include <tz/mime/TzMimePart.h>
+#include <tz/xml/TzXmlError.h>
+
+#include "output/WireText.h"
+#include "support/AllocationFailure.h"
+#include "support/CataloguedError.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+/// Runs `inside` when a value named "hook" is to be written, in place of writing it.
+class HookWriter : public TzSoapWriter {
+public:
+    using Hook = std::function<void(TzSoapWriter&)>;
+
+    HookWriter(TzXmlWriter* text, Hook inside)
+        : TzSoapWriter(text, nullptr), inside_(std::move(inside)) {}
+    using TzSoapWriter::visit;
+    void visit(const TzSoapSimpleType& value) override {
+        if (value.getName().getLocalName() == "hook") {
+            inside_(*this);
+        } else {
+            TzSoapWriter::visit(value);
+        }
+    }
+
+private:
+    Hook inside_;
+};
+
+/// What is written for a message of SOAP 1.1 whose body holds a composite that declares p and holds
+/// a value with the id "seen" and the hook.
+std::string hooked(const HookWriter::Hook& inside) {
+    TzSoapCompositeType outer(TzXmlName("o", TzXmlNamespace("p", "urn:p")));
+    TzSoapSimpleType seen = intValue("s", 1);
+    seen.setIdAttribute("seen");
+    outer.appendChild(seen);
+    outer.appendChild(intValue("hook", 1));
+    const TzSoapMessage message = encodedMessage(TzSoapVersion::V1_1, {outer});
+    TzXmlStringWriter text;
+    HookWriter writer(&text, inside);
+    message.acceptVisitor(writer);
+    return text.getString();
+}
+
+std::string hookedText(const std::string& lines) {
+    return envelope11("    <p:o xmlns:p=\"urn:p\">\n      <s id=\"seen\">1</s>\n" + lines +
+                      "    </p:o>\n");
+}
+
+const TzSoapSimpleType& valueInP() {
+    static const TzSoapSimpleType value(TzXmlName("v", TzXmlNamespace("p", "urn:p")), 2,
+                                        TzSoapType::xsdInt, false);
+    return value;
+}
+
+TEST(TzSoapWriter, ChildrenWriteWithinTheScopesOfTheirParent) {
+    EXPECT_EQ(hooked([](TzSoapWriter& writer) {
+                  TzSoapWriter child(&writer);
+                  valueInP().acceptVisitor(child);
+                  TzSoapWriter grandchild(&child);
+                  valueInP().acceptVisitor(grandchild);
+              }),
+              hookedText("      <p:v>2</p:v>\n      <p:v>2</p:v>\n"));
+}
+
+TEST(TzSoapWriter, ChildrenShareWhatIsStillToBeWritten) {
+    EXPECT_EQ(
+        hooked([](TzSoapWriter& writer) {
+            TzSoapWriter child(&writer);
+            TzSoapSimpleType late = intValue("late", 3);
+            late.setIdAttribute("late");
+            TzSoapReferenceType(TzXmlName("r"), late).acceptVisitor(child);
+        }),
+        envelope11("    <p:o xmlns:p=\"urn:p\">\n      <s id=\"seen\">1</s>\n"
+                   "      <r href=\"#late\"/>\n    </p:o>\n    <late id=\"late\">3</late>\n"));
+}
+
+TEST(TzSoapWriter, ACopyOfAChildSharesAsTheChildDoes) {
+    EXPECT_EQ(
+        hooked([](TzSoapWriter& writer) {
+            TzSoapWriter child(&writer);
+            TzSoapWriter copy(child);
+            TzSoapSimpleType late = intValue("late", 3);
+            late.setIdAttribute("late");
+            TzSoapReferenceType(TzXmlName("r"), late).acceptVisitor(copy);
+        }),
+        envelope11("    <p:o xmlns:p=\"urn:p\">\n      <s id=\"seen\">1</s>\n"
+                   "      <r href=\"#late\"/>\n    </p:o>\n    <late id=\"late\">3</late>\n"));
+}
+
+TEST(TzSoapWriter, ACopyRemembersOnItsOwn) {
+    TzXmlStringWriter text;
+    TzSoapWriter writer(&text, nullptr);
+    TzSoapSimpleType first = intValue("first", 1);
+    first.setIdAttribute("1");
+    TzSoapSimpleType second = intValue("second", 2);
+    second.setIdAttribute("2");
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    message.setEncodingStyle("http://schemas.xmlsoap.org/soap/encoding/");
+    message.getSoapBody().appendEntry(TzSoapReferenceType(TzXmlName("a"), first));
+    message.getSoapBody().appendEntry(TzSoapReferenceType(TzXmlName("b"), second));
+    first.acceptVisitor(writer); // remembered from now on
+
+    TzSoapWriter copy(writer);
+    second.acceptVisitor(copy); // remembered by the copy alone
+    text.setString("");
+    message.acceptVisitor(copy);
+    EXPECT_EQ(text.getString().find("<first"), std::string::npos);
+    EXPECT_EQ(text.getString().find("<second"), std::string::npos);
+    text.setString("");
+    message.acceptVisitor(writer);
+    EXPECT_EQ(text.getString().find("<first"), std::string::npos);
+    EXPECT_NE(text.getString().find("<second"), std::string::npos);
+}
+
+TEST(TzSoapWriter, AssignmentTakesEverythingOver) {
+    TzXmlStringWriter mine;
+    TzXmlStringWriter theirs;
+    TzSoapWriter writer(&mine, nullptr);
+    {
+        TzSoapWriter other(&theirs, nullptr);
+        other.setVersion(TzSoapVersion::V1_1);
+        writer = other;
+    }
+    TzSoapWriter& same = writer;
+    writer = same;
+    intValue("a", 1).acceptVisitor(writer);
+    EXPECT_EQ(mine.getString(), "");
+    EXPECT_EQ(
+        theirs.getString(),
+        R"(<a xmlns:SOAP-ENV="http://schemas.xmlsoap.org/soap/envelope/" SOAP-ENV:encodingStyle="http://schemas.xmlsoap.org/soap/encoding/">1</a>
+)");
+}
+
+TEST(TzSoapWriter, ChildrenKeepTheirOwnSettings) {
+    TzXmlStringWriter aside;
+    EXPECT_EQ(hooked([&](TzSoapWriter& writer) {
+                  TzSoapWriter child(&writer);
+                  child.setWriter(&aside);
+                  child.setVersion(TzSoapVersion::V1_2);
+                  valueInP().acceptVisitor(child);
+                  valueInP().acceptVisitor(writer);
+              }),
+              hookedText("      <p:v>2</p:v>\n"));
+    // The prefixes are those of the outermost writer.
+    EXPECT_EQ(aside.getString(),
+              "<p:v SOAP-ENV:encodingStyle=\"http://www.w3.org/2002/06/soap-encoding\">2</p:v>\n");
+}
+
+TEST(TzSoapWriter, InsertsPartsWhereItIsToldTo) {
+    TzMimePart part;
+    part.insertHeader(TzMimeContentIdHeader("p1"));
+    const TzSoapReferenceType attached(TzXmlName("a"), part);
+    TzXmlStringWriter text;
+    TzMimeMultipart first;
+    TzMimeMultipart second;
+    TzSoapWriter writer(&text, &first);
+    attached.acceptVisitor(writer);
+    writer.setMimeMultipart(&second);
+    attached.acceptVisitor(writer);
+    attached.acceptVisitor(writer);
+    writer.setMimeMultipart(nullptr);
+    attached.acceptVisitor(writer);
+    EXPECT_EQ(first.getPartCount(), 1U);
+    EXPECT_EQ(second.getPartCount(), 2U);
+}
+
+TEST(TzSoapWriter, RefusesAVersionThatDoesNotExist) {
+    TzXmlStringWriter text;
+    TzSoapWriter writer(&text, nullptr);
+    expectCatalogued<TzXmlError>(
+        [&] { writer.setVersion(static_cast<TzSoapVersion::Version>(3)); }, 0x7011,
+        "[UNKNOWN_VERSION][SOAP Version specified by URI \"\" is unknown ]");
+}
+
+TEST(TzSoapWriter, ElementsWriteThemselves) {
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    message.getSoapHeader().appendHeaderEntry(intValue("h", 1), true);
+    message.getSoapBody().getSoapFault().setCode(TzXmlName("c"));
+    message.getSoapBody().appendEntry(intValue("b", 2));
+    EXPECT_EQ(message.asString(), wire(message));
+    EXPECT_EQ(message.getSoapHeader().asString(), wire(message.getSoapHeader()));
+    EXPECT_EQ(message.getSoapBody().asString(), wire(message.getSoapBody()));
+    EXPECT_EQ(message.getSoapBody().getSoapFault().asString(),
+              wire(message.getSoapBody().getSoapFault()));
+    EXPECT_EQ(intValue("b", 2).asString(), wire(intValue("b", 2)));
+}
+
+TEST(TzSoapWriter, AllocatesNothingPerElement) {
+    const auto allocations = [](int members) {
+        TzSoapCompositeType array("s");
+        for (int i = 0; i < members; ++i) {
+            TzSoapCompositeType one("item");
+            one.appendChild(TzSoapSimpleType("text", "a text that fits in no small buffer at all",
+                                             TzSoapType::xsdString, true));
+            one.appendChild(TzSoapSimpleType("number", 5UL, TzSoapType::xsdUnsignedLong, true));
+            array.appendChild(one);
+        }
+        const TzSoapMessage message = encodedMessage(TzSoapVersion::V1_1, {array});
+        wire(message); // the types are set now
+        TzXmlStringWriter text;
+        text.setString(std::string(1 << 20, ' '));
+        TzSoapWriter writer(&text, nullptr);
+        const std::size_t before = madeAllocations();
+        message.acceptVisitor(writer);
+        return madeAllocations() - before;
+    };
+    // Only the text itself grows.
+    EXPECT_LE(allocations(2000), allocations(20) + 2);
+}
+
+TEST(TzSoapWriter, GivesEverythingBackWhenMemoryIsShort) {
+    TzSoapCompositeType outer(TzXmlName("o", TzXmlNamespace("p", "urn:p")));
+    outer.setActor("urn:an actor that fits in no small buffer");
+    outer.setIdAttribute("x");
+    outer.appendChild(TzSoapReferenceType(TzXmlName("r"), outer));
+    const TzSoapMessage message = encodedMessage(TzSoapVersion::V1_1, {outer});
+    EXPECT_GT(failEachAllocation([&] { wire(message); }), 5U);
+    outer.clearChildren();
+}
+
+} // namespace
