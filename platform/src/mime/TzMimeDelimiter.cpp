@@ -9,7 +9,7 @@ namespace {
 
 /// Position of `wanted` in `text` at or after `from`. The standard library's own search looks at
 /// every byte, this one skips.
-std::size_t search(std::string_view text, std::string_view wanted, std::size_t from) noexcept {
+std::size_t positionOf(std::string_view text, std::string_view wanted, std::size_t from) noexcept {
     if (from > text.size()) {
         return std::string_view::npos;
     }
@@ -37,21 +37,26 @@ std::optional<TzMimeDelimiter::Hit> TzMimeDelimiter::hitAt(std::string_view text
                                                            std::size_t feed) const noexcept {
     const std::size_t end = feed + line_.size();
     const TzMimeText::Line line = TzMimeText::lineAt(text, end);
-    const std::string_view rest = TzMimeText::trimEnd(line.content);
+    const bool last = line.next == text.size() && text.back() != '\n';
+    // A text may have been cut inside of its last line end.
+    const bool cut = last && line.content.ends_with('\r');
+    const std::string_view rest =
+        TzMimeText::trimEnd(line.content.substr(0, line.content.size() - (cut ? 1 : 0)));
     const bool closing = rest == "--";
     if (!closing && !rest.empty()) {
         return std::nullopt;
     }
-    const bool pair = feed > 0 && text[feed - 1] == '\r';
-    const bool last = line.next == text.size() && text.back() != '\n';
+    // In a text whose lines end in LF, a CR at the end of a part belongs to the part.
+    const bool feedOnly = line.next - end - line.content.size() == 1;
+    const bool pair = !feedOnly && feed > 0 && text[feed - 1] == '\r';
     return Hit{feed - (pair ? 1 : 0), last ? line.next : line.next - 1, closing};
 }
 
 std::optional<TzMimeDelimiter::Hit> TzMimeDelimiter::find(std::string_view text,
                                                           std::size_t from) const noexcept {
     // No boundary holds a line feed, so places where the line is found cannot overlap.
-    for (std::size_t feed = search(text, line_, from); feed != std::string_view::npos;
-         feed = search(text, line_, feed + line_.size())) {
+    for (std::size_t feed = positionOf(text, line_, from); feed != std::string_view::npos;
+         feed = positionOf(text, line_, feed + line_.size())) {
         if (const std::optional<Hit> hit = hitAt(text, feed)) {
             return hit;
         }
@@ -64,13 +69,13 @@ bool TzMimeDelimiter::occursIn(std::string_view bytes) const noexcept {
     if (bytes.starts_with(line)) {
         return true;
     }
-    if (search(bytes, line, 0) == std::string_view::npos) {
+    if (positionOf(bytes, line, 0) == std::string_view::npos) {
         return false;
     }
     TzCString afterReturn(line_);
     afterReturn.front() = '\r';
-    return search(bytes, line_, 0) != std::string_view::npos ||
-           search(bytes, afterReturn, 0) != std::string_view::npos;
+    return positionOf(bytes, line_, 0) != std::string_view::npos ||
+           positionOf(bytes, afterReturn, 0) != std::string_view::npos;
 }
 
 void TzMimeDelimiter::append(TzCString& out, bool closing) const {

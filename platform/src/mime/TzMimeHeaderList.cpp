@@ -9,6 +9,7 @@
 
 std::size_t TzMimeHeaderList::read(std::shared_ptr<const TzCString> text, std::string_view slice) {
     text_ = std::move(text);
+    constexpr std::size_t usual = 4;
     bool open = false; // whether a further line belongs to the last header
     for (std::size_t from = 0; from < slice.size();) {
         const TzMimeText::Line line = TzMimeText::lineAt(slice, from);
@@ -27,6 +28,9 @@ std::size_t TzMimeHeaderList::read(std::shared_ptr<const TzCString> text, std::s
         const std::size_t colon = TzMimeText::findColon(line.content);
         open = colon != std::string_view::npos;
         if (open) {
+            if (slots_.empty()) {
+                slots_.reserve(usual);
+            }
             slots_.push_back({line.content, colon, TzMimeHeader()});
         }
     }

@@ -62,13 +62,17 @@ void TzMimePartBody::readText(const Text& text) {
         return;
     }
     readSlice(text, begin, all);
-    if (isPackage()) {
-        const TzCString separator = boundary();
-        if (!separator.empty()) {
-            const auto from = static_cast<std::size_t>(stored_.data() - all.data());
-            store(nullptr, {}, Kind::Identity);
-            parts_->read(text, from == 0 ? 0 : from - 1, separator);
-        }
+    const TzCString separator = isPackage() ? boundary() : TzCString();
+    if (separator.empty()) {
+        return;
+    }
+    const auto from = static_cast<std::size_t>(stored_.data() - all.data());
+    parts_->read(text, from == 0 ? 0 : from - 1, separator);
+    if (parts_->all().empty() && encoding_ != Kind::Identity) {
+        // No package is to be encoded, but what looked like a delimiter can have enforced it.
+        setBytes(copyBytes());
+    } else {
+        store(nullptr, {}, Kind::Identity);
     }
 }
 

@@ -67,7 +67,7 @@ std::vector<TzMimePartIndex::Entry> TzMimePartIndex::collect(const std::vector<T
              at = headers.find(label_, at + 1)) {
             std::string_view key = headers.valueAt(at, value);
             if (key.data() == value.data()) {
-                key = kept_.emplace_back(std::move(value));
+                key = kept_.emplace_front(std::move(value));
             }
             key = TzMimeHeaderValue::comparable(label_, key);
             collected.push_back({std::hash<std::string_view>()(key), key, position});

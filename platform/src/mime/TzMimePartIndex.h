@@ -6,7 +6,7 @@
 
 #include <atomic>
 #include <cstddef>
-#include <deque>
+#include <forward_list>
 #include <memory>
 #include <mutex>
 #include <string_view>
@@ -48,8 +48,8 @@ private:
 
     const char* label_;
     std::mutex mutex_;
-    std::vector<Entry> entries_;    // bucket by bucket
-    std::vector<std::size_t> ends_; // where each bucket ends; empty before the index is built
-    std::deque<TzCString> kept_;    // keys that are no slices of the parts' texts
+    std::vector<Entry> entries_;        // bucket by bucket
+    std::vector<std::size_t> ends_;     // where each bucket ends; empty before the index is built
+    std::forward_list<TzCString> kept_; // keys that are no slices of the parts' texts
     std::shared_ptr<std::atomic<bool>> changed_; // raised by a part whose headers change
 };
