@@ -5,8 +5,8 @@
 
 #include <soap/TzSoapBody.h>
 #include <soap/TzSoapBodyImp.h>
+#include <soap/TzSoapCast.h>
 #include <soap/TzSoapCompositeType.h>
-#include <soap/TzSoapCompositeTypeImp.h>
 #include <soap/TzSoapFault.h>
 #include <soap/TzSoapFaultImp.h>
 #include <tz/thread/TzTHRInvalidPointer.h>
@@ -170,8 +170,7 @@ TEST(TzSoapBody, copyOfACompositeEntrySharesItsChildren) {
     b.appendEntry(entry);
     TzSoapBody own = b.copy();
     child.setName(TzXmlName("renamed"));
-    const auto copied = TzSoapAccess::handle<TzSoapCompositeType>(
-        static_cast<TzSoapCompositeTypeImp*>(&TzSoapAccess::body(*own.entriesBegin())));
+    const TzSoapCompositeType copied = tzSoapCast<TzSoapCompositeType>(*own.entriesBegin()).value();
     EXPECT_EQ(namesOf(copied.childrenBegin(), copied.childrenEnd()), "renamed");
     entry.clearChildren();
     EXPECT_EQ(copied.childCount(), 1u);

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#include "mime/TzSoapAttachmentFinder.h"
+
+#include "support/Named.h"
+
+#include <soap/TzSoapBody.h>
+#include <soap/TzSoapCompactArrayType.h>
+#include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapDefaultType.h>
+#include <soap/TzSoapFault.h>
+#include <soap/TzSoapHeader.h>
+#include <soap/TzSoapMessage.h>
+#include <soap/TzSoapMisunderstoodType.h>
+#include <soap/TzSoapReferenceType.h>
+#include <soap/TzSoapSimpleType.h>
+#include <soap/TzSoapSparseArrayType.h>
+#include <soap/TzSoapUserDefinedType.h>
+#include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimePart.h>
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+TzSoapReferenceType attachment() {
+    TzMimePart part;
+    part.insertHeader(TzMimeContentIdHeader("part1"));
+    return TzSoapReferenceType(TzXmlName("ref"), part);
+}
+
+/// A struct around `value`.
+TzSoapCompositeType around(const TzSoapType& value) {
+    TzSoapCompositeType composite(TzXmlName("around"));
+    composite.appendChild(named("before"));
+    composite.appendChild(value);
+    composite.appendChild(named("after"));
+    return composite;
+}
+
+template <typename Element> bool found(const Element& element) {
+    TzSoapAttachmentFinder finder;
+    element.acceptVisitor(finder);
+    return finder.found();
+}
+
+/// A message with something of every kind but an attachment.
+TzSoapMessage messageOfAllKinds() {
+    TzSoapMessage message;
+    TzSoapSimpleType simple("simple", "text", TzSoapContentBase::xsdString, true);
+    simple.setIdAttribute("i1");
+    TzSoapBody& body = message.getSoapBody();
+    body.appendEntry(simple);
+    body.appendEntry(named("generic"));
+    body.appendEntry(TzSoapUserDefinedType());
+    body.appendEntry(TzSoapDefaultType());
+    body.appendEntry(TzSoapReferenceType(TzXmlName("ref"), simple));
+    body.appendEntry(around(simple));
+    TzSoapCompactArrayType compact("xsd:string", 2, 0);
+    compact[0] = simple;
+    body.appendEntry(compact);
+    TzSoapSparseArrayType sparse("xsd:string", 10);
+    sparse[3] = simple;
+    body.appendEntry(sparse);
+    body.getSoapFault().setCode(TzXmlName("code"));
+    body.getSoapFault().addDetailEntry("d", around(simple));
+    message.getSoapHeader().appendHeaderEntry(TzSoapMisunderstoodType(TzXmlName("name")), true);
+    message.getSoapHeader().appendHeaderEntry(around(named("x")), true);
+    return message;
+}
+
+TEST(TzSoapAttachmentFinder, nothingIsFoundWithoutAttachments) {
+    EXPECT_FALSE(found(TzSoapMessage()));
+    EXPECT_FALSE(found(messageOfAllKinds()));
+}
+
+TEST(TzSoapAttachmentFinder, aReferenceStandingAloneIsFound) {
+    EXPECT_TRUE(found(attachment()));
+    EXPECT_TRUE(found(around(around(attachment()))));
+}
+
+TEST(TzSoapAttachmentFinder, everyPlaceOfAMessageIsLookedAt) {
+    const TzSoapReferenceType reference = attachment();
+    TzSoapMessage inHeader = messageOfAllKinds();
+    inHeader.getSoapHeader().prependHeaderEntry(reference, true);
+    EXPECT_TRUE(found(inHeader));
+    EXPECT_TRUE(found(inHeader.getSoapHeader()));
+    EXPECT_FALSE(found(inHeader.getSoapBody()));
+    TzSoapMessage inBody = messageOfAllKinds();
+    inBody.getSoapBody().appendEntry(reference);
+    EXPECT_TRUE(found(inBody));
+    EXPECT_FALSE(found(inBody.getSoapHeader()));
+    TzSoapMessage inStruct = messageOfAllKinds();
+    inStruct.getSoapBody().prependEntry(around(reference));
+    EXPECT_TRUE(found(inStruct));
+    TzSoapMessage inHeaderStruct = messageOfAllKinds();
+    inHeaderStruct.getSoapHeader().appendHeaderEntry(around(around(reference)), true);
+    EXPECT_TRUE(found(inHeaderStruct));
+}
+
+TEST(TzSoapAttachmentFinder, arraysAreLookedInto) {
+    TzSoapCompactArrayType compact("ref", 5, 0);
+    compact[1] = named("a");
+    compact[3] = attachment();
+    EXPECT_TRUE(found(compact));
+    TzSoapSparseArrayType sparse("ref", 1000);
+    sparse[1] = named("a");
+    EXPECT_FALSE(found(sparse));
+    sparse[999] = around(attachment());
+    EXPECT_TRUE(found(sparse));
+}
+
+TEST(TzSoapAttachmentFinder, theDetailOfAFaultIsLookedInto) {
+    TzSoapMessage message = messageOfAllKinds();
+    TzSoapFault& fault = message.getSoapBody().getSoapFault();
+    fault.addDetailEntry("d", attachment());
+    EXPECT_TRUE(found(fault));
+    EXPECT_TRUE(found(message));
+}
+
+TEST(TzSoapAttachmentFinder, aFaultWithoutACodeIsNoneOfTheBody) {
+    TzSoapMessage message;
+    TzSoapFault& fault = message.getSoapBody().getSoapFault();
+    fault.addDetailEntry("d", attachment());
+    EXPECT_FALSE(found(message));
+    EXPECT_TRUE(found(fault));
+}
+
+TEST(TzSoapAttachmentFinder, aReferenceWithoutATargetDoesNotCount) {
+    EXPECT_FALSE(found(TzSoapReferenceType(false)));
+    EXPECT_FALSE(found(around(TzSoapReferenceType(false))));
+}
+
+TEST(TzSoapAttachmentFinder, referencesToValuesAreNotFollowed) {
+    TzSoapCompositeType target = around(attachment());
+    target.setIdAttribute("i1");
+    EXPECT_FALSE(found(TzSoapReferenceType(TzXmlName("ref"), target)));
+}
+
+TEST(TzSoapAttachmentFinder, ringsOfReferencesEnd) {
+    TzSoapCompositeType target(TzXmlName("a"));
+    target.setIdAttribute("i1");
+    TzSoapReferenceType back(TzXmlName("ref"), target);
+    target.appendChild(back);
+    EXPECT_FALSE(found(target));
+    target.clearChildren();
+}
+
+TEST(TzSoapAttachmentFinder, depthDoesNotMatter) {
+    TzSoapType value = attachment();
+    for (int level = 0; level < 200000; ++level) {
+        TzSoapCompositeType composite(TzXmlName("a"));
+        composite.appendChild(value);
+        value = composite;
+    }
+    EXPECT_TRUE(found(value));
+}
+
+} // namespace

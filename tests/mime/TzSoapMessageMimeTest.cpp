@@ -1,0 +1,382 @@
+// SPDX-License-Identifier: MIT
+#include "support/CataloguedError.h"
+#include "support/Named.h"
+
+#include <soap/TzSoapBody.h>
+#include <soap/TzSoapCast.h>
+#include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapFault.h>
+#include <soap/TzSoapHeader.h>
+#include <soap/TzSoapMessage.h>
+#include <soap/TzSoapMessageImp.h>
+#include <soap/TzSoapReferenceType.h>
+#include <soap/TzSoapSimpleType.h>
+#include <soap/TzSoapSparseArrayType.h>
+#include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeContentTypeHeader.h>
+#include <tz/mime/TzMimeMultipart.h>
+#include <tz/mime/TzMimeMultipartRelatedType.h>
+#include <tz/mime/TzMimeTextType.h>
+#include <tz/mime/TzMimeVersionHeader.h>
+#include <tz/xml/TzXmlBadArgError.h>
+#include <tz/xml/TzXmlParseError.h>
+
+#include "model/TzSoapAccess.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+const std::string uri11 = "http://schemas.xmlsoap.org/soap/envelope/";
+const std::string envelope =
+    "<S:Envelope xmlns:S=\"" + uri11 + "\"><S:Body><a>text</a></S:Body></S:Envelope>";
+
+/// A part with that id and body; text/plain.
+TzMimePart part(const char* id, const char* body) {
+    TzMimePart result;
+    result.insertHeader(TzMimeContentTypeHeader(TzMimeTextType("plain", "")));
+    result.insertHeader(TzMimeContentIdHeader(id));
+    result.setBody(TzCString(body));
+    return result;
+}
+
+/// A SOAP 1.1 message with one reference to a part for each id.
+TzSoapMessage messageWith(std::initializer_list<const char*> ids) {
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    for (const char* id : ids) {
+        message.getSoapBody().appendEntry(TzSoapReferenceType(TzXmlName("ref"), part(id, "bytes")));
+    }
+    return message;
+}
+
+/// The value of the first header `label`, "(none)" without one.
+std::string header(const TzMimePart& part, const char* label) {
+    const std::size_t position = part.findHeader(label);
+    return position == TzMimePart::NotFound ? "(none)" : part.getHeader(position).getValue();
+}
+
+TzMimeMultipartRelatedType typeOf(const TzMimeMultipart& package) {
+    return TzMimeMultipartRelatedType(
+        TzMimeContentTypeHeader(package.getHeader(package.findHeader("Content-Type")))
+            .getContentType());
+}
+
+/// A package with that content type and parts.
+TzMimeMultipart packageOf(const TzMimeMultipartRelatedType& type,
+                          std::initializer_list<TzMimePart> parts) {
+    TzMimeMultipart package;
+    package.insertHeader(TzMimeContentTypeHeader(type));
+    for (const TzMimePart& each : parts) {
+        package.insertPart(each);
+    }
+    return package;
+}
+
+std::string entries(const TzSoapMessage& message) {
+    const TzSoapBody& body = message.getSoapBody();
+    return namesOf(body.entriesBegin(), body.entriesEnd());
+}
+
+TEST(TzSoapMessageMime, aMessageWithoutAttachmentsIsPlainXml) {
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    message.getSoapBody().appendEntry(named("a"));
+    EXPECT_FALSE(message.hasAttachments());
+    EXPECT_EQ(message.asString().find("MIME"), std::string::npos);
+    EXPECT_EQ(message.asString().rfind("<SOAP-ENV:Envelope", 0), 0u);
+}
+
+TEST(TzSoapMessageMime, aReferenceWithoutATargetIsNoAttachment) {
+    TzSoapMessage message;
+    message.getSoapBody().appendEntry(TzSoapReferenceType(false));
+    EXPECT_FALSE(message.hasAttachments());
+}
+
+TEST(TzSoapMessageMime, attachmentsAreFoundInDetailAndArray) {
+    const TzSoapReferenceType reference(TzXmlName("ref"), part("p1", "x"));
+    TzSoapMessage inDetail;
+    inDetail.getSoapBody().getSoapFault().setCode(TzXmlName("code"));
+    inDetail.getSoapBody().getSoapFault().addDetailEntry("d", reference);
+    EXPECT_TRUE(inDetail.hasAttachments());
+    TzSoapMessage inArray;
+    TzSoapSparseArrayType array("ref", 5);
+    array[2] = reference;
+    inArray.getSoapBody().appendEntry(array);
+    EXPECT_TRUE(inArray.hasAttachments());
+    TzSoapMessage inHeader;
+    inHeader.getSoapHeader().appendHeaderEntry(reference, true);
+    EXPECT_TRUE(inHeader.hasAttachments());
+}
+
+TEST(TzSoapMessageMime, thePackageOfAMessageWithoutAttachmentsHoldsItsRootOnly) {
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    message.getSoapBody().appendEntry(named("a"));
+    const TzMimeMultipart package = message.asMimeMultipart();
+    ASSERT_EQ(package.getPartCount(), 1u);
+    EXPECT_EQ(package.getPart(0).getBody(), message.asString());
+}
+
+TEST(TzSoapMessageMime, thePackageDescribesItself) {
+    const TzMimeMultipart package = messageWith({"p1"}).asMimeMultipart();
+    ASSERT_EQ(package.getHeaderCount(), 2u);
+    EXPECT_EQ(package.getHeader(0).asString(), "MIME-Version: 1.0");
+    EXPECT_EQ(package.getHeader(1).getLabel(), "Content-Type");
+    const TzMimeMultipartRelatedType type = typeOf(package);
+    EXPECT_TRUE(type.matches("multipart", "related"));
+    EXPECT_EQ(type.getBoundary(), "MIME_boundary");
+    EXPECT_EQ(type.getType(), "text/xml");
+    EXPECT_EQ(type.getStart(), "<soap.xml@mime.representation>");
+    EXPECT_EQ(type.getStartInfo(), "");
+}
+
+TEST(TzSoapMessageMime, theRootPartDescribesItself) {
+    const TzMimePart root = messageWith({"p1"}).asMimeMultipart().getPart(0);
+    ASSERT_EQ(root.getHeaderCount(), 2u);
+    const TzMimeTextType type(TzMimeContentTypeHeader(root.getHeader(0)).getContentType());
+    EXPECT_TRUE(type.matches("text", "xml"));
+    EXPECT_EQ(type.getCharset(), "UTF-8");
+    EXPECT_EQ(root.getHeader(1).asString(), "Content-ID: <soap.xml@mime.representation>");
+}
+
+TEST(TzSoapMessageMime, theTextOfAPackage) {
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    message.getSoapBody().appendEntry(
+        TzSoapReferenceType(TzXmlName("ref"), part("p1", "the bytes")));
+    const std::string root = message.asMimeMultipart().getPart(0).getBody();
+    EXPECT_EQ(message.asString(),
+              "MIME-Version: 1.0\r\n"
+              "Content-Type: multipart/related; type=\"text/xml\"; "
+              "start=\"<soap.xml@mime.representation>\"; boundary=\"MIME_boundary\"\r\n"
+              "\r\n"
+              "--MIME_boundary\r\n"
+              "Content-Type: text/xml; charset=\"UTF-8\"\r\n"
+              "Content-ID: <soap.xml@mime.representation>\r\n"
+              "\r\n" +
+                  root +
+                  "\r\n"
+                  "--MIME_boundary\r\n"
+                  "Content-Type: text/plain\r\n"
+                  "Content-ID: <p1>\r\n"
+                  "\r\n"
+                  "the bytes\r\n"
+                  "--MIME_boundary--\r\n");
+    EXPECT_NE(root.find("<ref href=\"cid:p1\"/>"), std::string::npos);
+}
+
+TEST(TzSoapMessageMime, attachmentsFollowInTheOrderOfTheirReferences) {
+    TzSoapMessage message = messageWith({"p1", "p2"});
+    message.getSoapHeader().appendHeaderEntry(
+        TzSoapReferenceType(TzXmlName("ref"), part("p0", "x")), true);
+    const TzMimeMultipart package = message.asMimeMultipart();
+    ASSERT_EQ(package.getPartCount(), 4u);
+    EXPECT_EQ(header(package.getPart(0), "Content-ID"), "<soap.xml@mime.representation>");
+    EXPECT_EQ(header(package.getPart(1), "Content-ID"), "<p0>");
+    EXPECT_EQ(header(package.getPart(2), "Content-ID"), "<p1>");
+    EXPECT_EQ(header(package.getPart(3), "Content-ID"), "<p2>");
+}
+
+TEST(TzSoapMessageMime, aPartReferredToTwiceTravelsTwice) {
+    const TzMimePart shared = part("p1", "x");
+    TzSoapMessage message;
+    message.getSoapBody().appendEntry(TzSoapReferenceType(TzXmlName("a"), shared));
+    message.getSoapBody().appendEntry(TzSoapReferenceType(TzXmlName("b"), shared));
+    EXPECT_EQ(message.asMimeMultipart().getPartCount(), 3u);
+}
+
+TEST(TzSoapMessageMime, boundaryAndStartOfTheCallerAreKept) {
+    TzMimeMultipart package =
+        packageOf(TzMimeMultipartRelatedType("", "text/plain", "<root-part-id>", "xyz"), {});
+    const TzMimeMultipart returned = messageWith({"p1"}).asMimeMultipart(package);
+    const TzMimeMultipartRelatedType type = typeOf(package);
+    EXPECT_EQ(type.getBoundary(), "xyz");
+    EXPECT_EQ(type.getType(), "text/xml");
+    EXPECT_EQ(type.getStart(), "<root-part-id>");
+    ASSERT_EQ(package.getPartCount(), 2u);
+    EXPECT_EQ(header(package.getPart(0), "Content-ID"), "<root-part-id>");
+    EXPECT_EQ(package.findHeader("MIME-Version"), TzMimePart::NotFound);
+    EXPECT_EQ(returned.getPartCount(), 2u);
+}
+
+TEST(TzSoapMessageMime, whatTheCallersTypeLacksIsFilledIn) {
+    TzMimeMultipart package = packageOf(TzMimeMultipartRelatedType("", "", "", ""), {});
+    TzSoapMessage().asMimeMultipart(package);
+    const TzMimeMultipartRelatedType type = typeOf(package);
+    EXPECT_EQ(type.getBoundary(), "MIME_boundary");
+    EXPECT_EQ(type.getType(), "text/xml");
+    EXPECT_EQ(type.getStart(), "<soap.xml@mime.representation>");
+    EXPECT_EQ(header(package.getPart(0), "Content-ID"), "<soap.xml@mime.representation>");
+}
+
+TEST(TzSoapMessageMime, partsOfTheCallerStandBetweenRootAndAttachments) {
+    TzMimeMultipart package;
+    package.insertPart(part("mine", "x"));
+    messageWith({"p1"}).asMimeMultipart(package);
+    ASSERT_EQ(package.getPartCount(), 3u);
+    EXPECT_EQ(header(package.getPart(0), "Content-ID"), "<soap.xml@mime.representation>");
+    EXPECT_EQ(header(package.getPart(1), "Content-ID"), "<mine>");
+    EXPECT_EQ(header(package.getPart(2), "Content-ID"), "<p1>");
+}
+
+TEST(TzSoapMessageMime, anErrorOfWritingLeavesTheAttachmentsMetBefore) {
+    TzSoapMessage message = messageWith({"p1"});
+    message.getSoapBody().appendEntry(
+        TzSoapSimpleType("bad", "\x01", TzSoapContentBase::xsdString, true));
+    TzMimeMultipart package;
+    EXPECT_THROW(message.asMimeMultipart(package), TzXmlBadArgError);
+    ASSERT_EQ(package.getPartCount(), 1u);
+    EXPECT_EQ(header(package.getPart(0), "Content-ID"), "<p1>");
+}
+
+TEST(TzSoapMessageMime, theRootIsThePartThatTheStartNames) {
+    TzSoapMessage message;
+    message.extract(packageOf(TzMimeMultipartRelatedType("", "text/xml", "<root>", "b"),
+                              {part("other", "no xml"), part("root", envelope.c_str())}));
+    EXPECT_EQ(message.getVersion(), TzSoapVersion::V1_1);
+    EXPECT_EQ(entries(message), "a");
+}
+
+TEST(TzSoapMessageMime, withoutAStartTheRootIsTheFirstPart) {
+    TzSoapMessage message;
+    message.extract(packageOf(TzMimeMultipartRelatedType("", "text/xml", "", "b"),
+                              {part("first", envelope.c_str()), part("other", "no xml")}));
+    EXPECT_EQ(entries(message), "a");
+}
+
+TEST(TzSoapMessageMime, anyContentTypeMakesAPackage) {
+    TzMimeMultipart package;
+    package.insertHeader(TzMimeHeader("content-type", "text/plain"));
+    package.insertPart(part("first", envelope.c_str()));
+    TzSoapMessage message;
+    message.extract(package);
+    EXPECT_EQ(entries(message), "a");
+}
+
+/// Expects exactly a parse error without source and position.
+template <typename Action>
+void expectPackageError(const Action& action, std::uint32_t id, const std::string& text) {
+    expectCatalogued<TzXmlParseError>(action, id, text);
+    try {
+        action();
+    } catch (const TzXmlParseError& error) {
+        EXPECT_EQ(error.getSource(), "");
+        EXPECT_EQ(error.getLine(), 0u);
+        EXPECT_EQ(error.getColumn(), 0u);
+    }
+}
+
+TEST(TzSoapMessageMime, aPackageWithoutContentTypeIsRefused) {
+    TzMimeMultipart package;
+    package.insertPart(part("first", envelope.c_str()));
+    TzSoapMessage message;
+    expectPackageError([&] { message.extract(package); }, 0x701D,
+                       "[MIME_NOT_MULTIPART][MIME messge must be multipart/related]");
+    EXPECT_FALSE(TzSoapAccess::body(message).getMimeMultipart().hasParts());
+}
+
+TEST(TzSoapMessageMime, aStartThatNamesNoPartIsRefused) {
+    const TzMimeMultipart package =
+        packageOf(TzMimeMultipartRelatedType("", "text/xml", "<none>", "b"),
+                  {part("first", envelope.c_str())});
+    TzSoapMessage message;
+    expectPackageError([&] { message.extract(package); }, 0x701C,
+                       "[NO_MIME_SOAP_BODY_PART][The SOAP XML body part could not be found]");
+    EXPECT_EQ(TzSoapAccess::body(message).getMimeMultipart().getPartCount(), 1u);
+}
+
+TEST(TzSoapMessageMime, aPackageWithoutPartsIsRefused) {
+    const TzMimeMultipart package =
+        packageOf(TzMimeMultipartRelatedType("", "text/xml", "", "b"), {});
+    TzSoapMessage message;
+    expectPackageError([&] { message.extract(package); }, 0x701C,
+                       "[NO_MIME_SOAP_BODY_PART][The SOAP XML body part could not be found]");
+}
+
+TEST(TzSoapMessageMime, errorsOfTheEnvelopePassThrough) {
+    TzSoapMessage message;
+    expectCatalogued<TzXmlParseError>(
+        [&] {
+            message.extract(packageOf(TzMimeMultipartRelatedType("", "text/xml", "", "b"),
+                                      {part("first", "no envelope")}));
+        },
+        0x7010, "[NO_SOAP_ENVELOPE][Soap message must have a Envelope element]");
+    message.extract(envelope);
+    EXPECT_EQ(entries(message), "a");
+}
+
+TEST(TzSoapMessageMime, theTextOfAPackageIsReadAgain) {
+    TzSoapMessage sent(TzSoapVersion::V1_2);
+    sent.getSoapBody().appendEntry(
+        TzSoapReferenceType(TzXmlName("ref"), part("p1", "one\r\n--two")));
+    TzSoapMessage received;
+    received.extract(sent.asString());
+    EXPECT_EQ(received.getVersion(), TzSoapVersion::V1_2);
+    EXPECT_TRUE(received.hasAttachments());
+    EXPECT_EQ(received.asString(), sent.asString());
+    const TzSoapType& entry = *received.getSoapBody().entriesBegin();
+    const auto reference = tzSoapCast<TzSoapReferenceType>(entry);
+    ASSERT_TRUE(reference && reference->hasReference());
+    EXPECT_EQ(reference->getMimeReference().getBody(), "one\r\n--two");
+}
+
+TEST(TzSoapMessageMime, aBareEnvelopeForgetsThePackage) {
+    const TzMimeMultipart package =
+        packageOf(TzMimeMultipartRelatedType("", "text/xml", "<root>", "b"),
+                  {part("root", envelope.c_str()), part("p1", "x")});
+    const std::string referring =
+        "<S:Envelope xmlns:S=\"" + uri11 + "\"><S:Body><r href=\"cid:p1\"/></S:Body></S:Envelope>";
+    TzSoapMessage message;
+    message.extract(package);
+    EXPECT_EQ(TzSoapAccess::body(message).getMimeMultipart().getPartCount(), 2u);
+    message.extract(referring);
+    EXPECT_FALSE(TzSoapAccess::body(message).getMimeMultipart().hasParts());
+    EXPECT_FALSE(message.hasAttachments());
+}
+
+TEST(TzSoapMessageMime, theKeptPackageIsThatOfTheCallerAndOfCopies) {
+    TzMimeMultipart package = packageOf(TzMimeMultipartRelatedType("", "text/xml", "<root>", "b"),
+                                        {part("root", envelope.c_str())});
+    TzSoapMessage message;
+    message.extract(package);
+    const TzSoapMessage copy = message.copy();
+    package.insertPart(part("late", "x"));
+    EXPECT_EQ(TzSoapAccess::body(message).getMimeMultipart().getPartCount(), 2u);
+    EXPECT_EQ(TzSoapAccess::body(copy).getMimeMultipart().getPartCount(), 2u);
+}
+
+TEST(TzSoapMessageMime, theKeptPackageMayBeExtractedAgain) {
+    TzSoapMessage message;
+    message.extract(packageOf(TzMimeMultipartRelatedType("", "text/xml", "<root>", "b"),
+                              {part("root", envelope.c_str())}));
+    message.getSoapBody().clearEntries();
+    message.extract(TzSoapAccess::body(message).getMimeMultipart());
+    EXPECT_EQ(entries(message), "a");
+}
+
+TEST(TzSoapMessageMime, textBeforeThePackageIsSkipped) {
+    TzSoapMessage message;
+    message.extract("POST /x HTTP/1.1\r\n"
+                    "Content-Type: multipart/related; boundary=b; type=\"text/xml\"\r\n"
+                    "\r\n"
+                    "--b\r\n"
+                    "\r\n" +
+                    envelope +
+                    "\r\n"
+                    "--b--\r\n");
+    EXPECT_EQ(entries(message), "a");
+}
+
+TEST(TzSoapMessageMime, aRootInATransferEncodingIsDecoded) {
+    TzSoapMessage message;
+    message.extract("Content-Type: multipart/related; boundary=b\r\n"
+                    "\r\n"
+                    "--b\r\n"
+                    "Content-Transfer-Encoding: quoted-printable\r\n"
+                    "\r\n"
+                    "<S:Envelope xmlns:S=3D\"http://schemas.xmlsoap.org/soap/envelope/\">=\r\n"
+                    "<S:Body><a>x</a></S:Body></S:Envelope>\r\n"
+                    "--b--\r\n");
+    EXPECT_EQ(entries(message), "a");
+}
+
+} // namespace
