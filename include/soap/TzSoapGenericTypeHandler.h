@@ -8,6 +8,7 @@
 
 #include <memory>
 
+struct TzSoapStyleInForce;
 class TzSoapType;
 class TzSoapTypeHandlers;
 class TzXmlElementImp;
@@ -52,7 +53,7 @@ private:
 
     SoapType getType(const TzXmlAttributeSet& attributes, TzCString& type, TzCString& size) const;
     bool isApplicationType(const TzXmlName& name, const TzXmlAttributeSet& attributes,
-                           const TzCString& style, TzXmlName& type) const;
+                           const TzSoapStyleInForce& style, TzXmlName& type) const;
     void doSoapEncoding(const TzXmlName& name, const TzXmlAttributeSet& attributes);
     void doUserDefinedEncoding(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                                const TzXmlName& type, const TzCString& encodingStyle);

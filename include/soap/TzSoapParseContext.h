@@ -24,6 +24,13 @@ class TzSoapTypeHandlers;
 class TzXmlElementImp;
 class TzXmlSAXParser;
 
+/// What an encodingStyle text means. A plain value.
+struct TzSoapStyleInForce {
+    TzCString text;           ///< The attribute's text.
+    TzCString first;          ///< The first URI of its list, the one that counts; "" without any.
+    bool soapEncoding = true; ///< Whether values are read by the rules of SOAP encoding.
+};
+
 /// What all participants of one reading share: the parser, the scopes that are open, the ids and
 /// references met so far, the package the text came in and the message being filled.
 ///
@@ -73,6 +80,8 @@ public:
 
     /// The version being read: that of the message, the latest without one.
     TzSoapVersion::Version getVersion() const;
+    /// What the encoding style in force means for the values under it.
+    const TzSoapStyleInForce& getStyleInForce();
     /// The URI that the innermost open element which declares `prefix` binds it to; "" when none does.
     /// O(open elements).
     TzCString getNsUriForPrefix(const TzCString& prefix) const;
@@ -135,4 +144,5 @@ private:
     std::vector<std::unique_ptr<TzSoapTypeHandlers>> spareHandlers_;
     std::array<TzXmlNamespace, 4> recentNamespaces_; // few types make up most of a message
     std::size_t nextRecent_ = 0;
+    TzSoapStyleInForce styleInForce_; // of the last text that was asked for
 };

@@ -30,11 +30,12 @@ const TzXmlAttribute* findSoap(const TzXmlAttributeSet& attributes,
     return found == attributes.end() ? nullptr : found;
 }
 
-/// Whether an attribute can mark a reference or an array at all: most elements have none that can.
-bool mayMark(const TzXmlAttributeSet& attributes, const TzXmlNamespace& encoding) {
+/// Whether an attribute can be one that SOAP gives a meaning here: most elements have none that can.
+bool mayMark(const TzXmlAttributeSet& attributes, const TzSoapVersion& names) {
     for (const TzXmlAttribute& attribute : attributes) {
         const TzXmlNamespace& nameSpace = attribute.getName().getNamespace();
-        if (nameSpace.getUri().empty() || nameSpace.sameUri(encoding)) {
+        if (nameSpace.getUri().empty() || nameSpace.sameUri(names.getSoapEnc()) ||
+            nameSpace.sameUri(names.getSoapEnv())) {
             return true;
         }
     }
@@ -105,30 +106,32 @@ void TzSoapGenericTypeHandler::popChildStyle() {
 void TzSoapGenericTypeHandler::startElement(const TzXmlName& name,
                                             const TzXmlAttributeSet& attributes) {
     popChildStyle();
-    pushChildStyle(attributes);
-    const auto& styles = context()->getEncodingStyles();
-    const std::string_view inForce =
-        styles.empty() ? std::string_view() : TzSoapUtils::firstEncodingStyle(styles.top());
+    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(context()->getVersion());
+    const bool marked = mayMark(attributes, names);
+    if (marked) {
+        pushChildStyle(attributes);
+    }
+    const TzSoapStyleInForce& style = context()->getStyleInForce();
     TzXmlName type;
-    if (inForce.empty()) {
+    if (isApplicationType(name, attributes, style, type)) {
+        doUserDefinedEncoding(name, attributes, type, style.first);
+    } else if (marked) {
         doSoapEncoding(name, attributes);
-    } else if (const TzCString style(inForce); isApplicationType(name, attributes, style, type)) {
-        doUserDefinedEncoding(name, attributes, type, style);
     } else {
-        doSoapEncoding(name, attributes);
+        handlers().unknown.populate(name, attributes, context(), this);
     }
 }
 
 bool TzSoapGenericTypeHandler::isApplicationType(const TzXmlName& name,
                                                  const TzXmlAttributeSet& attributes,
-                                                 const TzCString& style, TzXmlName& type) const {
+                                                 const TzSoapStyleInForce& style,
+                                                 TzXmlName& type) const {
     const auto& registry = *TzSoapEncodingStyleTypeRegistry::getRegistry();
-    const bool soapEncoded = TzSoapVersion::isSoapEncodingStyle(style);
-    if (soapEncoded && registry.empty()) {
+    if (style.soapEncoding && (style.first.empty() || registry.empty())) {
         return false;
     }
     type = typeOf(name, attributes);
-    return !soapEncoded || registry.lookupType(style, type);
+    return !style.soapEncoding || registry.lookupType(style.first, type);
 }
 
 TzXmlName TzSoapGenericTypeHandler::typeOf(const TzXmlName& name,
@@ -145,10 +148,6 @@ TzSoapGenericTypeHandler::SoapType
 TzSoapGenericTypeHandler::getType(const TzXmlAttributeSet& attributes, TzCString& type,
                                   TzCString& size) const {
     const TzSoapVersion::Version version = context()->getVersion();
-    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(version);
-    if (!mayMark(attributes, names.getSoapEnc())) {
-        return NotSpecial;
-    }
     const TzXmlAttribute* href = findSoap(attributes, TzSoapVersion::Href, version);
     if (const TzXmlAttribute* ref = findSoap(attributes, TzSoapVersion::Ref, version)) {
         // Where one attribute serves both kinds of reference, its text tells them apart.

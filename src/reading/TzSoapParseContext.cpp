@@ -4,6 +4,7 @@
 #include <soap/TzSoapMessageImp.h>
 #include <soap/TzSoapReferenceToSoapTypeImp.h>
 #include <soap/TzSoapReferenceTypeImp.h>
+#include <soap/TzSoapUtils.h>
 #include <tz/xml/TzXmlElementImp.h>
 
 #include "model/TzSoapAccess.h"
@@ -40,9 +41,22 @@ TzSoapVersion::Version TzSoapParseContext::getVersion() const {
                                       : TzSoapVersion::getLatestVersion();
 }
 
+const TzSoapStyleInForce& TzSoapParseContext::getStyleInForce() {
+    const TzCString& text =
+        encodingStyles_.empty() ? TzSoapAttributeSet::getEmptyString() : encodingStyles_.top();
+    if (text != styleInForce_.text) {
+        const TzCString first(TzSoapUtils::firstEncodingStyle(text));
+        styleInForce_ = {text, first, first.empty() || TzSoapVersion::isSoapEncodingStyle(first)};
+    }
+    return styleInForce_;
+}
+
 const TzCString& TzSoapParseContext::uriForPrefix(std::string_view prefix) const {
     for (auto element = namespaces_.rbegin(); element != namespaces_.rend(); ++element) {
         const TzXmlAttributeSet& attributes = std::as_const(**element).getAttributes();
+        if (attributes.empty()) {
+            continue;
+        }
         if (const auto* found = attributes.findDeclaration(prefix); found != attributes.end()) {
             return found->getValue();
         }

@@ -92,39 +92,42 @@ TzXmlAttributeSet& TzXmlAttributeSet::operator=(TzXmlAttributeSet&& other) noexc
 
 TzXmlAttributeSet::~TzXmlAttributeSet() = default;
 
-std::size_t TzXmlAttributeSet::search(std::string_view uri, std::string_view localName) const {
+std::size_t TzXmlAttributeSet::search(const TzXmlNamespace& nameSpace,
+                                      std::string_view localName) const {
     if (attributes_.size() >= IndexedFrom && index_ == nullptr) {
         index_ = std::make_unique<Index>(attributes_);
     }
-    return searchAsIs(uri, localName);
+    return searchAsIs(nameSpace, localName);
 }
 
-std::size_t TzXmlAttributeSet::searchAsIs(std::string_view uri, std::string_view localName) const {
+std::size_t TzXmlAttributeSet::searchAsIs(const TzXmlNamespace& nameSpace,
+                                          std::string_view localName) const {
     if (index_ != nullptr) {
-        return index_->find({uri, localName}, attributes_.size());
+        return index_->find({nameSpace.getUri(), localName}, attributes_.size());
     }
     std::size_t i = 0;
-    while (i < attributes_.size() && (attributes_[i].getName().getLocalName() != localName ||
-                                      attributes_[i].getName().getUri() != uri)) {
+    while (i < attributes_.size() &&
+           (attributes_[i].getName().getLocalName() != localName ||
+            !attributes_[i].getName().getNamespace().sameUri(nameSpace))) {
         ++i;
     }
     return i;
 }
 
-TzXmlAttributeSet::iterator TzXmlAttributeSet::search(std::string_view uri,
+TzXmlAttributeSet::iterator TzXmlAttributeSet::search(const TzXmlNamespace& nameSpace,
                                                       std::string_view localName) {
     // An index made now would serve this look-up only.
-    const std::size_t position = searchAsIs(uri, localName);
+    const std::size_t position = searchAsIs(nameSpace, localName);
     forgetIndex();
     return attributes_.data() + position;
 }
 
 TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlName& name) {
-    return search(name.getUri(), name.getLocalName());
+    return search(name.getNamespace(), name.getLocalName());
 }
 
 TzXmlAttributeSet::const_iterator TzXmlAttributeSet::find(const TzXmlName& name) const {
-    return attributes_.data() + search(name.getUri(), name.getLocalName());
+    return attributes_.data() + search(name.getNamespace(), name.getLocalName());
 }
 
 TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlAttribute& attribute) {
@@ -138,12 +141,12 @@ TzXmlAttributeSet::const_iterator TzXmlAttributeSet::find(const TzXmlAttribute& 
 }
 
 TzXmlAttributeSet::iterator TzXmlAttributeSet::findDeclaration(std::string_view prefix) {
-    return search(TzXmlNamespace::getXmlns().getUri(), prefix);
+    return search(TzXmlNamespace::getXmlns(), prefix);
 }
 
 TzXmlAttributeSet::const_iterator
 TzXmlAttributeSet::findDeclaration(std::string_view prefix) const {
-    return attributes_.data() + search(TzXmlNamespace::getXmlns().getUri(), prefix);
+    return attributes_.data() + search(TzXmlNamespace::getXmlns(), prefix);
 }
 
 void TzXmlAttributeSet::add(TzXmlAttribute attribute) {
@@ -151,7 +154,7 @@ void TzXmlAttributeSet::add(TzXmlAttribute attribute) {
     if (name.getLocalName() == "xmlns" && name.getNamespace().isEmpty()) {
         attribute.setName(TzXmlName({}, TzXmlNamespace::getXmlns()));
     }
-    const std::size_t position = std::as_const(*this).search(name.getUri(), name.getLocalName());
+    const std::size_t position = std::as_const(*this).search(name.getNamespace(), name.getLocalName());
     if (position == attributes_.size()) {
         append(std::move(attribute));
     } else {

@@ -81,9 +81,9 @@ public:
 private:
     class Index;
 
-    std::size_t search(std::string_view uri, std::string_view localName) const;
-    iterator search(std::string_view uri, std::string_view localName);
-    std::size_t searchAsIs(std::string_view uri, std::string_view localName) const;
+    std::size_t search(const TzXmlNamespace& nameSpace, std::string_view localName) const;
+    iterator search(const TzXmlNamespace& nameSpace, std::string_view localName);
+    std::size_t searchAsIs(const TzXmlNamespace& nameSpace, std::string_view localName) const;
     void forgetIndex() noexcept;
 
     std::vector<TzXmlAttribute> attributes_;
