@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "values/TzSoapNumberText.h"
+#include <soap/TzSoapSimpleTypeImp.h>
 
 #include "support/ForeignLocale.h"
 
@@ -13,6 +13,21 @@
 
 namespace {
 
+/// How a simple value writes a number.
+template <typename Number> std::string written(Number number) {
+    return TzSoapSimpleTypeImp("n", number, TzSoapContentBase::xsdUnknown, false).text();
+}
+
+/// How a simple value reads a whole number.
+long integerOf(const std::string& text) {
+    return TzSoapSimpleTypeImp("n", text, TzSoapContentBase::xsdUnknown, false).getLong();
+}
+
+/// How a simple value reads a number.
+double realOf(const std::string& text) {
+    return TzSoapSimpleTypeImp("n", text, TzSoapContentBase::xsdUnknown, false).getDouble();
+}
+
 /// What a default stream of the classic locale makes of a number.
 template <typename Number> std::string streamed(Number number) {
     std::ostringstream stream;
@@ -22,7 +37,7 @@ template <typename Number> std::string streamed(Number number) {
 }
 
 template <typename Number> void expectStreamed(Number number) {
-    EXPECT_EQ(tzSoapFromNumber(number), streamed(number));
+    EXPECT_EQ(written(number), streamed(number));
 }
 
 template <typename Number> void expectSpecialValuesStreamed() {
@@ -35,30 +50,28 @@ template <typename Number> void expectSpecialValuesStreamed() {
     }
 }
 
-double realOf(const std::string& text) { return tzSoapToReal(text); }
-
 } // namespace
 
 TEST(TzSoapNumberText, WholeNumbersAreWrittenInFull) {
-    EXPECT_EQ(tzSoapFromNumber(0), "0");
-    EXPECT_EQ(tzSoapFromNumber(std::numeric_limits<int>::min()), "-2147483648");
-    EXPECT_EQ(tzSoapFromNumber(std::numeric_limits<unsigned int>::max()), "4294967295");
-    EXPECT_EQ(tzSoapFromNumber(std::numeric_limits<short>::min()), "-32768");
-    EXPECT_EQ(tzSoapFromNumber(std::numeric_limits<unsigned short>::max()), "65535");
-    EXPECT_EQ(tzSoapFromNumber(std::numeric_limits<long>::min()), "-9223372036854775808");
-    EXPECT_EQ(tzSoapFromNumber(std::numeric_limits<unsigned long>::max()), "18446744073709551615");
+    EXPECT_EQ(written(0), "0");
+    EXPECT_EQ(written(std::numeric_limits<int>::min()), "-2147483648");
+    EXPECT_EQ(written(std::numeric_limits<unsigned int>::max()), "4294967295");
+    EXPECT_EQ(written(std::numeric_limits<short>::min()), "-32768");
+    EXPECT_EQ(written(std::numeric_limits<unsigned short>::max()), "65535");
+    EXPECT_EQ(written(std::numeric_limits<long>::min()), "-9223372036854775808");
+    EXPECT_EQ(written(std::numeric_limits<unsigned long>::max()), "18446744073709551615");
 }
 
 TEST(TzSoapNumberText, RealNumbersHaveSixDigits) {
-    EXPECT_EQ(tzSoapFromNumber(0.1), "0.1");
-    EXPECT_EQ(tzSoapFromNumber(0.1F), "0.1");
-    EXPECT_EQ(tzSoapFromNumber(100000.0), "100000");
-    EXPECT_EQ(tzSoapFromNumber(1000000.0), "1e+06");
-    EXPECT_EQ(tzSoapFromNumber(1234567.0), "1.23457e+06");
-    EXPECT_EQ(tzSoapFromNumber(1.0 / 3), "0.333333");
-    EXPECT_EQ(tzSoapFromNumber(std::numeric_limits<double>::infinity()), "inf");
-    EXPECT_EQ(tzSoapFromNumber(-std::numeric_limits<float>::infinity()), "-inf");
-    EXPECT_EQ(tzSoapFromNumber(std::numeric_limits<double>::quiet_NaN()), "nan");
+    EXPECT_EQ(written(0.1), "0.1");
+    EXPECT_EQ(written(0.1F), "0.1");
+    EXPECT_EQ(written(100000.0), "100000");
+    EXPECT_EQ(written(1000000.0), "1e+06");
+    EXPECT_EQ(written(1234567.0), "1.23457e+06");
+    EXPECT_EQ(written(1.0 / 3), "0.333333");
+    EXPECT_EQ(written(std::numeric_limits<double>::infinity()), "inf");
+    EXPECT_EQ(written(-std::numeric_limits<float>::infinity()), "-inf");
+    EXPECT_EQ(written(std::numeric_limits<double>::quiet_NaN()), "nan");
 }
 
 TEST(TzSoapNumberText, RealNumbersAreWrittenAsAStreamWritesThem) {
@@ -74,32 +87,32 @@ TEST(TzSoapNumberText, RealNumbersAreWrittenAsAStreamWritesThem) {
 }
 
 TEST(TzSoapNumberText, WholeNumbersAreReadFromTheBeginning) {
-    EXPECT_EQ(tzSoapToInteger("42"), 42);
-    EXPECT_EQ(tzSoapToInteger("-42"), -42);
-    EXPECT_EQ(tzSoapToInteger("+42"), 42);
-    EXPECT_EQ(tzSoapToInteger(" \t\n\v\f\r7"), 7);
-    EXPECT_EQ(tzSoapToInteger("7 8"), 7);
-    EXPECT_EQ(tzSoapToInteger("3.9e5"), 3);
-    EXPECT_EQ(tzSoapToInteger("0x10"), 0);
-    EXPECT_EQ(tzSoapToInteger("007"), 7);
-    EXPECT_EQ(tzSoapToInteger(std::string_view("1\0002", 3)), 1);
+    EXPECT_EQ(integerOf("42"), 42);
+    EXPECT_EQ(integerOf("-42"), -42);
+    EXPECT_EQ(integerOf("+42"), 42);
+    EXPECT_EQ(integerOf(" \t\n\v\f\r7"), 7);
+    EXPECT_EQ(integerOf("7 8"), 7);
+    EXPECT_EQ(integerOf("3.9e5"), 3);
+    EXPECT_EQ(integerOf("0x10"), 0);
+    EXPECT_EQ(integerOf("007"), 7);
+    EXPECT_EQ(integerOf(std::string("1\0002", 3)), 1);
 }
 
 TEST(TzSoapNumberText, WithoutDigitsAWholeNumberIs0) {
     for (const char* text : {"", " ", "-", "+", "x1", "- 1", "--1", "+-1", "-+1", "++1", "true"}) {
-        EXPECT_EQ(tzSoapToInteger(text), 0) << text;
+        EXPECT_EQ(integerOf(text), 0) << text;
     }
 }
 
 TEST(TzSoapNumberText, WholeNumbersStopAtTheLimits) {
-    using Limits = std::numeric_limits<long long>;
-    EXPECT_EQ(tzSoapToInteger("9223372036854775807"), Limits::max());
-    EXPECT_EQ(tzSoapToInteger("9223372036854775808"), Limits::max());
-    EXPECT_EQ(tzSoapToInteger("99999999999999999999999"), Limits::max());
-    EXPECT_EQ(tzSoapToInteger("-9223372036854775807"), Limits::min() + 1);
-    EXPECT_EQ(tzSoapToInteger("-9223372036854775808"), Limits::min());
-    EXPECT_EQ(tzSoapToInteger("-9223372036854775809"), Limits::min());
-    EXPECT_EQ(tzSoapToInteger("-99999999999999999999999"), Limits::min());
+    using Limits = std::numeric_limits<long>;
+    EXPECT_EQ(integerOf("9223372036854775807"), Limits::max());
+    EXPECT_EQ(integerOf("9223372036854775808"), Limits::max());
+    EXPECT_EQ(integerOf("99999999999999999999999"), Limits::max());
+    EXPECT_EQ(integerOf("-9223372036854775807"), Limits::min() + 1);
+    EXPECT_EQ(integerOf("-9223372036854775808"), Limits::min());
+    EXPECT_EQ(integerOf("-9223372036854775809"), Limits::min());
+    EXPECT_EQ(integerOf("-99999999999999999999999"), Limits::min());
 }
 
 TEST(TzSoapNumberText, RealNumbersAreReadFromTheBeginning) {
@@ -168,10 +181,10 @@ TEST(TzSoapNumberText, LongDigitsAndExponentsBalance) {
 
 TEST(TzSoapNumberText, TheGlobalLocaleDoesNotMatter) {
     const ForeignLocale foreign;
-    EXPECT_EQ(tzSoapFromNumber(1234567), "1234567");
-    EXPECT_EQ(tzSoapFromNumber(1234567L), "1234567");
-    EXPECT_EQ(tzSoapFromNumber(0.5), "0.5");
-    EXPECT_EQ(tzSoapFromNumber(123456.0F), "123456");
+    EXPECT_EQ(written(1234567), "1234567");
+    EXPECT_EQ(written(1234567L), "1234567");
+    EXPECT_EQ(written(0.5), "0.5");
+    EXPECT_EQ(written(123456.0F), "123456");
     EXPECT_EQ(realOf("0.5"), 0.5);
     EXPECT_EQ(realOf("1.234"), 1.234);
 }
