@@ -3,6 +3,8 @@
 
 #include <tz/TzPlatformExport.h>
 
+#include <sys/single_threaded.h>
+
 #include <atomic>
 
 /// A lock of one byte for sections of a few instructions.
@@ -18,7 +20,9 @@ public:
 
     /// Takes the lock, waiting until it is free.
     void acquire() noexcept {
-        if (taken_.exchange(true, std::memory_order_acquire)) [[unlikely]] {
+        if (__libc_single_threaded != 0) {
+            taken_.store(true, std::memory_order_relaxed); // nobody else is there to take it
+        } else if (taken_.exchange(true, std::memory_order_acquire)) [[unlikely]] {
             acquireSlowly();
         }
     }

@@ -4,6 +4,8 @@
 #include <tz/TzPlatformExport.h>
 #include <tz/tools/TzCString.h>
 
+#include <sys/single_threaded.h>
+
 #include <atomic>
 #include <cstddef>
 #include <string_view>
@@ -71,7 +73,7 @@ public:
 
 private:
     struct TZ_PLATFORM_API Record {
-        std::atomic<std::size_t> references{1};
+        std::atomic<std::ptrdiff_t> references{1};
         TzCString prefix;
         TzCString uri;
     };
@@ -84,14 +86,23 @@ private:
     }
     void retain() const noexcept {
         if (record_ != nullptr) {
-            record_->references.fetch_add(1, std::memory_order_relaxed);
+            count(1);
         }
     }
     void release() const noexcept {
-        if (record_ != nullptr &&
-            record_->references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+        if (record_ != nullptr && count(-1) == 1) {
             destroy(record_);
         }
+    }
+    // Changes the count and returns what it was. Without a second thread it needs no locked instruction.
+    std::ptrdiff_t count(std::ptrdiff_t change) const noexcept {
+        std::atomic<std::ptrdiff_t>& references = record_->references;
+        if (__libc_single_threaded != 0) {
+            const std::ptrdiff_t before = references.load(std::memory_order_relaxed);
+            references.store(before + change, std::memory_order_relaxed);
+            return before;
+        }
+        return references.fetch_add(change, std::memory_order_acq_rel);
     }
     void swap(TzXmlNamespace& other) noexcept { std::swap(record_, other.record_); }
 
