@@ -42,7 +42,7 @@ public:
                                                           const TzDate& right) noexcept;
     /// Equivalent in that order.
     friend bool operator==(const TzDate& left, const TzDate& right) noexcept {
-        return (left <=> right) == 0;
+        return std::is_eq(left <=> right);
     }
 
 private:

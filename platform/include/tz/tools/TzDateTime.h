@@ -50,7 +50,7 @@ public:
                                                           const TzDateTime& right) noexcept;
     /// Equivalent in that order: the same instant, both with an offset or both without.
     friend bool operator==(const TzDateTime& left, const TzDateTime& right) noexcept {
-        return (left <=> right) == 0;
+        return std::is_eq(left <=> right);
     }
 
 private:
