@@ -18,6 +18,7 @@
 namespace {
 
 using testing::ElementsAre;
+using namespace std::string_literals;
 
 /// Counts events and keeps nothing.
 class Counter : public TzXmlContentHandler {
@@ -123,8 +124,7 @@ TEST(TzXmlSAXParserHostile, WideTextCutAtEveryByteIsRefused) {
 TEST(TzXmlSAXParserHostile, EveryByteReplacedByEveryInterestingOne) {
     TzXmlSAXParser parser;
     for (std::size_t place = 0; place < Sample.size(); ++place) {
-        for (const char byte :
-             std::string("\0\x01\x7F\x80\xBF\xC0\xE2\xF0\xFE\xFF<>&'\"=/!?-[]: \nax;", 30)) {
+        for (const char byte : "\0\x01\x7F\x80\xBF\xC0\xE2\xF0\xFE\xFF<>&'\"=/!?-[]: \nax;"s) {
             std::string text = Sample;
             text[place] = byte;
             parseDamaged(parser, text);
