@@ -233,8 +233,6 @@ void TzXmlSAXParser::Session::refuse(const char* reason) const {
 
 TzXmlSAXParser::TzXmlSAXParser() = default;
 
-TzXmlSAXParser::~TzXmlSAXParser() = default;
-
 void TzXmlSAXParser::parse(std::string_view text) {
     if (session_ != nullptr) {
         throw TzTHRIllegalUsage("the parser is parsing already");

@@ -26,7 +26,7 @@ public:
     TzXmlSAXParser();
     TzXmlSAXParser(const TzXmlSAXParser&) = delete;
     TzXmlSAXParser& operator=(const TzXmlSAXParser&) = delete;
-    ~TzXmlSAXParser();
+    ~TzXmlSAXParser() = default;
 
     /// The handler that gets the next event, null for none.
     TzXmlContentHandler* getContentHandler() const noexcept { return handler_; }
