@@ -62,10 +62,12 @@ void TzSoapReferenceTypeImp::populate(const TzXmlName& name, const TzXmlAttribut
     context->getNamespaces().push_back(this);
     TzSoapUtils::copyAttributes(attributes, *this, context);
     context->getNamespaces().pop_back();
+    const auto handle = TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(this));
+    context->fileId(handle);
     const auto* text = getAttributeSet().find(TzSoapVersion::getSoapAttributeName(
         isSoapReference() ? TzSoapVersion::Ref : TzSoapVersion::Href, context->getVersion()));
     if (text != getAttributeSet().end()) {
-        context->keep(TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(this)));
+        context->keep(handle);
         context->getReferences().emplace(text->getValue(), this);
     }
     open(*this, context, nullptr);
