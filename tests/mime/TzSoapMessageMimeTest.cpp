@@ -146,8 +146,8 @@ TEST(TzSoapMessageMime, theTextOfAPackage) {
     const std::string root = message.asMimeMultipart().getPart(0).getBody();
     EXPECT_EQ(message.asString(),
               "MIME-Version: 1.0\r\n"
-              "Content-Type: multipart/related; type=\"text/xml\"; "
-              "start=\"<soap.xml@mime.representation>\"; boundary=\"MIME_boundary\"\r\n"
+              "Content-Type: multipart/related; boundary=\"MIME_boundary\"; type=\"text/xml\"; "
+              "start=\"<soap.xml@mime.representation>\"\r\n"
               "\r\n"
               "--MIME_boundary\r\n"
               "Content-Type: text/xml; charset=\"UTF-8\"\r\n"
