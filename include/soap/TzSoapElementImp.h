@@ -91,6 +91,12 @@ public:
     /// Removes the offset text.
     virtual void removeOffsetAttribute();
 
+    /// Whether any of root, mustUnderstand, actor and encodingStyle may be set: false saves asking
+    /// for each of them.
+    bool hasProperties() const noexcept {
+        return texts_ != nullptr || mustUnderstand_ != Flag::Absent || root_ != Flag::Absent;
+    }
+
 private:
     /// Texts that few elements have: kept apart so that the others stay small.
     struct Texts {

@@ -105,7 +105,7 @@ void TzSoapOutput::endBlock(const TagName& name) {
 
 void TzSoapOutput::writeEntries(TzSoapConstVisitor& visitor, const TzSoapValueList& entries) {
     for (const TzSoapType& entry : entries) {
-        entry.acceptVisitor(visitor);
+        writeChild(visitor, entry);
     }
     writePending(visitor);
 }

@@ -8,6 +8,7 @@
 #include "output/TzSoapTagOutput.h"
 
 #include <string_view>
+#include <typeinfo>
 
 class TzMimeMultipart;
 class TzSoapArrayTypeImp;
@@ -39,9 +40,11 @@ class TzSoapValueList;
 class TzSoapOutput : public TzSoapTagOutput {
 public:
     /// An output to `text`; MIME parts that references point at go into `multipart` unless that is
-    /// null. `unit` is the source that internal errors name.
-    TzSoapOutput(TzXmlWriter* text, TzMimeMultipart* multipart, const char* unit)
-        : TzSoapTagOutput(text), multipart_(multipart), unit_(unit) {}
+    /// null. `visitor` is the class of the visitors that leave all elements to this object, `unit`
+    /// the source that internal errors name.
+    TzSoapOutput(TzXmlWriter* text, TzMimeMultipart* multipart, const std::type_info& visitor,
+                 const char* unit)
+        : TzSoapTagOutput(text), multipart_(multipart), visitor_(&visitor), unit_(unit) {}
     TzSoapOutput(const TzSoapOutput&) = default;
     TzSoapOutput& operator=(const TzSoapOutput&) = default;
     ~TzSoapOutput() override;
@@ -78,10 +81,14 @@ private:
     bool takePending(const TzCString& id, const TzSoapType& value);
 
     // Values
-    void collectValue(const TzXmlName& name, const TzSoapTypeImp& value, Encoding encoding);
+    void collectValue(const TzXmlName& name, const TzSoapTypeImp& value, Encoding encoding,
+                      std::string_view type = {});
     void startValue(const TagName& name, const TzSoapTypeImp& value);
     void writeEmpty(const TagName& name, const TzSoapTypeImp& value);
     void remember(const TzSoapTypeImp& value);
+    void writeSimple(TzSoapSimpleTypeImp& value);
+    void writeContent(const TzSoapSimpleTypeImp& value);
+    void writeChild(TzSoapConstVisitor& visitor, const TzSoapType& child);
     void writeMarkup(const TzCString& markup, const TzSoapTypeImp& value);
     std::size_t styleInsertion(const TzCString& markup) const;
     void keepTarget(const TzSoapReferenceTypeImp& reference, const TzSoapReferenceType& handle);
@@ -104,6 +111,7 @@ private:
     void writeLine(const TagName& name, std::string_view content);
 
     TzMimeMultipart* multipart_;
+    const std::type_info* visitor_;
     const char* unit_;
     bool versionFixed_ = false;
 };

@@ -93,7 +93,8 @@ void TzSoapOutput::writeSubcodes(const TagName& name, const TzSoapFaultImp& faul
         // Said for this tag only: a subcode within says it again.
         if (!code.getPrefix().empty() && !code.getUri().empty() &&
             uriForPrefix(code.getPrefix()).empty()) {
-            writeAttribute(TzXmlNamespace::getXmlns().getPrefix(), code.getPrefix(), code.getUri());
+            text().writeQualifiedAttribute(TzXmlNamespace::getXmlns().getPrefix(), code.getPrefix(),
+                                           code.getUri());
         }
         text().write(TzXmlWriter::EndTag);
         text().writeNewLine();

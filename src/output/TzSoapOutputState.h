@@ -9,6 +9,7 @@
 #include "output/TzSoapStyleStack.h"
 #include "output/TzSoapTagAttributes.h"
 
+#include <cstdint>
 #include <map>
 #include <set>
 #include <utility>
@@ -21,6 +22,8 @@ struct TzSoapOutputState {
     TzSoapStyleStack styles;
     TzSoapTagAttributes attributes;
     unsigned int depth = 0;
+    std::uint64_t scopeChanges = 1;          // what was found out about prefixes holds as long
+    std::uint64_t schemaInstanceBoundAt = 0; // where the usual prefix stood for that namespace
 
     const TzSoapVersion* soap = nullptr; // of the top-level writer
     TzCString envelopePrefix;            // of the message, "" for the version's default

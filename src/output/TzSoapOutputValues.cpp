@@ -4,6 +4,7 @@
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapCompositeTypeImp.h>
+#include <soap/TzSoapConstVisitor.h>
 #include <soap/TzSoapMisunderstoodType.h>
 #include <soap/TzSoapMisunderstoodTypeImp.h>
 #include <soap/TzSoapReferenceType.h>
@@ -23,6 +24,7 @@
 #include "output/TzSoapSchemaLabels.h"
 
 #include <limits>
+#include <typeinfo>
 #include <utility>
 
 namespace {
@@ -30,25 +32,32 @@ namespace {
 /// What is named where markup has no place for the style.
 constexpr int NoStartTagLine = 669;
 
-/// Makes a simple value that shows its type carry it.
-void showType(TzSoapSimpleTypeImp& value) {
+/// Whether a value is nil; one without attributes is not.
+bool isNil(const TzSoapTypeImp& value) {
+    return !value.getAttributeSet().empty() && value.isNull();
+}
+
+/// Makes a simple value that shows its type carry it; returns the type's text, "" for one that does
+/// not.
+std::string_view showType(TzSoapSimpleTypeImp& value) {
     if (!value.getTypeShouldBeEncoded()) {
-        return;
+        return {};
     }
-    const TzXmlName& label = tzSoapSchemaLabel(value.getType());
+    const TzSoapSchemaLabel& label = tzSoapSchemaLabel(value.getType());
     const TzXmlName& type = value.getTypeValue();
-    if (!(type.getLocalName() == label.getLocalName() &&
-          type.getNamespace() == label.getNamespace())) {
-        value.setTypeAttribute(label);
+    if (!(type.getNamespace() == label.name.getNamespace() &&
+          type.getLocalName() == label.name.getLocalName())) {
+        value.setTypeAttribute(label.name);
     }
+    return label.text;
 }
 
 } // namespace
 
 void TzSoapOutput::collectValue(const TzXmlName& name, const TzSoapTypeImp& value,
-                                Encoding encoding) {
+                                Encoding encoding, std::string_view type) {
     qualifyName(name);
-    collectAttributes(value);
+    collectAttributes(value, type);
     if (encoding == Encoding::Soap) {
         ensureStyle();
     }
@@ -90,18 +99,45 @@ void TzSoapOutput::write(const TzSoapType& value) {
     writeEndTag(tag);
 }
 
-void TzSoapOutput::write(const TzSoapSimpleType& value) {
-    TzSoapSimpleTypeImp& body = TzSoapAccess::body(value);
-    showType(body);
-    const TzXmlName& name = std::as_const(body).getName();
-    const Element element(*this, body.getAttributeSet());
-    collectValue(name, body, Encoding::Soap);
+void TzSoapOutput::write(const TzSoapSimpleType& value) { writeSimple(TzSoapAccess::body(value)); }
+
+void TzSoapOutput::writeSimple(TzSoapSimpleTypeImp& value) {
+    const std::string_view type = showType(value);
+    const TzXmlName& name = std::as_const(value).getName();
     const TagName tag = tagName(name);
-    startValue(tag, body);
-    if (!body.isNull()) {
-        text().write(body.text(), body.getEscapeText() != TzSoapContentBase::EscapeOff);
+    if (writeBriefStartTag(tag, name, value, type)) {
+        writeContent(value);
+        writeEndTag(tag);
+        return;
+    }
+    const Element element(*this, value.getAttributeSet());
+    collectValue(name, value, Encoding::Soap, type);
+    startValue(tag, value);
+    if (!isNil(value)) {
+        writeContent(value);
     }
     writeEndTag(tag);
+}
+
+void TzSoapOutput::writeContent(const TzSoapSimpleTypeImp& value) {
+    text().write(value.text(), value.getEscapeText() != TzSoapContentBase::EscapeOff);
+}
+
+void TzSoapOutput::writeChild(TzSoapConstVisitor& visitor, const TzSoapType& child) {
+    // What the visitor would be asked to visit comes back here anyway, unless its class is derived.
+    if (typeid(visitor) == *visitor_) {
+        TzSoapTypeImp& body = TzSoapAccess::body(child);
+        switch (body.getSoapTypeId()) {
+        case TzSoapContentBase::Simple:
+            return writeSimple(static_cast<TzSoapSimpleTypeImp&>(body));
+        case TzSoapContentBase::Composite:
+            return writeComposite(visitor, std::as_const(body).getName(),
+                                  static_cast<TzSoapCompositeTypeImp&>(body));
+        default:
+            break;
+        }
+    }
+    child.acceptVisitor(visitor);
 }
 
 void TzSoapOutput::write(const TzSoapUserDefinedType& value) {
@@ -115,7 +151,7 @@ void TzSoapOutput::write(const TzSoapUserDefinedType& value) {
     collectValue(body.getName(), body, Encoding::Soap);
     const TagName tag = tagName(body.getName());
     startValue(tag, body);
-    if (!body.isNull()) {
+    if (!isNil(body)) {
         text().write(markup);
     }
     writeEndTag(tag);
@@ -131,7 +167,7 @@ void TzSoapOutput::writeMarkup(const TzCString& markup, const TzSoapTypeImp& val
         const std::string_view whole = markup;
         const std::size_t place = styleInsertion(markup);
         text().write(whole.substr(0, place));
-        writeAttribute(envelopePrefix(), style, value.getEncodingStyleAttribute());
+        text().writeQualifiedAttribute(envelopePrefix(), style, value.getEncodingStyleAttribute());
         text().write(whole.substr(place));
     }
     remember(value);
@@ -199,9 +235,9 @@ void TzSoapOutput::writeComposite(TzSoapConstVisitor& visitor, const TzXmlName& 
     const TagName tag = tagName(name);
     startBlock(tag);
     remember(value);
-    if (!value.isNull()) {
+    if (!isNil(value)) {
         for (auto child = value.childrenBegin(); child != value.childrenEnd(); ++child) {
-            std::as_const(*child).acceptVisitor(visitor);
+            writeChild(visitor, *child);
         }
     }
     endBlock(tag);
@@ -222,7 +258,7 @@ void TzSoapOutput::write(TzSoapConstVisitor& visitor, const TzSoapCompactArrayTy
     const Element element(*this, body.getAttributeSet());
     const TagName tag = tagName(std::as_const(body).getName());
     startArray(tag, body);
-    if (!body.isNull()) {
+    if (!isNil(body)) {
         for (const TzSoapDefaultType& item : body.itemsToWrite()) {
             writeItem(visitor, item);
         }
@@ -239,7 +275,7 @@ void TzSoapOutput::write(TzSoapConstVisitor& visitor, const TzSoapSparseArrayTyp
                             ? body.getCountElementsToWrite()
                             : std::numeric_limits<unsigned int>::max();
     for (const auto& [index, item] : std::as_const(body)) {
-        if (body.isNull() || left-- == 0) {
+        if (isNil(body) || left-- == 0) {
             break;
         }
         const TzCString position = TzSoapArrayTypeImp::vectorToString(index, true, version());
@@ -254,7 +290,7 @@ void TzSoapOutput::writeItem(TzSoapConstVisitor& visitor, const TzSoapType& item
     if (TzSoapArrayTypeImp::isPlaceholder(item)) {
         writePlaceholder();
     } else {
-        item.acceptVisitor(visitor);
+        writeChild(visitor, item);
     }
 }
 

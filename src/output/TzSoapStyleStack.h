@@ -4,6 +4,7 @@
 #include <tz/tools/TzCString.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -24,11 +25,20 @@ public:
         }
         styles_[used_].assign(style);
         ++used_;
+        ++changes_;
     }
     /// Forgets all but the first `count` styles.
-    void shrink(std::size_t count) noexcept { used_ = count; }
+    void shrink(std::size_t count) noexcept {
+        if (used_ != count) {
+            used_ = count;
+            ++changes_;
+        }
+    }
+    /// Number of changes so far: what was found out holds as long as it stays.
+    std::uint64_t changes() const noexcept { return changes_; }
 
 private:
     std::vector<TzCString> styles_;
     std::size_t used_ = 0;
+    std::uint64_t changes_ = 0;
 };

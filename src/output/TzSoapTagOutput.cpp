@@ -16,6 +16,10 @@ namespace {
 /// How values without name are called.
 constexpr std::string_view UnnamedLocalName = "unnamed";
 
+/// The attribute that states a type, around its value.
+constexpr std::string_view BriefTypeStart = " xsi:type=\"";
+constexpr std::string_view BriefTypeEnd = "\">";
+
 const TzXmlNamespace& unnamedNamespace() {
     static const TzXmlNamespace unnamed("tznone", "urn:tz-soap:unnamed");
     return unnamed;
@@ -23,20 +27,21 @@ const TzXmlNamespace& unnamedNamespace() {
 
 } // namespace
 
-TzSoapTagOutput::Element::Element(TzSoapTagOutput& output, const TzXmlAttributeSet& attributes)
+TzSoapTagOutput::Element::Element(TzSoapTagOutput& output)
     : output_(output), indentation_(output.text().getIndentation()),
-      styles_(output.state().styles.size()) {
+      scopes_(output.state().namespaces.depth()), styles_(output.state().styles.size()) {
     output.open();
-    try {
+}
+
+TzSoapTagOutput::Element::Element(TzSoapTagOutput& output, const TzXmlAttributeSet& attributes)
+    : Element(output) {
+    if (!attributes.empty()) {
         output.enterDeclarations(attributes);
-    } catch (...) {
-        output.close(styles_);
-        throw;
     }
 }
 
 TzSoapTagOutput::Element::~Element() {
-    output_.close(styles_);
+    output_.close(scopes_, styles_);
     output_.text().setIndentation(indentation_);
 }
 
@@ -50,6 +55,7 @@ TzSoapTagOutput::~TzSoapTagOutput() = default;
 
 void TzSoapTagOutput::setVersion(TzSoapVersion::Version version) {
     soap_ = &TzSoapVersion::getSoapVersion(version);
+    encodedAt_ = NeverEncoded;
     if (top_) {
         state_->soap = soap_;
     }
@@ -73,17 +79,20 @@ void TzSoapTagOutput::checkDepth(std::size_t levels) const {
 void TzSoapTagOutput::open() {
     TzSoapOutputState& state = *state_;
     checkDepth(1);
-    state.namespaces.pushScope();
     state.attributes.clear();
+    outerScopes_ = state.namespaces.depth();
     outerStyles_ = state.styles.size();
     ++state.depth;
 }
 
-void TzSoapTagOutput::close(std::size_t styles) noexcept {
+void TzSoapTagOutput::close(std::size_t scopes, std::size_t styles) noexcept {
     TzSoapOutputState& state = *state_;
     --state.depth;
     state.styles.shrink(styles);
-    state.namespaces.popScope();
+    if (state.namespaces.depth() != scopes) {
+        state.namespaces.popScope();
+        ++state.scopeChanges;
+    }
 }
 
 void TzSoapTagOutput::takePrefixes(const TzCString& envelope, const TzCString& encoding) {
@@ -113,9 +122,15 @@ TzSoapTagOutput::TagName TzSoapTagOutput::tagName(const TzXmlName& name) noexcep
 }
 
 void TzSoapTagOutput::declare(const TzXmlNamespace& declared) {
-    if (!declared.getUri().empty() || declared.getPrefix().empty()) {
-        state_->namespaces.add(declared);
+    if (declared.getUri().empty() && !declared.getPrefix().empty()) {
+        return;
     }
+    TzSoapOutputState& state = *state_;
+    if (state.namespaces.depth() == outerScopes_) {
+        state.namespaces.pushScope(); // most elements declare nothing and need no scope
+    }
+    state.namespaces.add(declared);
+    ++state.scopeChanges;
 }
 
 void TzSoapTagOutput::declareUnbound(std::string_view prefix, const TzCString& uri) {
@@ -124,34 +139,45 @@ void TzSoapTagOutput::declareUnbound(std::string_view prefix, const TzCString& u
     }
 }
 
-void TzSoapTagOutput::qualifyName(const TzXmlName& name) {
+bool TzSoapTagOutput::needsDeclaration(const TzXmlName& name) const noexcept {
     const TzXmlNamespace& needed = name.getNamespace();
     if (needed.getUri().empty() || needed.getPrefix() == TzXmlNamespace::getXmlns().getPrefix()) {
-        return;
+        return false;
     }
-    const TzCString& bound = uriForPrefix(needed.getPrefix());
     // A prefix that is bound stays as it is, whatever its URI; only the default namespace changes.
-    if (needed.getPrefix().empty() ? bound != needed.getUri() : bound.empty()) {
-        declare(needed);
+    const TzCString& bound = uriForPrefix(needed.getPrefix());
+    return needed.getPrefix().empty() ? bound != needed.getUri() : bound.empty();
+}
+
+void TzSoapTagOutput::qualifyName(const TzXmlName& name) {
+    if (needsDeclaration(name)) {
+        declare(name.getNamespace());
     }
 }
 
 void TzSoapTagOutput::collectAttributes(const TzSoapElementImp& element) {
-    const bool styleStated = element.hasEncodingStyleAttribute();
+    const bool styleStated = element.hasProperties() && element.hasEncodingStyleAttribute();
     collectOwn(element, styleStated);
     if (styleStated) {
         collectStyleOf(element);
     }
 }
 
-void TzSoapTagOutput::collectAttributes(const TzSoapTypeImp& value) {
-    const bool styleStated = value.hasEncodingStyleAttribute();
+void TzSoapTagOutput::collectAttributes(const TzSoapTypeImp& value, std::string_view type) {
+    const bool properties = value.hasProperties();
+    const bool styleStated = properties && value.hasEncodingStyleAttribute();
     collectOwn(value, styleStated);
     collectPosition();
     if (styleStated) {
         collectStyleOf(value);
     }
-    collectProperties(value);
+    if (properties) {
+        collectProperties(value);
+    }
+    collectType(value, type);
+    if (properties && !value.getActorAttribute().empty()) {
+        collectSoap(TzSoapVersion::Actor, value.getActorAttribute());
+    }
 }
 
 void TzSoapTagOutput::collectPosition() {
@@ -210,14 +236,25 @@ void TzSoapTagOutput::collectProperties(const TzSoapTypeImp& value) {
         collectSoap(TzSoapVersion::MustUnderstand,
                     attributes.keep(value.getMustUnderstandAttribute(version())));
     }
-    if (const TzXmlName& type = value.getTypeValue(); !type.isEmpty()) {
-        TzCString& text = attributes.newText();
-        type.appendQualifiedName(text);
-        collectSchemaInstance(TzSoapAttributeSet::getTypeAttributeName(), text);
+}
+
+void TzSoapTagOutput::collectType(const TzSoapTypeImp& value, std::string_view type) {
+    if (type.empty()) {
+        type = typeText(value);
     }
-    if (const TzCString& actor = value.getActorAttribute(); !actor.empty()) {
-        collectSoap(TzSoapVersion::Actor, actor);
+    if (!type.empty()) {
+        collectSchemaInstance(TzSoapAttributeSet::getTypeAttributeName(), type);
     }
+}
+
+std::string_view TzSoapTagOutput::typeText(const TzSoapTypeImp& value) {
+    const TzXmlName& type = value.getTypeValue();
+    if (type.isEmpty()) {
+        return {};
+    }
+    TzCString& text = state_->attributes.newText();
+    type.appendQualifiedName(text);
+    return text;
 }
 
 void TzSoapTagOutput::collectShape(TzSoapArrayTypeImp& array) {
@@ -233,7 +270,15 @@ void TzSoapTagOutput::collectShape(TzSoapArrayTypeImp& array) {
 }
 
 void TzSoapTagOutput::collectSchemaInstance(const TzXmlName& name, std::string_view value) {
-    state_->attributes.addMade({&name, boundPrefix(name.getPrefix(), name), value});
+    TzSoapOutputState& state = *state_;
+    std::string_view prefix = name.getPrefix();
+    if (state.schemaInstanceBoundAt != state.scopeChanges) {
+        prefix = boundPrefix(prefix, name);
+        if (prefix == name.getPrefix()) {
+            state.schemaInstanceBoundAt = state.scopeChanges;
+        }
+    }
+    state.attributes.addMade({&name, prefix, value});
 }
 
 void TzSoapTagOutput::renameReference(TzSoapVersion::SoapAttribute attribute) {
@@ -271,11 +316,6 @@ std::string_view TzSoapTagOutput::boundPrefix(std::string_view prefix, const TzX
     return unique;
 }
 
-std::string_view TzSoapTagOutput::ownStyle() const noexcept {
-    const TzSoapStyleStack& styles = state_->styles;
-    return styles.size() == outerStyles_ ? std::string_view() : styles.inForce(styles.size());
-}
-
 void TzSoapTagOutput::setOwnStyle(std::string_view style) {
     state_->styles.shrink(outerStyles_);
     if (!style.empty()) {
@@ -284,27 +324,66 @@ void TzSoapTagOutput::setOwnStyle(std::string_view style) {
 }
 
 void TzSoapTagOutput::ensureStyle() {
+    if (encodedAt_ == state_->styles.changes() || isStyleStated()) {
+        return;
+    }
     const TzCString& style = soap_->getSoapEncodingStyle();
-    if (ownStyle().empty() && outerStyle() != style) {
+    if (outerStyle() == style) {
+        encodedAt_ = state_->styles.changes();
+    } else {
         collectStyle(style);
     }
 }
 
+bool TzSoapTagOutput::writeBriefStartTag(const TagName& tag, const TzXmlName& name,
+                                         const TzSoapTypeImp& value, std::string_view type) {
+    TzSoapOutputState& state = *state_;
+    if (!value.getAttributeSet().empty() || value.hasProperties() || !position_.empty() ||
+        encodedAt_ != state.styles.changes() || tag.unnamed || needsDeclaration(name)) {
+        return false;
+    }
+    state.attributes.clear();
+    const bool known = !type.empty(); // the names of types need no escaping
+    type = known ? type : typeText(value);
+    if (!type.empty() && state.schemaInstanceBoundAt != state.scopeChanges) {
+        return false;
+    }
+    checkDepth(1);
+    if (type.empty()) {
+        text_->writeMarkup(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local,
+                           TzXmlWriter::EndTag);
+    } else if (known) {
+        text_->writeMarkup(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local, BriefTypeStart,
+                           type, BriefTypeEnd);
+    } else {
+        text_->writeMarkup(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local);
+        text_->writeQualifiedAttribute(TzXmlNamespace::getXsi().getPrefix(),
+                                       TzSoapAttributeSet::getTypeAttributeName().getLocalName(),
+                                       type);
+        text_->writeMarkup(TzXmlWriter::EndTag);
+    }
+    return true;
+}
+
 void TzSoapTagOutput::writeStartTag(const TagName& name) {
-    text_->write(TzXmlWriter::StartTag);
-    writeName(name);
+    text_->writeMarkup(TzXmlWriter::StartTag, name.prefix, name.colon, name.local);
     if (name.unnamed) {
         declare(unnamedNamespace());
     }
-    writeDeclarations();
-    writeStyle();
-    writeAttributes();
+    if (state_->namespaces.depth() != outerScopes_) {
+        writeDeclarations();
+    }
+    if (isStyleStated()) {
+        writeStyle();
+    }
+    for (const TzSoapTagAttributes::Attribute& each : state_->attributes) {
+        text_->writeQualifiedAttribute(each.prefix, each.name->getLocalName(), each.value);
+    }
 }
 
 void TzSoapTagOutput::writeEndTag(const TagName& name) {
-    text_->write(TzXmlWriter::StartEndTag);
-    writeName(name);
-    text_->write(TzXmlWriter::EndTag);
+    text_->writeMarkup(TzXmlWriter::StartEndTag, name.prefix, name.colon, name.local,
+                       TzXmlWriter::EndTag);
     text_->writeNewLine();
 }
 
@@ -312,27 +391,9 @@ void TzSoapTagOutput::writeDeclarations() {
     const TzXmlNamespace& xmlns = TzXmlNamespace::getXmlns();
     for (const TzXmlNamespace& each : state_->namespaces) {
         if (each.getPrefix().empty()) {
-            writeAttribute({}, xmlns.getPrefix(), each.getUri());
+            text_->writeAttribute(xmlns.getPrefix(), each.getUri());
         } else if (!each.sameUri(xmlns)) {
-            writeAttribute(xmlns.getPrefix(), each.getPrefix(), each.getUri());
+            text_->writeQualifiedAttribute(xmlns.getPrefix(), each.getPrefix(), each.getUri());
         }
     }
-}
-
-void TzSoapTagOutput::writeAttributes() {
-    for (const TzSoapTagAttributes::Attribute& each : state_->attributes) {
-        writeAttribute(each.prefix, each.name->getLocalName(), each.value);
-    }
-}
-
-void TzSoapTagOutput::writeAttribute(std::string_view prefix, std::string_view local,
-                                     std::string_view value) {
-    if (prefix.empty()) {
-        text_->writeAttribute(local, value);
-        return;
-    }
-    attributeName_.assign(prefix);
-    attributeName_.append(TzXmlWriter::Colon);
-    attributeName_.append(local);
-    text_->writeAttribute(attributeName_, value);
 }

@@ -11,6 +11,7 @@
 #include "output/TzSoapOutputState.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -46,8 +47,11 @@ public:
         Element& operator=(const Element&) = delete;
 
     private:
+        explicit Element(TzSoapTagOutput& output);
+
         TzSoapTagOutput& output_;
         std::size_t indentation_;
+        std::size_t scopes_;
         std::size_t styles_;
     };
 
@@ -110,8 +114,9 @@ public:
 
     /// Collects the attributes of an envelope, header or body, and its style.
     void collectAttributes(const TzSoapElementImp& element);
-    /// Collects the attributes of a value, its style and its position in a sparse array.
-    void collectAttributes(const TzSoapTypeImp& value);
+    /// Collects the attributes of a value, its style and its position in a sparse array. `type` is
+    /// the text of its type where the caller knows it, "" otherwise.
+    void collectAttributes(const TzSoapTypeImp& value, std::string_view type = {});
     /// Collects the attributes that an array has beside those of every value.
     void collectShape(TzSoapArrayTypeImp& array);
     /// Collects the position in a sparse array, if there is one.
@@ -123,20 +128,23 @@ public:
     /// States the version's own style unless the element or one around it states a style already.
     void ensureStyle();
     /// Declares what the style attribute needs; to be called when all else is collected.
-    virtual void qualifyStyle() = 0;
+    void qualifyStyle() {
+        if (isStyleStated()) {
+            doQualifyStyle();
+        }
+    }
     /// Refuses to go `levels` deeper than the open elements when that is too deep.
     void checkDepth(std::size_t levels) const;
     /// The next value stands at `position` of a sparse array; "" for any other value.
     void setPosition(std::string_view position) noexcept { position_ = position; }
 
     /// Writes a name.
-    void writeName(const TagName& name) {
-        text_->write(name.prefix);
-        text_->write(name.colon);
-        text_->write(name.local);
-    }
-    /// Writes an attribute in two pieces of a name.
-    void writeAttribute(std::string_view prefix, std::string_view local, std::string_view value);
+    void writeName(const TagName& name) { text_->writeMarkup(name.prefix, name.colon, name.local); }
+    /// Writes the start tag of a value that says nothing but its type, in the encoding of SOAP,
+    /// where nothing has to be declared for it: at one go, without a scope and without collecting.
+    /// `type` as for `collectAttributes`. Writes nothing and returns false for any other value.
+    bool writeBriefStartTag(const TagName& tag, const TzXmlName& name, const TzSoapTypeImp& value,
+                            std::string_view type);
     /// Writes a start tag without its end: name, declarations, attributes.
     void writeStartTag(const TagName& name);
     /// Writes an end tag and ends the line.
@@ -144,7 +152,11 @@ public:
 
 protected:
     /// The style stated by the element whose tag is prepared, "" when it states none.
-    std::string_view ownStyle() const noexcept;
+    std::string_view ownStyle() const noexcept {
+        return isStyleStated() ? state_->styles.inForce(state_->styles.size()) : std::string_view();
+    }
+    /// Whether the element whose tag is prepared states a style.
+    bool isStyleStated() const noexcept { return state_->styles.size() != outerStyles_; }
     /// The style in force around that element.
     std::string_view outerStyle() const noexcept { return state_->styles.inForce(outerStyles_); }
     /// Makes `style` the one that the element states.
@@ -155,6 +167,8 @@ protected:
     std::string_view soapPrefix(const TzXmlName& name) const;
 
 private:
+    static constexpr std::uint64_t NeverEncoded = ~std::uint64_t{0};
+
     /// Takes note of the declarations of an element before anything of it is qualified.
     virtual void enterDeclarations(const TzXmlAttributeSet& attributes) = 0;
     /// Collects a declaration that the element carries as an attribute.
@@ -163,16 +177,21 @@ private:
     virtual TzCString uniquePrefix(std::string_view prefix, std::string_view uri) const = 0;
     /// Collects `style` as the one that the element states.
     virtual void collectStyle(std::string_view style) = 0;
-    /// Writes the style attribute when it is not among the collected attributes.
+    /// Declares what the style attribute needs, which the element states.
+    virtual void doQualifyStyle() = 0;
+    /// Writes the style, which the element states, when it is not among the collected attributes.
     virtual void writeStyle() = 0;
 
     void open();
-    void close(std::size_t styles) noexcept;
+    void close(std::size_t scopes, std::size_t styles) noexcept;
     void collectOwn(const TzSoapElementImp& element, bool styleStated);
     void collectOwn(const TzXmlAttribute& attribute, bool styleStated);
     void collectStyleOf(const TzSoapElementImp& element);
     bool collectOfOtherVersion(const TzXmlAttribute& attribute, bool styleStated);
     void collectProperties(const TzSoapTypeImp& value);
+    void collectType(const TzSoapTypeImp& value, std::string_view type);
+    bool needsDeclaration(const TzXmlName& name) const noexcept;
+    std::string_view typeText(const TzSoapTypeImp& value);
     std::string_view boundPrefix(std::string_view prefix, const TzXmlName& name);
     const TzCString& encodingPrefix() const;
     void writeDeclarations();
@@ -182,8 +201,9 @@ private:
     const TzSoapVersion* soap_;
     std::shared_ptr<TzSoapOutputState> state_;
     std::string_view position_;
+    std::size_t outerScopes_ = 0;
     std::size_t outerStyles_ = 0;
-    TzCString attributeName_;
+    std::uint64_t encodedAt_ = NeverEncoded; // where the styles put that of this version in force
     bool top_ = true;
     bool inEnvelope_ = false;
     bool standalone_ = false;

@@ -4,7 +4,8 @@
 #include "output/TzSoapWriterOutput.h"
 
 TzSoapWriter::TzSoapWriter(TzXmlWriter* writer, TzMimeMultipart* multipart)
-    : output_(std::make_unique<TzSoapWriterOutput>(writer, multipart, "TzSoapWriter")) {}
+    : output_(std::make_unique<TzSoapWriterOutput>(writer, multipart, typeid(TzSoapWriter),
+                                                   "TzSoapWriter")) {}
 
 TzSoapWriter::TzSoapWriter(TzSoapWriter* parent)
     : output_(std::make_unique<TzSoapWriterOutput>(*parent->output_)) {

@@ -31,17 +31,12 @@ TzCString TzSoapWriterOutput::uniquePrefix(std::string_view prefix, std::string_
 
 void TzSoapWriterOutput::collectStyle(std::string_view style) { setOwnStyle(style); }
 
-void TzSoapWriterOutput::qualifyStyle() {
-    if (!ownStyle().empty()) {
-        declareUnbound(envelopePrefix(), soap().getSoapEnv().getUri());
-    }
+void TzSoapWriterOutput::doQualifyStyle() {
+    declareUnbound(envelopePrefix(), soap().getSoapEnv().getUri());
 }
 
 void TzSoapWriterOutput::writeStyle() {
-    const std::string_view style = ownStyle();
-    if (!style.empty()) {
-        writeAttribute(envelopePrefix(),
-                       soap().getSoapAttributeQName(TzSoapVersion::EncodingStyle).getLocalName(),
-                       style);
-    }
+    text().writeQualifiedAttribute(
+        envelopePrefix(), soap().getSoapAttributeQName(TzSoapVersion::EncodingStyle).getLocalName(),
+        ownStyle());
 }

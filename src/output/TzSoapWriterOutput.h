@@ -21,6 +21,6 @@ private:
     void collectDeclaration(const TzXmlAttribute& declaration) override;
     TzCString uniquePrefix(std::string_view prefix, std::string_view uri) const override;
     void collectStyle(std::string_view style) override;
-    void qualifyStyle() override;
+    void doQualifyStyle() override;
     void writeStyle() override;
 };

@@ -211,7 +211,7 @@ TEST(TzSoapWriterFault, TakesTheEnvelopePrefixWhenItHasNone) {
       </e:Code>
       <e:Reason>r</e:Reason>
       <e:Detail e:encodingStyle="http://www.w3.org/2002/06/soap-encoding">
-        <d>1</d>
+        <d xmlns="">1</d>
       </e:Detail>
     </e:Fault>
   </e:Body>

@@ -68,16 +68,52 @@ constexpr std::uint64_t zeroBytes(std::uint64_t word) {
     return (word - everyByte(0x01)) & ~word & everyByte(0x80);
 }
 
+template <typename Word> Word loadAt(const char* bytes) noexcept {
+    Word word = 0;
+    std::memcpy(&word, bytes, sizeof(Word));
+    return word;
+}
+
 /// Whether all of the next `WordSize` bytes are plain in every context; only quick, not complete.
 bool isPlainWord(const char* bytes) noexcept {
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes, WordSize);
+    const auto word = loadAt<std::uint64_t>(bytes);
     const std::uint64_t notAscii = word & everyByte(0x80);
     const std::uint64_t controls = (word - everyByte(0x20)) & ~word & everyByte(0x80);
     // '<' and '>' differ in one bit only, and so do '&' and '"'.
     const std::uint64_t brackets = zeroBytes((word | everyByte('<' ^ '>')) ^ everyByte('>'));
     const std::uint64_t others = zeroBytes((word | everyByte('&' ^ '"')) ^ everyByte('&'));
     return (notAscii | controls | brackets | others) == 0;
+}
+
+/// Whether a text shorter than a word is plain in every context; only quick, as for a word.
+bool isPlainShort(std::string_view text) noexcept {
+    const std::size_t size = text.size();
+    std::array<char, WordSize> word{'0', '0', '0', '0', '0', '0', '0', '0'};
+    if (size >= 4) {
+        const auto first = loadAt<std::uint32_t>(text.data());
+        const auto last = loadAt<std::uint32_t>(text.data() + size - 4);
+        std::memcpy(word.data(), &first, 4);
+        std::memcpy(word.data() + 4, &last, 4);
+    } else if (size != 0) {
+        word[0] = text[0];
+        word[1] = text[size / 2];
+        word[2] = text[size - 1];
+    }
+    return isPlainWord(word.data());
+}
+
+/// Whether all of `text` is plain in every context; only quick, not complete.
+bool isPlain(std::string_view text) noexcept {
+    if (text.size() < WordSize) {
+        return isPlainShort(text);
+    }
+    const char* const last = text.data() + text.size() - WordSize;
+    for (const char* at = text.data(); at < last; at += WordSize) {
+        if (!isPlainWord(at)) {
+            return false;
+        }
+    }
+    return isPlainWord(last);
 }
 
 Treatment treatmentOf(char byte, const TreatmentTable& table) noexcept {
@@ -176,6 +212,9 @@ std::size_t checkedLength(std::string_view text, std::size_t at) {
 } // namespace
 
 std::string_view tzEscape(std::string_view text, TzXmlEscapeContext context, TzCString& buffer) {
+    if (isPlain(text)) {
+        return text;
+    }
     const TreatmentTable& table =
         context == TzXmlEscapeContext::Content ? ContentTable : AttributeValueTable;
     buffer.clear();

@@ -12,17 +12,14 @@ void TzXmlWriter::write(std::string_view text, bool escape) {
 void TzXmlWriter::writeAttribute(std::string_view name, std::string_view value, bool escape) {
     const std::string_view written =
         escape ? tzEscape(value, TzXmlEscapeContext::AttributeValue, escaped_) : value;
-    indentIfDue();
-    put(" ");
-    put(name);
-    put(EqualToAndQuotes);
-    put(written);
-    put(Quotes);
+    writeMarkup(" ", name, EqualToAndQuotes, written, Quotes);
 }
 
-void TzXmlWriter::writeNewLine() {
-    put(Newline);
-    indentDue_ = true;
+void TzXmlWriter::writeQualifiedAttribute(std::string_view prefix, std::string_view localName,
+                                          std::string_view value) {
+    const std::string_view written = tzEscape(value, TzXmlEscapeContext::AttributeValue, escaped_);
+    const std::string_view colon = prefix.empty() ? std::string_view() : Colon;
+    writeMarkup(" ", prefix, colon, localName, EqualToAndQuotes, written, Quotes);
 }
 
 void TzXmlWriter::flush() const {

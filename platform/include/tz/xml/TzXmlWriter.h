@@ -47,11 +47,28 @@ public:
             put(markup);
         }
     }
+    /// Appends several pieces of markup as they stand, in one go.
+    template <typename... Pieces> void writeMarkup(const Pieces&... pieces) {
+        indentIfDue();
+        if ((std::string_view(pieces).size() + ...) > chunk_.size() - used_) {
+            (put(pieces), ...);
+            return;
+        }
+        char* to = chunk_.data() + used_;
+        ((to = copyTo(to, pieces)), ...);
+        used_ = static_cast<std::size_t>(to - chunk_.data());
+    }
     /// Appends a blank, `name`, `="`, `value` and `"`. Escaping covers '"', TAB and LF as well;
     /// `TzXmlBadArgError` as for `write`.
     void writeAttribute(std::string_view name, std::string_view value, bool escape = true);
+    /// The same, escaped, for a name in two parts; an empty prefix is left out with its colon.
+    void writeQualifiedAttribute(std::string_view prefix, std::string_view localName,
+                                 std::string_view value);
     /// Ends the line; the next text is indented.
-    void writeNewLine();
+    void writeNewLine() {
+        put(Newline);
+        indentDue_ = true;
+    }
 
     /// Blanks that the next line is indented by.
     std::size_t getIndentation() const noexcept { return indentation_; }
@@ -87,10 +104,39 @@ private:
     void put(std::string_view text) {
         if (text.size() > chunk_.size() - used_) {
             putLong(text);
-        } else if (!text.empty()) {
-            std::memcpy(chunk_.data() + used_, text.data(), text.size());
+        } else {
+            copyTo(chunk_.data() + used_, text);
             used_ += text.size();
         }
+    }
+    // Most pieces are so short that a call would cost more than the copy: two moves that overlap do
+    // for every size between one and two times theirs.
+    static char* copyTo(char* to, std::string_view text) noexcept {
+        const std::size_t size = text.size();
+        const char* from = text.data();
+        if (size > 32) {
+            std::memcpy(to, from, size);
+        } else if (size >= 16) {
+            copyEnds<16>(to, from, size);
+        } else if (size >= 8) {
+            copyEnds<8>(to, from, size);
+        } else if (size >= 4) {
+            copyEnds<4>(to, from, size);
+        } else if (size != 0) {
+            to[0] = from[0];
+            to[size / 2] = from[size / 2];
+            to[size - 1] = from[size - 1];
+        }
+        return to + size;
+    }
+    template <std::size_t Width>
+    static void copyEnds(char* to, const char* from, std::size_t size) noexcept {
+        std::array<char, Width> first;
+        std::array<char, Width> last;
+        std::memcpy(first.data(), from, Width);
+        std::memcpy(last.data(), from + size - Width, Width);
+        std::memcpy(to, first.data(), Width);
+        std::memcpy(to + size - Width, last.data(), Width);
     }
     void putLong(std::string_view text);
 
