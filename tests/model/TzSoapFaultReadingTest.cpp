@@ -383,12 +383,12 @@ TEST(TzSoapFaultReading, nothingOfAnEarlierMessageIsLeft) {
 }
 
 TEST(TzSoapFaultReading, aMessageCutWithinAFaultCanBeReplaced) {
-    const std::string whole =
-        message12("<e:Fault xmlns:p=\"urn:p\"><e:Code><e:Value>p:One</e:Value><e:Subcode>"
-                  "<e:Value>e:s1</e:Value></e:Subcode></e:Code><e:Reason>one</e:Reason>"
-                  "<e:Detail><a><b/></a></e:Detail></e:Fault>");
+    const std::string whole = message12(
+        "<e:Fault xmlns:p=\"urn:p\"><e:Code xmlns:p=\"urn:c\"><e:Value>p:One</e:Value><e:Subcode>"
+        "<e:Value>e:s1</e:Value></e:Subcode></e:Code><e:Reason>one</e:Reason>"
+        "<e:Detail><a><b/></a></e:Detail></e:Fault>");
     const std::string next = message12("<e:Fault><e:Code><e:Value>p:Two</e:Value></e:Code>"
-                                       "</e:Fault>");
+                                       "</e:Fault><z/>");
     for (std::size_t length = 1; length < whole.size(); ++length) {
         TzSoapMessage message;
         EXPECT_THROW(message.extract(whole.substr(0, length)), TzXmlParseError) << length;
@@ -398,6 +398,7 @@ TEST(TzSoapFaultReading, aMessageCutWithinAFaultCanBeReplaced) {
         EXPECT_EQ(fault.getCode().getUri(), "") << length;
         EXPECT_EQ(fault.getSubcodeCount(), 0u) << length;
         EXPECT_EQ(detailOf(fault), "") << length;
+        EXPECT_EQ(message.getSoapBody().entryCount(), 1u) << length;
     }
 }
 
