@@ -8,7 +8,10 @@
 #include <soap/TzSoapVersion.h>
 #include <tz/tools/TzCString.h>
 
-#include <optional>
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <vector>
 
 /// Body of an array: its item type and its shape. Derived bodies hold the items; this one holds
@@ -22,6 +25,8 @@ class TZSOAP_API TzSoapArrayTypeImp : public TzSoapTypeImp, public TzSoapGeneric
 public:
     /// One entry for each axis.
     using Index = std::vector<unsigned int>;
+    /// The largest position.
+    static constexpr std::uint64_t Largest = std::numeric_limits<unsigned int>::max();
 
     ~TzSoapArrayTypeImp() override;
 
@@ -126,7 +131,11 @@ public:
     /// `throwOnFailure`. O(axes).
     bool boundsCheck(const Index& index, bool throwOnFailure) const;
     /// Computes the distance of neighbours on each axis, unless that is done already. O(axes).
-    void initializeStep() const;
+    void initializeStep() const {
+        if (!stepInitialized_) {
+            computeStep();
+        }
+    }
 
     /// The index or the bounds that a text such as "[2,3]" or "2 3" states; in bounds mode the
     /// first entry may be open. `TzXmlBadArgError` BAD_INDEX_STRING for any other text. O(text).
@@ -139,6 +148,17 @@ public:
                                     TzSoapVersion::Version version);
     /// The same as SOAP 1.2 writes it.
     static TzCString vectorToStringForLatestVersion(const Index& vector, bool zeroAsDigit);
+    /// The sum of steps times entries, missing entries counting as 0 and surplus ones not at all;
+    /// some number above `Largest` when it exceeds that. O(axes).
+    static std::uint64_t linear(const Index& index, const Index& step) noexcept {
+        const std::size_t axes = std::min(index.size(), step.size());
+        std::uint64_t sum = 0;
+        for (std::size_t axis = 0; axis < axes && sum <= Largest; ++axis) {
+            // Neither factor nor the sum so far exceeds 32 bits, so 64 bits hold the next sum.
+            sum += std::uint64_t{step[axis]} * index[axis];
+        }
+        return sum;
+    }
     /// Number of positions: the product of the bounds, an open leftmost axis left out; 0 for {0}
     /// and without axes. `TzXmlBoundsError` BAD_INDEX_VECTOR for a 0 on another axis and for a
     /// product beyond 32 bits.
@@ -182,8 +202,22 @@ protected:
     virtual void place(unsigned int position, const TzSoapType& member,
                        TzSoapParseContext* context);
 
-    /// The position of an index, the shape not asked; nothing when it exceeds 32 bits.
-    std::optional<unsigned int> positionOf(const Index& index) const;
+    /// The distance of neighbours on each axis.
+    const Index& getStep() const {
+        initializeStep();
+        return step_;
+    }
+    /// The position of an index in two axes, some number above `Largest` when it has none: because
+    /// there are not two axes, the steps are not known yet or it exceeds 32 bits.
+    std::uint64_t positionInMatrix(const Index& index) const noexcept {
+        return index.size() == 2 && row_ != 0 ? matrixPosition(index) : NoPosition;
+    }
+    /// The same within the shape, for arrays that start at 0; for all others there is none.
+    std::uint64_t positionWithinMatrix(const Index& index) const noexcept {
+        const bool inRow = index.size() == 2 && index[1] < row_;
+        const std::uint64_t position = inRow ? matrixPosition(index) : NoPosition;
+        return position < matrixEnd_ ? position : NoPosition;
+    }
     /// Throws `TzXmlBoundsError` INDEX_RANGE_VEC for an index.
     [[noreturn]] void throwOutOfRange(const Index& index) const;
     /// Throws `TzXmlBoundsError` BAD_INDEX_VECTOR naming the largest entry of a vector.
@@ -193,13 +227,21 @@ protected:
 
 private:
     void checkPosition(unsigned int position) const;
+    void computeStep() const;
+    std::uint64_t matrixPosition(const Index& index) const noexcept {
+        return std::uint64_t{row_} * index[0] + index[1];
+    }
+
+    static constexpr std::uint64_t NoPosition = ~std::uint64_t{0};
 
     TzCString elementType_;
     Index bounds_;
     Index startIndex_;
     mutable Index step_;
     Index offset_;
+    mutable std::uint64_t matrixEnd_ = 0;    // positions of two axes that start at 0, else 0
     mutable TzSoapDefaultType defaultValue_; // without a body until it is asked for
+    mutable unsigned int row_ = 0;           // the first of two steps, once they are known
     unsigned int cursor_ = 0;                // position of the next member that is read
     unsigned int countElementsToWrite_ = 0;
     mutable bool stepInitialized_ = false;

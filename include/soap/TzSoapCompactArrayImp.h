@@ -60,6 +60,27 @@ public:
     /// The item at an index; as for its position.
     const TzSoapType& elementAt(const Index& index) const override;
 
+    /// `bcat` that needs no call for the stored items of two axes.
+    TzSoapType& reach(const Index& index) {
+        const std::uint64_t at = positionInMatrix(index) - first_;
+        return at < items_.size() ? items_[at] : elementAt(index);
+    }
+    /// `bcat` that needs no call for the stored items of two axes.
+    const TzSoapType& reach(const Index& index) const {
+        const std::uint64_t at = positionInMatrix(index) - first_;
+        return at < items_.size() ? items_[at] : elementAt(index);
+    }
+    /// `at` that needs no call for the stored items of two axes.
+    TzSoapType& reachWithin(const Index& index) {
+        const std::uint64_t at = positionWithinMatrix(index) - first_;
+        return at < items_.size() ? items_[at] : TzSoapArrayTypeImp::at(index);
+    }
+    /// `at` that needs no call for the stored items of two axes.
+    const TzSoapType& reachWithin(const Index& index) const {
+        const std::uint64_t at = positionWithinMatrix(index) - first_;
+        return at < items_.size() ? items_[at] : TzSoapArrayTypeImp::at(index);
+    }
+
     /// The first of all items, which are stored from now on; valid until the array changes.
     const TzSoapDefaultType* begin() const;
     /// Behind the last of all items, which are stored from now on.
@@ -89,6 +110,7 @@ private:
     std::uint64_t offsetOf(unsigned int position) const;
     void expandIfNeeded(unsigned int position);
     void settle(unsigned int position, TzSoapParseContext& context) const;
+    TzSoapDefaultType* findStored(std::uint64_t position) const noexcept;
     TzSoapDefaultType& slot(unsigned int position);
     const TzSoapType& storedOrPlaceholder(unsigned int position) const;
     void store(std::uint64_t from, std::uint64_t to) const;

@@ -2,10 +2,9 @@
 #pragma once
 
 #include <soap/TzSoapArrayType.h>
+#include <soap/TzSoapCompactArrayImp.h>
 #include <soap/TzSoapDefaultType.h>
 #include <soap/TzSoapExport.h>
-
-class TzSoapCompactArrayImp;
 
 /// Handle of a compact array: one item for every position of its shape from the start index on.
 ///
@@ -50,6 +49,28 @@ public:
     TzSoapCompactArrayType copy() const;
     /// Number of items, placeholders included.
     unsigned int entries() const;
+
+    using TzSoapArrayType::operator[];
+    using TzSoapArrayType::operator();
+    /// The item at an index, added if need be. `TzXmlBoundsError` INDEX_RANGE_VEC outside of the
+    /// shape. O(axes).
+    TzSoapType& operator[](const std::vector<unsigned int>& index) {
+        return body().reachWithin(index);
+    }
+    /// The item at an index, a placeholder where there is none; errors as above. O(axes).
+    const TzSoapType& operator[](const std::vector<unsigned int>& index) const {
+        return static_cast<const TzSoapCompactArrayImp&>(body()).reachWithin(index);
+    }
+    /// The item at an index, added if need be; the shape is not asked. `TzXmlBoundsError`
+    /// INDEX_RANGE_VEC before the start, BAD_INDEX_VECTOR for more items than 32 bits count.
+    /// O(axes).
+    TzSoapType& operator()(const std::vector<unsigned int>& index) { return body().reach(index); }
+    /// The item at an index, a placeholder where there is none; the shape is not asked.
+    /// `TzXmlBoundsError` INDEX_RANGE_VEC before the start. O(axes).
+    const TzSoapType& operator()(const std::vector<unsigned int>& index) const {
+        return static_cast<const TzSoapCompactArrayImp&>(body()).reach(index);
+    }
+
     /// The first item, in order of position; valid until the array changes. Takes memory for all
     /// positions.
     TzSoapDefaultType* begin();
@@ -65,7 +86,7 @@ protected:
     /// A handle to `body`, which may be null.
     explicit TzSoapCompactArrayType(TzSoapCompactArrayImp* body) noexcept;
     /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
-    TzSoapCompactArrayImp& body() const;
+    TzSoapCompactArrayImp& body() const { return static_cast<TzSoapCompactArrayImp&>(bodyBase()); }
 
 private:
     friend struct TzSoapAccess;

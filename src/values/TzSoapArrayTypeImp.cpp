@@ -141,6 +141,8 @@ void TzSoapArrayTypeImp::doSetBounds(const Index& bounds) {
     Index installed = bounds;
     startIndex_.resize(bounds.size());
     bounds_.swap(installed);
+    row_ = 0;
+    matrixEnd_ = 0;
     stepInitialized_ = false;
 }
 
@@ -169,11 +171,11 @@ unsigned int TzSoapArrayTypeImp::indexToLinear(const Index& index, bool noCheck)
     if (!noCheck) {
         boundsCheck(index, true);
     }
-    const std::optional<unsigned int> position = positionOf(index);
-    if (!position) {
+    const std::uint64_t position = linear(index, getStep());
+    if (position > Largest) {
         throwOutOfRange(index);
     }
-    return *position;
+    return static_cast<unsigned int>(position);
 }
 
 TzSoapArrayTypeImp::Index TzSoapArrayTypeImp::linearToIndex(unsigned int position,
@@ -181,8 +183,7 @@ TzSoapArrayTypeImp::Index TzSoapArrayTypeImp::linearToIndex(unsigned int positio
     if (!noCheck) {
         checkPosition(position);
     }
-    initializeStep();
-    return TzSoapShape::indexAt(position, step_);
+    return TzSoapShape::indexAt(position, getStep());
 }
 
 bool TzSoapArrayTypeImp::boundsCheck(const Index& index, bool throwOnFailure) const {
@@ -193,16 +194,14 @@ bool TzSoapArrayTypeImp::boundsCheck(const Index& index, bool throwOnFailure) co
     return within;
 }
 
-void TzSoapArrayTypeImp::initializeStep() const {
-    if (!stepInitialized_) {
-        step_ = TzSoapShape::stepsOf(bounds_);
-        stepInitialized_ = true;
+void TzSoapArrayTypeImp::computeStep() const {
+    step_ = TzSoapShape::stepsOf(bounds_);
+    stepInitialized_ = true;
+    if (bounds_.size() == 2) {
+        row_ = step_.front();
+        const std::uint64_t end = bounds_.front() == 0 ? Largest + 1 : allocSizeOf(bounds_);
+        matrixEnd_ = isDefaultOffset(startIndex_) ? end : 0;
     }
-}
-
-std::optional<unsigned int> TzSoapArrayTypeImp::positionOf(const Index& index) const {
-    initializeStep();
-    return TzSoapShape::linear(index, step_);
 }
 
 void TzSoapArrayTypeImp::checkPosition(unsigned int position) const {

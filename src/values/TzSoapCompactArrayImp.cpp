@@ -64,17 +64,17 @@ public:
 
 private:
     std::uint64_t positionOf(const Index& index) const {
-        const std::optional<unsigned int> position = TzSoapShape::linear(index, steps_);
-        if (!position) {
+        const std::uint64_t position = TzSoapArrayTypeImp::linear(index, steps_);
+        if (position > TzSoapArrayTypeImp::Largest) {
             TzSoapShape::throwOutOfRange(index, start_, bounds_);
         }
-        return *position;
+        return position;
     }
 
     void grow(std::uint64_t offset, const Index& index) {
         if (offset >= size_) {
             size_ += growthFor(offset, size_, block_);
-            if (size_ > TzSoapShape::Largest) {
+            if (size_ > TzSoapArrayTypeImp::Largest) {
                 TzSoapShape::throwTooLarge(index);
             }
         }
@@ -148,6 +148,29 @@ bool TzSoapCompactArrayImp::isCompact() const { return true; }
 
 unsigned int TzSoapCompactArrayImp::entries() const { return static_cast<unsigned int>(size_); }
 
+TzSoapDefaultType* TzSoapCompactArrayImp::findStored(std::uint64_t position) const noexcept {
+    // A position before the first stored one wraps around to one behind the last.
+    const std::uint64_t at = position - first_;
+    return at < items_.size() ? items_.data() + at : nullptr;
+}
+
+TzSoapDefaultType& TzSoapCompactArrayImp::slot(unsigned int position) {
+    if (TzSoapDefaultType* stored = findStored(position)) {
+        return *stored;
+    }
+    expandIfNeeded(position);
+    store(position, std::uint64_t{position} + 1);
+    return items_[position - first_];
+}
+
+const TzSoapType& TzSoapCompactArrayImp::storedOrPlaceholder(unsigned int position) const {
+    if (const TzSoapDefaultType* stored = findStored(position)) {
+        return *stored;
+    }
+    offsetOf(position);
+    return getDefaultValue();
+}
+
 TzSoapType& TzSoapCompactArrayImp::elementAt(unsigned int position) { return slot(position); }
 
 const TzSoapType& TzSoapCompactArrayImp::elementAt(unsigned int position) const {
@@ -173,24 +196,6 @@ TzSoapCompactArrayImp::Index TzSoapCompactArrayImp::namedBy(unsigned int positio
     return getDimension() == 0 ? Index{position} : linearToIndex(position, true);
 }
 
-TzSoapDefaultType& TzSoapCompactArrayImp::slot(unsigned int position) {
-    // A position before the first stored one wraps around to one behind the last.
-    if (const std::uint64_t at = position - first_; at < items_.size()) [[likely]] {
-        return items_[at];
-    }
-    expandIfNeeded(position);
-    store(position, std::uint64_t{position} + 1);
-    return items_[position - first_];
-}
-
-const TzSoapType& TzSoapCompactArrayImp::storedOrPlaceholder(unsigned int position) const {
-    if (const std::uint64_t at = position - first_; at < items_.size()) [[likely]] {
-        return items_[at];
-    }
-    offsetOf(position);
-    return getDefaultValue();
-}
-
 void TzSoapCompactArrayImp::expandIfNeeded(unsigned int position) {
     const std::uint64_t offset = offsetOf(position);
     if (offset < size_) {
@@ -203,7 +208,7 @@ void TzSoapCompactArrayImp::expandIfNeeded(unsigned int position) {
         items_.reserve(++growCount_ * block + items_.size());
     }
     const std::uint64_t size = size_ + growthFor(offset, size_, block);
-    if (size > TzSoapShape::Largest) {
+    if (size > TzSoapArrayTypeImp::Largest) {
         throwTooLarge(namedBy(position));
     }
     size_ = size;
@@ -242,9 +247,8 @@ TzSoapDefaultType* TzSoapCompactArrayImp::end() { return begin() + items_.size()
 std::span<const TzSoapDefaultType> TzSoapCompactArrayImp::itemsToWrite() const {
     const auto lastAssigned = std::find_if_not(items_.rbegin(), items_.rend(), isPlaceholder);
     const std::uint64_t end = first_ + static_cast<std::uint64_t>(items_.rend() - lastAssigned);
-    const std::optional<unsigned int> offset = positionOf(getOffsetIndex());
-    const std::uint64_t from = std::max<std::uint64_t>(offset.value_or(0), base_);
-    if (!offset || lastAssigned == items_.rend() || from >= end) {
+    const std::uint64_t from = std::max(linear(getOffsetIndex(), getStep()), base_);
+    if (lastAssigned == items_.rend() || from >= end) {
         return {};
     }
     store(from, end);

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapCompactArrayType.h>
 
-#include <soap/TzSoapCompactArrayImp.h>
-
 using Index = std::vector<unsigned int>;
 
 TzSoapCompactArrayType::TzSoapCompactArrayType(const TzCString& elementType, unsigned int size,
@@ -37,10 +35,6 @@ TzSoapCompactArrayType::TzSoapCompactArrayType(TzSoapCompactArrayImp* body) noex
     : TzSoapArrayType(body) {}
 
 TzSoapCompactArrayType::~TzSoapCompactArrayType() = default;
-
-TzSoapCompactArrayImp& TzSoapCompactArrayType::body() const {
-    return static_cast<TzSoapCompactArrayImp&>(bodyBase());
-}
 
 TzSoapCompactArrayType TzSoapCompactArrayType::copy() const {
     return TzSoapCompactArrayType(static_cast<TzSoapCompactArrayImp*>(body().clone()));

@@ -72,19 +72,6 @@ Index TzSoapShape::indexAt(unsigned int position, const Index& steps) {
     return index;
 }
 
-bool TzSoapShape::contains(const Index& index, const Index& start, const Index& bounds) noexcept {
-    if (index.size() != bounds.size()) {
-        return false;
-    }
-    for (std::size_t axis = 0; axis < bounds.size(); ++axis) {
-        const bool open = axis == 0 && bounds[axis] == 0;
-        if (!open && (index[axis] < start[axis] || index[axis] >= bounds[axis])) {
-            return false;
-        }
-    }
-    return true;
-}
-
 void TzSoapShape::throwOutOfRange(const Index& index, const Index& start, const Index& bounds) {
     TzThrow(TzXmlBoundsError(
         TzMessage(tzsoap_INDEX_RANGE_VEC(), textOf(index), textOf(start), textOf(bounds))));

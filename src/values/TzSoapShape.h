@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <optional>
 #include <vector>
 
 /// The arithmetic of array shapes: bounds and start index, rightmost axis fastest, one entry for
@@ -24,24 +23,21 @@ struct TzSoapShape {
     static void check(const Index& bounds, const Index& start);
     /// The distance of neighbours on each axis, for bounds that passed a check.
     static Index stepsOf(const Index& bounds);
-    /// The sum of steps times entries, missing entries counting as 0 and surplus ones not at all;
-    /// nothing when it exceeds 32 bits.
-    static std::optional<unsigned int> linear(const Index& index, const Index& steps) noexcept {
-        const std::size_t axes = std::min(index.size(), steps.size());
-        std::uint64_t sum = 0;
-        for (std::size_t axis = 0; axis < axes; ++axis) {
-            // Neither factor nor the sum so far exceeds 32 bits, so 64 bits hold the next sum.
-            sum += std::uint64_t{steps[axis]} * index[axis];
-            if (sum > Largest) {
-                return std::nullopt;
-            }
-        }
-        return static_cast<unsigned int>(sum);
-    }
     /// The index at a position.
     static Index indexAt(unsigned int position, const Index& steps);
     /// Whether an index lies within a shape; on an open axis every entry does.
-    static bool contains(const Index& index, const Index& start, const Index& bounds) noexcept;
+    static bool contains(const Index& index, const Index& start, const Index& bounds) noexcept {
+        if (index.size() != bounds.size()) {
+            return false;
+        }
+        for (std::size_t axis = 0; axis < bounds.size(); ++axis) {
+            const bool open = axis == 0 && bounds[axis] == 0;
+            if (!open && (index[axis] < start[axis] || index[axis] >= bounds[axis])) {
+                return false;
+            }
+        }
+        return true;
+    }
 
     /// Throws `TzXmlBoundsError` INDEX_RANGE_VEC.
     [[noreturn]] static void throwOutOfRange(const Index& index, const Index& start,
