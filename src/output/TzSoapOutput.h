@@ -81,13 +81,12 @@ private:
     bool takePending(const TzCString& id, const TzSoapType& value);
 
     // Values
-    void collectValue(const TzXmlName& name, const TzSoapTypeImp& value, Encoding encoding,
-                      std::string_view type = {});
+    void collectValue(const TzXmlName& name, const TzSoapTypeImp& value, Encoding encoding);
     void startValue(const TagName& name, const TzSoapTypeImp& value);
     void writeEmpty(const TagName& name, const TzSoapTypeImp& value);
     void remember(const TzSoapTypeImp& value);
     void writeSimple(TzSoapSimpleTypeImp& value);
-    void writeContent(const TzSoapSimpleTypeImp& value);
+    std::string_view contentOf(const TzSoapSimpleTypeImp& value);
     void writeChild(TzSoapConstVisitor& visitor, const TzSoapType& child);
     void writeMarkup(const TzCString& markup, const TzSoapTypeImp& value);
     std::size_t styleInsertion(const TzCString& markup) const;

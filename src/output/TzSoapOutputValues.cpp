@@ -37,27 +37,22 @@ bool isNil(const TzSoapTypeImp& value) {
     return !value.getAttributeSet().empty() && value.isNull();
 }
 
-/// Makes a simple value that shows its type carry it; returns the type's text, "" for one that does
-/// not.
-std::string_view showType(TzSoapSimpleTypeImp& value) {
-    if (!value.getTypeShouldBeEncoded()) {
-        return {};
-    }
-    const TzSoapSchemaLabel& label = tzSoapSchemaLabel(value.getType());
+/// Makes a simple value that shows its type carry it.
+void showType(TzSoapSimpleTypeImp& value) {
+    const TzXmlName& label = tzSoapSchemaLabel(value.getType());
     const TzXmlName& type = value.getTypeValue();
-    if (!(type.getNamespace() == label.name.getNamespace() &&
-          type.getLocalName() == label.name.getLocalName())) {
-        value.setTypeAttribute(label.name);
+    if (!(type.getNamespace() == label.getNamespace() &&
+          type.getLocalName() == label.getLocalName())) {
+        value.setTypeAttribute(label);
     }
-    return label.text;
 }
 
 } // namespace
 
 void TzSoapOutput::collectValue(const TzXmlName& name, const TzSoapTypeImp& value,
-                                Encoding encoding, std::string_view type) {
+                                Encoding encoding) {
     qualifyName(name);
-    collectAttributes(value, type);
+    collectAttributes(value);
     if (encoding == Encoding::Soap) {
         ensureStyle();
     }
@@ -102,25 +97,33 @@ void TzSoapOutput::write(const TzSoapType& value) {
 void TzSoapOutput::write(const TzSoapSimpleType& value) { writeSimple(TzSoapAccess::body(value)); }
 
 void TzSoapOutput::writeSimple(TzSoapSimpleTypeImp& value) {
-    const std::string_view type = showType(value);
+    const bool typeShown = value.getTypeShouldBeEncoded();
+    if (typeShown) {
+        showType(value);
+    }
     const TzXmlName& name = std::as_const(value).getName();
     const TagName tag = tagName(name);
-    if (writeBriefStartTag(tag, name, value, type)) {
-        writeContent(value);
-        writeEndTag(tag);
+    BriefStart brief;
+    if (isBrief(tag, name, value, typeShown, brief)) {
+        checkDepth(1);
+        text().writeMarkupLine(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local, brief.open,
+                               brief.typePrefix, brief.typeColon, brief.type, brief.close,
+                               contentOf(value), TzXmlWriter::StartEndTag, tag.prefix, tag.colon,
+                               tag.local, TzXmlWriter::EndTag);
         return;
     }
     const Element element(*this, value.getAttributeSet());
-    collectValue(name, value, Encoding::Soap, type);
+    collectValue(name, value, Encoding::Soap);
     startValue(tag, value);
     if (!isNil(value)) {
-        writeContent(value);
+        text().write(contentOf(value));
     }
     writeEndTag(tag);
 }
 
-void TzSoapOutput::writeContent(const TzSoapSimpleTypeImp& value) {
-    text().write(value.text(), value.getEscapeText() != TzSoapContentBase::EscapeOff);
+std::string_view TzSoapOutput::contentOf(const TzSoapSimpleTypeImp& value) {
+    return value.getEscapeText() == TzSoapContentBase::EscapeOff ? value.text()
+                                                                 : text().escaped(value.text());
 }
 
 void TzSoapOutput::writeChild(TzSoapConstVisitor& visitor, const TzSoapType& child) {
@@ -231,10 +234,17 @@ void TzSoapOutput::write(TzSoapConstVisitor& visitor, const TzSoapCompositeType&
 void TzSoapOutput::writeComposite(TzSoapConstVisitor& visitor, const TzXmlName& name,
                                   TzSoapCompositeTypeImp& value) {
     const Element element(*this, value.getAttributeSet());
-    collectValue(name, value, Encoding::Soap);
     const TagName tag = tagName(name);
-    startBlock(tag);
-    remember(value);
+    BriefStart brief;
+    if (isBrief(tag, name, value, false, brief)) {
+        text().writeMarkupLine(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local, brief.open,
+                               brief.typePrefix, brief.typeColon, brief.type, brief.close);
+        text().incrementIndent();
+    } else {
+        collectValue(name, value, Encoding::Soap);
+        startBlock(tag);
+        remember(value);
+    }
     if (!isNil(value)) {
         for (auto child = value.childrenBegin(); child != value.childrenEnd(); ++child) {
             writeChild(visitor, *child);

@@ -8,16 +8,15 @@
 
 namespace {
 
-using Labels = std::array<TzSoapSchemaLabel, TzSoapContentBase::xsdPositiveInteger + 1>;
+using Labels = std::array<TzXmlName, TzSoapContentBase::xsdPositiveInteger + 1>;
 
 Labels makeLabels() {
     Labels labels;
     for (std::size_t i = 0; i < labels.size(); ++i) {
-        const auto type = static_cast<TzSoapContentBase::SchemaType>(i);
-        const std::string_view name = TzSoapContentBase::schemaTypeName(type);
+        const std::string_view name =
+            TzSoapContentBase::schemaTypeName(static_cast<TzSoapContentBase::SchemaType>(i));
         if (!name.empty()) {
-            labels[i].name = TzXmlName(name, TzXmlNamespace::getXsd());
-            labels[i].text = TzSoapContentBase::schemaTypeLabel(type);
+            labels[i] = TzXmlName(name, TzXmlNamespace::getXsd());
         }
     }
     return labels;
@@ -25,7 +24,7 @@ Labels makeLabels() {
 
 } // namespace
 
-const TzSoapSchemaLabel& tzSoapSchemaLabel(TzSoapContentBase::SchemaType type) {
+const TzXmlName& tzSoapSchemaLabel(TzSoapContentBase::SchemaType type) {
     static const Labels labels = makeLabels();
     const auto position = static_cast<std::size_t>(type);
     return labels[position < labels.size() ? position : 0];

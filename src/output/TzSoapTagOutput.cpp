@@ -4,7 +4,6 @@
 #include <soap/TzSoapArrayTypeImp.h>
 #include <soap/TzSoapElementImp.h>
 #include <soap/TzSoapTypeImp.h>
-#include <soap/TzSoapWriter.h>
 #include <tz/tools/TzMessage.h>
 #include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlSchemaUtils.h>
@@ -17,8 +16,8 @@ namespace {
 constexpr std::string_view UnnamedLocalName = "unnamed";
 
 /// The attribute that states a type, around its value.
-constexpr std::string_view BriefTypeStart = " xsi:type=\"";
-constexpr std::string_view BriefTypeEnd = "\">";
+constexpr std::string_view BriefTypeOpen = " xsi:type=\"";
+constexpr std::string_view BriefTypeClose = "\">";
 
 const TzXmlNamespace& unnamedNamespace() {
     static const TzXmlNamespace unnamed("tznone", "urn:tz-soap:unnamed");
@@ -67,13 +66,10 @@ void TzSoapTagOutput::separate() {
     }
 }
 
-void TzSoapTagOutput::checkDepth(std::size_t levels) const {
-    if (levels > TzSoapWriter::DepthLimit - state_->depth) {
-        TzThrow(TzXmlDomainError(
-            TzMessage("Elements nested deeper than " +
-                      TzXmlSchemaUtils::ConvertTypeToString(TzSoapWriter::DepthLimit) +
-                      " levels are not written")));
-    }
+void TzSoapTagOutput::refuseDepth() {
+    TzThrow(TzXmlDomainError(TzMessage("Elements nested deeper than " +
+                                       TzXmlSchemaUtils::ConvertTypeToString(DepthLimit) +
+                                       " levels are not written")));
 }
 
 void TzSoapTagOutput::open() {
@@ -112,13 +108,8 @@ const TzCString& TzSoapTagOutput::encodingPrefix() const {
                                           : state_->encodingPrefix;
 }
 
-TzSoapTagOutput::TagName TzSoapTagOutput::tagName(const TzXmlName& name) noexcept {
-    if (name.isEmpty()) {
-        return {unnamedNamespace().getPrefix(), TzXmlWriter::Colon, UnnamedLocalName, true};
-    }
-    const TzCString& prefix = name.getPrefix();
-    return {prefix, prefix.empty() ? std::string_view() : TzXmlWriter::Colon, name.getLocalName(),
-            false};
+TzSoapTagOutput::TagName TzSoapTagOutput::unnamed() noexcept {
+    return {unnamedNamespace().getPrefix(), TzXmlWriter::Colon, UnnamedLocalName, true};
 }
 
 void TzSoapTagOutput::declare(const TzXmlNamespace& declared) {
@@ -163,7 +154,7 @@ void TzSoapTagOutput::collectAttributes(const TzSoapElementImp& element) {
     }
 }
 
-void TzSoapTagOutput::collectAttributes(const TzSoapTypeImp& value, std::string_view type) {
+void TzSoapTagOutput::collectAttributes(const TzSoapTypeImp& value) {
     const bool properties = value.hasProperties();
     const bool styleStated = properties && value.hasEncodingStyleAttribute();
     collectOwn(value, styleStated);
@@ -174,7 +165,7 @@ void TzSoapTagOutput::collectAttributes(const TzSoapTypeImp& value, std::string_
     if (properties) {
         collectProperties(value);
     }
-    collectType(value, type);
+    collectType(value.getTypeValue());
     if (properties && !value.getActorAttribute().empty()) {
         collectSoap(TzSoapVersion::Actor, value.getActorAttribute());
     }
@@ -238,23 +229,12 @@ void TzSoapTagOutput::collectProperties(const TzSoapTypeImp& value) {
     }
 }
 
-void TzSoapTagOutput::collectType(const TzSoapTypeImp& value, std::string_view type) {
-    if (type.empty()) {
-        type = typeText(value);
+void TzSoapTagOutput::collectType(const TzXmlName& type) {
+    if (!type.isEmpty()) {
+        TzCString& text = state_->attributes.newText();
+        type.appendQualifiedName(text);
+        collectSchemaInstance(TzSoapAttributeSet::getTypeAttributeName(), text);
     }
-    if (!type.empty()) {
-        collectSchemaInstance(TzSoapAttributeSet::getTypeAttributeName(), type);
-    }
-}
-
-std::string_view TzSoapTagOutput::typeText(const TzSoapTypeImp& value) {
-    const TzXmlName& type = value.getTypeValue();
-    if (type.isEmpty()) {
-        return {};
-    }
-    TzCString& text = state_->attributes.newText();
-    type.appendQualifiedName(text);
-    return text;
 }
 
 void TzSoapTagOutput::collectShape(TzSoapArrayTypeImp& array) {
@@ -335,33 +315,23 @@ void TzSoapTagOutput::ensureStyle() {
     }
 }
 
-bool TzSoapTagOutput::writeBriefStartTag(const TagName& tag, const TzXmlName& name,
-                                         const TzSoapTypeImp& value, std::string_view type) {
-    TzSoapOutputState& state = *state_;
+bool TzSoapTagOutput::isBrief(const TagName& tag, const TzXmlName& name, const TzSoapTypeImp& value,
+                              bool typeIsPlain, BriefStart& brief) const {
+    const TzSoapOutputState& state = *state_;
     if (!value.getAttributeSet().empty() || value.hasProperties() || !position_.empty() ||
         encodedAt_ != state.styles.changes() || tag.unnamed || needsDeclaration(name)) {
         return false;
     }
-    state.attributes.clear();
-    const bool known = !type.empty(); // the names of types need no escaping
-    type = known ? type : typeText(value);
-    if (!type.empty() && state.schemaInstanceBoundAt != state.scopeChanges) {
+    const TzXmlName& type = value.getTypeValue();
+    if (type.isEmpty()) {
+        return true;
+    }
+    const TagName text = tagName(type);
+    if (state.schemaInstanceBoundAt != state.scopeChanges ||
+        !(typeIsPlain || (TzXmlWriter::isPlain(text.prefix) && TzXmlWriter::isPlain(text.local)))) {
         return false;
     }
-    checkDepth(1);
-    if (type.empty()) {
-        text_->writeMarkup(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local,
-                           TzXmlWriter::EndTag);
-    } else if (known) {
-        text_->writeMarkup(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local, BriefTypeStart,
-                           type, BriefTypeEnd);
-    } else {
-        text_->writeMarkup(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local);
-        text_->writeQualifiedAttribute(TzXmlNamespace::getXsi().getPrefix(),
-                                       TzSoapAttributeSet::getTypeAttributeName().getLocalName(),
-                                       type);
-        text_->writeMarkup(TzXmlWriter::EndTag);
-    }
+    brief = {BriefTypeOpen, text.prefix, text.colon, text.local, BriefTypeClose};
     return true;
 }
 
@@ -382,9 +352,8 @@ void TzSoapTagOutput::writeStartTag(const TagName& name) {
 }
 
 void TzSoapTagOutput::writeEndTag(const TagName& name) {
-    text_->writeMarkup(TzXmlWriter::StartEndTag, name.prefix, name.colon, name.local,
-                       TzXmlWriter::EndTag);
-    text_->writeNewLine();
+    text_->writeMarkupLine(TzXmlWriter::StartEndTag, name.prefix, name.colon, name.local,
+                           TzXmlWriter::EndTag);
 }
 
 void TzSoapTagOutput::writeDeclarations() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <soap/TzSoapVersion.h>
+#include <soap/TzSoapWriter.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlAttribute.h>
 #include <tz/xml/TzXmlName.h>
@@ -27,12 +28,25 @@ class TzSoapTypeImp;
 /// style is written and when it is left out.
 class TzSoapTagOutput {
 public:
+    /// Deepest nesting of elements that is written.
+    static constexpr unsigned int DepthLimit = TzSoapWriter::DepthLimit;
+
     /// The name on a tag, in three pieces; refers to texts that outlive the element.
     struct TagName {
         std::string_view prefix;
         std::string_view colon;
         std::string_view local;
         bool unnamed = false; // stands for a value without name
+    };
+
+    /// What follows the name on the start tag of a brief value, up to the end of the tag; the first
+    /// four are empty when it has no type.
+    struct BriefStart {
+        std::string_view open;
+        std::string_view typePrefix;
+        std::string_view typeColon;
+        std::string_view type;
+        std::string_view close = TzXmlWriter::EndTag;
     };
 
     /// A scope for one element: opened by the constructor, closed by the destructor, which also
@@ -98,7 +112,13 @@ public:
         return state_->namespaces.getURIForPrefix(prefix);
     }
     /// The name on the tag of an element named `name`.
-    static TagName tagName(const TzXmlName& name) noexcept;
+    static TagName tagName(const TzXmlName& name) noexcept {
+        const TzCString& prefix = name.getPrefix();
+        return name.isEmpty()
+                   ? unnamed()
+                   : TagName{prefix, prefix.empty() ? std::string_view() : TzXmlWriter::Colon,
+                             name.getLocalName(), false};
+    }
     /// The name on a tag with `prefix`, whose colon is written in any case.
     static TagName tagName(std::string_view prefix, std::string_view local) noexcept {
         return {prefix, TzXmlWriter::Colon, local, false};
@@ -114,9 +134,8 @@ public:
 
     /// Collects the attributes of an envelope, header or body, and its style.
     void collectAttributes(const TzSoapElementImp& element);
-    /// Collects the attributes of a value, its style and its position in a sparse array. `type` is
-    /// the text of its type where the caller knows it, "" otherwise.
-    void collectAttributes(const TzSoapTypeImp& value, std::string_view type = {});
+    /// Collects the attributes of a value, its style and its position in a sparse array.
+    void collectAttributes(const TzSoapTypeImp& value);
     /// Collects the attributes that an array has beside those of every value.
     void collectShape(TzSoapArrayTypeImp& array);
     /// Collects the position in a sparse array, if there is one.
@@ -134,17 +153,21 @@ public:
         }
     }
     /// Refuses to go `levels` deeper than the open elements when that is too deep.
-    void checkDepth(std::size_t levels) const;
+    void checkDepth(std::size_t levels) const {
+        if (levels > DepthLimit - state_->depth) {
+            refuseDepth();
+        }
+    }
     /// The next value stands at `position` of a sparse array; "" for any other value.
     void setPosition(std::string_view position) noexcept { position_ = position; }
 
     /// Writes a name.
     void writeName(const TagName& name) { text_->writeMarkup(name.prefix, name.colon, name.local); }
-    /// Writes the start tag of a value that says nothing but its type, in the encoding of SOAP,
-    /// where nothing has to be declared for it: at one go, without a scope and without collecting.
-    /// `type` as for `collectAttributes`. Writes nothing and returns false for any other value.
-    bool writeBriefStartTag(const TagName& tag, const TzXmlName& name, const TzSoapTypeImp& value,
-                            std::string_view type);
+    /// Whether a value says nothing but its type, in the encoding of SOAP, and nothing has to be
+    /// declared for it: then `brief` becomes what follows the name on its start tag, which is all
+    /// that collecting would yield. `typeIsPlain` when the type is known to need no escaping.
+    bool isBrief(const TagName& tag, const TzXmlName& name, const TzSoapTypeImp& value,
+                 bool typeIsPlain, BriefStart& brief) const;
     /// Writes a start tag without its end: name, declarations, attributes.
     void writeStartTag(const TagName& name);
     /// Writes an end tag and ends the line.
@@ -182,6 +205,8 @@ private:
     /// Writes the style, which the element states, when it is not among the collected attributes.
     virtual void writeStyle() = 0;
 
+    static TagName unnamed() noexcept;
+    [[noreturn]] static void refuseDepth();
     void open();
     void close(std::size_t scopes, std::size_t styles) noexcept;
     void collectOwn(const TzSoapElementImp& element, bool styleStated);
@@ -189,9 +214,8 @@ private:
     void collectStyleOf(const TzSoapElementImp& element);
     bool collectOfOtherVersion(const TzXmlAttribute& attribute, bool styleStated);
     void collectProperties(const TzSoapTypeImp& value);
-    void collectType(const TzSoapTypeImp& value, std::string_view type);
+    void collectType(const TzXmlName& type);
     bool needsDeclaration(const TzXmlName& name) const noexcept;
-    std::string_view typeText(const TzSoapTypeImp& value);
     std::string_view boundPrefix(std::string_view prefix, const TzXmlName& name);
     const TzCString& encodingPrefix() const;
     void writeDeclarations();

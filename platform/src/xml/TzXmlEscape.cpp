@@ -102,20 +102,6 @@ bool isPlainShort(std::string_view text) noexcept {
     return isPlainWord(word.data());
 }
 
-/// Whether all of `text` is plain in every context; only quick, not complete.
-bool isPlain(std::string_view text) noexcept {
-    if (text.size() < WordSize) {
-        return isPlainShort(text);
-    }
-    const char* const last = text.data() + text.size() - WordSize;
-    for (const char* at = text.data(); at < last; at += WordSize) {
-        if (!isPlainWord(at)) {
-            return false;
-        }
-    }
-    return isPlainWord(last);
-}
-
 Treatment treatmentOf(char byte, const TreatmentTable& table) noexcept {
     return table[static_cast<unsigned char>(byte)];
 }
@@ -211,8 +197,21 @@ std::size_t checkedLength(std::string_view text, std::size_t at) {
 
 } // namespace
 
+bool tzIsPlain(std::string_view text) noexcept {
+    if (text.size() < WordSize) {
+        return isPlainShort(text);
+    }
+    const char* const last = text.data() + text.size() - WordSize;
+    for (const char* at = text.data(); at < last; at += WordSize) {
+        if (!isPlainWord(at)) {
+            return false;
+        }
+    }
+    return isPlainWord(last);
+}
+
 std::string_view tzEscape(std::string_view text, TzXmlEscapeContext context, TzCString& buffer) {
-    if (isPlain(text)) {
+    if (tzIsPlain(text)) {
         return text;
     }
     const TreatmentTable& table =

@@ -3,11 +3,33 @@
 
 #include "TzXmlEscape.h"
 
+#include <algorithm>
+
+namespace {
+
+/// Makes room for `more` bytes. Moving a text into new memory costs more than writing it, so it
+/// moves seldom; what it has too much of is never touched.
+void grow(TzCString& text, std::size_t more) {
+    constexpr std::size_t Large = std::size_t{64} << 20;
+    const std::size_t capacity = text.capacity();
+    if (more > capacity - text.size()) {
+        text.reserve(std::max(capacity * (capacity < Large ? 4 : 2), text.size() + more));
+    }
+}
+
+} // namespace
+
 TzXmlWriter::~TzXmlWriter() = default;
 
 void TzXmlWriter::write(std::string_view text, bool escape) {
-    write(escape ? tzEscape(text, TzXmlEscapeContext::Content, escaped_) : text);
+    write(escape ? escaped(text) : text);
 }
+
+std::string_view TzXmlWriter::escaped(std::string_view content) {
+    return tzEscape(content, TzXmlEscapeContext::Content, escaped_);
+}
+
+bool TzXmlWriter::isPlain(std::string_view text) noexcept { return tzIsPlain(text); }
 
 void TzXmlWriter::writeAttribute(std::string_view name, std::string_view value, bool escape) {
     const std::string_view written =
@@ -28,6 +50,7 @@ void TzXmlWriter::flush() const {
 }
 
 void TzXmlWriter::putLong(std::string_view text) {
+    grow(*output_, used_ + (text.size() <= chunk_.size() ? 0 : text.size()));
     flush();
     if (text.size() <= chunk_.size()) {
         put(text);
@@ -38,7 +61,11 @@ void TzXmlWriter::putLong(std::string_view text) {
 
 void TzXmlWriter::indent() {
     static constexpr std::string_view Blanks = "                                ";
-    indentDue_ = false;
+    if (indentation_ <= Blanks.size() && Blanks.size() <= chunk_.size() - used_) {
+        std::memcpy(chunk_.data() + used_, Blanks.data(), Blanks.size());
+        used_ += indentation_;
+        return;
+    }
     std::size_t left = indentation_;
     for (; left > Blanks.size(); left -= Blanks.size()) {
         put(Blanks);

@@ -58,6 +58,16 @@ public:
         ((to = copyTo(to, pieces)), ...);
         used_ = static_cast<std::size_t>(to - chunk_.data());
     }
+    /// Appends several pieces of markup as they stand, in one go, and ends the line.
+    template <typename... Pieces> void writeMarkupLine(const Pieces&... pieces) {
+        writeMarkup(pieces..., Newline);
+        indentDue_ = true;
+    }
+    /// `content` as `write` would escape it; valid until the next escaping. `TzXmlBadArgError` as
+    /// there.
+    std::string_view escaped(std::string_view content);
+    /// Whether `text` needs no escaping anywhere. Only quick: false says nothing.
+    static bool isPlain(std::string_view text) noexcept;
     /// Appends a blank, `name`, `="`, `value` and `"`. Escaping covers '"', TAB and LF as well;
     /// `TzXmlBadArgError` as for `write`.
     void writeAttribute(std::string_view name, std::string_view value, bool escape = true);
@@ -97,6 +107,7 @@ protected:
 private:
     void indentIfDue() {
         if (indentDue_) {
+            indentDue_ = false;
             indent();
         }
     }
