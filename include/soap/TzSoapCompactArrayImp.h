@@ -119,6 +119,7 @@ private:
     mutable std::vector<TzSoapDefaultType> items_; // a run of positions, placeholders around it
     mutable std::uint64_t first_ = 0;              // position of the first stored item
     std::uint64_t base_ = 0;                       // position of the start index
+    std::uint64_t block_ = 0;                      // positions from there to the end of the shape
     std::uint64_t size_ = 0;                       // number of items, stored or not
     unsigned int growCount_ = 0;
 };

@@ -31,7 +31,7 @@ public:
     /// An array of a shape given as text. Errors as for the base.
     TzSoapSparseArrayImp(TzXmlName name, TzCString elementType, const TzCString& bounds);
     /// An array of a shape. Errors as for the base.
-    TzSoapSparseArrayImp(TzXmlName name, TzCString elementType, Index bounds);
+    TzSoapSparseArrayImp(TzXmlName name, TzCString elementType, const Index& bounds);
     /// Copies shape and items; the values are shared, the template too. O(items).
     TzSoapSparseArrayImp(const TzSoapSparseArrayImp& other);
     TzSoapSparseArrayImp& operator=(const TzSoapSparseArrayImp&) = delete;

@@ -14,9 +14,8 @@ namespace {
 
 using Index = TzSoapArrayTypeImp::Index;
 
-/// Positions from `base` to the end of the shape.
-std::uint64_t blockOf(const Index& bounds, std::uint64_t base) {
-    const std::uint64_t allocated = TzSoapShape::allocSizeOf(bounds);
+/// Positions from `base` to the end of a shape that has `allocated`.
+constexpr std::uint64_t blockFrom(std::uint64_t base, std::uint64_t allocated) {
     return allocated > base ? allocated - base : 0;
 }
 
@@ -30,11 +29,11 @@ std::uint64_t growthFor(std::uint64_t offset, std::uint64_t size, std::uint64_t 
 class Reshaped {
 public:
     Reshaped(const Index& bounds, Index start) : bounds_(bounds), start_(std::move(start)) {
-        block_ = TzSoapShape::allocSizeOf(bounds_);
+        const std::uint64_t allocated = TzSoapShape::allocSizeOf(bounds_);
         steps_ = TzSoapShape::stepsOf(bounds_);
         start_.resize(bounds_.size());
         base_ = positionOf(start_);
-        block_ = blockOf(bounds_, base_);
+        block_ = blockFrom(base_, allocated);
         size_ = block_;
         first_ = base_;
     }
@@ -60,6 +59,7 @@ public:
     std::vector<TzSoapDefaultType>& items() noexcept { return items_; }
     std::uint64_t first() const noexcept { return first_; }
     std::uint64_t base() const noexcept { return base_; }
+    std::uint64_t block() const noexcept { return block_; }
     std::uint64_t size() const noexcept { return size_; }
 
 private:
@@ -123,7 +123,8 @@ TzSoapCompactArrayImp::~TzSoapCompactArrayImp() = default;
 
 void TzSoapCompactArrayImp::initialize() {
     base_ = indexToLinear(getStartIndex(), true);
-    size_ = blockOf(getBounds(), base_);
+    block_ = blockFrom(base_, allocSizeOf(getBounds()));
+    size_ = block_;
     first_ = base_;
 }
 
@@ -132,7 +133,7 @@ TzSoapCompactArrayType TzSoapCompactArrayImp::forReading(const TzXmlName& name,
                                                          const TzCString& size,
                                                          TzSoapParseContext& context) {
     const Index bounds = boundsFromSize(size);
-    const auto array = TzSoapAccess::handle<TzSoapCompactArrayType>(
+    auto array = TzSoapAccess::handle<TzSoapCompactArrayType>(
         new TzSoapCompactArrayImp(name, elementType, bounds, Index(bounds.size())));
     if (!context.takeUnfilledPositions(TzSoapAccess::body(array).size_)) {
         throwTooLarge(bounds);
@@ -201,13 +202,12 @@ void TzSoapCompactArrayImp::expandIfNeeded(unsigned int position) {
     if (offset < size_) {
         return;
     }
-    const std::uint64_t block = blockOf(getBounds(), base_);
     // Room is made ahead once growCount_ has left 0, which only this does: the vector's own growth
     // serves all arrays.
-    if (items_.capacity() < growCount_ * block + items_.size()) {
-        items_.reserve(++growCount_ * block + items_.size());
+    if (items_.capacity() < growCount_ * block_ + items_.size()) {
+        items_.reserve(++growCount_ * block_ + items_.size());
     }
-    const std::uint64_t size = size_ + growthFor(offset, size_, block);
+    const std::uint64_t size = size_ + growthFor(offset, size_, block_);
     if (size > TzSoapArrayTypeImp::Largest) {
         throwTooLarge(namedBy(position));
     }
@@ -269,6 +269,7 @@ void TzSoapCompactArrayImp::doSetBounds(const Index& bounds) {
     items_.swap(reshaped.items());
     first_ = reshaped.first();
     base_ = reshaped.base();
+    block_ = reshaped.block();
     size_ = reshaped.size();
 }
 
@@ -278,7 +279,7 @@ void TzSoapCompactArrayImp::settle(unsigned int position, TzSoapParseContext& co
         context.returnUnfilledPositions(1);
         return;
     }
-    const std::uint64_t added = growthFor(offset, size_, blockOf(getBounds(), base_));
+    const std::uint64_t added = growthFor(offset, size_, block_);
     if (!context.takeUnfilledPositions(added - 1)) {
         throwTooLarge(namedBy(position));
     }

@@ -71,7 +71,8 @@ TzSoapSparseArrayImp::TzSoapSparseArrayImp(TzXmlName name, TzCString elementType
                                            const TzCString& bounds)
     : TzSoapSparseArrayImp(std::move(name), std::move(elementType), stringToVector(bounds, true)) {}
 
-TzSoapSparseArrayImp::TzSoapSparseArrayImp(TzXmlName name, TzCString elementType, Index bounds)
+TzSoapSparseArrayImp::TzSoapSparseArrayImp(TzXmlName name, TzCString elementType,
+                                           const Index& bounds)
     : TzSoapArrayTypeImp(std::move(name), std::move(elementType), bounds, Index(bounds.size())),
       template_(TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(nullptr))) {}
 
