@@ -142,7 +142,6 @@ void TzSoapArrayTypeImp::doSetBounds(const Index& bounds) {
     startIndex_.resize(bounds.size());
     bounds_.swap(installed);
     row_ = 0;
-    matrixEnd_ = 0;
     stepInitialized_ = false;
 }
 

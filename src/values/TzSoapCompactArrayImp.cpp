@@ -44,10 +44,8 @@ public:
         if (!TzSoapShape::contains(index, start_, bounds_)) {
             return;
         }
-        const std::uint64_t position = positionOf(index);
-        if (position < base_) {
-            return;
-        }
+        const std::uint64_t position =
+            positionOf(index); // not before the base, as the index is not
         grow(position - base_, index);
         if (items_.empty()) {
             first_ = position;

@@ -91,6 +91,16 @@ TEST(TzSoapCompactArray, StartsAtTheStartIndex) {
     EXPECT_EQ(array.entries(), 2U);
 }
 
+TEST(TzSoapCompactArray, StartIndexBoundsEveryAxis) {
+    TzSoapCompactArrayType array = filled({3, 3}, {1, 1});
+    const TzSoapCompactArrayType& constant = array;
+    EXPECT_EQ(textOf(array[Index{2, 1}]), "7");
+    EXPECT_EQ(textOf(array(Index{2, 0})), "6"); // stored, and yet before the start of its axis
+    expectOutOfRange([&array] { (void)array[Index{2, 0}]; }, "2 0", "1 1", "3 3");
+    expectOutOfRange([&constant] { (void)constant[Index{2, 0}]; }, "2 0", "1 1", "3 3");
+    expectOutOfRange([&array] { (void)array[Index{0, 2}]; }, "0 2", "1 1", "3 3");
+}
+
 TEST(TzSoapCompactArray, StartAtTheEndLeavesNothing) {
     TzSoapCompactArrayType array("xsd:int", Index{2, 3}, Index{2, 3});
     EXPECT_EQ(array.entries(), 0U);
@@ -300,6 +310,30 @@ TEST(TzSoapCompactArray, ReshapingKeepsItemsBehindTheBounds) {
     array(Index{8}) = valueOf("i");
     array.setBounds(Index{4});
     EXPECT_EQ(textsOf(array), "0 1 2 -");
+}
+
+TEST(TzSoapCompactArray, ReshapedArraysGrowByTheirNewBlock) {
+    TzSoapCompactArrayType array = filled({3});
+    array.setBounds(Index{5});
+    array(5) = valueOf("f");
+    EXPECT_EQ(array.entries(), 11U);
+    EXPECT_EQ(textsOf(array), "0 1 2 - - f - - - - -");
+}
+
+TEST(TzSoapCompactArray, CheckingFormsFollowTheShape) {
+    TzSoapCompactArrayType array = filled({2, 3});
+    EXPECT_EQ(textOf(array[Index{1, 2}]), "5");
+    array(Index{2, 0}) = valueOf("behind"); // stored, but not of the shape
+    expectOutOfRange([&array] { (void)array[Index{2, 0}]; }, "2 0", "0 0", "2 3");
+    expectOutOfRange([&array] { (void)array[Index{0, 4}]; }, "0 4", "0 0", "2 3");
+    EXPECT_EQ(textOf(array(Index{0, 4})), "4");
+    array.setBounds(Index{3, 2});
+    expectOutOfRange([&array] { (void)array[Index{0, 2}]; }, "0 2", "0 0", "3 2");
+    EXPECT_EQ(textOf(array[Index{2, 0}]), "behind");
+    array.setBounds(Index{0, 2});
+    EXPECT_EQ(textOf(array[Index{2, 0}]), "behind");
+    array[Index{7, 1}] = valueOf("open");
+    EXPECT_EQ(textOf(array[Index{7, 1}]), "open");
 }
 
 TEST(TzSoapCompactArray, ReshapingThatFailsChangesNothing) {
