@@ -66,6 +66,7 @@ void TzSoapOutput::write(TzSoapConstVisitor& visitor, const TzSoapBody& body) {
     const TzSoapOutputFlag standalone(*this, &TzSoapTagOutput::setStandalone, !isInEnvelope());
     const Element element(*this, part.getAttributeSet());
     collectPart(part.getName(), part);
+    collectBodyProperties(part);
     const TagName tag = partName(part.getName());
     startBlock(tag);
     if (part.hasSoapFault()) {

@@ -67,6 +67,13 @@ public:
     void write(TzSoapConstVisitor& visitor, const TzSoapCompactArrayType& array);
     void write(TzSoapConstVisitor& visitor, const TzSoapSparseArrayType& array);
 
+protected:
+    /// The name on a fault's tag.
+    TagName faultName(const TzSoapFaultImp& fault) const;
+    /// Writes the subcodes of the fault named `name` from `first` on, each within the one before.
+    void writeSubcodes(const TagName& name, const TzSoapFaultImp& fault, unsigned int first,
+                       unsigned int count);
+
 private:
     /// Whether a value is written in the encoding of SOAP, and says so.
     enum class Encoding : bool { None, Soap };
@@ -98,13 +105,11 @@ private:
     void writePlaceholder();
 
     // Faults
-    TagName faultName(const TzSoapFaultImp& fault) const;
     TagName faultPart(const TagName& fault, TzSoapVersion::SoapElement element) const;
     void declareForFault(const TagName& name, const TzSoapFaultImp& fault);
     void writeFaultParts(TzSoapConstVisitor& visitor, const TagName& name,
                          const TzSoapFaultImp& fault);
     void writeNestedCode(const TagName& name, const TzSoapFaultImp& fault);
-    void writeSubcodes(const TagName& name, const TzSoapFaultImp& fault);
     void writeDottedCode(const TagName& name, const TzSoapFaultImp& fault);
     void writeDetail(TzSoapConstVisitor& visitor, const TagName& name, const TzSoapFaultImp& fault);
     void writeLine(const TagName& name, std::string_view content);

@@ -78,15 +78,16 @@ void TzSoapOutput::writeNestedCode(const TagName& name, const TzSoapFaultImp& fa
     text().writeNewLine();
     text().incrementIndent();
     writeLine(faultPart(name, TzSoapVersion::FaultValue), fault.getCode().asString());
-    writeSubcodes(name, fault);
+    writeSubcodes(name, fault, 0, fault.getSubcodeCount());
     endBlock(code);
 }
 
-void TzSoapOutput::writeSubcodes(const TagName& name, const TzSoapFaultImp& fault) {
+void TzSoapOutput::writeSubcodes(const TagName& name, const TzSoapFaultImp& fault,
+                                 unsigned int first, unsigned int count) {
     const TagName subcode = faultPart(name, TzSoapVersion::FaultSubcode);
     const TagName value = faultPart(name, TzSoapVersion::FaultValue);
-    checkDepth(fault.getSubcodeCount());
-    for (unsigned int i = 0; i < fault.getSubcodeCount(); ++i) {
+    checkDepth(count);
+    for (unsigned int i = first; i < count; ++i) {
         const TzXmlName& code = fault.getSubcode(i);
         text().write(TzXmlWriter::StartTag);
         writeName(subcode);
@@ -101,7 +102,7 @@ void TzSoapOutput::writeSubcodes(const TagName& name, const TzSoapFaultImp& faul
         text().incrementIndent();
         writeLine(value, code.asString());
     }
-    for (unsigned int i = 0; i < fault.getSubcodeCount(); ++i) {
+    for (unsigned int i = first; i < count; ++i) {
         endBlock(subcode);
     }
 }

@@ -202,7 +202,7 @@ void TzSoapOutput::write(const TzSoapReferenceType& reference) {
     const Element element(*this, body.getAttributeSet());
     qualifyName(body.getName());
     collectAttributes(static_cast<const TzSoapTypeImp&>(body));
-    renameReference(body.isSoapReference() ? TzSoapVersion::Ref : TzSoapVersion::Href);
+    renameReference(body);
     qualifyStyle();
     writeEmpty(tagName(body.getName()), body);
     if (body.hasReference()) {

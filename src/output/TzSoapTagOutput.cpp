@@ -3,6 +3,7 @@
 
 #include <soap/TzSoapArrayTypeImp.h>
 #include <soap/TzSoapElementImp.h>
+#include <soap/TzSoapReferenceTypeImp.h>
 #include <soap/TzSoapTypeImp.h>
 #include <tz/tools/TzMessage.h>
 #include <tz/xml/TzThrow.h>
@@ -12,23 +13,16 @@
 
 namespace {
 
-/// How values without name are called.
-constexpr std::string_view UnnamedLocalName = "unnamed";
-
 /// The attribute that states a type, around its value.
 constexpr std::string_view BriefTypeOpen = " xsi:type=\"";
 constexpr std::string_view BriefTypeClose = "\">";
-
-const TzXmlNamespace& unnamedNamespace() {
-    static const TzXmlNamespace unnamed("tznone", "urn:tz-soap:unnamed");
-    return unnamed;
-}
 
 } // namespace
 
 TzSoapTagOutput::Element::Element(TzSoapTagOutput& output)
     : output_(output), indentation_(output.text().getIndentation()),
-      scopes_(output.state().namespaces.depth()), styles_(output.state().styles.size()) {
+      scopes_(output.state().namespaces.depth()), styles_(output.state().styles.size()),
+      outerScopes_(output.outerScopes_), outerStyles_(output.outerStyles_) {
     output.open();
 }
 
@@ -41,6 +35,8 @@ TzSoapTagOutput::Element::Element(TzSoapTagOutput& output, const TzXmlAttributeS
 
 TzSoapTagOutput::Element::~Element() {
     output_.close(scopes_, styles_);
+    output_.outerScopes_ = outerScopes_;
+    output_.outerStyles_ = outerStyles_;
     output_.text().setIndentation(indentation_);
 }
 
@@ -108,8 +104,14 @@ const TzCString& TzSoapTagOutput::encodingPrefix() const {
                                           : state_->encodingPrefix;
 }
 
+const TzXmlName& TzSoapTagOutput::unnamedName() {
+    static const TzXmlName unnamed("unnamed", TzXmlNamespace("tznone", "urn:tz-soap:unnamed"));
+    return unnamed;
+}
+
 TzSoapTagOutput::TagName TzSoapTagOutput::unnamed() noexcept {
-    return {unnamedNamespace().getPrefix(), TzXmlWriter::Colon, UnnamedLocalName, true};
+    const TzXmlName& name = unnamedName();
+    return {name.getPrefix(), TzXmlWriter::Colon, name.getLocalName(), true};
 }
 
 void TzSoapTagOutput::declare(const TzXmlNamespace& declared) {
@@ -171,9 +173,11 @@ void TzSoapTagOutput::collectAttributes(const TzSoapTypeImp& value) {
     }
 }
 
+void TzSoapTagOutput::collectBodyProperties(const TzSoapElementImp&) {}
+
 void TzSoapTagOutput::collectPosition() {
     if (!position_.empty()) {
-        collectSoap(TzSoapVersion::Position, std::exchange(position_, {}));
+        collectSoap(TzSoapVersion::Position, state_->attributes.keep(std::exchange(position_, {})));
     }
 }
 
@@ -203,11 +207,15 @@ void TzSoapTagOutput::collectOwn(const TzXmlAttribute& attribute, bool styleStat
     }
 }
 
+bool TzSoapTagOutput::isOfOtherVersion(const TzXmlName& name,
+                                       TzSoapVersion::SoapAttribute& attribute) const {
+    TzSoapVersion::Version found{};
+    return TzSoapVersion::isSoapAttribute(name, attribute, found) && found != version();
+}
+
 bool TzSoapTagOutput::collectOfOtherVersion(const TzXmlAttribute& attribute, bool styleStated) {
     TzSoapVersion::SoapAttribute which{};
-    TzSoapVersion::Version found{};
-    if ((!inEnvelope_ && !standalone_) ||
-        !TzSoapVersion::isSoapAttribute(attribute.getName(), which, found) || found == version()) {
+    if ((!inEnvelope_ && !standalone_) || !isOfOtherVersion(attribute.getName(), which)) {
         return false;
     }
     if (which != TzSoapVersion::EncodingStyle) {
@@ -219,13 +227,10 @@ bool TzSoapTagOutput::collectOfOtherVersion(const TzXmlAttribute& attribute, boo
 }
 
 void TzSoapTagOutput::collectProperties(const TzSoapTypeImp& value) {
-    TzSoapTagAttributes& attributes = state_->attributes;
-    if (value.isRootAttributeSet()) {
-        collectSoap(TzSoapVersion::Root, attributes.keep(value.getRootAttribute()));
-    }
+    collectRoot(value);
     if (value.getMustUnderstand()) {
         collectSoap(TzSoapVersion::MustUnderstand,
-                    attributes.keep(value.getMustUnderstandAttribute(version())));
+                    state_->attributes.keep(value.getMustUnderstandAttribute(version())));
     }
 }
 
@@ -237,7 +242,7 @@ void TzSoapTagOutput::collectType(const TzXmlName& type) {
     }
 }
 
-void TzSoapTagOutput::collectShape(TzSoapArrayTypeImp& array) {
+void TzSoapTagOutput::collectShape(const TzSoapArrayTypeImp& array) {
     // A version has either the one or the other two of these; what it has not is left out.
     TzSoapTagAttributes& attributes = state_->attributes;
     collectSoap(TzSoapVersion::ItemType, array.getElementType());
@@ -261,10 +266,18 @@ void TzSoapTagOutput::collectSchemaInstance(const TzXmlName& name, std::string_v
     state.attributes.addMade({&name, prefix, value});
 }
 
-void TzSoapTagOutput::renameReference(TzSoapVersion::SoapAttribute attribute) {
+void TzSoapTagOutput::renameReference(const TzSoapReferenceTypeImp& reference) {
+    const TzSoapVersion::SoapAttribute attribute =
+        reference.isSoapReference() ? TzSoapVersion::Ref : TzSoapVersion::Href;
     const TzXmlName& latest =
         TzSoapVersion::getLatestSoapVersion().getSoapAttributeQName(attribute);
     state_->attributes.rename(latest, soap_->getSoapAttributeQName(attribute));
+}
+
+void TzSoapTagOutput::collectRoot(const TzSoapElementImp& element) {
+    if (element.isRootAttributeSet()) {
+        collectSoap(TzSoapVersion::Root, state_->attributes.keep(element.getRootAttribute()));
+    }
 }
 
 void TzSoapTagOutput::collectSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value) {
@@ -284,7 +297,7 @@ std::string_view TzSoapTagOutput::soapPrefix(const TzXmlName& name) const {
 std::string_view TzSoapTagOutput::boundPrefix(std::string_view prefix, const TzXmlName& name) {
     const TzCString& uri = name.getUri();
     const TzCString& bound = uriForPrefix(prefix);
-    if (bound == uri) {
+    if (bound == uri || uri.empty()) {
         return prefix;
     }
     if (bound.empty()) {
@@ -335,20 +348,21 @@ bool TzSoapTagOutput::isBrief(const TagName& tag, const TzXmlName& name, const T
     return true;
 }
 
-void TzSoapTagOutput::writeStartTag(const TagName& name) {
-    text_->writeMarkup(TzXmlWriter::StartTag, name.prefix, name.colon, name.local);
+void TzSoapTagOutput::writeElementName(const TagName& name) {
+    writeName(name);
     if (name.unnamed) {
-        declare(unnamedNamespace());
+        declare(unnamedName().getNamespace());
     }
-    if (state_->namespaces.depth() != outerScopes_) {
-        writeDeclarations();
-    }
+}
+
+void TzSoapTagOutput::writeStartTag(const TagName& name) {
+    text_->writeMarkup(TzXmlWriter::StartTag);
+    writeElementName(name);
+    writeDeclarations();
     if (isStyleStated()) {
         writeStyle();
     }
-    for (const TzSoapTagAttributes::Attribute& each : state_->attributes) {
-        text_->writeQualifiedAttribute(each.prefix, each.name->getLocalName(), each.value);
-    }
+    writeAttributes();
 }
 
 void TzSoapTagOutput::writeEndTag(const TagName& name) {
@@ -357,6 +371,9 @@ void TzSoapTagOutput::writeEndTag(const TagName& name) {
 }
 
 void TzSoapTagOutput::writeDeclarations() {
+    if (state_->namespaces.depth() == outerScopes_) {
+        return;
+    }
     const TzXmlNamespace& xmlns = TzXmlNamespace::getXmlns();
     for (const TzXmlNamespace& each : state_->namespaces) {
         if (each.getPrefix().empty()) {
@@ -364,5 +381,11 @@ void TzSoapTagOutput::writeDeclarations() {
         } else if (!each.sameUri(xmlns)) {
             text_->writeQualifiedAttribute(xmlns.getPrefix(), each.getPrefix(), each.getUri());
         }
+    }
+}
+
+void TzSoapTagOutput::writeAttributes() {
+    for (const TzSoapTagAttributes::Attribute& each : state_->attributes) {
+        text_->writeQualifiedAttribute(each.prefix, each.name->getLocalName(), each.value);
     }
 }

@@ -18,6 +18,7 @@
 
 class TzSoapArrayTypeImp;
 class TzSoapElementImp;
+class TzSoapReferenceTypeImp;
 class TzSoapTypeImp;
 
 /// Writes tags: collects the declarations and attributes of an element and its encoding style,
@@ -67,6 +68,8 @@ public:
         std::size_t indentation_;
         std::size_t scopes_;
         std::size_t styles_;
+        std::size_t outerScopes_;
+        std::size_t outerStyles_;
     };
 
     /// An output to `text`, for the latest version, with a state of its own.
@@ -111,6 +114,8 @@ public:
     const TzCString& uriForPrefix(std::string_view prefix) const noexcept {
         return state_->namespaces.getURIForPrefix(prefix);
     }
+    /// How values without name are called.
+    static const TzXmlName& unnamedName();
     /// The name on the tag of an element named `name`.
     static TagName tagName(const TzXmlName& name) noexcept {
         const TzCString& prefix = name.getPrefix();
@@ -136,14 +141,16 @@ public:
     void collectAttributes(const TzSoapElementImp& element);
     /// Collects the attributes of a value, its style and its position in a sparse array.
     void collectAttributes(const TzSoapTypeImp& value);
+    /// Collects what the body of a message has beside that.
+    virtual void collectBodyProperties(const TzSoapElementImp& body);
     /// Collects the attributes that an array has beside those of every value.
-    void collectShape(TzSoapArrayTypeImp& array);
+    void collectShape(const TzSoapArrayTypeImp& array);
     /// Collects the position in a sparse array, if there is one.
     void collectPosition();
     /// Collects the xsi attribute `name`.
     void collectSchemaInstance(const TzXmlName& name, std::string_view value);
-    /// Spells the reference attribute as this version names it.
-    void renameReference(TzSoapVersion::SoapAttribute attribute);
+    /// Spells the attribute of a reference, collected before, as this version names it.
+    void renameReference(const TzSoapReferenceTypeImp& reference);
     /// States the version's own style unless the element or one around it states a style already.
     void ensureStyle();
     /// Declares what the style attribute needs; to be called when all else is collected.
@@ -159,7 +166,7 @@ public:
         }
     }
     /// The next value stands at `position` of a sparse array; "" for any other value.
-    void setPosition(std::string_view position) noexcept { position_ = position; }
+    void setPosition(std::string_view position) { position_ = position; }
 
     /// Writes a name.
     void writeName(const TagName& name) { text_->writeMarkup(name.prefix, name.colon, name.local); }
@@ -168,6 +175,12 @@ public:
     /// that collecting would yield. `typeIsPlain` when the type is known to need no escaping.
     bool isBrief(const TagName& tag, const TzXmlName& name, const TzSoapTypeImp& value,
                  bool typeIsPlain, BriefStart& brief) const;
+    /// Writes the name of an element; one for a value without name is declared on this tag.
+    void writeElementName(const TagName& name);
+    /// Writes the declarations made for the tag being prepared.
+    void writeDeclarations();
+    /// Writes the collected attributes.
+    void writeAttributes();
     /// Writes a start tag without its end: name, declarations, attributes.
     void writeStartTag(const TagName& name);
     /// Writes an end tag and ends the line.
@@ -184,10 +197,17 @@ protected:
     std::string_view outerStyle() const noexcept { return state_->styles.inForce(outerStyles_); }
     /// Makes `style` the one that the element states.
     void setOwnStyle(std::string_view style);
+    /// Collects root when it is set.
+    void collectRoot(const TzSoapElementImp& element);
     /// Collects an attribute of SOAP; nothing happens where the version has no such attribute.
     void collectSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value);
     /// The prefix for an attribute of SOAP named `name` by the version's table.
     std::string_view soapPrefix(const TzXmlName& name) const;
+    /// Whether `name` is an attribute of SOAP as another version than that written names it.
+    bool isOfOtherVersion(const TzXmlName& name, TzSoapVersion::SoapAttribute& attribute) const;
+    /// The prefix to spell an attribute named `name` with, declared where it has to be: `prefix`,
+    /// or one made from it when that is bound to another namespace. Valid until the next tag.
+    std::string_view boundPrefix(std::string_view prefix, const TzXmlName& name);
 
 private:
     static constexpr std::uint64_t NeverEncoded = ~std::uint64_t{0};
@@ -216,15 +236,12 @@ private:
     void collectProperties(const TzSoapTypeImp& value);
     void collectType(const TzXmlName& type);
     bool needsDeclaration(const TzXmlName& name) const noexcept;
-    std::string_view boundPrefix(std::string_view prefix, const TzXmlName& name);
     const TzCString& encodingPrefix() const;
-    void writeDeclarations();
-    void writeAttributes();
 
     TzXmlWriter* text_;
     const TzSoapVersion* soap_;
     std::shared_ptr<TzSoapOutputState> state_;
-    std::string_view position_;
+    TzCString position_;
     std::size_t outerScopes_ = 0;
     std::size_t outerStyles_ = 0;
     std::uint64_t encodedAt_ = NeverEncoded; // where the styles put that of this version in force

@@ -2,14 +2,17 @@
 #include <soap/TzSoapWriter.h>
 
 #include <soap/TzSoapBody.h>
+#include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapFault.h>
 #include <soap/TzSoapHeader.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapReferenceType.h>
+#include <soap/TzSoapSparseArrayType.h>
 #include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimeMultipart.h>
 #include <tz/mime/TzMimePart.h>
+#include <tz/xml/TzXmlDomainError.h>
 #include <tz/xml/TzXmlError.h>
 
 #include "output/WireText.h"
@@ -201,6 +204,31 @@ TEST(TzSoapWriter, ElementsWriteThemselves) {
     EXPECT_EQ(intValue("b", 2).asString(), wire(intValue("b", 2)));
 }
 
+/// What is written by a writer of a derived class for `levels` arrays within each other.
+std::string deepArrays(unsigned int levels) {
+    TzSoapType value = intValue("i", 1);
+    for (unsigned int level = 1; level < levels; ++level) {
+        if (level % 2 == 0) {
+            TzSoapCompactArrayType array(TzXmlName("c"), "t:a", 1, 0);
+            array(0) = value;
+            value = array;
+        } else {
+            TzSoapSparseArrayType array(TzXmlName("s"), "t:a", 1);
+            array(0) = value;
+            value = array;
+        }
+    }
+    TzXmlStringWriter text;
+    HookWriter writer(&text, {});
+    value.acceptVisitor(writer);
+    return text.getString();
+}
+
+TEST(TzSoapWriter, WritesArraysUpToTheDepthLimit) {
+    EXPECT_NE(deepArrays(TzSoapWriter::DepthLimit).find("<i"), std::string::npos);
+    EXPECT_THROW(deepArrays(TzSoapWriter::DepthLimit + 1), TzXmlDomainError);
+}
+
 TEST(TzSoapWriter, AllocatesNothingPerElement) {
     const auto allocations = [](int members) {
         TzSoapCompositeType array("s");
@@ -222,6 +250,47 @@ TEST(TzSoapWriter, AllocatesNothingPerElement) {
     };
     // Only the text itself grows.
     EXPECT_LE(allocations(2000), allocations(20) + 2);
+}
+
+TEST(TzSoapWriter, UsualValuesAreWrittenAsAllOthers) {
+    // The first value of each kind has something to declare, the others take the short way.
+    TzSoapCompositeType outer(TzXmlName("o", TzXmlNamespace("t", "urn:t")));
+    for (int i = 0; i < 2; ++i) {
+        TzSoapCompositeType inner(TzXmlName("s", TzXmlNamespace("t", "urn:t")));
+        inner.setTypeAttribute(TzXmlName("S", TzXmlNamespace("t", "urn:t")));
+        inner.appendChild(TzSoapSimpleType("a", "x<y", TzSoapType::xsdString, true));
+        inner.appendChild(TzSoapSimpleType(TzXmlName("b", TzXmlNamespace("u", "urn:u")), "z",
+                                           TzSoapType::xsdString, false));
+        TzSoapSimpleType odd("c", "", TzSoapType::xsdString, false);
+        odd.setTypeAttribute(TzXmlName("<&\""));
+        inner.appendChild(odd);
+        TzSoapSimpleType raw("d", "<e/>", TzSoapType::xsdString, true);
+        raw.setEscapeText(TzSoapType::EscapeOff);
+        inner.appendChild(raw);
+        outer.appendChild(inner);
+    }
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    message.getSoapBody().appendEntry(outer);
+    EXPECT_EQ(wire(message),
+              R"(<SOAP-ENV:Envelope xmlns:SOAP-ENV="http://schemas.xmlsoap.org/soap/envelope/">
+  <SOAP-ENV:Body>
+    <t:o xmlns:t="urn:t" SOAP-ENV:encodingStyle="http://schemas.xmlsoap.org/soap/encoding/">
+      <t:s xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xsi:type="t:S">
+        <a xsi:type="xsd:string">x&lt;y</a>
+        <u:b xmlns:u="urn:u">z</u:b>
+        <c xsi:type="&lt;&amp;&quot;"></c>
+        <d xsi:type="xsd:string"><e/></d>
+      </t:s>
+      <t:s xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xsi:type="t:S">
+        <a xsi:type="xsd:string">x&lt;y</a>
+        <u:b xmlns:u="urn:u">z</u:b>
+        <c xsi:type="&lt;&amp;&quot;"></c>
+        <d xsi:type="xsd:string"><e/></d>
+      </t:s>
+    </t:o>
+  </SOAP-ENV:Body>
+</SOAP-ENV:Envelope>
+)");
 }
 
 TEST(TzSoapWriter, GivesEverythingBackWhenMemoryIsShort) {

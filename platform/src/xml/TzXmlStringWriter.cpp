@@ -6,6 +6,19 @@
 // The base only keeps the address of the text, which is made after it.
 TzXmlStringWriter::TzXmlStringWriter() noexcept : TzXmlWriter(text_) {}
 
+TzXmlStringWriter::TzXmlStringWriter(const TzXmlStringWriter& other)
+    : TzXmlWriter(text_), text_(other.getString()) {
+    standAs(other);
+}
+
+TzXmlStringWriter& TzXmlStringWriter::operator=(const TzXmlStringWriter& other) {
+    if (this != &other) {
+        setString(other.getString());
+        standAs(other);
+    }
+    return *this;
+}
+
 TzXmlStringWriter::~TzXmlStringWriter() = default;
 
 TzCString TzXmlStringWriter::takeString() {

@@ -10,6 +10,10 @@ class TZ_PLATFORM_API TzXmlStringWriter : public TzXmlWriter {
 public:
     /// A writer with an empty text.
     TzXmlStringWriter() noexcept;
+    /// A writer with a copy of the text, which stands where `other` does.
+    TzXmlStringWriter(const TzXmlStringWriter& other);
+    /// Takes a copy of the text over and stands where `other` does.
+    TzXmlStringWriter& operator=(const TzXmlStringWriter& other);
     ~TzXmlStringWriter() override;
 
     /// The text written so far; valid until the next write.

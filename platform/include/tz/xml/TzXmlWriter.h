@@ -103,6 +103,12 @@ protected:
         used_ = 0;
         indentDue_ = false;
     }
+    /// Goes on where `other` stands: at its indentation, at the beginning of a line if it does.
+    void standAs(const TzXmlWriter& other) noexcept {
+        indentation_ = other.indentation_;
+        step_ = other.step_;
+        indentDue_ = other.indentDue_;
+    }
 
 private:
     void indentIfDue() {

@@ -1,0 +1,596 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapSerializer.h>
+
+#include <soap/TzSoapCompactArrayType.h>
+#include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapFault.h>
+#include <soap/TzSoapHeader.h>
+#include <soap/TzSoapMisunderstoodType.h>
+#include <soap/TzSoapReferenceType.h>
+#include <soap/TzSoapSparseArrayType.h>
+#include <soap/TzSoapUserDefinedType.h>
+#include <soap/TzSoapUserDefinedTypeImp.h>
+#include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeMultipart.h>
+#include <tz/mime/TzMimePart.h>
+#include <tz/xml/TzXmlAttribute.h>
+#include <tz/xml/TzXmlBadArgError.h>
+#include <tz/xml/TzXmlInternalError.h>
+#include <tz/xml/TzXmlProlog.h>
+
+#include "model/TzSoapAccess.h"
+#include "output/WireText.h"
+#include "support/AllocationFailure.h"
+#include "support/CataloguedError.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+constexpr char Env11[] = "http://schemas.xmlsoap.org/soap/envelope/";
+constexpr char Enc11[] = "http://schemas.xmlsoap.org/soap/encoding/";
+constexpr char Env12[] = "http://www.w3.org/2002/06/soap-envelope";
+constexpr char Enc12[] = "http://www.w3.org/2002/06/soap-encoding";
+
+template <typename Element> std::string serialized(const Element& element) {
+    TzSoapSerializer serializer;
+    element.acceptVisitor(serializer);
+    return serializer.getSerializedString();
+}
+
+TzXmlName nameIn(const char* local, const char* prefix, const char* uri) {
+    return {local, TzXmlNamespace(prefix, uri)};
+}
+
+/// A message with something of every kind.
+TzSoapMessage everything(TzSoapVersion::Version version) {
+    TzSoapSimpleType shared("shared", "text & more", TzSoapType::xsdString, true);
+    shared.setIdAttribute("i");
+    TzSoapCompositeType order(nameIn("order", "t", "urn:t"));
+    order.setTypeAttribute(nameIn("Order", "t", "urn:t"));
+    order.appendChild(TzSoapSimpleType("price", 1.5, TzSoapType::xsdDouble, true));
+    order.appendChild(TzSoapReferenceType(TzXmlName("ref1"), shared));
+    order.appendChild(TzSoapSimpleType(TzXmlName(), 1, TzSoapType::xsdInt, false));
+    TzSoapCompactArrayType array(TzXmlName("array"), "xsd:int", 3, 0);
+    array(0) = intValue("i", 1);
+    array(2) = intValue("i", 3);
+    TzSoapSparseArrayType sparse(TzXmlName("sparse"), "xsd:int", 9);
+    sparse[4] = intValue("i", 4);
+    TzSoapMessage message = encodedMessage(version, {order, array, sparse, TzSoapType("generic")});
+    message.setProlog(TzXmlProlog());
+    message.getSoapHeader().appendHeaderEntry(intValue("h", 1), true, "urn:actor");
+    TzSoapFault& fault = message.getSoapBody().getSoapFault();
+    fault.setCode(message.getSoapVersion().getFaultCode(TzSoapVersion::Server));
+    fault.setReason("why");
+    fault.addFaultCodeQualifier("sub");
+    fault.addDetailEntry("d", intValue("x", 5));
+    return message;
+}
+
+/// `text` behind the start tag of its envelope, or that start tag.
+std::string content(const std::string& text) {
+    return text.substr(text.find('>', text.find("Envelope")));
+}
+std::string envelopeTag(const std::string& text) {
+    const std::size_t begin = text.find('<', 1);
+    return text.substr(begin, text.find('>', begin) + 1 - begin);
+}
+
+TEST(TzSoapSerializer, WritesWhatTheWriterWrites) {
+    for (const auto version : {TzSoapVersion::V1_1, TzSoapVersion::V1_2}) {
+        const TzSoapMessage message = everything(version);
+        EXPECT_EQ(content(serialized(message)), content(wire(message)));
+        EXPECT_GT(content(wire(message)).size(), 1000U);
+    }
+    // An element's own declarations come first.
+    EXPECT_EQ(
+        envelopeTag(serialized(everything(TzSoapVersion::V1_2))),
+        R"(<env:Envelope xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xmlns:xsd="http://www.w3.org/2001/XMLSchema" xmlns:env="http://www.w3.org/2002/06/soap-envelope" env:encodingStyle="http://www.w3.org/2002/06/soap-encoding">)");
+    EXPECT_EQ(
+        envelopeTag(wire(everything(TzSoapVersion::V1_2))),
+        R"(<env:Envelope xmlns:env="http://www.w3.org/2002/06/soap-envelope" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xmlns:xsd="http://www.w3.org/2001/XMLSchema" env:encodingStyle="http://www.w3.org/2002/06/soap-encoding">)");
+}
+
+TEST(TzSoapSerializer, ReadsBackAsWhatTheWriterWrote) {
+    for (const auto version : {TzSoapVersion::V1_1, TzSoapVersion::V1_2}) {
+        const TzSoapMessage message = everything(version);
+        TzSoapMessage fromWriter;
+        fromWriter.extract(wire(message));
+        TzSoapMessage fromSerializer;
+        fromSerializer.extract(serialized(message));
+        EXPECT_EQ(fromSerializer.getVersion(), version);
+        EXPECT_EQ(fromSerializer.getSoapHeader().asString(), fromWriter.getSoapHeader().asString());
+        EXPECT_EQ(fromSerializer.getSoapBody().asString(), fromWriter.getSoapBody().asString());
+        EXPECT_EQ(fromSerializer.getEncodingStyleAttribute(),
+                  fromWriter.getEncodingStyleAttribute());
+        EXPECT_EQ(fromSerializer.attributeCount(), fromWriter.attributeCount());
+    }
+}
+
+TEST(TzSoapSerializer, LeavesAStyleInForceOut) {
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    message.getSoapBody().setEncodingStyle(Enc11);
+    TzSoapSimpleType repeated = intValue("r", 3);
+    repeated.setEncodingStyle(Enc11);
+    TzSoapCompositeType foreign("f");
+    foreign.setEncodingStyle("urn:other");
+    TzSoapSimpleType inner = intValue("i", 4);
+    inner.setEncodingStyle("urn:other");
+    foreign.appendChild(inner);
+    foreign.appendChild(intValue("j", 5));
+    message.getSoapBody().appendEntry(repeated);
+    message.getSoapBody().appendEntry(foreign);
+    EXPECT_EQ(serialized(message),
+              R"(<SOAP-ENV:Envelope xmlns:SOAP-ENV="http://schemas.xmlsoap.org/soap/envelope/">
+  <SOAP-ENV:Body SOAP-ENV:encodingStyle="http://schemas.xmlsoap.org/soap/encoding/">
+    <r>3</r>
+    <f SOAP-ENV:encodingStyle="urn:other">
+      <i>4</i>
+      <j SOAP-ENV:encodingStyle="http://schemas.xmlsoap.org/soap/encoding/">5</j>
+    </f>
+  </SOAP-ENV:Body>
+</SOAP-ENV:Envelope>
+)");
+    EXPECT_EQ(
+        serialized(repeated),
+        R"(<r xmlns:env="http://www.w3.org/2002/06/soap-envelope" env:encodingStyle="http://schemas.xmlsoap.org/soap/encoding/">3</r>
+)");
+}
+
+TEST(TzSoapSerializer, MembersDoNotRepeatTheStyleThatAValueGot) {
+    TzSoapCompositeType outer("o");
+    outer.appendChild(intValue("a", 1));
+    EXPECT_EQ(
+        serialized(outer),
+        R"(<o xmlns:env="http://www.w3.org/2002/06/soap-envelope" env:encodingStyle="http://www.w3.org/2002/06/soap-encoding">
+  <a>1</a>
+</o>
+)");
+}
+
+TEST(TzSoapSerializer, WritesTheStyleAtItsPlace) {
+    TzSoapSimpleType stated("a", 1, TzSoapType::xsdInt, true);
+    stated.addAttribute(TzXmlName("own"), "1");
+    stated.setEncodingStyle("urn:s");
+    stated.setRoot(true);
+    TzSoapSimpleType ensured = stated;
+    EXPECT_EQ(
+        serialized(stated),
+        R"(<a xmlns:env="http://www.w3.org/2002/06/soap-envelope" xmlns:enc="http://www.w3.org/2002/06/soap-encoding" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" own="1" env:encodingStyle="urn:s" enc:root="1" xsi:type="xsd:int">1</a>
+)");
+    ensured.removeEncodingStyleAttribute();
+    EXPECT_EQ(
+        serialized(ensured),
+        R"(<a xmlns:enc="http://www.w3.org/2002/06/soap-encoding" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xmlns:env="http://www.w3.org/2002/06/soap-envelope" own="1" enc:root="1" xsi:type="xsd:int" env:encodingStyle="http://www.w3.org/2002/06/soap-encoding">1</a>
+)");
+}
+
+TEST(TzSoapSerializer, WritesTheRootOfABody) {
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    message.setEncodingStyle(Enc11);
+    message.setRoot(true);
+    message.getSoapBody().setRoot(true);
+    message.getSoapHeader().setRoot(true);
+    message.getSoapHeader().appendHeaderEntry(intValue("h", 1), false);
+    EXPECT_EQ(
+        serialized(message),
+        R"(<SOAP-ENV:Envelope xmlns:SOAP-ENV="http://schemas.xmlsoap.org/soap/envelope/" SOAP-ENV:encodingStyle="http://schemas.xmlsoap.org/soap/encoding/">
+  <SOAP-ENV:Header>
+    <h>1</h>
+  </SOAP-ENV:Header>
+  <SOAP-ENV:Body xmlns:SOAP-ENC="http://schemas.xmlsoap.org/soap/encoding/" SOAP-ENC:root="1">
+  </SOAP-ENV:Body>
+</SOAP-ENV:Envelope>
+)");
+}
+
+TEST(TzSoapSerializer, DeclaresWhatAnElementDeclaresFirst) {
+    TzSoapCompositeType outer(nameIn("o", "p", "urn:p"));
+    TzSoapType inner(nameIn("i", "p", "urn:q"));
+    inner.addNamespaceAttribute("p", "urn:q");
+    inner.addNamespaceAttribute("empty", "");
+    inner.addAttribute(nameIn("a", "p", "urn:p"), "1");
+    inner.addAttribute(nameIn("b", "p9", "urn:b"), "2");
+    inner.addAttribute(nameIn("c", "p9", "urn:c"), "3");
+    outer.appendChild(inner);
+    EXPECT_EQ(
+        serialized(outer),
+        R"(<p:o xmlns:p="urn:p" xmlns:env="http://www.w3.org/2002/06/soap-envelope" env:encodingStyle="http://www.w3.org/2002/06/soap-encoding">
+  <p:i xmlns:p="urn:q" xmlns:p1="urn:p" xmlns:p9="urn:b" xmlns:p10="urn:c" p1:a="1" p9:b="2" p10:c="3">
+  </p:i>
+</p:o>
+)");
+}
+
+TEST(TzSoapSerializer, TakesADefaultNamespaceBack) {
+    TzSoapCompositeType outer(nameIn("o", "", "urn:o"));
+    TzSoapType inner("i");
+    inner.setDefaultNamespaceAttribute("");
+    outer.appendChild(inner);
+    EXPECT_NE(serialized(outer).find("<i xmlns=\"\">"), std::string::npos);
+}
+
+TEST(TzSoapSerializer, KeepsDefaultPrefixesOfTheLatestVersionWithoutAMessage) {
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    TzSoapFault& fault = message.getSoapBody().getSoapFault();
+    fault.setCode(message.getSoapVersion().getFaultCode(TzSoapVersion::Client));
+    EXPECT_EQ(
+        serialized(fault),
+        R"(<env:Fault xmlns:env="http://schemas.xmlsoap.org/soap/envelope/" xmlns:SOAP-ENV="http://schemas.xmlsoap.org/soap/envelope/">
+  <faultcode>SOAP-ENV:Client</faultcode>
+  <faultstring></faultstring>
+</env:Fault>
+)");
+    message.getSoapHeader().appendHeaderEntry(intValue("h", 1), true);
+    EXPECT_EQ(serialized(message.getSoapHeader()),
+              R"(<SOAP-ENV:Header xmlns:SOAP-ENV="http://schemas.xmlsoap.org/soap/envelope/">
+  <h xmlns:env="http://schemas.xmlsoap.org/soap/envelope/" env:mustUnderstand="1" env:encodingStyle="http://schemas.xmlsoap.org/soap/encoding/">1</h>
+</SOAP-ENV:Header>
+)");
+}
+
+TEST(TzSoapSerializer, WritesFaultAndBodyOnTheirOwn) {
+    TzSoapFault fault;
+    fault.setCode(nameIn("Mine", "m", "urn:m"));
+    fault.addSubcode(nameIn("a", "p", "urn:p"));
+    fault.addSubcode(nameIn("b", "p", "urn:p"));
+    EXPECT_EQ(serialized(fault),
+              R"(<env:Fault xmlns:env="http://www.w3.org/2002/06/soap-envelope" xmlns:m="urn:m">
+  <env:Code>
+    <env:Value>m:Mine</env:Value>
+    <env:Subcode xmlns:p="urn:p">
+      <env:Value>p:a</env:Value>
+      <env:Subcode xmlns:p="urn:p">
+        <env:Value>p:b</env:Value>
+      </env:Subcode>
+    </env:Subcode>
+  </env:Code>
+  <env:Reason></env:Reason>
+</env:Fault>
+)");
+    TzSoapMessage message;
+    message.getSoapBody().appendEntry(intValue("a", 1));
+    EXPECT_EQ(serialized(message.getSoapBody()),
+              R"(<env:Body xmlns:env="http://www.w3.org/2002/06/soap-envelope">
+  <a env:encodingStyle="http://www.w3.org/2002/06/soap-encoding">1</a>
+</env:Body>
+)");
+}
+
+TEST(TzSoapSerializer, WritesAFaultReplyWithMisunderstoodEntries) {
+    TzSoapMessage reply;
+    reply.getSoapBody().getSoapFault().setCode(
+        reply.getSoapVersion().getFaultCode(TzSoapVersion::SoapFaultCode::MustUnderstand));
+    reply.getSoapHeader().appendHeaderEntry(TzSoapMisunderstoodType(nameIn("Lock", "a", "urn:1")),
+                                            false);
+    reply.getSoapHeader().appendHeaderEntry(TzSoapMisunderstoodType(nameIn("Key", "a", "urn:2")),
+                                            false);
+    const std::string expected =
+        R"(<env:Envelope xmlns:env="http://www.w3.org/2002/06/soap-envelope">
+  <env:Header>
+    <f:Misunderstood xmlns:a="urn:1" xmlns:f="http://www.w3.org/2002/06/soap-faults" qname="a:Lock"/>
+    <f:Misunderstood xmlns:a="urn:2" xmlns:f="http://www.w3.org/2002/06/soap-faults" qname="a:Key"/>
+  </env:Header>
+  <env:Body>
+    <env:Fault>
+      <env:Code>
+        <env:Value>env:MustUnderstand</env:Value>
+      </env:Code>
+      <env:Reason></env:Reason>
+    </env:Fault>
+  </env:Body>
+</env:Envelope>
+)";
+    EXPECT_EQ(serialized(reply), expected);
+    TzSoapMessage read;
+    read.extract(expected);
+    EXPECT_EQ(read.getSoapHeader().entryCount(), 2U);
+    EXPECT_EQ(serialized(read), expected);
+}
+
+TEST(TzSoapSerializer, RenamesAttributesOfTheOtherVersion) {
+    TzSoapMessage message;
+    TzSoapSimpleType entry = intValue("a", 1);
+    entry.addAttribute(nameIn("actor", "SOAP-ENV", Env11), "urn:a");
+    entry.addAttribute(nameIn("arrayType", "SOAP-ENC", Enc11), "xsd:int[1]");
+    entry.addAttribute(nameIn("encodingStyle", "SOAP-ENV", Env11), Enc12);
+    message.getSoapBody().appendEntry(entry);
+    EXPECT_EQ(serialized(message),
+              R"(<env:Envelope xmlns:env="http://www.w3.org/2002/06/soap-envelope">
+  <env:Body>
+    <a env:role="urn:a" env:encodingStyle="http://www.w3.org/2002/06/soap-encoding">1</a>
+  </env:Body>
+</env:Envelope>
+)");
+}
+
+TEST(TzSoapSerializer, CollectsParts) {
+    TzMimePart part;
+    part.insertHeader(TzMimeContentIdHeader("p1"));
+    part.setBody("bytes");
+    const TzSoapReferenceType attached(TzXmlName("a"), part);
+    TzSoapSerializer serializer;
+    attached.acceptVisitor(serializer);
+    const TzMimeMultipart one = serializer.getMultipart();
+    const TzSoapSerializer copy(serializer);
+    attached.acceptVisitor(serializer);
+    EXPECT_EQ(one.getPartCount(), 1U);
+    EXPECT_EQ(copy.getMultipart().getPartCount(), 1U);
+    EXPECT_EQ(serializer.getMultipart().getPartCount(), 2U);
+    EXPECT_EQ(serializer.getMultipart().getPart(1).getBody(), "bytes");
+    EXPECT_EQ(serializer.getSerializedString(), "<a href=\"cid:p1\"/>\n<a href=\"cid:p1\"/>\n");
+    EXPECT_EQ(copy.getSerializedString(), "<a href=\"cid:p1\"/>\n");
+}
+
+TEST(TzSoapSerializer, NamesItselfInInternalErrors) {
+    const auto broken = TzSoapAccess::handle<TzSoapUserDefinedType>(
+        new TzSoapUserDefinedTypeImp(TzXmlName("u"), "<abc"));
+    expectCatalogued<TzXmlInternalError>([&] { serialized(broken); }, 0x7013,
+                                         "[INTERNAL_ERROR][Internal Logic Error in file "
+                                         "\"TzSoapSerializer\", line \"669\" ]");
+}
+
+TEST(TzSoapSerializer, KeepsWhatWasWrittenBeforeAnError) {
+    TzSoapSerializer serializer;
+    intValue("a", 1).acceptVisitor(serializer);
+    const std::string before = serializer.getSerializedString();
+    const TzSoapSimpleType broken("b", std::string("\x01"), TzSoapType::xsdString, false);
+    EXPECT_THROW(broken.acceptVisitor(serializer), TzXmlBadArgError);
+    EXPECT_EQ(serializer.getSerializedString().substr(0, before.size()), before);
+}
+
+TEST(TzSoapSerializer, IsUsedForSeveralElements) {
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    TzSoapSerializer serializer;
+    message.acceptVisitor(serializer);
+    message.getSoapBody().acceptVisitor(serializer);
+    EXPECT_EQ(serializer.getSerializedString(),
+              R"(<SOAP-ENV:Envelope xmlns:SOAP-ENV="http://schemas.xmlsoap.org/soap/envelope/">
+  <SOAP-ENV:Body>
+  </SOAP-ENV:Body>
+</SOAP-ENV:Envelope>
+<SOAP-ENV:Body xmlns:SOAP-ENV="http://schemas.xmlsoap.org/soap/envelope/">
+</SOAP-ENV:Body>
+)");
+    serializer = TzSoapSerializer();
+    EXPECT_EQ(serializer.getSerializedString(), "");
+    const TzSoapSerializer& same = serializer;
+    serializer = same;
+    EXPECT_EQ(serializer.getSerializedString(), "");
+}
+
+TEST(TzSoapSerializer, KnowsItsNames) {
+    EXPECT_STREQ(TzSoapSerializer::Fault, "Fault");
+    EXPECT_STREQ(TzSoapSerializer::Prefix, "prefix");
+    EXPECT_EQ(TzSoapSerializer::UnknownName().asString(), "tznone:unnamed");
+    EXPECT_EQ(TzSoapSerializer::UnknownName().getUri(), "urn:tz-soap:unnamed");
+}
+
+/// Opens what is protected, and runs a hook where a value named "hook" is to be written.
+class OpenSerializer : public TzSoapSerializer {
+public:
+    using Hook = std::function<void(OpenSerializer&)>;
+
+    explicit OpenSerializer(Hook hook = {}) : hook_(std::move(hook)) {}
+
+    using TzSoapSerializer::adjustSoapAttributeVersion;
+    using TzSoapSerializer::clearAttributeSet;
+    using TzSoapSerializer::ensureSoapEncodingStyleIsPresent;
+    using TzSoapSerializer::getLastSpecifiedEncodingStyle;
+    using TzSoapSerializer::getLastSpecifiedEncodingStyleState;
+    using TzSoapSerializer::getUniquePrefix;
+    using TzSoapSerializer::getVerifiedAttribute;
+    using TzSoapSerializer::isEncodingStylePresent;
+    using TzSoapSerializer::popNamesAndEncodings;
+    using TzSoapSerializer::populateAttributeSet;
+    using TzSoapSerializer::pushNamesAndEncodings;
+    using TzSoapSerializer::verifyQualifiedName;
+    using TzSoapSerializer::writeNamespaceAttributes;
+    using TzSoapSerializer::writeNonNamespaceAttributes;
+    using TzSoapSerializer::writeQualifiedName;
+    using TzSoapSerializer::writeSubCode;
+    using TzSoapSerializer::writeTypeEmptyTag;
+    using TzSoapSerializer::writeTypeEndTag;
+    using TzSoapSerializer::writeTypeStartTag;
+
+    using TzSoapSerializer::visit;
+    void visit(const TzSoapSimpleType& value) override {
+        if (value.getName().getLocalName() == "hook") {
+            hook_(*this);
+        } else {
+            TzSoapSerializer::visit(value);
+        }
+    }
+
+private:
+    Hook hook_;
+};
+
+TEST(TzSoapSerializer, NumbersPrefixesOnlyWhereTheyClash) {
+    OpenSerializer serializer;
+    EXPECT_EQ(serializer.getUniquePrefix("ns", "urn:u"), "ns");
+    EXPECT_EQ(serializer.getUniquePrefix("", "urn:u"), "");
+    TzSoapType value("v");
+    value.addNamespaceAttribute("ns", "urn:0");
+    value.addNamespaceAttribute("ns9", "urn:9");
+    value.addNamespaceAttribute("a99", "urn:99");
+    value.addNamespaceAttribute("b007", "urn:7");
+    value.addNamespaceAttribute("c99999999999999999999", "urn:c");
+    value.setDefaultNamespaceAttribute("urn:d");
+    value.addNamespaceAttribute("prefix1", "urn:p1");
+    serializer.pushNamesAndEncodings(value);
+    EXPECT_EQ(serializer.getUniquePrefix("ns", "urn:u"), "ns1");
+    EXPECT_EQ(serializer.getUniquePrefix("ns", "urn:0"), "ns");
+    EXPECT_EQ(serializer.getUniquePrefix("ns9", "urn:u"), "ns10");
+    EXPECT_EQ(serializer.getUniquePrefix("a99", "urn:u"), "a100");
+    EXPECT_EQ(serializer.getUniquePrefix("b007", "urn:u"), "b8");
+    EXPECT_EQ(serializer.getUniquePrefix("c99999999999999999999", "urn:u"),
+              "c100000000000000000000");
+    EXPECT_EQ(serializer.getUniquePrefix("", "urn:d"), "");
+    EXPECT_EQ(serializer.getUniquePrefix("", "urn:u"), "prefix2");
+    EXPECT_EQ(serializer.getUniquePrefix("", "urn:p1"), "prefix1");
+    serializer.popNamesAndEncodings(value);
+    EXPECT_EQ(serializer.getUniquePrefix("ns", "urn:u"), "ns");
+}
+
+TEST(TzSoapSerializer, KnowsTheStylesAroundAnElement) {
+    OpenSerializer serializer;
+    EXPECT_EQ(serializer.getLastSpecifiedEncodingStyle(), "");
+    EXPECT_TRUE(serializer.getLastSpecifiedEncodingStyleState());
+    EXPECT_FALSE(serializer.isEncodingStylePresent(""));
+    TzSoapMessage outer;
+    outer.setEncodingStyle("urn:outer");
+    TzSoapMessage silent;
+    TzSoapCompositeType inner("i");
+    inner.setEncodingStyle("urn:inner");
+    serializer.pushNamesAndEncodings(outer);
+    EXPECT_EQ(serializer.getLastSpecifiedEncodingStyle(), "");
+    serializer.pushNamesAndEncodings(silent.getSoapBody());
+    serializer.pushNamesAndEncodings(inner);
+    EXPECT_EQ(serializer.getLastSpecifiedEncodingStyle(), "urn:outer");
+    EXPECT_TRUE(serializer.isEncodingStylePresent("urn:outer"));
+    EXPECT_FALSE(serializer.isEncodingStylePresent("urn:inner"));
+    serializer.pushNamesAndEncodings(silent.getSoapHeader());
+    EXPECT_EQ(serializer.getLastSpecifiedEncodingStyle(), "urn:inner");
+    serializer.popNamesAndEncodings(silent.getSoapHeader());
+    EXPECT_EQ(serializer.getLastSpecifiedEncodingStyle(), "urn:outer");
+    serializer.popNamesAndEncodings(inner);
+    serializer.popNamesAndEncodings(silent.getSoapBody());
+    serializer.popNamesAndEncodings(outer);
+    serializer.popNamesAndEncodings(outer);
+    EXPECT_EQ(serializer.getLastSpecifiedEncodingStyle(), "");
+}
+
+TEST(TzSoapSerializer, ServesDerivedSerializersPieceByPiece) {
+    OpenSerializer serializer;
+    TzSoapCompositeType value(nameIn("v", "p", "urn:p"));
+    value.addAttribute(nameIn("a", "q", "urn:q"), "1");
+    serializer.pushNamesAndEncodings(value);
+    serializer.verifyQualifiedName(value.getName());
+    serializer.populateAttributeSet(value);
+    serializer.ensureSoapEncodingStyleIsPresent(value);
+    serializer.writeTypeStartTag(value, true);
+    serializer.writeTypeEndTag(value);
+    serializer.popNamesAndEncodings(value);
+    EXPECT_EQ(
+        serializer.getSerializedString(),
+        R"(<p:v xmlns:p="urn:p" xmlns:q="urn:q" xmlns:env="http://www.w3.org/2002/06/soap-envelope" q:a="1" env:encodingStyle="http://www.w3.org/2002/06/soap-encoding">
+</p:v>
+)");
+    OpenSerializer pieces;
+    pieces.pushNamesAndEncodings(value);
+    pieces.populateAttributeSet(value);
+    pieces.writeNonNamespaceAttributes();
+    pieces.clearAttributeSet();
+    pieces.writeNonNamespaceAttributes();
+    pieces.writeNamespaceAttributes();
+    pieces.writeQualifiedName(TzXmlName());
+    pieces.writeNamespaceAttributes();
+    EXPECT_EQ(
+        pieces.getSerializedString(),
+        R"( q:a="1" xmlns:q="urn:q"tznone:unnamed xmlns:q="urn:q" xmlns:tznone="urn:tz-soap:unnamed")");
+}
+
+TEST(TzSoapSerializer, PopulatesForArraysReferencesAndParts) {
+    OpenSerializer serializer;
+    const TzSoapCompactArrayType array(TzXmlName("a"), "xsd:int", 2, 0);
+    serializer.pushNamesAndEncodings(array);
+    serializer.populateAttributeSet(array);
+    serializer.writeTypeEmptyTag(array);
+    serializer.popNamesAndEncodings(array);
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    message.setEncodingStyle("urn:s");
+    message.getSoapBody().setRoot(false);
+    message.getSoapHeader().addAttribute(TzXmlName("h"), "1");
+    serializer.pushNamesAndEncodings(message);
+    serializer.populateAttributeSet(message);
+    serializer.populateAttributeSet(message.getSoapHeader());
+    serializer.populateAttributeSet(message.getSoapBody());
+    serializer.writeNonNamespaceAttributes();
+    EXPECT_EQ(
+        serializer.getSerializedString(),
+        R"(<a xmlns:enc="http://www.w3.org/2002/06/soap-encoding" enc:itemType="xsd:int" enc:arraySize="2"/>
+ env:encodingStyle="urn:s" h="1" enc:root="0")");
+}
+
+TEST(TzSoapSerializer, VerifiesAttributes) {
+    const auto inMessage = [](const OpenSerializer::Hook& hook) {
+        TzSoapMessage message = encodedMessage(TzSoapVersion::V1_2, {intValue("hook", 1)});
+        OpenSerializer serializer(hook);
+        message.acceptVisitor(serializer);
+    };
+    const auto spelt = [](const TzXmlAttribute& attribute) {
+        return attribute.getName().asString() + " " + attribute.getName().getUri();
+    };
+    const TzXmlAttribute actor(nameIn("actor", "SOAP-ENV", Env11), "urn:a");
+    inMessage([&](OpenSerializer& serializer) {
+        EXPECT_EQ(spelt(serializer.getVerifiedAttribute(actor)), std::string("env:role ") + Env12);
+        EXPECT_EQ(serializer.getVerifiedAttribute(actor).getValue(), "urn:a");
+        EXPECT_EQ(spelt(serializer.getVerifiedAttribute({nameIn("x", "env", "urn:x"), ""})),
+                  "env1:x urn:x");
+        EXPECT_EQ(spelt(serializer.getVerifiedAttribute({TzXmlName("p:x"), ""})), "p:x ");
+        EXPECT_TRUE(serializer.getVerifiedAttribute({nameIn("arrayType", "c", Enc11), ""})
+                        .getName()
+                        .isEmpty());
+    });
+    OpenSerializer outside;
+    EXPECT_EQ(spelt(outside.getVerifiedAttribute(actor)), std::string("SOAP-ENV:actor ") + Env11);
+    TzXmlAttribute adjusted = actor;
+    EXPECT_TRUE(outside.adjustSoapAttributeVersion(adjusted));
+    EXPECT_EQ(spelt(adjusted), std::string("env:role ") + Env12);
+    EXPECT_FALSE(outside.adjustSoapAttributeVersion(adjusted));
+    TzXmlAttribute other(nameIn("other", "SOAP-ENV", Env11), "");
+    EXPECT_FALSE(outside.adjustSoapAttributeVersion(other));
+    EXPECT_EQ(spelt(other), std::string("SOAP-ENV:other ") + Env11);
+}
+
+TEST(TzSoapSerializer, WritesSubcodesFromAPlaceOn) {
+    OpenSerializer serializer;
+    TzSoapFault fault;
+    fault.addFaultCodeQualifier("a");
+    fault.addFaultCodeQualifier("b");
+    fault.addFaultCodeQualifier("c");
+    serializer.writeSubCode(fault, 2, 1);
+    EXPECT_EQ(serializer.getSerializedString(), R"(<env:Subcode>
+  <env:Value>b</env:Value>
+</env:Subcode>
+)");
+}
+
+TEST(TzSoapSerializer, ACopyGoesOnWhereTheOriginalStands) {
+    TzSoapCompositeType outer(nameIn("o", "p", "urn:p"));
+    outer.appendChild(intValue("a", 1));
+    outer.appendChild(intValue("hook", 1));
+    const TzSoapSimpleType value(nameIn("v", "p", "urn:p"), 2, TzSoapType::xsdInt, false);
+    std::string copied;
+    OpenSerializer serializer([&](OpenSerializer& half) {
+        TzSoapSerializer copy(half);
+        TzSoapSerializer assigned;
+        assigned = half;
+        value.acceptVisitor(copy);
+        value.acceptVisitor(assigned);
+        copied = copy.getSerializedString();
+        EXPECT_EQ(assigned.getSerializedString(), copied);
+    });
+    outer.acceptVisitor(serializer);
+    const std::string start =
+        R"(<p:o xmlns:p="urn:p" xmlns:env="http://www.w3.org/2002/06/soap-envelope" env:encodingStyle="http://www.w3.org/2002/06/soap-encoding">
+  <a>1</a>
+)";
+    EXPECT_EQ(copied, start + "  <p:v>2</p:v>\n");
+    EXPECT_EQ(serializer.getSerializedString(), start + "</p:o>\n");
+}
+
+TEST(TzSoapSerializer, GivesEverythingBackWhenMemoryIsShort) {
+    const TzSoapMessage message = everything(TzSoapVersion::V1_1);
+    EXPECT_GT(failEachAllocation([&] {
+                  TzSoapSerializer serializer;
+                  message.acceptVisitor(serializer);
+                  const TzSoapSerializer copy(serializer);
+              }),
+              5U);
+}
+
+} // namespace
