@@ -23,7 +23,7 @@ inline TzSoapSimpleType valueOf(const std::string& text) {
 }
 
 /// The text of a value, "-" of a placeholder and "" of other values without text.
-inline std::string textOf(const TzSoapType& value) {
+inline std::string itemText(const TzSoapType& value) {
     if (const auto simple = tzSoapCast<TzSoapSimpleType>(value)) {
         return simple->getString();
     }
@@ -37,7 +37,7 @@ inline std::string textOf(const TzSoapType& value) {
 template <typename Range> std::string textsOf(const Range& values) {
     std::string texts;
     for (const TzSoapType& value : values) {
-        texts += (texts.empty() ? "" : " ") + textOf(value);
+        texts += (texts.empty() ? "" : " ") + itemText(value);
     }
     return texts;
 }

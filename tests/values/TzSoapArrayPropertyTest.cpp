@@ -130,13 +130,13 @@ template <typename Array>
 void expectTexts(const Array& array, const Texts& texts, const std::string& missing) {
     forEachIndex(array.getBounds(), array.getStartIndex(), [&](const Index& index) {
         const auto expected = texts.find(index);
-        EXPECT_EQ(textOf(array[index]), expected == texts.end() ? missing : expected->second)
+        EXPECT_EQ(itemText(array[index]), expected == texts.end() ? missing : expected->second)
             << shown(index) << " of " << array.getArrayType();
         EXPECT_EQ(array.linearToIndex(array.indexToLinear(index)), index);
         EXPECT_EQ(array.indexToLinear(index), positionOf(index, array.getBounds()));
     });
     for (const auto& [index, text] : texts) {
-        EXPECT_EQ(textOf(array[index]), text) << shown(index) << " of " << array.getArrayType();
+        EXPECT_EQ(itemText(array[index]), text) << shown(index) << " of " << array.getArrayType();
     }
 }
 
@@ -171,7 +171,7 @@ TEST(TzSoapArrayProperty, CompactArraysLikeAMap) {
         }
         expectTexts(array, texts, "-");
         const auto held = std::count_if(array.begin(), array.end(),
-                                        [](const TzSoapType& item) { return textOf(item) != "-"; });
+                                        [](const TzSoapType& item) { return itemText(item) != "-"; });
         EXPECT_EQ(static_cast<std::size_t>(held), texts.size());
         EXPECT_EQ(static_cast<std::size_t>(array.end() - array.begin()), array.entries());
     }
@@ -243,7 +243,7 @@ TEST(TzSoapArrayProperty, SparseArraysLikeAMapAndAList) {
         std::vector<Index> found;
         for (const auto& [index, value] : array) {
             found.push_back(index);
-            EXPECT_EQ(textOf(value), texts.at(index));
+            EXPECT_EQ(itemText(value), texts.at(index));
         }
         EXPECT_EQ(found, order);
         EXPECT_EQ(array.entries(), texts.size());
@@ -291,10 +291,10 @@ TEST(TzSoapArrayProperty, CompactArraysSurviveWritingAndReading) {
             EXPECT_EQ(read.getBounds(), bounds);
             EXPECT_EQ(read.getOffsetAttribute(version), array.getOffsetAttribute(version));
             for (const auto& [index, text] : texts) {
-                EXPECT_EQ(textOf(read[index]), text) << shown(index);
+                EXPECT_EQ(itemText(read[index]), text) << shown(index);
             }
             for (const TzSoapDefaultType& item : read) {
-                const std::string text = textOf(item);
+                const std::string text = itemText(item);
                 EXPECT_EQ(item.isNull(), text.empty()); // held nothing between others
             }
         }
@@ -316,7 +316,7 @@ TEST(TzSoapArrayProperty, SparseArraysSurviveWritingAndReading) {
             ASSERT_EQ(read.entries(), array.entries());
             EXPECT_TRUE(std::equal(
                 read.begin(), read.end(), array.begin(), [](const auto& left, const auto& right) {
-                    return left.first == right.first && textOf(left.second) == textOf(right.second);
+                    return left.first == right.first && itemText(left.second) == itemText(right.second);
                 }));
         }
     }

@@ -87,11 +87,11 @@ TEST_P(ArrayReading, OpenAndMissingSizes) {
 TEST_P(ArrayReading, MoreAxes) {
     const auto array = readCompact(
         version(), list(version(), "[2,2]", item("1") + item("2") + item("3") + item("4")));
-    EXPECT_EQ(textOf(array[Index{1, 0}]), "3");
+    EXPECT_EQ(itemText(array[Index{1, 0}]), "3");
     const auto open =
         readCompact(version(), list(version(), "[,2]", item("1") + item("2") + item("3")));
     EXPECT_EQ(open.getBounds(), (Index{0, 2}));
-    EXPECT_EQ(textOf(open[Index{1, 0}]), "3");
+    EXPECT_EQ(itemText(open[Index{1, 0}]), "3");
 }
 
 TEST_P(ArrayReading, FewerMembersThanDeclared) {
@@ -130,12 +130,12 @@ TEST_P(ArrayReading, Partial) {
     EXPECT_EQ(array.attributeCount(), 1U);
     EXPECT_EQ(array.entries(), 6U);
     EXPECT_EQ(stored(array), 2U);
-    EXPECT_EQ(textOf(array[2]), "2");
+    EXPECT_EQ(itemText(array[2]), "2");
     EXPECT_EQ(textsOf(array), "- - 2 3 - -");
     const auto matrix =
         readCompact(version(), list(version(), "[3,3]", item("5") + item("6"), offsetOf("[1,2]")));
-    EXPECT_EQ(textOf(matrix[Index{1, 2}]), "5");
-    EXPECT_EQ(textOf(matrix[Index{2, 0}]), "6");
+    EXPECT_EQ(itemText(matrix[Index{1, 2}]), "5");
+    EXPECT_EQ(itemText(matrix[Index{2, 0}]), "6");
 }
 
 TEST_P(ArrayReading, Sparse) {
@@ -145,17 +145,17 @@ TEST_P(ArrayReading, Sparse) {
     EXPECT_EQ(array.getBounds(), Index{10});
     EXPECT_EQ(array.entries(), 2U);
     EXPECT_EQ(array.begin()->first, Index{7});
-    EXPECT_EQ(textOf(array.begin()->second), "h");
+    EXPECT_EQ(itemText(array.begin()->second), "h");
     EXPECT_EQ(array.begin()->second.attributeCount(), 0U);
-    EXPECT_EQ(textOf(array[2]), "c");
+    EXPECT_EQ(itemText(array[2]), "c");
     EXPECT_EQ(array.attributeCount(), 0U);
 }
 
 TEST_P(ArrayReading, SparseInManyAxes) {
     const auto array = entryAs<TzSoapSparseArrayType>(
         readBody(version(), list(version(), "[,4]", itemAt("[2,3]", "a") + itemAt("5 0", "b"))));
-    EXPECT_EQ(textOf(array[Index{2, 3}]), "a");
-    EXPECT_EQ(textOf(array[Index{5, 0}]), "b");
+    EXPECT_EQ(itemText(array[Index{2, 3}]), "a");
+    EXPECT_EQ(itemText(array[Index{5, 0}]), "b");
 }
 
 TEST_P(ArrayReading, FirstMemberDecidesTheForm) {
@@ -174,7 +174,7 @@ TEST_P(ArrayReading, TwoMembersAtOnePosition) {
         readBody(version(), list(version(), "[5]",
                                  itemAt("[1]", "a") + itemAt("[2]", "b") + itemAt("[1]", "c"))));
     EXPECT_EQ(array.entries(), 2U);
-    EXPECT_EQ(textOf(array[1]), "c");
+    EXPECT_EQ(itemText(array[1]), "c");
 }
 
 TEST_P(ArrayReading, Nested) {
@@ -184,7 +184,7 @@ TEST_P(ArrayReading, Nested) {
     ASSERT_EQ(array.entries(), 3U);
     EXPECT_EQ(textsOf(tzSoapCast<TzSoapCompactArrayType>(array[0]).value()), "1 2");
     EXPECT_EQ(tzSoapCast<TzSoapCompositeType>(array[1]).value().childCount(), 2U);
-    EXPECT_EQ(textOf(array[2]), "z");
+    EXPECT_EQ(itemText(array[2]), "z");
 }
 
 TEST_P(ArrayReading, BadShapes) {
@@ -323,15 +323,15 @@ TEST_P(ArrayReading, RaisedLimitCostsNothing) {
         list(version(), "[4294967295]", item("a") + item("b"), offsetOf("[4294967290]"))));
     EXPECT_EQ(partial.entries(), 4294967295U);
     EXPECT_EQ(stored(partial), 2U);
-    EXPECT_EQ(textOf(partial[4294967291U]), "b");
-    EXPECT_EQ(textOf(partial[4294967292U]), "-");
+    EXPECT_EQ(itemText(partial[4294967291U]), "b");
+    EXPECT_EQ(itemText(partial[4294967292U]), "-");
 }
 
 TEST_P(ArrayReading, SparseArraysOfAnyShapeCostTheirMembers) {
     const auto array = entryAs<TzSoapSparseArrayType>(
         readBody(version(), list(version(), "[4294967295]", itemAt("[4294967294]", "last"))));
     EXPECT_EQ(array.entries(), 1U);
-    EXPECT_EQ(textOf(array[4294967294U]), "last");
+    EXPECT_EQ(itemText(array[4294967294U]), "last");
 }
 
 TEST_P(ArrayReading, LongSparseArray) {
@@ -344,7 +344,7 @@ TEST_P(ArrayReading, LongSparseArray) {
         entryAs<TzSoapSparseArrayType>(readBody(version(), list(version(), "[500]", members)));
     ASSERT_EQ(array.entries(), 500U);
     for (unsigned int position = 0; position < 500; ++position) {
-        ASSERT_EQ(textOf(array[position]), std::to_string(position));
+        ASSERT_EQ(itemText(array[position]), std::to_string(position));
     }
 }
 

@@ -94,8 +94,8 @@ TEST(TzSoapCompactArray, StartsAtTheStartIndex) {
 TEST(TzSoapCompactArray, StartIndexBoundsEveryAxis) {
     TzSoapCompactArrayType array = filled({3, 3}, {1, 1});
     const TzSoapCompactArrayType& constant = array;
-    EXPECT_EQ(textOf(array[Index{2, 1}]), "7");
-    EXPECT_EQ(textOf(array(Index{2, 0})), "6"); // stored, and yet before the start of its axis
+    EXPECT_EQ(itemText(array[Index{2, 1}]), "7");
+    EXPECT_EQ(itemText(array(Index{2, 0})), "6"); // stored, and yet before the start of its axis
     expectOutOfRange([&array] { (void)array[Index{2, 0}]; }, "2 0", "1 1", "3 3");
     expectOutOfRange([&constant] { (void)constant[Index{2, 0}]; }, "2 0", "1 1", "3 3");
     expectOutOfRange([&array] { (void)array[Index{0, 2}]; }, "0 2", "1 1", "3 3");
@@ -186,8 +186,8 @@ TEST(TzSoapCompactArray, ShapeAloneTakesNoMemory) {
     array[2147483645] = valueOf("before");
     EXPECT_EQ(stored(array), 2U);
     const TzSoapCompactArrayType& constant = array;
-    EXPECT_EQ(textOf(constant[0]), "-");
-    EXPECT_EQ(textOf(constant[2147483645]), "before");
+    EXPECT_EQ(itemText(constant[0]), "-");
+    EXPECT_EQ(itemText(constant[2147483645]), "before");
     EXPECT_EQ(stored(array), 2U);
     const TzSoapCompactArrayType copy = array.copy();
     EXPECT_EQ(copy.entries(), 2147483647U);
@@ -215,23 +215,23 @@ TEST(TzSoapCompactArray, FillsInAnyOrder) {
 
 TEST(TzSoapCompactArray, ReachesItemsByPositionIndexAndText) {
     TzSoapCompactArrayType array = filled({2, 3});
-    EXPECT_EQ(textOf(array[4]), "4");
-    EXPECT_EQ(textOf(array[Index{1, 1}]), "4");
-    EXPECT_EQ(textOf(array["[1,1]"]), "4");
-    EXPECT_EQ(textOf(array["1 1"]), "4");
-    EXPECT_EQ(textOf(array(4)), "4");
-    EXPECT_EQ(textOf(array(Index{1, 1})), "4");
-    EXPECT_EQ(textOf(array("[1,1]")), "4");
+    EXPECT_EQ(itemText(array[4]), "4");
+    EXPECT_EQ(itemText(array[Index{1, 1}]), "4");
+    EXPECT_EQ(itemText(array["[1,1]"]), "4");
+    EXPECT_EQ(itemText(array["1 1"]), "4");
+    EXPECT_EQ(itemText(array(4)), "4");
+    EXPECT_EQ(itemText(array(Index{1, 1})), "4");
+    EXPECT_EQ(itemText(array("[1,1]")), "4");
     array[Index{0, 2}] = valueOf("c");
     array["[1,0]"] = valueOf("d");
     EXPECT_EQ(textsOf(array), "0 1 c d 4 5");
     const TzSoapCompactArrayType& constant = array;
-    EXPECT_EQ(textOf(constant[3]), "d");
-    EXPECT_EQ(textOf(constant[Index{1, 0}]), "d");
-    EXPECT_EQ(textOf(constant["[1,0]"]), "d");
-    EXPECT_EQ(textOf(constant(3)), "d");
-    EXPECT_EQ(textOf(constant(Index{1, 0})), "d");
-    EXPECT_EQ(textOf(constant("1 0")), "d");
+    EXPECT_EQ(itemText(constant[3]), "d");
+    EXPECT_EQ(itemText(constant[Index{1, 0}]), "d");
+    EXPECT_EQ(itemText(constant["[1,0]"]), "d");
+    EXPECT_EQ(itemText(constant(3)), "d");
+    EXPECT_EQ(itemText(constant(Index{1, 0})), "d");
+    EXPECT_EQ(itemText(constant("1 0")), "d");
     expectOutOfRange([&] { (void)array[Index{2, 0}]; }, "2 0", "0 0", "2 3");
     expectOutOfRange([&] { (void)constant[Index{0, 3}]; }, "0 3", "0 0", "2 3");
     expectOutOfRange([&] { (void)array["[0]"]; }, "0", "0 0", "2 3");
@@ -241,8 +241,8 @@ TEST(TzSoapCompactArray, ReachesItemsByPositionIndexAndText) {
 
 TEST(TzSoapCompactArray, ConstAccessStoresNothing) {
     const TzSoapCompactArrayType array("xsd:int", 3, 0);
-    EXPECT_EQ(textOf(array(7)), "-");
-    EXPECT_EQ(textOf(array(Index{7})), "-");
+    EXPECT_EQ(itemText(array(7)), "-");
+    EXPECT_EQ(itemText(array(Index{7})), "-");
     EXPECT_EQ(array.entries(), 3U);
     EXPECT_EQ(stored(array), 0U);
 }
@@ -262,14 +262,14 @@ TEST(TzSoapCompactArray, ItemsCanBeReplacedWhileIterating) {
         item = valueOf(std::to_string(at++));
     }
     EXPECT_EQ(textsOf(array), "0 1 2");
-    EXPECT_EQ(textOf(array[2]), "2");
+    EXPECT_EQ(itemText(array[2]), "2");
 }
 
 TEST(TzSoapCompactArray, ReshapingKeepsWhatFits) {
     TzSoapCompactArrayType array = filled({2, 3});
     array.setBounds(Index{3, 3});
     EXPECT_EQ(textsOf(array), "0 1 2 3 4 5 - - -");
-    EXPECT_EQ(textOf(array[Index{1, 2}]), "5");
+    EXPECT_EQ(itemText(array[Index{1, 2}]), "5");
 
     array = filled({2, 3});
     array.setBounds(Index{2, 2});
@@ -297,7 +297,7 @@ TEST(TzSoapCompactArray, ReshapingMovesTheBase) {
     // {1,1} is 5 now; {2,0} lies before the start of its axis
     EXPECT_EQ(array.entries(), 11U);
     EXPECT_EQ(textsOf(array), "4 5 - - 7 8 - - - - -");
-    EXPECT_EQ(textOf(array[Index{2, 1}]), "7");
+    EXPECT_EQ(itemText(array[Index{2, 1}]), "7");
     array.setBounds(Index{1, 2}); // less than the start
     EXPECT_EQ(array.entries(), 0U);
 }
@@ -322,18 +322,18 @@ TEST(TzSoapCompactArray, ReshapedArraysGrowByTheirNewBlock) {
 
 TEST(TzSoapCompactArray, CheckingFormsFollowTheShape) {
     TzSoapCompactArrayType array = filled({2, 3});
-    EXPECT_EQ(textOf(array[Index{1, 2}]), "5");
+    EXPECT_EQ(itemText(array[Index{1, 2}]), "5");
     array(Index{2, 0}) = valueOf("behind"); // stored, but not of the shape
     expectOutOfRange([&array] { (void)array[Index{2, 0}]; }, "2 0", "0 0", "2 3");
     expectOutOfRange([&array] { (void)array[Index{0, 4}]; }, "0 4", "0 0", "2 3");
-    EXPECT_EQ(textOf(array(Index{0, 4})), "4");
+    EXPECT_EQ(itemText(array(Index{0, 4})), "4");
     array.setBounds(Index{3, 2});
     expectOutOfRange([&array] { (void)array[Index{0, 2}]; }, "0 2", "0 0", "3 2");
-    EXPECT_EQ(textOf(array[Index{2, 0}]), "behind");
+    EXPECT_EQ(itemText(array[Index{2, 0}]), "behind");
     array.setBounds(Index{0, 2});
-    EXPECT_EQ(textOf(array[Index{2, 0}]), "behind");
+    EXPECT_EQ(itemText(array[Index{2, 0}]), "behind");
     array[Index{7, 1}] = valueOf("open");
-    EXPECT_EQ(textOf(array[Index{7, 1}]), "open");
+    EXPECT_EQ(itemText(array[Index{7, 1}]), "open");
 }
 
 TEST(TzSoapCompactArray, ReshapingThatFailsChangesNothing) {
@@ -350,7 +350,7 @@ TEST(TzSoapCompactArray, ReshapingThatFailsChangesNothing) {
     expectOutOfRange([&open] { open.setBounds(Index{0, 65536}); }, "70000 0", "0 0", "0 65536");
     EXPECT_EQ(open.getBounds(), (Index{0, 2}));
     EXPECT_EQ(open.entries(), entries);
-    EXPECT_EQ(textOf(open(Index{70000, 0})), "far");
+    EXPECT_EQ(itemText(open(Index{70000, 0})), "far");
 }
 
 TEST(TzSoapCompactArray, OutOfMemoryChangesNothing) {
@@ -461,8 +461,8 @@ TEST(TzSoapCompactArray, MembersGoFromTheOffsetOn) {
     }
     EXPECT_EQ(array.entries(), 11U);
     EXPECT_EQ(written(array), "c d e f");
-    EXPECT_EQ(textOf(array[2]), "c");
-    EXPECT_EQ(textOf(array(5)), "f");
+    EXPECT_EQ(itemText(array[2]), "c");
+    EXPECT_EQ(itemText(array(5)), "f");
     EXPECT_EQ(stored(array), 4U);
     EXPECT_EQ(textsOf(array), "- - c d e f - - - - -");
 }

@@ -146,7 +146,7 @@ TEST_P(ReferenceReading, HeaderAndBodyShareTargets) {
 TEST_P(ReferenceReading, FirstOfEqualIdsIsMeant) {
     const TzSoapMessage message = read(ref("#a") + value("a", "first") + value("a", "second"));
     const auto reference = entryAs<TzSoapReferenceType>(message);
-    EXPECT_EQ(textOf(reference.getSoapReference()), "first");
+    EXPECT_EQ(itemText(reference.getSoapReference()), "first");
 }
 
 TEST_P(ReferenceReading, ReplacedMemberOfASparseArrayDoesNoHarm) {
@@ -159,7 +159,7 @@ TEST_P(ReferenceReading, ReplacedMemberOfASparseArrayDoesNoHarm) {
                                        "<v c:position=\"[1]\" id=\"a\">text</v></l>" + ref("#a"));
     const auto array = entryAs<TzSoapSparseArrayType>(message);
     EXPECT_EQ(array.entries(), 1U);
-    EXPECT_EQ(textOf(array[1]), "text");
+    EXPECT_EQ(itemText(array[1]), "text");
     EXPECT_TRUE(refersTo(entryAs<TzSoapReferenceType>(message, 1), array[1]));
 }
 

@@ -21,7 +21,7 @@ std::string itemsOf(const TzSoapSparseArrayType& array) {
     for (const auto& [index, value] : array) {
         items += (items.empty() ? "" : " ") +
                  TzSoapArrayType::vectorToString(index, true, TzSoapVersion::V1_1) + "=" +
-                 textOf(value);
+                 itemText(value);
     }
     return items;
 }
@@ -110,12 +110,12 @@ TEST(TzSoapSparseArray, ReachesItemsByPositionIndexAndText) {
     array("0 0") = valueOf("d");
     EXPECT_EQ(itemsOf(array), "[1,1]=a [0,2]=b [0,1]=c [0,0]=d");
     const TzSoapSparseArrayType& constant = array;
-    EXPECT_EQ(textOf(constant[4]), "a");
-    EXPECT_EQ(textOf(constant[Index{0, 2}]), "b");
-    EXPECT_EQ(textOf(constant["[0,1]"]), "c");
-    EXPECT_EQ(textOf(constant(0)), "d");
-    EXPECT_EQ(textOf(constant(Index{0, 1})), "c");
-    EXPECT_EQ(textOf(constant("[1,1]")), "a");
+    EXPECT_EQ(itemText(constant[4]), "a");
+    EXPECT_EQ(itemText(constant[Index{0, 2}]), "b");
+    EXPECT_EQ(itemText(constant["[0,1]"]), "c");
+    EXPECT_EQ(itemText(constant(0)), "d");
+    EXPECT_EQ(itemText(constant(Index{0, 1})), "c");
+    EXPECT_EQ(itemText(constant("[1,1]")), "a");
 }
 
 TEST(TzSoapSparseArray, NewItemsAreCopiesOfTheTemplate) {
@@ -161,7 +161,7 @@ TEST(TzSoapSparseArray, BoundsDropItemsAndMoveNone) {
     matrix.setBounds(TzCString("[,2]"));
     EXPECT_EQ(itemsOf(matrix), "[1,0]=d");
     matrix.setBounds(TzCString("[2,3]"));
-    EXPECT_EQ(textOf(matrix[3]), "d");
+    EXPECT_EQ(itemText(matrix[3]), "d");
 }
 
 TEST(TzSoapSparseArray, BoundsThatAreNoneChangeNothing) {
@@ -245,26 +245,26 @@ TEST(TzSoapSparseArray, FindsItemsOfLongArrays) {
     EXPECT_EQ(array.entries(), 100U);
     const TzSoapSparseArrayType& constant = array;
     for (unsigned int position = 0; position < 100; ++position) {
-        ASSERT_EQ(textOf(constant[position]), std::to_string(position));
-        ASSERT_EQ(textOf(array[position]), std::to_string(position));
+        ASSERT_EQ(itemText(constant[position]), std::to_string(position));
+        ASSERT_EQ(itemText(array[position]), std::to_string(position));
     }
-    EXPECT_EQ(textOf(constant[100]), "");
+    EXPECT_EQ(itemText(constant[100]), "");
     EXPECT_EQ(array.entries(), 100U);
     EXPECT_EQ(std::next(array.begin(), 2)->first, Index{14});
 }
 
 TEST(TzSoapSparseArray, ChangesThroughIteratorsAreSeen) {
     TzSoapSparseArrayType array = longArray();
-    EXPECT_EQ(textOf(array[7]), "7");
+    EXPECT_EQ(itemText(array[7]), "7");
     std::next(array.begin())->first = Index{500}; // was 7
-    EXPECT_EQ(textOf(array[500]), "7");
+    EXPECT_EQ(itemText(array[500]), "7");
     EXPECT_EQ(array.entries(), 100U);
     const TzSoapSparseArrayType& constant = array;
-    EXPECT_EQ(textOf(constant[7]), "");
+    EXPECT_EQ(itemText(constant[7]), "");
     // the position behind the last leads to items, too
     std::prev(array.end())->first = Index{501}; // was 93
-    EXPECT_EQ(textOf(constant[501]), "93");
-    EXPECT_EQ(textOf(constant[93]), "");
+    EXPECT_EQ(itemText(constant[501]), "93");
+    EXPECT_EQ(itemText(constant[93]), "");
 }
 
 TEST(TzSoapSparseArray, FirstOfEqualIndicesIsFound) {
@@ -272,20 +272,20 @@ TEST(TzSoapSparseArray, FirstOfEqualIndicesIsFound) {
     (void)array[0];
     std::next(array.begin(), 5)->first = Index{14}; // 14 comes third
     const TzSoapSparseArrayType& constant = array;
-    EXPECT_EQ(textOf(constant[14]), "14");
+    EXPECT_EQ(itemText(constant[14]), "14");
     std::next(array.begin())->first = Index{14}; // the second was 7
-    EXPECT_EQ(textOf(constant[14]), "7");
+    EXPECT_EQ(itemText(constant[14]), "7");
 }
 
 TEST(TzSoapSparseArray, LongArraysNoticeNewBounds) {
     TzSoapSparseArrayType array = longArray();
-    EXPECT_EQ(textOf(array[99]), "99");
+    EXPECT_EQ(itemText(array[99]), "99");
     array.setBounds(Index{50});
     EXPECT_EQ(array.entries(), 50U);
     array.setBounds(Index{1000});
     const TzSoapSparseArrayType& constant = array;
-    EXPECT_EQ(textOf(constant[99]), "");
-    EXPECT_EQ(textOf(constant[49]), "49");
+    EXPECT_EQ(itemText(constant[99]), "");
+    EXPECT_EQ(itemText(constant[49]), "49");
 }
 
 TEST(TzSoapSparseArray, LongArraysOfManyAxes) {
@@ -297,11 +297,11 @@ TEST(TzSoapSparseArray, LongArraysOfManyAxes) {
     array(Index{}) = valueOf("none");
     const TzSoapSparseArrayType& constant = array;
     for (unsigned int position = 0; position < 256; ++position) {
-        ASSERT_EQ(textOf(constant[position]), std::to_string(position));
+        ASSERT_EQ(itemText(constant[position]), std::to_string(position));
     }
-    EXPECT_EQ(textOf(constant(Index{1, 2})), "short");
-    EXPECT_EQ(textOf(constant(Index{})), "none");
-    EXPECT_EQ(textOf(constant(Index{1, 2, 0})), "");
+    EXPECT_EQ(itemText(constant(Index{1, 2})), "short");
+    EXPECT_EQ(itemText(constant(Index{})), "none");
+    EXPECT_EQ(itemText(constant(Index{1, 2, 0})), "");
     EXPECT_EQ(array.entries(), 258U);
 }
 
@@ -326,7 +326,7 @@ TEST(TzSoapSparseArray, OutOfMemoryLeavesNoTrace) {
         }
     }
     EXPECT_EQ(tested.entries(), 101U);
-    EXPECT_EQ(textOf(tested[300]), "new");
+    EXPECT_EQ(itemText(tested[300]), "new");
 }
 
 TEST(TzSoapSparseArray, WithoutBodyRefuses) {
