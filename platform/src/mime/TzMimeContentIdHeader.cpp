@@ -22,6 +22,5 @@ TzMimeContentIdHeader::TzMimeContentIdHeader(const TzMimeHeader& other)
 TzMimeContentIdHeader::~TzMimeContentIdHeader() = default;
 
 TzCString TzMimeContentIdHeader::getId() const {
-    const TzCString value = getValue();
-    return TzCString(TzMimeHeaderValue::contentId(value));
+    return body() != nullptr ? body()->comparable() : TzCString();
 }

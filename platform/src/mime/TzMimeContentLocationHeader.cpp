@@ -13,8 +13,7 @@ TzMimeContentLocationHeader::TzMimeContentLocationHeader(const TzMimeHeader& oth
 TzMimeContentLocationHeader::~TzMimeContentLocationHeader() = default;
 
 TzCString TzMimeContentLocationHeader::getURI() const {
-    const TzCString value = getValue();
-    return TzCString(TzMimeHeaderValue::contentLocation(value));
+    return body() != nullptr ? body()->comparable() : TzCString();
 }
 
 TzCString TzMimeContentLocationHeader::resolve(const TzCString& reference) const {

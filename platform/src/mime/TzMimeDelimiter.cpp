@@ -10,7 +10,7 @@ namespace {
 /// Position of `wanted` in `text` at or after `from`. The standard library's own search looks at
 /// every byte, this one skips.
 std::size_t positionOf(std::string_view text, std::string_view wanted, std::size_t from) noexcept {
-    if (from > text.size()) {
+    if (from >= text.size()) {
         return std::string_view::npos;
     }
     const void* const found =

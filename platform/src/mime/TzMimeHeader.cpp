@@ -47,8 +47,8 @@ bool operator==(const TzMimeHeader& left, const TzMimeHeader& right) {
     if (!tzEqualIgnoreCase(left.getLabel(), right.getLabel())) {
         return false;
     }
-    const TzCString leftValue = left.getValue();
-    const TzCString rightValue = right.getValue();
-    return TzMimeHeaderValue::comparable(left.getLabel(), leftValue) ==
-           TzMimeHeaderValue::comparable(right.getLabel(), rightValue);
+    const TzMimeHeaderBody* const one = left.body();
+    const TzMimeHeaderBody* const other = right.body();
+    return one == other ||
+           (one != nullptr && other != nullptr && one->comparable() == other->comparable());
 }

@@ -83,6 +83,12 @@ TzCString TzMimeHeaderBody::value() const {
     return type_ ? type_->asString() : value_;
 }
 
+TzCString TzMimeHeaderBody::comparable() const {
+    const TzMimeLock guard(lock_);
+    const TzCString type = type_ ? type_->asString() : TzCString();
+    return TzCString(TzMimeHeaderValue::comparable(label_, type_ ? type : value_));
+}
+
 TzMimeContentType TzMimeHeaderBody::contentType() {
     {
         const TzMimeLock guard(lock_);
@@ -99,5 +105,7 @@ TzMimeContentType TzMimeHeaderBody::contentType() {
 }
 
 void TzMimeHeaderBody::appendTo(TzCString& out) const {
-    TzMimeHeaderValue::append(out, label_, value());
+    const TzMimeLock guard(lock_);
+    const TzCString type = type_ ? type_->asString() : TzCString();
+    TzMimeHeaderValue::append(out, label_, type_ ? type : value_);
 }

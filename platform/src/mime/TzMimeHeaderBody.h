@@ -20,8 +20,13 @@ public:
     static TzMimeHeader make(TzCString label, TzCString value);
 
     const TzCString& label() const noexcept { return label_; }
+    /// The body of a handle, null when it has none.
+    static TzMimeHeaderBody* of(const TzMimeHeader& header) noexcept { return header.body(); }
+
     /// The value, that of the content type once there is one.
     TzCString value() const;
+    /// What the value is compared by: of an id or URI the bare one.
+    TzCString comparable() const;
     /// The content type that the value states, from then on part of the header.
     TzMimeContentType contentType();
     /// Adds the header line with its line end to `out`; nothing if no label is left.

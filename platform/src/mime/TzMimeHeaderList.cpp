@@ -51,7 +51,8 @@ void TzMimeHeaderList::insert(const TzMimeHeader& header) { slots_.push_back({{}
 
 std::size_t TzMimeHeaderList::find(std::string_view label, std::size_t start) const noexcept {
     for (std::size_t position = start; position < slots_.size(); ++position) {
-        if (tzEqualIgnoreCase(labelAt(position), label)) {
+        const std::string_view own = labelAt(position);
+        if (own.size() == label.size() && tzEqualIgnoreCase(own, label)) {
             return position;
         }
     }
@@ -107,6 +108,13 @@ std::string_view TzMimeHeaderList::valueAt(std::size_t position, TzCString& kept
 }
 
 void TzMimeHeaderList::append(std::size_t position, TzCString& out) const {
+    const Slot& slot = slots_[position];
+    if (slot.line.empty()) {
+        if (const TzMimeHeaderBody* const body = TzMimeHeaderBody::of(slot.header)) {
+            body->appendTo(out);
+        }
+        return;
+    }
     TzCString kept;
     TzMimeHeaderValue::append(out, labelAt(position), valueAt(position, kept));
 }

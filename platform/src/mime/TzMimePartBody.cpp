@@ -38,6 +38,12 @@ std::size_t findBody(std::string_view text) noexcept {
     return 0;
 }
 
+void raise(const std::weak_ptr<std::atomic<bool>>& watcher) noexcept {
+    if (const auto changed = watcher.lock()) {
+        changed->store(true, std::memory_order_release);
+    }
+}
+
 } // namespace
 
 TzMimePartBody::TzMimePartBody(bool package)
@@ -91,18 +97,21 @@ void TzMimePartBody::store(Text text, std::string_view bytes, Kind encoding) noe
 void TzMimePartBody::insertHeader(const TzMimeHeader& header) {
     headers_.insert(header);
     const TzMimeLock guard(lock_);
-    for (const std::weak_ptr<std::atomic<bool>>& watcher : watchers_) {
-        if (const auto changed = watcher.lock()) {
-            changed->store(true, std::memory_order_release);
-        }
+    raise(watcher_);
+    for (const std::weak_ptr<std::atomic<bool>>& watcher : moreWatchers_) {
+        raise(watcher);
     }
-    watchers_.clear();
+    moreWatchers_.clear();
 }
 
 void TzMimePartBody::watchHeaders(const std::weak_ptr<std::atomic<bool>>& changed) {
     const TzMimeLock guard(lock_);
-    std::erase_if(watchers_, [](const auto& watcher) { return watcher.expired(); });
-    watchers_.push_back(changed);
+    if (watcher_.expired()) {
+        watcher_ = changed;
+        return;
+    }
+    moreWatchers_.remove_if([](const auto& watcher) { return watcher.expired(); });
+    moreWatchers_.push_front(changed);
 }
 
 void TzMimePartBody::setBytes(TzCString bytes) {

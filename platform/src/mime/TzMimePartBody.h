@@ -10,9 +10,9 @@
 
 #include <atomic>
 #include <cstddef>
+#include <forward_list>
 #include <memory>
 #include <string_view>
-#include <vector>
 
 class TzMimeParts;
 
@@ -70,7 +70,8 @@ private:
     std::string_view stored_;
     mutable std::atomic<const TzCString*> decoded_{nullptr};
     std::unique_ptr<TzMimeParts> parts_;
-    std::vector<std::weak_ptr<std::atomic<bool>>> watchers_;
-    TzMutexLock lock_; // for watchers_
+    std::weak_ptr<std::atomic<bool>> watcher_;
+    std::forward_list<std::weak_ptr<std::atomic<bool>>> moreWatchers_; // of other packages
+    TzMutexLock lock_;                                                 // for the watchers
     TzMimeTransferEncoding::Kind encoding_ = TzMimeTransferEncoding::Kind::Identity;
 };

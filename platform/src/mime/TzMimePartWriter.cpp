@@ -24,19 +24,6 @@ TzMimePartWriter::TzMimePartWriter(const TzMimePartBody& part)
         delimiter_ = TzMimeDelimiter(defaultBoundary);
         ownBoundary_ = true;
     }
-    planParts();
-}
-
-void TzMimePartWriter::planParts() {
-    if (!isSeparated()) {
-        plans_.push_back(plan(part_));
-        return;
-    }
-    const std::vector<TzMimePart>& parts = part_.parts().all();
-    plans_.reserve(parts.size());
-    for (const TzMimePart& part : parts) {
-        plans_.push_back(plan(*TzMimePartBody::of(part)));
-    }
 }
 
 TzMimePartWriter::Plan TzMimePartWriter::plan(const TzMimePartBody& part) const {
@@ -60,7 +47,7 @@ TzMimePartWriter::Plan TzMimePartWriter::plan(const TzMimePartBody& part) const 
     return plan;
 }
 
-TzCString TzMimePartWriter::write() {
+TzCString TzMimePartWriter::write() const {
     TzCString out;
     out.reserve(expectedSize());
     appendHeaders(out);
@@ -68,32 +55,35 @@ TzCString TzMimePartWriter::write() {
         appendParts(out);
     } else {
         out.append(TzMimeText::LineEnd);
-        appendBody(out, plans_.front());
+        appendBody(out, plan(part_));
     }
     return out;
 }
 
-TzCString TzMimePartWriter::writeBody() {
-    TzCString out;
+TzCString TzMimePartWriter::writeBody() const {
     if (!isSeparated()) {
         return part_.copyBytes();
     }
+    TzCString out;
     out.reserve(expectedSize());
     appendParts(out);
     return out.erase(0, TzMimeText::LineEnd.size());
 }
 
+std::size_t TzMimePartWriter::expectedSize(const TzMimePartBody& part) {
+    constexpr std::size_t lineEnds = 16;
+    const Kind stated = part.statedEncoding();
+    const Kind encoding = stated == part.storedEncoding() ? Kind::Identity : stated;
+    return part.headers().writtenSize() + lineEnds +
+           TzMimeTransferEncoding::encodedSize(encoding, part.stored().size());
+}
+
 std::size_t TzMimePartWriter::expectedSize() const {
-    constexpr std::size_t aroundPart = 128; // line ends and a header for a forced encoding
-    std::size_t size = part_.headers().writtenSize() + aroundPart;
-    for (const Plan& plan : plans_) {
-        size += plan.kept.size();
-        size += TzMimeTransferEncoding::encodedSize(plan.encoding, plan.bytes.size());
-    }
+    constexpr std::size_t aroundParts = 128; // the closing line, a header for the boundary
+    std::size_t size = expectedSize(part_) + aroundParts;
     if (isSeparated()) {
         for (const TzMimePart& part : part_.parts().all()) {
-            size += TzMimePartBody::of(part)->headers().writtenSize() + aroundPart +
-                    delimiter_.boundary().size();
+            size += expectedSize(*TzMimePartBody::of(part)) + delimiter_.boundary().size();
         }
     }
     return size;
@@ -125,16 +115,20 @@ void TzMimePartWriter::appendBoundaryHeader(TzCString& out, std::size_t position
 }
 
 void TzMimePartWriter::appendParts(TzCString& out) const {
-    const std::vector<TzMimePart>& parts = part_.parts().all();
-    for (std::size_t index = 0; index < parts.size(); ++index) {
+    for (const TzMimePart& part : part_.parts().all()) {
         delimiter_.append(out, false);
         out.append(TzMimeText::LineEnd);
-        appendPartHeaders(out, *TzMimePartBody::of(parts[index]), plans_[index].forced);
-        out.append(TzMimeText::LineEnd);
-        appendBody(out, plans_[index]);
+        appendPart(out, *TzMimePartBody::of(part));
     }
     delimiter_.append(out, true);
     out.append(TzMimeText::LineEnd);
+}
+
+void TzMimePartWriter::appendPart(TzCString& out, const TzMimePartBody& part) const {
+    const Plan how = plan(part);
+    appendPartHeaders(out, part, how.forced);
+    out.append(TzMimeText::LineEnd);
+    appendBody(out, how);
 }
 
 void TzMimePartWriter::appendPartHeaders(TzCString& out, const TzMimePartBody& part, bool forced) {

@@ -8,7 +8,6 @@
 
 #include <cstddef>
 #include <string_view>
-#include <vector>
 
 /// Writes a part or package as MIME text.
 class TzMimePartWriter {
@@ -17,9 +16,9 @@ public:
     explicit TzMimePartWriter(const TzMimePartBody& part);
 
     /// The text with the headers.
-    TzCString write();
+    TzCString write() const;
     /// The text behind the headers: of a package the parts with the lines that separate them.
-    TzCString writeBody();
+    TzCString writeBody() const;
 
 private:
     /// How the body of a part is going to be written.
@@ -32,16 +31,16 @@ private:
 
     bool isSeparated() const noexcept { return !delimiter_.isEmpty(); }
     Plan plan(const TzMimePartBody& part) const;
-    void planParts();
+    static std::size_t expectedSize(const TzMimePartBody& part);
     std::size_t expectedSize() const;
     void appendHeaders(TzCString& out) const;
     void appendBoundaryHeader(TzCString& out, std::size_t position) const;
     void appendParts(TzCString& out) const;
+    void appendPart(TzCString& out, const TzMimePartBody& part) const;
     static void appendPartHeaders(TzCString& out, const TzMimePartBody& part, bool forced);
     static void appendBody(TzCString& out, const Plan& plan);
 
     const TzMimePartBody& part_;
     TzMimeDelimiter delimiter_; // empty for a part that has no parts
     bool ownBoundary_ = false;  // whether the headers lack the boundary
-    std::vector<Plan> plans_;   // of each part, or the one of the part itself
 };

@@ -63,10 +63,13 @@ void TzMimeParts::insert(std::size_t position, const TzMimePart& part) {
 }
 
 std::size_t TzMimeParts::find(const TzMimeHeader& header, std::size_t start) const {
+    const TzMimeHeaderBody* const wanted = TzMimeHeaderBody::of(header);
+    if (wanted == nullptr) {
+        return TzMimePart::NotFound;
+    }
     for (TzMimePartIndex* const index : {&ids_, &locations_}) {
-        if (tzEqualIgnoreCase(header.getLabel(), index->label())) {
-            const TzCString value = header.getValue();
-            return index->find(parts_, TzMimeHeaderValue::comparable(index->label(), value), start);
+        if (tzEqualIgnoreCase(wanted->label(), index->label())) {
+            return index->find(parts_, wanted->comparable(), start);
         }
     }
     return search(header, start);

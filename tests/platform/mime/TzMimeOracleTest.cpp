@@ -47,8 +47,8 @@ std::string sha256(const std::string& bytes) {
 TEST(TzMimeOracle, AgreesOnWhatIsBetweenDelimiters) {
     const char* const bodies[] = {
         "--b\r\nA: 1\r\n\r\nx\r\n--b--\r\n",
-        "pre\r\n--b \t\r\nA: 1\r\n\r\nx\r\n\r\n--b\r\nB: 2\r\n\r\ny\r\n--b-- "
-        "\r\nepi\r\n--b\r\n\r\nz",
+        ("pre\r\n--b \t\r\nA: 1\r\n\r\nx\r\n\r\n--b\r\nB: 2\r\n\r\ny\r\n--b-- "
+         "\r\nepi\r\n--b\r\n\r\nz"),
         "--b\r\nA: 1\r\n\r\nx",
         "--b\r\nA: 1\r\n\r\nx\r\n",
         "--b\r\nA: 1\r\n\r\nx\r\n--b-",
