@@ -29,7 +29,7 @@ class TzXmlWriter;
 class TZSOAP_API TzSoapWriter : public TzSoapConstVisitor {
 public:
     /// Deepest nesting of elements that is written.
-    static constexpr unsigned int DepthLimit = 4000;
+    static constexpr unsigned int DepthLimit = 2000;
 
     /// A writer of its own to `writer`, for the latest version. MIME parts that references point at
     /// are inserted into `multipart`, unless that is null. Both must outlive this object.

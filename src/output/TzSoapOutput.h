@@ -94,6 +94,7 @@ private:
     void remember(const TzSoapTypeImp& value);
     void writeSimple(TzSoapSimpleTypeImp& value);
     std::string_view contentOf(const TzSoapSimpleTypeImp& value);
+    bool writeDirectly(TzSoapConstVisitor& visitor, const TzSoapType& child);
     void writeChild(TzSoapConstVisitor& visitor, const TzSoapType& child);
     void writeMarkup(const TzCString& markup, const TzSoapTypeImp& value);
     std::size_t styleInsertion(const TzCString& markup) const;

@@ -126,21 +126,29 @@ std::string_view TzSoapOutput::contentOf(const TzSoapSimpleTypeImp& value) {
                                                                  : text().escaped(value.text());
 }
 
-void TzSoapOutput::writeChild(TzSoapConstVisitor& visitor, const TzSoapType& child) {
+bool TzSoapOutput::writeDirectly(TzSoapConstVisitor& visitor, const TzSoapType& child) {
     // What the visitor would be asked to visit comes back here anyway, unless its class is derived.
-    if (typeid(visitor) == *visitor_) {
-        TzSoapTypeImp& body = TzSoapAccess::body(child);
-        switch (body.getSoapTypeId()) {
-        case TzSoapContentBase::Simple:
-            return writeSimple(static_cast<TzSoapSimpleTypeImp&>(body));
-        case TzSoapContentBase::Composite:
-            return writeComposite(visitor, std::as_const(body).getName(),
-                                  static_cast<TzSoapCompositeTypeImp&>(body));
-        default:
-            break;
-        }
+    if (typeid(visitor) != *visitor_) {
+        return false;
     }
-    child.acceptVisitor(visitor);
+    TzSoapTypeImp& body = TzSoapAccess::body(child);
+    switch (body.getSoapTypeId()) {
+    case TzSoapContentBase::Simple:
+        writeSimple(static_cast<TzSoapSimpleTypeImp&>(body));
+        return true;
+    case TzSoapContentBase::Composite:
+        writeComposite(visitor, std::as_const(body).getName(),
+                       static_cast<TzSoapCompositeTypeImp&>(body));
+        return true;
+    default:
+        return false;
+    }
+}
+
+void TzSoapOutput::writeChild(TzSoapConstVisitor& visitor, const TzSoapType& child) {
+    if (!writeDirectly(visitor, child)) {
+        child.acceptVisitor(visitor);
+    }
 }
 
 void TzSoapOutput::write(const TzSoapUserDefinedType& value) {
@@ -297,10 +305,13 @@ void TzSoapOutput::write(TzSoapConstVisitor& visitor, const TzSoapSparseArrayTyp
 }
 
 void TzSoapOutput::writeItem(TzSoapConstVisitor& visitor, const TzSoapType& item) {
+    if (writeDirectly(visitor, item)) {
+        return;
+    }
     if (TzSoapArrayTypeImp::isPlaceholder(item)) {
         writePlaceholder();
     } else {
-        writeChild(visitor, item);
+        item.acceptVisitor(visitor);
     }
 }
 

@@ -249,7 +249,7 @@ TEST(TzSoapWriterFault, RefusesSubcodesNestedTooDeeply) {
         fault.addFaultCodeQualifier("s");
     }
     EXPECT_EQ(textThrown<TzXmlDomainError>([&] { wire(fault); }),
-              "Elements nested deeper than 4000 levels are not written");
+              "Elements nested deeper than 2000 levels are not written");
 }
 
 } // namespace

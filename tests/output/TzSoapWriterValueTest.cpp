@@ -326,7 +326,7 @@ TEST(TzSoapWriterValue, WritesUpToTheDepthLimit) {
     }
     EXPECT_EQ(tags, TzSoapWriter::DepthLimit);
     EXPECT_EQ(textThrown<TzXmlDomainError>([] { wire(nested(TzSoapWriter::DepthLimit + 1)); }),
-              "Elements nested deeper than 4000 levels are not written");
+              "Elements nested deeper than 2000 levels are not written");
     EXPECT_THROW(wire(nested(200000)), TzXmlDomainError);
 }
 
