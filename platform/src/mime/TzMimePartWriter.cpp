@@ -42,7 +42,7 @@ TzMimePartWriter::Plan TzMimePartWriter::plan(const TzMimePartBody& part) const 
         plan.kept.clear();
         plan.bytes = part.bytes();
         plan.encoding = Kind::Base64;
-        plan.forced = stated != Kind::Base64;
+        plan.forced = true;
     }
     return plan;
 }

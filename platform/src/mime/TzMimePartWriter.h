@@ -25,7 +25,7 @@ private:
     struct Plan {
         std::string_view bytes; // what is written
         TzMimeTransferEncoding::Kind encoding = TzMimeTransferEncoding::Kind::Identity;
-        bool forced = false; // whether the encoding is not the one that the headers state
+        bool forced = false; // whether the headers have to be made to state base64
         TzCString kept;      // what bytes refers to when the part does not have it
     };
 

@@ -148,6 +148,7 @@ TEST(TzMimeMultipart, ReadsDelimiterLines) {
     const std::pair<const char*, std::vector<std::string>> cases[] = {
         {"--b\r\n\r\nx\r\n--b--\r\n", {"x"}},
         {"--b\r\n\r\nx\r\n--b--", {"x"}},
+        {"--b\r\n\r\nx\r\n--b--\r", {"x"}},
         {"--b \t\r\n\r\nx\r\n--b--  \r\n", {"x"}},
         {"preamble\r\n--b\r\n\r\nx\r\n--b--\r\nepilogue\r\n--b\r\n\r\ny\r\n--b--\r\n", {"x"}},
         {"\r\n--b\r\n\r\nx\r\n--b--\r\n", {"x"}},
