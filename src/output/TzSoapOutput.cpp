@@ -114,8 +114,9 @@ void TzSoapOutput::writeEntries(TzSoapConstVisitor& visitor, const TzSoapValueLi
 void TzSoapOutput::writePending(TzSoapConstVisitor& visitor) {
     auto& pending = state().pendingReferences;
     // What is written may refer to more: the list grows and moves meanwhile.
-    for (std::size_t i = 0; i < pending.size(); ++i) {
-        const std::pair<TzCString, TzSoapType> reference = pending[i];
+    std::size_t next = 0;
+    while (next < pending.size()) {
+        const std::pair<TzCString, TzSoapType> reference = pending[next++];
         if (takePending(reference.first, reference.second)) {
             reference.second.acceptVisitor(visitor);
         }
