@@ -31,7 +31,8 @@ TzSoapParseContext::~TzSoapParseContext() = default;
 
 void TzSoapParseContext::fileId(const TzSoapType& value) {
     const TzCString& id = value.getIdAttribute();
-    if (!id.empty() && idEntries_.try_emplace(id, value).second) {
+    // An id that an earlier part of the message had and a reference named is taken, too.
+    if (!id.empty() && !forgotten_.contains(id) && idEntries_.try_emplace(id, value).second) {
         newIds_.push_back(id);
     }
 }
@@ -179,7 +180,9 @@ bool TzSoapParseContext::takeUnfilledPositions(std::size_t positions) noexcept {
 }
 
 void TzSoapParseContext::clear() {
-    encodingStyles_ = EncodingStyles();
+    while (!encodingStyles_.empty()) {
+        encodingStyles_.pop();
+    }
     namespaces_.clear();
     references_.clear();
     unresolved_.clear();
