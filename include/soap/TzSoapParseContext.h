@@ -95,8 +95,8 @@ public:
     /// message, gives them a target that was filed since, and its references still find the ids
     /// forgotten here. O((references + ids filed since the last call) * log).
     void resolveAndClearIdReferences();
-    /// Of the references that got a target, those that lead back to a value on the way to them: without
-    /// their targets nothing refers to itself. O(values referred to), no recursion.
+    /// Of the references that got a target, those whose target leads back to them: without their
+    /// targets nothing refers to itself. O(values referred to), no recursion.
     std::vector<TzSoapReferenceToSoapTypeImp*> findRingClosers() const;
     /// The reading succeeded: the targets of its references stay.
     void keepTargets() noexcept { resolved_.clear(); }

@@ -9,107 +9,155 @@
 
 #include "model/TzSoapAccess.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <unordered_map>
 
 namespace {
 
-/// A walk in depth over values and the targets of references; a reference whose target is still being
-/// walked closes a ring.
-class RingFinder {
+/// Divides values into groups whose members all lead to each other, through what they hold and what
+/// they refer to: Tarjan's walk in depth, with a stack of its own.
+class GroupFinder {
 public:
-    void walkFrom(TzSoapReferenceToSoapTypeImp& reference) {
-        enterTarget(reference);
+    void walkFrom(TzSoapTypeImp& value) {
+        steps_.push_back({&value, NoParent, false});
         while (!steps_.empty()) {
             const Step step = steps_.back();
             steps_.pop_back();
-            take(step);
+            if (step.leave) {
+                leave(step.parent);
+            } else {
+                enter(step);
+            }
         }
     }
 
-    std::vector<TzSoapReferenceToSoapTypeImp*> takeClosers() { return std::move(closers_); }
+    /// Whether two values that were walked over lead to each other.
+    bool sameGroup(const TzSoapTypeImp& left, const TzSoapTypeImp& right) const {
+        return nodes_[numbers_.at(&left)].group == nodes_[numbers_.at(&right)].group;
+    }
 
 private:
-    enum class Colour : unsigned char { Open, Done };
+    static constexpr std::size_t NoParent = static_cast<std::size_t>(-1);
+    static constexpr std::size_t Open = static_cast<std::size_t>(-1);
 
-    /// A value to enter (through a reference or from its container) or, on the way back, to leave.
+    struct Node {
+        std::size_t lowest; // of the open nodes known to be reached from here
+        std::size_t group;  // `Open` while values on the way here may still be reached
+        std::size_t parent;
+    };
+
+    /// A value to enter from the node `parent` or, on the way back, the node `parent` to leave.
     struct Step {
         TzSoapTypeImp* value;
-        TzSoapReferenceToSoapTypeImp* through;
+        std::size_t parent;
         bool leave;
     };
 
-    void take(const Step& step) {
-        if (step.leave) {
-            colours_[step.value] = Colour::Done;
+    void enter(const Step& step) {
+        const auto [place, isNew] = numbers_.try_emplace(step.value, nodes_.size());
+        const std::size_t number = place->second;
+        if (isNew) {
+            nodes_.push_back({number, Open, step.parent});
+            open_.push_back(number);
+            steps_.push_back({step.value, number, true});
+            enterContent(*step.value, number);
+        } else if (nodes_[number].group == Open) {
+            noteReached(step.parent, number);
+        }
+    }
+
+    void leave(std::size_t number) {
+        const Node node = nodes_[number];
+        noteReached(node.parent, node.lowest);
+        if (node.lowest != number) {
             return;
         }
-        const auto [place, isNew] = colours_.try_emplace(step.value, Colour::Open);
-        if (isNew) {
-            steps_.push_back({step.value, nullptr, true});
-            enterContent(*step.value);
-        } else if (place->second == Colour::Open && step.through != nullptr) {
-            closers_.push_back(step.through);
+        std::size_t member = NoParent;
+        do {
+            member = open_.back();
+            open_.pop_back();
+            nodes_[member].group = number;
+        } while (member != number);
+    }
+
+    void noteReached(std::size_t from, std::size_t number) {
+        if (from != NoParent) {
+            nodes_[from].lowest = std::min(nodes_[from].lowest, number);
         }
     }
 
-    void enter(const TzSoapType& value) {
-        if (TzSoapAccess::hasBody(value)) {
-            steps_.push_back({&TzSoapAccess::body(value), nullptr, false});
-        }
-    }
-
-    void enterTarget(TzSoapReferenceTypeImp& reference) {
-        if (reference.isSoapReference() && reference.hasReference()) {
-            auto& through = static_cast<TzSoapReferenceToSoapTypeImp&>(reference);
-            steps_.push_back({&TzSoapAccess::body(through.getSoapReference()), &through, false});
-        }
-    }
-
-    void enterContent(TzSoapTypeImp& value) {
+    void enterContent(TzSoapTypeImp& value, std::size_t number) {
         switch (value.getSoapTypeId()) {
         case TzSoapContentBase::Composite:
-            return enterAll(static_cast<const TzSoapCompositeTypeImp&>(value));
+            return waitForChildren(static_cast<const TzSoapCompositeTypeImp&>(value), number);
         case TzSoapContentBase::Array:
-            return enterItems(static_cast<const TzSoapArrayTypeImp&>(value));
+            return waitForItems(static_cast<const TzSoapArrayTypeImp&>(value), number);
         case TzSoapContentBase::Reference:
-            return enterTarget(static_cast<TzSoapReferenceTypeImp&>(value));
+            return waitForTarget(static_cast<TzSoapReferenceTypeImp&>(value), number);
         default:
             return;
         }
     }
 
-    void enterAll(const TzSoapCompositeTypeImp& composite) {
+    void waitForChildren(const TzSoapCompositeTypeImp& composite, std::size_t number) {
         for (auto child = composite.childrenBegin(); child != composite.childrenEnd(); ++child) {
-            enter(*child);
+            wait(*child, number);
         }
     }
 
-    void enterItems(const TzSoapArrayTypeImp& array) {
+    void waitForItems(const TzSoapArrayTypeImp& array, std::size_t number) {
         if (array.isSparse()) {
-            const auto& sparse = static_cast<const TzSoapSparseArrayImp&>(array);
-            for (auto item = sparse.begin(); item != sparse.end(); ++item) {
-                enter(item->second);
+            for (const auto& [index, item] : static_cast<const TzSoapSparseArrayImp&>(array)) {
+                wait(item, number);
             }
         } else if (array.isCompact()) {
-            const auto& compact = static_cast<const TzSoapCompactArrayImp&>(array);
-            for (const TzSoapType& item : compact.storedItems()) {
-                enter(item);
+            for (const TzSoapType& item :
+                 static_cast<const TzSoapCompactArrayImp&>(array).storedItems()) {
+                wait(item, number);
             }
         }
     }
 
-    std::unordered_map<const TzSoapTypeImp*, Colour> colours_;
+    void waitForTarget(TzSoapReferenceTypeImp& reference, std::size_t number) {
+        if (reference.isSoapReference() && reference.hasReference()) {
+            steps_.push_back({&TzSoapAccess::body(reference.getSoapReference()), number, false});
+        }
+    }
+
+    /// Only what holds or refers to values can be part of a ring.
+    void wait(const TzSoapType& value, std::size_t number) {
+        TzSoapTypeImp& body = TzSoapAccess::body(value);
+        switch (body.getSoapTypeId()) {
+        case TzSoapContentBase::Composite:
+        case TzSoapContentBase::Array:
+        case TzSoapContentBase::Reference:
+            steps_.push_back({&body, number, false});
+            return;
+        default:
+            return;
+        }
+    }
+
+    std::unordered_map<const TzSoapTypeImp*, std::size_t> numbers_;
+    std::vector<Node> nodes_;
+    std::vector<std::size_t> open_; // entered, their groups not known yet
     std::vector<Step> steps_;
-    std::vector<TzSoapReferenceToSoapTypeImp*> closers_;
 };
 
 } // namespace
 
 std::vector<TzSoapReferenceToSoapTypeImp*>
 tzSoapFindRingClosers(const std::vector<TzSoapReferenceToSoapTypeImp*>& resolved) {
-    RingFinder finder;
+    GroupFinder groups;
     for (TzSoapReferenceToSoapTypeImp* reference : resolved) {
-        finder.walkFrom(*reference);
+        groups.walkFrom(*reference);
     }
-    return finder.takeClosers();
+    std::vector<TzSoapReferenceToSoapTypeImp*> closers;
+    for (TzSoapReferenceToSoapTypeImp* reference : resolved) {
+        if (groups.sameGroup(*reference, TzSoapAccess::body(reference->getSoapReference()))) {
+            closers.push_back(reference);
+        }
+    }
+    return closers;
 }
