@@ -24,13 +24,22 @@ struct TzSoapMessageImp::Rings {
     Rings(const Rings&) = delete;
     Rings& operator=(const Rings&) = delete;
     ~Rings() {
-        for (const TzSoapReferenceType& reference : closing) {
-            static_cast<TzSoapReferenceToSoapTypeImp&>(TzSoapAccess::body(reference))
-                .clearReference();
+        for (const Closing& closing : closings) {
+            // What the program has given another target since is its own.
+            if (closing.reference.hasReference() &&
+                TzSoapAccess::sameBody(closing.reference.getSoapReference(), closing.target)) {
+                static_cast<TzSoapReferenceToSoapTypeImp&>(TzSoapAccess::body(closing.reference))
+                    .clearReference();
+            }
         }
     }
 
-    std::vector<TzSoapReferenceType> closing;
+    struct Closing {
+        TzSoapReferenceType reference;
+        TzSoapType target;
+    };
+
+    std::vector<Closing> closings;
 };
 
 TzSoapMessageImp::TzSoapMessageImp(TzSoapVersion::Version version)
@@ -83,7 +92,7 @@ void TzSoapMessageImp::keepRing(const TzSoapReferenceType& reference) {
     if (rings_ == nullptr) {
         rings_ = std::make_shared<Rings>();
     }
-    rings_->closing.push_back(reference);
+    rings_->closings.push_back({reference, reference.getSoapReference()});
 }
 
 void TzSoapMessageImp::breakRings() noexcept { rings_.reset(); }
