@@ -66,6 +66,18 @@ const TzXmlAttribute* findType(const TzXmlAttributeSet& attributes) {
     return nullptr;
 }
 
+/// The encodingStyle among `attributes`, that of the latest version that states one; null without.
+const TzXmlAttribute* findEncodingStyle(const TzXmlAttributeSet& attributes) {
+    for (const TzSoapVersion::Version version : {TzSoapVersion::V1_2, TzSoapVersion::V1_1}) {
+        const auto* found = attributes.find(
+            TzSoapVersion::getSoapAttributeName(TzSoapVersion::EncodingStyle, version));
+        if (found != attributes.end()) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
 /// The name that `text` spells, its prefix resolved as far as there is a reading.
 TzXmlName resolve(std::string_view text, TzSoapParseContext* context) {
     return context != nullptr ? context->resolveName(text) : TzXmlName(text);
@@ -261,17 +273,20 @@ void TzSoapUtils::copyAttributes(TzXmlAttributeSet&& attributes, TzSoapElementIm
 std::optional<TzCString> TzSoapUtils::beginElement(TzSoapElementImp& element, const TzXmlName& name,
                                                    const TzXmlAttributeSet& attributes) {
     element.setName(name);
-    TzSoapAttributeSet& set = element.getAttributeSet();
-    AttributeAdder adder(set);
+    // Never among the attributes of an element that goes on: to take it out again costs as much as
+    // there are.
+    const TzXmlAttribute* style = findEncodingStyle(attributes);
+    const bool stated = style != nullptr && !style->getValue().empty();
+    AttributeAdder adder(element.getAttributeSet());
     for (const TzXmlAttribute& attribute : attributes) {
-        adder.add(attribute);
+        if (!stated || &attribute != style) {
+            adder.add(attribute);
+        }
     }
-    if (!set.hasEncodingStyleAttribute()) {
-        return {};
+    if (stated) {
+        element.setEncodingStyle(style->getValue());
     }
-    std::optional<TzCString> style = set.getEncodingStyleAttribute();
-    removeAndFixEncodingStyleAttribute(&element);
-    return style;
+    return style == nullptr ? std::nullopt : std::optional(style->getValue());
 }
 
 TzCString TzSoapUtils::getAttributesAsString(const TzXmlAttributeSet& attributes) {
