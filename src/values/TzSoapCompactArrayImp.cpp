@@ -303,8 +303,9 @@ void TzSoapCompactArrayImp::append(unsigned int position, const TzSoapType& memb
     if (items_.size() == items_.capacity()) {
         // Members come in order, so an array that states its size ends with just the room it needs.
         constexpr std::size_t Fewest = 4;
-        const std::size_t left = base_ + size_ - first_;
-        items_.reserve(std::min(std::max(2 * items_.size(), Fewest), left));
+        const std::size_t more = std::max(2 * items_.size(), Fewest);
+        const std::uint64_t stated = base_ + block_ > first_ ? base_ + block_ - first_ : 0;
+        items_.reserve(stated > items_.size() ? std::min<std::uint64_t>(more, stated) : more);
     }
     items_.push_back(TzSoapAccess::handle<TzSoapDefaultType>(&TzSoapAccess::body(member)));
 }
