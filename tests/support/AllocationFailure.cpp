@@ -9,8 +9,10 @@ thread_local std::size_t countdown = 0; // 0: nothing is to fail
 thread_local bool reached = false;
 thread_local std::ptrdiff_t live = 0;
 thread_local std::size_t made = 0;
+thread_local std::size_t asked = 0;
 
 void* take(std::size_t size) noexcept {
+    asked += size;
     if (countdown != 0 && --countdown == 0) {
         reached = true;
         return nullptr;
@@ -52,6 +54,8 @@ bool AllocationFailure::happened() const noexcept { return reached; }
 std::ptrdiff_t liveAllocations() noexcept { return live; }
 
 std::size_t madeAllocations() noexcept { return made; }
+
+std::size_t askedBytes() noexcept { return asked; }
 
 // All forms, so that none of them meets one of a sanitizer's own.
 void* operator new(std::size_t size) { return takeOrThrow(size); }

@@ -24,6 +24,9 @@ std::ptrdiff_t liveAllocations() noexcept;
 /// Blocks that this thread took by operator new so far.
 std::size_t madeAllocations() noexcept;
 
+/// Bytes that this thread asked operator new for so far.
+std::size_t askedBytes() noexcept;
+
 /// Runs `action` with its 1st, 2nd ... allocation failing until it needs no more. Each failure must
 /// arrive as std::bad_alloc and every run must give back what it took. Returns the number of
 /// failures.

@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include "support/AllocationFailure.h"
+#include "support/CataloguedError.h"
+#include "support/ReadValues.h"
+
+#include <soap/TzSoapCatalog.h>
+#include <tz/xml/TzXmlBoundsError.h>
+#include <tz/xml/TzXmlParseError.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using V = TzSoapVersion;
+
+class TzSoapReadLimitsReading : public ReadingBothVersions {
+protected:
+    TzSoapMessage read(const std::string& text, const TzSoapReadLimits& limits = {}) const {
+        TzSoapMessage message;
+        message.setReadLimits(limits);
+        message.extract(text);
+        return message;
+    }
+    std::string array(const std::string& size, const std::string& members = {},
+                      const std::string& attributes = {}) const {
+        return "<a " + wire.array("xsd:int", size) + " " + attributes + ">" + members + "</a>";
+    }
+    std::string axes(const std::string& rows, const std::string& columns) const {
+        return rows + (GetParam() == V::V1_1 ? "," : " ") + columns;
+    }
+};
+
+TzSoapReadLimits positions(std::size_t count) {
+    TzSoapReadLimits limits;
+    limits.unfilledArrayPositions = count;
+    return limits;
+}
+
+template <typename Action>
+void expectTooLarge(const Action& action, const char* location, const char* value) {
+    const std::size_t before = askedBytes();
+    expectCatalogued<TzXmlBoundsError>(
+        action, tzsoap_BAD_INDEX_VECTOR()->id,
+        std::string("[BAD_INDEX_VECTOR][Illegal SOAP array vector. Entry at location ") + location +
+            " has value " + value + "]");
+    EXPECT_LT(askedBytes() - before, 200000U) << "refused before memory is taken";
+}
+
+void expectPlace(const std::string& text, const TzSoapReadLimits& limits, std::size_t line,
+                 std::size_t column) {
+    TzSoapMessage message;
+    message.setReadLimits(limits);
+    try {
+        message.extract(text);
+        ADD_FAILURE() << "accepted";
+    } catch (const TzXmlParseError& error) {
+        EXPECT_EQ(error.getLine(), line);
+        EXPECT_EQ(error.getColumn(), column);
+    }
+}
+
+} // namespace
+
+TZSOAP_BOTH_VERSIONS(TzSoapReadLimitsReading);
+
+TEST(TzSoapReadLimits, areGenerousUnlessSet) {
+    const TzSoapReadLimits limits = TzSoapMessage().getReadLimits();
+    EXPECT_EQ(limits.depth, 1000U);
+    EXPECT_EQ(limits.attributes, 200000U);
+    EXPECT_EQ(limits.unfilledArrayPositions, 1048576U);
+}
+
+TEST(TzSoapReadLimits, travelWithCopiesOfAMessage) {
+    TzSoapMessage message;
+    message.setReadLimits(positions(7));
+    EXPECT_EQ(message.copy().getReadLimits().unfilledArrayPositions, 7U);
+}
+
+TEST_P(TzSoapReadLimitsReading, elementsNestAsDeepAsTheLimit) {
+    TzSoapReadLimits limits;
+    limits.depth = 4; // Envelope, Body, a, b
+    EXPECT_NO_THROW(read(wire.body("<a><b/></a>"), limits));
+    expectPlace(wire.body("\n<a><b><c/></b></a>"), limits, 2, 7);
+    EXPECT_NO_THROW(read(wire.body("\n" + repeated("<a>", 998) + repeated("</a>", 998))));
+    expectPlace(wire.body("\n" + repeated("<a>", 999) + repeated("</a>", 999)), {}, 2, 998 * 3 + 1);
+}
+
+TEST_P(TzSoapReadLimitsReading, depthCountsWhateverHoldsTheElements) {
+    const std::string deep = repeated("<b>", 999) + repeated("</b>", 999);
+    EXPECT_THROW(read(wire.message(deep, "")), TzXmlParseError);
+    EXPECT_THROW(read(wire.body("<a e:encodingStyle=\"urn:f\">" + deep + "</a>")), TzXmlParseError);
+    EXPECT_THROW(read(wire.body(repeated("<a " + wire.array("xsd:int", "1") + ">", 999) +
+                                repeated("</a>", 999))),
+                 TzXmlParseError);
+}
+
+TEST_P(TzSoapReadLimitsReading, anElementHasAsManyAttributesAsTheLimit) {
+    TzSoapReadLimits limits;
+    limits.attributes = 5;
+    EXPECT_NO_THROW(read(wire.body("<a b=\"\" c=\"\" d=\"\" xmlns:e1=\"\" f=\"\"/>"), limits));
+    expectPlace(wire.body("\n<a b=\"\" c=\"\" d=\"\" xmlns:e1=\"\" f=\"\" g=\"\"/>"), limits, 2, 1);
+}
+
+TEST_P(TzSoapReadLimitsReading, limitsHoldForTheNextTextEachTime) {
+    TzSoapMessage message;
+    TzSoapReadLimits limits;
+    limits.depth = 3;
+    message.setReadLimits(limits);
+    EXPECT_THROW(message.extract(wire.body("<a><b/></a>")), TzXmlParseError);
+    message.setReadLimits({});
+    EXPECT_NO_THROW(message.extract(wire.body("<a><b/></a>")));
+    message.setReadLimits(limits);
+    EXPECT_THROW(message.extract(wire.body("<a><b/></a>")), TzXmlParseError);
+}
+
+// Arrays.
+
+TEST_P(TzSoapReadLimitsReading, aDeclaredSizeIsRefusedBeforeItIsTaken) {
+    for (const char* members : {"", "<i>1</i>"}) {
+        expectTooLarge([&] { read(wire.body(array("2147483647", members))); }, "0", "2147483647");
+        expectTooLarge([&] { read(wire.body(array("4294967295", members))); }, "0", "4294967295");
+        expectTooLarge([&] { read(wire.body(array(axes("2", "2147483647"), members))); }, "1",
+                       "2147483647");
+        expectTooLarge([&] { read(wire.body(array(axes("2000", "3000"), members))); }, "1", "3000");
+    }
+}
+
+TEST_P(TzSoapReadLimitsReading, aSizeBeyond32BitsIsRefusedWhateverTheLimit) {
+    for (const char* members : {"", "<i>1</i>", "<i c:position=\"[1,1]\">1</i>"}) {
+        for (const std::size_t limit : {std::size_t{1048576}, static_cast<std::size_t>(-1)}) {
+            expectTooLarge([&] { read(wire.body(array(axes("65536", "65536"), members)), positions(limit)); },
+                           "0", "65536");
+            expectTooLarge(
+                [&] { read(wire.body(array(axes("4294967295", "4294967295"), members)), positions(limit)); },
+                "0", "4294967295");
+        }
+    }
+}
+
+TEST_P(TzSoapReadLimitsReading, anOffsetFarAwayIsRefusedBeforeItIsReached) {
+    expectTooLarge([&] { read(wire.body(array("", "<i>1</i>", wire.offset("4294967294")))); }, "0",
+                   "4294967294");
+    expectTooLarge([&] { read(wire.body(array("5", "<i>1</i>", wire.offset("2000000000")))); }, "0",
+                   "2000000000");
+    expectTooLarge([&] { read(wire.body(array("2000000000", "<i>1</i>", wire.offset("1999999999")))); },
+                   "0", "2000000000");
+}
+
+TEST_P(TzSoapReadLimitsReading, anOffsetAtTheEndOfTheNumbersIsRefusedWhateverTheLimit) {
+    EXPECT_THROW(read(wire.body(array("", "<i>1</i><i>2</i>", wire.offset("4294967295"))),
+                      positions(static_cast<std::size_t>(-1))),
+                 TzXmlBoundsError);
+}
+
+TEST_P(TzSoapReadLimitsReading, allArraysOfATextShareTheLimit) {
+    const std::string text = wire.body(repeated(array("1000000"), 1000));
+    expectTooLarge([&] { read(text); }, "0", "1000000");
+    EXPECT_NO_THROW(read(wire.body(array("1000000"))));
+    EXPECT_NO_THROW(read(wire.body(repeated(array("1000"), 1000))));
+}
+
+TEST_P(TzSoapReadLimitsReading, everyByteOfTheTextPaysForAPosition) {
+    std::string text = wire.body(array("1000"));
+    const std::string size = std::to_string(10 + text.size());
+    ASSERT_EQ(size.size(), 3U) << "as long as the largest that is tried";
+    text = wire.body(array("0" + size));
+    EXPECT_NO_THROW(read(text, positions(10)));
+    expectTooLarge([&] { read(text, positions(9)); }, "0", size.c_str());
+}
+
+TEST_P(TzSoapReadLimitsReading, filledPositionsDoNotCount) {
+    const std::string text = wire.body(repeated(array("1000", repeated("<i/>", 1000)), 10));
+    EXPECT_NO_THROW(read(text, positions(1000)));
+    const std::string grown = wire.body(array("", repeated("<i/>", 10000)));
+    EXPECT_NO_THROW(read(grown, positions(0)));
+}
+
+TEST_P(TzSoapReadLimitsReading, aRaisedLimitAcceptsDeclaredSizesCheaply) {
+    const auto unlimited = positions(static_cast<std::size_t>(-1));
+    for (const auto& [text, entries] :
+         {std::pair(array("2147483647"), 2147483647U), std::pair(array("2147483647", "<i>1</i>"), 2147483647U),
+          std::pair(array("4294967295", "<i>1</i>"), 4294967295U),
+          std::pair(array(axes("65535", "65537"), "<i>1</i>"), 4294967295U),
+          std::pair(array("", "<i>1</i>", wire.offset("4294967294")), 4294967295U),
+          std::pair(array("4294967295", "<i>1</i>", wire.offset("4294967294")), 4294967295U)}) {
+        const std::size_t before = askedBytes();
+        const TzSoapMessage message = read(wire.body(text), unlimited);
+        EXPECT_EQ(compact(bodyEntry(message)).entries(), entries) << text;
+        EXPECT_LT(askedBytes() - before, 200000U) << text;
+    }
+    const std::size_t before = askedBytes();
+    read(wire.body(repeated(array("1000000", "<i>1</i>"), 10000)), unlimited);
+    EXPECT_LT(askedBytes() - before, 100000000U) << "less than one position of each";
+}
+
+TEST_P(TzSoapReadLimitsReading, aLargeArrayIsStillCheapWhenReferencesPointAtIt) {
+    const std::string text =
+        wire.body("<r " + wire.ref("x") + "/>" + array("2147483647", "<i " + wire.ref("x") + "/>", "id=\"x\""));
+    const std::size_t before = askedBytes();
+    const TzSoapMessage message = read(text, positions(static_cast<std::size_t>(-1)));
+    EXPECT_TRUE(sameValue(reference(bodyEntry(message)).getSoapReference(), bodyEntry(message, 1)));
+    EXPECT_LT(askedBytes() - before, 200000U);
+}
+
+TEST_P(TzSoapReadLimitsReading, aLargeArrayIsWrittenAndCopiedCheaply) {
+    const TzSoapMessage message = read(wire.body(array("2147483647", "<i>1</i>")),
+                                       positions(static_cast<std::size_t>(-1)));
+    const std::size_t before = askedBytes();
+    EXPECT_NE(message.asString().find("2147483647"), std::string::npos);
+    EXPECT_NE(message.copy().asString().find("2147483647"), std::string::npos);
+    EXPECT_LT(askedBytes() - before, 200000U);
+}
+
+TEST_P(TzSoapReadLimitsReading, aSparseArrayCostsItsMembersOnly) {
+    const std::size_t before = askedBytes();
+    const TzSoapMessage message =
+        read(wire.body(array("4294967295", "<i " + wire.position("4294967294") + ">1</i>")));
+    EXPECT_EQ(sparse(bodyEntry(message)).entries(), 1U);
+    EXPECT_LT(askedBytes() - before, 200000U);
+}
+
+TEST_P(TzSoapReadLimitsReading, theLimitStartsAnewWithEachText) {
+    TzSoapMessage message;
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_NO_THROW(message.extract(wire.body(array("1000000"))));
+    }
+    EXPECT_THROW(message.extract(wire.body(array("2000000"))), TzXmlBoundsError);
+    EXPECT_NO_THROW(message.extract(wire.body(array("1000000"))));
+}
