@@ -31,7 +31,9 @@ public:
     void visit(const TzSoapHeader& header) override {
         line("header " + uniqueName(header.getName()));
         for (auto entry = header.entriesBegin(); entry != header.entriesEnd(); ++entry) {
-            visitNested(*entry);
+            if (entry->getIdAttribute().empty()) {
+                visitNested(*entry);
+            }
         }
     }
     void visit(const TzSoapBody& body) override {
