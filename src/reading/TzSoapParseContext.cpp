@@ -17,6 +17,9 @@
 
 namespace {
 
+/// Sets of handlers that outlive a reading; usual texts nest less deep.
+constexpr std::size_t MostSpareHandlers = 16;
+
 /// The id that a reference text names: with or without the mark of a fragment.
 std::string_view idOf(std::string_view href) noexcept {
     return href.starts_with('#') ? href.substr(1) : href;
@@ -188,9 +191,13 @@ void TzSoapParseContext::clear() {
     unresolved_.clear();
     idEntries_.clear();
     forgotten_.clear();
-    newIds_.clear();
-    resolved_.clear();
-    kept_.clear();
+    // What one text needed much of is not kept for the next.
+    decltype(newIds_)().swap(newIds_);
+    decltype(resolved_)().swap(resolved_);
+    decltype(kept_)().swap(kept_);
+    if (spareHandlers_.size() > MostSpareHandlers) {
+        spareHandlers_.resize(MostSpareHandlers);
+    }
 }
 
 std::unique_ptr<TzSoapTypeHandlers> TzSoapParseContext::borrowTypeHandlers() {
