@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // A program may have any global locale: the texts of messages do not change with it.
+#include "support/ForeignLocale.h"
 #include "property/Description.h"
 #include "property/Generator.h"
-#include "support/ForeignLocale.h"
 #include "support/ReadValues.h"
 
 #include <tz/tools/TzDate.h>
@@ -31,7 +31,8 @@ TzSoapMessage numbers() {
     TzSoapBody& body = message.getSoapBody();
     body.appendEntry(TzSoapSimpleType(TzXmlName("int"), 1234567, Base::xsdInt, true));
     body.appendEntry(TzSoapSimpleType(TzXmlName("long"), -1234567890123L, Base::xsdLong, true));
-    body.appendEntry(TzSoapSimpleType(TzXmlName("short"), static_cast<short>(-12345), Base::xsdShort, true));
+    body.appendEntry(
+        TzSoapSimpleType(TzXmlName("short"), static_cast<short>(-12345), Base::xsdShort, true));
     body.appendEntry(TzSoapSimpleType(TzXmlName("double"), 1234.5, Base::xsdDouble, true));
     body.appendEntry(TzSoapSimpleType(TzXmlName("float"), 0.25F, Base::xsdFloat, true));
     body.appendEntry(TzSoapSimpleType(TzXmlName("yes"), true, Base::xsdBoolean, true));
@@ -96,20 +97,21 @@ TEST(ForeignLocaleUse, messagesOfAllKindsAreWrittenAndReadAsEver) {
 TEST(ForeignLocaleUse, errorsNameNumbersAsEver) {
     const ForeignLocale foreign;
     try {
-        readMessage(WireForm(TzSoapVersion::V1_1)
-                        .body("<a c:arrayType=\"xsd:int[2147483647]\"/>"));
+        readMessage(WireForm(TzSoapVersion::V1_1).body("<a c:arrayType=\"xsd:int[2147483647]\"/>"));
         ADD_FAILURE() << "accepted";
     } catch (const Tzxmsg& error) {
-        EXPECT_EQ(error.asString(), "[BAD_INDEX_VECTOR][Illegal SOAP array vector. Entry at location 0 "
-                                    "has value 2147483647]");
+        EXPECT_EQ(error.asString(),
+                  "[BAD_INDEX_VECTOR][Illegal SOAP array vector. Entry at location 0 "
+                  "has value 2147483647]");
     }
 }
 
 TEST(ForeignLocaleUse, datesDecimalsAndTheirTextsAreAsEver) {
     const ForeignLocale foreign;
     TzSoapSimpleType value(TzXmlName("a"), "2026-11-21T12:34:56.5Z", Base::xsdDateTime, true);
-    EXPECT_EQ(TzSoapSimpleType(TzXmlName("a"), value.getDateTime(), Base::xsdDateTime, true).getString(),
-              "2026-11-21T12:34:56.5Z");
+    EXPECT_EQ(
+        TzSoapSimpleType(TzXmlName("a"), value.getDateTime(), Base::xsdDateTime, true).getString(),
+        "2026-11-21T12:34:56.5Z");
     std::ostringstream out;
     out << TzDecimalPortable("1234567.50");
     EXPECT_EQ(out.str(), "1234567.50");

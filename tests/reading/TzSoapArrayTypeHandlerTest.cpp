@@ -25,7 +25,8 @@ protected:
     /// An array of `size` with these members.
     TzSoapType array(const std::string& size, const std::string& members,
                      const std::string& attributes = {}) const {
-        return read("<a " + wire.array("xsd:int", size) + " " + attributes + ">" + members + "</a>");
+        return read("<a " + wire.array("xsd:int", size) + " " + attributes + ">" + members +
+                    "</a>");
     }
     /// The same with several axes, which the versions separate differently.
     TzSoapType array2(const char* rows, const char* columns, const std::string& members,
@@ -113,9 +114,11 @@ TEST_P(TzSoapArrayTypeHandlerReading, anOffsetBeyondTheSizeGrowsTheArray) {
 
 TEST_P(TzSoapArrayTypeHandlerReading, theAttributesOfTheShapeDoNotStay) {
     for (const char* members : {"", "<i>1</i>"}) {
-        const TzSoapType value =
-            array("5", members, wire.offset("1") + " id=\"x\" k=\"v\" xmlns:t=\"urn:t\""
-                                " xsi:type=\"c:Array\" e:encodingStyle=\"" + wire.style() + "\"");
+        const TzSoapType value = array("5", members,
+                                       wire.offset("1") +
+                                           " id=\"x\" k=\"v\" xmlns:t=\"urn:t\""
+                                           " xsi:type=\"c:Array\" e:encodingStyle=\"" +
+                                           wire.style() + "\"");
         EXPECT_EQ(value.attributeCount(), 3U) << members; // id, k, t
         EXPECT_EQ(value.getIdAttribute(), "x");
         EXPECT_EQ(value.findAttribute(TzXmlName("k"))->getValue(), "v");
@@ -164,8 +167,8 @@ TEST_P(TzSoapArrayTypeHandlerReading, membersOfEveryKindHavePositions) {
         const TzSoapSparseArrayType array = sparse(this->array("3", one.member));
         ASSERT_EQ(array.entries(), 1U) << one.member;
         EXPECT_EQ(array(1U).getSoapTypeId(), one.kind) << one.member;
-        EXPECT_FALSE(array(1U).hasAttribute(
-            TzSoapVersion::getSoapAttributeName(V::Position, GetParam())))
+        EXPECT_FALSE(
+            array(1U).hasAttribute(TzSoapVersion::getSoapAttributeName(V::Position, GetParam())))
             << one.member;
     }
 }
@@ -216,21 +219,21 @@ TEST_P(TzSoapArrayTypeHandlerReading, aPositionOutsideOfTheShapeIsOutOfRange) {
     expectCatalogued<TzXmlBoundsError>([&] { array("9", member(axes("1", "1"), "a")); },
                                        tzsoap_INDEX_RANGE_VEC()->id,
                                        "[INDEX_RANGE_VEC][Index vector 1 1 out of range 0 -> 9]");
-    expectCatalogued<TzXmlBoundsError>([&] { array2("2", "3", member(axes("1", "3"), "a")); },
-                                       tzsoap_INDEX_RANGE_VEC()->id,
-                                       "[INDEX_RANGE_VEC][Index vector 1 3 out of range 0 0 -> 2 3]");
+    expectCatalogued<TzXmlBoundsError>(
+        [&] { array2("2", "3", member(axes("1", "3"), "a")); }, tzsoap_INDEX_RANGE_VEC()->id,
+        "[INDEX_RANGE_VEC][Index vector 1 3 out of range 0 0 -> 2 3]");
     EXPECT_EQ(positionsOf(array("", member("4000000000", "a"))), "[4000000000]a");
 }
 
 TEST_P(TzSoapArrayTypeHandlerReading, aPositionThatIsNoneIsABadIndex) {
-    expectCatalogued<TzXmlBadArgError>([&] { read("<a " + wire.array("xsd:int", "9") +
-                                                  "><i c:position=\"[1\">a</i></a>"); },
-                                       tzsoap_BAD_INDEX_STRING()->id,
-                                       "[BAD_INDEX_STRING][Illegal SOAP array index string: \"[1\"]");
-    expectCatalogued<TzXmlBadArgError>([&] { read("<a " + wire.array("xsd:int", "9") +
-                                                  "><i c:position=\"-1\">a</i></a>"); },
-                                       tzsoap_BAD_INDEX_STRING()->id,
-                                       "[BAD_INDEX_STRING][Illegal SOAP array index string: \"-1\"]");
+    expectCatalogued<TzXmlBadArgError>(
+        [&] { read("<a " + wire.array("xsd:int", "9") + "><i c:position=\"[1\">a</i></a>"); },
+        tzsoap_BAD_INDEX_STRING()->id,
+        "[BAD_INDEX_STRING][Illegal SOAP array index string: \"[1\"]");
+    expectCatalogued<TzXmlBadArgError>(
+        [&] { read("<a " + wire.array("xsd:int", "9") + "><i c:position=\"-1\">a</i></a>"); },
+        tzsoap_BAD_INDEX_STRING()->id,
+        "[BAD_INDEX_STRING][Illegal SOAP array index string: \"-1\"]");
 }
 
 TEST_P(TzSoapArrayTypeHandlerReading, aShapeThatIsNoneIsABadIndex) {
@@ -246,9 +249,9 @@ TEST_P(TzSoapArrayTypeHandlerReading, aShapeThatIsNoneIsABadIndex) {
 }
 
 TEST_P(TzSoapArrayTypeHandlerReading, anOffsetThatIsNoneIsABadIndex) {
-    expectCatalogued<TzXmlBadArgError>([&] { array("9", "<i/>", "c:offset=\"[,1]\""); },
-                                       tzsoap_BAD_INDEX_STRING()->id,
-                                       "[BAD_INDEX_STRING][Illegal SOAP array index string: \"[,1]\"]");
+    expectCatalogued<TzXmlBadArgError>(
+        [&] { array("9", "<i/>", "c:offset=\"[,1]\""); }, tzsoap_BAD_INDEX_STRING()->id,
+        "[BAD_INDEX_STRING][Illegal SOAP array index string: \"[,1]\"]");
 }
 
 TEST_P(TzSoapArrayTypeHandlerReading, anEmptyOffsetSaysNothing) {
@@ -257,9 +260,9 @@ TEST_P(TzSoapArrayTypeHandlerReading, anEmptyOffsetSaysNothing) {
 
 TEST_P(TzSoapArrayTypeHandlerReading, anArrayCanBeReferredToByItsId) {
     for (const char* members : {"", "<i>1</i>"}) {
-        const TzSoapMessage message = readMessage(
-            wire.body("<b " + wire.ref("x") + "/><a id=\"x\" " + wire.array("xsd:int", "1") + ">" +
-                      members + "</a>"));
+        const TzSoapMessage message =
+            readMessage(wire.body("<b " + wire.ref("x") + "/><a id=\"x\" " +
+                                  wire.array("xsd:int", "1") + ">" + members + "</a>"));
         const auto target = reference(bodyEntry(message)).getSoapReference();
         EXPECT_TRUE(sameValue(target, bodyEntry(message, 1))) << members;
     }
@@ -272,8 +275,8 @@ TEST_P(TzSoapArrayTypeHandlerReading, textBetweenMembersIsDropped) {
 
 TEST_P(TzSoapArrayTypeHandlerReading, arraysOfArraysKeepTheirMembersApart) {
     const std::string inner = "<i " + wire.array("xsd:int", "2") + ">";
-    const TzSoapCompactArrayType outer =
-        compact(array("3", inner + "<j>1</j><j>2</j></i>" + inner + "<j>3</j></i>" + inner + "</i>"));
+    const TzSoapCompactArrayType outer = compact(
+        array("3", inner + "<j>1</j><j>2</j></i>" + inner + "<j>3</j></i>" + inner + "</i>"));
     EXPECT_EQ(itemsOf(outer(0U)), "12");
     EXPECT_EQ(itemsOf(outer(1U)), "3-");
     EXPECT_EQ(itemsOf(outer(2U)), "--");
@@ -281,8 +284,8 @@ TEST_P(TzSoapArrayTypeHandlerReading, arraysOfArraysKeepTheirMembersApart) {
 
 TEST(TzSoapArrayTypeHandler12, theFormOfSoap11IsReadToo) {
     const WireForm wire(V::V1_2);
-    const auto array = compact(bodyEntry(readMessage(
-        wire.body("<a c:itemType=\"xsd:int\" c:arraySize=\"[2,3]\" c:offset=\"[1,0]\"><i>1</i></a>"))));
+    const auto array = compact(bodyEntry(readMessage(wire.body(
+        "<a c:itemType=\"xsd:int\" c:arraySize=\"[2,3]\" c:offset=\"[1,0]\"><i>1</i></a>"))));
     EXPECT_EQ(array.getBounds(), (Index{2, 3}));
     EXPECT_EQ(itemsOf(array), "---1--");
 }

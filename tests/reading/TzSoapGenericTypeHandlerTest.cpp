@@ -22,17 +22,15 @@ const WireForm wire12{V::V1_2};
 class TzSoapGenericTypeHandlerReading : public ReadingBothVersions {
 protected:
     /// The kind that the only body entry reads as.
-    std::string kindOf(const std::string& entry) const {
-        return kindIn(wire.body(entry));
-    }
+    std::string kindOf(const std::string& entry) const { return kindIn(wire.body(entry)); }
     static std::string kindIn(const std::string& text) {
         return bodyEntry(readMessage(text)).getSoapTypeIdAsString();
     }
     std::string style(const std::string& uri) const { return "e:encodingStyle=\"" + uri + "\""; }
 };
 
-/// What the application decodes itself, in a registry of all messages, so under a style that only these
-/// tests know.
+/// What the application decodes itself, in a registry of all messages, so under a style that only
+/// these tests know.
 const char* const RegisteredUri12 = "http://www.w3.org/2002/06/soap-encodinX";
 const char* const RegisteredUri11 = "http://schemas.xmlsoap.org/soap/encodingX";
 
@@ -70,11 +68,13 @@ TEST_P(TzSoapGenericTypeHandlerReading, aReferenceAttributeMakesAReference) {
 
 TEST(TzSoapGenericTypeHandler11, hrefIsAReferenceToAValueWithAMarkOfAFragmentAndToAPartWithout) {
     for (const char* href : {"#x", "#"}) {
-        const auto read = bodyEntry(readMessage(wire11.body("<a href=\"" + TzCString(href) + "\"/>")));
+        const auto read =
+            bodyEntry(readMessage(wire11.body("<a href=\"" + TzCString(href) + "\"/>")));
         EXPECT_FALSE(reference(read).isMimeReference()) << href;
     }
     for (const char* href : {"cid:x", "x", "", " #x", "http://example.org/#x"}) {
-        const auto read = bodyEntry(readMessage(wire11.body("<a href=\"" + TzCString(href) + "\"/>")));
+        const auto read =
+            bodyEntry(readMessage(wire11.body("<a href=\"" + TzCString(href) + "\"/>")));
         EXPECT_TRUE(reference(read).isMimeReference()) << href;
     }
 }
@@ -85,14 +85,16 @@ TEST(TzSoapGenericTypeHandler11, refSaysNothing) {
 
 TEST(TzSoapGenericTypeHandler12, refIsAReferenceToAValueWhateverItSays) {
     for (const char* ref : {"#x", "x", "cid:x", ""}) {
-        const auto read = bodyEntry(readMessage(wire12.body("<a ref=\"" + TzCString(ref) + "\"/>")));
+        const auto read =
+            bodyEntry(readMessage(wire12.body("<a ref=\"" + TzCString(ref) + "\"/>")));
         EXPECT_FALSE(reference(read).isMimeReference()) << ref;
     }
 }
 
 TEST(TzSoapGenericTypeHandler12, hrefIsAReferenceToAPartWhateverItSays) {
     for (const char* href : {"#x", "x", "cid:x", ""}) {
-        const auto read = bodyEntry(readMessage(wire12.body("<a href=\"" + TzCString(href) + "\"/>")));
+        const auto read =
+            bodyEntry(readMessage(wire12.body("<a href=\"" + TzCString(href) + "\"/>")));
         EXPECT_TRUE(reference(read).isMimeReference()) << href;
     }
 }
@@ -118,16 +120,16 @@ TEST_P(TzSoapGenericTypeHandlerReading, arrayAttributesMakeAnArray) {
 }
 
 TEST(TzSoapGenericTypeHandler11, theAttributesOfSoap12MakeNoArray) {
-    const auto read = bodyEntry(readMessage(
-        wire11.body("<a c:itemType=\"xsd:int\" c:arraySize=\"2\" xmlns:n=\"" + wire12.style() +
-                    "\" n:itemType=\"xsd:int\" n:arraySize=\"2\"/>")));
+    const auto read = bodyEntry(
+        readMessage(wire11.body("<a c:itemType=\"xsd:int\" c:arraySize=\"2\" xmlns:n=\"" +
+                                wire12.style() + "\" n:itemType=\"xsd:int\" n:arraySize=\"2\"/>")));
     EXPECT_EQ(read.getSoapTypeId(), Base::Simple);
 }
 
 TEST(TzSoapGenericTypeHandler12, theAttributeOfSoap11MakesNoArray) {
-    const auto read = bodyEntry(
-        readMessage(wire12.body("<a c:arrayType=\"xsd:int[2]\" xmlns:n=\"" + wire11.style() +
-                                "\" n:arrayType=\"xsd:int[2]\"/>")));
+    const auto read =
+        bodyEntry(readMessage(wire12.body("<a c:arrayType=\"xsd:int[2]\" xmlns:n=\"" +
+                                          wire11.style() + "\" n:arrayType=\"xsd:int[2]\"/>")));
     EXPECT_EQ(read.getSoapTypeId(), Base::Simple);
 }
 
@@ -146,8 +148,7 @@ TEST(TzSoapGenericTypeHandler12, itemTypeOrArraySizeAloneMakesAnArray) {
 }
 
 TEST(TzSoapGenericTypeHandler11, anArrayTypeWithoutSizeIsAnOpenArrayOfNoType) {
-    const auto array =
-        compact(bodyEntry(readMessage(wire11.body("<a c:arrayType=\"xsd:int\"/>"))));
+    const auto array = compact(bodyEntry(readMessage(wire11.body("<a c:arrayType=\"xsd:int\"/>"))));
     EXPECT_EQ(array.getElementType(), "");
     EXPECT_EQ(array.getBounds(), std::vector<unsigned int>{0});
 }
@@ -208,10 +209,12 @@ TEST_P(TzSoapGenericTypeHandlerReading, theNearestStyleDecides) {
 }
 
 TEST_P(TzSoapGenericTypeHandlerReading, aStyleHoldsForAllItsElementHoldsAndForNothingBehindIt) {
-    const TzSoapMessage message = readMessage(wire.body(
-        "<a " + style(wire.style()) + "><b " + style("urn:foreign") + "/><c><d/></c></a><f/>"
-        "<g " + style("") + "><h/></g><i/>",
-        style("urn:outer")));
+    const TzSoapMessage message =
+        readMessage(wire.body("<a " + style(wire.style()) + "><b " + style("urn:foreign") +
+                                  "/><c><d/></c></a><f/>"
+                                  "<g " +
+                                  style("") + "><h/></g><i/>",
+                              style("urn:outer")));
     EXPECT_EQ(child(bodyEntry(message, 0), "b").getSoapTypeId(), Base::UserDefined);
     EXPECT_EQ(child(child(bodyEntry(message, 0), "c"), "d").getSoapTypeId(), Base::Simple);
     EXPECT_EQ(bodyEntry(message, 1).getSoapTypeId(), Base::UserDefined);
@@ -222,7 +225,8 @@ TEST_P(TzSoapGenericTypeHandlerReading, aStyleHoldsForAllItsElementHoldsAndForNo
 TEST_P(TzSoapGenericTypeHandlerReading, theStyleOfEachKindOfChildEndsWithIt) {
     const std::string soap = style(wire.style());
     for (const std::string& first :
-         {"<a " + soap + "/>", "<a " + soap + "><b/></a>", "<a " + soap + " " + wire.ref("x") + "/>",
+         {"<a " + soap + "/>", "<a " + soap + "><b/></a>",
+          "<a " + soap + " " + wire.ref("x") + "/>",
           "<a " + soap + " " + wire.array("xsd:int", "1") + "><b/></a>",
           "<a " + soap + " " + wire.array("xsd:int", "1") + "/>",
           "<a " + soap + " " + wire.array("xsd:int", "5") + "><b " + wire.position("1") + "/></a>",
@@ -255,10 +259,12 @@ TEST_P(TzSoapGenericTypeHandlerReading, theStylesOfBothVersionsAreSoap) {
     EXPECT_EQ(kindOf("<a " + style("http://schemas.xmlsoap.org/soap/encoding") + "/>"), "Simple");
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, theEncodingStyleOfTheOtherVersionIsAnAttributeLikeAnyOther) {
+TEST_P(TzSoapGenericTypeHandlerReading,
+       theEncodingStyleOfTheOtherVersionIsAnAttributeLikeAnyOther) {
     const WireForm& other = GetParam() == V::V1_1 ? wire12 : wire11;
-    EXPECT_EQ(kindOf("<a xmlns:o=\"" + other.envelopeUri() + "\" o:encodingStyle=\"urn:foreign\"/>"),
-              "Simple");
+    EXPECT_EQ(
+        kindOf("<a xmlns:o=\"" + other.envelopeUri() + "\" o:encodingStyle=\"urn:foreign\"/>"),
+        "Simple");
 }
 
 TEST_P(TzSoapGenericTypeHandlerReading, aRegisteredTypeOfASoapStyleIsLeftToTheApplication) {
@@ -277,7 +283,8 @@ TEST_P(TzSoapGenericTypeHandlerReading, aRegisteredTypeOfASoapStyleIsLeftToTheAp
 }
 
 TEST_P(TzSoapGenericTypeHandlerReading, theEmptyStyleNeverAsksTheRegistry) {
-    TzSoapEncodingStyleTypeRegistry::getRegistry()->registerType("", TzXmlName("int", TzXmlNamespace::getXsd()));
+    TzSoapEncodingStyleTypeRegistry::getRegistry()->registerType(
+        "", TzXmlName("int", TzXmlNamespace::getXsd()));
     EXPECT_EQ(kindOf("<a " + style("") + " xsi:type=\"xsd:int\"/>"), "Simple");
     EXPECT_EQ(kindOf("<a xsi:type=\"xsd:int\"/>"), "Simple");
 }
@@ -287,7 +294,8 @@ TEST_P(TzSoapGenericTypeHandlerReading, theTypeOfTheMessagesRegistryStandsInForA
     TzSoapMessage message;
     message.getTypeRegistry().registerType(TzXmlName("a"),
                                            TzXmlName("mine", TzXmlNamespace("t", "urn:t")));
-    message.getTypeRegistry().registerType(TzXmlName("b"), TzXmlName("int", TzXmlNamespace::getXsd()));
+    message.getTypeRegistry().registerType(TzXmlName("b"),
+                                           TzXmlName("int", TzXmlNamespace::getXsd()));
     message.extract(wire.body("<a/><a xsi:type=\"xsd:int\"/><b/><c/>", registered));
     EXPECT_EQ(bodyEntry(message, 0).getSoapTypeId(), Base::UserDefined);
     EXPECT_EQ(bodyEntry(message, 0).getType(), TzXmlName("mine", TzXmlNamespace("t", "urn:t")));
@@ -299,17 +307,17 @@ TEST_P(TzSoapGenericTypeHandlerReading, theTypeOfTheMessagesRegistryStandsInForA
 TEST_P(TzSoapGenericTypeHandlerReading, thePrefixOfATypeIsLookedUpOutsideFirst) {
     const std::string registered = style(registeredStyle(GetParam()));
     // Deliberately: what decides the handler is the outer binding, what the value keeps its own.
-    const std::string text =
-        wire.body("<a xmlns:t=\"urn:inner\" xsi:type=\"t:mine\"/>", registered + " xmlns:t=\"urn:t\"");
+    const std::string text = wire.body("<a xmlns:t=\"urn:inner\" xsi:type=\"t:mine\"/>",
+                                       registered + " xmlns:t=\"urn:t\"");
     EXPECT_EQ(kindIn(text), "UserDefined");
 }
 
 // References as values.
 
 TEST_P(TzSoapGenericTypeHandlerReading, aReferenceKeepsNameAndAttributes) {
-    const auto read = reference(bodyEntry(readMessage(
-        wire.body("<p:a xmlns:p=\"urn:p\" " + wire.ref("x") +
-                  " id=\"r\" k=\"v\" xmlns:t=\"urn:t\" xsi:type=\"t:T\" e:mustUnderstand=\"1\"/>"))));
+    const auto read = reference(bodyEntry(readMessage(wire.body(
+        "<p:a xmlns:p=\"urn:p\" " + wire.ref("x") +
+        " id=\"r\" k=\"v\" xmlns:t=\"urn:t\" xsi:type=\"t:T\" e:mustUnderstand=\"1\"/>"))));
     EXPECT_EQ(read.getName(), TzXmlName("a", TzXmlNamespace("p", "urn:p")));
     EXPECT_EQ(read.getIdAttribute(), "r");
     EXPECT_EQ(read.findAttribute(TzXmlName("k"))->getValue(), "v");
@@ -321,8 +329,9 @@ TEST_P(TzSoapGenericTypeHandlerReading, aReferenceIsAnEmptyElement) {
     const std::string begin = wire.envelope("<e:Body><a " + wire.ref("x") + ">");
     const std::string text = "[ILLEGAL_REFERENCE][Per SOAP, reference accessor(element with a href "
                              "attribute) is an empty element.]";
-    for (const std::string& content : {std::string("<b/>"), std::string("text<b>1</b>"), "<b " + wire.ref("x") + "/>",
-                                       "<b " + wire.array("xsd:int", "1") + "/>"}) {
+    for (const std::string& content :
+         {std::string("<b/>"), std::string("text<b>1</b>"), "<b " + wire.ref("x") + "/>",
+          "<b " + wire.array("xsd:int", "1") + "/>"}) {
         TzSoapMessage message;
         expectCatalogued<TzXmlParseError>(
             [&] { message.extract(wire.body("\n<a " + wire.ref("x") + ">" + content + "</a>")); },

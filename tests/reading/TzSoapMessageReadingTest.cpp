@@ -93,7 +93,8 @@ const WideForm WideForms[] = {
 TZSOAP_BOTH_VERSIONS(TzSoapMessageReading);
 
 TEST_P(TzSoapMessageReading, envelopeHeaderAndBodyAreRead) {
-    const TzSoapMessage message = read("<?xml version=\"1.0\"?>\n" + wire.message("<h/>", "<a/><b/>"));
+    const TzSoapMessage message =
+        read("<?xml version=\"1.0\"?>\n" + wire.message("<h/>", "<a/><b/>"));
     EXPECT_EQ(message.getVersion(), GetParam());
     EXPECT_EQ(entriesOf(message), "h|ab");
     EXPECT_EQ(message.getName(), TzXmlName("Envelope", wire.names().getSoapEnv()));
@@ -111,9 +112,9 @@ TEST_P(TzSoapMessageReading, theVersionIsThatOfTheEnvelope) {
 }
 
 TEST_P(TzSoapMessageReading, prefixesAreThoseOfTheText) {
-    const TzSoapMessage message = read("<P:Envelope xmlns:P=\"" + wire.envelopeUri() +
-                                       "\" xmlns:Q=\"" + wire.envelopeUri() +
-                                       "\"><Q:Header/><P:Body/></P:Envelope>");
+    const TzSoapMessage message =
+        read("<P:Envelope xmlns:P=\"" + wire.envelopeUri() + "\" xmlns:Q=\"" + wire.envelopeUri() +
+             "\"><Q:Header/><P:Body/></P:Envelope>");
     EXPECT_EQ(message.getSoapPrefix(), "P");
     EXPECT_EQ(message.getSoapHeader().getName().getQualifiedName(), "Q:Header");
     EXPECT_EQ(message.getSoapBody().getName().getQualifiedName(), "P:Body");
@@ -154,10 +155,10 @@ TEST_P(TzSoapMessageReading, attributesOfHeaderAndBodyAreKept) {
 }
 
 TEST_P(TzSoapMessageReading, aSecondHeaderOrBodyAddsToTheFirst) {
-    const TzSoapMessage message = read(
-        wire.envelope("<e:Body k=\"1\" e:encodingStyle=\"\"><a/></e:Body><e:Header l=\"1\"><h/></e:Header>"
-                      "<e:Body k=\"2\" m=\"3\" e:encodingStyle=\"\"><b/></e:Body>"
-                      "<e:Header l=\"2\"><i/></e:Header>"));
+    const TzSoapMessage message = read(wire.envelope(
+        "<e:Body k=\"1\" e:encodingStyle=\"\"><a/></e:Body><e:Header l=\"1\"><h/></e:Header>"
+        "<e:Body k=\"2\" m=\"3\" e:encodingStyle=\"\"><b/></e:Body>"
+        "<e:Header l=\"2\"><i/></e:Header>"));
     EXPECT_EQ(entriesOf(message), "hi|ab");
     EXPECT_EQ(message.getSoapBody().findAttribute(TzXmlName("k"))->getValue(), "2");
     EXPECT_EQ(message.getSoapBody().findAttribute(TzXmlName("m"))->getValue(), "3");
@@ -177,8 +178,9 @@ TEST_P(TzSoapMessageReading, headerAndBodyMayBeMissing) {
 }
 
 TEST_P(TzSoapMessageReading, aFaultBesideEntriesIsRead) {
-    const std::string code = GetParam() == V::V1_1 ? "<faultcode>e:Server</faultcode>"
-                                                   : "<e:Code><e:Value>e:Receiver</e:Value></e:Code>";
+    const std::string code = GetParam() == V::V1_1
+                                 ? "<faultcode>e:Server</faultcode>"
+                                 : "<e:Code><e:Value>e:Receiver</e:Value></e:Code>";
     const TzSoapMessage message =
         read(wire.body("<a/><e:Fault xmlns:d=\"urn:d\">" + code + "</e:Fault><b/>"));
     EXPECT_TRUE(message.getSoapBody().hasSoapFault());
@@ -210,7 +212,8 @@ TEST_P(TzSoapMessageReading, aTextWithoutATagHoldsNoEnvelope) {
 }
 
 TEST_P(TzSoapMessageReading, theFirstElementIsTheEnvelope) {
-    expectRefused("<a>\n" + wire.envelope("") + "</a>", tzsoap_NO_SOAP_ENVELOPE(), NoEnvelope, 1, 1);
+    expectRefused("<a>\n" + wire.envelope("") + "</a>", tzsoap_NO_SOAP_ENVELOPE(), NoEnvelope, 1,
+                  1);
     expectRefused("<?xml version=\"1.0\"?>\n <e:envelope xmlns:e=\"" + wire.envelopeUri() + "\"/>",
                   tzsoap_NO_SOAP_ENVELOPE(), NoEnvelope, 2, 2);
     expectRefused("<e:Body xmlns:e=\"" + wire.envelopeUri() + "\"/>", tzsoap_NO_SOAP_ENVELOPE(),
@@ -220,7 +223,8 @@ TEST_P(TzSoapMessageReading, theFirstElementIsTheEnvelope) {
 TEST_P(TzSoapMessageReading, anEnvelopeOfAnotherNamespaceIsOfAnUnknownVersion) {
     for (const char* uri : {"http://www.w3.org/2003/05/soap-envelope", "urn:x",
                             "http://www.w3.org/2002/06/soap-envel"}) {
-        expectRefused("\n<e:Envelope xmlns:e=\"" + std::string(uri) + "\"/>", tzsoap_UNKNOWN_VERSION(),
+        expectRefused("\n<e:Envelope xmlns:e=\"" + std::string(uri) + "\"/>",
+                      tzsoap_UNKNOWN_VERSION(),
                       "[UNKNOWN_VERSION][SOAP Version specified by URI \"" + std::string(uri) +
                           "\" is unknown ]",
                       1, 1);
@@ -263,7 +267,8 @@ TEST_P(TzSoapMessageReading, partsOfTheOtherVersionAreRefused) {
 
 TEST_P(TzSoapMessageReading, whatTheParserFindsIsPassedOnWithItsPlace) {
     for (const std::string& text :
-         {wire.envelope("\n<e:Body>\n</a>"), "\n<e:Envelope xmlns:e=\"" + wire.envelopeUri() + "\">\n<",
+         {wire.envelope("\n<e:Body>\n</a>"),
+          "\n<e:Envelope xmlns:e=\"" + wire.envelopeUri() + "\">\n<",
           "<!DOCTYPE a>\n" + wire.envelope(""), wire.envelope("") + "<a/>",
           wire.envelope("<e:Body>&nbsp;</e:Body>"), wire.envelope("") + "\n" + wire.envelope("")}) {
         try {
@@ -293,7 +298,8 @@ TEST_P(TzSoapMessageReading, aSecondTextReplacesTheFirst) {
     message.setProlog(TzXmlProlog());
     message.extract(other.envelope(
         "<e:Header k=\"v\" e:encodingStyle=\"urn:h\"><h/></e:Header>"
-        "<e:Body k=\"v\"><a/><e:Fault><faultcode>x</faultcode><e:Code><e:Value>x</e:Value><e:Subcode>"
+        "<e:Body "
+        "k=\"v\"><a/><e:Fault><faultcode>x</faultcode><e:Code><e:Value>x</e:Value><e:Subcode>"
         "<e:Value>y</e:Value></e:Subcode></e:Code></e:Fault></e:Body>",
         "k=\"v\" e:encodingStyle=\"\""));
     message.extract(wire.message("<i/>", "<b/>"));
@@ -370,9 +376,8 @@ TEST_P(TzSoapMessageReading, wideTextIsReadInBothOrdersWithAMark) {
         for (const std::string& declaration :
              {""s, "<?xml version=\"1.0\"?>"s,
               "<?xml version=\"1.0\" encoding=\"" + std::string(form.name).substr(0, 6) + "\"?>"}) {
-            const std::string text =
-                form.mark + widened(declaration + wire.body("<a>1</a>"), form.size,
-                                    form.littleEndian);
+            const std::string text = form.mark + widened(declaration + wire.body("<a>1</a>"),
+                                                         form.size, form.littleEndian);
             EXPECT_EQ(textOf(bodyEntry(read(text))), "1") << form.name << declaration;
             EXPECT_EQ(textOf(bodyEntry(read("HTTP/1.1 200 OK\r\n\r\n" + text))), "1") << form.name;
         }
@@ -381,8 +386,8 @@ TEST_P(TzSoapMessageReading, wideTextIsReadInBothOrdersWithAMark) {
 
 TEST_P(TzSoapMessageReading, wideTextWithADeclarationIsReadInBothOrdersWithoutAMark) {
     for (const WideForm& form : WideForms) {
-        const std::string text =
-            widened("<?xml version=\"1.0\"?>" + wire.body("<a>1</a>"), form.size, form.littleEndian);
+        const std::string text = widened("<?xml version=\"1.0\"?>" + wire.body("<a>1</a>"),
+                                         form.size, form.littleEndian);
         EXPECT_EQ(textOf(bodyEntry(read(text))), "1") << form.name;
     }
 }
@@ -402,7 +407,8 @@ TEST_P(TzSoapMessageReading, theWideFormsOfACharacterOutsideOfAsciiAreTheSame) {
 
 TEST_P(TzSoapMessageReading, otherEncodingsAreReadAsDeclared) {
     for (const auto& [encoding, bytes, text] :
-         {std::tuple("ISO-8859-1", "\xFC", "\xC3\xBC"), std::tuple("windows-1252", "\x80", "\xE2\x82\xAC"),
+         {std::tuple("ISO-8859-1", "\xFC", "\xC3\xBC"),
+          std::tuple("windows-1252", "\x80", "\xE2\x82\xAC"),
           std::tuple("ISO-8859-15", "\xA4", "\xE2\x82\xAC"), std::tuple("US-ASCII", "u", "u"),
           std::tuple("UTF-8", "\xC3\xBC", "\xC3\xBC")}) {
         const std::string message = "<?xml version=\"1.0\" encoding=\"" + std::string(encoding) +

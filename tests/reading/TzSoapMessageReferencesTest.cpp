@@ -21,7 +21,8 @@ class TzSoapMessageReadingReferences : public ReadingBothVersions {
 protected:
     std::string ref(const std::string& id) const { return "<r " + wire.ref(id) + "/>"; }
 
-    /// Reads `text`, hands the message to `look`, writes and reads it again; nothing must stay behind.
+    /// Reads `text`, hands the message to `look`, writes and reads it again; nothing must stay
+    /// behind.
     template <typename Look> static void readAndForget(const std::string& text, const Look& look) {
         readMessage(text).asString(); // whatever is made once is there now
         const std::ptrdiff_t before = liveAllocations();
@@ -77,9 +78,9 @@ TEST_P(TzSoapMessageReadingReferences, fromHeaderAndBodyToTheHeader) {
 }
 
 TEST_P(TzSoapMessageReadingReferences, overSeveralBodies) {
-    const std::string text = wire.envelope("<e:Body>" + ref("z") + ref("x") + "</e:Body><e:Body><a id=\"x\"/>" +
-                                           ref("y") + "</e:Body><e:Body><b id=\"y\"/>" + ref("x") +
-                                           "</e:Body>");
+    const std::string text =
+        wire.envelope("<e:Body>" + ref("z") + ref("x") + "</e:Body><e:Body><a id=\"x\"/>" +
+                      ref("y") + "</e:Body><e:Body><b id=\"y\"/>" + ref("x") + "</e:Body>");
     readAndForget(text, [](const auto& message) {
         EXPECT_FALSE(reference(bodyEntry(message, 0)).hasReference());
         EXPECT_TRUE(sameValue(target(bodyEntry(message, 1)), bodyEntry(message, 2)));
@@ -102,11 +103,10 @@ TEST_P(TzSoapMessageReadingReferences, toAnIdThatIsThereTwiceMeansTheFirst) {
           wire.message("<a id=\"x\">1</a>", ref("x") + "<a id=\"x\">2</a>"),
           wire.message(ref("x"), "<a id=\"x\">1</a><a id=\"x\">2</a>" + ref("x"))}) {
         const TzSoapMessage message = readMessage(text);
-        for (const auto& entries :
-             {std::vector<TzSoapType>(message.getSoapHeader().entriesBegin(),
-                                      message.getSoapHeader().entriesEnd()),
-              std::vector<TzSoapType>(message.getSoapBody().entriesBegin(),
-                                      message.getSoapBody().entriesEnd())}) {
+        for (const auto& entries : {std::vector<TzSoapType>(message.getSoapHeader().entriesBegin(),
+                                                            message.getSoapHeader().entriesEnd()),
+                                    std::vector<TzSoapType>(message.getSoapBody().entriesBegin(),
+                                                            message.getSoapBody().entriesEnd())}) {
             for (const TzSoapType& entry : entries) {
                 if (entry.getSoapTypeId() == TzSoapContentBase::Reference) {
                     EXPECT_EQ(textOf(target(entry)), "1") << text;
@@ -207,13 +207,12 @@ TEST_P(TzSoapMessageReadingReferences, valuesThatReferToEachOther) {
 }
 
 TEST_P(TzSoapMessageReadingReferences, aRingThroughHeaderAndBody) {
-    readAndForget(wire.message("<a id=\"x\">" + ref("y") + "</a>", "<b id=\"y\">" + ref("x") + "</b>"),
-                  [](const auto& message) {
-                      EXPECT_TRUE(sameValue(target(child(headerEntry(message), "r")),
-                                            bodyEntry(message)));
-                      EXPECT_TRUE(sameValue(target(child(bodyEntry(message), "r")),
-                                            headerEntry(message)));
-                  });
+    readAndForget(
+        wire.message("<a id=\"x\">" + ref("y") + "</a>", "<b id=\"y\">" + ref("x") + "</b>"),
+        [](const auto& message) {
+            EXPECT_TRUE(sameValue(target(child(headerEntry(message), "r")), bodyEntry(message)));
+            EXPECT_TRUE(sameValue(target(child(bodyEntry(message), "r")), headerEntry(message)));
+        });
 }
 
 TEST_P(TzSoapMessageReadingReferences, aRingThroughArrays) {
@@ -246,12 +245,13 @@ TEST_P(TzSoapMessageReadingReferences, aRingThatIsEnteredAtAMember) {
 
 TEST_P(TzSoapMessageReadingReferences, ringsThatShareTheirWays) {
     // Two ways from the member to the value around it, a third one from outside.
-    readAndForget(wire.body(ref("a") + "<o id=\"b\"><i id=\"a\"><p>" + ref("b") + "</p><q>" + ref("b") +
-                            "</q></i>" + ref("c") + "</o><s id=\"c\">" + ref("b") + ref("a") + "</s>"),
-                  [](const auto& message) {
-                      EXPECT_TRUE(sameValue(target(child(bodyEntry(message, 2), "r")),
-                                            bodyEntry(message, 1)));
-                  });
+    readAndForget(
+        wire.body(ref("a") + "<o id=\"b\"><i id=\"a\"><p>" + ref("b") + "</p><q>" + ref("b") +
+                  "</q></i>" + ref("c") + "</o><s id=\"c\">" + ref("b") + ref("a") + "</s>"),
+        [](const auto& message) {
+            EXPECT_TRUE(
+                sameValue(target(child(bodyEntry(message, 2), "r")), bodyEntry(message, 1)));
+        });
 }
 
 TEST_P(TzSoapMessageReadingReferences, aRingThroughTheDetailOfAFault) {
@@ -265,8 +265,8 @@ TEST_P(TzSoapMessageReadingReferences, aRingThroughTheDetailOfAFault) {
 }
 
 TEST_P(TzSoapMessageReadingReferences, everyShapeOfAFewValuesAndReferencesIsFreed) {
-    // Values 0 and 2 stand in the body, 1 in 0, 3 in 2; each holds a reference to each of the others or
-    // not, all combinations.
+    // Values 0 and 2 stand in the body, 1 in 0, 3 in 2; each holds a reference to each of the
+    // others or not, all combinations.
     readMessage(wire.body("<v id=\"i0\">" + ref("i0") + "</v>")); // whatever is made once
     for (unsigned int shape = 0; shape < 1U << 12; ++shape) {
         std::string content[4];
@@ -278,9 +278,9 @@ TEST_P(TzSoapMessageReadingReferences, everyShapeOfAFewValuesAndReferencesIsFree
                 }
             }
         }
-        const std::string text =
-            wire.body("<v id=\"i0\">" + content[0] + "<v id=\"i1\">" + content[1] +
-                      "</v></v><v id=\"i2\">" + content[2] + "<v id=\"i3\">" + content[3] + "</v></v>");
+        const std::string text = wire.body("<v id=\"i0\">" + content[0] + "<v id=\"i1\">" +
+                                           content[1] + "</v></v><v id=\"i2\">" + content[2] +
+                                           "<v id=\"i3\">" + content[3] + "</v></v>");
         const std::ptrdiff_t before = liveAllocations();
         readMessage(text);
         ASSERT_EQ(liveAllocations(), before) << text;
@@ -331,8 +331,8 @@ TEST_P(TzSoapMessageReadingReferences, theNextTextFreesTheRingsOfTheOneBefore) {
 }
 
 TEST_P(TzSoapMessageReadingReferences, aReadingThatFailsLeavesNoRing) {
-    const std::string whole =
-        wire.message("<a id=\"x\">" + ref("x") + "</a>", "<b id=\"y\">" + ref("x") + ref("y") + "</b>");
+    const std::string whole = wire.message("<a id=\"x\">" + ref("x") + "</a>",
+                                           "<b id=\"y\">" + ref("x") + ref("y") + "</b>");
     TzSoapMessage reused;
     EXPECT_ANY_THROW(reused.extract(whole.substr(0, whole.size() - 1)));
     reused.extract(whole);
@@ -345,8 +345,8 @@ TEST_P(TzSoapMessageReadingReferences, aReadingThatFailsLeavesNoRing) {
 }
 
 TEST_P(TzSoapMessageReadingReferences, aValueTakenOutOfARingOutlivesTheMessage) {
-    std::optional<TzSoapMessage> message(
-        readMessage(wire.body("<a id=\"x\"><b>1</b>" + ref("x") + "</a><c>" + ref("d") + "</c><d id=\"d\">2</d>")));
+    std::optional<TzSoapMessage> message(readMessage(wire.body(
+        "<a id=\"x\"><b>1</b>" + ref("x") + "</a><c>" + ref("d") + "</c><d id=\"d\">2</d>")));
     const TzSoapType ring = bodyEntry(*message, 0);
     const TzSoapType plain = bodyEntry(*message, 1);
     message.reset();
@@ -356,7 +356,8 @@ TEST_P(TzSoapMessageReadingReferences, aValueTakenOutOfARingOutlivesTheMessage) 
 }
 
 TEST_P(TzSoapMessageReadingReferences, aTargetThatTheProgramSetStays) {
-    std::optional<TzSoapMessage> message(readMessage(wire.body("<a id=\"x\">" + ref("x") + "</a>")));
+    std::optional<TzSoapMessage> message(
+        readMessage(wire.body("<a id=\"x\">" + ref("x") + "</a>")));
     const TzSoapType ring = bodyEntry(*message);
     TzSoapType other{TzXmlName("other")};
     other.setIdAttribute("o");
@@ -366,8 +367,8 @@ TEST_P(TzSoapMessageReadingReferences, aTargetThatTheProgramSetStays) {
 }
 
 TEST_P(TzSoapMessageReadingReferences, manyReferencesToOneValue) {
-    const TzSoapMessage message = readMessage(
-        wire.body("<l>" + repeated(ref("x"), 100000) + "</l><a id=\"x\">1</a>"));
+    const TzSoapMessage message =
+        readMessage(wire.body("<l>" + repeated(ref("x"), 100000) + "</l><a id=\"x\">1</a>"));
     auto list = composite(bodyEntry(message));
     ASSERT_EQ(list.childCount(), 100000U);
     for (auto entry = list.childrenBegin(); entry != list.childrenEnd(); ++entry) {
@@ -379,8 +380,8 @@ TEST_P(TzSoapMessageReadingReferences, aLongRing) {
     constexpr int Length = 20000;
     std::string text;
     for (int i = 0; i < Length; ++i) {
-        text += "<a id=\"i" + std::to_string(i) + "\">" + ref("i" + std::to_string((i + 1) % Length)) +
-                "</a>";
+        text += "<a id=\"i" + std::to_string(i) + "\">" +
+                ref("i" + std::to_string((i + 1) % Length)) + "</a>";
     }
     readMessage(wire.body("<a id=\"x\">" + ref("x") + "</a>"));
     const std::ptrdiff_t before = liveAllocations();

@@ -47,7 +47,8 @@ TEST_P(TzSoapUnknownTypeHandlerReading, anElementWithoutChildrenIsASimpleValueWi
 }
 
 TEST_P(TzSoapUnknownTypeHandlerReading, textDoesNotRunFromOneElementIntoTheNext) {
-    const TzSoapMessage message = readMessage(wire.body("<a>first</a><b/><c>x<d/>y</c><e>last</e>"));
+    const TzSoapMessage message =
+        readMessage(wire.body("<a>first</a><b/><c>x<d/>y</c><e>last</e>"));
     EXPECT_EQ(textOf(bodyEntry(message, 0)), "first");
     EXPECT_EQ(textOf(bodyEntry(message, 1)), "");
     EXPECT_EQ(textOf(child(bodyEntry(message, 2), "d")), "");
@@ -56,8 +57,8 @@ TEST_P(TzSoapUnknownTypeHandlerReading, textDoesNotRunFromOneElementIntoTheNext)
 
 TEST_P(TzSoapUnknownTypeHandlerReading, theTypeAttributeGivesTypeAndSchemaType) {
     const std::pair<const char*, Base::SchemaType> types[] = {
-        {"string", Base::xsdString},     {"int", Base::xsdInt},
-        {"boolean", Base::xsdBoolean},   {"dateTime", Base::xsdDateTime},
+        {"string", Base::xsdString},       {"int", Base::xsdInt},
+        {"boolean", Base::xsdBoolean},     {"dateTime", Base::xsdDateTime},
         {"hexBinary", Base::xsdHexBinary}, {"unsignedByte", Base::xsdUnsignedByte},
         {"nosuchtype", Base::xsdUnknown},
     };
@@ -108,11 +109,11 @@ TEST_P(TzSoapUnknownTypeHandlerReading, theRegistryOfTheMessageStandsInForAMissi
 }
 
 TEST_P(TzSoapUnknownTypeHandlerReading, thePrefixOfATypeIsThatOfTheNearestDeclaration) {
-    const TzSoapMessage message = readMessage(
-        wire.body("<a xmlns:t=\"urn:a\"><b xsi:type=\"t:T\"/>"
-                  "<b xmlns:t=\"urn:b\" xsi:type=\"t:T\"><d xsi:type=\"t:T\"/></b>"
-                  "<b xsi:type=\"t:T\"/></a><c xsi:type=\"t:T\"/>",
-                  "xmlns:t=\"urn:envelope\""));
+    const TzSoapMessage message =
+        readMessage(wire.body("<a xmlns:t=\"urn:a\"><b xsi:type=\"t:T\"/>"
+                              "<b xmlns:t=\"urn:b\" xsi:type=\"t:T\"><d xsi:type=\"t:T\"/></b>"
+                              "<b xsi:type=\"t:T\"/></a><c xsi:type=\"t:T\"/>",
+                              "xmlns:t=\"urn:envelope\""));
     auto entry = composite(bodyEntry(message));
     std::string uris;
     for (auto child = entry.childrenBegin(); child != entry.childrenEnd(); ++child) {
@@ -146,10 +147,10 @@ TEST_P(TzSoapUnknownTypeHandlerReading, anUnboundPrefixOfATypeHasTheEmptyUri) {
 TEST_P(TzSoapUnknownTypeHandlerReading, attributesBecomePropertiesOrStay) {
     const std::string role = GetParam() == V::V1_1 ? "actor" : "role";
     for (const char* content : {"", "<b/>"}) {
-        const TzSoapType value =
-            read("<a e:mustUnderstand=\"1\" e:" + role + "=\"urn:next\" c:root=\"0\" id=\"x\" k=\"v\""
-                 " xsi:nil=\"1\" xmlns:p=\"urn:p\" e:encodingStyle=\"" + wire.style() + "\">" +
-                 content + "</a>");
+        const TzSoapType value = read("<a e:mustUnderstand=\"1\" e:" + role +
+                                      "=\"urn:next\" c:root=\"0\" id=\"x\" k=\"v\""
+                                      " xsi:nil=\"1\" xmlns:p=\"urn:p\" e:encodingStyle=\"" +
+                                      wire.style() + "\">" + content + "</a>");
         EXPECT_TRUE(value.getMustUnderstand());
         EXPECT_EQ(value.getActorAttribute(), "urn:next");
         EXPECT_TRUE(value.isRootAttributeSet());
@@ -164,9 +165,9 @@ TEST_P(TzSoapUnknownTypeHandlerReading, attributesBecomePropertiesOrStay) {
 }
 
 TEST_P(TzSoapUnknownTypeHandlerReading, flagsAreReadAsOneOrTrueAndAreThereInAnyCase) {
-    for (const auto& [text, yes] : {std::pair("1", true), std::pair("true", true),
-                                    std::pair("0", false), std::pair("false", false),
-                                    std::pair("TRUE", false), std::pair("", false)}) {
+    for (const auto& [text, yes] :
+         {std::pair("1", true), std::pair("true", true), std::pair("0", false),
+          std::pair("false", false), std::pair("TRUE", false), std::pair("", false)}) {
         const TzCString flag(text);
         const TzSoapType value =
             read("<a e:mustUnderstand=\"" + flag + "\" c:root=\"" + flag + "\"/>");
@@ -229,8 +230,9 @@ TEST(TzSoapUnknownTypeHandlerMisunderstood, itsOwnDeclarationComesBeforeThoseAro
                   .getQualifiedName()
                   .getUri(),
               "urn:p");
-    EXPECT_EQ(misunderstood("qname=\"p:entry\"", "xmlns:p=\"urn:outer\"").getQualifiedName().getUri(),
-              "urn:outer");
+    EXPECT_EQ(
+        misunderstood("qname=\"p:entry\"", "xmlns:p=\"urn:outer\"").getQualifiedName().getUri(),
+        "urn:outer");
 }
 
 TEST(TzSoapUnknownTypeHandlerMisunderstood, aNameThatIsNotBoundOrNotThereIsNoError) {

@@ -42,8 +42,7 @@ TEST_P(TzSoapUserDefinedTypeHandlerReading, textIsKeptDecoded) {
 
 TEST_P(TzSoapUserDefinedTypeHandlerReading, elementsOfItsOwnNameInsideDoNotEndIt) {
     const std::string text = "<a ><a ><a >x</a></a><b ><a ></a></b></a>";
-    const TzSoapMessage message =
-        readAll("<a><a><a>x</a></a><b><a/></b></a><c/>");
+    const TzSoapMessage message = readAll("<a><a><a>x</a></a><b><a/></b></a><c/>");
     EXPECT_EQ(userDefined(bodyEntry(message)).getValue(), text);
     EXPECT_EQ(userDefined(bodyEntry(message, 1)).getValue(), "<c ></c>");
 }
@@ -61,8 +60,8 @@ TEST_P(TzSoapUserDefinedTypeHandlerReading, whatStandsInsideIsNotDecoded) {
 }
 
 TEST_P(TzSoapUserDefinedTypeHandlerReading, nameTypeStyleAndAttributesAreThoseOfTheElement) {
-    const auto value = userDefined(bodyEntry(
-        readAll("<p:a xmlns:p=\"urn:p\" xsi:type=\"p:T\" id=\"x\" k=\"v\" e:mustUnderstand=\"1\"/>")));
+    const auto value = userDefined(bodyEntry(readAll(
+        "<p:a xmlns:p=\"urn:p\" xsi:type=\"p:T\" id=\"x\" k=\"v\" e:mustUnderstand=\"1\"/>")));
     EXPECT_EQ(value.getName(), TzXmlName("a", TzXmlNamespace("p", "urn:p")));
     EXPECT_EQ(value.getType(), TzXmlName("T", TzXmlNamespace("p", "urn:p")));
     EXPECT_EQ(value.getTypeAttribute(), "p:T");
@@ -73,14 +72,15 @@ TEST_P(TzSoapUserDefinedTypeHandlerReading, nameTypeStyleAndAttributesAreThoseOf
 }
 
 TEST_P(TzSoapUserDefinedTypeHandlerReading, theStyleIsTheFirstOfTheListInForce) {
-    const auto value = userDefined(
-        bodyEntry(readAll("<a e:encodingStyle=\" urn:one  urn:two\"/>")));
+    const auto value =
+        userDefined(bodyEntry(readAll("<a e:encodingStyle=\" urn:one  urn:two\"/>")));
     EXPECT_EQ(value.getEncodingStyleAttribute(), "urn:one");
 }
 
 TEST_P(TzSoapUserDefinedTypeHandlerReading, aTypeIsTakenFromTheRegistryOfTheMessage) {
     TzSoapMessage message;
-    message.getTypeRegistry().registerType(TzXmlName("a"), TzXmlName("T", TzXmlNamespace("t", "urn:t")));
+    message.getTypeRegistry().registerType(TzXmlName("a"),
+                                           TzXmlName("T", TzXmlNamespace("t", "urn:t")));
     message.extract(wire.body("<a/><b/>", "e:encodingStyle=\"urn:foreign\""));
     EXPECT_EQ(bodyEntry(message, 0).getTypeAttribute(), "t:T");
     EXPECT_EQ(bodyEntry(message, 1).getTypeAttribute(), "");
@@ -89,8 +89,7 @@ TEST_P(TzSoapUserDefinedTypeHandlerReading, aTypeIsTakenFromTheRegistryOfTheMess
 TEST_P(TzSoapUserDefinedTypeHandlerReading, itsIdServesReferences) {
     const TzSoapMessage message =
         readAll("<r " + wire.ref("x") + " e:encodingStyle=\"\"/><a id=\"x\"/><a id=\"\"/>");
-    EXPECT_TRUE(
-        sameValue(reference(bodyEntry(message)).getSoapReference(), bodyEntry(message, 1)));
+    EXPECT_TRUE(sameValue(reference(bodyEntry(message)).getSoapReference(), bodyEntry(message, 1)));
 }
 
 TEST_P(TzSoapUserDefinedTypeHandlerReading, oneValueFollowsTheOther) {
@@ -102,9 +101,9 @@ TEST_P(TzSoapUserDefinedTypeHandlerReading, oneValueFollowsTheOther) {
 }
 
 TEST_P(TzSoapUserDefinedTypeHandlerReading, membersAndChildrenCanBeUserDefined) {
-    const TzSoapMessage message = readMessage(wire.body(
-        "<a><b e:encodingStyle=\"urn:f\"><x/></b><c>1</c></a><d " + wire.array("xsd:int", "2") +
-        "><i e:encodingStyle=\"urn:f\">2</i><i>3</i></d>"));
+    const TzSoapMessage message = readMessage(
+        wire.body("<a><b e:encodingStyle=\"urn:f\"><x/></b><c>1</c></a><d " +
+                  wire.array("xsd:int", "2") + "><i e:encodingStyle=\"urn:f\">2</i><i>3</i></d>"));
     EXPECT_EQ(userDefined(child(bodyEntry(message), "b")).getValue(),
               "<b  e:encodingStyle=\"urn:f\"><x ></x></b>");
     EXPECT_EQ(textOf(child(bodyEntry(message), "c")), "1");

@@ -11,8 +11,8 @@
 #include <iterator>
 #include <string>
 
-/// How messages of one version look on the wire. Prefixes: "e" for the envelope, "c" for the encoding,
-/// "xsi" and "xsd".
+/// How messages of one version look on the wire. Prefixes: "e" for the envelope, "c" for the
+/// encoding, "xsi" and "xsd".
 class WireForm {
 public:
     explicit WireForm(TzSoapVersion::Version version)
@@ -46,10 +46,9 @@ public:
     }
     /// The attributes of an array with one axis of `size`; "" leaves it open.
     std::string array(const std::string& type, const std::string& size) const {
-        return version() == TzSoapVersion::V1_1
-                   ? "c:arrayType=\"" + type + "[" + size + "]\""
-                   : "c:itemType=\"" + type + "\" c:arraySize=\"" + (size.empty() ? "*" : size) +
-                         "\"";
+        return version() == TzSoapVersion::V1_1 ? "c:arrayType=\"" + type + "[" + size + "]\""
+                                                : "c:itemType=\"" + type + "\" c:arraySize=\"" +
+                                                      (size.empty() ? "*" : size) + "\"";
     }
     /// The attribute with the position of a member.
     std::string position(const std::string& index) const {
@@ -74,9 +73,9 @@ protected:
 
 /// Instantiates tests for both versions.
 #define TZSOAP_BOTH_VERSIONS(Suite)                                                                \
-    INSTANTIATE_TEST_SUITE_P(Version, Suite,                                                       \
-                             testing::Values(TzSoapVersion::V1_1, TzSoapVersion::V1_2),            \
-                             [](const auto& version) { return "V1_" + std::to_string(version.param); })
+    INSTANTIATE_TEST_SUITE_P(                                                                      \
+        Version, Suite, testing::Values(TzSoapVersion::V1_1, TzSoapVersion::V1_2),                 \
+        [](const auto& version) { return "V1_" + std::to_string(version.param); })
 
 inline TzSoapMessage readMessage(const std::string& text) {
     TzSoapMessage message;
