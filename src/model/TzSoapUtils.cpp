@@ -202,8 +202,7 @@ TzSoapUtils::MessageEncoding TzSoapUtils::getMessageEncoding(const TzCString& te
 }
 
 bool TzSoapUtils::isMimeMultipart(const TzCString& text) {
-    if (text.size() > 1 &&
-        std::string_view(text).substr(0, 2).find(TzXmlWriter::StartTag) != TzCString::npos) {
+    if (std::string_view(text).substr(0, 2).find(TzXmlWriter::StartTag) != TzCString::npos) {
         return false;
     }
     const std::size_t header = tzFindIgnoreCase(text, "Content-Type:");

@@ -42,6 +42,7 @@ TEST(TzSoapMisunderstoodType, DeclaresAndSpellsTheName) {
     ASSERT_EQ(declaration, value.attributesBegin());
     EXPECT_EQ(declaration->getValue(), "urn:u");
     EXPECT_EQ(valueOf(value, "qname"), "p:Tx");
+    EXPECT_EQ(value.attributesBegin()[1].getName().getQualifiedName(), "qname");
     EXPECT_TRUE(value.attributesBegin()[1].getName().getUri().empty());
 }
 

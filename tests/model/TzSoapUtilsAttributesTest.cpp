@@ -261,6 +261,12 @@ TEST(TzSoapUtilsAttributes, AnElementThatBeginsTellsItsEncodingStyle) {
     EXPECT_EQ(element.getEncodingStyleAttribute(), "urn:s");
     EXPECT_EQ(attributeList(element.getAttributeSet()), "a=new;");
 
+    TzSoapTypeImp both;
+    attributes.add("encodingStyle", Env11, "urn:1.1");
+    EXPECT_EQ(Utils::beginElement(both, "n", attributes.set()), "urn:s");
+    EXPECT_EQ(attributeList(both.getAttributeSet()),
+              "a=new;" + Env11.getUri() + ":encodingStyle=urn:1.1;");
+
     TzSoapTypeImp empty;
     Attributes none;
     none.add("encodingStyle", Env12, "");

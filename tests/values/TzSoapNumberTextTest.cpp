@@ -164,6 +164,7 @@ TEST(TzSoapNumberText, RealNumbersTooLargeAreInfinite) {
     EXPECT_EQ(realOf("000" + std::string(300, '7') + "e10"), infinity);
     EXPECT_EQ(realOf("0x1p1024"), infinity);
     EXPECT_EQ(realOf("0x1" + std::string(300, '0')), infinity);
+    EXPECT_EQ(realOf("0x1" + std::string(400, '0') + "p-500"), infinity);
 }
 
 TEST(TzSoapNumberText, RealNumbersTooSmallAre0) {
