@@ -13,8 +13,10 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <set>
 #include <stack>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class TzSoapMessageImp;
@@ -54,6 +56,9 @@ public:
 
     /// The open encoding styles, to push and pop.
     EncodingStyles& getEncodingStyles() noexcept { return encodingStyles_; }
+    /// Pushes the encoding style of an element; `TzXmlParseError` when it is longer than the limits
+    /// allow.
+    void pushEncodingStyle(const TzCString& style);
     /// The open elements, to push and pop.
     Namespaces& getNamespaces() noexcept { return namespaces_; }
     /// The references, to insert. Whoever inserts also calls `keep`.
@@ -82,8 +87,8 @@ public:
     TzSoapVersion::Version getVersion() const;
     /// What the encoding style in force means for the values under it.
     const TzSoapStyleInForce& getStyleInForce();
-    /// The URI that the innermost open element which declares `prefix` binds it to; "" when none does.
-    /// O(open elements).
+    /// The URI that the innermost open element which declares `prefix` binds it to; "" when none
+    /// does. O(open elements).
     TzCString getNsUriForPrefix(const TzCString& prefix) const;
     /// The name that a text such as "xsd:int" stands for: its prefix resolved like
     /// `getNsUriForPrefix`; an unbound prefix has the empty URI. O(open elements).
@@ -91,9 +96,9 @@ public:
 
     /// Gives each reference met so far its target, forgets the references and the ids they name.
     ///
-    /// References without a target are left as they are; a later call, for the next part of the same
-    /// message, gives them a target that was filed since, and its references still find the ids
-    /// forgotten here. O((references + ids filed since the last call) * log).
+    /// References without a target are left as they are; a later call, for the next part of the
+    /// same message, gives them a target that was filed since, and its references still find the
+    /// ids forgotten here. O((references + ids filed since the last call) * log).
     void resolveAndClearIdReferences();
     /// Of the references that got a target, those whose target leads back to them: without their
     /// targets nothing refers to itself. O(values referred to), no recursion.
@@ -105,8 +110,8 @@ public:
 
     /// Sets what is accepted, for a text of `textSize` bytes.
     void setLimits(const TzSoapReadLimits& limits, std::size_t textSize);
-    /// Takes `positions` array positions that hold no item; false, and nothing taken, when that is more
-    /// than the text may still have.
+    /// Takes `positions` array positions that hold no item; false, and nothing taken, when that is
+    /// more than the text may still have.
     bool takeUnfilledPositions(std::size_t positions) noexcept;
     /// Gives back positions that an item was read for.
     void returnUnfilledPositions(std::size_t positions) noexcept { unfilledLeft_ += positions; }
@@ -114,14 +119,28 @@ public:
     /// Empties all collections and forgets half-open scopes; parser, package and message stay.
     void clear();
 
-    /// A set of type handlers for an element whose first child starts; one that was given back if any.
+    /// A set of type handlers for an element whose first child starts; one that was given back if
+    /// any.
     std::unique_ptr<TzSoapTypeHandlers> borrowTypeHandlers();
     /// Takes back the handlers of an element that ended.
     void returnTypeHandlers(std::unique_ptr<TzSoapTypeHandlers> handlers);
 
 private:
+    /// Orders namespaces by prefix and URI.
+    struct ByText {
+        using is_transparent = void;
+        using Text = std::pair<std::string_view, std::string_view>;
+        static Text of(const TzXmlNamespace& one) { return {one.getPrefix(), one.getUri()}; }
+        static const Text& of(const Text& text) { return text; }
+        template <typename Left, typename Right>
+        bool operator()(const Left& left, const Right& right) const {
+            return of(left) < of(right);
+        }
+    };
+
     const TzCString& uriForPrefix(std::string_view prefix) const;
     const TzXmlNamespace& sharedNamespace(std::string_view prefix, const TzCString& uri);
+    const TzXmlNamespace& otherNamespace(std::string_view prefix, std::string_view uri);
     const TzSoapType* findTarget(std::string_view href) const;
     bool resolve(std::string_view href, TzSoapReferenceTypeImp& reference);
     void refer(TzSoapReferenceTypeImp& reference, const TzSoapType& target);
@@ -135,14 +154,16 @@ private:
     IdEntries idEntries_;
     TzMimeMultipart mimeMultipart_;
     TzSoapMessageImp* soapMessageImp_ = nullptr;
-    References unresolved_;        // by id, of the parts of the message resolved so far
-    IdEntries forgotten_;          // ids that references of those parts named
+    References unresolved_;         // by id, of the parts of the message resolved so far
+    IdEntries forgotten_;           // ids that references of those parts named
     std::vector<TzCString> newIds_; // filed since the last resolution
     std::vector<TzSoapReferenceToSoapTypeImp*> resolved_;
     std::vector<TzSoapType> kept_;
     std::size_t unfilledLeft_;
+    std::size_t uriLimit_;
     std::vector<std::unique_ptr<TzSoapTypeHandlers>> spareHandlers_;
-    std::array<TzXmlNamespace, 4> recentNamespaces_; // few types make up most of a message
+    std::array<TzXmlNamespace, 4> recentNamespaces_;   // few types make up most of a message
+    std::set<TzXmlNamespace, ByText> otherNamespaces_; // of a text with more of them
     std::size_t nextRecent_ = 0;
     TzSoapStyleInForce styleInForce_; // of the last text that was asked for
 };

@@ -11,7 +11,10 @@ struct TzSoapReadLimits {
     std::size_t depth = TzXmlSAXParser::DefaultDepthLimit;
     /// Most attributes of one element, declarations included; more is a `TzXmlParseError`.
     std::size_t attributes = TzXmlSAXParser::DefaultAttributeLimit;
-    /// Most array positions of one text that are declared but hold no item, beside one for each byte of
-    /// the text; more is a `TzXmlBoundsError` BAD_INDEX_VECTOR.
+    /// Most array positions of one text that are declared but hold no item, beside one for each
+    /// byte of the text; more is a `TzXmlBoundsError` BAD_INDEX_VECTOR.
     std::size_t unfilledArrayPositions = 1048576;
+    /// Longest URI of a namespace and longest encodingStyle, in bytes, for each may be taken over
+    /// by every value below; more is a `TzXmlParseError`.
+    std::size_t uriLength = TzXmlSAXParser::DefaultUriLimit;
 };

@@ -62,7 +62,7 @@ void TzSoapGenericTypeHandler::open(TzXmlElementImp& element, TzSoapParseContext
     ownStylePushed_ = style != nullptr;
     context->getNamespaces().push_back(&element);
     if (style != nullptr) {
-        context->getEncodingStyles().push(*style);
+        context->pushEncodingStyle(*style);
     }
     acceptEvents(context);
 }
@@ -93,7 +93,7 @@ void TzSoapGenericTypeHandler::pushChildStyle(const TzXmlAttributeSet& attribute
         findSoap(attributes, TzSoapVersion::EncodingStyle, context()->getVersion());
     childStylePushed_ = style != nullptr;
     if (style != nullptr) {
-        context()->getEncodingStyles().push(style->getValue());
+        context()->pushEncodingStyle(style->getValue());
     }
 }
 

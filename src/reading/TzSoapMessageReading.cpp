@@ -105,6 +105,7 @@ void TzSoapMessageImp::parseEnvelope(std::string_view text) {
     context().setLimits(readLimits_, text.size());
     parser().setDepthLimit(readLimits_.depth);
     parser().setAttributeLimit(readLimits_.attributes);
+    parser().setUriLimit(readLimits_.uriLength);
     parser().setContentHandler(this);
     readState_ = AwaitingEnvelope;
     parser().parse(text.substr(findDocument(text, tag)));
@@ -153,7 +154,7 @@ void TzSoapMessageImp::populate(const TzXmlName& name, const TzXmlAttributeSet& 
     getName().setNamespace(name.getNamespace());
     static_cast<TzXmlAttributeSet&>(getAttributeSet()) = attributes;
     TzSoapUtils::removeAndFixEncodingStyleAttribute(this);
-    context().getEncodingStyles().push(getEncodingStyleAttribute());
+    context().pushEncodingStyle(getEncodingStyleAttribute());
     context().getNamespaces().push_back(this);
     context().setSoapMessageImp(this);
 }

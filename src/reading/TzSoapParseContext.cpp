@@ -5,7 +5,10 @@
 #include <soap/TzSoapReferenceToSoapTypeImp.h>
 #include <soap/TzSoapReferenceTypeImp.h>
 #include <soap/TzSoapUtils.h>
+#include <tz/tools/TzMessage.h>
+#include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlElementImp.h>
+#include <tz/xml/TzXmlSAXParser.h>
 
 #include "model/TzSoapAccess.h"
 #include "reading/TzSoapMimeLookup.h"
@@ -28,7 +31,8 @@ std::string_view idOf(std::string_view href) noexcept {
 } // namespace
 
 TzSoapParseContext::TzSoapParseContext()
-    : unfilledLeft_(TzSoapReadLimits().unfilledArrayPositions) {}
+    : unfilledLeft_(TzSoapReadLimits().unfilledArrayPositions),
+      uriLimit_(TzSoapReadLimits().uriLength) {}
 
 TzSoapParseContext::~TzSoapParseContext() = default;
 
@@ -43,6 +47,15 @@ void TzSoapParseContext::fileId(const TzSoapType& value) {
 TzSoapVersion::Version TzSoapParseContext::getVersion() const {
     return soapMessageImp_ != nullptr ? soapMessageImp_->getVersion()
                                       : TzSoapVersion::getLatestVersion();
+}
+
+void TzSoapParseContext::pushEncodingStyle(const TzCString& style) {
+    if (style.size() > uriLimit_) {
+        TzThrow(TzXmlParseError(TzMessage("an encoding style is too long"), TzCString(),
+                                parser_ == nullptr ? 0 : parser_->getLine(),
+                                parser_ == nullptr ? 0 : parser_->getColumn()));
+    }
+    encodingStyles_.push(style);
 }
 
 const TzSoapStyleInForce& TzSoapParseContext::getStyleInForce() {
@@ -79,9 +92,18 @@ const TzXmlNamespace& TzSoapParseContext::sharedNamespace(std::string_view prefi
             return recent;
         }
     }
-    TzXmlNamespace& place = recentNamespaces_[nextRecent_++ % recentNamespaces_.size()];
-    place = TzXmlNamespace(prefix, uri);
+    const bool replaces = nextRecent_ >= recentNamespaces_.size();
+    TzXmlNamespace& place = recentNamespaces_[nextRecent_ % recentNamespaces_.size()];
+    place = replaces ? otherNamespace(prefix, uri) : TzXmlNamespace(prefix, uri);
+    ++nextRecent_;
     return place;
+}
+
+const TzXmlNamespace& TzSoapParseContext::otherNamespace(std::string_view prefix,
+                                                         std::string_view uri) {
+    const ByText::Text text(prefix, uri);
+    const auto known = otherNamespaces_.find(text);
+    return known != otherNamespaces_.end() ? *known : *otherNamespaces_.emplace(prefix, uri).first;
 }
 
 TzXmlName TzSoapParseContext::resolveName(std::string_view text) {
@@ -172,6 +194,7 @@ void TzSoapParseContext::setLimits(const TzSoapReadLimits& limits, std::size_t t
     constexpr std::size_t Most = std::numeric_limits<std::size_t>::max();
     const std::size_t positions = limits.unfilledArrayPositions;
     unfilledLeft_ = positions > Most - textSize ? Most : positions + textSize;
+    uriLimit_ = limits.uriLength;
 }
 
 bool TzSoapParseContext::takeUnfilledPositions(std::size_t positions) noexcept {
@@ -191,6 +214,7 @@ void TzSoapParseContext::clear() {
     unresolved_.clear();
     idEntries_.clear();
     forgotten_.clear();
+    otherNamespaces_.clear();
     // What one text needed much of is not kept for the next.
     decltype(newIds_)().swap(newIds_);
     decltype(resolved_)().swap(resolved_);

@@ -421,6 +421,24 @@ TEST_P(HostileInput, workIsLinearForAttributesOfManyHeadersAndFaults) {
         2000);
 }
 
+TEST_P(HostileInput, namespacesOfTypesAreSharedHoweverManyThereAre) {
+    std::string declarations;
+    for (int i = 0; i < 50; ++i) {
+        declarations += " xmlns:p" + std::to_string(i) + "=\"" +
+                        std::string(2000, static_cast<char>('A' + i)) + "\"";
+    }
+    const auto text = [&](std::size_t count) {
+        std::string entries;
+        for (std::size_t i = 0; i < count; ++i) {
+            entries += "<a xsi:type=\"p" + std::to_string(i % 50) + ":T\"/>";
+        }
+        return wire.body(entries, declarations);
+    };
+    workOf(text(1));
+    EXPECT_LT((workOf(text(3000)).bytes - workOf(text(1000)).bytes) / 2000, 1500)
+        << "for each value";
+}
+
 TEST_P(HostileInput, workIsLinearForReferencesToOneValue) {
     expectLinear(
         [this](std::size_t count) {

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -70,6 +71,7 @@ TEST(TzSoapReadLimits, areGenerousUnlessSet) {
     EXPECT_EQ(limits.depth, 1000U);
     EXPECT_EQ(limits.attributes, 200000U);
     EXPECT_EQ(limits.unfilledArrayPositions, 1048576U);
+    EXPECT_EQ(limits.uriLength, 2048U);
 }
 
 TEST(TzSoapReadLimits, travelWithCopiesOfAMessage) {
@@ -113,6 +115,42 @@ TEST_P(TzSoapReadLimitsReading, limitsHoldForTheNextTextEachTime) {
     EXPECT_NO_THROW(message.extract(wire.body("<a><b/></a>")));
     message.setReadLimits(limits);
     EXPECT_THROW(message.extract(wire.body("<a><b/></a>")), TzXmlParseError);
+}
+
+TEST_P(TzSoapReadLimitsReading, theUriOfANamespaceIsAsLongAsTheLimit) {
+    const std::string uri(2048, 'u');
+    for (const char* name : {"xmlns", "xmlns:p"}) {
+        const std::string declaration = std::string(name) + "=\"" + uri;
+        EXPECT_NO_THROW(read(wire.body("<a " + declaration + "\"/>")));
+        expectPlace(wire.body("\n<a " + declaration + "x\"/>"), {}, 2, 1);
+    }
+    TzSoapReadLimits limits;
+    limits.uriLength = 5000;
+    EXPECT_NO_THROW(read(wire.body("<a xmlns:p=\"" + std::string(5000, 'u') + "\"/>"), limits));
+    // Other attributes are as long as they like.
+    EXPECT_NO_THROW(read(wire.body("<a k=\"" + std::string(5000, 'u') + "\"/>")));
+}
+
+TEST_P(TzSoapReadLimitsReading, anEncodingStyleIsAsLongAsTheLimit) {
+    TzSoapReadLimits limits;
+    limits.uriLength = 100;
+    for (const std::size_t length : {100, 101}) {
+        const std::string style = "e:encodingStyle=\"urn:" + std::string(length - 4, 'u') + "\"";
+        const std::pair<std::string, std::size_t> texts[] = {
+            {wire.envelope("", style), 1},
+            {wire.envelope("\n<e:Header " + style + "/>"), 2},
+            {wire.envelope("\n<e:Body " + style + "/>"), 2},
+            {wire.body("\n<a " + style + "/>"), 2},
+            {wire.body("<a>\n<b " + style + "/></a>"), 2},
+        };
+        for (const auto& [text, line] : texts) {
+            if (length == 100) {
+                EXPECT_NO_THROW(read(text, limits));
+            } else {
+                expectPlace(text, limits, line, 1);
+            }
+        }
+    }
 }
 
 // Arrays.

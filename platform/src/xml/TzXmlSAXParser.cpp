@@ -163,10 +163,15 @@ std::size_t TzXmlSAXParser::Session::declare(const char* const* attributes) {
 std::size_t TzXmlSAXParser::Session::declareOne(std::string_view spelling, const char* uri) {
     constexpr std::string_view Default = "xmlns";
     constexpr std::string_view Prefixed = "xmlns:";
-    if (spelling.starts_with(Prefixed)) {
-        return resolver_.declare(spelling.substr(Prefixed.size()), uri);
+    const bool prefixed = spelling.starts_with(Prefixed);
+    if (!prefixed && spelling != Default) {
+        return 0;
     }
-    return spelling == Default ? resolver_.declare({}, uri) : 0;
+    const std::string_view text = uri;
+    if (text.size() > parser_.uriLimit_) {
+        refuse("the URI of a namespace is too long");
+    }
+    return resolver_.declare(prefixed ? spelling.substr(Prefixed.size()) : std::string_view(), text);
 }
 
 const TzXmlAttributeSet& TzXmlSAXParser::Session::collect(const char* const* attributes) {

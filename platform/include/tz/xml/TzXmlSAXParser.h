@@ -21,6 +21,8 @@ public:
     static constexpr std::size_t DefaultDepthLimit = 1000;
     /// Number of attributes of one element that is accepted unless told otherwise.
     static constexpr std::size_t DefaultAttributeLimit = 200000;
+    /// Length of a namespace's URI in bytes that is accepted unless told otherwise.
+    static constexpr std::size_t DefaultUriLimit = 2048;
 
     /// A parser without handler, with the default limits.
     TzXmlSAXParser();
@@ -42,6 +44,11 @@ public:
     void setAttributeLimit(std::size_t limit) noexcept { attributeLimit_ = limit; }
     /// Attribute limit in force.
     std::size_t getAttributeLimit() const noexcept { return attributeLimit_; }
+    /// Declarations of longer URIs (in bytes) are refused, for every name below them may be compared
+    /// with them; holds from the next element on.
+    void setUriLimit(std::size_t limit) noexcept { uriLimit_ = limit; }
+    /// Limit of URIs in force.
+    std::size_t getUriLimit() const noexcept { return uriLimit_; }
 
     /// Reads the whole document `text`. `TzXmlParseError` with line and column when it is not well
     /// formed or breaks a limit; what a handler throws passes through; `TzTHRIllegalUsage` when
@@ -62,6 +69,7 @@ private:
     TzXmlContentHandler* handler_ = nullptr;
     std::size_t depthLimit_ = DefaultDepthLimit;
     std::size_t attributeLimit_ = DefaultAttributeLimit;
+    std::size_t uriLimit_ = DefaultUriLimit;
     std::size_t line_ = 0;
     std::size_t column_ = 0;
     Session* session_ = nullptr; // set while parse runs

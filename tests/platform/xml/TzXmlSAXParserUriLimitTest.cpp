@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include <tz/xml/TzXmlParseError.h>
+#include <tz/xml/TzXmlSAXParser.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+std::string declaring(const char* name, std::size_t length) {
+    return "<a>\n <b " + std::string(name) + "=\"" + std::string(length, 'u') + "\"/></a>";
+}
+
+} // namespace
+
+TEST(TzXmlSAXParserUriLimit, isGenerousUnlessSet) {
+    TzXmlSAXParser parser;
+    EXPECT_EQ(parser.getUriLimit(), 2048U);
+    parser.setUriLimit(7);
+    EXPECT_EQ(parser.getUriLimit(), 7U);
+}
+
+TEST(TzXmlSAXParserUriLimit, refusesLongerDeclarationsWithTheirPlace) {
+    TzXmlSAXParser parser;
+    parser.setUriLimit(100);
+    for (const char* name : {"xmlns", "xmlns:p"}) {
+        EXPECT_NO_THROW(parser.parse(declaring(name, 100))) << name;
+        try {
+            parser.parse(declaring(name, 101));
+            ADD_FAILURE() << "accepted: " << name;
+        } catch (const TzXmlParseError& error) {
+            EXPECT_EQ(error.asString(), "the URI of a namespace is too long");
+            EXPECT_EQ(error.getLine(), 2U);
+            EXPECT_EQ(error.getColumn(), 2U);
+        }
+    }
+    EXPECT_NO_THROW(parser.parse(declaring("k", 101)));
+    EXPECT_NO_THROW(parser.parse(declaring("p:xmlns", 101)));
+}
