@@ -32,9 +32,11 @@ public:
         }
     }
 
-    /// Whether two values that were walked over lead to each other.
-    bool sameGroup(const TzSoapTypeImp& left, const TzSoapTypeImp& right) const {
-        return nodes_[numbers_.at(&left)].group == nodes_[numbers_.at(&right)].group;
+    /// Whether the target of `reference`, which was walked over, leads back to it.
+    bool closesRing(TzSoapReferenceToSoapTypeImp& reference) const {
+        const auto target = numbers_.find(&TzSoapAccess::body(reference.getSoapReference()));
+        return target != numbers_.end() &&
+               nodes_[target->second].group == nodes_[numbers_.at(&reference)].group;
     }
 
 private:
@@ -121,7 +123,7 @@ private:
 
     void waitForTarget(TzSoapReferenceTypeImp& reference, std::size_t number) {
         if (reference.isSoapReference() && reference.hasReference()) {
-            steps_.push_back({&TzSoapAccess::body(reference.getSoapReference()), number, false});
+            wait(reference.getSoapReference(), number);
         }
     }
 
@@ -155,7 +157,7 @@ tzSoapFindRingClosers(const std::vector<TzSoapReferenceToSoapTypeImp*>& resolved
     }
     std::vector<TzSoapReferenceToSoapTypeImp*> closers;
     for (TzSoapReferenceToSoapTypeImp* reference : resolved) {
-        if (groups.sameGroup(*reference, TzSoapAccess::body(reference->getSoapReference()))) {
+        if (groups.closesRing(*reference)) {
             closers.push_back(reference);
         }
     }
