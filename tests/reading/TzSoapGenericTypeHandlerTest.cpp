@@ -237,6 +237,37 @@ TEST_P(TzSoapGenericTypeHandlerReading, theStyleOfEachKindOfChildEndsWithIt) {
     }
 }
 
+TEST_P(TzSoapGenericTypeHandlerReading, theStyleOfADetailHoldsForItsEntries) {
+    const auto fault = [this](const std::string& detail) {
+        return GetParam() == V::V1_1
+                   ? "<e:Fault><faultcode>x</faultcode><detail " + detail + "</detail></e:Fault>"
+                   : "<e:Fault><e:Code><e:Value>x</e:Value></e:Code><e:Detail " + detail +
+                         "</e:Detail></e:Fault>";
+    };
+    const std::string foreign = style("urn:foreign");
+    const struct {
+        std::string text;
+        const char* detail;
+        const char* entry; // behind the fault
+    } cases[] = {
+        {wire.body(fault("><d/>") + "<a/>"), "Simple", "Simple"},
+        {wire.body(fault(foreign + "><d/>") + "<a/>"), "UserDefined", "Simple"},
+        {wire.body(fault("><d/>") + "<a/>", foreign), "UserDefined", "UserDefined"},
+        {wire.body(fault(style("") + "><d/>") + "<a/>", foreign), "Simple", "UserDefined"},
+        {wire.body(fault("><c " + foreign + "/><d/>") + "<a/>"), "Simple", "Simple"},
+    };
+    for (const auto& one : cases) {
+        const TzSoapMessage message = readMessage(one.text);
+        const TzSoapCompositeType& details = message.getSoapBody().getSoapFault().getDetails();
+        EXPECT_EQ(child(details, "d").getSoapTypeIdAsString(), one.detail) << one.text;
+        EXPECT_EQ(bodyEntry(message).getSoapTypeIdAsString(), one.entry) << one.text;
+    }
+    const TzSoapMessage before = readMessage(wire.body("<a " + foreign + "/>" + fault("><d/>")));
+    EXPECT_EQ(child(before.getSoapBody().getSoapFault().getDetails(), "d").getSoapTypeIdAsString(),
+              "Simple")
+        << "the style of the entry before has ended";
+}
+
 TEST_P(TzSoapGenericTypeHandlerReading, aStyleServesTheMembersOfArrays) {
     const TzSoapMessage message =
         readMessage(wire.body("<a " + style(wire.style()) + " " + wire.array("xsd:int", "2") +
