@@ -8,8 +8,8 @@ class TzSoapParseContext;
 
 /// Takes part in the reading of a message: receives the parser's events while its element is open.
 ///
-/// The handlers of open elements form a stack linked by `previous`; exactly the innermost one receives.
-/// Belongs to one reading on one thread.
+/// The handlers of open elements form a stack linked by `previous`; exactly the innermost one
+/// receives. Belongs to one reading on one thread.
 class TZSOAP_API TzSoapContentHandler : public TzXmlContentHandler {
 public:
     /// Does nothing here.

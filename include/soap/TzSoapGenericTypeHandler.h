@@ -13,14 +13,14 @@ class TzSoapType;
 class TzSoapTypeHandlers;
 class TzXmlElementImp;
 
-/// Base of the elements that hold values: decides for each child element what kind of value it is and
-/// hands it to the handler that reads it; finished values come back through `addChild`.
+/// Base of the elements that hold values: decides for each child element what kind of value it is
+/// and hands it to the handler that reads it; finished values come back through `addChild`.
 ///
 /// Belongs to one reading on one thread.
 class TZSOAP_API TzSoapGenericTypeHandler : public TzSoapContentHandler {
 public:
-    /// A child element starts: chooses its handler, which takes the events over. `TzXmlInternalError`
-    /// INTERNAL_ERROR for an impossible state.
+    /// A child element starts: chooses its handler, which takes the events over.
+    /// `TzXmlInternalError` INTERNAL_ERROR for an impossible state.
     void startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) override;
     /// The owner's element ends: closes its scopes and gives the events back.
     void endElement(const TzXmlName& name) override;
@@ -38,13 +38,13 @@ protected:
     /// Copies nothing.
     TzSoapGenericTypeHandler& operator=(const TzSoapGenericTypeHandler&) noexcept { return *this; }
 
-    /// Starts receiving for `element`, whose attributes are read already: its declarations and `style`,
-    /// if not null, are in force until `close`.
+    /// Starts receiving for `element`, whose attributes are read already: its declarations and
+    /// `style`, if not null, are in force until `close`.
     void open(TzXmlElementImp& element, TzSoapParseContext* context, const TzCString* style);
     /// Ends receiving: closes the scopes that `open` opened and gives the events back.
     void close();
-    /// Takes the encoding style of the last child out of force. Called at each next event; an owner that
-    /// reads a child in a way of its own calls it first.
+    /// Takes the encoding style of the last child out of force. Called at each next event; an owner
+    /// that reads a child in a way of its own calls it first.
     void popChildStyle();
 
 private:

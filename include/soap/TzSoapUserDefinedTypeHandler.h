@@ -13,9 +13,9 @@ class TzSoapGenericTypeHandler;
 
 /// Keeps an element that the application decodes itself as markup text.
 ///
-/// The text is what was read, its entities decoded and not escaped again: whoever writes it out again
-/// writes received text as markup. Belongs to one reading on one thread; reused for one element after
-/// the other.
+/// The text is what was read, its entities decoded and not escaped again: whoever writes it out
+/// again writes received text as markup. Belongs to one reading on one thread; reused for one
+/// element after the other.
 class TZSOAP_API TzSoapUserDefinedTypeHandler : public TzSoapContentHandler {
 public:
     TzSoapUserDefinedTypeHandler();

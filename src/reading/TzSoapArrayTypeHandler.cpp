@@ -36,8 +36,8 @@ void TzSoapArrayTypeHandler::startElement(const TzXmlName& name,
     if (attributes.find(position) != attributes.end()) {
         finishStartElement(TzSoapSparseArrayImp::forReading(name_, type_, size_), name, attributes);
     } else {
-        finishStartElement(
-            TzSoapCompactArrayImp::forReading(name_, type_, size_, *context()), name, attributes);
+        finishStartElement(TzSoapCompactArrayImp::forReading(name_, type_, size_, *context()), name,
+                           attributes);
     }
 }
 

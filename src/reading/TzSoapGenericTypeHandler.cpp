@@ -30,7 +30,8 @@ const TzXmlAttribute* findSoap(const TzXmlAttributeSet& attributes,
     return found == attributes.end() ? nullptr : found;
 }
 
-/// Whether an attribute can be one that SOAP gives a meaning here: most elements have none that can.
+/// Whether an attribute can be one that SOAP gives a meaning here: most elements have none that
+/// can.
 bool mayMark(const TzXmlAttributeSet& attributes, const TzSoapVersion& names) {
     for (const TzXmlAttribute& attribute : attributes) {
         const TzXmlNamespace& nameSpace = attribute.getName().getNamespace();
@@ -46,8 +47,7 @@ bool mayMark(const TzXmlAttributeSet& attributes, const TzSoapVersion& names) {
 
 TzSoapGenericTypeHandler::TzSoapGenericTypeHandler() = default;
 
-TzSoapGenericTypeHandler::TzSoapGenericTypeHandler(
-    const TzSoapGenericTypeHandler& other) noexcept
+TzSoapGenericTypeHandler::TzSoapGenericTypeHandler(const TzSoapGenericTypeHandler& other) noexcept
     : TzSoapContentHandler(other) {}
 
 TzSoapGenericTypeHandler::~TzSoapGenericTypeHandler() = default;

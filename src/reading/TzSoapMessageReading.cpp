@@ -128,8 +128,8 @@ void TzSoapMessageImp::startElement(const TzXmlName& name, const TzXmlAttributeS
     case InEnvelope:
         return startPart(name, attributes);
     default:
-        TzThrow(TzXmlInternalError(
-            TzMessage(tzsoap_INTERNAL_ERROR(), "..\\TzSoapMessageImp", 252)));
+        TzThrow(
+            TzXmlInternalError(TzMessage(tzsoap_INTERNAL_ERROR(), "..\\TzSoapMessageImp", 252)));
     }
 }
 

@@ -11,8 +11,7 @@ constexpr std::string_view ContentIdScheme = "cid:";
 
 std::optional<TzMimePart> partWith(const TzMimeMultipart& package, const TzMimeHeader& header) {
     const std::size_t found = package.findPart(header, 0);
-    return found == TzMimePart::NotFound ? std::nullopt
-                                         : std::optional(package.getPart(found));
+    return found == TzMimePart::NotFound ? std::nullopt : std::optional(package.getPart(found));
 }
 
 std::optional<TzMimePart> partAt(const TzMimeMultipart& package, const TzCString& location) {

@@ -8,6 +8,6 @@
 
 class TzMimeMultipart;
 
-/// The part of `package` that the reference text `href` means: by Content-ID behind "cid:", otherwise by
-/// Content-Location, as it stands or below the package's own location.
+/// The part of `package` that the reference text `href` means: by Content-ID behind "cid:",
+/// otherwise by Content-Location, as it stands or below the package's own location.
 std::optional<TzMimePart> tzSoapFindMimePart(const TzMimeMultipart& package, std::string_view href);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Reads every message in samples/ and compares the model with what the .json beside it says is in it.
+// Reads every message in samples/ and compares the model with what the .json beside it says is in
+// it.
 #include <soap/TzSoapCast.h>
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
@@ -34,8 +35,7 @@ std::string readFile(const std::filesystem::path& file) {
 
 std::vector<std::filesystem::path> samples() {
     std::vector<std::filesystem::path> files;
-    for (const auto& entry :
-         std::filesystem::recursive_directory_iterator(TZSOAP_SAMPLES_DIR)) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(TZSOAP_SAMPLES_DIR)) {
         const auto extension = entry.path().extension();
         if (extension == ".xml" || extension == ".mime") {
             files.push_back(entry.path());
@@ -196,8 +196,8 @@ private:
         if (const auto simple = tzSoapCast<TzSoapSimpleType>(value)) {
             EXPECT_EQ(simple->getString(), expected);
         } else {
-            EXPECT_EQ(expected, "") << "only simple values have text, this is "
-                                    << value.getSoapTypeIdAsString();
+            EXPECT_EQ(expected, "")
+                << "only simple values have text, this is " << value.getSoapTypeIdAsString();
         }
     }
 
@@ -247,7 +247,8 @@ private:
     void compareArray(const TzSoapType& value, const Json& described) {
         const auto array = tzSoapCast<TzSoapArrayType>(value);
         if (version_.getVersion() == TzSoapVersion::V1_2 && !described.contains("arraySize")) {
-            // "arrayType" is no attribute of SOAP 1.2: the sender's array is a struct to its reader.
+            // "arrayType" is no attribute of SOAP 1.2: the sender's array is a struct to its
+            // reader.
             EXPECT_FALSE(array.has_value());
             EXPECT_EQ(attributeOf(value, "{" + version_.getSoapEnc().getUri() + "}arrayType"),
                       described["raw"].get<std::string>());
@@ -288,7 +289,8 @@ private:
 
     void compareTarget(const TzSoapReferenceType& reference, const std::string& href) {
         if (reference.isMimeReference()) {
-            // A fragment in "href" is what SOAP 1.1 sends: in SOAP 1.2 it names a part that is not there.
+            // A fragment in "href" is what SOAP 1.1 sends: in SOAP 1.2 it names a part that is not
+            // there.
             EXPECT_EQ(reference.hasReference(), !href.starts_with('#'));
             return;
         }
@@ -296,8 +298,7 @@ private:
         EXPECT_EQ(reference.getSoapReference().getIdAttribute(), href.substr(1));
         const auto target = values_.find(wire_["ids"][href.substr(1)].get<std::string>());
         ASSERT_NE(target, values_.end());
-        EXPECT_EQ(&reference.getSoapReference().getIdAttribute(),
-                  &target->second.getIdAttribute())
+        EXPECT_EQ(&reference.getSoapReference().getIdAttribute(), &target->second.getIdAttribute())
             << "the target is the value itself, not a copy";
     }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "property/Description.h"
 
-#include <soap/TzSoapConstVisitor.h>
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapConstVisitor.h>
 #include <soap/TzSoapMisunderstoodType.h>
 #include <soap/TzSoapReferenceType.h>
 #include <soap/TzSoapSimpleType.h>

@@ -16,8 +16,8 @@ constexpr int MostDepth = 4;
 
 /// Pieces of text that tend to go wrong on the wire.
 constexpr std::array<const char*, 14> Pieces = {
-    "a",  "Z9",       " ",          "\n",         "\t",    "\r",           "&",
-    "<x>", "]]>",     "\"'",        "\xC3\xBC",   "&amp;", "\xE2\x82\xAC", "\xF0\x9F\x98\x80",
+    "a",   "Z9",  " ",   "\n",       "\t",    "\r",           "&",
+    "<x>", "]]>", "\"'", "\xC3\xBC", "&amp;", "\xE2\x82\xAC", "\xF0\x9F\x98\x80",
 };
 
 } // namespace

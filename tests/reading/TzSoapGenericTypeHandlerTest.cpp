@@ -238,7 +238,7 @@ TEST_P(TzSoapGenericTypeHandlerReading, theStyleOfEachKindOfChildEndsWithIt) {
 }
 
 TEST_P(TzSoapGenericTypeHandlerReading, theStyleOfADetailHoldsForItsEntries) {
-    const auto fault = [this](const std::string& detail) {
+    const auto fault = [](const std::string& detail) {
         return GetParam() == V::V1_1
                    ? "<e:Fault><faultcode>x</faultcode><detail " + detail + "</detail></e:Fault>"
                    : "<e:Fault><e:Code><e:Value>x</e:Value></e:Code><e:Detail " + detail +

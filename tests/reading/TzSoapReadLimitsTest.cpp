@@ -134,7 +134,7 @@ TEST_P(TzSoapReadLimitsReading, theUriOfANamespaceIsAsLongAsTheLimit) {
 TEST_P(TzSoapReadLimitsReading, anEncodingStyleIsAsLongAsTheLimit) {
     TzSoapReadLimits limits;
     limits.uriLength = 100;
-    for (const std::size_t length : {100, 101}) {
+    for (const std::size_t length : {std::size_t{100}, std::size_t{101}}) {
         const std::string style = "e:encodingStyle=\"urn:" + std::string(length - 4, 'u') + "\"";
         const std::pair<std::string, std::size_t> texts[] = {
             {wire.envelope("", style), 1},
