@@ -28,6 +28,8 @@ public:
 
     /// Removes all attributes and whatever else was set; the name stays.
     void clearElement();
+    /// Takes over everything that `other` is and has, its name included; `other` is left empty.
+    void takeElement(TzSoapElementImp& other) noexcept;
 
     /// The attribute set: the element's SOAP and other attributes.
     TzSoapAttributeSet& getAttributeSet() noexcept { return attributeSet_; }

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <soap/TzSoapAttributeSet.h>
 #include <soap/TzSoapContentBase.h>
 #include <soap/TzSoapContentHandler.h>
 #include <soap/TzSoapExport.h>
+#include <soap/TzSoapType.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 
 class TzSoapGenericTypeHandler;
-class TzSoapType;
-class TzSoapTypeImp;
+class TzSoapSimpleTypeImp;
 
 /// Reads an element that nothing marks: a composite value if it has child elements, a simple value (or
 /// the report of a misunderstood header entry) if it has none.
@@ -33,15 +32,17 @@ public:
     void characters(const TzCString& text) override;
 
 private:
-    TzSoapContentBase::SchemaType getSchemaType(const TzSoapTypeImp& value) const;
-    TzSoapType makeSimple();
-    TzSoapType makeMisunderstood();
-    TzXmlName misunderstoodName(const TzSoapTypeImp& value) const;
-    void describe(TzSoapTypeImp& value);
+    void begin(const TzXmlName& name, const TzXmlAttributeSet& attributes);
+    TzSoapContentBase::SchemaType getSchemaType() const;
+    TzXmlName misunderstoodName() const;
+    void finishSimple();
+    void finishMisunderstood();
     void hand(const TzSoapType& value);
 
-    TzXmlName name_;
-    TzXmlAttributeSet attributes_;
+    // The element as a simple value, which most elements turn out to be. When it turns out to be
+    // something else, that takes the element over and this body serves the next one.
+    TzSoapSimpleTypeImp* element_ = nullptr;
+    TzSoapType value_; // holds element_
     TzCString text_;
     TzSoapGenericTypeHandler* owner_ = nullptr;
 };

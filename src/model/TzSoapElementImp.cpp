@@ -75,6 +75,15 @@ void TzSoapElementImp::clearElement() {
     root_ = Flag::Absent;
 }
 
+void TzSoapElementImp::takeElement(TzSoapElementImp& other) noexcept {
+    TzXmlElementImp::getName() = std::exchange(other.TzXmlElementImp::getName(), TzXmlName());
+    attributeSet_ = std::move(other.attributeSet_);
+    texts_ = std::move(other.texts_);
+    type_ = std::exchange(other.type_, TzXmlName());
+    mustUnderstand_ = std::exchange(other.mustUnderstand_, Flag::Absent);
+    root_ = std::exchange(other.root_, Flag::Absent);
+}
+
 void TzSoapElementImp::setText(TzCString Texts::*text, const TzCString& value) {
     if (texts_ == nullptr) {
         if (value.empty()) {

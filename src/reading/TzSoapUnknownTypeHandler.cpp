@@ -25,34 +25,51 @@ const TzXmlName& misunderstoodElement() {
 
 } // namespace
 
-TzSoapUnknownTypeHandler::TzSoapUnknownTypeHandler() = default;
+TzSoapUnknownTypeHandler::TzSoapUnknownTypeHandler()
+    : value_(TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(nullptr))) {}
 
 TzSoapUnknownTypeHandler::~TzSoapUnknownTypeHandler() = default;
 
 void TzSoapUnknownTypeHandler::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                                         TzSoapParseContext* context,
                                         TzSoapGenericTypeHandler* owner) {
-    name_ = name;
-    attributes_ = attributes;
     text_.clear();
     owner_ = owner;
     acceptEvents(context);
+    begin(name, attributes);
+}
+
+void TzSoapUnknownTypeHandler::begin(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+    if (!TzSoapAccess::hasBody(value_)) {
+        element_ = new TzSoapSimpleTypeImp();
+        value_ = TzSoapAccess::handle<TzSoapSimpleType>(element_);
+    }
+    element_->TzXmlElementImp::getName() = name;
+    // Its own declarations may bind the prefix of its type.
+    TzSoapParseContext& reading = *context();
+    reading.getNamespaces().push_back(element_);
+    TzSoapUtils::copyAttributes(attributes, *element_, &reading);
+    reading.getNamespaces().pop_back();
 }
 
 void TzSoapUnknownTypeHandler::characters(const TzCString& text) { text_ += text; }
 
 void TzSoapUnknownTypeHandler::startElement(const TzXmlName& name,
                                             const TzXmlAttributeSet& attributes) {
-    auto* body = new TzSoapCompositeTypeImp(std::move(name_));
+    auto* body = new TzSoapCompositeTypeImp();
     const auto composite = TzSoapAccess::handle<TzSoapCompositeType>(body);
-    describe(*body);
+    body->takeElement(*element_);
     TzSoapParseContext* reading = context();
     hand(composite);
     body->doStart(name, attributes, reading);
 }
 
 void TzSoapUnknownTypeHandler::endElement(const TzXmlName&) {
-    hand(name_ == misunderstoodElement() ? makeMisunderstood() : makeSimple());
+    if (element_->TzXmlElementImp::getName() == misunderstoodElement()) {
+        finishMisunderstood();
+    } else {
+        finishSimple();
+    }
 }
 
 void TzSoapUnknownTypeHandler::hand(const TzSoapType& value) {
@@ -61,54 +78,41 @@ void TzSoapUnknownTypeHandler::hand(const TzSoapType& value) {
     declineEvents();
 }
 
-void TzSoapUnknownTypeHandler::describe(TzSoapTypeImp& value) {
-    // Its own declarations may bind the prefix of its type.
-    TzSoapParseContext& reading = *context();
-    reading.getNamespaces().push_back(&value);
-    TzSoapUtils::copyAttributes(std::move(attributes_), value, &reading);
-    reading.getNamespaces().pop_back();
-}
-
-TzSoapContentBase::SchemaType
-TzSoapUnknownTypeHandler::getSchemaType(const TzSoapTypeImp& value) const {
-    const TzXmlName& type = value.getTypeValue();
+TzSoapContentBase::SchemaType TzSoapUnknownTypeHandler::getSchemaType() const {
+    const TzXmlName& type = element_->getTypeValue();
     if (!type.isEmpty()) {
         return TzSoapContentBase::schemaTypeFromName(type.getLocalName());
     }
-    TzSoapMessageImp* message = context()->getSoapMessageImp();
-    if (message == nullptr || !message->getTypeRegistry().typeExists(value.getName())) {
+    const TzSoapMessageImp* message = context()->getSoapMessageImp();
+    if (message == nullptr || !message->getTypeRegistry().typeExists(element_->getName())) {
         return TzSoapContentBase::xsdUnknown;
     }
     return TzSoapContentBase::schemaTypeFromName(
-        message->getTypeRegistry().lookupType(value.getName()).getLocalName());
+        message->getTypeRegistry().lookupType(element_->getName()).getLocalName());
 }
 
-TzSoapType TzSoapUnknownTypeHandler::makeSimple() {
-    auto* body = new TzSoapSimpleTypeImp();
-    TzSoapType value = TzSoapAccess::handle<TzSoapSimpleType>(body);
-    body->getName() = std::move(name_);
-    describe(*body);
-    body->setEncodedString(std::move(text_), getSchemaType(*body));
-    return value;
+void TzSoapUnknownTypeHandler::finishSimple() {
+    element_->setEncodedString(std::move(text_), getSchemaType());
+    hand(std::exchange(value_,
+                       TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(nullptr))));
 }
 
-TzSoapType TzSoapUnknownTypeHandler::makeMisunderstood() {
+void TzSoapUnknownTypeHandler::finishMisunderstood() {
     auto* body = new TzSoapMisunderstoodTypeImp();
-    TzSoapType value = TzSoapAccess::handle<TzSoapMisunderstoodType>(body);
-    body->getName() = std::move(name_);
-    describe(*body);
-    body->setQualifiedName(misunderstoodName(*body));
-    return value;
+    const auto value = TzSoapAccess::handle<TzSoapMisunderstoodType>(body);
+    body->setQualifiedName(misunderstoodName());
+    body->takeElement(*element_);
+    hand(value);
 }
 
-TzXmlName TzSoapUnknownTypeHandler::misunderstoodName(const TzSoapTypeImp& value) const {
-    const auto* qname = value.findAttribute(TzXmlName("qname"));
-    if (qname == value.attributesEnd()) {
+TzXmlName TzSoapUnknownTypeHandler::misunderstoodName() const {
+    const auto* qname = element_->findAttribute(TzXmlName("qname"));
+    if (qname == element_->attributesEnd()) {
         return {};
     }
     TzXmlName name(qname->getValue());
-    const auto* own = value.findNamespaceAttribute(name.getPrefix());
-    name.setNamespace({name.getPrefix(), own != value.attributesEnd()
+    const auto* own = element_->findNamespaceAttribute(name.getPrefix());
+    name.setNamespace({name.getPrefix(), own != element_->attributesEnd()
                                              ? own->getValue()
                                              : context()->getNsUriForPrefix(name.getPrefix())});
     return name;
