@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int Repetitions = 9;
+constexpr int Repetitions = 5;
 
 /// A message that is measured: made when its first benchmark runs, kept for the others.
 class Subject {
@@ -47,6 +47,13 @@ private:
     std::string text_;
     peers::Document document_;
 };
+
+/// The end of a benchmark's name that says how large its message is.
+std::string suffixOf(int size) {
+    std::string suffix("/");
+    suffix += std::to_string(size);
+    return suffix;
+}
 
 using SharedSubject = std::shared_ptr<Subject>;
 
@@ -116,7 +123,7 @@ void addStructs() {
     for (const int structs : {100, 1000, 10000, 100000}) {
         const auto subject =
             std::make_shared<Subject>([structs] { return workloads::structs(structs); });
-        const std::string suffix = "/" + std::to_string(structs);
+        const std::string suffix = suffixOf(structs);
         addReading("read/T/tzsoap" + suffix, subject);
         if (structs == 10000) {
             addOnText("read/T/expat" + suffix, subject, peers::expatNoOp);
@@ -145,7 +152,7 @@ void addArrays() {
         addWriting(std::string("write/") + name, "", subject);
     }
     for (const int members : {1000, 10000, 100000}) {
-        const std::string suffix = "/" + std::to_string(members);
+        const std::string suffix = suffixOf(members);
         addReading("read/W/tzsoap" + suffix, std::make_shared<Subject>([members] {
                        return workloads::sparseArray(members);
                    }));
