@@ -248,6 +248,7 @@ TEST(TzXmlAttributeSet, LookUpsShareOneIndex) {
 TEST(TzXmlAttributeSet, LookUpsThatMayRenameMakeNoIndex) {
     TzXmlAttributeSet set(listOf(1000));
     const TzXmlName wanted = numbered(999);
+    TzXmlNamespace::getXmlns(); // made at its first use, which is not what is counted here
     const std::size_t made = madeAllocations();
     EXPECT_EQ(set.find(wanted)->getValue(), "999");
     EXPECT_EQ(set.findDeclaration("p"), set.end());
