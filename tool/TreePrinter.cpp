@@ -241,8 +241,8 @@ void TreePrinter::visit(const TzSoapSparseArrayType& value) {
     printShape(value);
     const Nested nested(*this);
     for (auto item = value.begin(); item != value.end(); ++item) {
-        line() << "at "
-               << TzSoapArrayType::vectorToString(item->first, true, TzSoapVersion::V1_1) << '\n';
+        line() << "at " << TzSoapArrayType::vectorToString(item->first, true, TzSoapVersion::V1_1)
+               << '\n';
         const Nested inner(*this);
         item->second.acceptVisitor(*this);
     }

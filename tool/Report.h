@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string>
+
+class TzSoapMessage;
+
+/// Exit statuses of the tool. Wrong arguments have statuses above 100.
+enum ExitStatus { Done = 0, Failed = 1 };
+
+/// Does `work`, which is about `file`. What it throws is told on standard error, with the file, and
+/// with line and column where they are known; the exit status says whether all went well.
+ExitStatus reportFailures(const std::string& file, const std::function<void()>& work);
+
+/// Reads the message in `file` and hands it to `work`; failures are reported as above.
+ExitStatus withMessage(const std::string& file,
+                       const std::function<void(const TzSoapMessage&)>& work);

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "Show.h"
+
+#include "Files.h"
+#include "Report.h"
+#include "TreePrinter.h"
+
+#include <soap/TzSoapMessage.h>
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Options {
+    std::vector<std::string> files;
+};
+
+ExitStatus showFile(const std::string& file, bool several) {
+    return withMessage(file, [&](const TzSoapMessage& message) {
+        if (several) {
+            std::cout << file << ":\n";
+        }
+        TreePrinter printer(std::cout);
+        message.acceptVisitor(printer);
+    });
+}
+
+int show(const Options& options) {
+    const std::vector<std::string> all =
+        options.files.empty() ? std::vector<std::string>{files::Standard} : options.files;
+    int status = Done;
+    for (const std::string& file : all) {
+        status |= showFile(file, all.size() > 1);
+    }
+    return status;
+}
+
+} // namespace
+
+void addShow(CLI::App& app, int& status) {
+    CLI::App* const command = app.add_subcommand("show", "Prints messages as trees");
+    const auto options = std::make_shared<Options>();
+    command->add_option("FILE", options->files, "Files to read; standard input when there is none");
+    command->callback([options, &status] { status = show(*options); });
+}
