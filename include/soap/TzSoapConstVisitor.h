@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <soap/TzSoapExport.h>
 #include <soap/TzSoapConstVisitorBase.h>
+#include <soap/TzSoapExport.h>
 
 class TzSoapArrayType;
 class TzSoapBody;
@@ -49,7 +49,7 @@ public:
     virtual void visit(const TzSoapHeader& header) = 0;
     /// A message.
     virtual void visit(const TzSoapMessage& message) = 0;
-    ~TzSoapConstVisitor() override;
+    virtual ~TzSoapConstVisitor();
 
 protected:
     TzSoapConstVisitor() = default;
@@ -59,6 +59,7 @@ protected:
 private:
     friend class TzSoapType;
 
-    /// `TzXmlInternalError` INTERNAL_ERROR for a kind that is none of `TzSoapContentBase::SoapTypeId`.
+    /// `TzXmlInternalError` INTERNAL_ERROR for a kind that is none of
+    /// `TzSoapContentBase::SoapTypeId`.
     void doVisit(const TzSoapType& value) override;
 };

@@ -5,15 +5,14 @@
 
 class TzSoapType;
 
-/// Base of the visitors of const handles: declares the dispatch by kind of value.
+/// Base of the visitors of const handles: declares the dispatch by kind of value and nothing else,
+/// so a visitor is never deleted through it.
 class TZSOAP_API TzSoapConstVisitorBase {
-public:
-    virtual ~TzSoapConstVisitorBase();
-
 protected:
     TzSoapConstVisitorBase() = default;
     TzSoapConstVisitorBase(const TzSoapConstVisitorBase&) = default;
     TzSoapConstVisitorBase& operator=(const TzSoapConstVisitorBase&) = default;
+    ~TzSoapConstVisitorBase() = default;
 
 private:
     /// Calls the operation for the kind of `value`.

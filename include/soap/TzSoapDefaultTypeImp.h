@@ -15,7 +15,7 @@ public:
     ~TzSoapDefaultTypeImp() override;
 
     /// The kind as text: "Default".
-    static const TzCString& DefaultString();
+    static const TzCString DefaultString;
 
     /// "Default".
     const TzCString& getSoapTypeIdAsString() const override;

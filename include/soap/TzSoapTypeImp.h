@@ -35,7 +35,7 @@ public:
     virtual TzSoapContentBase::EscapeText getEscapeText() const;
 
     /// The kind as text of generic and default values: "Default".
-    static const TzCString& MyIdString();
+    static const TzCString MyIdString;
 
 private:
     TzSoapContentBase::EscapeText escapeText_ = TzSoapContentBase::EscapeOn;

@@ -97,9 +97,9 @@ public:
     static void removeEncodingStyleAttribute(TzSoapElementImp* element);
     /// Does the same and makes the removed value the element's encoding style.
     static void removeAndFixEncodingStyleAttribute(TzSoapElementImp* element);
-    /// Turns the offset attribute of an array's body into its offset and removes the attributes
-    /// that state its type and size. `TzXmlBadArgError` BAD_INDEX_STRING for an offset that is
-    /// none.
+    /// Turns the offset attribute of an array's body into its offset, 0 on axes that it does not
+    /// name, and removes the attributes that state its type and size. `TzXmlBadArgError`
+    /// BAD_INDEX_STRING for an offset that is none.
     static void removeAndFixArrayTypeAttributes(TzSoapElementImp* array,
                                                 TzSoapVersion::Version version);
 

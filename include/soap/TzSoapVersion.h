@@ -6,8 +6,6 @@
 #include <tz/xml/TzXmlName.h>
 #include <tz/xml/TzXmlNamespace.h>
 
-#include <string_view>
-
 class TzSoapVersionTable;
 
 /// Every name, namespace and role that differs between SOAP 1.1 and SOAP 1.2.
@@ -155,8 +153,9 @@ public:
     static bool isSoapEncodingStyle(const TzCString& uri, Version& version);
     /// Whether `name` is an attribute of SOAP in an envelope or encoding namespace.
     static bool isSoapAttribute(const TzXmlName& name);
-    /// Which attribute of SOAP `name` is. The version is that of the namespace, while the local
-    /// part may be that of either version. Both are left alone if it is none.
+    /// Which attribute of SOAP `name` is. The version is that of the namespace, and set as soon as
+    /// that is one of SOAP, while the local part may be that of either version; `attribute` is left
+    /// alone if it is none.
     static bool isSoapAttribute(const TzXmlName& name, SoapAttribute& attribute, Version& version);
     /// The name of an attribute in `version`; the empty name where the version has none,
     /// `TzXmlError` UNKNOWN_VERSION for a value that is no version.
@@ -177,33 +176,31 @@ public:
     static SoapFaultCode getSoapFaultCode(const TzXmlName& name);
 
 protected:
-    static constexpr std::string_view EnvelopeTag = "Envelope";               ///< Envelope element.
-    static constexpr std::string_view BodyTag = "Body";                       ///< Body element.
-    static constexpr std::string_view HeaderTag = "Header";                   ///< Header element.
-    static constexpr std::string_view FaultTag = "Fault";                     ///< Fault element.
-    static constexpr std::string_view EncodingStyleTag = "encodingStyle";     ///< Attribute.
-    static constexpr std::string_view MustUnderstandTag = "mustUnderstand";   ///< Attribute.
-    static constexpr std::string_view RootTag = "root";                       ///< Attribute.
-    static constexpr std::string_view PositionTag = "position";               ///< Attribute.
-    static constexpr std::string_view OffsetTag = "offset";                   ///< Attribute.
-    static constexpr std::string_view VersionMismatchTag = "VersionMismatch"; ///< Fault code.
-    static constexpr std::string_view MustUnderstandFaultTag = "MustUnderstand"; ///< Fault code.
-    static constexpr std::string_view ClientTag = "Client";     ///< Fault code, 1.1.
-    static constexpr std::string_view ServerTag = "Server";     ///< Fault code, 1.1.
-    static constexpr std::string_view ReceiverTag = "Receiver"; ///< Fault code, 1.2.
-    static constexpr std::string_view SenderTag = "Sender";     ///< Fault code, 1.2.
-    static constexpr std::string_view DataEncodingUnknownTag =
-        "DataEncodingUnknown";                                                ///< Fault code, 1.2.
-    static constexpr std::string_view DTDNotSupportedTag = "DTDNotSupported"; ///< Fault code, 1.2.
-    static constexpr std::string_view ProcedureNotPresentTag =
-        "ProcedureNotPresent";                                            ///< Fault subcode.
-    static constexpr std::string_view BadArgumentsTag = "BadArguments";   ///< Fault subcode.
-    static constexpr std::string_view MissingIDTag = "MissingID";         ///< Fault subcode.
-    static constexpr std::string_view UnTypedValueTag = "UnTypedValue";   ///< Fault subcode.
-    static constexpr std::string_view MisunderstoodTag = "Misunderstood"; ///< Header entry, 1.2.
+    static const TzCString EnvelopeTag;            ///< "Envelope", element.
+    static const TzCString BodyTag;                ///< "Body", element.
+    static const TzCString HeaderTag;              ///< "Header", element.
+    static const TzCString FaultTag;               ///< "Fault", element.
+    static const TzCString EncodingStyleTag;       ///< "encodingStyle", attribute.
+    static const TzCString MustUnderstandTag;      ///< "mustUnderstand", attribute.
+    static const TzCString RootTag;                ///< "root", attribute.
+    static const TzCString PositionTag;            ///< "position", attribute.
+    static const TzCString OffsetTag;              ///< "offset", attribute.
+    static const TzCString VersionMismatchTag;     ///< "VersionMismatch", fault code.
+    static const TzCString MustUnderstandFaultTag; ///< "MustUnderstand", fault code.
+    static const TzCString ClientTag;              ///< "Client", fault code of 1.1.
+    static const TzCString ServerTag;              ///< "Server", fault code of 1.1.
+    static const TzCString ReceiverTag;            ///< "Receiver", fault code of 1.2.
+    static const TzCString SenderTag;              ///< "Sender", fault code of 1.2.
+    static const TzCString DataEncodingUnknownTag; ///< "DataEncodingUnknown", fault code of 1.2.
+    static const TzCString DTDNotSupportedTag;     ///< "DTDNotSupported", fault code of 1.2.
+    static const TzCString ProcedureNotPresentTag; ///< "ProcedureNotPresent", fault subcode.
+    static const TzCString BadArgumentsTag;        ///< "BadArguments", fault subcode.
+    static const TzCString MissingIDTag;           ///< "MissingID", fault subcode.
+    static const TzCString UnTypedValueTag;        ///< "UnTypedValue", fault subcode.
+    static const TzCString MisunderstoodTag;       ///< "Misunderstood", header entry of 1.2.
 
     /// The empty name: the answer to every look-up of what a version does not have.
-    static const TzXmlName& DummyXmlName();
+    static const TzXmlName DummyXmlName;
 
     TzSoapVersion() noexcept;
 

@@ -49,7 +49,7 @@ public:
     virtual void visit(TzSoapHeader& header) = 0;
     /// A message.
     virtual void visit(TzSoapMessage& message) = 0;
-    ~TzSoapVisitor() override;
+    virtual ~TzSoapVisitor();
 
 protected:
     TzSoapVisitor() = default;
@@ -59,6 +59,7 @@ protected:
 private:
     friend class TzSoapType;
 
-    /// `TzXmlInternalError` INTERNAL_ERROR for a kind that is none of `TzSoapContentBase::SoapTypeId`.
+    /// `TzXmlInternalError` INTERNAL_ERROR for a kind that is none of
+    /// `TzSoapContentBase::SoapTypeId`.
     void doVisit(TzSoapType& value) override;
 };

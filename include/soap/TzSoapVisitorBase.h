@@ -5,15 +5,14 @@
 
 class TzSoapType;
 
-/// Base of the visitors of mutable handles: declares the dispatch by kind of value.
+/// Base of the visitors of mutable handles: declares the dispatch by kind of value and nothing
+/// else, so a visitor is never deleted through it.
 class TZSOAP_API TzSoapVisitorBase {
-public:
-    virtual ~TzSoapVisitorBase();
-
 protected:
     TzSoapVisitorBase() = default;
     TzSoapVisitorBase(const TzSoapVisitorBase&) = default;
     TzSoapVisitorBase& operator=(const TzSoapVisitorBase&) = default;
+    ~TzSoapVisitorBase() = default;
 
 private:
     /// Calls the operation for the kind of `value`.

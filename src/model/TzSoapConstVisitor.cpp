@@ -3,8 +3,6 @@
 
 #include "model/TzSoapDispatch.h"
 
-TzSoapConstVisitorBase::~TzSoapConstVisitorBase() = default;
-
 TzSoapConstVisitor::~TzSoapConstVisitor() = default;
 
 void TzSoapConstVisitor::doVisit(const TzSoapType& value) {

@@ -13,16 +13,13 @@ namespace {
 
 } // namespace
 
+const TzCString TzSoapDefaultTypeImp::DefaultString = "Default";
+
 TzSoapDefaultTypeImp::TzSoapDefaultTypeImp() = default;
 
 TzSoapDefaultTypeImp::~TzSoapDefaultTypeImp() = default;
 
-const TzCString& TzSoapDefaultTypeImp::DefaultString() {
-    static const TzCString text = "Default";
-    return text;
-}
-
-const TzCString& TzSoapDefaultTypeImp::getSoapTypeIdAsString() const { return DefaultString(); }
+const TzCString& TzSoapDefaultTypeImp::getSoapTypeIdAsString() const { return DefaultString; }
 
 void TzSoapDefaultTypeImp::setName(const TzXmlName&) { refuse(); }
 

@@ -3,6 +3,8 @@
 
 #include <utility>
 
+const TzCString TzSoapTypeImp::MyIdString = "Default";
+
 TzSoapTypeImp::TzSoapTypeImp() = default;
 
 TzSoapTypeImp::TzSoapTypeImp(TzXmlName name) : TzSoapElementImp(std::move(name)) {}
@@ -15,7 +17,7 @@ TzSoapContentBase::SoapTypeId TzSoapTypeImp::getSoapTypeId() const {
     return TzSoapContentBase::Generic;
 }
 
-const TzCString& TzSoapTypeImp::getSoapTypeIdAsString() const { return MyIdString(); }
+const TzCString& TzSoapTypeImp::getSoapTypeIdAsString() const { return MyIdString; }
 
 TzSoapElementImp* TzSoapTypeImp::clone() const { return new TzSoapTypeImp(*this); }
 
@@ -26,8 +28,3 @@ bool TzSoapTypeImp::isNull() const { return getAttributeSet().getNullAttribute()
 void TzSoapTypeImp::setEscapeText(TzSoapContentBase::EscapeText escape) { escapeText_ = escape; }
 
 TzSoapContentBase::EscapeText TzSoapTypeImp::getEscapeText() const { return escapeText_; }
-
-const TzCString& TzSoapTypeImp::MyIdString() {
-    static const TzCString text = "Default";
-    return text;
-}

@@ -250,8 +250,11 @@ void TzSoapUtils::removeAndFixArrayTypeAttributes(TzSoapElementImp* array,
     TzSoapAttributeSet& attributes = array->getAttributeSet();
     if (const TzCString offset = attributes.getOffsetAttribute(); !offset.empty()) {
         attributes.removeOffsetAttribute();
-        static_cast<TzSoapArrayTypeImp*>(array)->setOffset(
-            TzSoapArrayTypeImp::stringToVector(offset, false));
+        auto& body = static_cast<TzSoapArrayTypeImp&>(*array);
+        TzSoapArrayTypeImp::Index index = TzSoapArrayTypeImp::stringToVector(offset, false);
+        // Axes that the text does not name begin at 0.
+        index.resize(std::max<std::size_t>(index.size(), body.getDimension()));
+        body.setOffset(index);
     }
     attributes.removeArrayTypeAttribute();
     for (const auto kind : {TzSoapVersion::ItemType, TzSoapVersion::ArraySize}) {

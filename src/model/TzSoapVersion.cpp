@@ -11,10 +11,32 @@
 
 using Table = TzSoapVersionTable;
 
-const TzXmlName& TzSoapVersion::DummyXmlName() {
-    static const TzXmlName name;
-    return name;
-}
+// Real strings, so that derived classes can pass them wherever a TzCString is taken. They are made
+// before any object of the program, and nothing in this library looks a name up earlier.
+const TzCString TzSoapVersion::EnvelopeTag = "Envelope";
+const TzCString TzSoapVersion::BodyTag = "Body";
+const TzCString TzSoapVersion::HeaderTag = "Header";
+const TzCString TzSoapVersion::FaultTag = "Fault";
+const TzCString TzSoapVersion::EncodingStyleTag = "encodingStyle";
+const TzCString TzSoapVersion::MustUnderstandTag = "mustUnderstand";
+const TzCString TzSoapVersion::RootTag = "root";
+const TzCString TzSoapVersion::PositionTag = "position";
+const TzCString TzSoapVersion::OffsetTag = "offset";
+const TzCString TzSoapVersion::VersionMismatchTag = "VersionMismatch";
+const TzCString TzSoapVersion::MustUnderstandFaultTag = "MustUnderstand";
+const TzCString TzSoapVersion::ClientTag = "Client";
+const TzCString TzSoapVersion::ServerTag = "Server";
+const TzCString TzSoapVersion::ReceiverTag = "Receiver";
+const TzCString TzSoapVersion::SenderTag = "Sender";
+const TzCString TzSoapVersion::DataEncodingUnknownTag = "DataEncodingUnknown";
+const TzCString TzSoapVersion::DTDNotSupportedTag = "DTDNotSupported";
+const TzCString TzSoapVersion::ProcedureNotPresentTag = "ProcedureNotPresent";
+const TzCString TzSoapVersion::BadArgumentsTag = "BadArguments";
+const TzCString TzSoapVersion::MissingIDTag = "MissingID";
+const TzCString TzSoapVersion::UnTypedValueTag = "UnTypedValue";
+const TzCString TzSoapVersion::MisunderstoodTag = "Misunderstood";
+
+const TzXmlName TzSoapVersion::DummyXmlName;
 
 TzSoapVersion::TzSoapVersion() noexcept = default;
 

@@ -162,11 +162,11 @@ const TzSoapVersionTable& TzSoapVersionTable::soap12() {
 }
 
 const TzXmlName& TzSoapVersionTable::attribute(TzSoapVersion::SoapAttribute attribute) const {
-    return entryAt(attributes_, attribute, TzSoapVersion::DummyXmlName());
+    return entryAt(attributes_, attribute, TzSoapVersion::DummyXmlName);
 }
 
 const TzXmlName& TzSoapVersionTable::element(TzSoapVersion::SoapElement element) const {
-    return entryAt(elements_, element, TzSoapVersion::DummyXmlName());
+    return entryAt(elements_, element, TzSoapVersion::DummyXmlName);
 }
 
 const TzXmlName& TzSoapVersionTable::validCode(const TzXmlName& name) const {
@@ -177,11 +177,11 @@ const TzXmlName& TzSoapVersionTable::validCode(const TzXmlName& name) const {
 }
 
 const TzXmlName& TzSoapVersionTable::faultCode(TzSoapVersion::SoapFaultCode code) const {
-    return validCode(entryAt(faultCodes_, code, TzSoapVersion::DummyXmlName()));
+    return validCode(entryAt(faultCodes_, code, TzSoapVersion::DummyXmlName));
 }
 
 const TzXmlName& TzSoapVersionTable::subFaultCode(TzSoapVersion::SoapSubFaultCode code) const {
-    return validCode(entryAt(subFaultCodes_, code, TzSoapVersion::DummyXmlName()));
+    return validCode(entryAt(subFaultCodes_, code, TzSoapVersion::DummyXmlName));
 }
 
 const TzCString& TzSoapVersionTable::role(TzSoapVersion::SoapRole role) const {

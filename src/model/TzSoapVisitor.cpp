@@ -3,8 +3,6 @@
 
 #include "model/TzSoapDispatch.h"
 
-TzSoapVisitorBase::~TzSoapVisitorBase() = default;
-
 TzSoapVisitor::~TzSoapVisitor() = default;
 
 void TzSoapVisitor::doVisit(TzSoapType& value) {

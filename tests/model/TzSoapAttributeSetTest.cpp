@@ -82,8 +82,10 @@ TEST(TzSoapAttributeSetTest, FixedNamesAndValues) {
     EXPECT_TRUE(Set::getIdAttributeName().getNamespace().isEmpty());
     EXPECT_EQ(Set::getTypeAttributeName().getUniqueName(),
               "http://www.w3.org/2001/XMLSchema-instance:type");
+    EXPECT_EQ(Set::getTypeAttributeName().getQualifiedName(), "xsi:type");
     EXPECT_EQ(Set::getNullAttributeName().getUniqueName(),
               "http://www.w3.org/2001/XMLSchema-instance:nil");
+    EXPECT_EQ(Set::getNullAttributeName().getQualifiedName(), "xsi:nil");
 }
 
 TEST(TzSoapAttributeSetTest, TheIdNameIsUnqualified) {
@@ -197,6 +199,17 @@ TEST(TzSoapAttributeSetTest, BooleansOfTheLatestVersionWin) {
         EXPECT_TRUE((set.*entry.getFor)(V::V1_1));
         (set.*entry.remove)();
         EXPECT_TRUE((set.*entry.get)());
+    }
+}
+
+TEST(TzSoapAttributeSetTest, TheFormOfTheLatestVersionDecidesWhetherABooleanIsSet) {
+    for (const BooleanAttribute& entry : booleans) {
+        Set set;
+        (set.*entry.set)(true, V::V1_1);
+        set.add(V::getSoapAttributeName(entry.attribute, V::V1_2), "true");
+        EXPECT_FALSE((set.*entry.isSet)());
+        EXPECT_FALSE((set.*entry.get)());
+        EXPECT_TRUE((set.*entry.getFor)(V::V1_1));
     }
 }
 

@@ -136,6 +136,20 @@ TEST(TzSoapBody, oneValueAddedTwiceIsTwoEntriesOfOneBody) {
     EXPECT_EQ(value.getName(), TzXmlName("renamed"));
 }
 
+TEST(TzSoapBody, entriesAreSharedWhereverTheyAreAdded) {
+    TzSoapBody b = body();
+    TzSoapType first = named("a");
+    TzSoapType middle = named("b");
+    TzSoapType last = named("c");
+    b.appendEntry(last);
+    b.prependEntry(first);
+    b.insertEntry(std::next(b.entriesBegin()), middle);
+    first.setName(TzXmlName("x"));
+    middle.setName(TzXmlName("y"));
+    last.setName(TzXmlName("z"));
+    EXPECT_EQ(names(b), "x y z");
+}
+
 TEST(TzSoapBody, copiesShareAndCopyDoesNot) {
     TzSoapBody b = body(V::V1_1);
     b.appendEntry(named("a"));
@@ -271,6 +285,8 @@ TEST(TzSoapBody, everyOperationWithoutABodyIsRefused) {
         [&] { constant.entryCount(); },
         [&] { none.appendEntry(named("a")); },
         [&] { none.prependEntry(named("a")); },
+        [&] { none.insertEntry({}, named("a")); },
+        [&] { none.removeEntry(TzSoapBody::iterator()); },
         [&] { none.findEntry("a"); },
         [&] { constant.findEntry("a"); },
         [&] { none.removeEntry(TzXmlName("a")); },

@@ -31,7 +31,7 @@ TEST(TzSoapDefaultType, AnswersWhatItIs) {
     const Default value;
     EXPECT_EQ(value.getSoapTypeId(), Default::Generic);
     EXPECT_EQ(value.getSoapTypeIdAsString(), "Default");
-    EXPECT_EQ(Imp::DefaultString(), "Default");
+    EXPECT_EQ(Imp::DefaultString, "Default");
     EXPECT_TRUE(value.getType().isEmpty());
 }
 

@@ -274,6 +274,26 @@ TEST(TzSoapFaultReading, aValueOutsideOfACodeIsASubcode) {
     EXPECT_EQ(fault.getSubcode(0), TzXmlName("lonely", TzXmlNamespace("e", uri12)));
 }
 
+TEST(TzSoapFaultReading, onlyTheFirstValueOfACodeIsTheCode) {
+    const TzSoapFault fault =
+        fault12("<e:Code><e:Value>e:One</e:Value><e:Value>e:Two</e:Value></e:Code>");
+    EXPECT_EQ(fault.getCode().getLocalName(), "One");
+    ASSERT_EQ(fault.getSubcodeCount(), 1u);
+    EXPECT_EQ(fault.getSubcode(0).getLocalName(), "Two");
+}
+
+TEST(TzSoapFaultReading, theEndOfAnyElementEndsTheCode) {
+    const TzSoapFault fault = fault12("<e:Code><x>lost</x><e:Value>e:Late</e:Value></e:Code>");
+    EXPECT_TRUE(fault.getCode().isEmpty());
+    ASSERT_EQ(fault.getSubcodeCount(), 1u);
+    EXPECT_EQ(fault.getSubcode(0).getLocalName(), "Late");
+}
+
+TEST(TzSoapFaultReading, anUnknownElementEndsTheOneItStandsIn) {
+    const TzSoapFault fault = fault11("<faultcode>S:lost<x>S:found</x>S:late</faultcode>");
+    EXPECT_EQ(fault.getCode(), TzXmlName("found", TzXmlNamespace("S", uri11)));
+}
+
 TEST(TzSoapFaultReading, anElementNamedLikeTheFaultDoesNotEndIt) {
     TzSoapMessage message = read(message11("<S:Fault><x><S:Fault><faultcode>c</faultcode>"
                                            "</S:Fault></x><faultstring>r</faultstring>"

@@ -76,6 +76,20 @@ TEST(TzSoapHeader, appendingWithBothSetsBoth) {
     EXPECT_EQ(entry.getMustUnderstandAttribute(), "true");
 }
 
+TEST(TzSoapHeader, whatIsNotGivenStaysAsItIs) {
+    TzSoapHeader h = header();
+    TzSoapType entry = named("a");
+    h.appendHeaderEntry(entry, TzCString("urn:actor"));
+    h.appendHeaderEntry(entry, true);
+    EXPECT_EQ(entry.getActorAttribute(), "urn:actor");
+    h.prependHeaderEntry(entry, TzCString("urn:other"));
+    EXPECT_EQ(entry.getMustUnderstandAttribute(), "true");
+    h.insertHeaderEntry(h.entriesBegin(), entry, false);
+    EXPECT_EQ(entry.getActorAttribute(), "urn:other");
+    h.insertHeaderEntry(h.entriesEnd(), entry, TzCString("urn:last"));
+    EXPECT_EQ(entry.getMustUnderstandAttribute(), "false");
+}
+
 TEST(TzSoapHeader, aTextLiteralIsAnActor) {
     TzSoapHeader h = header();
     TzSoapType entry = named("a");
@@ -307,6 +321,10 @@ TEST(TzSoapHeader, everyOperationWithoutABodyIsRefused) {
         [&] { none.prependHeaderEntry(named("a"), true); },
         [&] { none.prependHeaderEntry(named("a"), "urn:actor"); },
         [&] { none.prependHeaderEntry(named("a"), true, "urn:actor"); },
+        [&] { none.insertHeaderEntry({}, named("a"), true); },
+        [&] { none.insertHeaderEntry({}, named("a"), "urn:actor"); },
+        [&] { none.insertHeaderEntry({}, named("a"), true, "urn:actor"); },
+        [&] { none.removeHeaderEntry(TzSoapHeader::iterator()); },
         [&] { none.entriesBegin(); },
         [&] { constant.entriesBegin(); },
         [&] { none.entriesEnd(); },

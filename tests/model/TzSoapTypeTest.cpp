@@ -33,7 +33,7 @@ TEST(TzSoapType, StartsGeneric) {
     const Type value;
     EXPECT_EQ(value.getSoapTypeId(), Type::Generic);
     EXPECT_EQ(value.getSoapTypeIdAsString(), "Default");
-    EXPECT_EQ(TzSoapTypeImp::MyIdString(), "Default");
+    EXPECT_EQ(TzSoapTypeImp::MyIdString, "Default");
     EXPECT_TRUE(value.getName().isEmpty());
     EXPECT_EQ(value.getEscapeText(), Type::EscapeOn);
     EXPECT_FALSE(value.isNull());

@@ -188,6 +188,15 @@ TEST(TzSoapUtilsAttributes, TypesOfOlderSchemasAreRecognised) {
     EXPECT_EQ(element.attributeCount(), 0U);
 }
 
+TEST(TzSoapUtilsAttributes, TheLastOfSeveralTypesCounts) {
+    Attributes attributes;
+    attributes.add("type", TzXmlNamespace("i", "http://www.w3.org/1999/XMLSchema-instance"), "a:b")
+        .type("ctx:last");
+    const TzSoapTypeImp element = Reading(V::V1_2).read(attributes);
+    EXPECT_EQ(spelt(element.getTypeValue()), "ctx|last|urn:ctx");
+    EXPECT_EQ(element.attributeCount(), 0U);
+}
+
 TEST(TzSoapUtilsAttributes, AnUnqualifiedTypeIsAnyAttribute) {
     Attributes attributes;
     attributes.add("type", "ctx:a");

@@ -267,6 +267,19 @@ TEST(TzSoapUtils, ArrayAttributesOf12AreDropped) {
     EXPECT_EQ(array.getOffsetIndex(), TzSoapArrayTypeImp::Index{3});
 }
 
+TEST(TzSoapUtils, AnOffsetHasAnEntryForEachAxisAtLeast) {
+    const auto offsetOf = [](const char* text) {
+        TzSoapCompactArrayImp array("n", "xsd:int", "[4,5]", "[0,0]");
+        array.addAttribute(TzXmlName("offset", Enc11), text);
+        Utils::removeAndFixArrayTypeAttributes(&array, V::V1_1);
+        return array.getOffsetIndex();
+    };
+    using Index = TzSoapArrayTypeImp::Index;
+    EXPECT_EQ(offsetOf("[2]"), (Index{2, 0}));
+    EXPECT_EQ(offsetOf("[2,3]"), (Index{2, 3}));
+    EXPECT_EQ(offsetOf("[1,2,3]"), (Index{1, 2, 3}));
+}
+
 TEST(TzSoapUtils, ArrayAttributesThatAreNotThereChangeNothing) {
     TzSoapCompactArrayImp array("n", "xsd:int", 5, 0);
     array.addAttribute(TzXmlName("itemType", Enc12), "xsd:int");

@@ -60,19 +60,22 @@ public:
     Version getVersion() const override { return V1_1; }
     const TzXmlNamespace& getSoapEnv() const override { return nothing_; }
     const TzXmlNamespace& getSoapEnc() const override { return nothing_; }
-    const TzXmlName& getFaultCode(SoapFaultCode) const override { return DummyXmlName(); }
-    const TzXmlName& getSubFaultCode(SoapSubFaultCode) const override { return DummyXmlName(); }
+    const TzXmlName& getFaultCode(SoapFaultCode) const override { return DummyXmlName; }
+    const TzXmlName& getSubFaultCode(SoapSubFaultCode) const override { return DummyXmlName; }
     const TzCString& getSoapEncodingStyle() const override { return nothing_.getUri(); }
     bool matchSoapEnv(const TzXmlNamespace&) const override { return false; }
     bool matchSoapEnc(const TzXmlNamespace&) const override { return false; }
-    const TzXmlName& getSoapAttributeQName(SoapAttribute) const override { return DummyXmlName(); }
-    const TzXmlName& getSoapElementQName(SoapElement) const override { return DummyXmlName(); }
+    const TzXmlName& getSoapAttributeQName(SoapAttribute) const override { return DummyXmlName; }
+    const TzXmlName& getSoapElementQName(SoapElement) const override { return DummyXmlName; }
 
     static bool match(const std::string& left, const std::string& right) {
         return matchNamespaces(TzXmlNamespace("a", left), TzXmlNamespace("b", right));
     }
-    static const TzXmlName& dummy() { return DummyXmlName(); }
-    static std::vector<std::string_view> tags() {
+    static constexpr bool TagsAreStrings =
+        std::is_same_v<decltype(EnvelopeTag), const TzCString> &&
+        std::is_same_v<decltype(MisunderstoodTag), const TzCString>;
+    static const TzXmlName& dummy() { return DummyXmlName; }
+    static std::vector<TzCString> tags() {
         return {EnvelopeTag,
                 BodyTag,
                 HeaderTag,
@@ -104,6 +107,7 @@ private:
 // Looked up while the program starts, before `main`.
 const TzXmlName startupName = V::getSoapElementName(V::Envelope, V::V1_1);
 const bool startupMatch = V::isSoapEnc(Enc12);
+const std::vector<TzCString> startupTags = BareVersion::tags();
 
 } // namespace
 
@@ -191,6 +195,8 @@ TEST(TzSoapVersionTest, VersionsAreCopiedAndNotMade) {
     EXPECT_TRUE(std::is_abstract_v<V>);
     EXPECT_FALSE(std::is_default_constructible_v<TzSoap11Version>);
     EXPECT_FALSE(std::is_default_constructible_v<TzSoap12Version>);
+    EXPECT_TRUE(std::is_copy_constructible_v<TzSoap11Version>);
+    EXPECT_TRUE(std::is_copy_assignable_v<TzSoap11Version>);
     TzSoap12Version copy = dynamic_cast<const TzSoap12Version&>(soap12());
     EXPECT_EQ(copy.getVersion(), V::V1_2);
     copy = dynamic_cast<const TzSoap12Version&>(soap12());
@@ -203,6 +209,7 @@ TEST(TzSoapVersionTest, VersionsAreCopiedAndNotMade) {
 TEST(TzSoapVersionTest, UsableBeforeMain) {
     EXPECT_EQ(startupName.getQualifiedName(), "SOAP-ENV:Envelope");
     EXPECT_TRUE(startupMatch);
+    EXPECT_EQ(startupTags, BareVersion::tags());
 }
 
 TEST(TzSoapVersionTest, ThreadsMayLookUpAtOnce) {
@@ -402,29 +409,30 @@ TEST(TzSoapVersionTest, TheBaseHasNeitherFurtherNamespacesNorRoles) {
 }
 
 TEST(TzSoapVersionTest, TagsOfDerivedVersions) {
-    const std::vector<std::string_view> expected = {"Envelope",
-                                                    "Body",
-                                                    "Header",
-                                                    "Fault",
-                                                    "encodingStyle",
-                                                    "mustUnderstand",
-                                                    "root",
-                                                    "position",
-                                                    "offset",
-                                                    "VersionMismatch",
-                                                    "MustUnderstand",
-                                                    "Client",
-                                                    "Server",
-                                                    "Receiver",
-                                                    "Sender",
-                                                    "DataEncodingUnknown",
-                                                    "DTDNotSupported",
-                                                    "ProcedureNotPresent",
-                                                    "BadArguments",
-                                                    "MissingID",
-                                                    "UnTypedValue",
-                                                    "Misunderstood"};
+    const std::vector<TzCString> expected = {"Envelope",
+                                             "Body",
+                                             "Header",
+                                             "Fault",
+                                             "encodingStyle",
+                                             "mustUnderstand",
+                                             "root",
+                                             "position",
+                                             "offset",
+                                             "VersionMismatch",
+                                             "MustUnderstand",
+                                             "Client",
+                                             "Server",
+                                             "Receiver",
+                                             "Sender",
+                                             "DataEncodingUnknown",
+                                             "DTDNotSupported",
+                                             "ProcedureNotPresent",
+                                             "BadArguments",
+                                             "MissingID",
+                                             "UnTypedValue",
+                                             "Misunderstood"};
     EXPECT_EQ(BareVersion::tags(), expected);
+    EXPECT_TRUE(BareVersion::TagsAreStrings);
 }
 
 // Recognising
@@ -614,6 +622,20 @@ TEST(TzSoapVersionTest, OtherNamesAreNoAttributesOfSoap) {
         EXPECT_FALSE(V::isSoapAttribute(name)) << name.getUniqueName();
         EXPECT_EQ(int{attribute}, 77);
     }
+}
+
+TEST(TzSoapVersionTest, TheNamespaceAloneDecidesTheVersionOfAnAttribute) {
+    const auto versionAfter = [](const TzXmlName& name) {
+        V::SoapAttribute attribute = V::Root;
+        V::Version version = static_cast<V::Version>(77);
+        EXPECT_FALSE(V::isSoapAttribute(name, attribute, version));
+        EXPECT_EQ(attribute, V::Root);
+        return int{version};
+    };
+    EXPECT_EQ(versionAfter(TzXmlName("id", TzXmlNamespace("e", Env11))), 1);
+    EXPECT_EQ(versionAfter(TzXmlName("id", TzXmlNamespace("c", Enc12))), 2);
+    EXPECT_EQ(versionAfter(TzXmlName("root", TzXmlNamespace("f", Faults12))), 77);
+    EXPECT_EQ(versionAfter(TzXmlName("href")), 77);
 }
 
 TEST(TzSoapVersionTest, MatchingAnAttributeName) {

@@ -300,6 +300,20 @@ TEST(TzSoapVisitor, ErrorsOfAVisitorPassThrough) {
     EXPECT_EQ(TzSoapAccess::body(value).referenceCount(), 1U);
 }
 
+TEST(TzSoapVisitor, ErrorsFromTheVisitOfAnArrayLeaveItsCountAlone) {
+    /// Throws out of the visit of an array that is neither sparse nor compact.
+    struct Throwing : ConstVisitor {
+        void visit(const TzSoapArrayType&) override {
+            throw std::runtime_error("from the visitor");
+        }
+        using ConstVisitor::visit;
+    };
+    const TzSoapType value = valueOn(new ToldArray(false, false));
+    Throwing visitor;
+    EXPECT_THROW(value.acceptVisitor(visitor), std::runtime_error);
+    EXPECT_EQ(TzSoapAccess::body(value).referenceCount(), 1U);
+}
+
 TEST(TzSoapVisitor, AReplacementStaysWhenTheVisitorThrows) {
     const TzSoapSimpleType other("new", 2, TzSoapType::xsdInt, false);
     TzSoapType value = TzSoapSimpleType("old", 1, TzSoapType::xsdInt, false);
@@ -327,8 +341,11 @@ TEST(TzSoapVisitor, AValueWithoutABodyIsNotVisited) {
 TEST(TzSoapVisitor, VisitorsAreCopiedAsPlainObjects) {
     static_assert(std::is_abstract_v<TzSoapVisitor>);
     static_assert(std::is_abstract_v<TzSoapConstVisitor>);
-    static_assert(std::has_virtual_destructor_v<TzSoapVisitorBase>);
-    static_assert(std::has_virtual_destructor_v<TzSoapConstVisitorBase>);
+    // Visitors are destroyed as visitors: their bases have the dispatch alone.
+    static_assert(std::has_virtual_destructor_v<TzSoapVisitor>);
+    static_assert(std::has_virtual_destructor_v<TzSoapConstVisitor>);
+    static_assert(!std::is_destructible_v<TzSoapVisitorBase>);
+    static_assert(!std::is_destructible_v<TzSoapConstVisitorBase>);
     static_assert(sizeof(TzSoapVisitor) == sizeof(void*));
     static_assert(sizeof(TzSoapConstVisitor) == sizeof(void*));
     const Visitor original;
