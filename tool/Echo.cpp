@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Echo.h"
 
+#include "Input.h"
 #include "Report.h"
 
 #include <soap/TzSoapMessage.h>
@@ -9,16 +10,11 @@
 
 #include <iostream>
 #include <memory>
-#include <string>
 
 namespace {
 
-struct Options {
-    std::string file;
-};
-
-int echo(const Options& options) {
-    return withMessage(options.file,
+int echo(const Input& input) {
+    return withMessage(input,
                        [](const TzSoapMessage& message) { std::cout << message.asString(); });
 }
 
@@ -26,7 +22,7 @@ int echo(const Options& options) {
 
 void addEcho(CLI::App& app, int& status) {
     CLI::App* const command = app.add_subcommand("echo", "Reads a message and writes it again");
-    const auto options = std::make_shared<Options>();
-    command->add_option("FILE", options->file, "File to read")->required();
-    command->callback([options, &status] { status = echo(*options); });
+    const auto input = std::make_shared<Input>();
+    addInput(*command, *input);
+    command->callback([input, &status] { status = echo(*input); });
 }

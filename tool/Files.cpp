@@ -1,15 +1,53 @@
 // SPDX-License-Identifier: MIT
 #include "Files.h"
 
-#include <fstream>
+#include <array>
+#include <cerrno>
+#include <cstdio>
 #include <iostream>
-#include <iterator>
+#include <memory>
 #include <stdexcept>
+#include <system_error>
 
 namespace {
 
-std::string readAll(std::istream& in) {
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+struct Close {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+using Handle = std::unique_ptr<std::FILE, Close>;
+
+[[noreturn]] void fail(int error) {
+    throw std::runtime_error(std::generic_category().message(error));
+}
+
+Handle open(const char* file, const char* mode) {
+    Handle opened(std::fopen(file, mode));
+    if (!opened) {
+        fail(errno);
+    }
+    return opened;
+}
+
+std::string readAll(std::FILE* in) {
+    std::string text;
+    std::array<char, 65536> piece;
+    while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), in)) {
+        text.append(piece.data(), count);
+    }
+    if (std::ferror(in) != 0) {
+        fail(errno);
+    }
+    return text;
+}
+
+/// Writes `bytes` to the file that `mode` opens; what does not get there to the end is a failure.
+void writeAs(const char* file, const char* mode, std::string_view bytes) {
+    Handle out = open(file, mode);
+    if (std::fwrite(bytes.data(), 1, bytes.size(), out.get()) != bytes.size() ||
+        std::fclose(out.release()) != 0) {
+        fail(errno);
+    }
 }
 
 } // namespace
@@ -19,16 +57,17 @@ std::string files::shownName(const std::string& file) {
 }
 
 std::string files::read(const std::string& file) {
+    return file == Standard ? readAll(stdin) : readAll(open(file.c_str(), "rb").get());
+}
+
+void files::write(const std::string& file, std::string_view bytes) {
     if (file == Standard) {
-        return readAll(std::cin);
+        std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return;
     }
-    std::ifstream in(file, std::ios::binary);
-    if (!in) {
-        throw std::runtime_error("cannot be opened");
-    }
-    std::string text = readAll(in);
-    if (in.bad()) {
-        throw std::runtime_error("cannot be read");
-    }
-    return text;
+    writeAs(file.c_str(), "wb", bytes);
+}
+
+void files::create(const std::filesystem::path& path, std::string_view bytes) {
+    writeAs(path.c_str(), "wbx", bytes);
 }

@@ -1,32 +1,54 @@
 // SPDX-License-Identifier: MIT
 #include "Report.h"
 
-#include "Files.h"
+#include "Escape.h"
+#include "Input.h"
 
 #include <soap/TzSoapMessage.h>
+#include <soap/TzSoapUtils.h>
 #include <tz/xml/TzXmlParseError.h>
 
 #include <exception>
 #include <iostream>
 
-ExitStatus reportFailures(const std::string& file, const std::function<void()>& work) {
+namespace {
+
+/// Tells a failure; `place` says where in the file lines are counted.
+void tell(const std::string& file, const char* place, const std::exception& error) {
+    std::cerr << file;
+    const auto* const parseError = dynamic_cast<const TzXmlParseError*>(&error);
+    if (parseError != nullptr && parseError->getLine() != 0) {
+        std::cerr << place << ':' << parseError->getLine() << ':' << parseError->getColumn();
+    }
+    std::cerr << ": " << escape::forTerminal(error.what()) << '\n';
+}
+
+ExitStatus report(const std::string& file, const char* place, const std::function<void()>& work) {
     try {
         work();
         return Done;
-    } catch (const TzXmlParseError& error) {
-        std::cerr << files::shownName(file) << ':' << error.getLine() << ':' << error.getColumn()
-                  << ": " << error.what() << '\n';
     } catch (const std::exception& error) {
-        std::cerr << files::shownName(file) << ": " << error.what() << '\n';
+        tell(file, place, error);
+        return Failed;
     }
-    return Failed;
 }
 
-ExitStatus withMessage(const std::string& file,
-                       const std::function<void(const TzSoapMessage&)>& work) {
-    return reportFailures(file, [&] {
+} // namespace
+
+ExitStatus reportFailures(const std::string& file, const std::function<void()>& work) {
+    return report(file, "", work);
+}
+
+ExitStatus withMessage(const Input& input, const std::function<void(const TzSoapMessage&)>& work) {
+    std::string text;
+    if (reportFailures(input.shownName(), [&] { text = input.read(); }) == Failed) {
+        return Failed;
+    }
+    const char* const place = TzSoapUtils::isMimeMultipart(text) ? " (envelope)" : "";
+    return report(input.shownName(), place, [&] {
         TzSoapMessage message;
-        message.extract(files::read(file));
+        message.extract(text);
+        text = std::string();
         work(message);
     });
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 class TzSoapMessage;
+struct Input;
 
 /// Exit statuses of the tool. Wrong arguments have statuses above 100.
 enum ExitStatus { Done = 0, Failed = 1 };
@@ -13,6 +14,6 @@ enum ExitStatus { Done = 0, Failed = 1 };
 /// with line and column where they are known; the exit status says whether all went well.
 ExitStatus reportFailures(const std::string& file, const std::function<void()>& work);
 
-/// Reads the message in `file` and hands it to `work`; failures are reported as above.
-ExitStatus withMessage(const std::string& file,
-                       const std::function<void(const TzSoapMessage&)>& work);
+/// Reads the message in `input` and hands it to `work`; failures are reported as above. Lines of a
+/// package are counted in its envelope, which stands in brackets behind the file then.
+ExitStatus withMessage(const Input& input, const std::function<void(const TzSoapMessage&)>& work);

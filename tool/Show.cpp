@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Show.h"
 
-#include "Files.h"
+#include "Input.h"
 #include "Report.h"
 #include "TreePrinter.h"
 
@@ -18,12 +18,13 @@ namespace {
 
 struct Options {
     std::vector<std::string> files;
+    std::string contentType;
 };
 
-ExitStatus showFile(const std::string& file, bool several) {
-    return withMessage(file, [&](const TzSoapMessage& message) {
+ExitStatus showFile(const Input& input, bool several) {
+    return withMessage(input, [&](const TzSoapMessage& message) {
         if (several) {
-            std::cout << file << ":\n";
+            std::cout << input.shownName() << ":\n";
         }
         TreePrinter printer(std::cout);
         message.acceptVisitor(printer);
@@ -35,7 +36,7 @@ int show(const Options& options) {
         options.files.empty() ? std::vector<std::string>{files::Standard} : options.files;
     int status = Done;
     for (const std::string& file : all) {
-        status |= showFile(file, all.size() > 1);
+        status |= showFile({file, options.contentType}, all.size() > 1);
     }
     return status;
 }
@@ -46,5 +47,6 @@ void addShow(CLI::App& app, int& status) {
     CLI::App* const command = app.add_subcommand("show", "Prints messages as trees");
     const auto options = std::make_shared<Options>();
     command->add_option("FILE", options->files, "Files to read; standard input when there is none");
+    addContentType(*command, options->contentType);
     command->callback([options, &status] { status = show(*options); });
 }

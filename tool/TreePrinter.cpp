@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "TreePrinter.h"
 
+#include "Escape.h"
+
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapFault.h>
@@ -12,27 +14,7 @@
 #include <soap/TzSoapUserDefinedType.h>
 #include <tz/mime/TzMimePart.h>
 
-#include <algorithm>
-#include <array>
 #include <ostream>
-
-namespace {
-
-/// Characters that would break a line of the tree or hide in it.
-struct Escape {
-    char character;
-    const char* text;
-};
-
-constexpr std::array<Escape, 5> Escapes = {{
-    {'\n', "\\n"},
-    {'\r', "\\r"},
-    {'\t', "\\t"},
-    {'"', "\\\""},
-    {'\\', "\\\\"},
-}};
-
-} // namespace
 
 /// Indents what is printed while it lives.
 class TreePrinter::Nested {
@@ -60,20 +42,7 @@ void TreePrinter::printName(const TzXmlName& name) {
     }
 }
 
-void TreePrinter::printQuoted(std::string_view text) {
-    out_ << '"';
-    for (const char character : text) {
-        const auto* escape =
-            std::find_if(Escapes.begin(), Escapes.end(),
-                         [character](const Escape& entry) { return entry.character == character; });
-        if (escape != Escapes.end()) {
-            out_ << escape->text;
-        } else {
-            out_ << character;
-        }
-    }
-    out_ << '"';
-}
+void TreePrinter::printQuoted(std::string_view text) { out_ << escape::quoted(text); }
 
 void TreePrinter::printField(std::string_view label, std::string_view text) {
     line() << label << ' ';

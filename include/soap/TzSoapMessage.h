@@ -58,6 +58,9 @@ public:
     /// `TzXmlBoundsError` for arrays that declare more than the limits allow. After an error the
     /// content is what was read so far: only extract again. O(text).
     virtual void extract(const TzCString& text);
+    /// The package that the message was last read from, shared; without parts when that was a bare
+    /// envelope, or when nothing was read. Holds parts that no reference refers to as well.
+    const TzMimeMultipart& getMimeMultipart() const;
     /// The message and its attachments as a MIME package: the envelope first, then every part that
     /// a reference refers to, in the order of the references.
     virtual TzMimeMultipart asMimeMultipart() const;

@@ -61,21 +61,6 @@ TzMimePart rootPart(const TzCString& id, TzCString envelope) {
     TzThrow(TzXmlParseError(TzMessage(reason), TzCString(), 0, 0));
 }
 
-/// Where the part with the envelope stands in a package that was received.
-std::size_t findRoot(const TzMimeMultipart& package) {
-    const std::size_t position = package.findHeader(TzMimeContentTypeHeader::Label);
-    if (position == TzMimePart::NotFound) {
-        refusePackage(tzsoap_MIME_NOT_MULTIPART());
-    }
-    const TzMimeMultipartRelatedType type(
-        TzMimeContentTypeHeader(package.getHeader(position)).getContentType());
-    const TzCString start = type.getStart();
-    if (!start.empty()) {
-        return package.findPart(TzMimeContentIdHeader(start));
-    }
-    return package.hasParts() ? 0 : TzMimePart::NotFound;
-}
-
 } // namespace
 
 bool TzSoapMessage::hasAttachments() const {
@@ -112,13 +97,18 @@ void TzSoapMessage::extract(const TzCString& text) {
     body().extract(package);
 }
 
+const TzMimeMultipart& TzSoapMessage::getMimeMultipart() const { return body().getMimeMultipart(); }
+
 void TzSoapMessage::extract(const TzMimeMultipart& multipart) { body().extract(multipart); }
 
 void TzSoapMessageImp::extract(const TzMimeMultipart& multipart) {
     // The caller's handle may be the one that is replaced.
     const TzMimeMultipart package = multipart;
-    const std::size_t root = findRoot(package);
+    if (package.findHeader(TzMimeContentTypeHeader::Label) == TzMimePart::NotFound) {
+        refusePackage(tzsoap_MIME_NOT_MULTIPART());
+    }
     multipart_ = package;
+    const std::size_t root = package.findRootPart();
     if (root == TzMimePart::NotFound) {
         refusePackage(tzsoap_NO_MIME_SOAP_BODY_PART());
     }

@@ -21,8 +21,6 @@
 #include <tz/xml/TzXmlBadArgError.h>
 #include <tz/xml/TzXmlParseError.h>
 
-#include "model/TzSoapAccess.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -271,7 +269,7 @@ TEST(TzSoapMessageMime, aPackageWithoutContentTypeIsRefused) {
     TzSoapMessage message;
     expectPackageError([&] { message.extract(package); }, 0x701D,
                        "[MIME_NOT_MULTIPART][MIME messge must be multipart/related]");
-    EXPECT_FALSE(TzSoapAccess::body(message).getMimeMultipart().hasParts());
+    EXPECT_FALSE(message.getMimeMultipart().hasParts());
 }
 
 TEST(TzSoapMessageMime, aStartThatNamesNoPartIsRefused) {
@@ -281,7 +279,7 @@ TEST(TzSoapMessageMime, aStartThatNamesNoPartIsRefused) {
     TzSoapMessage message;
     expectPackageError([&] { message.extract(package); }, 0x701C,
                        "[NO_MIME_SOAP_BODY_PART][The SOAP XML body part could not be found]");
-    EXPECT_EQ(TzSoapAccess::body(message).getMimeMultipart().getPartCount(), 1u);
+    EXPECT_EQ(message.getMimeMultipart().getPartCount(), 1u);
 }
 
 TEST(TzSoapMessageMime, aPackageWithoutPartsIsRefused) {
@@ -327,9 +325,9 @@ TEST(TzSoapMessageMime, aBareEnvelopeForgetsThePackage) {
         "<S:Envelope xmlns:S=\"" + uri11 + "\"><S:Body><r href=\"cid:p1\"/></S:Body></S:Envelope>";
     TzSoapMessage message;
     message.extract(package);
-    EXPECT_EQ(TzSoapAccess::body(message).getMimeMultipart().getPartCount(), 2u);
+    EXPECT_EQ(message.getMimeMultipart().getPartCount(), 2u);
     message.extract(referring);
-    EXPECT_FALSE(TzSoapAccess::body(message).getMimeMultipart().hasParts());
+    EXPECT_FALSE(message.getMimeMultipart().hasParts());
     EXPECT_FALSE(message.hasAttachments());
 }
 
@@ -340,8 +338,8 @@ TEST(TzSoapMessageMime, theKeptPackageIsThatOfTheCallerAndOfCopies) {
     message.extract(package);
     const TzSoapMessage copy = message.copy();
     package.insertPart(part("late", "x"));
-    EXPECT_EQ(TzSoapAccess::body(message).getMimeMultipart().getPartCount(), 2u);
-    EXPECT_EQ(TzSoapAccess::body(copy).getMimeMultipart().getPartCount(), 2u);
+    EXPECT_EQ(message.getMimeMultipart().getPartCount(), 2u);
+    EXPECT_EQ(copy.getMimeMultipart().getPartCount(), 2u);
 }
 
 TEST(TzSoapMessageMime, theKeptPackageMayBeExtractedAgain) {
@@ -349,7 +347,7 @@ TEST(TzSoapMessageMime, theKeptPackageMayBeExtractedAgain) {
     message.extract(packageOf(TzMimeMultipartRelatedType("", "text/xml", "<root>", "b"),
                               {part("root", envelope.c_str())}));
     message.getSoapBody().clearEntries();
-    message.extract(TzSoapAccess::body(message).getMimeMultipart());
+    message.extract(message.getMimeMultipart());
     EXPECT_EQ(entries(message), "a");
 }
 

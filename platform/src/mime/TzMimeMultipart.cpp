@@ -4,6 +4,9 @@
 #include "mime/TzMimePartBody.h"
 #include "mime/TzMimeParts.h"
 
+#include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeContentTypeHeader.h>
+#include <tz/mime/TzMimeMultipartRelatedType.h>
 #include <tz/xml/TzXmlBoundsError.h>
 
 #include <utility>
@@ -43,6 +46,18 @@ TzMimePart TzMimeMultipart::getPart(std::size_t position) const {
 
 std::size_t TzMimeMultipart::findPart(const TzMimeHeader& header, std::size_t start) const {
     return parts() != nullptr ? parts()->find(header, start) : NotFound;
+}
+
+std::size_t TzMimeMultipart::findRootPart() const {
+    const std::size_t position = findHeader(TzMimeContentTypeHeader::Label);
+    if (position != NotFound) {
+        const TzMimeMultipartRelatedType type(
+            TzMimeContentTypeHeader(getHeader(position)).getContentType());
+        if (const TzCString start = type.getStart(); !start.empty()) {
+            return findPart(TzMimeContentIdHeader(start));
+        }
+    }
+    return hasParts() ? 0 : NotFound;
 }
 
 void TzMimeMultipart::insertPart(const TzMimePart& part) { insertPartAt(getPartCount(), part); }

@@ -377,6 +377,27 @@ TEST(TzMimeMultipart, SharesOneTextAmongItsParts) {
     EXPECT_EQ(second.getHeader(0).getValue(), "1");
 }
 
+TEST(TzMimeMultipart, FindsItsRoot) {
+    const auto rootOf = [](const TzCString& contentType, const TzCString& secondId) {
+        TzMimeMultipart package;
+        package.fromString(contentType + "\r\n\r\n--b\r\n\r\none\r\n--b\r\nContent-ID: " + secondId +
+                           "\r\n\r\ntwo\r\n--b--\r\n");
+        return package.findRootPart();
+    };
+    EXPECT_EQ(rootOf("Content-Type: multipart/related; boundary=b", "<x>"), 0U);
+    EXPECT_EQ(rootOf("Content-Type: multipart/related; boundary=b; start=\"\"", "<x>"), 0U);
+    EXPECT_EQ(rootOf("Content-Type: multipart/related; boundary=b; start=\"<x>\"", "<x>"), 1U);
+    EXPECT_EQ(rootOf("Content-Type: multipart/related; boundary=b; start=x", "<x>"), 1U);
+    EXPECT_EQ(rootOf("Content-Type: multipart/related; boundary=b; start=\"<y>\"", "<x>"),
+              TzMimePart::NotFound);
+    EXPECT_EQ(rootOf("Content-Type: multipart/related; boundary=c", "<x>"), TzMimePart::NotFound);
+
+    TzMimeMultipart untyped;
+    EXPECT_EQ(untyped.findRootPart(), TzMimePart::NotFound);
+    untyped.insertPart(TzMimePart());
+    EXPECT_EQ(untyped.findRootPart(), 0U);
+}
+
 TEST(TzMimeMultipart, ReadingLeavesOtherHandlesAlone) {
     TzMimeMultipart read = package(packageHead + "--b\r\n\r\nx\r\n--b--\r\n");
     const TzMimeMultipart copy = read;
