@@ -10,6 +10,7 @@ class TzSoapDefaultTypeImp;
 ///
 /// Nearly every operation throws `TzXmlError` BAD_USAGE naming "TzSoapDefaultType"; only the kind, the
 /// type value, nil and the attribute list answer. Assigning any value to the handle re-points it.
+/// Threads: see `TzSoapType`.
 class TZSOAP_API TzSoapDefaultType : public TzSoapType {
 public:
     /// A placeholder of its own.

@@ -13,7 +13,7 @@
 ///
 /// `Handle` is the class that derives from this one; each operation acts on the handle's body and throws
 /// `TzTHRInvalidPointer` "Invalid pointer" when there is none. Handles that share a body see each
-/// other's changes. Holds no data.
+/// other's changes. Holds no data. Threads: the rule of `Handle`.
 template <typename Handle> class TzSoapElementHandle {
 public:
     /// The element's name.

@@ -87,7 +87,9 @@ public:
         UltimateReceiver = 2, ///< The last receiver, 1.2 only.
     };
 
+    /// Copies nothing: there is nothing to copy.
     TzSoapVersion(const TzSoapVersion& other) noexcept;
+    /// Copies nothing.
     TzSoapVersion& operator=(const TzSoapVersion& other) noexcept;
     virtual ~TzSoapVersion();
 

@@ -20,7 +20,8 @@ class TzSoapUserDefinedType;
 
 /// A walk over a message by mutable handles: one operation for each kind of element.
 ///
-/// Holds no data. A structure that contains itself is walked without end: do not build one.
+/// Holds no data, copying copies nothing. One visitor is used by one thread at a time. A structure
+/// that contains itself is walked without end: do not build one.
 class TZSOAP_API TzSoapVisitor : public TzSoapVisitorBase {
 public:
     /// A report of a misunderstood header entry.
