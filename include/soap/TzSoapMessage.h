@@ -30,8 +30,8 @@ class TZSOAP_API TzSoapMessage : public TzMessageBase,
                                  public TzHandleBase,
                                  public TzSoapElementHandle<TzSoapMessage> {
 public:
-    /// The local name of the envelope element.
-    static constexpr char EnvelopeLabel[] = "Envelope";
+    /// "Envelope", the local name of the envelope element.
+    static const TzCString EnvelopeLabel;
 
     /// An empty message of `version`; `TzXmlError` UNKNOWN_VERSION for a value that is no version.
     explicit TzSoapMessage(TzSoapVersion::Version version = TzSoapVersion::getLatestVersion());

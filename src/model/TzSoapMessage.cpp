@@ -5,6 +5,8 @@
 #include <soap/TzSoapMessageImp.h>
 #include <soap/TzSoapVisitor.h>
 
+const TzCString TzSoapMessage::EnvelopeLabel = "Envelope";
+
 TzSoapMessage::TzSoapMessage(TzSoapVersion::Version version)
     : TzSoapMessage(new TzSoapMessageImp(version)) {}
 

@@ -25,6 +25,7 @@
 
 #include <functional>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 namespace {
@@ -41,7 +42,8 @@ TEST(TzSoapMessage, newMessageIsOfTheLatestVersion) {
     EXPECT_EQ(message.getVersion(), V::V1_2);
     EXPECT_EQ(message.getName().getQualifiedName(), "env:Envelope");
     EXPECT_EQ(message.getName().getUri(), uri12);
-    EXPECT_STREQ(TzSoapMessage::EnvelopeLabel, "Envelope");
+    EXPECT_EQ(TzSoapMessage::EnvelopeLabel, "Envelope");
+    EXPECT_TRUE((std::is_same_v<decltype(TzSoapMessage::EnvelopeLabel), const TzCString>));
 }
 
 TEST(TzSoapMessage, newMessageIsNamedByItsVersionAndEmpty) {
