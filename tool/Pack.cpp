@@ -2,7 +2,9 @@
 #include "Pack.h"
 
 #include "Attachment.h"
+#include "Escape.h"
 #include "Files.h"
+#include "MessageWalk.h"
 #include "Report.h"
 
 #include <soap/TzSoapMessage.h>
@@ -12,7 +14,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <iostream>
 #include <memory>
+#include <optional>
 #include <regex>
 #include <stdexcept>
 #include <string>
@@ -59,21 +63,52 @@ void insert(TzMimeMultipart& package, const std::string& argument) {
     package.insertPart(attachment.toPart());
 }
 
+/// Tells which references of an envelope no part answers.
+class DanglingReferences : public ElementSink {
+public:
+    explicit DanglingReferences(std::string file) : file_(std::move(file)) {}
+
+    void beginMessage(VersionText) override {}
+    void endMessage() override {}
+    void begin(const Element& element) override {
+        const std::optional<ReferenceFacts>& reference = element.reference;
+        if (reference && !reference->part && reference->text.starts_with("cid:")) {
+            std::cerr << file_ << ": warning: no part for the reference "
+                      << escape::quoted(reference->text) << '\n';
+        }
+    }
+    void end() override {}
+    void attachment(std::size_t, const PartFacts&) override {}
+
+private:
+    std::string file_;
+};
+
+/// Reads what is about to be sent as a receiver will.
+void check(const TzMimeMultipart& package, const std::string& file) {
+    TzSoapMessage message;
+    message.extract(package);
+    DanglingReferences dangling(file);
+    MessageWalk walk(dangling);
+    message.acceptVisitor(walk);
+}
+
 int pack(const Options& options) {
+    const std::string envelope = files::shownName(options.envelope);
     TzMimeMultipart package;
-    int status = reportFailures(files::shownName(options.envelope), [&] {
-        std::string envelope = files::read(options.envelope);
-        TzSoapMessage().extract(envelope); // only what can be read is sent
-        package = packageOf(std::move(envelope));
-    });
+    int status =
+        reportFailures(envelope, [&] { package = packageOf(files::read(options.envelope)); });
     for (const std::string& argument : options.attachments) {
         status |= reportFailures(argument, [&] { insert(package, argument); });
     }
-    if (status != Done) {
-        return status;
+    if (status == Done) {
+        status = reportFailures(envelope, [&] { check(package, envelope); });
     }
-    return reportFailures(options.output,
-                          [&] { files::write(options.output, package.asString()); });
+    if (status == Done) {
+        status = reportFailures(options.output,
+                                [&] { files::write(options.output, package.asString()); });
+    }
+    return status;
 }
 
 } // namespace

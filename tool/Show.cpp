@@ -2,6 +2,8 @@
 #include "Show.h"
 
 #include "Input.h"
+#include "JsonPrinter.h"
+#include "MessageWalk.h"
 #include "Report.h"
 #include "TreePrinter.h"
 
@@ -19,15 +21,23 @@ namespace {
 struct Options {
     std::vector<std::string> files;
     std::string contentType;
+    bool json = false;
 };
 
-ExitStatus showFile(const Input& input, bool several) {
+void print(const TzSoapMessage& message, ElementSink&& sink) {
+    MessageWalk walk(sink);
+    message.acceptVisitor(walk);
+}
+
+ExitStatus showFile(const Input& input, bool asJson, bool several) {
     return withMessage(input, [&](const TzSoapMessage& message) {
+        if (asJson) {
+            return print(message, JsonPrinter(std::cout, input.file));
+        }
         if (several) {
             std::cout << input.shownName() << ":\n";
         }
-        TreePrinter printer(std::cout);
-        message.acceptVisitor(printer);
+        print(message, TreePrinter(std::cout));
     });
 }
 
@@ -36,7 +46,7 @@ int show(const Options& options) {
         options.files.empty() ? std::vector<std::string>{files::Standard} : options.files;
     int status = Done;
     for (const std::string& file : all) {
-        status |= showFile({file, options.contentType}, all.size() > 1);
+        status |= showFile({file, options.contentType}, options.json, all.size() > 1);
     }
     return status;
 }
@@ -48,5 +58,7 @@ void addShow(CLI::App& app, int& status) {
     const auto options = std::make_shared<Options>();
     command->add_option("FILE", options->files, "Files to read; standard input when there is none");
     addContentType(*command, options->contentType);
+    command->add_flag("--json", options->json,
+                      "Print each message as a JSON document; docs/tool.md describes it");
     command->callback([options, &status] { status = show(*options); });
 }

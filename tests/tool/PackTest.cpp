@@ -98,6 +98,15 @@ TEST(Pack, StatesTheEncodingOfTheEnvelope) {
     EXPECT_EQ(charset(wide), "UTF-16");
 }
 
+TEST(Pack, WarnsOfReferencesWithoutAPart) {
+    const ToolDirectory here;
+    here.write("b.txt", "bytes");
+    const ToolRun run = here.run({"pack", "-", "b.txt"}, envelope);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.error, "standard input: warning: no part for the reference \"cid:a.txt\"\n");
+    EXPECT_EQ(here.run({"pack", "-", "a.txt=b.txt"}, envelope).error, "");
+}
+
 TEST(Pack, SaysWhatIsWrong) {
     const ToolDirectory here;
     here.write("e.xml", envelope);
@@ -110,8 +119,9 @@ TEST(Pack, SaysWhatIsWrong) {
         EXPECT_EQ(run.out, "");
         return run.error;
     };
-    EXPECT_EQ(error({"pack", "bad.xml", "a.txt", "none", "-o", "p"}),
-              "bad.xml:2:3: mismatched tag\nnone: No such file or directory\n");
+    EXPECT_EQ(error({"pack", "bad.xml", "a.txt", "-o", "p"}), "bad.xml:2:3: mismatched tag\n");
+    EXPECT_EQ(error({"pack", "no.xml", "a.txt", "none", "-o", "p"}),
+              "no.xml: No such file or directory\nnone: No such file or directory\n");
     EXPECT_EQ(error({"pack", "e.xml", "a.txt", "a.txt=e.xml", "-o", "p"}),
               "a.txt=e.xml: another part has its content id a.txt\n");
     EXPECT_EQ(error({"pack", "e.xml", "=a.txt"}), "=a.txt: is neither PATH nor CID=PATH\n");

@@ -106,6 +106,11 @@ std::filesystem::path sample(const std::string& name) {
     return std::filesystem::path(TZSOAP_SAMPLES_DIR) / name;
 }
 
+std::filesystem::path data(const std::string& name) {
+    return std::filesystem::path(TZSOAP_TOOL_TESTS_DIR) / "data" / name;
+}
+
 void expectGolden(const std::string& text, const std::string& name) {
-    EXPECT_EQ(text, readFile(std::filesystem::path(TZSOAP_GOLDEN_DIR) / name)) << name;
+    EXPECT_EQ(text, readFile(std::filesystem::path(TZSOAP_TOOL_TESTS_DIR) / "golden" / name))
+        << name;
 }

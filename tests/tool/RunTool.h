@@ -41,5 +41,7 @@ private:
 std::string readFile(const std::filesystem::path& file);
 /// A file of the samples.
 std::filesystem::path sample(const std::string& name);
+/// A file of the data beside these tests.
+std::filesystem::path data(const std::string& name);
 /// Expects `text` to be what the golden file `name` holds.
 void expectGolden(const std::string& text, const std::string& name);

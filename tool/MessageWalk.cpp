@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: MIT
+#include "MessageWalk.h"
+
+#include "PartFacts.h"
+
+#include <soap/TzSoapCompactArrayType.h>
+#include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapFault.h>
+#include <soap/TzSoapMessage.h>
+#include <soap/TzSoapMisunderstoodType.h>
+#include <soap/TzSoapReferenceType.h>
+#include <soap/TzSoapSimpleType.h>
+#include <soap/TzSoapSparseArrayType.h>
+#include <soap/TzSoapUserDefinedType.h>
+#include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeContentLocationHeader.h>
+#include <tz/mime/TzMimeMultipart.h>
+
+#include <utility>
+
+namespace {
+
+/// What every element has, values or not.
+template <typename Handle> Element describeElement(std::string_view kind, const Handle& handle) {
+    Element element;
+    element.kind = kind;
+    element.name = handle.getName();
+    if (handle.hasEncodingStyleAttribute()) {
+        element.encodingStyle = handle.getEncodingStyleAttribute();
+    }
+    element.attributes = {handle.attributesBegin(), handle.attributesEnd()};
+    return element;
+}
+
+/// The number of the part that a reference was resolved to.
+std::optional<std::size_t> numberOf(const TzMimePart& part, const TzMimeMultipart& package) {
+    for (const char* const label :
+         {TzMimeContentIdHeader::Label, TzMimeContentLocationHeader::Label}) {
+        if (const std::size_t header = part.findHeader(label); header != TzMimePart::NotFound) {
+            const std::size_t number = package.findPart(part.getHeader(header));
+            return number == TzMimePart::NotFound ? std::nullopt : std::optional(number);
+        }
+    }
+    return std::nullopt;
+}
+
+/// The text of the reference attribute, which has a name of its own in each version.
+std::string referenceText(const TzSoapReferenceType& value) {
+    for (const auto version : {TzSoapVersion::V1_2, TzSoapVersion::V1_1}) {
+        const TzXmlName& name = TzSoapVersion::getSoapAttributeName(TzSoapVersion::Ref, version);
+        const auto* const found = value.findAttribute(name);
+        if (found != value.attributesEnd()) {
+            return found->getValue();
+        }
+    }
+    return {};
+}
+
+/// The positions that hold an item. Not by the iterators: they take memory for every position that
+/// was declared.
+std::vector<unsigned int> filledPositions(const TzSoapCompactArrayType& array) {
+    std::vector<unsigned int> filled;
+    for (unsigned int position = 0; position < array.entries(); ++position) {
+        if (array(position).getSoapTypeId() != TzSoapContentBase::Generic) {
+            filled.push_back(position);
+        }
+    }
+    return filled;
+}
+
+/// The index of a position, which may be beyond the shape: more may have been sent than declared.
+std::vector<unsigned int> indexOf(unsigned int position, const std::vector<unsigned int>& bounds) {
+    std::vector<unsigned int> index(bounds.size());
+    for (std::size_t axis = bounds.size() - 1; axis > 0; --axis) {
+        index[axis] = position % bounds[axis];
+        position /= bounds[axis];
+    }
+    index.front() = position;
+    return index;
+}
+
+} // namespace
+
+void MessageWalk::tell(const Element& element) {
+    sink_.begin(element);
+    sink_.end();
+}
+
+Element MessageWalk::describe(const TzSoapType& value) {
+    Element element = describeElement(value.getSoapTypeIdAsString(), value);
+    element.role = std::exchange(role_, {});
+    element.type = value.getType();
+    element.mustUnderstand = value.getMustUnderstandAttribute();
+    element.actor = value.getActorAttribute();
+    element.root = value.getRootAttribute();
+    element.id = value.getIdAttribute();
+    element.nil = value.isNull();
+    element.position = std::exchange(position_, {});
+    return element;
+}
+
+void MessageWalk::visit(const TzSoapMessage& message) {
+    message_ = &message;
+    sink_.beginMessage(message.getVersion() == TzSoapVersion::V1_1 ? "1.1" : "1.2");
+    Element envelope = describeElement("Envelope", message);
+    envelope.role = "envelope";
+    tell(envelope);
+    if (message.getSoapHeader().entryCount() != 0) {
+        message.getSoapHeader().acceptVisitor(*this);
+    }
+    message.getSoapBody().acceptVisitor(*this);
+    const TzMimeMultipart& package = message.getMimeMultipart();
+    const std::size_t root = package.findRootPart();
+    for (std::size_t number = 0; number < package.getPartCount(); ++number) {
+        if (number != root) {
+            sink_.attachment(number, PartFacts::of(package.getPart(number)));
+        }
+    }
+    sink_.endMessage();
+}
+
+template <typename Container>
+void MessageWalk::visitEntries(std::string_view kind, std::string_view role,
+                               const Container& container) {
+    Element element = describeElement(kind, container);
+    element.role = role;
+    element.children = "entries";
+    sink_.begin(element);
+    if constexpr (std::is_same_v<Container, TzSoapBody>) {
+        if (container.hasSoapFault()) {
+            container.getSoapFault().acceptVisitor(*this);
+        }
+    }
+    for (auto entry = container.entriesBegin(); entry != container.entriesEnd(); ++entry) {
+        entry->acceptVisitor(*this);
+    }
+    sink_.end();
+}
+
+void MessageWalk::visit(const TzSoapHeader& header) { visitEntries("Header", "header", header); }
+
+void MessageWalk::visit(const TzSoapBody& body) { visitEntries("Body", "body", body); }
+
+void MessageWalk::visit(const TzSoapFault& fault) {
+    Element element;
+    element.kind = "Fault";
+    element.role = "fault";
+    element.name = fault.getName();
+    FaultFacts& facts = element.fault.emplace(
+        FaultFacts{fault.getCode(), {}, fault.getReason(), fault.getNode(), fault.getRole()});
+    for (unsigned int i = 0; i < fault.getSubcodeCount(); ++i) {
+        facts.subcodes.push_back(fault.getSubcode(i));
+    }
+    sink_.begin(element);
+    if (fault.getDetails().childCount() != 0) {
+        role_ = "detail";
+        fault.getDetails().acceptVisitor(*this);
+    }
+    sink_.end();
+}
+
+void MessageWalk::visit(const TzSoapSimpleType& value) {
+    Element element = describe(value);
+    element.text = value.getString();
+    tell(element);
+}
+
+void MessageWalk::visit(const TzSoapUserDefinedType& value) {
+    Element element = describe(value);
+    element.text = value.getValue();
+    tell(element);
+}
+
+void MessageWalk::visit(const TzSoapCompositeType& value) {
+    Element element = describe(value);
+    element.children = "children";
+    sink_.begin(element);
+    for (auto child = value.childrenBegin(); child != value.childrenEnd(); ++child) {
+        child->acceptVisitor(*this);
+    }
+    sink_.end();
+}
+
+void MessageWalk::visit(const TzSoapReferenceType& value) {
+    Element element = describe(value);
+    ReferenceFacts& facts = element.reference.emplace();
+    facts.text = referenceText(value);
+    if (value.hasReference() && value.isMimeReference()) {
+        facts.part = numberOf(value.getMimeReference(), message_->getMimeMultipart());
+        facts.size = value.getMimeReference().getBodyView().size();
+    } else if (value.hasReference()) {
+        facts.kind = value.getSoapReference().getSoapTypeIdAsString();
+        facts.name = value.getSoapReference().getName();
+    }
+    tell(element);
+}
+
+Element MessageWalk::describeArray(const TzSoapArrayType& array) {
+    Element element = describe(array);
+    element.children = "items";
+    element.array = ArrayFacts{array.getElementType(), array.getBounds(), array.getOffsetIndex(),
+                               array.isSparse(),       array.entries(),   array.getArrayType()};
+    return element;
+}
+
+void MessageWalk::visitItem(const TzSoapType& item, std::vector<unsigned int> position) {
+    position_ = std::move(position);
+    item.acceptVisitor(*this);
+}
+
+void MessageWalk::visit(const TzSoapSparseArrayType& value) {
+    sink_.begin(describeArray(value));
+    for (auto item = value.begin(); item != value.end(); ++item) {
+        visitItem(item->second, item->first);
+    }
+    sink_.end();
+}
+
+void MessageWalk::visit(const TzSoapCompactArrayType& value) {
+    const std::vector<unsigned int> positions = filledPositions(value);
+    Element element = describeArray(value);
+    element.array->items = positions.size();
+    sink_.begin(element);
+    for (const unsigned int position : positions) {
+        visitItem(value(position), indexOf(position, value.getBounds()));
+    }
+    sink_.end();
+}
+
+void MessageWalk::visit(const TzSoapArrayType& value) { tell(describeArray(value)); }
+
+void MessageWalk::visit(const TzSoapMisunderstoodType& value) {
+    Element element = describe(value);
+    element.misunderstood = value.getQualifiedName();
+    tell(element);
+}
+
+void MessageWalk::visit(const TzSoapType& value) { tell(describe(value)); }
