@@ -30,3 +30,19 @@ std::size_t tzFindIgnoreCase(std::string_view text, std::string_view wanted,
 bool tzEqualIgnoreCase(std::string_view left, std::string_view right) noexcept {
     return std::equal(left.begin(), left.end(), right.begin(), right.end(), equalFolded);
 }
+
+TzCString tzQuoted(std::string_view text) {
+    constexpr std::size_t Shown = 80;
+    std::size_t length = text.size();
+    if (length > Shown) {
+        length = Shown;
+        // Not through the middle of a character.
+        while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) {
+            --length;
+        }
+    }
+    TzCString quoted = "\"";
+    quoted += text.substr(0, length);
+    quoted += length < text.size() ? "...\"" : "\"";
+    return quoted;
+}

@@ -93,19 +93,3 @@ void tzAppendBillionths(TzCString& text, std::uint32_t billionths) {
         text.erase(text.find_last_not_of('0') + 1);
     }
 }
-
-TzCString tzQuoted(std::string_view text) {
-    constexpr std::size_t Shown = 80;
-    std::size_t length = text.size();
-    if (length > Shown) {
-        length = Shown;
-        // Not through the middle of a character.
-        while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) {
-            --length;
-        }
-    }
-    TzCString quoted = "\"";
-    quoted += text.substr(0, length);
-    quoted += length < text.size() ? "...\"" : "\"";
-    return quoted;
-}

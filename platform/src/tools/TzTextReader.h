@@ -49,6 +49,3 @@ void tzAppendPadded(TzCString& text, unsigned number, std::size_t width);
 
 /// Appends '.' and the digits of `billionths` without trailing zeros; nothing when there are none.
 void tzAppendBillionths(TzCString& text, std::uint32_t billionths);
-
-/// `text` in quotes for a message, its end left out when it is long.
-TzCString tzQuoted(std::string_view text);

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapMessage.h>
+#include <soap/TzSoapVersion.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
+
+#include <vector>
+
+class Tzxmsg;
+
+/// Makes the messages with which a receiver refuses a request: a fault in the body, and an XML
+/// declaration.
+///
+/// Static, without state, usable from any thread.
+class TZSOAP_API TzSoapFaultMessage {
+public:
+    TzSoapFaultMessage() = delete;
+
+    /// A fault with a code of `version` and a reason. `TzXmlError` UNKNOWN_VERSION for a value that
+    /// is no version, INVALID_FAULT_CODE for a code that the version does not have.
+    static TzSoapMessage make(TzSoapVersion::Version version, TzSoapVersion::SoapFaultCode code,
+                              const TzCString& reason);
+    /// The MustUnderstand fault for header entries that were not understood; in SOAP 1.2 with a
+    /// Misunderstood entry for each in the header. O(names).
+    static TzSoapMessage makeMustUnderstand(TzSoapVersion::Version version,
+                                            const std::vector<TzXmlName>& names);
+    /// The fault for an error met while a request was read or its values were taken:
+    /// VersionMismatch for the envelope of an unknown version, Client (Sender) for any other
+    /// `TzXmlParseError` and for `TzXmlBoundsError` and `TzXmlBadArgError`, Server (Receiver) for
+    /// the rest. Its reason is the error's text, behind the line and column where the error has
+    /// them.
+    static TzSoapMessage makeFrom(TzSoapVersion::Version version, const Tzxmsg& error);
+};

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapVersion.h>
+#include <tz/tools/TzCString.h>
+
+class TzSoapHttpTransportContext;
+class TzSoapMessage;
+
+/// How messages travel over HTTP: from a message to the body and the header lines of a request or
+/// an answer, and back. The sending is the program's.
+///
+/// Static, without state, usable from any thread on arguments of its own. Contexts name their
+/// properties as the header lines are named, letter by letter.
+class TZSOAP_API TzSoapHttpBinding {
+public:
+    TzSoapHttpBinding() = delete;
+
+    /// "Content-Type".
+    static TzCString getContentTypeLabel();
+    /// The body that carries `message`; `context` gets the matching "Content-Type": text/xml for
+    /// SOAP 1.1, application/soap+xml for SOAP 1.2, the package's own for a message with
+    /// attachments. A SOAP action that `context` has, with or without quotes, is quoted for
+    /// SOAP 1.1 and for packages and moves into the parameter "action" for a SOAP 1.2 envelope;
+    /// requests have one, be it "", answers have none. `TzXmlBadArgError` INVALID_HTTP_HEADER for
+    /// an action that no header line can hold. Other errors are those of `TzSoapMessage::asString`.
+    /// O(message).
+    static TzCString pack(const TzSoapMessage& message, TzSoapHttpTransportContext& context);
+    /// Replaces the content of `message` by the one that `body` carries according to the
+    /// "Content-Type" of `context`, whose charset counts for a text that does not state its own.
+    /// Without a content type the text itself decides. `TzXmlParseError` INVALID_CONTENT_TYPE for
+    /// anything but XML and multipart/related; other errors are those of `TzSoapMessage::extract`.
+    /// O(body).
+    static void unpack(const TzSoapHttpTransportContext& context, const TzCString& body,
+                       TzSoapMessage& message);
+
+    /// The SOAP action without quotes, from the header line or the content type; "" for none.
+    static TzCString getAction(const TzSoapHttpTransportContext& context);
+    /// The version that the content type speaks for: SOAP 1.2 for application/soap+xml, SOAP 1.1
+    /// for any other. Good for answers to texts whose envelope cannot be read.
+    static TzSoapVersion::Version getVersion(const TzSoapHttpTransportContext& context);
+    /// The status of an answer: 500 with a fault, 200 without.
+    static int getStatus(const TzSoapMessage& answer);
+};

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapFaultMessage.h>
+
+#include <soap/TzSoapCatalog.h>
+#include <soap/TzSoapMisunderstoodType.h>
+#include <tz/tools/TzMessage.h>
+#include <tz/xml/TzXmlBadArgError.h>
+#include <tz/xml/TzXmlBoundsError.h>
+#include <tz/xml/TzXmlParseError.h>
+
+#include <cstring>
+
+namespace {
+
+bool isUnknownVersion(const TzXmlParseError& error) {
+    const TzCatMsg& entry = *tzsoap_UNKNOWN_VERSION();
+    return error.getMessage().getId() == entry.id &&
+           std::strcmp(error.getMessage().getDomain(), entry.domain) == 0;
+}
+
+TzSoapVersion::SoapFaultCode codeFor(const Tzxmsg& error) {
+    if (const auto* const unread = dynamic_cast<const TzXmlParseError*>(&error)) {
+        return isUnknownVersion(*unread) ? TzSoapVersion::VersionMismatch : TzSoapVersion::Client;
+    }
+    const bool senders = dynamic_cast<const TzXmlBoundsError*>(&error) != nullptr ||
+                         dynamic_cast<const TzXmlBadArgError*>(&error) != nullptr;
+    return senders ? TzSoapVersion::Client : TzSoapVersion::Server;
+}
+
+TzCString reasonFor(const Tzxmsg& error) {
+    const auto* const unread = dynamic_cast<const TzXmlParseError*>(&error);
+    if (unread == nullptr || unread->getLine() == 0) {
+        return error.asString();
+    }
+    return "line " + std::to_string(unread->getLine()) + ", column " +
+           std::to_string(unread->getColumn()) + ": " + error.asString();
+}
+
+} // namespace
+
+TzSoapMessage TzSoapFaultMessage::make(TzSoapVersion::Version version,
+                                       TzSoapVersion::SoapFaultCode code, const TzCString& reason) {
+    TzSoapMessage message(version);
+    message.setProlog(TzXmlProlog());
+    TzSoapFault& fault = message.getSoapBody().getSoapFault();
+    fault.setCode(message.getSoapVersion().getFaultCode(code));
+    fault.setReason(reason);
+    return message;
+}
+
+TzSoapMessage TzSoapFaultMessage::makeMustUnderstand(TzSoapVersion::Version version,
+                                                     const std::vector<TzXmlName>& names) {
+    TzCString reason = "Header entries not understood:";
+    for (const TzXmlName& name : names) {
+        reason += " {" + name.getUri() + "}" + name.getLocalName();
+    }
+    TzSoapMessage message = make(version, TzSoapVersion::SoapFaultCode::MustUnderstand, reason);
+    const bool reported =
+        !TzSoapVersion::getSoapElementName(TzSoapVersion::Misunderstood, version).isEmpty();
+    if (reported) {
+        for (const TzXmlName& name : names) {
+            message.getSoapHeader().appendHeaderEntry(TzSoapMisunderstoodType(name), false);
+        }
+    }
+    return message;
+}
+
+TzSoapMessage TzSoapFaultMessage::makeFrom(TzSoapVersion::Version version, const Tzxmsg& error) {
+    return make(version, codeFor(error), reasonFor(error));
+}

@@ -1,0 +1,306 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapLenientValue.h>
+
+#include <soap/TzSoapCast.h>
+#include <soap/TzSoapDefaultTypeImp.h>
+#include <soap/TzSoapReferenceType.h>
+#include <soap/TzSoapSimpleType.h>
+#include <tz/mime/TzMimeBase64.h>
+#include <tz/tools/TzBadValueError.h>
+#include <tz/tools/TzDateTime.h>
+#include <tz/tools/TzDecimalPortable.h>
+#include <tz/xml/TzThrow.h>
+#include <tz/xml/TzXmlBadArgError.h>
+#include <tz/xml/TzXmlDuration.h>
+#include <tz/xml/TzXmlUtils.h>
+
+#include "model/TzSoapAccess.h"
+#include "values/TzSoapNumberText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
+#include <optional>
+#include <type_traits>
+#include <utility>
+
+namespace {
+
+using Content = TzSoapContentBase;
+
+/// Name of a type that peers send, and the type that is meant.
+struct Alias {
+    std::string_view name;
+    Content::SchemaType type;
+};
+
+constexpr std::array<Alias, 7> Aliases = {{
+    {"QName", Content::xsdQName},
+    {"Name", Content::xsdName},
+    {"NCName", Content::xsdNCName},
+    {"base64", Content::xsdBase64Binary},
+    {"timeInstant", Content::xsdDateTime},
+    {"timeDuration", Content::xsdDuration},
+    {"uriReference", Content::xsdAnyURI},
+}};
+
+/// More references in a row than anybody sends: a reference that leads to itself ends here.
+constexpr int MostReferences = 100;
+
+std::string_view trim(std::string_view text) noexcept {
+    text.remove_prefix(std::min(text.find_first_not_of(TzXmlUtils::WhiteSpace), text.size()));
+    text.remove_suffix(text.size() - (text.find_last_not_of(TzXmlUtils::WhiteSpace) + 1));
+    return text;
+}
+
+std::optional<bool> toBool(std::string_view text) noexcept {
+    if (text == "1" || text == "true") {
+        return true;
+    }
+    return text == "0" || text == "false" ? std::optional(false) : std::nullopt;
+}
+
+bool holdsNoItem(const TzSoapType& value) {
+    return dynamic_cast<const TzSoapDefaultTypeImp*>(&TzSoapAccess::body(value)) != nullptr;
+}
+
+bool isNullAttribute(const TzXmlAttribute& attribute) {
+    const TzXmlName& name = attribute.getName();
+    return (name.getLocalName() == "nil" || name.getLocalName() == "null") &&
+           TzXmlNamespace::matchXsi(name.getNamespace());
+}
+
+/// The value that `value` stands for: itself, or what the references it begins lead to.
+TzSoapType followed(const TzSoapType& value) {
+    TzSoapType current = value;
+    for (int i = 0; i < MostReferences; ++i) {
+        const auto reference = tzSoapCast<TzSoapReferenceType>(current);
+        if (!reference || reference->isMimeReference() || !reference->hasReference()) {
+            break;
+        }
+        current = reference->getSoapReference();
+    }
+    return current;
+}
+
+TzCString described(const TzSoapType& value) {
+    return holdsNoItem(value) ? TzCString("an array position without item")
+                              : "element " + tzQuoted(value.getName().getQualifiedName());
+}
+
+[[noreturn]] void fail(TzCString text) { TzThrow(TzXmlBadArgError(TzMessage(std::move(text)))); }
+
+/// The digits of a number behind its sign.
+struct Signed {
+    std::string_view digits;
+    bool negative;
+};
+
+Signed splitSign(std::string_view text) noexcept {
+    const bool negative = text.starts_with('-');
+    text.remove_prefix(negative || text.starts_with('+') ? 1 : 0);
+    return {text, negative};
+}
+
+/// The number that the whole of `text` states, without sign; nothing when it states none.
+template <typename Number> std::optional<Number> whole(std::string_view text) noexcept {
+    Number number{};
+    const char* const end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number);
+    return result.ec == std::errc() && result.ptr == end ? std::optional(number) : std::nullopt;
+}
+
+template <typename Number> constexpr Number Infinite = std::numeric_limits<Number>::infinity();
+
+/// The same for numbers with a point. One outside of the type's range is infinite or 0.
+template <typename Number> std::optional<Number> point(std::string_view text) noexcept {
+    if (tzEqualIgnoreCase(text, "inf")) {
+        return Infinite<Number>;
+    }
+    Number number{};
+    const char* const end = text.data() + text.size();
+    // The library function takes words and another sign.
+    const bool begins = !text.empty() && (text[0] == '.' || (text[0] >= '0' && text[0] <= '9'));
+    const auto [ptr, error] = std::from_chars(text.data(), end, number);
+    if (!begins || ptr != end) {
+        return {};
+    }
+    if (error == std::errc::result_out_of_range) {
+        return tzSoapToReal(text) > 1 ? Infinite<Number> : Number();
+    }
+    return number;
+}
+
+std::optional<TzCString> fromHex(std::string_view text) {
+    TzCString bytes;
+    for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
+        unsigned char byte = 0;
+        const char* const end = text.data() + i + 2;
+        if (std::from_chars(end - 2, end, byte, 16).ptr != end) {
+            return {};
+        }
+        bytes += static_cast<char>(byte);
+    }
+    return text.size() % 2 == 0 ? std::optional(bytes) : std::nullopt;
+}
+
+} // namespace
+
+TzSoapLenientValue::TzSoapLenientValue(const TzSoapType& value) : value_(followed(value)) {
+    readNull();
+    const auto simple = tzSoapCast<TzSoapSimpleType>(value_);
+    if (!simple && !null_) {
+        fail(described(value_) + " is not a simple value but of kind " +
+             tzQuoted(value_.getSoapTypeIdAsString()));
+    }
+    if (!null_) {
+        text_ = simple->getString();
+    }
+}
+
+void TzSoapLenientValue::readNull() {
+    if (holdsNoItem(value_)) {
+        null_ = true;
+        return;
+    }
+    const TzSoapType& value = value_;
+    null_ = std::any_of(
+        value.attributesBegin(), value.attributesEnd(), [](const TzXmlAttribute& attribute) {
+            return isNullAttribute(attribute) && toBool(trim(attribute.getValue())).value_or(false);
+        });
+}
+
+TzSoapContentBase::SchemaType TzSoapLenientValue::getType() const {
+    const auto simple = tzSoapCast<TzSoapSimpleType>(value_);
+    if (simple && simple->getType() != Content::xsdUnknown) {
+        return simple->getType();
+    }
+    const TzCString& name = value_.getType().getLocalName();
+    const auto* const alias = std::find_if(Aliases.begin(), Aliases.end(),
+                                           [&](const Alias& entry) { return entry.name == name; });
+    return alias != Aliases.end() ? alias->type : Content::schemaTypeFromName(name);
+}
+
+bool TzSoapLenientValue::getBool() const {
+    constexpr const char* wanted = "a boolean";
+    const std::optional<bool> value = toBool(trimmed(wanted));
+    if (!value) {
+        refuse(wanted);
+    }
+    return *value;
+}
+
+int TzSoapLenientValue::getInt() const { return integer<int>("an int"); }
+
+unsigned int TzSoapLenientValue::getUnsignedInt() const {
+    return integer<unsigned int>("an unsigned int");
+}
+
+short TzSoapLenientValue::getShort() const { return integer<short>("a short"); }
+
+unsigned short TzSoapLenientValue::getUnsignedShort() const {
+    return integer<unsigned short>("an unsigned short");
+}
+
+long TzSoapLenientValue::getLong() const { return integer<long>("a long"); }
+
+unsigned long TzSoapLenientValue::getUnsignedLong() const {
+    return integer<unsigned long>("an unsigned long");
+}
+
+float TzSoapLenientValue::getFloat() const { return real<float>("a float"); }
+
+double TzSoapLenientValue::getDouble() const { return real<double>("a double"); }
+
+TzDecimalPortable TzSoapLenientValue::getDecimal() const {
+    constexpr const char* wanted = "a decimal";
+    try {
+        return TzDecimalPortable(trimmed(wanted));
+    } catch (const TzBadValueError&) {
+        refuse(wanted);
+    }
+}
+
+TzDate TzSoapLenientValue::getDate() const {
+    constexpr const char* wanted = "a date";
+    const std::string_view text = trimmed(wanted);
+    try {
+        return text.find('T') == std::string_view::npos
+                   ? TzXmlUtils::convertISODateStringToDate(text)
+                   : TzXmlUtils::convertISODateStringToDateTime(text).getDate();
+    } catch (const TzXmlBadArgError&) {
+        refuse(wanted);
+    }
+}
+
+TzDateTime TzSoapLenientValue::getDateTime() const {
+    constexpr const char* wanted = "a date and time";
+    const std::string_view text = trimmed(wanted);
+    const bool hasTime = text.find('T') != std::string_view::npos || text.find(':') == 2;
+    try {
+        return hasTime ? TzXmlUtils::convertISODateStringToDateTime(text)
+                       : TzDateTime(TzXmlUtils::convertISODateStringToDate(text), 0, 0, 0);
+    } catch (const TzXmlBadArgError&) {
+        refuse(wanted);
+    }
+}
+
+TzXmlDuration TzSoapLenientValue::getDuration() const {
+    constexpr const char* wanted = "a duration";
+    const std::string_view text = trimmed(wanted);
+    try {
+        return TzXmlDuration(text);
+    } catch (const TzXmlBadArgError&) {
+        refuse(wanted);
+    }
+}
+
+TzCString TzSoapLenientValue::getBytes() const {
+    const bool hex = getType() == Content::xsdHexBinary;
+    const char* const wanted = hex ? "hexadecimal digits" : "base64";
+    const std::string_view text = trimmed(wanted);
+    std::optional<TzCString> bytes = hex ? fromHex(text) : TzMimeBase64::decode(text);
+    if (!bytes) {
+        refuse(wanted);
+    }
+    return *std::move(bytes);
+}
+
+void TzSoapLenientValue::refuse(const char* wanted) const {
+    fail(null_ ? described(value_) + " is nil, not " + wanted
+               : described(value_) + ": " + tzQuoted(text_) + " is not " + wanted);
+}
+
+std::string_view TzSoapLenientValue::trimmed(const char* wanted) const {
+    if (null_) {
+        refuse(wanted);
+    }
+    return trim(text_);
+}
+
+template <typename Number> Number TzSoapLenientValue::integer(const char* wanted) const {
+    using Limits = std::numeric_limits<Number>;
+    using Size = std::make_unsigned_t<Number>;
+    const auto [digits, negative] = splitSign(trimmed(wanted));
+    const auto size = whole<Size>(digits);
+    constexpr auto largest = static_cast<Size>(Limits::max());
+    constexpr auto smallest = static_cast<Size>(Size() - static_cast<Size>(Limits::min()));
+    if (!size || *size > (negative ? smallest : largest)) {
+        refuse(wanted);
+    }
+    return static_cast<Number>(negative ? static_cast<Size>(Size() - *size) : *size);
+}
+
+template <typename Number> Number TzSoapLenientValue::real(const char* wanted) const {
+    const std::string_view text = trimmed(wanted);
+    if (tzEqualIgnoreCase(text, "nan")) {
+        return std::numeric_limits<Number>::quiet_NaN();
+    }
+    const auto [digits, negative] = splitSign(text);
+    const auto size = point<Number>(digits);
+    if (!size) {
+        refuse(wanted);
+    }
+    return negative ? -*size : *size;
+}

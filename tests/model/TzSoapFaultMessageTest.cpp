@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "support/CataloguedError.h"
+#include "values/EnvelopeTesting.h"
+
+#include <soap/TzSoapCatalog.h>
+#include <soap/TzSoapFaultMessage.h>
+#include <soap/TzSoapMisunderstoodType.h>
+#include <tz/tools/TzMessage.h>
+#include <tz/xml/TzXmlBadArgError.h>
+#include <tz/xml/TzXmlBoundsError.h>
+#include <tz/xml/TzXmlInternalError.h>
+#include <tz/xml/TzXmlParseError.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+const TzSoapFault& faultOf(const TzSoapMessage& message) {
+    EXPECT_TRUE(message.getSoapBody().hasSoapFault());
+    return message.getSoapBody().getSoapFault();
+}
+
+/// Local name of the code and the reason of the fault for `error`.
+std::string madeFrom(const Tzxmsg& error, TzSoapVersion::Version version = TzSoapVersion::V1_1) {
+    const TzSoapMessage message = TzSoapFaultMessage::makeFrom(version, error);
+    EXPECT_EQ(message.getVersion(), version);
+    return faultOf(message).getCode().getLocalName() + "|" + faultOf(message).getReason();
+}
+
+/// The fault for what reading `text` throws.
+std::string madeFromReading(const std::string& text) {
+    try {
+        messageOf(text);
+    } catch (const Tzxmsg& error) {
+        return madeFrom(error);
+    }
+    return "nothing thrown";
+}
+
+} // namespace
+
+TEST(TzSoapFaultMessageTest, HoldsCodeAndReasonInItsVersion) {
+    EXPECT_EQ(
+        TzSoapFaultMessage::make(TzSoapVersion::V1_1, TzSoapVersion::Client, "a < b").asString(),
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+        "<SOAP-ENV:Envelope "
+        "xmlns:SOAP-ENV=\"http://schemas.xmlsoap.org/soap/envelope/\">\n"
+        "  <SOAP-ENV:Body>\n"
+        "    <SOAP-ENV:Fault>\n"
+        "      <faultcode>SOAP-ENV:Client</faultcode>\n"
+        "      <faultstring>a &lt; b</faultstring>\n"
+        "    </SOAP-ENV:Fault>\n"
+        "  </SOAP-ENV:Body>\n"
+        "</SOAP-ENV:Envelope>\n");
+    const TzSoapMessage second =
+        TzSoapFaultMessage::make(TzSoapVersion::V1_2, TzSoapVersion::Server, "down");
+    EXPECT_EQ(second.getVersion(), TzSoapVersion::V1_2);
+    EXPECT_EQ(faultOf(second).getCode(),
+              TzXmlName("Receiver", second.getSoapVersion().getSoapEnv()));
+    EXPECT_EQ(faultOf(second).getReason(), "down");
+}
+
+TEST(TzSoapFaultMessageTest, RefusesWhatTheVersionDoesNotHave) {
+    expectCatalogued<TzXmlError>(
+        [] { TzSoapFaultMessage::make(TzSoapVersion::V1_1, TzSoapVersion::DTDNotSupported, "no"); },
+        0x7024,
+        "[INVALID_FAULT_CODE] The specified fault code is not valid for \"V1_1\" version of SOAP");
+    EXPECT_THROW(TzSoapFaultMessage::make(static_cast<TzSoapVersion::Version>(7),
+                                          TzSoapVersion::Client, "no"),
+                 TzXmlError);
+}
+
+TEST(TzSoapFaultMessageTest, NamesWhatWasNotUnderstood) {
+    const std::vector<TzXmlName> names = {TzXmlName("a", TzXmlNamespace("n", "urn:n")),
+                                          TzXmlName("b", TzXmlNamespace("m", "urn:m"))};
+    const TzSoapMessage first = TzSoapFaultMessage::makeMustUnderstand(TzSoapVersion::V1_1, names);
+    EXPECT_EQ(faultOf(first).getCode().getLocalName(), "MustUnderstand");
+    EXPECT_EQ(faultOf(first).getReason(), "Header entries not understood: {urn:n}a {urn:m}b");
+    EXPECT_EQ(first.getSoapHeader().entryCount(), 0U);
+
+    const TzSoapMessage second = TzSoapFaultMessage::makeMustUnderstand(TzSoapVersion::V1_2, names);
+    EXPECT_EQ(faultOf(second).getCode().getLocalName(), "MustUnderstand");
+    const TzSoapMessage read = messageOf(second.asString());
+    ASSERT_EQ(read.getSoapHeader().entryCount(), 2U);
+    auto entry = read.getSoapHeader().entriesBegin();
+    EXPECT_EQ(tzSoapCast<TzSoapMisunderstoodType>(*entry).value().getQualifiedName(), names[0]);
+    EXPECT_FALSE(entry->getMustUnderstand());
+    EXPECT_EQ(tzSoapCast<TzSoapMisunderstoodType>(*++entry).value().getQualifiedName(), names[1]);
+}
+
+TEST(TzSoapFaultMessageTest, AnUnknownEnvelopeIsAVersionMismatch) {
+    EXPECT_EQ(madeFromReading("<e:Envelope xmlns:e='urn:later'><e:Body/></e:Envelope>"),
+              "VersionMismatch|line 1, column 1: [UNKNOWN_VERSION][SOAP Version specified by URI "
+              "\"urn:later\" is unknown ]");
+}
+
+TEST(TzSoapFaultMessageTest, ABadRequestIsTheSendersFault) {
+    EXPECT_EQ(
+        madeFromReading("nothing"),
+        "Client|line 1, column 1: [NO_SOAP_ENVELOPE][Soap message must have a Envelope element]");
+    EXPECT_EQ(madeFrom(TzXmlParseError(TzMessage("odd"), "", 3, 7)),
+              "Client|line 3, column 7: odd");
+    EXPECT_EQ(madeFrom(TzXmlBoundsError(TzMessage("too many"))), "Client|too many");
+    EXPECT_EQ(madeFrom(TzXmlBadArgError(TzMessage("no int")), TzSoapVersion::V1_2),
+              "Sender|no int");
+}
+
+TEST(TzSoapFaultMessageTest, EverythingElseIsTheReceivers) {
+    EXPECT_EQ(madeFrom(Tzxmsg("disk full")), "Server|disk full");
+    EXPECT_EQ(madeFrom(TzXmlError(TzCString("wrong type")), TzSoapVersion::V1_2),
+              "Receiver|wrong type");
+    EXPECT_TRUE(madeFrom(TzXmlInternalError(TzMessage("impossible"))).starts_with("Server|"));
+    // The same number in another catalogue is another error.
+    const TzCatMsg other = {"other_", tzsoap_UNKNOWN_VERSION()->id, "text"};
+    EXPECT_EQ(madeFrom(TzXmlParseError(TzMessage(&other), "", 0, 0)), "Client|text");
+}
