@@ -198,9 +198,10 @@ protected:
     /// Installs bounds that have the right number of axes. `TzXmlBoundsError` BAD_INDEX_VECTOR for
     /// no shape.
     virtual void doSetBounds(const Index& bounds);
+    /// Puts a member that was read at the next position.
+    void placeNext(TzSoapType&& member);
     /// Puts a member that is read in `context`, null outside of a reading, at a position.
-    virtual void place(unsigned int position, const TzSoapType& member,
-                       TzSoapParseContext* context);
+    virtual void place(unsigned int position, TzSoapType&& member, TzSoapParseContext* context);
 
     /// The distance of neighbours on each axis.
     const Index& getStep() const {

@@ -42,6 +42,8 @@ public:
                                              const TzCString& size, TzSoapParseContext& context);
 
     TzSoapElementImp* clone() const override;
+    /// Takes a member that was read.
+    void takeChild(TzSoapType&& child) override;
     /// False.
     bool isSparse() const override;
     /// True.
@@ -101,8 +103,7 @@ protected:
     /// placeholder. O(items stored).
     void doSetBounds(const Index& bounds) override;
     /// Puts a member at its position and settles with the context what it leaves unfilled.
-    void place(unsigned int position, const TzSoapType& member,
-               TzSoapParseContext* context) override;
+    void place(unsigned int position, TzSoapType&& member, TzSoapParseContext* context) override;
 
 private:
     void initialize();
@@ -114,7 +115,7 @@ private:
     TzSoapDefaultType& slot(unsigned int position);
     const TzSoapType& storedOrPlaceholder(unsigned int position) const;
     void store(std::uint64_t from, std::uint64_t to) const;
-    void append(unsigned int position, const TzSoapType& member);
+    void append(unsigned int position, TzSoapType&& member);
 
     mutable std::vector<TzSoapDefaultType> items_; // a run of positions, placeholders around it
     mutable std::uint64_t first_ = 0;              // position of the first stored item

@@ -67,6 +67,8 @@ public:
 
     /// Takes a child that was read: appends it.
     void addChild(const TzSoapType& child) override;
+    /// Takes a child that was read: appends it.
+    void takeChild(TzSoapType&& child) override;
     /// Starts reading at the first child's start tag; the composite's own name and attributes are
     /// there already.
     void doStart(const TzXmlName& childName, const TzXmlAttributeSet& childAttributes,

@@ -12,8 +12,8 @@
 
 /// Body of every SOAP element: an XML element with the attributes that SOAP defines.
 ///
-/// mustUnderstand, root, actor, encodingStyle and the type are properties of their own; id and offset
-/// live in the attribute set. Not locked: an element is used by one thread at a time.
+/// mustUnderstand, root, actor, encodingStyle and the type are properties of their own; id and
+/// offset live in the attribute set. Not locked: an element is used by one thread at a time.
 class TZSOAP_API TzSoapElementImp : public TzXmlElementImp {
 public:
     /// An element without name.
@@ -83,8 +83,9 @@ public:
     virtual void removeMustUnderstandAttribute();
     /// "true" or "false", "" when mustUnderstand is not set.
     virtual TzCString getMustUnderstandAttribute() const;
-    /// The text of `version`: "1" or "0" in SOAP 1.1, "true" or "false" in SOAP 1.2, "" when not set.
-    /// `Tzxmsg` "Unrecognized TzSoapVersion::Version" when set and the version is none of the two.
+    /// The text of `version`: "1" or "0" in SOAP 1.1, "true" or "false" in SOAP 1.2, "" when not
+    /// set. `Tzxmsg` "Unrecognized TzSoapVersion::Version" when set and the version is none of the
+    /// two.
     virtual TzCString getMustUnderstandAttribute(TzSoapVersion::Version version) const;
     /// The offset text, "" when absent.
     virtual TzCString getOffsetAttribute() const;
@@ -111,9 +112,10 @@ private:
     void setText(TzCString Texts::*text, const TzCString& value);
     const TzCString& text(TzCString Texts::*text) const noexcept;
 
+    // Small members first: they fill what the base leaves over.
+    Flag mustUnderstand_ = Flag::Absent;
+    Flag root_ = Flag::Absent;
     TzSoapAttributeSet attributeSet_;
     std::unique_ptr<Texts> texts_;
     TzXmlName type_;
-    Flag mustUnderstand_ = Flag::Absent;
-    Flag root_ = Flag::Absent;
 };

@@ -30,6 +30,9 @@ public:
     virtual void addChild(const TzSoapType& child) = 0;
     /// Does nothing here.
     virtual void addPcdata();
+    /// As `addChild`, for a caller that needs its handle no more: `child` is left without a body.
+    /// Calls `addChild` unless overridden.
+    virtual void takeChild(TzSoapType&& child);
 
 protected:
     TzSoapGenericTypeHandler();

@@ -87,6 +87,8 @@ public:
     void endElement(const TzXmlName& name) override;
     /// Adds an entry that was read, whose flags stay as they are.
     void addChild(const TzSoapType& child) override;
+    /// As `addChild`.
+    void takeChild(TzSoapType&& child) override;
 
 private:
     TzSoapVersion::Version version_;

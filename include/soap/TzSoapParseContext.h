@@ -7,6 +7,7 @@
 #include <soap/TzSoapVersion.h>
 #include <tz/mime/TzMimeMultipart.h>
 #include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlAttributeSet.h>
 #include <tz/xml/TzXmlName.h>
 
 #include <array>
@@ -91,8 +92,18 @@ public:
     /// does. O(open elements).
     TzCString getNsUriForPrefix(const TzCString& prefix) const;
     /// The name that a text such as "xsd:int" stands for: its prefix resolved like
-    /// `getNsUriForPrefix`; an unbound prefix has the empty URI. O(open elements).
-    TzXmlName resolveName(std::string_view text);
+    /// `getNsUriForPrefix`; an unbound prefix has the empty URI. Names met lately share one record.
+    /// Valid until the next call. O(open elements).
+    const TzXmlName& resolveName(std::string_view text);
+    /// The attribute that states the type when it is the only one of an element, otherwise null:
+    /// most elements need no closer look.
+    const TzXmlAttribute* findOnlyType(const TzXmlAttributeSet& attributes) {
+        if (attributes.size() != 1) {
+            return nullptr;
+        }
+        const TzXmlAttribute& only = *attributes.begin();
+        return only.getName().isSame(typeAttribute_) || isType(only.getName()) ? &only : nullptr;
+    }
 
     /// Gives each reference met so far its target, forgets the references and the ids they name.
     ///
@@ -126,6 +137,11 @@ public:
     void returnTypeHandlers(std::unique_ptr<TzSoapTypeHandlers> handlers);
 
 private:
+    /// A name resolved lately, and the text it was.
+    struct RecentName {
+        TzCString text;
+        TzXmlName name;
+    };
     /// Orders namespaces by prefix and URI.
     struct ByText {
         using is_transparent = void;
@@ -138,9 +154,9 @@ private:
         }
     };
 
+    bool isType(const TzXmlName& name);
     const TzCString& uriForPrefix(std::string_view prefix) const;
-    const TzXmlNamespace& sharedNamespace(std::string_view prefix, const TzCString& uri);
-    const TzXmlNamespace& otherNamespace(std::string_view prefix, std::string_view uri);
+    const TzXmlNamespace& sharedNamespace(std::string_view prefix, std::string_view uri);
     const TzSoapType* findTarget(std::string_view href) const;
     bool resolve(std::string_view href, TzSoapReferenceTypeImp& reference);
     void refer(TzSoapReferenceTypeImp& reference, const TzSoapType& target);
@@ -162,8 +178,9 @@ private:
     std::size_t unfilledLeft_;
     std::size_t uriLimit_;
     std::vector<std::unique_ptr<TzSoapTypeHandlers>> spareHandlers_;
-    std::array<TzXmlNamespace, 4> recentNamespaces_;   // few types make up most of a message
-    std::set<TzXmlNamespace, ByText> otherNamespaces_; // of a text with more of them
+    std::array<RecentName, 8> recentNames_; // few types make up most of a message
     std::size_t nextRecent_ = 0;
-    TzSoapStyleInForce styleInForce_; // of the last text that was asked for
+    TzXmlName typeAttribute_;                           // the latest name that was one of a type
+    std::set<TzXmlNamespace, ByText> sharedNamespaces_; // of all names resolved
+    TzSoapStyleInForce styleInForce_;                   // of the last text that was asked for
 };

@@ -145,7 +145,8 @@ private:
     static bool dateType(SchemaType type) noexcept;
     static void require(bool accepted);
 
-    TzCString value_;
+    // Small members first: they fill what the base leaves over.
     SchemaType type_ = TzSoapContentBase::xsdUnknown;
     bool typeShouldBeEncoded_ = false;
+    TzCString value_;
 };

@@ -11,8 +11,8 @@
 class TzSoapGenericTypeHandler;
 class TzSoapSimpleTypeImp;
 
-/// Reads an element that nothing marks: a composite value if it has child elements, a simple value (or
-/// the report of a misunderstood header entry) if it has none.
+/// Reads an element that nothing marks: a composite value if it has child elements, a simple value
+/// (or the report of a misunderstood header entry) if it has none.
 ///
 /// Belongs to one reading on one thread; reused for one element after the other.
 class TZSOAP_API TzSoapUnknownTypeHandler : public TzSoapContentHandler {
@@ -37,7 +37,7 @@ private:
     TzXmlName misunderstoodName() const;
     void finishSimple();
     void finishMisunderstood();
-    void hand(const TzSoapType& value);
+    void hand(TzSoapType&& value);
 
     // The element as a simple value, which most elements turn out to be. When it turns out to be
     // something else, that takes the element over and this body serves the next one.

@@ -50,6 +50,10 @@ public:
     /// Inserts MIME parts into `multipart` from now on, or nowhere when it is null.
     void setMimeMultipart(TzMimeMultipart* multipart);
 
+    /// Whether nothing of what was visited so far was left out: no members of a value that is nil,
+    /// no items in front of an array's offset or beyond its number of items to write.
+    bool wroteAll() const noexcept;
+
     /// Writes the report of a misunderstood header entry as an empty tag.
     void visit(const TzSoapMisunderstoodType& value) override;
     /// Writes a reference as an empty tag; its target is written later or inserted into the

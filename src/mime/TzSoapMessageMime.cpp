@@ -61,6 +61,12 @@ TzMimePart rootPart(const TzCString& id, TzCString envelope) {
     TzThrow(TzXmlParseError(TzMessage(reason), TzCString(), 0, 0));
 }
 
+/// Puts the envelope in front of the parts it refers to and says what the package is.
+void complete(TzMimeMultipart& package, TzCString envelope) {
+    const TzCString id = describe(package);
+    package.insertPartAt(0, rootPart(id, std::move(envelope)));
+}
+
 } // namespace
 
 bool TzSoapMessage::hasAttachments() const {
@@ -70,7 +76,17 @@ bool TzSoapMessage::hasAttachments() const {
 }
 
 TzCString TzSoapMessage::asString() const {
-    return hasAttachments() ? asMimeMultipart().asString() : tzSoapWriteText(*this);
+    TzXmlStringWriter envelope;
+    TzMimeMultipart package;
+    TzSoapWriter writer(&envelope, &package);
+    acceptVisitor(writer);
+    // Most messages need no second look: what was written in full and led to no part has none.
+    if ((!package.hasParts() && writer.wroteAll()) || !hasAttachments()) {
+        return envelope.takeString();
+    }
+    package.insertHeader(TzMimeVersionHeader());
+    complete(package, envelope.takeString());
+    return package.asString();
 }
 
 TzMimeMultipart TzSoapMessage::asMimeMultipart() const {
@@ -83,8 +99,7 @@ TzMimeMultipart TzSoapMessage::asMimeMultipart(TzMimeMultipart& multipart) const
     TzXmlStringWriter envelope;
     TzSoapWriter writer(&envelope, &multipart);
     acceptVisitor(writer);
-    const TzCString id = describe(multipart);
-    multipart.insertPartAt(0, rootPart(id, envelope.takeString()));
+    complete(multipart, envelope.takeString());
     return multipart;
 }
 

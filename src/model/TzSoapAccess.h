@@ -13,7 +13,8 @@ struct TzSoapAccess {
     template <typename Handle> static decltype(auto) body(const Handle& handle) {
         return handle.body();
     }
-    /// A handle of class `Handle` by the constructor that it keeps to itself: on a body, for a version.
+    /// A handle of class `Handle` by the constructor that it keeps to itself: on a body, for a
+    /// version.
     template <typename Handle, typename Source> static Handle handle(Source source) {
         return Handle(source);
     }
@@ -25,6 +26,12 @@ struct TzSoapAccess {
     /// Whether the handle refers to a body.
     template <typename Handle> static bool hasBody(const Handle& handle) noexcept {
         return handle.bodyPointer() != nullptr;
+    }
+    /// A handle of class `Handle` that takes over the body of `other`, which is left without one.
+    template <typename Handle, typename Other> static Handle take(Other& other) noexcept {
+        Handle taken(static_cast<std::remove_reference_t<decltype(other.body())>*>(nullptr));
+        taken.attachBody(other.detachBody());
+        return taken;
     }
     /// Lets a handle without a body refer to `body` without counting.
     template <typename Handle> static void attach(Handle& handle, TzBodyBase* body) noexcept {
@@ -53,8 +60,8 @@ public:
     Handle& handle() noexcept { return handle_; }
 
 private:
-    using BodyOf = std::remove_reference_t<decltype(TzSoapAccess::body(
-        std::declval<const Handle&>()))>*;
+    using BodyOf =
+        std::remove_reference_t<decltype(TzSoapAccess::body(std::declval<const Handle&>()))>*;
 
     Handle handle_;
 };

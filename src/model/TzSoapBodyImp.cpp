@@ -7,6 +7,8 @@
 
 #include "model/TzSoapAccess.h"
 
+#include <utility>
+
 TzSoapBodyImp::TzSoapBodyImp(TzSoapVersion::Version version)
     : TzSoapElementImp(TzSoapVersion::getSoapElementName(TzSoapVersion::Body, version)),
       version_(version), fault_(TzSoapAccess::handle<TzSoapFault>(version)) {}
@@ -60,6 +62,8 @@ void TzSoapBodyImp::endElement(const TzXmlName&) {
 }
 
 void TzSoapBodyImp::addChild(const TzSoapType& child) { entries_.append(child); }
+
+void TzSoapBodyImp::takeChild(TzSoapType&& child) { entries_.append(std::move(child)); }
 
 bool operator==(const TzSoapBodyImp& left, const TzSoapBodyImp& right) {
     return left.entries().sharesValues(right.entries());

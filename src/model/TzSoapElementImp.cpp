@@ -40,16 +40,15 @@ const TzXmlName& offsetName() {
 
 TzSoapElementImp::TzSoapElementImp() : TzSoapElementImp(TzXmlName()) {}
 
-TzSoapElementImp::TzSoapElementImp(TzXmlName name)
-    : TzXmlElementImp(std::move(name), nullptr) {
+TzSoapElementImp::TzSoapElementImp(TzXmlName name) : TzXmlElementImp(std::move(name), nullptr) {
     useAttributes(attributeSet_);
 }
 
 TzSoapElementImp::TzSoapElementImp(const TzSoapElementImp& other)
     : TzXmlElementImp(other.TzXmlElementImp::getName(), nullptr),
+      mustUnderstand_(other.mustUnderstand_), root_(other.root_),
       attributeSet_(other.attributeSet_),
-      texts_(other.texts_ ? std::make_unique<Texts>(*other.texts_) : nullptr), type_(other.type_),
-      mustUnderstand_(other.mustUnderstand_), root_(other.root_) {
+      texts_(other.texts_ ? std::make_unique<Texts>(*other.texts_) : nullptr), type_(other.type_) {
     useAttributes(attributeSet_);
 }
 

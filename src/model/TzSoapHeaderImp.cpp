@@ -86,6 +86,8 @@ void TzSoapHeaderImp::endElement(const TzXmlName&) {
 
 void TzSoapHeaderImp::addChild(const TzSoapType& child) { entries_.append(child); }
 
+void TzSoapHeaderImp::takeChild(TzSoapType&& child) { entries_.append(std::move(child)); }
+
 bool operator==(const TzSoapHeaderImp& left, const TzSoapHeaderImp& right) {
     return left.entries().sharesValues(right.entries());
 }

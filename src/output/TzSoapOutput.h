@@ -51,6 +51,8 @@ public:
 
     /// Inserts MIME parts into `multipart` from now on, or nowhere when it is null.
     void setMultipart(TzMimeMultipart* multipart) noexcept { multipart_ = multipart; }
+    /// Whether all that the values visited so far hold was written.
+    bool wroteAll() const noexcept { return state().wroteAll; }
     /// Writes messages in `version` from now on, whatever their own.
     void fixVersion(TzSoapVersion::Version version);
 

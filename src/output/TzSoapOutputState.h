@@ -22,6 +22,7 @@ struct TzSoapOutputState {
     TzSoapStyleStack styles;
     TzSoapTagAttributes attributes;
     unsigned int depth = 0;
+    bool wroteAll = true;                    // nothing that a value holds was left out
     std::uint64_t scopeChanges = 1;          // what was found out about prefixes holds as long
     std::uint64_t schemaInstanceBoundAt = 0; // where the usual prefix stood for that namespace
 

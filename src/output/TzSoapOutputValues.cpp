@@ -253,7 +253,9 @@ void TzSoapOutput::writeComposite(TzSoapConstVisitor& visitor, const TzXmlName& 
         startBlock(tag);
         remember(value);
     }
-    if (!isNil(value)) {
+    if (isNil(value)) {
+        state().wroteAll &= value.childCount() == 0;
+    } else {
         for (auto child = value.childrenBegin(); child != value.childrenEnd(); ++child) {
             writeChild(visitor, *child);
         }
@@ -269,6 +271,8 @@ void TzSoapOutput::startArray(const TagName& name, TzSoapArrayTypeImp& array) {
     qualifyStyle();
     startBlock(name);
     remember(array);
+    state().wroteAll &= !isNil(array) && array.getCountElementsToWrite() == 0 &&
+                        TzSoapArrayTypeImp::isDefaultOffset(array.getOffsetIndex());
 }
 
 void TzSoapOutput::write(TzSoapConstVisitor& visitor, const TzSoapCompactArrayType& array) {

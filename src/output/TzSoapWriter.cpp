@@ -35,6 +35,8 @@ void TzSoapWriter::setMimeMultipart(TzMimeMultipart* multipart) {
     output_->setMultipart(multipart);
 }
 
+bool TzSoapWriter::wroteAll() const noexcept { return output_->wroteAll(); }
+
 void TzSoapWriter::visit(const TzSoapMisunderstoodType& value) { output_->write(value); }
 
 void TzSoapWriter::visit(const TzSoapReferenceType& value) { output_->write(value); }

@@ -52,6 +52,11 @@ TzSoapGenericTypeHandler::TzSoapGenericTypeHandler(const TzSoapGenericTypeHandle
 
 TzSoapGenericTypeHandler::~TzSoapGenericTypeHandler() = default;
 
+void TzSoapGenericTypeHandler::takeChild(TzSoapType&& child) {
+    const TzSoapType taken(std::move(child));
+    addChild(taken);
+}
+
 void TzSoapGenericTypeHandler::addPcdata() {}
 
 void TzSoapGenericTypeHandler::open(TzXmlElementImp& element, TzSoapParseContext* context,
@@ -107,7 +112,8 @@ void TzSoapGenericTypeHandler::startElement(const TzXmlName& name,
                                             const TzXmlAttributeSet& attributes) {
     popChildStyle();
     const TzSoapVersion& names = TzSoapVersion::getSoapVersion(context()->getVersion());
-    const bool marked = mayMark(attributes, names);
+    const bool marked =
+        context()->findOnlyType(attributes) == nullptr && mayMark(attributes, names);
     if (marked) {
         pushChildStyle(attributes);
     }

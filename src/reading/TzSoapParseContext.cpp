@@ -32,12 +32,17 @@ std::string_view idOf(std::string_view href) noexcept {
 
 TzSoapParseContext::TzSoapParseContext()
     : unfilledLeft_(TzSoapReadLimits().unfilledArrayPositions),
-      uriLimit_(TzSoapReadLimits().uriLength) {}
+      uriLimit_(TzSoapReadLimits().uriLength),
+      typeAttribute_(TzSoapAttributeSet::getTypeAttributeName()) {}
 
 TzSoapParseContext::~TzSoapParseContext() = default;
 
 void TzSoapParseContext::fileId(const TzSoapType& value) {
-    const TzCString& id = value.getIdAttribute();
+    const TzSoapTypeImp& body = TzSoapAccess::body(value);
+    if (body.getAttributeSet().empty()) {
+        return;
+    }
+    const TzCString& id = body.getIdAttribute();
     // An id that an earlier part of the message had and a reference named is taken, too.
     if (!id.empty() && !forgotten_.contains(id) && idEntries_.try_emplace(id, value).second) {
         newIds_.push_back(id);
@@ -70,10 +75,10 @@ const TzSoapStyleInForce& TzSoapParseContext::getStyleInForce() {
 
 const TzCString& TzSoapParseContext::uriForPrefix(std::string_view prefix) const {
     for (auto element = namespaces_.rbegin(); element != namespaces_.rend(); ++element) {
-        const TzXmlAttributeSet& attributes = std::as_const(**element).getAttributes();
-        if (attributes.empty()) {
+        if ((*element)->isBare()) {
             continue;
         }
+        const TzXmlAttributeSet& attributes = std::as_const(**element).getAttributes();
         if (const auto* found = attributes.findDeclaration(prefix); found != attributes.end()) {
             return found->getValue();
         }
@@ -86,32 +91,35 @@ TzCString TzSoapParseContext::getNsUriForPrefix(const TzCString& prefix) const {
 }
 
 const TzXmlNamespace& TzSoapParseContext::sharedNamespace(std::string_view prefix,
-                                                          const TzCString& uri) {
-    for (const TzXmlNamespace& recent : recentNamespaces_) {
-        if (recent.getPrefix() == prefix && recent.getUri() == uri) {
-            return recent;
-        }
-    }
-    const bool replaces = nextRecent_ >= recentNamespaces_.size();
-    TzXmlNamespace& place = recentNamespaces_[nextRecent_ % recentNamespaces_.size()];
-    place = replaces ? otherNamespace(prefix, uri) : TzXmlNamespace(prefix, uri);
-    ++nextRecent_;
-    return place;
-}
-
-const TzXmlNamespace& TzSoapParseContext::otherNamespace(std::string_view prefix,
-                                                         std::string_view uri) {
+                                                          std::string_view uri) {
     const ByText::Text text(prefix, uri);
-    const auto known = otherNamespaces_.find(text);
-    return known != otherNamespaces_.end() ? *known : *otherNamespaces_.emplace(prefix, uri).first;
+    const auto known = sharedNamespaces_.find(text);
+    return known != sharedNamespaces_.end() ? *known
+                                            : *sharedNamespaces_.emplace(prefix, uri).first;
 }
 
-TzXmlName TzSoapParseContext::resolveName(std::string_view text) {
+const TzXmlName& TzSoapParseContext::resolveName(std::string_view text) {
     const std::size_t colon = text.find(':');
     const bool prefixed = colon != std::string_view::npos;
     const std::string_view prefix = prefixed ? text.substr(0, colon) : std::string_view();
-    return {prefixed ? text.substr(colon + 1) : text,
-            sharedNamespace(prefix, uriForPrefix(prefix))};
+    const TzCString& uri = uriForPrefix(prefix);
+    for (const RecentName& recent : recentNames_) {
+        if (recent.text == text && recent.name.getUri() == uri) {
+            return recent.name;
+        }
+    }
+    RecentName& place = recentNames_[nextRecent_++ % recentNames_.size()];
+    place.text = text;
+    place.name = TzXmlName(prefixed ? text.substr(colon + 1) : text, sharedNamespace(prefix, uri));
+    return place.name;
+}
+
+bool TzSoapParseContext::isType(const TzXmlName& name) {
+    if (!TzSoapAttributeSet::matchTypeAttributeName(name)) {
+        return false;
+    }
+    typeAttribute_ = name;
+    return true;
 }
 
 const TzSoapType* TzSoapParseContext::findTarget(std::string_view href) const {
@@ -214,7 +222,8 @@ void TzSoapParseContext::clear() {
     unresolved_.clear();
     idEntries_.clear();
     forgotten_.clear();
-    otherNamespaces_.clear();
+    sharedNamespaces_.clear();
+    recentNames_.fill({});
     // What one text needed much of is not kept for the next.
     decltype(newIds_)().swap(newIds_);
     decltype(resolved_)().swap(resolved_);

@@ -20,7 +20,9 @@
 namespace {
 
 const TzXmlName& misunderstoodElement() {
-    return TzSoapVersion::getSoapElementName(TzSoapVersion::Misunderstood, TzSoapVersion::V1_2);
+    static const TzXmlName& name =
+        TzSoapVersion::getSoapElementName(TzSoapVersion::Misunderstood, TzSoapVersion::V1_2);
+    return name;
 }
 
 } // namespace
@@ -42,11 +44,18 @@ void TzSoapUnknownTypeHandler::populate(const TzXmlName& name, const TzXmlAttrib
 void TzSoapUnknownTypeHandler::begin(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
     if (!TzSoapAccess::hasBody(value_)) {
         element_ = new TzSoapSimpleTypeImp();
-        value_ = TzSoapAccess::handle<TzSoapSimpleType>(element_);
+        value_ = TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(element_));
     }
     element_->TzXmlElementImp::getName() = name;
-    // Its own declarations may bind the prefix of its type.
     TzSoapParseContext& reading = *context();
+    if (const TzXmlAttribute* type = reading.findOnlyType(attributes)) {
+        element_->setTypeAttribute(reading.resolveName(type->getValue()));
+        return;
+    }
+    if (attributes.empty()) {
+        return;
+    }
+    // Its own declarations may bind the prefix of its type.
     reading.getNamespaces().push_back(element_);
     TzSoapUtils::copyAttributes(attributes, *element_, &reading);
     reading.getNamespaces().pop_back();
@@ -60,7 +69,7 @@ void TzSoapUnknownTypeHandler::startElement(const TzXmlName& name,
     const auto composite = TzSoapAccess::handle<TzSoapCompositeType>(body);
     body->takeElement(*element_);
     TzSoapParseContext* reading = context();
-    hand(composite);
+    hand(TzSoapType(composite));
     body->doStart(name, attributes, reading);
 }
 
@@ -72,9 +81,9 @@ void TzSoapUnknownTypeHandler::endElement(const TzXmlName&) {
     }
 }
 
-void TzSoapUnknownTypeHandler::hand(const TzSoapType& value) {
+void TzSoapUnknownTypeHandler::hand(TzSoapType&& value) {
     context()->fileId(value);
-    owner_->addChild(value);
+    owner_->takeChild(std::move(value));
     declineEvents();
 }
 
@@ -93,8 +102,7 @@ TzSoapContentBase::SchemaType TzSoapUnknownTypeHandler::getSchemaType() const {
 
 void TzSoapUnknownTypeHandler::finishSimple() {
     element_->setEncodedString(std::move(text_), getSchemaType());
-    hand(std::exchange(value_,
-                       TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(nullptr))));
+    hand(std::move(value_));
 }
 
 void TzSoapUnknownTypeHandler::finishMisunderstood() {
@@ -102,7 +110,7 @@ void TzSoapUnknownTypeHandler::finishMisunderstood() {
     const auto value = TzSoapAccess::handle<TzSoapMisunderstoodType>(body);
     body->setQualifiedName(misunderstoodName());
     body->takeElement(*element_);
-    hand(value);
+    hand(TzSoapType(value));
 }
 
 TzXmlName TzSoapUnknownTypeHandler::misunderstoodName() const {

@@ -255,18 +255,19 @@ TzSoapArrayTypeImp::Index TzSoapArrayTypeImp::boundsFromSize(const TzCString& si
     return bounds.empty() ? Index{0} : bounds;
 }
 
-void TzSoapArrayTypeImp::addChild(const TzSoapType& child) {
+void TzSoapArrayTypeImp::addChild(const TzSoapType& child) { placeNext(TzSoapType(child)); }
+
+void TzSoapArrayTypeImp::placeNext(TzSoapType&& member) {
     if (!cursorSet_) {
         cursor_ = indexToLinear(offset_, true);
         cursorSet_ = true;
     }
-    place(cursor_, child, context());
+    place(cursor_, std::move(member), context());
     ++cursor_;
 }
 
-void TzSoapArrayTypeImp::place(unsigned int position, const TzSoapType& member,
-                               TzSoapParseContext*) {
-    elementAt(position) = member;
+void TzSoapArrayTypeImp::place(unsigned int position, TzSoapType&& member, TzSoapParseContext*) {
+    elementAt(position) = std::move(member);
 }
 
 void TzSoapArrayTypeImp::doStart(const TzXmlName& childName,

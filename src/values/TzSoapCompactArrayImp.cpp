@@ -283,20 +283,22 @@ void TzSoapCompactArrayImp::settle(unsigned int position, TzSoapParseContext& co
     }
 }
 
-void TzSoapCompactArrayImp::place(unsigned int position, const TzSoapType& member,
+void TzSoapCompactArrayImp::takeChild(TzSoapType&& child) { placeNext(std::move(child)); }
+
+void TzSoapCompactArrayImp::place(unsigned int position, TzSoapType&& member,
                                   TzSoapParseContext* context) {
     if (context != nullptr) {
         settle(position, *context);
     }
     expandIfNeeded(position);
     if (items_.empty() || position == first_ + items_.size()) {
-        append(position, member);
+        append(position, std::move(member));
     } else {
-        slot(position) = member;
+        slot(position) = std::move(member);
     }
 }
 
-void TzSoapCompactArrayImp::append(unsigned int position, const TzSoapType& member) {
+void TzSoapCompactArrayImp::append(unsigned int position, TzSoapType&& member) {
     if (items_.empty()) {
         first_ = position;
     }
@@ -307,5 +309,5 @@ void TzSoapCompactArrayImp::append(unsigned int position, const TzSoapType& memb
         const std::uint64_t stated = base_ + block_ > first_ ? base_ + block_ - first_ : 0;
         items_.reserve(stated > items_.size() ? std::min<std::uint64_t>(more, stated) : more);
     }
-    items_.push_back(TzSoapAccess::handle<TzSoapDefaultType>(&TzSoapAccess::body(member)));
+    items_.push_back(TzSoapAccess::take<TzSoapDefaultType>(member));
 }

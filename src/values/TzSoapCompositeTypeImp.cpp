@@ -27,6 +27,8 @@ TzSoapElementImp* TzSoapCompositeTypeImp::clone() const {
 
 void TzSoapCompositeTypeImp::addChild(const TzSoapType& child) { children_.append(child); }
 
+void TzSoapCompositeTypeImp::takeChild(TzSoapType&& child) { children_.append(std::move(child)); }
+
 void TzSoapCompositeTypeImp::doStart(const TzXmlName& childName,
                                      const TzXmlAttributeSet& childAttributes,
                                      TzSoapParseContext* context) {

@@ -46,8 +46,8 @@ TzSoapSimpleTypeImp::~TzSoapSimpleTypeImp() = default;
 
 TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, TzCString&& value, SchemaType type,
                                          bool typeShouldBeEncoded)
-    : TzSoapTypeImp(std::move(name)), value_(std::move(value)), type_(type),
-      typeShouldBeEncoded_(typeShouldBeEncoded) {}
+    : TzSoapTypeImp(std::move(name)), type_(type), typeShouldBeEncoded_(typeShouldBeEncoded),
+      value_(std::move(value)) {}
 
 TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, const TzCString& value, SchemaType type,
                                          bool typeShouldBeEncoded)

@@ -4,6 +4,7 @@
 
 #include <soap/TzSoapBody.h>
 #include <soap/TzSoapCast.h>
+#include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapFault.h>
 #include <soap/TzSoapHeader.h>
@@ -105,6 +106,44 @@ TEST(TzSoapMessageMime, attachmentsAreFoundInDetailAndArray) {
     TzSoapMessage inHeader;
     inHeader.getSoapHeader().appendHeaderEntry(reference, true);
     EXPECT_TRUE(inHeader.hasAttachments());
+}
+
+TEST(TzSoapMessageMime, attachmentsInWhatIsNotWrittenMakeAPackageAllTheSame) {
+    const TzSoapReferenceType reference(TzXmlName("ref"), part("p1", "x"));
+    const auto textOf = [](const TzSoapType& entry) {
+        TzSoapMessage message;
+        message.getSoapBody().appendEntry(entry);
+        EXPECT_TRUE(message.hasAttachments());
+        return message.asString();
+    };
+    TzSoapCompositeType nil{TzXmlName("nil")};
+    nil.appendChild(reference);
+    nil.setNull(true);
+    EXPECT_EQ(textOf(nil), [&nil] {
+        TzSoapMessage message;
+        message.getSoapBody().appendEntry(nil);
+        return message.asMimeMultipart().asString();
+    }());
+    TzSoapCompactArrayType behindTheOffset(TzXmlName("a"), "ref", 5u, 0u);
+    behindTheOffset(0u) = reference;
+    behindTheOffset(3u) = named("b");
+    behindTheOffset.setOffset(TzCString("[2]"));
+    EXPECT_EQ(textOf(behindTheOffset).rfind("MIME-Version", 0), 0u);
+    TzSoapSparseArrayType counted("ref", 5);
+    counted[1] = named("a");
+    counted[2] = reference;
+    counted.setCountElementsToWrite(1);
+    EXPECT_EQ(textOf(counted).rfind("MIME-Version", 0), 0u);
+}
+
+TEST(TzSoapMessageMime, attachmentsOfValuesReferredToAloneMakeNoPackage) {
+    TzSoapCompositeType target{TzXmlName("target")};
+    target.setIdAttribute("t");
+    target.appendChild(TzSoapReferenceType(TzXmlName("ref"), part("p1", "x")));
+    TzSoapMessage message;
+    message.getSoapBody().appendEntry(TzSoapReferenceType(TzXmlName("to"), target));
+    EXPECT_FALSE(message.hasAttachments());
+    EXPECT_EQ(message.asString().rfind("<env:Envelope", 0), 0u);
 }
 
 TEST(TzSoapMessageMime, thePackageOfAMessageWithoutAttachmentsHoldsItsRootOnly) {

@@ -62,31 +62,29 @@ private:
     std::set<std::size_t, Less> positions_;
 };
 
+TzXmlAttributeSet::List::List() noexcept = default;
+
+// An index speaks of positions in the list it was made for.
+TzXmlAttributeSet::List::List(const List& other) : attributes(other.attributes) {}
+
+TzXmlAttributeSet::List::~List() = default;
+
 TzXmlAttributeSet::TzXmlAttributeSet() noexcept = default;
 
 TzXmlAttributeSet::TzXmlAttributeSet(const TzXmlAttributeSet& other)
-    : attributes_(other.attributes_) {}
+    : list_(other.empty() ? nullptr : std::make_unique<List>(*other.list_)) {}
 
-TzXmlAttributeSet::TzXmlAttributeSet(TzXmlAttributeSet&& other) noexcept
-    : attributes_(std::move(other.attributes_)) {
-    other.forgetIndex();
-}
+TzXmlAttributeSet::TzXmlAttributeSet(TzXmlAttributeSet&& other) noexcept = default;
 
 TzXmlAttributeSet& TzXmlAttributeSet::operator=(const TzXmlAttributeSet& other) {
     if (this != &other) {
-        forgetIndex();
-        attributes_ = other.attributes_;
+        *this = TzXmlAttributeSet(other);
     }
     return *this;
 }
 
 TzXmlAttributeSet& TzXmlAttributeSet::operator=(TzXmlAttributeSet&& other) noexcept {
-    if (this != &other) {
-        forgetIndex();
-        attributes_ = std::move(other.attributes_);
-        other.attributes_.clear();
-        other.forgetIndex();
-    }
+    list_ = std::exchange(other.list_, nullptr);
     return *this;
 }
 
@@ -94,21 +92,22 @@ TzXmlAttributeSet::~TzXmlAttributeSet() = default;
 
 std::size_t TzXmlAttributeSet::search(const TzXmlNamespace& nameSpace,
                                       std::string_view localName) const {
-    if (attributes_.size() >= IndexedFrom && index_ == nullptr) {
-        index_ = std::make_unique<Index>(attributes_);
+    if (size() >= IndexedFrom && list_->index == nullptr) {
+        list_->index = std::make_unique<Index>(list_->attributes);
     }
     return searchAsIs(nameSpace, localName);
 }
 
 std::size_t TzXmlAttributeSet::searchAsIs(const TzXmlNamespace& nameSpace,
                                           std::string_view localName) const {
-    if (index_ != nullptr) {
-        return index_->find({nameSpace.getUri(), localName}, attributes_.size());
+    if (list_ != nullptr && list_->index != nullptr) {
+        return list_->index->find({nameSpace.getUri(), localName}, size());
     }
+    const TzXmlAttribute* const attributes = first();
+    const std::size_t count = size();
     std::size_t i = 0;
-    while (i < attributes_.size() &&
-           (attributes_[i].getName().getLocalName() != localName ||
-            !attributes_[i].getName().getNamespace().sameUri(nameSpace))) {
+    while (i < count && (!attributes[i].getName().getNamespace().sameUri(nameSpace) ||
+                         attributes[i].getName().getLocalName() != localName)) {
         ++i;
     }
     return i;
@@ -119,7 +118,7 @@ TzXmlAttributeSet::iterator TzXmlAttributeSet::search(const TzXmlNamespace& name
     // An index made now would serve this look-up only.
     const std::size_t position = searchAsIs(nameSpace, localName);
     forgetIndex();
-    return attributes_.data() + position;
+    return first() + position;
 }
 
 TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlName& name) {
@@ -127,7 +126,7 @@ TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlName& name) {
 }
 
 TzXmlAttributeSet::const_iterator TzXmlAttributeSet::find(const TzXmlName& name) const {
-    return attributes_.data() + search(name.getNamespace(), name.getLocalName());
+    return first() + search(name.getNamespace(), name.getLocalName());
 }
 
 TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlAttribute& attribute) {
@@ -146,7 +145,7 @@ TzXmlAttributeSet::iterator TzXmlAttributeSet::findDeclaration(std::string_view 
 
 TzXmlAttributeSet::const_iterator
 TzXmlAttributeSet::findDeclaration(std::string_view prefix) const {
-    return attributes_.data() + search(TzXmlNamespace::getXmlns(), prefix);
+    return first() + search(TzXmlNamespace::getXmlns(), prefix);
 }
 
 void TzXmlAttributeSet::add(TzXmlAttribute attribute) {
@@ -154,11 +153,12 @@ void TzXmlAttributeSet::add(TzXmlAttribute attribute) {
     if (name.getLocalName() == "xmlns" && name.getNamespace().isEmpty()) {
         attribute.setName(TzXmlName({}, TzXmlNamespace::getXmlns()));
     }
-    const std::size_t position = std::as_const(*this).search(name.getNamespace(), name.getLocalName());
-    if (position == attributes_.size()) {
+    const std::size_t position =
+        std::as_const(*this).search(name.getNamespace(), name.getLocalName());
+    if (position == size()) {
         append(std::move(attribute));
     } else {
-        attributes_[position] = std::move(attribute);
+        first()[position] = std::move(attribute);
     }
 }
 
@@ -171,18 +171,21 @@ void TzXmlAttributeSet::addDeclaration(const TzXmlNamespace& declared) {
 }
 
 void TzXmlAttributeSet::append(TzXmlAttribute attribute) {
+    if (list_ == nullptr) {
+        list_ = std::make_unique<List>();
+    }
     // Out of the list meanwhile, so that an index that could not take the name is gone.
-    std::unique_ptr<Index> index = std::move(index_);
-    attributes_.push_back(std::move(attribute));
+    std::unique_ptr<Index> index = std::move(list_->index);
+    list_->attributes.push_back(std::move(attribute));
     if (index != nullptr) {
-        index->add(attributes_.size() - 1);
-        index_ = std::move(index);
+        index->add(size() - 1);
+        list_->index = std::move(index);
     }
 }
 
 void TzXmlAttributeSet::erase(iterator position) {
     forgetIndex();
-    attributes_.erase(attributes_.begin() + (position - attributes_.data()));
+    list_->attributes.erase(list_->attributes.begin() + (position - first()));
 }
 
 void TzXmlAttributeSet::erase(const TzXmlName& name) {
@@ -194,7 +197,9 @@ void TzXmlAttributeSet::erase(const TzXmlName& name) {
 
 void TzXmlAttributeSet::clear() noexcept {
     forgetIndex();
-    attributes_.clear();
+    if (list_ != nullptr) {
+        list_->attributes.clear();
+    }
 }
 
-void TzXmlAttributeSet::forgetIndex() noexcept { index_.reset(); }
+void TzXmlAttributeSet::dropIndex() noexcept { list_->index.reset(); }

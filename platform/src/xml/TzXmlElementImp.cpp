@@ -6,15 +6,14 @@
 TzXmlElementImp::TzXmlElementImp() : TzXmlElementImp(TzXmlName()) {}
 
 TzXmlElementImp::TzXmlElementImp(TzXmlName name)
-    : name_(std::move(name)), own_(std::make_unique<TzXmlAttributeSet>()), attributes_(own_.get()) {
-}
+    : name_(std::move(name)), attributes_(new TzXmlAttributeSet()), ownsAttributes_(true) {}
 
 TzXmlElementImp::TzXmlElementImp(const TzXmlElementImp& other)
-    : name_(other.name_), own_(std::make_unique<TzXmlAttributeSet>(*other.attributes_)),
-      attributes_(own_.get()) {}
+    : name_(other.name_), attributes_(new TzXmlAttributeSet(*other.attributes_)),
+      ownsAttributes_(true) {}
 
 TzXmlElementImp::TzXmlElementImp(TzXmlName name, std::nullptr_t) noexcept
-    : name_(std::move(name)), attributes_(nullptr) {}
+    : name_(std::move(name)), attributes_(nullptr), ownsAttributes_(false) {}
 
 TzXmlElementImp& TzXmlElementImp::operator=(const TzXmlElementImp& other) {
     name_ = other.name_;
@@ -22,7 +21,11 @@ TzXmlElementImp& TzXmlElementImp::operator=(const TzXmlElementImp& other) {
     return *this;
 }
 
-TzXmlElementImp::~TzXmlElementImp() = default;
+TzXmlElementImp::~TzXmlElementImp() {
+    if (ownsAttributes_) {
+        delete attributes_;
+    }
+}
 
 void TzXmlElementImp::setName(const TzXmlName& name) { name_ = name; }
 

@@ -1,14 +1,33 @@
 // SPDX-License-Identifier: MIT
 #include <tz/xml/TzXmlName.h>
 
+#include <utility>
+
 TzXmlName::TzXmlName(std::string_view text) {
     const std::size_t colon = text.find(':');
     if (colon == std::string_view::npos) {
-        localName_ = text;
+        *this = TzXmlName(text, TzXmlNamespace());
     } else {
-        localName_ = text.substr(colon + 1);
-        namespace_ = TzXmlNamespace(text.substr(0, colon), {});
+        *this = TzXmlName(text.substr(colon + 1), TzXmlNamespace(text.substr(0, colon), {}));
     }
+}
+
+TzXmlName::TzXmlName(std::string_view localName, TzXmlNamespace nameSpace) {
+    if (!localName.empty() || !nameSpace.isEmpty()) {
+        parts_ = TzSharedRecord(Parts{TzCString(localName), std::move(nameSpace)});
+    }
+}
+
+void TzXmlName::setLocalName(std::string_view localName) {
+    *this = TzXmlName(localName, getNamespace());
+}
+
+void TzXmlName::setPrefix(std::string_view prefix) {
+    *this = TzXmlName(getLocalName(), TzXmlNamespace(prefix, getUri()));
+}
+
+void TzXmlName::setNamespace(const TzXmlNamespace& nameSpace) {
+    *this = TzXmlName(getLocalName(), nameSpace);
 }
 
 TzCString TzXmlName::getQualifiedName() const {
@@ -21,13 +40,13 @@ void TzXmlName::appendQualifiedName(TzCString& text) const {
     const TzCString& prefix = getPrefix();
     text += prefix;
     // The declaration of the default namespace is the one prefixed name without a local part.
-    if (!prefix.empty() && !(localName_.empty() && prefix == "xmlns")) {
+    if (!prefix.empty() && !(getLocalName().empty() && prefix == "xmlns")) {
         text += ':';
     }
-    text += localName_;
+    text += getLocalName();
 }
 
 TzCString TzXmlName::getUniqueName() const {
     const TzCString& uri = getUri();
-    return uri.empty() ? localName_ : uri + ':' + localName_;
+    return uri.empty() ? getLocalName() : uri + ':' + getLocalName();
 }

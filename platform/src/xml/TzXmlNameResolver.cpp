@@ -55,9 +55,9 @@ void TzXmlNameResolver::undo(std::size_t count) noexcept {
 template <typename Spelling, typename Text>
 void TzXmlNameResolver::resolveAnew(TzXmlNameCache<Spelling>& cache, Kind kind,
                                     const Text& spelling, TzXmlName& name, std::uint64_t& stamp) {
-    TzXmlName resolved = spellOut(kind, textOf(spelling));
+    const Parts parts = spellOut(kind, textOf(spelling));
     if (!Spelling::accepts(spelling)) {
-        name = std::move(resolved);
+        name = TzXmlName(parts.localName, parts.nameSpace);
         stamp = 0;
         return;
     }
@@ -65,8 +65,8 @@ void TzXmlNameResolver::resolveAnew(TzXmlNameCache<Spelling>& cache, Kind kind,
     if (!entry->spelling.is(spelling)) {
         entry = &cache.take(spelling);
     }
-    if (entry->stamp == 0 || entry->name.getNamespace() != resolved.getNamespace()) {
-        entry->name = std::move(resolved);
+    if (entry->stamp == 0 || entry->name.getNamespace() != parts.nameSpace) {
+        entry->name = TzXmlName(parts.localName, parts.nameSpace);
         entry->stamp = ++latestStamp_;
     }
     entry->scope = scope_;
@@ -79,7 +79,7 @@ template void TzXmlNameResolver::resolveAnew(TzXmlNameCache<TzXmlSpellingText>&,
 template void TzXmlNameResolver::resolveAnew(TzXmlNameCache<TzXmlSpellingAddress>&, Kind,
                                              const char* const&, TzXmlName&, std::uint64_t&);
 
-TzXmlName TzXmlNameResolver::spellOut(Kind kind, std::string_view spelling) {
+TzXmlNameResolver::Parts TzXmlNameResolver::spellOut(Kind kind, std::string_view spelling) {
     const bool isAttribute = kind == Kind::Attribute;
     if (isAttribute && spelling == "xmlns") {
         return {{}, TzXmlNamespace::getXmlns()};

@@ -55,6 +55,11 @@ private:
         std::uint64_t previousScope;
     };
     enum class Kind { Element, Attribute };
+    /// A name that is not made yet.
+    struct Parts {
+        std::string_view localName;
+        const TzXmlNamespace& nameSpace;
+    };
 
     template <typename Spelling, typename Text>
     void resolve(TzXmlNameCache<Spelling>& cache, Kind kind, const Text& spelling, TzXmlName& name,
@@ -70,7 +75,7 @@ private:
     template <typename Spelling, typename Text>
     void resolveAnew(TzXmlNameCache<Spelling>& cache, Kind kind, const Text& spelling,
                      TzXmlName& name, std::uint64_t& stamp);
-    TzXmlName spellOut(Kind kind, std::string_view spelling);
+    Parts spellOut(Kind kind, std::string_view spelling);
     const TzXmlNamespace& bound(std::string_view prefix);
 
     Bindings bindings_;

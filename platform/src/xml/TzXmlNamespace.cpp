@@ -5,16 +5,9 @@
 
 TzXmlNamespace::TzXmlNamespace(std::string_view prefix, std::string_view uri) {
     if (!prefix.empty() || !uri.empty()) {
-        record_ = new Record{{1}, TzCString(prefix), TzCString(uri)};
+        text_ = TzSharedRecord(Text{TzCString(prefix), TzCString(uri)});
     }
 }
-
-const TzXmlNamespace::Record& TzXmlNamespace::emptyRecord() noexcept {
-    static const Record record;
-    return record;
-}
-
-void TzXmlNamespace::destroy(Record* record) noexcept { delete record; }
 
 void TzXmlNamespace::setPrefix(std::string_view prefix) {
     *this = TzXmlNamespace(prefix, getUri());

@@ -77,6 +77,21 @@ TEST(TzXmlName, TakesChanges) {
     EXPECT_EQ(name.getQualifiedName(), "r:other");
 }
 
+TEST(TzXmlName, ChangesLeaveCopiesAlone) {
+    const TzXmlName original("a", TzXmlNamespace("p", "urn:u"));
+    TzXmlName changed = original;
+    EXPECT_TRUE(changed.isSame(original));
+    changed.setLocalName("b");
+    EXPECT_FALSE(changed.isSame(original));
+    changed.setPrefix("q");
+    changed.setNamespace(TzXmlNamespace("r", "urn:r"));
+    EXPECT_EQ(original.getQualifiedName(), "p:a");
+    EXPECT_EQ(original.getUri(), "urn:u");
+    EXPECT_EQ(changed.getUniqueName(), "urn:r:b");
+    EXPECT_FALSE(original.isSame(TzXmlName("a", TzXmlNamespace("p", "urn:u"))));
+    EXPECT_TRUE(TzXmlName().isSame(TzXmlName("")));
+}
+
 TEST(TzXmlName, EqualityIgnoresThePrefix) {
     EXPECT_EQ(named("p", "urn:a", "x"), named("q", "urn:a", "x"));
     EXPECT_NE(named("p", "urn:a", "x"), named("p", "urn:b", "x"));
@@ -126,9 +141,10 @@ TEST(TzXmlName, WritesItsUniqueName) {
     EXPECT_EQ(TzXmlName().getUniqueName(), "");
 }
 
-TEST(TzXmlName, CopiesOfShortNamesAllocateNothing) {
+TEST(TzXmlName, CopiesAllocateNothing) {
     const TzXmlName name =
-        named("p", "http://example.org/a/uri/of/some/length/of/its/own", "local");
+        named("p", "http://example.org/a/uri/of/some/length/of/its/own",
+              "a local part of more than fifteen characters");
     const std::size_t made = madeAllocations();
     const TzXmlName copy(name);
     EXPECT_EQ(madeAllocations(), made);

@@ -14,10 +14,11 @@
 /// The ordered list of an element's attributes, namespace declarations among them.
 ///
 /// Names are unique within a list. Look-ups are O(size) below 32 entries and O(log size) from there
-/// on by an index made at the first look-up, so a hostile element cannot make work quadratic. Positions
-/// are plain pointers, valid until the next change; handing out one through which attributes can be
-/// renamed drops the index, so such a look-up is O(size) without one. Renaming through a position that
-/// is older than the last look-up goes unnoticed. Not locked: one list is used by one thread at a time.
+/// on by an index made at the first look-up, so a hostile element cannot make work quadratic.
+/// Positions are plain pointers, valid until the next change; handing out one through which
+/// attributes can be renamed drops the index, so such a look-up is O(size) without one. Renaming
+/// through a position that is older than the last look-up goes unnoticed. Not locked: one list is
+/// used by one thread at a time.
 class TZ_PLATFORM_API TzXmlAttributeSet {
 public:
     /// Position of an attribute that may be changed in place.
@@ -36,18 +37,18 @@ public:
     /// Position of the first attribute.
     iterator begin() noexcept {
         forgetIndex();
-        return attributes_.data();
+        return first();
     }
     /// Position of the first attribute.
-    const_iterator begin() const noexcept { return attributes_.data(); }
+    const_iterator begin() const noexcept { return first(); }
     /// Position behind the last attribute.
-    iterator end() noexcept { return attributes_.data() + attributes_.size(); }
+    iterator end() noexcept { return first() + size(); }
     /// Position behind the last attribute.
-    const_iterator end() const noexcept { return attributes_.data() + attributes_.size(); }
+    const_iterator end() const noexcept { return first() + size(); }
     /// Number of attributes.
-    std::size_t size() const noexcept { return attributes_.size(); }
+    std::size_t size() const noexcept { return list_ != nullptr ? list_->attributes.size() : 0; }
     /// Whether there is no attribute.
-    bool empty() const noexcept { return attributes_.empty(); }
+    bool empty() const noexcept { return size() == 0; }
 
     /// Position of the attribute of that name (URI and local part), `end()` if there is none.
     iterator find(const TzXmlName& name);
@@ -80,12 +81,29 @@ public:
 
 private:
     class Index;
+    /// What a list that is not empty has: most elements have no attributes.
+    struct List {
+        std::vector<TzXmlAttribute> attributes;
+        std::unique_ptr<Index> index;
 
+        List() noexcept;
+        explicit List(const List& other);
+        List& operator=(const List&) = delete;
+        ~List();
+    };
+
+    TzXmlAttribute* first() const noexcept {
+        return list_ != nullptr ? list_->attributes.data() : nullptr;
+    }
     std::size_t search(const TzXmlNamespace& nameSpace, std::string_view localName) const;
     iterator search(const TzXmlNamespace& nameSpace, std::string_view localName);
     std::size_t searchAsIs(const TzXmlNamespace& nameSpace, std::string_view localName) const;
-    void forgetIndex() noexcept;
+    void forgetIndex() noexcept {
+        if (list_ != nullptr && list_->index != nullptr) {
+            dropIndex();
+        }
+    }
+    void dropIndex() noexcept;
 
-    std::vector<TzXmlAttribute> attributes_;
-    mutable std::unique_ptr<Index> index_;
+    std::unique_ptr<List> list_;
 };

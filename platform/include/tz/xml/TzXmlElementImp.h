@@ -7,7 +7,6 @@
 #include <tz/xml/TzXmlName.h>
 
 #include <cstddef>
-#include <memory>
 
 /// An element: a name and a list of attributes, namespace declarations among them.
 ///
@@ -93,6 +92,8 @@ public:
     virtual TzXmlAttributeSet& getAttributes();
     /// The attribute list.
     virtual const TzXmlAttributeSet& getAttributes() const;
+    /// Whether there is no attribute. Not virtual, for it is asked most often.
+    bool isBare() const noexcept { return attributes_->empty(); }
 
 protected:
     /// An element whose attribute list the derived class holds: it must call `useAttributes` in its
@@ -107,6 +108,6 @@ protected:
 
 private:
     TzXmlName name_;
-    std::unique_ptr<TzXmlAttributeSet> own_; // empty where a derived class holds the list
     TzXmlAttributeSet* attributes_;
+    bool ownsAttributes_; // not where a derived class holds the list
 };

@@ -2,16 +2,18 @@
 #pragma once
 
 #include <tz/TzPlatformExport.h>
+#include <tz/pointer/TzSharedRecord.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlNamespace.h>
 
 #include <string_view>
-#include <utility>
 
 /// A qualified name of XML: a local part and a namespace.
 ///
-/// Equality and order look at URI and local part; the prefix is only how texts spell it. A value
-/// type: one object belongs to one thread at a time.
+/// Equality and order look at URI and local part; the prefix is only how texts spell it. Holds one
+/// pointer to a shared, immutable record: copying costs one counter, the empty name nothing. One
+/// object belongs to one thread at a time; objects that share a record may live on different
+/// threads. Changing one object never changes another.
 class TZ_PLATFORM_API TzXmlName {
 public:
     /// The empty name.
@@ -23,25 +25,27 @@ public:
     /// The name spelt `text`: prefix and local part split at the first ':', no URI.
     TzXmlName(const char* text) : TzXmlName(std::string_view(text)) {}
     /// The name `localName` in the namespace `nameSpace`.
-    TzXmlName(std::string_view localName, TzXmlNamespace nameSpace)
-        : localName_(localName), namespace_(std::move(nameSpace)) {}
+    TzXmlName(std::string_view localName, TzXmlNamespace nameSpace);
 
     /// The local part, "" for the empty name.
-    const TzCString& getLocalName() const noexcept { return localName_; }
+    const TzCString& getLocalName() const noexcept { return parts_->localName; }
     /// The prefix, "" for none.
-    const TzCString& getPrefix() const noexcept { return namespace_.getPrefix(); }
+    const TzCString& getPrefix() const noexcept { return parts_->nameSpace.getPrefix(); }
     /// The namespace's URI, "" for none.
-    const TzCString& getUri() const noexcept { return namespace_.getUri(); }
+    const TzCString& getUri() const noexcept { return parts_->nameSpace.getUri(); }
     /// The namespace.
-    const TzXmlNamespace& getNamespace() const noexcept { return namespace_; }
+    const TzXmlNamespace& getNamespace() const noexcept { return parts_->nameSpace; }
     /// Replaces the local part.
-    void setLocalName(std::string_view localName) { localName_ = localName; }
+    void setLocalName(std::string_view localName);
     /// Replaces the prefix, local part and URI stay.
-    void setPrefix(std::string_view prefix) { namespace_.setPrefix(prefix); }
+    void setPrefix(std::string_view prefix);
     /// Replaces prefix and URI, the local part stays.
-    void setNamespace(const TzXmlNamespace& nameSpace) { namespace_ = nameSpace; }
+    void setNamespace(const TzXmlNamespace& nameSpace);
     /// Whether there is no local part.
-    bool isEmpty() const noexcept { return localName_.empty(); }
+    bool isEmpty() const noexcept { return getLocalName().empty(); }
+
+    /// Whether both share a record: equal, prefixes included. Equal names need not share one.
+    bool isSame(const TzXmlName& other) const noexcept { return parts_.isSame(other.parts_); }
 
     /// Prefix, ":" and local part; the local part alone without prefix; "xmlns" for the declaration
     /// of the default namespace.
@@ -55,15 +59,21 @@ public:
 
     /// URI and local part equal, prefixes not compared.
     friend bool operator==(const TzXmlName& left, const TzXmlName& right) noexcept {
-        return left.localName_ == right.localName_ && left.namespace_.sameUri(right.namespace_);
+        return left.parts_.isSame(right.parts_) ||
+               (left.getLocalName() == right.getLocalName() &&
+                left.getNamespace().sameUri(right.getNamespace()));
     }
     /// Order by URI, then by local part, byte by byte.
     friend bool operator<(const TzXmlName& left, const TzXmlName& right) noexcept {
         const int order = left.getUri().compare(right.getUri());
-        return order < 0 || (order == 0 && left.localName_ < right.localName_);
+        return order < 0 || (order == 0 && left.getLocalName() < right.getLocalName());
     }
 
 private:
-    TzCString localName_;
-    TzXmlNamespace namespace_;
+    struct Parts {
+        TzCString localName;
+        TzXmlNamespace nameSpace;
+    };
+
+    TzSharedRecord<Parts> parts_;
 };

@@ -2,14 +2,10 @@
 #pragma once
 
 #include <tz/TzPlatformExport.h>
+#include <tz/pointer/TzSharedRecord.h>
 #include <tz/tools/TzCString.h>
 
-#include <sys/single_threaded.h>
-
-#include <atomic>
-#include <cstddef>
 #include <string_view>
-#include <utility>
 
 /// A namespace of XML: a prefix and a URI.
 ///
@@ -22,25 +18,11 @@ public:
     TzXmlNamespace() noexcept = default;
     /// The namespace `uri`, named `prefix` in texts.
     TzXmlNamespace(std::string_view prefix, std::string_view uri);
-    TzXmlNamespace(const TzXmlNamespace& other) noexcept : record_(other.record_) { retain(); }
-    TzXmlNamespace(TzXmlNamespace&& other) noexcept
-        : record_(std::exchange(other.record_, nullptr)) {}
-    TzXmlNamespace& operator=(const TzXmlNamespace& other) noexcept {
-        if (record_ != other.record_) {
-            TzXmlNamespace(other).swap(*this);
-        }
-        return *this;
-    }
-    TzXmlNamespace& operator=(TzXmlNamespace&& other) noexcept {
-        swap(other);
-        return *this;
-    }
-    ~TzXmlNamespace() { release(); }
 
     /// The prefix, "" for none; valid until this object changes.
-    const TzCString& getPrefix() const noexcept { return record().prefix; }
+    const TzCString& getPrefix() const noexcept { return text_->prefix; }
     /// The URI, "" for none; valid until this object changes.
-    const TzCString& getUri() const noexcept { return record().uri; }
+    const TzCString& getUri() const noexcept { return text_->uri; }
     /// Replaces the prefix, the URI stays.
     void setPrefix(std::string_view prefix);
     /// Replaces the URI, the prefix stays.
@@ -49,7 +31,7 @@ public:
     bool isEmpty() const noexcept;
     /// Whether both have the same URI, prefixes not compared. O(1) when they share a record.
     bool sameUri(const TzXmlNamespace& other) const noexcept {
-        return record_ == other.record_ || getUri() == other.getUri();
+        return text_.isSame(other.text_) || getUri() == other.getUri();
     }
 
     /// The namespace without prefix and URI.
@@ -67,44 +49,15 @@ public:
 
     /// Prefix and URI both equal.
     friend bool operator==(const TzXmlNamespace& left, const TzXmlNamespace& right) noexcept {
-        return left.record_ == right.record_ ||
+        return left.text_.isSame(right.text_) ||
                (left.getUri() == right.getUri() && left.getPrefix() == right.getPrefix());
     }
 
 private:
-    struct TZ_PLATFORM_API Record {
-        std::atomic<std::ptrdiff_t> references{1};
+    struct Text {
         TzCString prefix;
         TzCString uri;
     };
 
-    static const Record& emptyRecord() noexcept;
-    static void destroy(Record* record) noexcept;
-
-    const Record& record() const noexcept {
-        return record_ != nullptr ? *record_ : emptyRecord();
-    }
-    void retain() const noexcept {
-        if (record_ != nullptr) {
-            count(1);
-        }
-    }
-    void release() const noexcept {
-        if (record_ != nullptr && count(-1) == 1) {
-            destroy(record_);
-        }
-    }
-    // Changes the count and returns what it was. Without a second thread it needs no locked instruction.
-    std::ptrdiff_t count(std::ptrdiff_t change) const noexcept {
-        std::atomic<std::ptrdiff_t>& references = record_->references;
-        if (__libc_single_threaded != 0) {
-            const std::ptrdiff_t before = references.load(std::memory_order_relaxed);
-            references.store(before + change, std::memory_order_relaxed);
-            return before;
-        }
-        return references.fetch_add(change, std::memory_order_acq_rel);
-    }
-    void swap(TzXmlNamespace& other) noexcept { std::swap(record_, other.record_); }
-
-    Record* record_ = nullptr;
+    TzSharedRecord<Text> text_;
 };
