@@ -62,8 +62,11 @@ public:
     void pushEncodingStyle(const TzCString& style);
     /// The open elements, to push and pop.
     Namespaces& getNamespaces() noexcept { return namespaces_; }
-    /// The references, to insert. Whoever inserts also calls `keep`.
-    References& getReferences() noexcept { return references_; }
+    /// The references, to insert. Whoever inserts also calls `keep`. O(references added since the
+    /// last call * log).
+    References& getReferences();
+    /// Files a reference, as an insertion into `getReferences` does, and keeps it. Amortized O(1).
+    void addReference(const TzCString& href, TzSoapReferenceTypeImp& reference);
     /// The values with ids, to insert.
     IdEntries& getIdEntries() noexcept { return idEntries_; }
     /// Keeps `value` alive until the reading ends, whatever becomes of its place in the message.
@@ -157,16 +160,18 @@ private:
     bool isType(const TzXmlName& name);
     const TzCString& uriForPrefix(std::string_view prefix) const;
     const TzXmlNamespace& sharedNamespace(std::string_view prefix, std::string_view uri);
-    const TzSoapType* findTarget(std::string_view href) const;
-    bool resolve(std::string_view href, TzSoapReferenceTypeImp& reference);
+    const TzSoapType* findTarget(std::string_view href);
+    bool resolve(const TzCString& href, TzSoapReferenceTypeImp& reference);
+    void resolveOrRemember(const References::value_type& entry);
     void refer(TzSoapReferenceTypeImp& reference, const TzSoapType& target);
     void resolveEarlierReferences();
-    void forgetId(std::string_view href);
+    void forgetId(const TzCString& id);
 
     TzXmlSAXParser* parser_ = nullptr;
     EncodingStyles encodingStyles_;
     Namespaces namespaces_;
     References references_;
+    std::vector<References::value_type> addedReferences_; // not in the ordered collection yet
     IdEntries idEntries_;
     TzMimeMultipart mimeMultipart_;
     TzSoapMessageImp* soapMessageImp_ = nullptr;

@@ -122,13 +122,28 @@ bool TzSoapParseContext::isType(const TzXmlName& name) {
     return true;
 }
 
-const TzSoapType* TzSoapParseContext::findTarget(std::string_view href) const {
-    const TzCString id(idOf(href));
-    if (const auto found = idEntries_.find(id); found != idEntries_.end()) {
-        return &found->second;
+TzSoapParseContext::References& TzSoapParseContext::getReferences() {
+    for (References::value_type& added : addedReferences_) {
+        references_.insert(std::move(added));
     }
-    const auto found = forgotten_.find(id);
-    return found == forgotten_.end() ? nullptr : &found->second;
+    addedReferences_.clear();
+    return references_;
+}
+
+void TzSoapParseContext::addReference(const TzCString& href, TzSoapReferenceTypeImp& reference) {
+    keep(TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(&reference)));
+    addedReferences_.emplace_back(href, &reference);
+}
+
+const TzSoapType* TzSoapParseContext::findTarget(std::string_view href) {
+    const TzCString id(idOf(href));
+    if (const auto named = forgotten_.find(id); named != forgotten_.end()) {
+        return &named->second;
+    }
+    const auto filed = idEntries_.find(id);
+    return filed == idEntries_.end()
+               ? nullptr
+               : &forgotten_.insert(idEntries_.extract(filed)).position->second;
 }
 
 void TzSoapParseContext::refer(TzSoapReferenceTypeImp& reference, const TzSoapType& target) {
@@ -136,7 +151,7 @@ void TzSoapParseContext::refer(TzSoapReferenceTypeImp& reference, const TzSoapTy
     reference.setReference(target);
 }
 
-bool TzSoapParseContext::resolve(std::string_view href, TzSoapReferenceTypeImp& reference) {
+bool TzSoapParseContext::resolve(const TzCString& href, TzSoapReferenceTypeImp& reference) {
     if (reference.isSoapReference()) {
         const TzSoapType* target = findTarget(href);
         if (target == nullptr) {
@@ -148,6 +163,7 @@ bool TzSoapParseContext::resolve(std::string_view href, TzSoapReferenceTypeImp& 
     if (const auto part = tzSoapFindMimePart(mimeMultipart_, href)) {
         reference.setReference(*part);
     }
+    forgetId(href);
     return true; // the package does not change: there is nothing to try again later
 }
 
@@ -162,29 +178,33 @@ void TzSoapParseContext::resolveEarlierReferences() {
             refer(*waiting->second, *target);
         }
         unresolved_.erase(first, last);
-        forgetId(id);
     }
     newIds_.clear();
 }
 
-void TzSoapParseContext::forgetId(std::string_view href) {
-    const auto named = idEntries_.find(TzCString(idOf(href)));
+void TzSoapParseContext::forgetId(const TzCString& id) {
+    const auto named = idEntries_.find(id);
     if (named != idEntries_.end()) {
         forgotten_.insert(idEntries_.extract(named));
     }
 }
 
+void TzSoapParseContext::resolveOrRemember(const References::value_type& entry) {
+    if (!resolve(entry.first, *entry.second)) {
+        unresolved_.emplace(idOf(entry.first), entry.second);
+    }
+}
+
 void TzSoapParseContext::resolveAndClearIdReferences() {
     resolveEarlierReferences();
-    for (const auto& [href, reference] : references_) {
-        if (!resolve(href, *reference)) {
-            unresolved_.emplace(idOf(href), reference);
-        }
+    for (const References::value_type& entry : references_) {
+        resolveOrRemember(entry);
     }
-    for (const auto& entry : references_) {
-        forgetId(entry.first);
+    for (const References::value_type& entry : addedReferences_) {
+        resolveOrRemember(entry);
     }
     references_.clear();
+    addedReferences_.clear();
 }
 
 std::vector<TzSoapReferenceToSoapTypeImp*> TzSoapParseContext::findRingClosers() const {
@@ -225,6 +245,7 @@ void TzSoapParseContext::clear() {
     sharedNamespaces_.clear();
     recentNames_.fill({});
     // What one text needed much of is not kept for the next.
+    decltype(addedReferences_)().swap(addedReferences_);
     decltype(newIds_)().swap(newIds_);
     decltype(resolved_)().swap(resolved_);
     decltype(kept_)().swap(kept_);

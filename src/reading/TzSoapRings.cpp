@@ -15,6 +15,18 @@
 
 namespace {
 
+/// Only what holds or refers to values can be part of a ring.
+bool canBeInRing(const TzSoapTypeImp& value) {
+    switch (value.getSoapTypeId()) {
+    case TzSoapContentBase::Composite:
+    case TzSoapContentBase::Array:
+    case TzSoapContentBase::Reference:
+        return true;
+    default:
+        return false;
+    }
+}
+
 /// Divides values into groups whose members all lead to each other, through what they hold and what
 /// they refer to: Tarjan's walk in depth, with a stack of its own.
 class GroupFinder {
@@ -127,17 +139,10 @@ private:
         }
     }
 
-    /// Only what holds or refers to values can be part of a ring.
     void wait(const TzSoapType& value, std::size_t number) {
         TzSoapTypeImp& body = TzSoapAccess::body(value);
-        switch (body.getSoapTypeId()) {
-        case TzSoapContentBase::Composite:
-        case TzSoapContentBase::Array:
-        case TzSoapContentBase::Reference:
+        if (canBeInRing(body)) {
             steps_.push_back({&body, number, false});
-            return;
-        default:
-            return;
         }
     }
 
@@ -147,16 +152,37 @@ private:
     std::vector<Step> steps_;
 };
 
+/// Whether a value may lead to another one, told from its members alone: most targets are structs
+/// of simple values.
+bool mayLead(const TzSoapTypeImp& value) {
+    // Asked for each reference: many of them may point at one large value.
+    constexpr unsigned int FewChildren = 16;
+    if (value.getSoapTypeId() != TzSoapContentBase::Composite) {
+        return canBeInRing(value);
+    }
+    const auto& composite = static_cast<const TzSoapCompositeTypeImp&>(value);
+    return composite.childCount() > FewChildren ||
+           std::any_of(
+               composite.childrenBegin(), composite.childrenEnd(),
+               [](const TzSoapType& child) { return canBeInRing(TzSoapAccess::body(child)); });
+}
+
 } // namespace
 
 std::vector<TzSoapReferenceToSoapTypeImp*>
 tzSoapFindRingClosers(const std::vector<TzSoapReferenceToSoapTypeImp*>& resolved) {
     GroupFinder groups;
+    std::vector<TzSoapReferenceToSoapTypeImp*> candidates;
     for (TzSoapReferenceToSoapTypeImp* reference : resolved) {
+        if (mayLead(TzSoapAccess::body(reference->getSoapReference()))) {
+            candidates.push_back(reference);
+        }
+    }
+    for (TzSoapReferenceToSoapTypeImp* reference : candidates) {
         groups.walkFrom(*reference);
     }
     std::vector<TzSoapReferenceToSoapTypeImp*> closers;
-    for (TzSoapReferenceToSoapTypeImp* reference : resolved) {
+    for (TzSoapReferenceToSoapTypeImp* reference : candidates) {
         if (groups.closesRing(*reference)) {
             closers.push_back(reference);
         }

@@ -12,6 +12,14 @@
 
 #include <utility>
 
+namespace {
+
+bool isOneOf(const TzXmlName& name, const TzXmlName& one, const TzXmlName& other) {
+    return name == one || name == other;
+}
+
+} // namespace
+
 TzSoapReferenceTypeImp::TzSoapReferenceTypeImp() = default;
 
 TzSoapReferenceTypeImp::TzSoapReferenceTypeImp(TzXmlName name) : TzSoapTypeImp(std::move(name)) {}
@@ -45,13 +53,21 @@ TzMimePart& TzSoapReferenceTypeImp::getMimeReference() {
 }
 
 void TzSoapReferenceTypeImp::accept(const TzCString& text, TzSoapVersion::SoapAttribute attribute) {
+    const TzSoapVersion& latest = TzSoapVersion::getLatestSoapVersion();
+    const TzXmlName& ref = latest.getSoapAttributeQName(TzSoapVersion::Ref);
+    const TzXmlName& href = latest.getSoapAttributeQName(TzSoapVersion::Href);
     // Prepared first: from here on nothing can fail half-way.
-    TzSoapAttributeSet attributes = getAttributeSet();
-    const TzSoapVersion::Version latest = TzSoapVersion::getLatestVersion();
-    attributes.erase(TzSoapVersion::getSoapAttributeName(TzSoapVersion::Ref, latest));
-    attributes.erase(TzSoapVersion::getSoapAttributeName(TzSoapVersion::Href, latest));
-    attributes.add(TzSoapVersion::getSoapAttributeName(attribute, latest), text);
-    getAttributeSet() = std::move(attributes);
+    TzXmlAttribute made(latest.getSoapAttributeQName(attribute), text);
+    TzSoapAttributeSet& attributes = getAttributeSet();
+    if (attributes.size() == 1 && isOneOf(attributes.begin()->getName(), ref, href)) {
+        *attributes.begin() = std::move(made); // what most references are
+    } else {
+        TzSoapAttributeSet changed = attributes;
+        changed.erase(ref);
+        changed.erase(href);
+        changed.add(std::move(made));
+        attributes = std::move(changed);
+    }
     hasReference_ = true;
 }
 
@@ -67,8 +83,7 @@ void TzSoapReferenceTypeImp::populate(const TzXmlName& name, const TzXmlAttribut
     const auto* text = getAttributeSet().find(TzSoapVersion::getSoapAttributeName(
         isSoapReference() ? TzSoapVersion::Ref : TzSoapVersion::Href, context->getVersion()));
     if (text != getAttributeSet().end()) {
-        context->keep(handle);
-        context->getReferences().emplace(text->getValue(), this);
+        context->addReference(text->getValue(), *this);
     }
     open(*this, context, nullptr);
 }
