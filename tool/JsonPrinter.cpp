@@ -4,14 +4,7 @@
 #include "PartFacts.h"
 
 #include <algorithm>
-
-namespace {
-
-bool isDeclaration(const TzXmlAttribute& attribute) {
-    return attribute.getName().getNamespace() == TzXmlNamespace::getXmlns();
-}
-
-} // namespace
+#include <functional>
 
 void JsonPrinter::writeText(std::string_view key, std::string_view text) {
     if (!text.empty()) {
@@ -107,13 +100,14 @@ void JsonPrinter::writeFault(const FaultFacts& fault) {
 }
 
 void JsonPrinter::writeNamespaces(const Element& element) {
-    if (std::none_of(element.attributes.begin(), element.attributes.end(), isDeclaration)) {
+    if (std::none_of(element.attributes.begin(), element.attributes.end(),
+                     std::mem_fn(&TzXmlAttribute::isNamespaceDeclaration))) {
         return;
     }
     json_.key("namespaces");
     json_.beginObject();
     for (const TzXmlAttribute& attribute : element.attributes) {
-        if (isDeclaration(attribute)) {
+        if (attribute.isNamespaceDeclaration()) {
             json_.key(attribute.getName().getLocalName());
             json_.text(attribute.getValue());
         }
@@ -122,13 +116,14 @@ void JsonPrinter::writeNamespaces(const Element& element) {
 }
 
 void JsonPrinter::writeAttributes(const Element& element) {
-    if (std::all_of(element.attributes.begin(), element.attributes.end(), isDeclaration)) {
+    if (std::all_of(element.attributes.begin(), element.attributes.end(),
+                    std::mem_fn(&TzXmlAttribute::isNamespaceDeclaration))) {
         return;
     }
     json_.key("attributes");
     json_.beginArray();
     for (const TzXmlAttribute& attribute : element.attributes) {
-        if (!isDeclaration(attribute)) {
+        if (!attribute.isNamespaceDeclaration()) {
             json_.beginObject();
             writeNameMembers(attribute.getName());
             json_.key("value");

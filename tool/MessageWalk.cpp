@@ -3,6 +3,7 @@
 
 #include "PartFacts.h"
 
+#include <soap/TzSoapArrayTypeImp.h>
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapFault.h>
@@ -61,7 +62,7 @@ std::string referenceText(const TzSoapReferenceType& value) {
 std::vector<unsigned int> filledPositions(const TzSoapCompactArrayType& array) {
     std::vector<unsigned int> filled;
     for (unsigned int position = 0; position < array.entries(); ++position) {
-        if (array(position).getSoapTypeId() != TzSoapContentBase::Generic) {
+        if (!TzSoapArrayTypeImp::isPlaceholder(array(position))) {
             filled.push_back(position);
         }
     }

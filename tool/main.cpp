@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Convert.h"
 #include "Echo.h"
 #include "Pack.h"
 #include "Report.h"
@@ -19,6 +20,7 @@ int main(int argc, char** argv) {
     int status = Done;
     addShow(app, status);
     addEcho(app, status);
+    addConvert(app, status);
     addUnpack(app, status);
     addPack(app, status);
 

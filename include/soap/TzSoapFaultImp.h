@@ -43,6 +43,8 @@ public:
     void setVersion(TzSoapVersion::Version version);
     /// The fault element's name.
     const TzXmlName& getName() const noexcept { return name_; }
+    /// Sets the prefix of the fault element's name.
+    void setSoapPrefix(const TzCString& prefix) { name_.setPrefix(prefix); }
 
     /// The code, the empty name when not set.
     const TzXmlName& getCode() const noexcept { return code_; }

@@ -20,7 +20,7 @@ TEST(Tool, HelpsAndNamesItsVersion) {
     EXPECT_TRUE(version.out.starts_with("tzsoap ")) << version.out;
     const ToolRun help = here.run({"--help"});
     EXPECT_EQ(help.status, 0);
-    for (const std::string command : {"show", "echo", "pack", "unpack"}) {
+    for (const std::string command : {"show", "echo", "convert", "pack", "unpack"}) {
         EXPECT_NE(help.out.find("\n  " + command + " "), std::string::npos) << help.out;
         EXPECT_EQ(here.run({command, "--help"}).status, 0);
     }

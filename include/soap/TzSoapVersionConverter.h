@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapExport.h>
+#include <soap/TzSoapVersion.h>
+#include <tz/tools/TzCString.h>
+
+#include <vector>
+
+class TzSoapMessage;
+
+/// Rewrites messages for the other version of SOAP.
+///
+/// A plain value without state beyond the version; threads as for the message that is rewritten.
+class TZSOAP_API TzSoapVersionConverter {
+public:
+    /// A converter to `version`; `TzXmlError` UNKNOWN_VERSION for a value that is no version.
+    explicit TzSoapVersionConverter(TzSoapVersion::Version version);
+
+    /// The version that messages are rewritten for.
+    TzSoapVersion::Version getVersion() const noexcept { return version_; }
+    /// Makes `message` one of the version and returns what could not be carried over, in the order
+    /// of the message, a text for each; nothing happens to a message of that version. Beyond what
+    /// `TzSoapMessage::setVersion` does, in all values, those that references refer to included:
+    ///
+    /// - names, types, declarations and attributes in the envelope and the encoding namespace move
+    /// to
+    ///   those of the version under the prefixes they have;
+    /// - encoding styles that are SOAP's become that of the version, and those of envelope, header
+    ///   and body are stated by the entries instead;
+    /// - roles that SOAP defines, positions of items and the form of arrays take the version's
+    /// form;
+    /// - fault codes become those of the version; subcodes become the code's qualifiers or the
+    /// other
+    ///   way round.
+    ///
+    /// The package that the message was read from is left alone. O(content).
+    std::vector<TzCString> convert(TzSoapMessage& message) const;
+
+private:
+    TzSoapVersion::Version version_;
+};

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapVersion.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlNamespace.h>
+
+#include <optional>
+
+/// What names, roles and styles of one version are called in another one.
+class TzSoapVersionTerms {
+public:
+    /// What a role is called.
+    struct Role {
+        TzCString uri;
+        bool known; ///< Whether the target has it; otherwise it keeps its URI.
+    };
+
+    /// From `source` to `target`.
+    TzSoapVersionTerms(const TzSoapVersion& source, const TzSoapVersion& target)
+        : source_(source), target_(target) {}
+
+    const TzSoapVersion& source() const noexcept { return source_; }
+    const TzSoapVersion& target() const noexcept { return target_; }
+
+    /// The target's namespace in place of `nameSpace`, under its prefix; empty when `nameSpace` is
+    /// neither the source's envelope nor its encoding namespace.
+    std::optional<TzXmlNamespace> nameSpace(const TzXmlNamespace& nameSpace) const;
+    /// Whether `nameSpace` is one that SOAP defines and that the target has nothing like.
+    bool isLost(const TzXmlNamespace& nameSpace) const;
+    /// An encodingStyle text with the target's style in place of the source's.
+    TzCString encodingStyle(const TzCString& text) const;
+    /// Whether `text` is the target's encoding style and nothing else.
+    bool isOwnStyle(const TzCString& text) const { return text == target_.getSoapEncodingStyle(); }
+    /// The role `uri`; "" stands for the ultimate receiver, which need not be stated.
+    Role role(const TzCString& uri) const;
+    /// An index of an array as the target writes it; a text that is none stays.
+    TzCString index(const TzCString& text) const;
+    /// Whether item types of arrays are names only, without the shape of inner arrays.
+    bool itemTypeIsName() const;
+    /// Whether a fault has subcodes; otherwise qualifiers stand in its code.
+    bool hasSubcodes() const { return isNamed(TzSoapVersion::FaultSubcode); }
+    /// Whether a fault has a role.
+    bool hasFaultRole() const { return isNamed(TzSoapVersion::FaultRole); }
+    /// Whether a header can hold reports of entries that were not understood.
+    bool hasMisunderstood() const { return isNamed(TzSoapVersion::Misunderstood); }
+    /// Whether the target has the fault code.
+    bool hasFaultCode(TzSoapVersion::SoapFaultCode code) const;
+
+private:
+    bool isNamed(TzSoapVersion::SoapElement element) const;
+
+    const TzSoapVersion& source_;
+    const TzSoapVersion& target_;
+};

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "Convert.h"
+
+#include "Escape.h"
+#include "Files.h"
+#include "Input.h"
+#include "Report.h"
+
+#include <soap/TzSoapMessage.h>
+#include <soap/TzSoapVersionConverter.h>
+#include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeContentLocationHeader.h>
+#include <tz/mime/TzMimeMultipart.h>
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace {
+
+struct Options {
+    Input input;
+    TzSoapVersion::Version version{};
+    std::string output = files::Standard;
+};
+
+const std::map<std::string, TzSoapVersion::Version>& versions() {
+    static const std::map<std::string, TzSoapVersion::Version> known = {
+        {"1.1", TzSoapVersion::V1_1}, {"1.2", TzSoapVersion::V1_2}};
+    return known;
+}
+
+/// Whether `package` has a part that is known by the same id or location.
+bool holds(const TzMimeMultipart& package, const TzMimePart& part) {
+    for (const char* const label :
+         {TzMimeContentIdHeader::Label, TzMimeContentLocationHeader::Label}) {
+        const std::size_t header = part.findHeader(label);
+        if (header != TzMimePart::NotFound &&
+            package.findPart(part.getHeader(header)) != TzMimePart::NotFound) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// The text of the message, with those parts of its package that no reference refers to as well.
+std::string textOf(const TzSoapMessage& message) {
+    const TzMimeMultipart& received = message.getMimeMultipart();
+    if (!received.hasParts()) {
+        return message.asString();
+    }
+    TzMimeMultipart package = message.asMimeMultipart();
+    const std::size_t root = received.findRootPart();
+    for (std::size_t position = 0; position < received.getPartCount(); ++position) {
+        const TzMimePart part = received.getPart(position);
+        if (position != root && !holds(package, part)) {
+            package.insertPart(part);
+        }
+    }
+    return package.asString();
+}
+
+int convert(const Options& options) {
+    std::string text;
+    const ExitStatus status = withMessage(options.input, [&](const TzSoapMessage& read) {
+        TzSoapMessage message = read;
+        for (const TzCString& loss : TzSoapVersionConverter(options.version).convert(message)) {
+            std::cerr << options.input.shownName() << ": " << escape::forTerminal(loss) << '\n';
+        }
+        text = textOf(message);
+    });
+    if (status != Done) {
+        return status;
+    }
+    return reportFailures(options.output, [&] { files::write(options.output, text); });
+}
+
+} // namespace
+
+void addConvert(CLI::App& app, int& status) {
+    CLI::App* const command =
+        app.add_subcommand("convert", "Rewrites a message for the other version of SOAP");
+    command->footer(
+        "What the other version cannot carry is named on standard error; the exit status "
+        "is 0 then too.");
+    const auto options = std::make_shared<Options>();
+    addInput(*command, options->input);
+    command->add_option("--to", options->version, "The version to write")
+        ->required()
+        ->transform(CLI::CheckedTransformer(versions()).description("1.1|1.2"));
+    command->add_option("-o,--output", options->output,
+                        "File for the message; standard output unless given");
+    command->callback([options, &status] { status = convert(*options); });
+}
