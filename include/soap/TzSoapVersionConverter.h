@@ -21,18 +21,15 @@ public:
     TzSoapVersion::Version getVersion() const noexcept { return version_; }
     /// Makes `message` one of the version and returns what could not be carried over, in the order
     /// of the message, a text for each; nothing happens to a message of that version. Beyond what
-    /// `TzSoapMessage::setVersion` does, in all values, those that references refer to included:
+    /// `TzSoapMessage::setVersion` does, in all values, targets of references included:
     ///
-    /// - names, types, declarations and attributes in the envelope and the encoding namespace move
-    /// to
-    ///   those of the version under the prefixes they have;
+    /// - names, types, declarations and attributes of the envelope and the encoding namespace
+    ///   move to those of the version under the prefixes they have;
     /// - encoding styles that are SOAP's become that of the version, and those of envelope, header
     ///   and body are stated by the entries instead;
-    /// - roles that SOAP defines, positions of items and the form of arrays take the version's
-    /// form;
-    /// - fault codes become those of the version; subcodes become the code's qualifiers or the
-    /// other
-    ///   way round.
+    /// - roles that SOAP defines, positions of items and arrays take the version's form;
+    /// - fault codes become those of the version, subcodes qualifiers of the code or the other way
+    ///   round.
     ///
     /// The package that the message was read from is left alone. O(content).
     std::vector<TzCString> convert(TzSoapMessage& message) const;
