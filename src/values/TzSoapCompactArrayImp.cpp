@@ -54,6 +54,15 @@ public:
         items_.push_back(item);
     }
 
+    /// Takes positions over that may hold nothing, up to the one of index `last` in a shape of
+    /// `oldBounds`: on an open axis they make room as items do.
+    void takeEmpty(Index last, const Index& oldBounds) {
+        const bool open = !bounds_.empty() && bounds_.front() == 0;
+        if (open && last.size() == bounds_.size() && stepBackIntoShape(last, oldBounds)) {
+            grow(positionOf(last) - base_, last);
+        }
+    }
+
     std::vector<TzSoapDefaultType>& items() noexcept { return items_; }
     std::uint64_t first() const noexcept { return first_; }
     std::uint64_t base() const noexcept { return base_; }
@@ -67,6 +76,32 @@ private:
             TzSoapShape::throwOutOfRange(index, start_, bounds_);
         }
         return position;
+    }
+
+    /// Makes `index` the greatest one that is not greater and lies within both shapes; false when
+    /// there is none.
+    bool stepBackIntoShape(Index& index, const Index& oldBounds) const {
+        const auto end = [&](std::size_t at) { return std::min(bounds_[at], oldBounds[at]); };
+        bool clipped = false;
+        for (std::size_t at = 1; at < index.size(); ++at) {
+            if (start_[at] >= end(at)) {
+                return false;
+            }
+            if (clipped || index[at] >= end(at)) {
+                index[at] = end(at) - 1;
+                clipped = true;
+            } else if (index[at] < start_[at]) {
+                // The end of the row before, starting over behind the axis that has one.
+                do {
+                    if (at-- == 0) {
+                        return false;
+                    }
+                } while (index[at] == start_[at]);
+                --index[at];
+                clipped = true;
+            }
+        }
+        return true;
     }
 
     void grow(std::uint64_t offset, const Index& index) {
@@ -262,6 +297,10 @@ void TzSoapCompactArrayImp::doSetBounds(const Index& bounds) {
             reshaped.take(linearToIndex(static_cast<unsigned int>(first_ + at), true), items_[at],
                           getDefaultValue());
         }
+    }
+    if (size_ != 0) {
+        const std::uint64_t last = std::min(base_ + size_ - 1, Largest);
+        reshaped.takeEmpty(linearToIndex(static_cast<unsigned int>(last), true), getBounds());
     }
     TzSoapArrayTypeImp::doSetBounds(bounds);
     items_.swap(reshaped.items());

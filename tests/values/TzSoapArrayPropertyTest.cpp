@@ -215,6 +215,43 @@ TEST(TzSoapArrayProperty, CompactArraysGrowByTheRule) {
     }
 }
 
+/// The index at a position by the definition, the leftmost axis without a bound.
+Index indexOf(std::size_t position, const Index& bounds) {
+    Index index(bounds.size());
+    for (std::size_t axis = bounds.size(); axis-- > 1;) {
+        index[axis] = static_cast<unsigned int>(position % bounds[axis]);
+        position /= bounds[axis];
+    }
+    index[0] = static_cast<unsigned int>(position);
+    return index;
+}
+
+TEST(TzSoapArrayProperty, ReshapedCompactArraysHaveTheSizeOfTheRule) {
+    for (unsigned int seed = 6000; seed < 7000; ++seed) {
+        SCOPED_TRACE(seed);
+        Chance chance(seed);
+        const Index bounds = chance.bounds(1 + chance.below(4));
+        const Index start = chance.start(bounds);
+        TzSoapCompactArrayType array("xsd:int", bounds, start);
+        Index reached = chance.index(bounds, start);
+        reached[0] += chance.below(4);
+        (void)array(reached);
+        Index newBounds = chance.bounds(bounds.size());
+        newBounds[0] = chance.oneIn(4) ? newBounds[0] : 0;
+
+        std::vector<Index> kept;
+        const std::size_t base = positionOf(start, bounds);
+        for (std::size_t at = 0; at < array.entries(); ++at) {
+            const Index index = indexOf(base + at, bounds);
+            if (fits(index, newBounds, start)) {
+                kept.push_back(index);
+            }
+        }
+        array.setBounds(newBounds);
+        ASSERT_EQ(array.entries(), sizeAfter(newBounds, start, kept));
+    }
+}
+
 TEST(TzSoapArrayProperty, SparseArraysLikeAMapAndAList) {
     for (unsigned int seed = 2000; seed < 2300; ++seed) {
         SCOPED_TRACE(seed);

@@ -312,6 +312,48 @@ TEST(TzSoapCompactArray, ReshapingKeepsItemsBehindTheBounds) {
     EXPECT_EQ(textsOf(array), "0 1 2 -");
 }
 
+TEST(TzSoapCompactArray, ReshapingToAnOpenAxisKeepsPositionsNeverAssigned) {
+    TzSoapCompactArrayType array("xsd:int", 4, 0);
+    array[1] = valueOf("b");
+    array.setBounds(Index{0});
+    EXPECT_EQ(array.entries(), 4U);
+    EXPECT_EQ(stored(array), 1U);
+    EXPECT_EQ(textsOf(array), "- b - -");
+    (void)array(5);
+    array.setBounds(Index{0});
+    EXPECT_EQ(array.entries(), 6U);
+
+    TzSoapCompactArrayType matrix("xsd:int", Index{2, 3}, Index{0, 0});
+    matrix.setBounds(Index{0, 3}); // 3, and then blocks of 3 until position 5
+    EXPECT_EQ(matrix.entries(), 7U);
+    TzSoapCompactArrayType narrower("xsd:int", Index{4, 4}, Index{1, 1});
+    narrower.setBounds(Index{0, 2}); // {3,3} goes, {3,1} is the last that fits
+    EXPECT_EQ(narrower.entries(), 5U);
+    TzSoapCompactArrayType nothingFits("xsd:int", Index{2, 3}, Index{0, 2});
+    nothingFits.setBounds(Index{0, 2});
+    EXPECT_EQ(nothingFits.entries(), 0U);
+    TzSoapCompactArrayType outside("xsd:int", Index{0, 2, 2}, Index{1, 0, 1});
+    (void)outside(8);
+    EXPECT_EQ(outside.entries(), 4U);
+    outside.setBounds(Index{0, 2, 2}); // {2,0,0} lies before the start, {1,1,1} is the last
+    EXPECT_EQ(outside.entries(), 3U);
+}
+
+TEST(TzSoapCompactArray, ReshapingToAnOpenAxisTakesNoMemory) {
+    TzSoapCompactArrayType array("xsd:int", 4294967295U, 0);
+    array.setBounds(Index{0});
+    EXPECT_EQ(array.entries(), 4294967295U);
+    EXPECT_EQ(stored(array), 0U);
+    TzSoapCompactArrayType matrix("xsd:int", Index{65536, 65535}, Index{0, 0});
+    expectBadEntry([&matrix] { matrix.setBounds(Index{0, 65536}); }, 0, 65535);
+    EXPECT_EQ(matrix.getBounds(), (Index{65536, 65535}));
+    TzSoapCompactArrayType last("xsd:int", 4294967295U, 4294967290U);
+    last(4294967295U) = valueOf("last");
+    last.setBounds(Index{0});
+    EXPECT_EQ(itemText(last(4294967295U)), "last");
+    EXPECT_EQ(last.entries(), 6U);
+}
+
 TEST(TzSoapCompactArray, ReshapedArraysGrowByTheirNewBlock) {
     TzSoapCompactArrayType array = filled({3});
     array.setBounds(Index{5});
