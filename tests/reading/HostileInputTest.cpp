@@ -496,6 +496,23 @@ TEST_P(HostileInput, manyMembersOfAnArrayOfManyAxesAreReadInTime) {
     EXPECT_GE(compact(bodyEntry(message)).entries(), 200000U);
 }
 
+TEST_P(HostileInput, manyMembersOfASparseArrayAreReadInTime) {
+    // A walk over the members for each of them would take minutes.
+    constexpr std::size_t Members = 300000;
+    std::string members;
+    for (std::size_t i = 0; i < Members; ++i) {
+        members += "<i " + wire.position(std::to_string(i * 7919 % Members)) + "/>";
+    }
+    const TzSoapMessage message = readMessage(
+        wire.body("<a " + wire.array("xsd:int", "") + ">" + members + members + "</a>"));
+    const TzSoapSparseArrayType array = sparse(bodyEntry(message));
+    EXPECT_EQ(array.entries(), Members);
+    for (unsigned int position = 0; position < Members; ++position) {
+        ASSERT_EQ(array[position].getName(), TzXmlName("i")) << position;
+    }
+    EXPECT_EQ(array[static_cast<unsigned int>(Members)].getName(), TzXmlName());
+}
+
 TEST_P(HostileInput, anyFailingAllocationIsReportedAndGivesAllBack) {
     const std::string text = everything();
     EXPECT_GT(failEachAllocation([&] {

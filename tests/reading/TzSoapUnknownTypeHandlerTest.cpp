@@ -60,7 +60,10 @@ TEST_P(TzSoapUnknownTypeHandlerReading, theTypeAttributeGivesTypeAndSchemaType) 
         {"string", Base::xsdString},       {"int", Base::xsdInt},
         {"boolean", Base::xsdBoolean},     {"dateTime", Base::xsdDateTime},
         {"hexBinary", Base::xsdHexBinary}, {"unsignedByte", Base::xsdUnsignedByte},
-        {"nosuchtype", Base::xsdUnknown},
+        {"nosuchtype", Base::xsdUnknown},  {"NCName", Base::xsdUnknown},
+        {"ncName", Base::xsdNCName},       {"QName", Base::xsdUnknown},
+        {"qName", Base::xsdQName},         {"Name", Base::xsdUnknown},
+        {"name", Base::xsdName},           {"INT", Base::xsdUnknown},
     };
     for (const auto& [name, schemaType] : types) {
         const auto value = simple(read("<a xsi:type=\"xsd:" + TzCString(name) + "\">1</a>"));

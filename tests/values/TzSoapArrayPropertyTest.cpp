@@ -170,8 +170,9 @@ TEST(TzSoapArrayProperty, CompactArraysLikeAMap) {
             }
         }
         expectTexts(array, texts, "-");
-        const auto held = std::count_if(array.begin(), array.end(),
-                                        [](const TzSoapType& item) { return itemText(item) != "-"; });
+        const auto held = std::count_if(array.begin(), array.end(), [](const TzSoapType& item) {
+            return itemText(item) != "-";
+        });
         EXPECT_EQ(static_cast<std::size_t>(held), texts.size());
         EXPECT_EQ(static_cast<std::size_t>(array.end() - array.begin()), array.entries());
     }
@@ -338,6 +339,30 @@ TEST(TzSoapArrayProperty, CompactArraysSurviveWritingAndReading) {
     }
 }
 
+TEST(TzSoapArrayProperty, ItemsFromTheOffsetOnSurviveWritingAndReading) {
+    for (unsigned int seed = 7000; seed < 7200; ++seed) {
+        Chance chance(seed);
+        const Index bounds = chance.bounds(1 + chance.below(5));
+        const Index start(bounds.size());
+        TzSoapCompactArrayType array("list", "xsd:int", bounds, start);
+        Texts texts;
+        forEachIndex(bounds, start, [&](const Index& index) {
+            texts[index] = shown(index);
+            array[index] = valueOf(texts[index]);
+        });
+        const Index offset = chance.index(bounds, start);
+        array.setOffset(offset);
+        for (const TzSoapVersion::Version version : BothVersions) {
+            SCOPED_TRACE(std::to_string(seed) + " as version " + std::to_string(version));
+            const TzSoapCompactArrayType read = readBack(version, array);
+            EXPECT_EQ(read.getOffsetAttribute(version), array.getOffsetAttribute(version));
+            for (const auto& [index, text] : texts) {
+                EXPECT_EQ(itemText(read[index]), index < offset ? "-" : text) << shown(index);
+            }
+        }
+    }
+}
+
 TEST(TzSoapArrayProperty, SparseArraysSurviveWritingAndReading) {
     for (unsigned int seed = 4000; seed < 4200; ++seed) {
         Chance chance(seed);
@@ -351,10 +376,11 @@ TEST(TzSoapArrayProperty, SparseArraysSurviveWritingAndReading) {
             const TzSoapSparseArrayType read = readBack(version, array);
             EXPECT_EQ(read.getBounds(), bounds);
             ASSERT_EQ(read.entries(), array.entries());
-            EXPECT_TRUE(std::equal(
-                read.begin(), read.end(), array.begin(), [](const auto& left, const auto& right) {
-                    return left.first == right.first && itemText(left.second) == itemText(right.second);
-                }));
+            EXPECT_TRUE(std::equal(read.begin(), read.end(), array.begin(),
+                                   [](const auto& left, const auto& right) {
+                                       return left.first == right.first &&
+                                              itemText(left.second) == itemText(right.second);
+                                   }));
         }
     }
 }

@@ -2,6 +2,7 @@
 #include <soap/TzSoapArrayType.h>
 #include <soap/TzSoapArrayTypeImp.h>
 #include <soap/TzSoapCompactArrayType.h>
+#include <soap/TzSoapUtils.h>
 #include <soap/TzSoapVisitor.h>
 #include <tz/thread/TzTHRInvalidPointer.h>
 
@@ -417,6 +418,7 @@ TEST(TzSoapArrayTypeImp, KnowsItsKind) {
     const GenericArray array(3U, 0U);
     EXPECT_EQ(array.getSoapTypeId(), TzSoapContentBase::Array);
     EXPECT_EQ(array.getSoapTypeIdAsString(), "Array");
+    EXPECT_EQ(&array.getSoapTypeIdAsString(), &TzSoapUtils::arrayString);
     EXPECT_EQ(array.getDimension(), 1U);
     EXPECT_EQ(array.getBounds(), (Index{3}));
     EXPECT_EQ(array.getStartIndex(), (Index{0}));
@@ -543,10 +545,52 @@ TEST(TzSoapArrayType, GenericArrayReachesNoItems) {
 
 TEST(TzSoapArrayType, WithoutBodyRefuses) {
     const TestedHandle array(nullptr);
-    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&array] { (void)array.getBounds(); }),
-              "Invalid pointer");
-    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&array] { (void)array[0U]; }), "Invalid pointer");
-    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&array] { (void)array.copy(); }), "Invalid pointer");
+    const auto refused = [](const auto& action) {
+        EXPECT_EQ(textThrown<TzTHRInvalidPointer>(action), "Invalid pointer");
+    };
+    refused([&] { (void)array.copy(); });
+    refused([&] { (void)array.isSparse(); });
+    refused([&] { (void)array.isCompact(); });
+    refused([&] { (void)array.getElementType(); });
+    refused([&] { (void)array.getDimension(); });
+    refused([&] { (void)array.getBounds(); });
+    refused([&] { (void)array.getBoundsAsString(TzSoapVersion::V1_1); });
+    refused([&] { (void)array.getArrayType(); });
+    refused([&] { (void)array.entries(); });
+    refused([&] { (void)array.getSizeShouldBeEncoded(); });
+    refused([&] { (void)array.getStartIndex(); });
+    refused([&] { (void)array.getOffsetIndex(); });
+    refused([&] { (void)array.getOffsetAttribute(TzSoapVersion::V1_1); });
+    refused([&] { (void)array.getCountElementsToWrite(); });
+    refused([&] { (void)array.indexToLinear({0}); });
+    refused([&] { (void)array.linearToIndex(0); });
+}
+
+TEST(TzSoapArrayType, WithoutBodyRefusesItemsAndChanges) {
+    TestedHandle array(nullptr);
+    const TestedHandle& constant = array;
+    const TzCString text = "[0]";
+    const auto refused = [](const auto& action) {
+        EXPECT_EQ(textThrown<TzTHRInvalidPointer>(action), "Invalid pointer");
+    };
+    refused([&] { array.setBounds(Index{1}); });
+    refused([&] { array.setBounds(text); });
+    refused([&] { array.setOffset(Index{1}); });
+    refused([&] { array.setOffset(text); });
+    refused([&] { array.setSizeShouldBeEncoded(true); });
+    refused([&] { array.setCountElementsToWrite(1); });
+    refused([&] { (void)array[0U]; });
+    refused([&] { (void)array[Index{0}]; });
+    refused([&] { (void)array[text]; });
+    refused([&] { (void)array(0U); });
+    refused([&] { (void)array(Index{0}); });
+    refused([&] { (void)array(text); });
+    refused([&] { (void)constant[0U]; });
+    refused([&] { (void)constant[Index{0}]; });
+    refused([&] { (void)constant[text]; });
+    refused([&] { (void)constant(0U); });
+    refused([&] { (void)constant(Index{0}); });
+    refused([&] { (void)constant(text); });
 }
 
 } // namespace

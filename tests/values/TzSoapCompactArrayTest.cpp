@@ -549,12 +549,23 @@ TEST(TzSoapCompactArray, RandomAccessAllocatesNothing) {
 }
 
 TEST(TzSoapCompactArray, WithoutBodyRefuses) {
-    const auto array =
+    auto array =
         TzSoapAccess::handle<TzSoapCompactArrayType>(static_cast<TzSoapCompactArrayImp*>(nullptr));
-    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&array] { (void)array.entries(); }),
-              "Invalid pointer");
-    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&array] { (void)array.begin(); }),
-              "Invalid pointer");
+    const TzSoapCompactArrayType& constant = array;
+    const auto refused = [](const auto& action) {
+        EXPECT_EQ(textThrown<TzTHRInvalidPointer>(action), "Invalid pointer");
+    };
+    refused([&] { (void)array.copy(); });
+    refused([&] { TzSoapCompactArrayType(array, Index{1}); });
+    refused([&] { (void)array.entries(); });
+    refused([&] { (void)array.begin(); });
+    refused([&] { (void)array.end(); });
+    refused([&] { (void)constant.begin(); });
+    refused([&] { (void)constant.end(); });
+    refused([&] { (void)array[Index{0, 0}]; });
+    refused([&] { (void)constant[Index{0, 0}]; });
+    refused([&] { (void)array(Index{0, 0}); });
+    refused([&] { (void)constant(Index{0, 0}); });
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <soap/TzSoapParseContext.h>
 #include <soap/TzSoapSimpleType.h>
 #include <soap/TzSoapSimpleTypeImp.h>
+#include <soap/TzSoapUtils.h>
 #include <tz/thread/TzTHRInvalidPointer.h>
 #include <tz/xml/TzXmlSAXParser.h>
 
@@ -92,6 +93,7 @@ TEST(TzSoapCompositeType, StartsEmpty) {
     EXPECT_EQ(composite.childrenBegin(), composite.childrenEnd());
     EXPECT_EQ(composite.getSoapTypeId(), Composite::Composite);
     EXPECT_EQ(composite.getSoapTypeIdAsString(), "Composite");
+    EXPECT_EQ(&composite.getSoapTypeIdAsString(), &TzSoapUtils::compositeString);
     EXPECT_EQ(Composite("n").getName(), TzXmlName("n"));
 }
 

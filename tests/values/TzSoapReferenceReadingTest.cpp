@@ -198,6 +198,7 @@ TEST_P(ReferenceReading, RingThroughAnArray) {
                    const auto array = entryAs<TzSoapCompactArrayType>(message);
                    const auto composite = tzSoapCast<TzSoapCompositeType>(array[0]).value();
                    EXPECT_TRUE(refersTo(*composite.childrenBegin(), array));
+                   EXPECT_EQ(countOf("id=\"l\"", message.asString()), 1U);
                });
 }
 
@@ -208,6 +209,8 @@ TEST_P(ReferenceReading, RingOfTwo) {
                    const auto second = entryAs<TzSoapCompositeType>(message, 1);
                    EXPECT_TRUE(refersTo(*first.childrenBegin(), second));
                    EXPECT_TRUE(refersTo(*second.childrenBegin(), first));
+                   EXPECT_EQ(countOf("id=\"a\"", message.asString()), 1U);
+                   EXPECT_EQ(countOf("id=\"b\"", message.asString()), 1U);
                });
 }
 
@@ -236,6 +239,9 @@ TEST_P(ReferenceReading, RingOfReferencesAlone) {
                    EXPECT_TRUE(refersTo(first, second));
                    EXPECT_TRUE(refersTo(second, first));
                    EXPECT_TRUE(refersTo(third, third));
+                   for (const char* id : {"id=\"a\"", "id=\"b\"", "id=\"c\""}) {
+                       EXPECT_EQ(countOf(id, message.asString()), 1U) << id;
+                   }
                });
 }
 

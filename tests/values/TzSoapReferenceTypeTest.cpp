@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapParseContext.h>
 #include <soap/TzSoapReferenceToMimePartImp.h>
 #include <soap/TzSoapReferenceToSoapTypeImp.h>
 #include <soap/TzSoapReferenceType.h>
+#include <soap/TzSoapUtils.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimeContentLocationHeader.h>
@@ -11,6 +13,7 @@
 #include <tz/xml/TzXmlBadArgError.h>
 #include <tz/xml/TzXmlDomainError.h>
 #include <tz/xml/TzXmlParseError.h>
+#include <tz/xml/TzXmlSAXParser.h>
 
 #include "model/TzSoapAccess.h"
 #include "support/AllocationFailure.h"
@@ -65,6 +68,7 @@ TEST(TzSoapReferenceType, StartsWithoutTarget) {
     EXPECT_EQ(toValue.attributeCount(), 0U);
     EXPECT_EQ(toValue.getSoapTypeId(), TzSoapContentBase::Reference);
     EXPECT_EQ(toValue.getSoapTypeIdAsString(), "Reference");
+    EXPECT_EQ(&toValue.getSoapTypeIdAsString(), &TzSoapUtils::referenceString);
     const TzSoapReferenceType toPart(false);
     EXPECT_FALSE(toPart.hasReference());
     EXPECT_TRUE(toPart.isMimeReference());
@@ -122,6 +126,15 @@ TEST(TzSoapReferenceType, RefersToAPartByContentIdOrLocation) {
     EXPECT_EQ(reference.getMimeReference().getBody(), "data");
     const TzSoapReferenceType& constant = reference;
     EXPECT_EQ(constant.getMimeReference().getHeaderCount(), 2U);
+}
+
+TEST(TzSoapReferenceType, TargetNeedsABody) {
+    TzSoapReferenceType reference("r", identified("a"));
+    const auto none = TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(nullptr));
+    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&] { reference.setReference(none); }),
+              "Invalid pointer");
+    EXPECT_EQ(attributesOf(reference), "ref=#a");
+    EXPECT_EQ(reference.getSoapReference().getIdAttribute(), "a");
 }
 
 TEST(TzSoapReferenceType, PartNeedsAName) {
@@ -240,6 +253,39 @@ TEST(TzSoapReferenceType, LastTargetMayHoldTheReference) {
     EXPECT_EQ(liveAllocations(), before);
 }
 
+/// Has a reference read itself, with a text under either name.
+void expectWaits(bool soapReference, const std::string& attribute, const std::string& text) {
+    TzXmlSAXParser parser;
+    TzSoapParseContext context; // reads the latest version
+    context.setParser(&parser);
+    const TzSoapReferenceType reference(soapReference);
+    TzSoapReferenceTypeImp& body = TzSoapAccess::body(reference);
+    TzXmlAttributeSet attributes;
+    attributes.add(TzXmlName("id"), "own");
+    attributes.add(TzXmlName("href"), attribute == "href" ? text : "other");
+    attributes.add(TzXmlName("ref"), attribute == "ref" ? text : "other");
+    body.populate(TzXmlName("r"), attributes, &context);
+    EXPECT_EQ(reference.getName(), TzXmlName("r"));
+    EXPECT_EQ(reference.attributeCount(), 3U);
+    EXPECT_FALSE(reference.hasReference());
+    ASSERT_EQ(context.getReferences().size(), 1U);
+    EXPECT_EQ(context.getReferences().begin()->first, text);
+    EXPECT_EQ(context.getReferences().begin()->second, &body);
+    ASSERT_EQ(context.getIdEntries().size(), 1U);
+    EXPECT_TRUE(TzSoapAccess::sameBody<TzSoapType>(context.getIdEntries().at("own"), reference));
+    EXPECT_EQ(parser.getContentHandler(), static_cast<TzXmlContentHandler*>(&body));
+    body.endElement(TzXmlName("r"));
+    EXPECT_EQ(parser.getContentHandler(), nullptr);
+    EXPECT_TRUE(context.getNamespaces().empty());
+    EXPECT_TRUE(context.getEncodingStyles().empty());
+}
+
+TEST(TzSoapReferenceType, WaitsForItsTargetWhileItIsRead) {
+    expectWaits(true, "ref", "#x");
+    expectWaits(true, "ref", "x");
+    expectWaits(false, "href", "cid:x");
+}
+
 TEST(TzSoapReferenceType, RefusesContent) {
     for (const bool soapReference : {true, false}) {
         TzSoapReferenceType reference(soapReference);
@@ -281,12 +327,19 @@ TEST(TzSoapReferenceType, OutOfMemoryChangesNothing) {
 TEST(TzSoapReferenceType, WithoutBodyRefuses) {
     const auto reference =
         TzSoapAccess::handle<TzSoapReferenceType>(static_cast<TzSoapReferenceTypeImp*>(nullptr));
-    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&] { (void)reference.hasReference(); }),
-              "Invalid pointer");
-    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&] { (void)reference.getSoapReference(); }),
-              "Invalid pointer");
-    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&] { (void)reference.isMimeReference(); }),
-              "Invalid pointer");
+    TzSoapReferenceType changeable = reference;
+    const auto refused = [](const auto& action) {
+        EXPECT_EQ(textThrown<TzTHRInvalidPointer>(action), "Invalid pointer");
+    };
+    refused([&] { (void)reference.copy(); });
+    refused([&] { (void)reference.hasReference(); });
+    refused([&] { (void)reference.isMimeReference(); });
+    refused([&] { changeable.setReference(identified("a")); });
+    refused([&] { changeable.setReference(partWith(TzMimeContentIdHeader("a"))); });
+    refused([&] { (void)reference.getSoapReference(); });
+    refused([&] { (void)changeable.getSoapReference(); });
+    refused([&] { (void)reference.getMimeReference(); });
+    refused([&] { (void)changeable.getMimeReference(); });
 }
 
 } // namespace

@@ -330,12 +330,18 @@ TEST(TzSoapSparseArray, OutOfMemoryLeavesNoTrace) {
 }
 
 TEST(TzSoapSparseArray, WithoutBodyRefuses) {
-    const auto array =
+    auto array =
         TzSoapAccess::handle<TzSoapSparseArrayType>(static_cast<TzSoapSparseArrayImp*>(nullptr));
-    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&array] { (void)array.entries(); }),
-              "Invalid pointer");
-    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&array] { (void)array.begin(); }),
-              "Invalid pointer");
+    const TzSoapSparseArrayType& constant = array;
+    const auto refused = [](const auto& action) {
+        EXPECT_EQ(textThrown<TzTHRInvalidPointer>(action), "Invalid pointer");
+    };
+    refused([&] { (void)array.copy(); });
+    refused([&] { (void)array.entries(); });
+    refused([&] { (void)array.begin(); });
+    refused([&] { (void)array.end(); });
+    refused([&] { (void)constant.begin(); });
+    refused([&] { (void)constant.end(); });
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include <soap/TzSoapUserDefinedType.h>
 
 #include <soap/TzSoapUserDefinedTypeImp.h>
+#include <soap/TzSoapUtils.h>
 #include <tz/thread/TzTHRInvalidPointer.h>
 
 #include "model/TzSoapAccess.h"
@@ -25,6 +26,7 @@ TEST(TzSoapUserDefinedType, StartsEmpty) {
     EXPECT_TRUE(value.getName().isEmpty());
     EXPECT_EQ(value.getSoapTypeId(), UserDefined::UserDefined);
     EXPECT_EQ(value.getSoapTypeIdAsString(), "UserDefined");
+    EXPECT_EQ(&value.getSoapTypeIdAsString(), &TzSoapUtils::userDefinedString);
 }
 
 TEST(TzSoapUserDefinedType, ShowsTheMarkupOfItsBody) {
