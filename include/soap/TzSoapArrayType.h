@@ -42,8 +42,8 @@ public:
     /// Item type and bounds as SOAP 1.1 writes them, such as "xsd:int[2,3]".
     TzCString getArrayType() const;
     /// Changes the shape, items keep their index or are dropped. `TzXmlDomainError` ILLEGAL_ARRAY
-    /// "setBounds" for another number of axes, `TzXmlBoundsError` BAD_INDEX_VECTOR for no shape.
-    /// O(items).
+    /// "setBounds" for another number of axes, `TzXmlBoundsError` BAD_INDEX_VECTOR for no shape or
+    /// more items than 32 bits count, INDEX_RANGE_VEC for an item beyond them. O(items).
     void setBounds(const std::vector<unsigned int>& bounds);
     /// The same for bounds as text; `TzXmlBadArgError` BAD_INDEX_STRING when they are none.
     void setBounds(const TzCString& bounds);

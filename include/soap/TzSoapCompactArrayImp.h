@@ -41,6 +41,7 @@ public:
     static TzSoapCompactArrayType forReading(const TzXmlName& name, const TzCString& elementType,
                                              const TzCString& size, TzSoapParseContext& context);
 
+    /// A new body with the same shape and items; the values are shared. O(items stored).
     TzSoapElementImp* clone() const override;
     /// Takes a member that was read.
     void takeChild(TzSoapType&& child) override;
@@ -100,7 +101,9 @@ public:
 
 protected:
     /// Installs bounds; items keep their index or are dropped, all other positions hold the
-    /// placeholder. O(items stored).
+    /// placeholder. On an open axis every old position that fits counts as reached.
+    /// `TzXmlBoundsError`: INDEX_RANGE_VEC for an item whose position exceeds 32 bits,
+    /// BAD_INDEX_VECTOR for more items than 32 bits count. O(items stored).
     void doSetBounds(const Index& bounds) override;
     /// Puts a member at its position and settles with the context what it leaves unfilled.
     void place(unsigned int position, TzSoapType&& member, TzSoapParseContext* context) override;

@@ -17,6 +17,7 @@ public:
     TzSoapReferenceToMimePartImp& operator=(const TzSoapReferenceToMimePartImp&) = delete;
     ~TzSoapReferenceToMimePartImp() override;
 
+    /// A new body that refers to the same part.
     TzSoapElementImp* clone() const override;
     /// False.
     bool isSoapReference() const override;

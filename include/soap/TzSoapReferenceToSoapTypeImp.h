@@ -17,6 +17,7 @@ public:
     TzSoapReferenceToSoapTypeImp& operator=(const TzSoapReferenceToSoapTypeImp&) = delete;
     ~TzSoapReferenceToSoapTypeImp() override;
 
+    /// A new body that refers to the same target.
     TzSoapElementImp* clone() const override;
     /// True.
     bool isSoapReference() const override;

@@ -43,6 +43,7 @@ public:
     static TzSoapSparseArrayType forReading(const TzXmlName& name, const TzCString& elementType,
                                             const TzCString& size);
 
+    /// A new body with the same shape and items; the values are shared. O(items).
     TzSoapElementImp* clone() const override;
     /// True.
     bool isSparse() const override;
