@@ -19,10 +19,15 @@ class TZSOAP_API TzSoapFaultMessage {
 public:
     TzSoapFaultMessage() = delete;
 
-    /// A fault with a code of `version` and a reason. `TzXmlError` UNKNOWN_VERSION for a value that
-    /// is no version, INVALID_FAULT_CODE for a code that the version does not have.
+    /// A fault with a code and a reason. A code that `version` does not have, such as
+    /// DataEncodingUnknown in SOAP 1.1, becomes Client (Sender). `TzXmlError` UNKNOWN_VERSION for a
+    /// value that is no version.
     static TzSoapMessage make(TzSoapVersion::Version version, TzSoapVersion::SoapFaultCode code,
                               const TzCString& reason);
+    /// The same with a subcode where `version` has subcodes. `TzXmlError` INVALID_FAULT_CODE for a
+    /// value that is no subcode there.
+    static TzSoapMessage make(TzSoapVersion::Version version, TzSoapVersion::SoapFaultCode code,
+                              TzSoapVersion::SoapSubFaultCode subcode, const TzCString& reason);
     /// The MustUnderstand fault for header entries that were not understood; in SOAP 1.2 with a
     /// Misunderstood entry for each in the header. O(names).
     static TzSoapMessage makeMustUnderstand(TzSoapVersion::Version version,

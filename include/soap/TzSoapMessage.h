@@ -47,6 +47,9 @@ public:
     TzCString getMessageType() const override;
     /// Whether any value refers to a MIME part. O(content).
     virtual bool hasAttachments() const;
+    /// Whether any value is kept as markup because its encoding is not that of SOAP. Such markup is
+    /// written as it stands, so messages of others must not be sent on with it. O(content).
+    bool hasUserDefinedValues() const;
     /// Replaces the content by the message in the root part of a package: the part that its start
     /// parameter names, the first one without that. The package is shared, for references to its
     /// parts. `TzXmlParseError` MIME_NOT_MULTIPART without a Content-Type header,

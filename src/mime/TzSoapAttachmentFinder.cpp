@@ -22,7 +22,7 @@ void TzSoapAttachmentFinder::visit(const TzSoapReferenceType& value) {
     }
 }
 
-void TzSoapAttachmentFinder::visit(const TzSoapUserDefinedType&) {}
+void TzSoapAttachmentFinder::visit(const TzSoapUserDefinedType&) { foundUserDefined_ = true; }
 
 void TzSoapAttachmentFinder::visit(const TzSoapSimpleType&) {}
 

@@ -5,7 +5,8 @@
 
 #include <vector>
 
-/// Looks through a message, or a part of one, for references to MIME parts that have their part.
+/// Looks through a message, or a part of one, for references to MIME parts that have their part,
+/// and for user-defined values.
 ///
 /// Always walks the whole of it; references to values are not followed. Values wait in a list
 /// instead of on the stack, so their depth does not matter. For one walk.
@@ -13,6 +14,8 @@ class TzSoapAttachmentFinder final : public TzSoapConstVisitor {
 public:
     /// Whether a reference to a MIME part was met.
     bool found() const noexcept { return found_; }
+    /// Whether a user-defined value was met.
+    bool foundUserDefined() const noexcept { return foundUserDefined_; }
 
     void visit(const TzSoapMisunderstoodType& value) override;
     void visit(const TzSoapReferenceType& value) override;
@@ -33,6 +36,7 @@ private:
     void walk();
 
     bool found_ = false;
+    bool foundUserDefined_ = false;
     bool walking_ = false;
     std::vector<const TzSoapType*> waiting_;
 };

@@ -75,6 +75,12 @@ bool TzSoapMessage::hasAttachments() const {
     return finder.found();
 }
 
+bool TzSoapMessage::hasUserDefinedValues() const {
+    TzSoapAttachmentFinder finder;
+    acceptVisitor(finder);
+    return finder.foundUserDefined();
+}
+
 TzCString TzSoapMessage::asString() const {
     TzXmlStringWriter envelope;
     TzMimeMultipart package;

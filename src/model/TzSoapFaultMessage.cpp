@@ -27,6 +27,19 @@ TzSoapVersion::SoapFaultCode codeFor(const Tzxmsg& error) {
     return senders ? TzSoapVersion::Client : TzSoapVersion::Server;
 }
 
+/// Whether `version` has the element.
+bool has(TzSoapVersion::Version version, TzSoapVersion::SoapElement element) {
+    return !TzSoapVersion::getSoapElementName(element, version).isEmpty();
+}
+
+const TzXmlName& nameOf(const TzSoapVersion& version, TzSoapVersion::SoapFaultCode code) {
+    try {
+        return version.getFaultCode(code);
+    } catch (const TzXmlError&) {
+        return version.getFaultCode(TzSoapVersion::Client);
+    }
+}
+
 TzCString reasonFor(const Tzxmsg& error) {
     const auto* const unread = dynamic_cast<const TzXmlParseError*>(&error);
     if (unread == nullptr || unread->getLine() == 0) {
@@ -43,8 +56,20 @@ TzSoapMessage TzSoapFaultMessage::make(TzSoapVersion::Version version,
     TzSoapMessage message(version);
     message.setProlog(TzXmlProlog());
     TzSoapFault& fault = message.getSoapBody().getSoapFault();
-    fault.setCode(message.getSoapVersion().getFaultCode(code));
+    fault.setCode(nameOf(message.getSoapVersion(), code));
     fault.setReason(reason);
+    return message;
+}
+
+TzSoapMessage TzSoapFaultMessage::make(TzSoapVersion::Version version,
+                                       TzSoapVersion::SoapFaultCode code,
+                                       TzSoapVersion::SoapSubFaultCode subcode,
+                                       const TzCString& reason) {
+    TzSoapMessage message = make(version, code, reason);
+    if (has(version, TzSoapVersion::FaultSubcode)) {
+        message.getSoapBody().getSoapFault().addSubcode(
+            message.getSoapVersion().getSubFaultCode(subcode));
+    }
     return message;
 }
 
@@ -55,9 +80,7 @@ TzSoapMessage TzSoapFaultMessage::makeMustUnderstand(TzSoapVersion::Version vers
         reason += " {" + name.getUri() + "}" + name.getLocalName();
     }
     TzSoapMessage message = make(version, TzSoapVersion::SoapFaultCode::MustUnderstand, reason);
-    const bool reported =
-        !TzSoapVersion::getSoapElementName(TzSoapVersion::Misunderstood, version).isEmpty();
-    if (reported) {
+    if (has(version, TzSoapVersion::Misunderstood)) {
         for (const TzXmlName& name : names) {
             message.getSoapHeader().appendHeaderEntry(TzSoapMisunderstoodType(name), false);
         }

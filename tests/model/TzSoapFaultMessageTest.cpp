@@ -62,11 +62,29 @@ TEST(TzSoapFaultMessageTest, HoldsCodeAndReasonInItsVersion) {
     EXPECT_EQ(faultOf(second).getReason(), "down");
 }
 
-TEST(TzSoapFaultMessageTest, RefusesWhatTheVersionDoesNotHave) {
-    expectCatalogued<TzXmlError>(
-        [] { TzSoapFaultMessage::make(TzSoapVersion::V1_1, TzSoapVersion::DTDNotSupported, "no"); },
-        0x7024,
-        "[INVALID_FAULT_CODE] The specified fault code is not valid for \"V1_1\" version of SOAP");
+TEST(TzSoapFaultMessageTest, ACodeOfTheLaterVersionIsTheSendersInTheFirst) {
+    const auto codeIn = [](TzSoapVersion::Version version) {
+        return faultOf(TzSoapFaultMessage::make(version, TzSoapVersion::DataEncodingUnknown, "no"))
+            .getCode()
+            .getQualifiedName();
+    };
+    EXPECT_EQ(codeIn(TzSoapVersion::V1_1), "SOAP-ENV:Client");
+    EXPECT_EQ(codeIn(TzSoapVersion::V1_2), "env:DataEncodingUnknown");
+}
+
+TEST(TzSoapFaultMessageTest, SubcodesAreOfTheLaterVersion) {
+    const auto made = [](TzSoapVersion::Version version) {
+        return TzSoapFaultMessage::make(version, TzSoapVersion::Client,
+                                        TzSoapVersion::ProcedureNotPresent, "no");
+    };
+    EXPECT_EQ(faultOf(made(TzSoapVersion::V1_1)).getSubcodeCount(), 0U);
+    const TzSoapMessage second = made(TzSoapVersion::V1_2);
+    ASSERT_EQ(faultOf(second).getSubcodeCount(), 1U);
+    EXPECT_EQ(faultOf(second).getSubcode(0).getQualifiedName(), "rpc:ProcedureNotPresent");
+    EXPECT_EQ(faultOf(second).getReason(), "no");
+}
+
+TEST(TzSoapFaultMessageTest, RefusesWhatIsNoVersion) {
     EXPECT_THROW(TzSoapFaultMessage::make(static_cast<TzSoapVersion::Version>(7),
                                           TzSoapVersion::Client, "no"),
                  TzXmlError);

@@ -1,0 +1,11 @@
+# SPDX-License-Identifier: MIT
+
+# The library itself holds no network code; the programs that do use cpp-httplib.
+option(TZSOAP_HTTP "Build the programs that talk HTTP (needs cpp-httplib)" ${PROJECT_IS_TOP_LEVEL})
+if(TZSOAP_HTTP)
+    find_package(PkgConfig REQUIRED)
+    find_package(Threads REQUIRED)
+    pkg_check_modules(HTTPLIB REQUIRED IMPORTED_TARGET GLOBAL cpp-httplib)
+    add_library(tzsoap_http INTERFACE)
+    target_link_libraries(tzsoap_http INTERFACE PkgConfig::HTTPLIB Threads::Threads)
+endif()

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+//
+// An echo service over HTTP to start your own from. Any rpc operation named "echo..." answers its
+// parameters, header entries named "echo" in its namespace are answered too. Put your operations in
+// place of `echo`; everything around it is what every service needs.
+//
+//     echo_server [PORT [LARGEST_REQUEST]]      port 0: any; ends on SIGTERM and SIGINT
+#include <soap/TzSoapFaultMessage.h>
+#include <soap/TzSoapHttpBinding.h>
+#include <soap/TzSoapHttpTransportContext.h>
+#include <soap/TzSoapMessage.h>
+#include <soap/TzSoapNode.h>
+#include <tz/tools/Tzxmsg.h>
+
+#include <httplib.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <future>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include <pthread.h>
+#include <unistd.h>
+
+namespace {
+
+using Base = TzSoapContentBase;
+
+constexpr char Namespace[] = "urn:example:echo";
+constexpr char Host[] = "127.0.0.1";
+constexpr std::size_t LargestRequest = 8U << 20U;
+constexpr std::size_t DeepestRequest = 100;
+constexpr std::size_t Threads = 64;
+
+/// Which header entries are ours, and which of them we understand.
+const TzSoapNode& node() {
+    static const TzSoapNode instance = [] {
+        TzSoapNode made;
+        made.addRole(Namespace);
+        made.addUnderstood(TzXmlName("echo", TzXmlNamespace("", Namespace)));
+        return made;
+    }();
+    return instance;
+}
+
+/// Keeps the header entries that are meant for us and understood, for the answer.
+void answerHeader(TzSoapHeader& header) {
+    for (auto entry = header.entriesBegin(); entry != header.entriesEnd();) {
+        if (node().isTargetOf(*entry) && node().understands(entry->getName())) {
+            entry->removeActorAttribute();
+            entry->removeMustUnderstandAttribute();
+            ++entry;
+        } else {
+            entry = header.removeHeaderEntry(entry);
+        }
+    }
+}
+
+/// The service itself. An echo turns the request into the answer, so values keep all that they
+/// refer to: namespaces, other values, attachments. Other services begin with an empty message.
+TzSoapMessage echo(TzSoapMessage& request, TzSoapType& operation) {
+    answerHeader(request.getSoapHeader());
+    const TzXmlName& name = operation.getName();
+    operation.setName(TzXmlName(name.getLocalName() + "Response", name.getNamespace()));
+    request.setProlog(TzXmlProlog());
+    return request;
+}
+
+/// The answer to a request that was read.
+TzSoapMessage answerTo(TzSoapMessage& request) {
+    const std::vector<TzXmlName> misunderstood = node().findMisunderstood(request);
+    if (!misunderstood.empty()) {
+        return TzSoapFaultMessage::makeMustUnderstand(request.getVersion(), misunderstood);
+    }
+    // Entries that say they are no root are values that others refer to.
+    TzSoapBody& body = request.getSoapBody();
+    const auto operation =
+        std::find_if(body.entriesBegin(), body.entriesEnd(), [](const TzSoapType& entry) {
+            return entry.getRoot() || !entry.isRootAttributeSet();
+        });
+    if (body.hasSoapFault() || operation == body.entriesEnd()) {
+        return TzSoapFaultMessage::make(request.getVersion(), TzSoapVersion::Client,
+                                        "The request holds no operation");
+    }
+    if (request.hasUserDefinedValues()) {
+        return TzSoapFaultMessage::make(request.getVersion(), TzSoapVersion::DataEncodingUnknown,
+                                        "A value is in an encoding that is not known here");
+    }
+    const Base::SoapTypeId kind = operation->getSoapTypeId();
+    if (!operation->getName().getLocalName().starts_with("echo") ||
+        (kind != Base::Composite && kind != Base::Simple)) {
+        return TzSoapFaultMessage::make(
+            request.getVersion(), TzSoapVersion::Client, TzSoapVersion::ProcedureNotPresent,
+            "There is no operation " + operation->getName().getLocalName());
+    }
+    return echo(request, *operation);
+}
+
+/// Reads the request in `body` and packs the answer, which may be a fault, into `response`.
+void serve(const TzSoapHttpTransportContext& headers, const std::string& body,
+           httplib::Response& response) {
+    TzSoapMessage request(TzSoapHttpBinding::getVersion(headers));
+    TzSoapReadLimits limits;
+    limits.depth = DeepestRequest;
+    request.setReadLimits(limits);
+    TzSoapMessage answer;
+    TzSoapHttpTransportContext answerHeaders;
+    std::string text;
+    try {
+        TzSoapHttpBinding::unpack(headers, body, request);
+        answer = answerTo(request);
+        text = TzSoapHttpBinding::pack(answer, answerHeaders);
+    } catch (const Tzxmsg& error) {
+        // The version is known as soon as the envelope was met.
+        answer = TzSoapFaultMessage::makeFrom(request.getVersion(), error);
+        text = TzSoapHttpBinding::pack(answer, answerHeaders);
+    }
+    response.status = TzSoapHttpBinding::getStatus(answer);
+    response.set_content(text, answerHeaders.find("Content-Type")->second);
+}
+
+/// Collects the body piece by piece, so that its size counts after it was unzipped; then serves it.
+void receive(std::size_t largest, const httplib::Request& http, httplib::Response& response,
+             const httplib::ContentReader& read) {
+    constexpr int BadRequest = 400;
+    constexpr int TooLarge = 413;
+    std::string body;
+    bool fits = true;
+    const bool complete =
+        !http.is_multipart_form_data() && read([&](const char* data, std::size_t size) {
+            fits = size <= largest - body.size();
+            body.append(data, fits ? size : 0);
+            return fits;
+        });
+    if (!complete) {
+        response.status = fits && response.status != TooLarge ? BadRequest : TooLarge;
+        return;
+    }
+    TzSoapHttpTransportContext headers;
+    headers.add(TzSoapHttpBinding::getContentTypeLabel(), http.get_header_value("Content-Type"));
+    serve(headers, body, response);
+}
+
+/// Serves until a signal comes; the exit status. Requests under way get their answers.
+int runUntilSignal(httplib::Server& server, const sigset_t& signals) {
+    std::future<bool> listening = std::async(std::launch::async, [&server] {
+        const bool good = server.listen_after_bind();
+        kill(getpid(), SIGTERM); // when it failed by itself, nobody else would wake us
+        return good;
+    });
+    int signal = 0;
+    sigwait(&signals, &signal);
+    while (!server.is_running() &&
+           listening.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
+    }
+    server.stop();
+    return listening.get() ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const int wanted = argc > 1 ? std::stoi(argv[1]) : 0;
+    const std::size_t largest = argc > 2 ? std::stoul(argv[2]) : LargestRequest;
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGTERM);
+    sigaddset(&signals, SIGINT);
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr); // for all threads: one waits for them
+
+    httplib::Server server;
+    server.new_task_queue = [] { return new httplib::ThreadPool(Threads); };
+    server.set_payload_max_length(largest).set_keep_alive_timeout(1).set_tcp_nodelay(true);
+    server.Post("/", [largest](const auto& http, auto& response, const auto& read) {
+        receive(largest, http, response, read);
+    });
+    int port = wanted;
+    if (wanted == 0) {
+        port = server.bind_to_any_port(Host);
+    } else if (!server.bind_to_port(Host, wanted)) {
+        std::cerr << "echo_server: port " << wanted << " cannot be had\n";
+        return 1;
+    }
+    std::cout << "listening on http://" << Host << ':' << port << '/' << std::endl;
+    return runUntilSignal(server, signals);
+}
