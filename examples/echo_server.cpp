@@ -174,6 +174,10 @@ int main(int argc, char** argv) {
     httplib::Server server;
     server.new_task_queue = [] { return new httplib::ThreadPool(Threads); };
     server.set_payload_max_length(largest).set_keep_alive_timeout(1).set_tcp_nodelay(true);
+    server.set_socket_options([](socket_t made) { // a port that is taken stays taken
+        const int yes = 1;
+        setsockopt(made, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+    });
     server.Post("/", [largest](const auto& http, auto& response, const auto& read) {
         receive(largest, http, response, read);
     });

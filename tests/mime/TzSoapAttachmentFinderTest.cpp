@@ -154,4 +154,20 @@ TEST(TzSoapAttachmentFinder, depthDoesNotMatter) {
     EXPECT_TRUE(found(value));
 }
 
+TEST(TzSoapAttachmentFinder, userDefinedValuesAreFoundWhereverTheyAre) {
+    EXPECT_FALSE(TzSoapMessage().hasUserDefinedValues());
+    EXPECT_TRUE(messageOfAllKinds().hasUserDefinedValues());
+    TzSoapMessage inBody;
+    inBody.getSoapBody().appendEntry(around(around(named("plain"))));
+    EXPECT_FALSE(inBody.hasUserDefinedValues());
+    inBody.getSoapBody().appendEntry(around(around(TzSoapUserDefinedType())));
+    EXPECT_TRUE(inBody.hasUserDefinedValues());
+    EXPECT_FALSE(inBody.hasAttachments());
+    TzSoapMessage inHeader;
+    TzSoapSparseArrayType array("xsd:string", 10);
+    array[3] = TzSoapUserDefinedType();
+    inHeader.getSoapHeader().appendHeaderEntry(array, false);
+    EXPECT_TRUE(inHeader.hasUserDefinedValues());
+}
+
 } // namespace
