@@ -39,6 +39,9 @@ public:
     /// `setBounds`. O(items).
     TzSoapCompactArrayType(const TzSoapCompactArrayType& other,
                            const std::vector<unsigned int>& newBounds);
+    /// The same, named `name`.
+    TzSoapCompactArrayType(const TzXmlName& name, const TzSoapCompactArrayType& other,
+                           const std::vector<unsigned int>& newBounds);
     TzSoapCompactArrayType(const TzSoapCompactArrayType&) noexcept = default;
     TzSoapCompactArrayType(TzSoapCompactArrayType&&) noexcept = default;
     TzSoapCompactArrayType& operator=(const TzSoapCompactArrayType&) noexcept = default;

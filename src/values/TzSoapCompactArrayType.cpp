@@ -31,6 +31,13 @@ TzSoapCompactArrayType::TzSoapCompactArrayType(const TzSoapCompactArrayType& oth
                                                const Index& newBounds)
     : TzSoapCompactArrayType(new TzSoapCompactArrayImp(other.body(), newBounds)) {}
 
+TzSoapCompactArrayType::TzSoapCompactArrayType(const TzXmlName& name,
+                                               const TzSoapCompactArrayType& other,
+                                               const Index& newBounds)
+    : TzSoapCompactArrayType(other, newBounds) {
+    setName(name);
+}
+
 TzSoapCompactArrayType::TzSoapCompactArrayType(TzSoapCompactArrayImp* body) noexcept
     : TzSoapArrayType(body) {}
 

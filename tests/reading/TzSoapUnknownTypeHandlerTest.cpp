@@ -80,6 +80,10 @@ TEST_P(TzSoapUnknownTypeHandlerReading, theLocalNameOfATypeDecidesWhateverItsNam
             simple(read("<a xmlns:t=\"urn:t\" xsi:type=\"" + TzCString(type) + "\">1</a>"));
         EXPECT_EQ(value.getType(), Base::xsdInt) << type;
     }
+    for (const char* type : {"xsd:x:int", "xsd:int ", "xsd: int", ":", ""}) {
+        const auto value = simple(read("<a xsi:type=\"" + TzCString(type) + "\">1</a>"));
+        EXPECT_EQ(value.getType(), Base::xsdUnknown) << type;
+    }
 }
 
 TEST_P(TzSoapUnknownTypeHandlerReading, theTypesOfOlderSchemasCount) {

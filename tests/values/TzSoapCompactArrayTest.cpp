@@ -443,6 +443,12 @@ TEST(TzSoapCompactArray, CopiesWithOtherBounds) {
     EXPECT_EQ(textsOf(array), "0 1 2 3 4 5");
     EXPECT_TRUE(TzSoapAccess::sameBody(copy(0), array(0)));
     expectIllegal([&array] { TzSoapCompactArrayType(array, Index{3}); }, "setBounds");
+    const TzXmlName name("reshaped", TzXmlNamespace("p", "urn:p"));
+    const TzSoapCompactArrayType renamed(name, array, Index{1, 3});
+    EXPECT_EQ(renamed.getName(), name);
+    EXPECT_EQ(renamed.getName().getPrefix(), "p");
+    EXPECT_EQ(textsOf(renamed), "0 1 2");
+    EXPECT_TRUE(array.getName().isEmpty());
 }
 
 TEST(TzSoapCompactArray, WritesFromTheOffsetOn) {
