@@ -19,8 +19,9 @@ function(tzsoap_add_library target export_name)
                    INSTALL_RPATH "$ORIGIN")
     target_compile_features(${target} PUBLIC cxx_std_20)
     # Exported functions are never replaced by those of another library, so calls within one may be
-    # inlined.
+    # inlined and need no table.
     target_compile_options(${target} PRIVATE -fno-semantic-interposition)
+    target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
     # The sanitizers of clang are in the program only.
     if(NOT TZSOAP_SANITIZERS)
         target_link_options(${target} PRIVATE -Wl,--no-undefined)

@@ -20,8 +20,6 @@ constexpr std::string_view WhiteSpace(StyleSeparators.data(), StyleSeparators.si
 
 } // namespace
 
-TzSoapAttributeSet::TzSoapAttributeSet() noexcept = default;
-
 TzSoapAttributeSet::TzSoapAttributeSet(const TzSoapAttributeSet&) = default;
 
 TzSoapAttributeSet::TzSoapAttributeSet(TzSoapAttributeSet&&) noexcept = default;

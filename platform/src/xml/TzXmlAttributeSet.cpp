@@ -7,9 +7,6 @@
 
 namespace {
 
-/// Lists below this size are searched entry by entry.
-constexpr std::size_t IndexedFrom = 32;
-
 /// URI and local part of a wanted name.
 struct Key {
     std::string_view uri;
@@ -69,8 +66,6 @@ TzXmlAttributeSet::List::List(const List& other) : attributes(other.attributes) 
 
 TzXmlAttributeSet::List::~List() = default;
 
-TzXmlAttributeSet::TzXmlAttributeSet() noexcept = default;
-
 TzXmlAttributeSet::TzXmlAttributeSet(const TzXmlAttributeSet& other)
     : list_(other.empty() ? nullptr : std::make_unique<List>(*other.list_)) {}
 
@@ -90,43 +85,30 @@ TzXmlAttributeSet& TzXmlAttributeSet::operator=(TzXmlAttributeSet&& other) noexc
 
 TzXmlAttributeSet::~TzXmlAttributeSet() = default;
 
-std::size_t TzXmlAttributeSet::search(const TzXmlNamespace& nameSpace,
-                                      std::string_view localName) const {
-    if (size() >= IndexedFrom && list_->index == nullptr) {
+TzXmlAttributeSet::const_iterator TzXmlAttributeSet::findByIndex(const TzXmlNamespace& nameSpace,
+                                                                 std::string_view localName) const {
+    if (list_->index == nullptr) {
         list_->index = std::make_unique<Index>(list_->attributes);
     }
-    return searchAsIs(nameSpace, localName);
+    return first() + list_->index->find({nameSpace.getUri(), localName}, size());
 }
 
-std::size_t TzXmlAttributeSet::searchAsIs(const TzXmlNamespace& nameSpace,
-                                          std::string_view localName) const {
-    if (list_ != nullptr && list_->index != nullptr) {
-        return list_->index->find({nameSpace.getUri(), localName}, size());
-    }
-    const TzXmlAttribute* const attributes = first();
-    const std::size_t count = size();
-    std::size_t i = 0;
-    while (i < count && (!attributes[i].getName().getNamespace().sameUri(nameSpace) ||
-                         attributes[i].getName().getLocalName() != localName)) {
-        ++i;
-    }
-    return i;
-}
-
-TzXmlAttributeSet::iterator TzXmlAttributeSet::search(const TzXmlNamespace& nameSpace,
-                                                      std::string_view localName) {
+TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlNamespace& nameSpace,
+                                                    std::string_view localName) {
     // An index made now would serve this look-up only.
-    const std::size_t position = searchAsIs(nameSpace, localName);
+    const bool indexed = list_ != nullptr && list_->index != nullptr;
+    const const_iterator found =
+        indexed ? findByIndex(nameSpace, localName) : findInTurn(nameSpace, localName);
     forgetIndex();
-    return first() + position;
+    return first() + (found - first());
 }
 
 TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlName& name) {
-    return search(name.getNamespace(), name.getLocalName());
+    return find(name.getNamespace(), name.getLocalName());
 }
 
 TzXmlAttributeSet::const_iterator TzXmlAttributeSet::find(const TzXmlName& name) const {
-    return first() + search(name.getNamespace(), name.getLocalName());
+    return find(name.getNamespace(), name.getLocalName());
 }
 
 TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlAttribute& attribute) {
@@ -140,12 +122,7 @@ TzXmlAttributeSet::const_iterator TzXmlAttributeSet::find(const TzXmlAttribute& 
 }
 
 TzXmlAttributeSet::iterator TzXmlAttributeSet::findDeclaration(std::string_view prefix) {
-    return search(TzXmlNamespace::getXmlns(), prefix);
-}
-
-TzXmlAttributeSet::const_iterator
-TzXmlAttributeSet::findDeclaration(std::string_view prefix) const {
-    return first() + search(TzXmlNamespace::getXmlns(), prefix);
+    return find(TzXmlNamespace::getXmlns(), prefix);
 }
 
 void TzXmlAttributeSet::add(TzXmlAttribute attribute) {
@@ -153,12 +130,11 @@ void TzXmlAttributeSet::add(TzXmlAttribute attribute) {
     if (name.getLocalName() == "xmlns" && name.getNamespace().isEmpty()) {
         attribute.setName(TzXmlName({}, TzXmlNamespace::getXmlns()));
     }
-    const std::size_t position =
-        std::as_const(*this).search(name.getNamespace(), name.getLocalName());
-    if (position == size()) {
+    const const_iterator found = std::as_const(*this).find(name);
+    if (found == std::as_const(*this).end()) {
         append(std::move(attribute));
     } else {
-        first()[position] = std::move(attribute);
+        first()[found - first()] = std::move(attribute);
     }
 }
 

@@ -12,9 +12,6 @@ TzXmlElementImp::TzXmlElementImp(const TzXmlElementImp& other)
     : name_(other.name_), attributes_(new TzXmlAttributeSet(*other.attributes_)),
       ownsAttributes_(true) {}
 
-TzXmlElementImp::TzXmlElementImp(TzXmlName name, std::nullptr_t) noexcept
-    : name_(std::move(name)), attributes_(nullptr), ownsAttributes_(false) {}
-
 TzXmlElementImp& TzXmlElementImp::operator=(const TzXmlElementImp& other) {
     name_ = other.name_;
     *attributes_ = *other.attributes_;

@@ -27,7 +27,7 @@ public:
     using const_iterator = const TzXmlAttribute*;
 
     /// An empty list.
-    TzXmlAttributeSet() noexcept;
+    TzXmlAttributeSet() noexcept {}
     TzXmlAttributeSet(const TzXmlAttributeSet& other);
     TzXmlAttributeSet(TzXmlAttributeSet&& other) noexcept;
     TzXmlAttributeSet& operator=(const TzXmlAttributeSet& other);
@@ -61,7 +61,9 @@ public:
     /// Position of the declaration of `prefix` ("" is the default namespace), `end()` if none.
     iterator findDeclaration(std::string_view prefix);
     /// Position of the declaration of `prefix` ("" is the default namespace), `end()` if none.
-    const_iterator findDeclaration(std::string_view prefix) const;
+    const_iterator findDeclaration(std::string_view prefix) const {
+        return find(TzXmlNamespace::getXmlns(), prefix);
+    }
 
     /// Adds at the end; a name that is there already keeps its place and takes value and prefix.
     /// An unqualified "xmlns" becomes the declaration of the default namespace.
@@ -80,6 +82,9 @@ public:
     void clear() noexcept;
 
 private:
+    /// Lists below this size are searched entry by entry.
+    static constexpr std::size_t IndexedFrom = 32;
+
     class Index;
     /// What a list that is not empty has: most elements have no attributes.
     struct List {
@@ -95,9 +100,23 @@ private:
     TzXmlAttribute* first() const noexcept {
         return list_ != nullptr ? list_->attributes.data() : nullptr;
     }
-    std::size_t search(const TzXmlNamespace& nameSpace, std::string_view localName) const;
-    iterator search(const TzXmlNamespace& nameSpace, std::string_view localName);
-    std::size_t searchAsIs(const TzXmlNamespace& nameSpace, std::string_view localName) const;
+    const_iterator find(const TzXmlNamespace& nameSpace, std::string_view localName) const {
+        return size() < IndexedFrom ? findInTurn(nameSpace, localName)
+                                    : findByIndex(nameSpace, localName);
+    }
+    iterator find(const TzXmlNamespace& nameSpace, std::string_view localName);
+    const_iterator findInTurn(const TzXmlNamespace& nameSpace,
+                              std::string_view localName) const noexcept {
+        const_iterator at = begin();
+        for (const const_iterator last = end(); at != last; ++at) {
+            const TzXmlName& name = at->getName();
+            if (name.getNamespace().sameUri(nameSpace) && name.getLocalName() == localName) {
+                break;
+            }
+        }
+        return at;
+    }
+    const_iterator findByIndex(const TzXmlNamespace& nameSpace, std::string_view localName) const;
     void forgetIndex() noexcept {
         if (list_ != nullptr && list_->index != nullptr) {
             dropIndex();

@@ -7,6 +7,7 @@
 #include <tz/xml/TzXmlName.h>
 
 #include <cstddef>
+#include <utility>
 
 /// An element: a name and a list of attributes, namespace declarations among them.
 ///
@@ -98,7 +99,8 @@ public:
 protected:
     /// An element whose attribute list the derived class holds: it must call `useAttributes` in its
     /// constructor.
-    TzXmlElementImp(TzXmlName name, std::nullptr_t noListOfItsOwn) noexcept;
+    TzXmlElementImp(TzXmlName name, std::nullptr_t) noexcept
+        : name_(std::move(name)), attributes_(nullptr), ownsAttributes_(false) {}
 
     /// Makes `attributes`, a member of the derived class, the attribute list.
     void useAttributes(TzXmlAttributeSet& attributes) noexcept { attributes_ = &attributes; }
