@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <set>
@@ -144,6 +145,14 @@ private:
     struct RecentName {
         TzCString text;
         TzXmlName name;
+        std::uint64_t scopes = 0; // the state of the open scopes it is known to hold under
+    };
+    /// What tells whether the open scopes are the same as before.
+    struct ScopeMark {
+        std::uint64_t declarations = 0; // the parser's number for them, 0 for unknown
+        std::size_t depth = 0;
+        const TzXmlElementImp* innermost = nullptr;
+        bool operator==(const ScopeMark&) const = default;
     };
     /// Orders namespaces by prefix and URI.
     struct ByText {
@@ -157,6 +166,8 @@ private:
         }
     };
 
+    void noteScopes();
+    RecentName& resolveAnew(std::string_view text);
     bool isType(const TzXmlName& name);
     const TzCString& uriForPrefix(std::string_view prefix) const;
     const TzXmlNamespace& sharedNamespace(std::string_view prefix, std::string_view uri);
@@ -185,6 +196,8 @@ private:
     std::vector<std::unique_ptr<TzSoapTypeHandlers>> spareHandlers_;
     std::array<RecentName, 8> recentNames_; // few types make up most of a message
     std::size_t nextRecent_ = 0;
+    ScopeMark scopeMark_;
+    std::uint64_t scopes_ = 1; // a number for each state of the open scopes
     TzXmlName typeAttribute_;                           // the latest name that was one of a type
     std::set<TzXmlNamespace, ByText> sharedNamespaces_; // of all names resolved
     TzSoapStyleInForce styleInForce_;                   // of the last text that was asked for

@@ -98,20 +98,41 @@ const TzXmlNamespace& TzSoapParseContext::sharedNamespace(std::string_view prefi
                                             : *sharedNamespaces_.emplace(prefix, uri).first;
 }
 
+void TzSoapParseContext::noteScopes() {
+    const ScopeMark mark{parser_ == nullptr ? 0 : parser_->getNamespaceScope(), namespaces_.size(),
+                         namespaces_.empty() ? nullptr : namespaces_.back()};
+    if (mark != scopeMark_ || mark.declarations == 0) {
+        scopeMark_ = mark;
+        ++scopes_;
+    }
+}
+
 const TzXmlName& TzSoapParseContext::resolveName(std::string_view text) {
+    noteScopes();
+    for (const RecentName& recent : recentNames_) {
+        if (recent.scopes == scopes_ && recent.text == text) {
+            return recent.name;
+        }
+    }
+    RecentName& found = resolveAnew(text);
+    found.scopes = scopes_;
+    return found.name;
+}
+
+TzSoapParseContext::RecentName& TzSoapParseContext::resolveAnew(std::string_view text) {
     const std::size_t colon = text.find(':');
     const bool prefixed = colon != std::string_view::npos;
     const std::string_view prefix = prefixed ? text.substr(0, colon) : std::string_view();
     const TzCString& uri = uriForPrefix(prefix);
-    for (const RecentName& recent : recentNames_) {
+    for (RecentName& recent : recentNames_) {
         if (recent.text == text && recent.name.getUri() == uri) {
-            return recent.name;
+            return recent;
         }
     }
     RecentName& place = recentNames_[nextRecent_++ % recentNames_.size()];
     place.text = text;
     place.name = TzXmlName(prefixed ? text.substr(colon + 1) : text, sharedNamespace(prefix, uri));
-    return place.name;
+    return place;
 }
 
 bool TzSoapParseContext::isType(const TzXmlName& name) {

@@ -29,6 +29,9 @@ public:
     /// Undoes the latest `count` declarations.
     void undo(std::size_t count) noexcept;
 
+    /// The number of the bindings in force, from 1: no two states of them have the same.
+    std::uint64_t scope() const noexcept { return scope_; }
+
     /// Makes `name` the name of the element spelt `spelling`: without prefix in the default
     /// namespace.
     void resolveElement(std::string_view spelling, TzXmlName& name, std::uint64_t& stamp) {

@@ -40,6 +40,7 @@ public:
     void read(std::string_view text);
     std::size_t line() const noexcept { return source_->line(); }
     std::size_t column() const noexcept { return source_->column(); }
+    std::uint64_t scope() const noexcept { return resolver_.scope(); }
 
     void declaration(const char* version, const char* encoding, int standalone) override;
     void documentType() override;
@@ -260,6 +261,10 @@ void TzXmlSAXParser::parse(std::string_view text) {
     session_ = &session;
     session.read(text);
     running.finished = true;
+}
+
+std::uint64_t TzXmlSAXParser::getNamespaceScope() const noexcept {
+    return session_ != nullptr ? session_->scope() : 0;
 }
 
 std::size_t TzXmlSAXParser::getLine() const noexcept {

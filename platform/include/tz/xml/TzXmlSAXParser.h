@@ -5,6 +5,7 @@
 #include <tz/tools/TzCString.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 class TzXmlContentHandler;
@@ -56,6 +57,9 @@ public:
     /// length of the text (times the logarithm of the number of attributes and prefixes).
     void parse(std::string_view text);
 
+    /// A number for the namespace declarations in force at the event under way: the same number
+    /// means the same declarations. 0 when nothing is parsed.
+    std::uint64_t getNamespaceScope() const noexcept;
     /// Line of the event under way, from 1; after a failed parse, of the event it ended at;
     /// otherwise 0. A text event has the place of the tag that ends the text. Counted when asked
     /// for.
