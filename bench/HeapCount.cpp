@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "HeapCount.h"
 
-#include <atomic>
+#include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <new>
 
 namespace {
 
-std::atomic<std::size_t> liveBytes{0};
-std::atomic<std::size_t> liveAllocations{0};
+std::size_t liveBytes = 0;
+std::size_t liveAllocations = 0;
+std::size_t peak = 0;
 
 /// In front of every block: how many bytes were asked for.
 constexpr std::size_t HeadSize = alignof(std::max_align_t);
@@ -19,8 +21,9 @@ void* allocate(std::size_t size) {
         throw std::bad_alloc();
     }
     *head = size;
-    liveBytes.fetch_add(size, std::memory_order_relaxed);
-    liveAllocations.fetch_add(1, std::memory_order_relaxed);
+    liveBytes += size;
+    ++liveAllocations;
+    peak = std::max(peak, liveBytes);
     return reinterpret_cast<char*>(head) + HeadSize;
 }
 
@@ -29,14 +32,18 @@ void give(void* block) noexcept {
         return;
     }
     auto* head = reinterpret_cast<std::size_t*>(static_cast<char*>(block) - HeadSize);
-    liveBytes.fetch_sub(*head, std::memory_order_relaxed);
-    liveAllocations.fetch_sub(1, std::memory_order_relaxed);
+    liveBytes -= *head;
+    --liveAllocations;
     std::free(head);
 }
 
 } // namespace
 
-HeapCount HeapCount::now() noexcept { return {liveBytes.load(), liveAllocations.load()}; }
+HeapCount HeapCount::now() noexcept { return {liveBytes, liveAllocations}; }
+
+void HeapCount::startPeak() noexcept { peak = liveBytes; }
+
+std::size_t HeapCount::peakBytes() noexcept { return peak; }
 
 void* operator new(std::size_t size) { return allocate(size); }
 void* operator new[](std::size_t size) { return allocate(size); }

@@ -3,13 +3,18 @@
 
 #include <cstddef>
 
-/// What the replaced operators new and delete have counted.
+/// What the replaced operators new and delete have counted. They count for a program with one
+/// thread: locked instructions would be charged to whatever is measured.
 struct HeapCount {
     std::size_t bytes;       ///< Asked for and not given back.
     std::size_t allocations; ///< Made and not given back.
 
     /// The count at this moment.
     static HeapCount now() noexcept;
+    /// Begins to look for the largest number of bytes.
+    static void startPeak() noexcept;
+    /// The largest number of bytes since then.
+    static std::size_t peakBytes() noexcept;
 
     friend HeapCount operator-(const HeapCount& left, const HeapCount& right) noexcept {
         return {left.bytes - right.bytes, left.allocations - right.allocations};

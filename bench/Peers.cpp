@@ -2,6 +2,7 @@
 #include "Peers.h"
 
 #include <expat.h>
+#include <gmime/gmime.h>
 #include <libxml/parser.h>
 #include <pugixml.hpp>
 
@@ -50,4 +51,16 @@ int peers::libxmlWrite(const Document& document) {
 void peers::pugixmlRead(std::string_view text) {
     pugi::xml_document document;
     require(document.load_buffer(text.data(), text.size()), "pugixml refused the text");
+}
+
+void peers::gmimeRead(std::string_view text) {
+    static const bool ready = (g_mime_init(), true);
+    require(ready, "GMime cannot be used");
+    GMimeStream* stream = g_mime_stream_mem_new_with_buffer(text.data(), text.size());
+    GMimeParser* parser = g_mime_parser_new_with_stream(stream);
+    GMimeObject* package = g_mime_parser_construct_part(parser, nullptr);
+    require(package != nullptr && GMIME_IS_MULTIPART(package), "GMime refused the text");
+    g_object_unref(package);
+    g_object_unref(parser);
+    g_object_unref(stream);
 }

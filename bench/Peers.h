@@ -23,6 +23,9 @@ Document libxmlRead(std::string_view text);
 /// Writes a DOM of libxml2 by xmlDocDumpMemory; returns the number of bytes.
 int libxmlWrite(const Document& document);
 
+/// Parses `text`, a MIME package, by GMime.
+void gmimeRead(std::string_view text);
+
 /// Reads `text` into a DOM of pugixml.
 void pugixmlRead(std::string_view text);
 

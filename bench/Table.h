@@ -6,7 +6,8 @@
 #include <map>
 #include <string>
 
-/// Prints every benchmark as it ends and keeps the medians, in seconds for one iteration.
+/// Prints every benchmark as it ends and keeps the medians, in seconds of the processor for one
+/// iteration: others on the machine do not count.
 class MedianReporter : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override;

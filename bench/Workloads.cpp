@@ -36,19 +36,16 @@ TzSoapMessage messageWith(const TzSoapType& entry) {
 
 TzSoapCompositeType structOf(int number) {
     TzSoapCompositeType item{TzXmlName("item")};
-    item.appendChild(TzSoapSimpleType("symbol", "SYM" + std::to_string(number), Base::xsdString,
-                                      true));
+    item.appendChild(
+        TzSoapSimpleType("symbol", "SYM" + std::to_string(number), Base::xsdString, true));
     item.appendChild(TzSoapSimpleType("amount", number, Base::xsdInt, true));
     item.appendChild(TzSoapSimpleType("price", 10.25 + number % 100, Base::xsdDouble, true));
     item.appendChild(TzSoapSimpleType("urgent", number % 2 == 0, Base::xsdBoolean, true));
-    item.appendChild(
-        TzSoapSimpleType("placed", "2026-11-21T12:34:56Z", Base::xsdDateTime, true));
+    item.appendChild(TzSoapSimpleType("placed", "2026-11-21T12:34:56Z", Base::xsdDateTime, true));
     return item;
 }
 
-TzSoapSimpleType number(int value) {
-    return {TzXmlName("i"), value, Base::xsdInt, true};
-}
+TzSoapSimpleType number(int value) { return {TzXmlName("i"), value, Base::xsdInt, true}; }
 
 } // namespace
 
@@ -111,6 +108,4 @@ TzSoapMessage workloads::references(int references) {
     return messageWith(orders);
 }
 
-std::string workloads::textOf(const TzSoapMessage& message) {
-    return message.asString();
-}
+std::string workloads::textOf(const TzSoapMessage& message) { return message.asString(); }

@@ -11,8 +11,8 @@ namespace workloads {
 /// A request of about 1 KB: a header entry and five parameters.
 TzSoapMessage request();
 
-/// A body entry of `structs` structs of five members: string, int, double, boolean and dateTime, each
-/// with its type. 10,000 of them make about 4 MB of text.
+/// A body entry of `structs` structs of five members: string, int, double, boolean and dateTime,
+/// each with its type. 10,000 of them make about 4 MB of text.
 TzSoapMessage structs(int structs);
 
 /// Number of values in what `structs` makes: the entry, its structs and their members.

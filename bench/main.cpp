@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "Packages.h"
 #include "Peers.h"
+#include "Register.h"
 #include "Table.h"
 #include "Workloads.h"
 
 #include <soap/TzSoapCompactArrayType.h>
+#include <soap/TzSoapSerializer.h>
 #include <soap/TzSoapSimpleType.h>
 
 #include <benchmark/benchmark.h>
@@ -15,8 +18,6 @@
 #include <vector>
 
 namespace {
-
-constexpr int Repetitions = 5;
 
 /// A message that is measured: made when its first benchmark runs, kept for the others.
 class Subject {
@@ -48,22 +49,10 @@ private:
     peers::Document document_;
 };
 
-/// The end of a benchmark's name that says how large its message is.
-std::string suffixOf(int size) {
-    std::string suffix("/");
-    suffix += std::to_string(size);
-    return suffix;
-}
-
 using SharedSubject = std::shared_ptr<Subject>;
 
-template <typename Work> void add(const std::string& name, Work work) {
-    benchmark::RegisterBenchmark(name.c_str(), work)
-        ->Repetitions(Repetitions)
-        ->ReportAggregatesOnly(true)
-        ->UseRealTime()
-        ->Unit(benchmark::kMillisecond);
-}
+using bench::add;
+using bench::suffixOf;
 
 /// Measures `work`, called with the text of the subject.
 template <typename Work>
@@ -119,6 +108,18 @@ void addWriting(const std::string& name, const std::string& suffix, const Shared
     });
 }
 
+/// The application's own output path.
+void addSerializing(const std::string& name, const SharedSubject& subject) {
+    add(name, [subject](benchmark::State& state) {
+        const TzSoapMessage& message = subject->message();
+        for (auto _ : state) {
+            TzSoapSerializer serializer;
+            message.acceptVisitor(serializer);
+            benchmark::DoNotOptimize(serializer.getSerializedString());
+        }
+    });
+}
+
 void addStructs() {
     for (const int structs : {100, 1000, 10000, 100000}) {
         const auto subject =
@@ -131,6 +132,7 @@ void addStructs() {
             addOnText("read/T/pugixml" + suffix, subject, peers::pugixmlRead);
             addOnText("readDrop/T/tzsoap" + suffix, subject, readAndDrop);
             addWriting("write/T", suffix, subject);
+            addSerializing("serialize/T", subject);
         }
     }
 }
@@ -151,14 +153,14 @@ void addArrays() {
         addOnText(std::string("read/") + name + "/expat", subject, peers::expatNoOp);
         addWriting(std::string("write/") + name, "", subject);
     }
+    addSerializing("serialize/U", numbers);
     for (const int members : {1000, 10000, 100000}) {
         const std::string suffix = suffixOf(members);
         addReading("read/W/tzsoap" + suffix, std::make_shared<Subject>([members] {
                        return workloads::sparseArray(members);
                    }));
-        addReading("read/X/tzsoap" + suffix, std::make_shared<Subject>([members] {
-                       return workloads::references(members);
-                   }));
+        addReading("read/X/tzsoap" + suffix,
+                   std::make_shared<Subject>([members] { return workloads::references(members); }));
     }
 }
 
@@ -202,6 +204,7 @@ int main(int argc, char** argv) {
     addRequest();
     addArrays();
     addIndexing();
+    packages::addBenchmarks();
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();

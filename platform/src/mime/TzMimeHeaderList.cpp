@@ -11,11 +11,12 @@ std::size_t TzMimeHeaderList::read(std::shared_ptr<const TzCString> text, std::s
     text_ = std::move(text);
     constexpr std::size_t usual = 4;
     bool open = false; // whether a further line belongs to the last header
-    for (std::size_t from = 0; from < slice.size();) {
+    std::size_t from = 0;
+    while (from < slice.size()) {
         const TzMimeText::Line line = TzMimeText::lineAt(slice, from);
         from = line.next;
         if (line.content.empty()) {
-            return from;
+            break;
         }
         if (TzMimeText::isBlank(line.content.front())) {
             if (open) {
@@ -34,7 +35,8 @@ std::size_t TzMimeHeaderList::read(std::shared_ptr<const TzCString> text, std::s
             slots_.push_back({line.content, colon, TzMimeHeader()});
         }
     }
-    return slice.size();
+    writtenSize_ = from;
+    return from;
 }
 
 void TzMimeHeaderList::assign(const TzMimeHeaderList& other) {
@@ -44,10 +46,15 @@ void TzMimeHeaderList::assign(const TzMimeHeaderList& other) {
         slots.push_back({{}, 0, other.at(position)});
     }
     slots_ = std::move(slots);
+    writtenSize_ = other.writtenSize_;
     text_.reset();
 }
 
-void TzMimeHeaderList::insert(const TzMimeHeader& header) { slots_.push_back({{}, 0, header}); }
+void TzMimeHeaderList::insert(const TzMimeHeader& header) {
+    constexpr std::size_t typical = 80;
+    slots_.push_back({{}, 0, header});
+    writtenSize_ += typical;
+}
 
 std::size_t TzMimeHeaderList::find(std::string_view label, std::size_t start) const noexcept {
     for (std::size_t position = start; position < slots_.size(); ++position) {
@@ -117,13 +124,4 @@ void TzMimeHeaderList::append(std::size_t position, TzCString& out) const {
     }
     TzCString kept;
     TzMimeHeaderValue::append(out, labelAt(position), valueAt(position, kept));
-}
-
-std::size_t TzMimeHeaderList::writtenSize() const noexcept {
-    constexpr std::size_t typical = 80;
-    std::size_t size = 0;
-    for (const Slot& slot : slots_) {
-        size += slot.line.empty() ? typical : slot.line.size() + 4;
-    }
-    return size;
 }

@@ -38,8 +38,8 @@ public:
     std::string_view valueAt(std::size_t position, TzCString& kept) const;
     /// Adds the header line at `position` to `out`.
     void append(std::size_t position, TzCString& out) const;
-    /// Roughly how many bytes the header lines will take.
-    std::size_t writtenSize() const noexcept;
+    /// Roughly how many bytes the header lines will take. Does not look at them.
+    std::size_t writtenSize() const noexcept { return writtenSize_; }
 
 private:
     struct Slot {
@@ -54,5 +54,6 @@ private:
 
     std::shared_ptr<const TzCString> text_;
     mutable std::vector<Slot> slots_;
+    std::size_t writtenSize_ = 0;
     mutable TzMutexLock lock_; // for the headers of the slots
 };

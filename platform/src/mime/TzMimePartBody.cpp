@@ -84,6 +84,7 @@ void TzMimePartBody::readText(const Text& text) {
 
 void TzMimePartBody::readSlice(const Text& text, std::size_t begin, std::string_view slice) {
     const std::size_t end = begin + headers_.read(text, slice.substr(begin));
+    statedEncoding_ = findEncoding();
     store(text, slice.substr(end), statedEncoding());
 }
 
@@ -96,6 +97,9 @@ void TzMimePartBody::store(Text text, std::string_view bytes, Kind encoding) noe
 
 void TzMimePartBody::insertHeader(const TzMimeHeader& header) {
     headers_.insert(header);
+    if (!statedEncoding_ && tzEqualIgnoreCase(header.getLabel(), TzMimeTransferEncoding::Label)) {
+        statedEncoding_ = TzMimeTransferEncoding::kindOf(header.getValue());
+    }
     const TzMimeLock guard(lock_);
     raise(watcher_);
     for (const std::weak_ptr<std::atomic<bool>>& watcher : moreWatchers_) {
@@ -150,10 +154,15 @@ TzCString TzMimePartBody::copyBytes() const {
     return TzMimeTransferEncoding::decode(encoding_, stored_);
 }
 
-TzMimeTransferEncoding::Kind TzMimePartBody::statedEncoding() const {
+void TzMimePartBody::assignHeaders(const TzMimePartBody& other) {
+    headers_.assign(other.headers_);
+    statedEncoding_ = other.statedEncoding_;
+}
+
+std::optional<Kind> TzMimePartBody::findEncoding() const {
     const std::size_t position = headers_.find(TzMimeTransferEncoding::Label, 0);
     if (position == TzMimePart::NotFound) {
-        return Kind::Identity;
+        return std::nullopt;
     }
     TzCString kept;
     return TzMimeTransferEncoding::kindOf(headers_.valueAt(position, kept));

@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <forward_list>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 class TzMimeParts;
@@ -43,7 +44,7 @@ public:
     const TzMimeHeaderList& headers() const noexcept { return headers_; }
     void insertHeader(const TzMimeHeader& header);
     /// Takes over the headers of `other` as they are now.
-    void assignHeaders(const TzMimePartBody& other) { headers_.assign(other.headers_); }
+    void assignHeaders(const TzMimePartBody& other);
     /// Has `changed` raised when the headers change next.
     void watchHeaders(const std::weak_ptr<std::atomic<bool>>& changed);
 
@@ -56,13 +57,16 @@ public:
     /// The body as it is kept, which is in the encoding `storedEncoding`.
     std::string_view stored() const noexcept { return stored_; }
     TzMimeTransferEncoding::Kind storedEncoding() const noexcept { return encoding_; }
-    /// The encoding that the headers state.
-    TzMimeTransferEncoding::Kind statedEncoding() const;
+    /// The encoding that the headers state. Known without looking at them: whoever writes asks.
+    TzMimeTransferEncoding::Kind statedEncoding() const noexcept {
+        return statedEncoding_.value_or(TzMimeTransferEncoding::Kind::Identity);
+    }
     /// The parameter "boundary" of the Content-Type header.
     TzCString boundary() const;
 
 private:
     void readSlice(const Text& text, std::size_t begin, std::string_view slice);
+    std::optional<TzMimeTransferEncoding::Kind> findEncoding() const;
     void store(Text text, std::string_view bytes, TzMimeTransferEncoding::Kind encoding) noexcept;
 
     TzMimeHeaderList headers_;
@@ -74,4 +78,5 @@ private:
     std::forward_list<std::weak_ptr<std::atomic<bool>>> moreWatchers_; // of other packages
     TzMutexLock lock_;                                                 // for the watchers
     TzMimeTransferEncoding::Kind encoding_ = TzMimeTransferEncoding::Kind::Identity;
+    std::optional<TzMimeTransferEncoding::Kind> statedEncoding_; // by the first header that does
 };
