@@ -11,6 +11,7 @@
 #include <tz/mime/TzMimeVersionHeader.h>
 #include <tz/xml/TzXmlBoundsError.h>
 
+#include <algorithm>
 #include <string>
 #include <thread>
 #include <type_traits>
@@ -177,6 +178,22 @@ TEST(TzMimeMultipart, ReadsDelimiterLines) {
     }
     EXPECT_THAT(bodies(package("Content-Type: a/b;\n boundary=b\n\n--b\n\nx\n--b--\n")),
                 ElementsAre("x"));
+}
+
+TEST(TzMimeMultipart, FindsDelimitersWhereverTheyStand) {
+    // The search looks through windows of these sizes: no delimiter may get lost between two.
+    std::size_t edge = 0;
+    for (std::size_t window = 4096; window <= std::size_t{1} << 21; window *= 2) {
+        edge += std::min(window, std::size_t{1} << 20);
+        for (std::size_t size = edge - 12; size < edge + 12; ++size) {
+            const std::string body(size, '-');
+            const TzMimeMultipart read =
+                package(packageHead + "--b\r\n\r\n" + body + "\r\n--b\r\n\r\nx\r\n--b--\r\n");
+            ASSERT_EQ(read.getPartCount(), 2U) << size;
+            ASSERT_EQ(read.getPart(0).getBodyView().size(), size);
+            ASSERT_EQ(read.getPart(1).getBodyView(), "x") << size;
+        }
+    }
 }
 
 TEST(TzMimeMultipart, ReadsOddBoundaries) {
@@ -380,8 +397,8 @@ TEST(TzMimeMultipart, SharesOneTextAmongItsParts) {
 TEST(TzMimeMultipart, FindsItsRoot) {
     const auto rootOf = [](const TzCString& contentType, const TzCString& secondId) {
         TzMimeMultipart package;
-        package.fromString(contentType + "\r\n\r\n--b\r\n\r\none\r\n--b\r\nContent-ID: " + secondId +
-                           "\r\n\r\ntwo\r\n--b--\r\n");
+        package.fromString(contentType + "\r\n\r\n--b\r\n\r\none\r\n--b\r\nContent-ID: " +
+                           secondId + "\r\n\r\ntwo\r\n--b--\r\n");
         return package.findRootPart();
     };
     EXPECT_EQ(rootOf("Content-Type: multipart/related; boundary=b", "<x>"), 0U);
