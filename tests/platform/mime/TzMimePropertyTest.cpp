@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include "platform/mime/GMimeOracle.h"
+#include "support/GMimeOracle.h"
 #include "platform/mime/MimeTexts.h"
 
 #include <tz/mime/TzMimeMultipart.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/mime/GMimeOracle.h"
+#include "support/GMimeOracle.h"
 
 #include <gmime/gmime.h>
 
