@@ -8,7 +8,11 @@ class TzSoapMessage;
 struct Input;
 
 /// Exit statuses of the tool. Wrong arguments have statuses above 100.
-enum ExitStatus { Done = 0, Failed = 1 };
+enum ExitStatus {
+    Done = 0,
+    Failed = 1,
+    Fault = 2 ///< What was called answered with a fault.
+};
 
 /// Does `work`, which is about `file`. What it throws is told on standard error, with the file, and
 /// with line and column where they are known; the exit status says whether all went well.

@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+#ifdef TZSOAP_HTTP
+#include "Call.h"
+#endif
 #include "Convert.h"
 #include "Echo.h"
 #include "Pack.h"
@@ -13,7 +16,7 @@
 #include <iostream>
 
 int main(int argc, char** argv) {
-    CLI::App app("Shows and rewrites SOAP messages.", "tzsoap");
+    CLI::App app("Shows, rewrites and sends SOAP messages.", "tzsoap");
     app.set_version_flag("--version", "tzsoap " TZSOAP_LIBRARY_VERSION);
     app.require_subcommand(1);
 
@@ -23,6 +26,9 @@ int main(int argc, char** argv) {
     addConvert(app, status);
     addUnpack(app, status);
     addPack(app, status);
+#ifdef TZSOAP_HTTP
+    addCall(app, status);
+#endif
 
     CLI11_PARSE(app, argc, argv);
     std::cout.flush();

@@ -5,6 +5,7 @@
 #include <soap/TzSoapVersion.h>
 #include <tz/tools/TzCString.h>
 
+class TzMimeMultipart;
 class TzSoapHttpTransportContext;
 class TzSoapMessage;
 
@@ -27,6 +28,15 @@ public:
     /// an action that no header line can hold. Other errors are those of `TzSoapMessage::asString`.
     /// O(message).
     static TzCString pack(const TzSoapMessage& message, TzSoapHttpTransportContext& context);
+    /// The body that carries `package`, a message with its attachments; `context` gets the
+    /// package's content type, and a SOAP action that it has is quoted. Errors as above for the
+    /// action.
+    static TzCString pack(const TzMimeMultipart& package, TzSoapHttpTransportContext& context);
+    /// Gives `context` what `pack` gives it for an envelope of `version`, without the body: for
+    /// texts that exist already, in the encoding `charset`. Errors as above for the action,
+    /// `TzXmlError` UNKNOWN_VERSION for a value that is no version.
+    static void describe(TzSoapVersion::Version version, const TzCString& charset,
+                         TzSoapHttpTransportContext& context);
     /// Replaces the content of `message` by the one that `body` carries according to the
     /// "Content-Type" of `context`, whose charset counts for a text that does not state its own.
     /// Without a content type the text itself decides. `TzXmlParseError` INVALID_CONTENT_TYPE for

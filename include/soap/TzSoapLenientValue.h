@@ -27,6 +27,11 @@ public:
     /// counts as simple, as does an array position that holds no item. O(references in a row).
     explicit TzSoapLenientValue(const TzSoapType& value);
 
+    /// The value that `value` stands for: itself, or what it refers to, through any number of
+    /// references (up to 100) in a row; the last of them when it has no value. Good for composites
+    /// and arrays too. O(references in a row).
+    static TzSoapType follow(const TzSoapType& value);
+
     /// Whether the value is nil: xsi:nil (or the older xsi:null) is "1" or "true", or there is no
     /// item.
     bool isNull() const noexcept { return null_; }

@@ -83,30 +83,6 @@ void quoteAction(TzSoapHttpTransportContext& context) {
     }
 }
 
-TzCString packPackage(const TzMimeMultipart& package, TzSoapHttpTransportContext& context) {
-    quoteAction(context);
-    const std::size_t position = package.findHeader(TzMimeContentTypeHeader::Label);
-    context.add(TzSoapHttpBinding::getContentTypeLabel(), package.getHeader(position).getValue());
-    return package.getBody();
-}
-
-/// The content type of a bare envelope; the charset is without quotes, for not every peer knows
-/// them. Puts the action where the version has it.
-TzCString describe(TzSoapVersion::Version version, TzSoapHttpTransportContext& context) {
-    const MediaType& media =
-        *findMediaType([&](const MediaType& entry) { return entry.version == version; });
-    TzCString text = TzCString(media.type) + '/' + media.subtype + "; charset=utf-8";
-    if (!media.holdsAction) {
-        quoteAction(context);
-        return text;
-    }
-    if (const TzCString action = checkedAction(context); !action.empty()) {
-        text.append("; ").append(ActionParameter).append("=\"").append(action).append("\"");
-    }
-    context.remove(TzSoapHttpTransportContext::getSoapActionLabel());
-    return text;
-}
-
 bool isCharsetName(std::string_view name) noexcept {
     return !name.empty() && std::all_of(name.begin(), name.end(), [](char character) {
         return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
@@ -146,10 +122,39 @@ TzCString TzSoapHttpBinding::getContentTypeLabel() { return TzMimeContentTypeHea
 TzCString TzSoapHttpBinding::pack(const TzSoapMessage& message,
                                   TzSoapHttpTransportContext& context) {
     if (message.hasAttachments()) {
-        return packPackage(message.asMimeMultipart(), context);
+        return pack(message.asMimeMultipart(), context);
     }
-    context.add(getContentTypeLabel(), describe(message.getVersion(), context));
+    describe(message.getVersion(), "utf-8", context);
     return message.asString();
+}
+
+TzCString TzSoapHttpBinding::pack(const TzMimeMultipart& package,
+                                  TzSoapHttpTransportContext& context) {
+    quoteAction(context);
+    const std::size_t position = package.findHeader(TzMimeContentTypeHeader::Label);
+    context.add(getContentTypeLabel(), position == TzMimePart::NotFound
+                                           ? TzCString()
+                                           : package.getHeader(position).getValue());
+    return package.getBody();
+}
+
+void TzSoapHttpBinding::describe(TzSoapVersion::Version version, const TzCString& charset,
+                                 TzSoapHttpTransportContext& context) {
+    // Refuses what is no version.
+    const TzSoapVersion::Version known = TzSoapVersion::getSoapVersion(version).getVersion();
+    const MediaType& media =
+        *findMediaType([&](const MediaType& entry) { return entry.version == known; });
+    // Without quotes, for not every peer knows them.
+    TzCString text = TzCString(media.type) + '/' + media.subtype + "; charset=" + charset;
+    if (media.holdsAction) {
+        const TzCString action = checkedAction(context);
+        text +=
+            action.empty() ? TzCString() : TzCString("; ") + ActionParameter + "=\"" + action + '"';
+        context.remove(TzSoapHttpTransportContext::getSoapActionLabel());
+    } else {
+        quoteAction(context);
+    }
+    context.add(getContentTypeLabel(), text);
 }
 
 void TzSoapHttpBinding::unpack(const TzSoapHttpTransportContext& context, const TzCString& body,

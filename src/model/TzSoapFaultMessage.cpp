@@ -89,5 +89,7 @@ TzSoapMessage TzSoapFaultMessage::makeMustUnderstand(TzSoapVersion::Version vers
 }
 
 TzSoapMessage TzSoapFaultMessage::makeFrom(TzSoapVersion::Version version, const Tzxmsg& error) {
-    return make(version, codeFor(error), reasonFor(error));
+    const TzSoapVersion::SoapFaultCode code = codeFor(error);
+    return make(code == TzSoapVersion::VersionMismatch ? TzSoapVersion::V1_1 : version, code,
+                reasonFor(error));
 }

@@ -71,19 +71,6 @@ bool isNullAttribute(const TzXmlAttribute& attribute) {
            TzXmlNamespace::matchXsi(name.getNamespace());
 }
 
-/// The value that `value` stands for: itself, or what the references it begins lead to.
-TzSoapType followed(const TzSoapType& value) {
-    TzSoapType current = value;
-    for (int i = 0; i < MostReferences; ++i) {
-        const auto reference = tzSoapCast<TzSoapReferenceType>(current);
-        if (!reference || reference->isMimeReference() || !reference->hasReference()) {
-            break;
-        }
-        current = reference->getSoapReference();
-    }
-    return current;
-}
-
 TzCString described(const TzSoapType& value) {
     return holdsNoItem(value) ? TzCString("an array position without item")
                               : "element " + tzQuoted(value.getName().getQualifiedName());
@@ -147,7 +134,7 @@ std::optional<TzCString> fromHex(std::string_view text) {
 
 } // namespace
 
-TzSoapLenientValue::TzSoapLenientValue(const TzSoapType& value) : value_(followed(value)) {
+TzSoapLenientValue::TzSoapLenientValue(const TzSoapType& value) : value_(follow(value)) {
     readNull();
     const auto simple = tzSoapCast<TzSoapSimpleType>(value_);
     if (!simple && !null_) {
@@ -157,6 +144,18 @@ TzSoapLenientValue::TzSoapLenientValue(const TzSoapType& value) : value_(followe
     if (!null_) {
         text_ = simple->getString();
     }
+}
+
+TzSoapType TzSoapLenientValue::follow(const TzSoapType& value) {
+    TzSoapType current = value;
+    for (int i = 0; i < MostReferences; ++i) {
+        const auto reference = tzSoapCast<TzSoapReferenceType>(current);
+        if (!reference || reference->isMimeReference() || !reference->hasReference()) {
+            break;
+        }
+        current = reference->getSoapReference();
+    }
+    return current;
 }
 
 void TzSoapLenientValue::readNull() {

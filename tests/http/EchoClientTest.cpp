@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "http/CannedService.h"
 #include "http/EchoServer.h"
 
 #include <soap/TzSoapFaultMessage.h>
@@ -6,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace {
@@ -32,37 +32,6 @@ constexpr char Order[] = "--- the order in the answer ---\n"
                          "seal of 3 bytes, no remark\n"
                          "sizes 0 1 4\n";
 
-/// A service that answers everything with a fault.
-class FaultyServer {
-public:
-    FaultyServer() : port_(server_.bind_to_any_port("127.0.0.1")) {
-        server_.Post("/", [](const httplib::Request&, httplib::Response& response) {
-            response.status = 500;
-            response.set_content(
-                TzSoapFaultMessage::make(TzSoapVersion::V1_1, TzSoapVersion::Server, "out of paper")
-                    .asString(),
-                "text/xml");
-        });
-        thread_ = std::thread([this] { server_.listen_after_bind(); });
-        while (!server_.is_running()) {
-            std::this_thread::yield();
-        }
-    }
-    ~FaultyServer() {
-        server_.stop();
-        thread_.join();
-    }
-    FaultyServer(const FaultyServer&) = delete;
-    FaultyServer& operator=(const FaultyServer&) = delete;
-
-    std::string url() const { return "http://127.0.0.1:" + std::to_string(port_); }
-
-private:
-    httplib::Server server_;
-    int port_;
-    std::thread thread_;
-};
-
 } // namespace
 
 TEST(EchoClientTest, ShowsBothEnvelopesAndTheValues) {
@@ -87,7 +56,10 @@ TEST(EchoClientTest, SendsAnAttachment) {
 }
 
 TEST(EchoClientTest, AFaultIsStatus2AndOtherFailuresStatus1) {
-    EXPECT_EQ(runClient({FaultyServer().url()}).status, 2);
+    const TzSoapMessage fault =
+        TzSoapFaultMessage::make(TzSoapVersion::V1_1, TzSoapVersion::Server, "out of paper");
+    const CannedService faulty(500, "text/xml", fault.asString());
+    EXPECT_EQ(runClient({faulty.url()}).status, 2);
     std::string gone;
     {
         const EchoServer server;

@@ -144,13 +144,13 @@ TEST_F(EchoServerTest, ActorAndRoleAreHonoured) {
 TEST_F(EchoServerTest, AnUnknownEnvelopeIsAVersionMismatch) {
     const std::string later =
         "<e:Envelope xmlns:e='http://www.w3.org/2003/05/soap-envelope'><e:Body/></e:Envelope>";
-    const HttpAnswer first = server_.post("text/xml", later);
-    EXPECT_EQ(first.status, 500);
-    EXPECT_EQ(faultCodeIn(first), "VersionMismatch");
-    EXPECT_EQ(messageIn(first).getVersion(), TzSoapVersion::V1_1);
-    const HttpAnswer second = server_.post("application/soap+xml", later);
-    EXPECT_EQ(faultCodeIn(second), "VersionMismatch");
-    EXPECT_EQ(messageIn(second).getVersion(), TzSoapVersion::V1_2);
+    for (const char* type : {"text/xml", "application/soap+xml"}) {
+        const HttpAnswer answer = server_.post(type, later);
+        EXPECT_EQ(answer.status, 500);
+        EXPECT_EQ(faultCodeIn(answer), "VersionMismatch");
+        EXPECT_EQ(messageIn(answer).getVersion(), TzSoapVersion::V1_1);
+        EXPECT_TRUE(answer.contentType.starts_with("text/xml")) << answer.contentType;
+    }
 }
 
 TEST_F(EchoServerTest, OtherOperationsAreTheClientsFault) {

@@ -9,6 +9,7 @@
 #include <soap/TzSoapReferenceType.h>
 #include <soap/TzSoapSimpleType.h>
 #include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeMultipart.h>
 #include <tz/mime/TzMimePart.h>
 #include <tz/xml/TzXmlBadArgError.h>
 #include <tz/xml/TzXmlParseError.h>
@@ -105,6 +106,30 @@ TEST(TzSoapHttpBindingTest, APackageHasItsOwnContentType) {
             tzSoapCast<TzSoapReferenceType>(*read.getSoapBody().entriesBegin()).value();
         EXPECT_EQ(reference.getMimeReference().getBody(), "the bytes");
     }
+}
+
+TEST(TzSoapHttpBindingTest, ATextThatExistsIsDescribed) {
+    TzSoapHttpTransportContext first = contextWithAction("urn:do");
+    TzSoapHttpBinding::describe(TzSoapVersion::V1_1, "iso-8859-1", first);
+    EXPECT_EQ(first.asString(),
+              "Content-Type:text/xml; charset=iso-8859-1\nSOAPAction:\"urn:do\"\n");
+    TzSoapHttpTransportContext second = contextWithAction("urn:do");
+    TzSoapHttpBinding::describe(TzSoapVersion::V1_2, "utf-16", second);
+    EXPECT_EQ(second.asString(),
+              "Content-Type:application/soap+xml; charset=utf-16; action=\"urn:do\"\n");
+    EXPECT_THROW(
+        TzSoapHttpBinding::describe(static_cast<TzSoapVersion::Version>(0), "utf-8", second),
+        TzXmlError);
+}
+
+TEST(TzSoapHttpBindingTest, APackageThatExistsIsSentWithItsContentType) {
+    TzMimeMultipart package;
+    package.fromString("Content-Type: multipart/related; boundary=b\r\n\r\n"
+                       "--b\r\n\r\n<a/>\r\n--b--\r\n");
+    TzSoapHttpTransportContext context = contextWithAction("urn:do");
+    EXPECT_EQ(TzSoapHttpBinding::pack(package, context), "--b\r\n\r\n<a/>\r\n--b--\r\n");
+    EXPECT_EQ(context.asString(),
+              "Content-Type:multipart/related; boundary=b\nSOAPAction:\"urn:do\"\n");
 }
 
 TEST(TzSoapHttpBindingTest, AnActionThatNoHeaderLineHoldsIsRefused) {

@@ -29,14 +29,15 @@ std::string madeFrom(const Tzxmsg& error, TzSoapVersion::Version version = TzSoa
     return faultOf(message).getCode().getLocalName() + "|" + faultOf(message).getReason();
 }
 
-/// The fault for what reading `text` throws.
-std::string madeFromReading(const std::string& text) {
+/// The fault, asked for in the later version, for what reading `text` throws.
+TzSoapMessage madeFromReading(const std::string& text) {
     try {
         messageOf(text);
     } catch (const Tzxmsg& error) {
-        return madeFrom(error);
+        return TzSoapFaultMessage::makeFrom(TzSoapVersion::V1_2, error);
     }
-    return "nothing thrown";
+    ADD_FAILURE() << "nothing thrown";
+    return TzSoapMessage();
 }
 
 } // namespace
@@ -108,16 +109,21 @@ TEST(TzSoapFaultMessageTest, NamesWhatWasNotUnderstood) {
     EXPECT_EQ(tzSoapCast<TzSoapMisunderstoodType>(*++entry).value().getQualifiedName(), names[1]);
 }
 
-TEST(TzSoapFaultMessageTest, AnUnknownEnvelopeIsAVersionMismatch) {
-    EXPECT_EQ(madeFromReading("<e:Envelope xmlns:e='urn:later'><e:Body/></e:Envelope>"),
-              "VersionMismatch|line 1, column 1: [UNKNOWN_VERSION][SOAP Version specified by URI "
-              "\"urn:later\" is unknown ]");
+TEST(TzSoapFaultMessageTest, AnUnknownEnvelopeIsAVersionMismatchInTheFirstVersion) {
+    const TzSoapMessage made =
+        madeFromReading("<e:Envelope xmlns:e='urn:later'><e:Body/></e:Envelope>");
+    EXPECT_EQ(made.getVersion(), TzSoapVersion::V1_1);
+    EXPECT_EQ(faultOf(made).getCode().getQualifiedName(), "SOAP-ENV:VersionMismatch");
+    EXPECT_EQ(faultOf(made).getReason(), "line 1, column 1: [UNKNOWN_VERSION][SOAP Version "
+                                         "specified by URI \"urn:later\" is unknown ]");
 }
 
 TEST(TzSoapFaultMessageTest, ABadRequestIsTheSendersFault) {
-    EXPECT_EQ(
-        madeFromReading("nothing"),
-        "Client|line 1, column 1: [NO_SOAP_ENVELOPE][Soap message must have a Envelope element]");
+    const TzSoapMessage made = madeFromReading("nothing");
+    EXPECT_EQ(made.getVersion(), TzSoapVersion::V1_2);
+    EXPECT_EQ(faultOf(made).getCode().getQualifiedName(), "env:Sender");
+    EXPECT_EQ(faultOf(made).getReason(),
+              "line 1, column 1: [NO_SOAP_ENVELOPE][Soap message must have a Envelope element]");
     EXPECT_EQ(madeFrom(TzXmlParseError(TzMessage("odd"), "", 3, 7)),
               "Client|line 3, column 7: odd");
     EXPECT_EQ(madeFrom(TzXmlBoundsError(TzMessage("too many"))), "Client|too many");

@@ -235,6 +235,16 @@ TEST(TzSoapLenientValueTest, AReferenceStandsForItsValue) {
     EXPECT_EQ(read.getType(), Base::xsdInt);
 }
 
+TEST(TzSoapLenientValueTest, FollowsReferencesToAnyKind) {
+    const TzSoapMessage message = messageOf(
+        envelope(TzSoapVersion::V1_1, "<m><a href=\"#x\"/><b href=\"#none\"/><c><d/></c></m>"
+                                      "<r id=\"x\"><n>5</n></r>"));
+    const TzSoapType& parent = *message.getSoapBody().entriesBegin();
+    EXPECT_EQ(textOf(child(TzSoapLenientValue::follow(child(parent, "a")), "n")), "5");
+    EXPECT_EQ(TzSoapLenientValue::follow(child(parent, "b")).getName(), TzXmlName("b"));
+    EXPECT_EQ(TzSoapLenientValue::follow(child(parent, "c")).getName(), TzXmlName("c"));
+}
+
 TEST(TzSoapLenientValueTest, AReferenceToItselfEnds) {
     const TzSoapMessage message =
         messageOf(envelope(TzSoapVersion::V1_1, "<m><a id=\"x\" href=\"#x\"/></m>"));

@@ -1,0 +1,177 @@
+#!/usr/bin/perl
+# SPDX-License-Identifier: MIT
+#
+# Calls an echo service with SOAP::Lite: client.pl URL. A line for each case: its name, "ok" or what
+# came back instead.
+use strict;
+use warnings;
+use utf8;
+use MIME::Base64 ();
+use SOAP::Lite;
+
+binmode STDOUT, ':encoding(UTF-8)';
+use constant URI => 'urn:example:echo';
+
+my $url = shift;
+my $soap = service();
+
+sub service {
+    my $service = SOAP::Lite->proxy($url)->uri(URI);
+    $service->on_fault(sub {
+        my ($called, $answer) = @_;
+        die ref $answer ? $answer : 'transport: ' . $called->transport->status . "\n";
+    });
+    return $service;
+}
+
+sub text {
+    my ($value) = @_;
+    return 'undef' unless defined $value;
+    return '[' . join(', ', map { text($_) } @$value) . ']' if ref $value eq 'ARRAY';
+    return '{' . join(', ', map { "$_: " . text($value->{$_}) } sort keys %$value) . '}'
+        if ref $value;
+    return length $value > 100 ? substr($value, 0, 100) . '...' : "'$value'";
+}
+
+# Where two long texts begin to differ.
+sub difference {
+    my ($left, $right) = @_;
+    my $at = 0;
+    ++$at while $at < length $left && substr($left, $at, 1) eq substr($right, $at, 1);
+    return sprintf 'sent %s characters, came back %s; the first to differ is %s',
+        length $left, length $right, sprintf 'U+%04X, which is %s', ord substr($left, $at, 1),
+        $at < length $right ? sprintf 'U+%04X', ord substr($right, $at, 1) : 'missing';
+}
+
+# Structure and texts, compared as Perl compares texts.
+sub same {
+    my ($left, $right) = @_;
+    return !defined $left && !defined $right unless defined $left && defined $right;
+    return $left eq $right unless ref $left || ref $right;
+    if (ref $left eq 'ARRAY') {
+        return 0 unless ref $right eq 'ARRAY' && @$left == @$right;
+        return !grep { !same($left->[$_], $right->[$_]) } 0 .. $#$left;
+    }
+    return 0 unless ref $left && ref $right && ref $right ne 'ARRAY';
+    return join("\0", sort keys %$left) eq join("\0", sort keys %$right)
+        && !grep { !same($left->{$_}, $right->{$_}) } keys %$left;
+}
+
+sub call {
+    my ($operation, @parameters) = @_;
+    return $soap->call($operation => @parameters);
+}
+
+# Sends each value, of that type if there is one, and expects it back as it was or as the hash says;
+# tells the first that comes back different.
+sub echoes {
+    my ($type, $wanted, @values) = @_;
+    for my $value (@values) {
+        my $parameter = SOAP::Data->name(value => $value);
+        $parameter->type($type) if $type;
+        my $back = call(echoValue => $parameter)->result;
+        next if same(defined $value && exists $wanted->{$value} ? $wanted->{$value} : $value, $back);
+        return difference($value, $back) if defined $value && length $value > 50;
+        return 'sent ' . text($value) . ', came back ' . text($back);
+    }
+    return 'ok';
+}
+
+sub is_character {
+    my ($code) = @_;
+    return ($code & 0xFFFE) != 0xFFFE && ($code < 0xFDD0 || $code > 0xFDEF);
+}
+
+# Every character that XML can carry, but the carriage return, which has a case of its own.
+sub all_of_unicode {
+    return join '', "\t\n", map { chr } grep { is_character($_) } 0x20 .. 0xD7FF,
+        0xE000 .. 0x10FFFF;
+}
+
+# The code points without character that XML can carry nevertheless.
+sub noncharacters {
+    no warnings 'utf8';
+    return join '', map { chr } grep { !is_character($_) } 0xE000 .. 0xFFFD, 0x10000 .. 0x10FFFF;
+}
+
+sub person { return { name => $_[0], age => $_[1] } }
+
+sub shared {
+    my $person = person('Ann', 42);
+    my $answer = call(echoPair => SOAP::Data->name(first => $person),
+                      SOAP::Data->name(second => $person));
+    my ($first, $second) = ($answer->valueof('//first'), $answer->valueof('//second'));
+    return 'came back ' . text($first) . ' and ' . text($second)
+        unless same($person, $first) && same($person, $second);
+    return $first == $second ? 'ok' : 'came back as two objects';
+}
+
+sub header {
+    my ($space, $name, $mandatory) = @_;
+    return SOAP::Header->name($name)->uri($space)->value('ticket 7')->mustUnderstand($mandatory);
+}
+
+sub answered_header {
+    my ($mandatory) = @_;
+    my $entry = call(echoValue => 1, header(URI, 'echo', $mandatory))->headerof('//Header/echo');
+    return $entry && $entry->value eq 'ticket 7' ? 'ok' : 'came back ' . text($entry && $entry->value);
+}
+
+# Whether the call ends with a fault of that code.
+sub faults {
+    my ($code, $work) = @_;
+    return 'no fault' if eval { $work->(); 1 };
+    return $@ unless ref $@;
+    my $local = $@->faultcode =~ s/.*://r;
+    return $local eq $code ? 'ok' : 'fault ' . $@->faultcode . ': ' . $@->faultstring;
+}
+
+# What this peer calls SOAP 1.2 has the namespace of 2003. It can be set for all calls only.
+sub unknown_version {
+    $soap->soapversion('1.2');
+    my $result = faults('VersionMismatch', sub { call(echoValue => 1) });
+    $soap->soapversion('1.1');
+    return $result;
+}
+
+my $bytes = join '', map { chr } 0 .. 255;
+my @cases = (
+    'string' => sub { echoes('string', {}, 'Hello, world', '') },
+    'string: entities' =>
+        sub { echoes('string', {}, q{<tag attr="v">Tom & 'Jerry' &amp; &#65; ]]></tag>}) },
+    'string: blanks' => sub { echoes('string', {}, '  two leading, two trailing  ', "\t", '   ') },
+    'string: line breaks' => sub { echoes('string', {}, "a\nb\r\nc\rd\n") },
+    'string: all of Unicode' => sub { echoes('string', {}, all_of_unicode()) },
+    'string: noncharacters' => sub { echoes('string', {}, noncharacters()) },
+    'int' => sub { echoes(undef, {}, 0, 1, -1, 2147483647, -2147483648) },
+    'int beyond 32 bits' => sub { echoes(undef, {}, '2147483648', '9223372036854775807') },
+    'double' => sub { echoes(undef, {}, 0.5, -17.25, 0.1, '0.30000000000000004', 1.5e300) },
+    'double: INF and NaN' => sub { echoes('double', {}, 'INF', '-INF', 'NaN') },
+    'boolean' => sub { echoes('boolean', { true => 1, false => 0 }, 'true', 'false') },
+    'dateTime' => sub { echoes('dateTime', {}, '2026-12-31T23:59:59.25+01:00') },
+    'base64' => sub { echoes('base64Binary', {}, $bytes) },
+    'nil' => sub { echoes(undef, {}, undef) },
+    'struct' => sub { echoes(undef, {}, person('Ann', 42)) },
+    'nested structs' =>
+        sub { echoes(undef, {}, { a => { b => person('Bob', undef) }, c => person('', 7) }) },
+    'array of simple values' =>
+        sub { echoes(undef, {}, [1, 2, 3], ['a', '', 'c'], [1, 'two', 3.5, undef]) },
+    'array of structs' => sub { echoes(undef, {}, [person('Ann', 1), person('Bob', 2)]) },
+    'empty array' => sub { echoes(undef, {}, []) },
+    'two references to one object' => \&shared,
+    'header entry' => sub { answered_header(0) },
+    'mandatory header entry' => sub { answered_header(1) },
+    'mandatory header entry, unknown' => sub {
+        faults('MustUnderstand', sub { call(echoValue => 1, header('urn:unknown', 'ticket', 1)) });
+    },
+    'fault' => sub { faults('Client', sub { call(unknownOperation => 1) }) },
+    'unknown version' => \&unknown_version,
+);
+
+while (my ($name, $case) = splice @cases, 0, 2) {
+    my $result = eval { $case->() };
+    if (!defined $result) {
+        $result = ref $@ ? 'fault ' . $@->faultcode . ': ' . $@->faultstring : $@;
+    }
+    print $name, "\t", $result =~ s/[\t\n]+/ /gr, "\n";
+}

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "HttpPost.h"
+
+#include <soap/TzSoapHttpBinding.h>
+#include <soap/TzSoapMessage.h>
+#include <tz/xml/TzXmlParseError.h>
+
+#include <httplib.h>
+
+#include <stdexcept>
+
+namespace {
+
+constexpr int ConnectSeconds = 10;
+constexpr int AnswerSeconds = 60;
+constexpr int FirstFailure = 300;
+
+/// A URL as an HTTP client wants it.
+struct Address {
+    std::string server; ///< Scheme, host and port.
+    std::string path;   ///< With the query.
+};
+
+Address split(const std::string& url) {
+    const std::size_t host = url.find("://");
+    if (!url.starts_with("http://") && !url.starts_with("https://")) {
+        throw std::runtime_error("is no URL of http or https");
+    }
+    const std::size_t path = url.find_first_of("/?", host + 3);
+    if (path == std::string::npos) {
+        return {url, "/"};
+    }
+    const std::string rest = url.substr(path, url.find('#', path) - path);
+    return {url.substr(0, path), rest.starts_with('/') ? rest : '/' + rest};
+}
+
+} // namespace
+
+void HttpReply::read(TzSoapMessage& message) const {
+    try {
+        TzSoapHttpBinding::unpack(headers, body, message);
+    } catch (const TzXmlParseError& error) {
+        if (status < FirstFailure) {
+            throw;
+        }
+        throw std::runtime_error("HTTP status " + std::to_string(status) + ", " + error.what());
+    }
+}
+
+HttpReply httpPost(const std::string& url, const TzSoapHttpTransportContext& headers,
+                   const std::string& body) {
+    const Address address = split(url);
+    const std::string contentType = TzSoapHttpBinding::getContentTypeLabel();
+    std::string type;
+    httplib::Headers others;
+    for (const auto& [name, value] : headers) {
+        if (name == contentType) {
+            type = value;
+        } else {
+            others.emplace(name, value);
+        }
+    }
+    httplib::Client http(address.server);
+    http.set_connection_timeout(ConnectSeconds);
+    http.set_read_timeout(AnswerSeconds);
+    const httplib::Result result = http.Post(address.path, others, body, type);
+    if (!result) {
+        throw std::runtime_error("no answer: " + httplib::to_string(result.error()));
+    }
+    HttpReply reply;
+    reply.status = result->status;
+    if (result->has_header(contentType)) {
+        reply.headers.add(contentType, result->get_header_value(contentType));
+    }
+    reply.body = result->body;
+    return reply;
+}

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapHttpTransportContext.h>
+
+#include <string>
+
+class TzSoapMessage;
+
+/// What came back for a request over HTTP.
+struct HttpReply {
+    int status = 0;
+    TzSoapHttpTransportContext headers; ///< The content type, where there is one.
+    std::string body;
+
+    /// Reads the message into `message`. What is no message is a `TzXmlParseError`, with a status
+    /// of failure a `std::runtime_error` that tells the status too.
+    void read(TzSoapMessage& message) const;
+};
+
+/// Posts `body` with these header lines to `url`, which is http or https. Waits a minute for the
+/// answer. `std::runtime_error` when there is none.
+HttpReply httpPost(const std::string& url, const TzSoapHttpTransportContext& headers,
+                   const std::string& body);
