@@ -196,6 +196,7 @@ private:
     std::vector<std::unique_ptr<TzSoapTypeHandlers>> spareHandlers_;
     std::array<RecentName, 8> recentNames_; // few types make up most of a message
     std::size_t nextRecent_ = 0;
+    TzXmlNameMaker nameMaker_;
     ScopeMark scopeMark_;
     std::uint64_t scopes_ = 1; // a number for each state of the open scopes
     TzXmlName typeAttribute_;                           // the latest name that was one of a type

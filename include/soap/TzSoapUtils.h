@@ -113,10 +113,10 @@ public:
     static void copyAttributes(TzXmlAttributeSet&& attributes, TzSoapElementImp& element,
                                TzSoapParseContext* context);
     /// Begins `element` at its start tag: takes the name, adds the attributes as they are and makes
-    /// a non-empty encodingStyle among them the element's encoding style. The encodingStyle as it
-    /// was read, empty or not; nothing when there was none.
-    static std::optional<TzCString> beginElement(TzSoapElementImp& element, const TzXmlName& name,
-                                                 const TzXmlAttributeSet& attributes);
+    /// a non-empty encodingStyle among them the element's encoding style. The encodingStyle among
+    /// `attributes`, empty or not; null when there is none.
+    static const TzCString* beginElement(TzSoapElementImp& element, const TzXmlName& name,
+                                         const TzXmlAttributeSet& attributes);
 
     /// The attributes as markup: a blank before each, names qualified, values not escaped.
     static TzCString getAttributesAsString(const TzXmlAttributeSet& attributes);

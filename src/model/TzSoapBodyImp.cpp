@@ -43,8 +43,7 @@ bool TzSoapBodyImp::hasSoapFault() const {
 
 void TzSoapBodyImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                              TzSoapParseContext* context) {
-    const auto style = TzSoapUtils::beginElement(*this, name, attributes);
-    open(*this, context, style ? &*style : nullptr);
+    open(*this, context, TzSoapUtils::beginElement(*this, name, attributes));
 }
 
 void TzSoapBodyImp::startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) {

@@ -75,8 +75,7 @@ TzSoapHeaderImp::iterator TzSoapHeaderImp::insert(iterator position, TzSoapType 
 
 void TzSoapHeaderImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                                TzSoapParseContext* context) {
-    const auto style = TzSoapUtils::beginElement(*this, name, attributes);
-    open(*this, context, style ? &*style : nullptr);
+    open(*this, context, TzSoapUtils::beginElement(*this, name, attributes));
 }
 
 void TzSoapHeaderImp::endElement(const TzXmlName&) {

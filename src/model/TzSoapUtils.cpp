@@ -272,8 +272,8 @@ void TzSoapUtils::copyAttributes(TzXmlAttributeSet&& attributes, TzSoapElementIm
     AttributeReader(element, context).read(attributes);
 }
 
-std::optional<TzCString> TzSoapUtils::beginElement(TzSoapElementImp& element, const TzXmlName& name,
-                                                   const TzXmlAttributeSet& attributes) {
+const TzCString* TzSoapUtils::beginElement(TzSoapElementImp& element, const TzXmlName& name,
+                                           const TzXmlAttributeSet& attributes) {
     element.setName(name);
     // Never among the attributes of an element that goes on: to take it out again costs as much as
     // there are.
@@ -288,7 +288,7 @@ std::optional<TzCString> TzSoapUtils::beginElement(TzSoapElementImp& element, co
     if (stated) {
         element.setEncodingStyle(style->getValue());
     }
-    return style == nullptr ? std::nullopt : std::optional(style->getValue());
+    return style == nullptr ? nullptr : &style->getValue();
 }
 
 TzCString TzSoapUtils::getAttributesAsString(const TzXmlAttributeSet& attributes) {

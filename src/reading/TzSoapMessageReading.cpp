@@ -151,10 +151,9 @@ void TzSoapMessageImp::populate(const TzXmlName& name, const TzXmlAttributeSet& 
     }
     clear();
     setVersion(version);
-    getName().setNamespace(name.getNamespace());
-    static_cast<TzXmlAttributeSet&>(getAttributeSet()) = attributes;
-    TzSoapUtils::removeAndFixEncodingStyleAttribute(this);
-    context().pushEncodingStyle(getEncodingStyleAttribute());
+    getAttributeSet().clear();
+    const TzCString* style = TzSoapUtils::beginElement(*this, name, attributes);
+    context().pushEncodingStyle(style != nullptr ? *style : TzSoapAttributeSet::getEmptyString());
     context().getNamespaces().push_back(this);
     context().setSoapMessageImp(this);
 }

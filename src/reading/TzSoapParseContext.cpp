@@ -67,8 +67,9 @@ const TzSoapStyleInForce& TzSoapParseContext::getStyleInForce() {
     const TzCString& text =
         encodingStyles_.empty() ? TzSoapAttributeSet::getEmptyString() : encodingStyles_.top();
     if (text != styleInForce_.text) {
-        const TzCString first(TzSoapUtils::firstEncodingStyle(text));
-        styleInForce_ = {text, first, first.empty() || TzSoapVersion::isSoapEncodingStyle(first)};
+        styleInForce_.text = text;
+        TzCString& first = styleInForce_.first.assign(TzSoapUtils::firstEncodingStyle(text));
+        styleInForce_.soapEncoding = first.empty() || TzSoapVersion::isSoapEncodingStyle(first);
     }
     return styleInForce_;
 }
@@ -131,7 +132,8 @@ TzSoapParseContext::RecentName& TzSoapParseContext::resolveAnew(std::string_view
     }
     RecentName& place = recentNames_[nextRecent_++ % recentNames_.size()];
     place.text = text;
-    place.name = TzXmlName(prefixed ? text.substr(colon + 1) : text, sharedNamespace(prefix, uri));
+    place.name =
+        nameMaker_.make(prefixed ? text.substr(colon + 1) : text, sharedNamespace(prefix, uri));
     return place;
 }
 

@@ -38,6 +38,5 @@ void TzSoapCompositeTypeImp::doStart(const TzXmlName& childName,
 
 void TzSoapCompositeTypeImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                                       TzSoapParseContext* context) {
-    const auto style = TzSoapUtils::beginElement(*this, name, attributes);
-    open(*this, context, style ? &*style : nullptr);
+    open(*this, context, TzSoapUtils::beginElement(*this, name, attributes));
 }

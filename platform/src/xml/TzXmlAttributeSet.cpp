@@ -146,13 +146,18 @@ void TzXmlAttributeSet::addDeclaration(const TzXmlNamespace& declared) {
     add(TzXmlName(declared.getPrefix(), TzXmlNamespace::getXmlns()), declared.getUri());
 }
 
-void TzXmlAttributeSet::append(TzXmlAttribute attribute) {
+std::vector<TzXmlAttribute>& TzXmlAttributeSet::made() {
     if (list_ == nullptr) {
         list_ = std::make_unique<List>();
     }
+    return list_->attributes;
+}
+
+void TzXmlAttributeSet::append(TzXmlAttribute attribute) {
+    std::vector<TzXmlAttribute>& attributes = made();
     // Out of the list meanwhile, so that an index that could not take the name is gone.
     std::unique_ptr<Index> index = std::move(list_->index);
-    list_->attributes.push_back(std::move(attribute));
+    attributes.push_back(std::move(attribute));
     if (index != nullptr) {
         index->add(size() - 1);
         list_->index = std::move(index);

@@ -7,8 +7,11 @@
 
 #include <expat.h>
 
+#include <atomic>
+#include <cstdint>
 #include <exception>
 #include <new>
+#include <random>
 #include <type_traits>
 #include <utility>
 
@@ -19,6 +22,21 @@ namespace {
 struct ParserDeleter {
     void operator()(XML_Parser parser) const noexcept { XML_ParserFree(parser); }
 };
+
+/// A salt that nobody outside can guess: drawn from the system once, then changed with each parser,
+/// which would otherwise draw one of its own for every text.
+unsigned long nextSalt() {
+    static const std::uint64_t secret = [] {
+        std::random_device system;
+        return std::uint64_t{system()} << 32 | system();
+    }();
+    static std::atomic<std::uint64_t> drawn{0};
+    // The mixing of SplitMix64: neighbouring numbers give unrelated salts.
+    std::uint64_t salt = secret + ++drawn * 0x9E3779B97F4A7C15U;
+    salt = (salt ^ salt >> 30) * 0xBF58476D1CE4E5B9U;
+    salt = (salt ^ salt >> 27) * 0x94D049BB133111EBU;
+    return static_cast<unsigned long>(salt ^ salt >> 31) | 1U;
+}
 
 class ExpatSource final : public TzXmlEventSource {
 public:
@@ -66,6 +84,7 @@ ExpatSource::ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding)
     if (parser_ == nullptr) {
         throw std::bad_alloc();
     }
+    XML_SetHashSalt(parser_.get(), nextSalt());
     XML_SetUserData(parser_.get(), this);
     XML_SetXmlDeclHandler(parser_.get(), onDeclaration);
     XML_SetStartDoctypeDeclHandler(parser_.get(), onDocumentType);

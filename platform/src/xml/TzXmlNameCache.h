@@ -3,6 +3,7 @@
 
 #include <tz/xml/TzXmlName.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -73,6 +74,10 @@ private:
 /// Each spelling has one place only, so that a text with ever new names costs misses and no memory.
 template <typename Spelling> class TzXmlNameCache {
 public:
+    TzXmlNameCache() = default;
+    TzXmlNameCache(const TzXmlNameCache&) = delete;
+    TzXmlNameCache& operator=(const TzXmlNameCache&) = delete;
+
     /// One spelling and its name.
     struct Entry {
         std::uint64_t scope = 0; ///< State of the bindings the name is known to hold under.
@@ -84,14 +89,13 @@ public:
     /// The place for `spelling`, which may hold another one.
     template <typename Text> Entry& place(const Text& spelling) noexcept {
         const std::uint64_t spread = Spelling::hash(spelling) * 0x9E3779B97F4A7C15U;
-        return entries_[static_cast<std::size_t>(spread >> 40) & (entries_.size() - 1)];
+        return entries_[static_cast<std::size_t>(spread >> 40) & (size_ - 1)];
     }
     /// The place for `spelling`, which holds it or nothing. The table grows while spellings keep
     /// missing.
     template <typename Text> Entry& take(const Text& spelling) {
-        if (++misses_ > 2 * entries_.size() && entries_.size() < LastSize) {
-            misses_ = 0;
-            entries_ = std::vector<Entry>(2 * entries_.size());
+        if (++misses_ > 2 * size_ && size_ < LastSize) {
+            grow();
         }
         Entry& entry = place(spelling);
         entry.scope = 0;
@@ -104,7 +108,17 @@ private:
     static constexpr std::size_t FirstSize = 16;
     static constexpr std::size_t LastSize = 1024;
 
-    std::vector<Entry> entries_ = std::vector<Entry>(FirstSize);
+    void grow() {
+        misses_ = 0;
+        more_ = std::vector<Entry>(2 * size_);
+        entries_ = more_.data();
+        size_ = more_.size();
+    }
+
+    std::array<Entry, FirstSize> first_; // enough for small texts, which take no memory then
+    std::vector<Entry> more_;
+    Entry* entries_ = first_.data();
+    std::size_t size_ = FirstSize;
     std::size_t misses_ = 0; // since the table has its size
 };
 

@@ -15,6 +15,11 @@ std::string_view textOf(const char* spelling) noexcept { return spelling; }
 
 } // namespace
 
+TzXmlNameResolver::TzXmlNameResolver() {
+    constexpr std::size_t UsualDeclarations = 8;
+    changes_.reserve(UsualDeclarations);
+}
+
 std::size_t TzXmlNameResolver::declare(std::string_view prefix, std::string_view uri) {
     if (isReserved(prefix)) {
         return 0;
@@ -57,7 +62,7 @@ void TzXmlNameResolver::resolveAnew(TzXmlNameCache<Spelling>& cache, Kind kind,
                                     const Text& spelling, TzXmlName& name, std::uint64_t& stamp) {
     const Parts parts = spellOut(kind, textOf(spelling));
     if (!Spelling::accepts(spelling)) {
-        name = TzXmlName(parts.localName, parts.nameSpace);
+        name = maker_.make(parts.localName, parts.nameSpace);
         stamp = 0;
         return;
     }
@@ -66,7 +71,7 @@ void TzXmlNameResolver::resolveAnew(TzXmlNameCache<Spelling>& cache, Kind kind,
         entry = &cache.take(spelling);
     }
     if (entry->stamp == 0 || entry->name.getNamespace() != parts.nameSpace) {
-        entry->name = TzXmlName(parts.localName, parts.nameSpace);
+        entry->name = maker_.make(parts.localName, parts.nameSpace);
         entry->stamp = ++latestStamp_;
     }
     entry->scope = scope_;

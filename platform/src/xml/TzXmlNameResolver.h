@@ -24,6 +24,8 @@
 /// beside it (0 at first): a place that holds the name already is not touched.
 class TzXmlNameResolver {
 public:
+    TzXmlNameResolver();
+
     /// Declares a namespace for what follows. The number of declarations to undo later: 0 or 1.
     std::size_t declare(std::string_view prefix, std::string_view uri);
     /// Undoes the latest `count` declarations.
@@ -87,6 +89,7 @@ private:
     std::uint64_t latestScope_ = 1;
     std::uint64_t latestStamp_ = 0;
     TzXmlNamespace unbound_;
+    TzXmlNameMaker maker_;
     TzXmlNameCache<TzXmlSpellingText> elements_;
     TzXmlNameCache<TzXmlSpellingAddress> attributes_;
 };

@@ -22,6 +22,9 @@ namespace {
 /// Elements with more attributes get them by look-up, so that the work stays near linear.
 constexpr std::size_t FewAttributes = 12;
 
+/// Room for the open elements of most texts.
+constexpr std::size_t UsualDepth = 16;
+
 /// Whether the attribute `spelling` may declare a namespace. Names that begin with "x" are common
 /// ("xsi:type"), those with "xm" are not.
 bool mayDeclare(const char* spelling) noexcept { return spelling[0] == 'x' && spelling[1] == 'm'; }
@@ -35,7 +38,11 @@ public:
         : parser_(parser), form_(form),
           source_(tzMakeExpatSource(*this, form.unit > 1 || form.markLength > 0
                                                ? TzXmlKnownEncoding::Utf8
-                                               : TzXmlKnownEncoding::None)) {}
+                                               : TzXmlKnownEncoding::None)) {
+        elements_.reserve(UsualDepth);
+        attributes_.reserve(FewAttributes);
+        stamps_.reserve(FewAttributes);
+    }
 
     void read(std::string_view text);
     std::size_t line() const noexcept { return source_->line(); }
@@ -172,7 +179,8 @@ std::size_t TzXmlSAXParser::Session::declareOne(std::string_view spelling, const
     if (text.size() > parser_.uriLimit_) {
         refuse("the URI of a namespace is too long");
     }
-    return resolver_.declare(prefixed ? spelling.substr(Prefixed.size()) : std::string_view(), text);
+    return resolver_.declare(prefixed ? spelling.substr(Prefixed.size()) : std::string_view(),
+                             text);
 }
 
 const TzXmlAttributeSet& TzXmlSAXParser::Session::collect(const char* const* attributes) {

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "support/AllocationFailure.h"
+
 #include <tz/pointer/TzSharedRecord.h>
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <string>
 #include <thread>
 #include <utility>
@@ -12,7 +15,7 @@ namespace {
 
 /// A value that counts how many of its kind there are.
 struct Counted {
-    static int alive;
+    static std::atomic<int> alive;
 
     explicit Counted(std::string what = "") : text(std::move(what)) { ++alive; }
     Counted(const Counted& other) : text(other.text) { ++alive; }
@@ -23,7 +26,7 @@ struct Counted {
     std::string text;
 };
 
-int Counted::alive = 0;
+std::atomic<int> Counted::alive{0};
 
 using Record = TzSharedRecord<Counted>;
 
@@ -69,6 +72,75 @@ TEST(TzSharedRecord, movesLeaveTheSourceEmpty) {
     EXPECT_EQ(to->text, "b");
     EXPECT_TRUE(from.isSame(Record())); // NOLINT(bugprone-use-after-move)
     EXPECT_EQ(Counted::alive, alive - 1);
+}
+
+TEST(TzSharedRecord, madeManyAtATimeLiveAsLongAsTheyAreUsed) {
+    static_cast<void>(Record()->text);
+    const int before = Counted::alive;
+    std::vector<Record> kept;
+    {
+        Record::Maker maker;
+        for (int i = 0; i < 100; ++i) {
+            const Record made = maker.make(Counted(std::to_string(i)));
+            EXPECT_EQ(made->text, std::to_string(i));
+            if (i % 10 == 0) {
+                kept.push_back(made);
+            }
+        }
+        EXPECT_EQ(Counted::alive, before + 10);
+    }
+    EXPECT_EQ(kept.back()->text, "90");
+    kept.erase(kept.begin(), kept.end() - 1);
+    EXPECT_EQ(kept.back()->text, "90");
+    EXPECT_EQ(Counted::alive, before + 1);
+    kept.clear();
+    EXPECT_EQ(Counted::alive, before);
+}
+
+TEST(TzSharedRecord, madeManyAtATimeTakeFewAllocations) {
+    Record::Maker maker;
+    std::vector<Record> kept;
+    kept.reserve(64);
+    const std::size_t made = madeAllocations();
+    for (int i = 0; i < 64; ++i) {
+        kept.push_back(maker.make(Counted("a")));
+    }
+    EXPECT_EQ(madeAllocations(), made + 4);
+}
+
+TEST(TzSharedRecord, aFailedAllocationLeavesNothingBehind) {
+    static_cast<void>(Record()->text);
+    const int before = Counted::alive;
+    EXPECT_GE(failEachAllocation([] {
+                  Record::Maker maker;
+                  std::vector<Record> kept;
+                  for (int i = 0; i < 20; ++i) {
+                      kept.push_back(
+                          maker.make(Counted("a text of more than fifteen characters")));
+                  }
+              }),
+              20U);
+    EXPECT_EQ(Counted::alive, before);
+}
+
+TEST(TzSharedRecordThread, madeManyAtATimeAreDroppedByMany) {
+    static_cast<void>(Record()->text);
+    const int before = Counted::alive;
+    {
+        Record::Maker maker;
+        std::vector<std::thread> threads;
+        for (int i = 0; i < 4; ++i) {
+            std::vector<Record> mine;
+            for (int record = 0; record < 100; ++record) {
+                mine.push_back(maker.make(Counted("shared")));
+            }
+            threads.emplace_back([mine = std::move(mine)]() mutable { mine.clear(); });
+        }
+        for (std::thread& thread : threads) {
+            thread.join();
+        }
+    }
+    EXPECT_EQ(Counted::alive, before);
 }
 
 TEST(TzSharedRecordThread, oneValueIsCopiedAndDroppedByMany) {

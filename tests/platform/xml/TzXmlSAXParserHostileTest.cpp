@@ -330,7 +330,7 @@ TEST(TzXmlSAXParserHostile, EachFailedAllocationArrivesAndNothingIsLost) {
         parser.setContentHandler(&counter);
         parser.parse(text);
     };
-    EXPECT_GT(failEachAllocation(parse), 20U);
+    EXPECT_GT(failEachAllocation(parse), 10U);
 }
 
 TEST(TzXmlSAXParserHostile, ParserIsUsableAfterAFailedAllocation) {

@@ -3,8 +3,10 @@
 
 #include <sys/single_threaded.h>
 
+#include <array>
 #include <atomic>
 #include <cstddef>
+#include <new>
 #include <utility>
 
 /// A pointer to an immutable `Value` that copies share, or to none, which stands for `Value()`.
@@ -13,10 +15,12 @@
 /// objects that share a value may live on different threads.
 template <typename Value> class TzSharedRecord {
 public:
+    class Maker;
+
     /// Stands for `Value()`; takes no memory.
     TzSharedRecord() noexcept = default;
     /// Shares `value`.
-    explicit TzSharedRecord(Value value) : record_(new Record{{1}, std::move(value)}) {}
+    explicit TzSharedRecord(Value value) : record_(new Record{{1}, nullptr, std::move(value)}) {}
     TzSharedRecord(const TzSharedRecord& other) noexcept : record_(other.record_) { retain(); }
     TzSharedRecord(TzSharedRecord&& other) noexcept
         : record_(std::exchange(other.record_, nullptr)) {}
@@ -41,10 +45,23 @@ public:
     bool isSame(const TzSharedRecord& other) const noexcept { return record_ == other.record_; }
 
 private:
+    using Count = std::atomic<std::ptrdiff_t>;
+    struct Block;
     struct Record {
-        std::atomic<std::ptrdiff_t> references{1};
+        Count references{1};
+        Block* block; // null for a record with memory of its own
         Value value;
     };
+    /// Memory of several records, which goes with the last of them.
+    struct Block {
+        static constexpr std::size_t Size = 16;
+
+        Count users{1}; // the records made and the maker
+        std::size_t made = 0;
+        alignas(Record) std::array<std::byte, Size * sizeof(Record)> room;
+    };
+
+    explicit TzSharedRecord(Record* record) noexcept : record_(record) {}
 
     static const Value& none() noexcept {
         static const Value value;
@@ -52,26 +69,66 @@ private:
     }
     void retain() const noexcept {
         if (record_ != nullptr) {
-            count(1);
+            count(record_->references, 1);
         }
     }
     void release() const noexcept {
-        if (record_ != nullptr && count(-1) == 1) {
-            delete record_;
+        if (record_ != nullptr && count(record_->references, -1) == 1) {
+            destroy(record_);
+        }
+    }
+    static void destroy(Record* record) noexcept {
+        Block* const block = record->block;
+        if (block == nullptr) {
+            delete record;
+        } else {
+            record->~Record();
+            leave(block);
+        }
+    }
+    static void leave(Block* block) noexcept {
+        if (block != nullptr && count(block->users, -1) == 1) {
+            delete block;
         }
     }
     // Changes the count and returns what it was. Without a second thread it needs no locked
     // instruction.
-    std::ptrdiff_t count(std::ptrdiff_t change) const noexcept {
-        std::atomic<std::ptrdiff_t>& references = record_->references;
+    static std::ptrdiff_t count(Count& users, std::ptrdiff_t change) noexcept {
         if (__libc_single_threaded != 0) {
-            const std::ptrdiff_t before = references.load(std::memory_order_relaxed);
-            references.store(before + change, std::memory_order_relaxed);
+            const std::ptrdiff_t before = users.load(std::memory_order_relaxed);
+            users.store(before + change, std::memory_order_relaxed);
             return before;
         }
-        return references.fetch_add(change, std::memory_order_acq_rel);
+        return users.fetch_add(change, std::memory_order_acq_rel);
     }
     void swap(TzSharedRecord& other) noexcept { std::swap(record_, other.record_); }
 
     Record* record_ = nullptr;
+};
+
+/// Makes shared values many at a time: a few of them share their memory, which is freed when none
+/// of them is left. One maker belongs to one thread; what it made goes where it likes and may
+/// outlive it.
+template <typename Value> class TzSharedRecord<Value>::Maker {
+public:
+    Maker() noexcept = default;
+    Maker(const Maker&) = delete;
+    Maker& operator=(const Maker&) = delete;
+    ~Maker() { leave(block_); }
+
+    /// Shares `value`.
+    TzSharedRecord make(Value value) {
+        if (block_ == nullptr || block_->made == Block::Size) {
+            Block* const fresh = new Block();
+            leave(std::exchange(block_, fresh));
+        }
+        void* const place = block_->room.data() + block_->made * sizeof(Record);
+        Record* const record = new (place) Record{{1}, block_, std::move(value)};
+        ++block_->made;
+        count(block_->users, 1);
+        return TzSharedRecord(record);
+    }
+
+private:
+    Block* block_ = nullptr;
 };

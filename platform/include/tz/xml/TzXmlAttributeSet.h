@@ -74,6 +74,8 @@ public:
     void addDeclaration(const TzXmlNamespace& declared);
     /// Appends without looking for the name: for callers that know it is not there yet.
     void append(TzXmlAttribute attribute);
+    /// Makes room for `count` attributes.
+    void reserve(std::size_t count) { made().reserve(count); }
     /// Removes one attribute, the others keep their order. O(size).
     void erase(iterator position);
     /// Removes the attribute of that name, if any.
@@ -97,6 +99,7 @@ private:
         ~List();
     };
 
+    std::vector<TzXmlAttribute>& made();
     TzXmlAttribute* first() const noexcept {
         return list_ != nullptr ? list_->attributes.data() : nullptr;
     }

@@ -7,6 +7,7 @@
 #include <tz/xml/TzXmlNamespace.h>
 
 #include <string_view>
+#include <utility>
 
 /// A qualified name of XML: a local part and a namespace.
 ///
@@ -70,10 +71,28 @@ public:
     }
 
 private:
+    friend class TzXmlNameMaker;
+
     struct Parts {
         TzCString localName;
         TzXmlNamespace nameSpace;
     };
 
+    explicit TzXmlName(TzSharedRecord<Parts> parts) noexcept : parts_(std::move(parts)) {}
+
     TzSharedRecord<Parts> parts_;
+};
+
+/// Makes names many at a time, for readers: a few of them share their memory.
+///
+/// One maker belongs to one thread; the names may outlive it and live on any thread.
+class TzXmlNameMaker {
+public:
+    /// The name `localName` in the namespace `nameSpace`.
+    TzXmlName make(std::string_view localName, const TzXmlNamespace& nameSpace) {
+        return TzXmlName(maker_.make({TzCString(localName), nameSpace}));
+    }
+
+private:
+    TzSharedRecord<TzXmlName::Parts>::Maker maker_;
 };
