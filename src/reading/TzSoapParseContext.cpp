@@ -93,6 +93,10 @@ TzCString TzSoapParseContext::getNsUriForPrefix(const TzCString& prefix) const {
 
 const TzXmlNamespace& TzSoapParseContext::sharedNamespace(std::string_view prefix,
                                                           std::string_view uri) {
+    const TzXmlNamespace* declared = parser_ == nullptr ? nullptr : parser_->findNamespace(prefix);
+    if (declared != nullptr && declared->getUri() == uri) {
+        return *declared;
+    }
     const ByText::Text text(prefix, uri);
     const auto known = sharedNamespaces_.find(text);
     return known != sharedNamespaces_.end() ? *known

@@ -104,10 +104,14 @@ const TzXmlNamespace& TzXmlNameResolver::bound(std::string_view prefix) {
     if (prefix == "xml") {
         return TzXmlNamespace::getXml();
     }
-    const auto found = bindings_.find(prefix);
-    if (found != bindings_.end() && found->second.depth > 0) {
-        return found->second.current;
+    if (const TzXmlNamespace* declared = find(prefix)) {
+        return *declared;
     }
     unbound_ = TzXmlNamespace(prefix, {});
     return unbound_;
+}
+
+const TzXmlNamespace* TzXmlNameResolver::find(std::string_view prefix) const noexcept {
+    const auto found = bindings_.find(prefix);
+    return found != bindings_.end() && found->second.depth > 0 ? &found->second.current : nullptr;
 }

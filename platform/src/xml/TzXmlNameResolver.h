@@ -31,6 +31,8 @@ public:
     /// Undoes the latest `count` declarations.
     void undo(std::size_t count) noexcept;
 
+    /// The namespace that a declaration in force gives `prefix`, null without one.
+    const TzXmlNamespace* find(std::string_view prefix) const noexcept;
     /// The number of the bindings in force, from 1: no two states of them have the same.
     std::uint64_t scope() const noexcept { return scope_; }
 

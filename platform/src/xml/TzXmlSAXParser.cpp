@@ -47,7 +47,7 @@ public:
     void read(std::string_view text);
     std::size_t line() const noexcept { return source_->line(); }
     std::size_t column() const noexcept { return source_->column(); }
-    std::uint64_t scope() const noexcept { return resolver_.scope(); }
+    const TzXmlNameResolver& names() const noexcept { return resolver_; }
 
     void declaration(const char* version, const char* encoding, int standalone) override;
     void documentType() override;
@@ -272,7 +272,11 @@ void TzXmlSAXParser::parse(std::string_view text) {
 }
 
 std::uint64_t TzXmlSAXParser::getNamespaceScope() const noexcept {
-    return session_ != nullptr ? session_->scope() : 0;
+    return session_ != nullptr ? session_->names().scope() : 0;
+}
+
+const TzXmlNamespace* TzXmlSAXParser::findNamespace(std::string_view prefix) const noexcept {
+    return session_ != nullptr ? session_->names().find(prefix) : nullptr;
 }
 
 std::size_t TzXmlSAXParser::getLine() const noexcept {

@@ -9,6 +9,7 @@
 #include <string_view>
 
 class TzXmlContentHandler;
+class TzXmlNamespace;
 
 /// Reads XML text and tells a content handler what it meets.
 ///
@@ -60,6 +61,9 @@ public:
     /// A number for the namespace declarations in force at the event under way: the same number
     /// means the same declarations. 0 when nothing is parsed.
     std::uint64_t getNamespaceScope() const noexcept;
+    /// The namespace that `prefix` stands for at the event under way, null when it is not bound or
+    /// nothing is parsed; valid until the next event. O(log(prefixes)).
+    const TzXmlNamespace* findNamespace(std::string_view prefix) const noexcept;
     /// Line of the event under way, from 1; after a failed parse, of the event it ended at;
     /// otherwise 0. A text event has the place of the tag that ends the text. Counted when asked
     /// for.
