@@ -8,8 +8,6 @@
 
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapVersionConverter.h>
-#include <tz/mime/TzMimeContentIdHeader.h>
-#include <tz/mime/TzMimeContentLocationHeader.h>
 #include <tz/mime/TzMimeMultipart.h>
 
 #include <CLI/CLI.hpp>
@@ -35,15 +33,10 @@ const std::map<std::string, TzSoapVersion::Version>& versions() {
 
 /// Whether `package` has a part that is known by the same id or location.
 bool holds(const TzMimeMultipart& package, const TzMimePart& part) {
-    for (const char* const label :
-         {TzMimeContentIdHeader::Label, TzMimeContentLocationHeader::Label}) {
-        const std::size_t header = part.findHeader(label);
-        if (header != TzMimePart::NotFound &&
-            package.findPart(part.getHeader(header)) != TzMimePart::NotFound) {
-            return true;
-        }
-    }
-    return false;
+    const auto id = part.getContentId();
+    const auto location = part.getContentLocation();
+    return (id && package.findPartById(*id) != TzMimePart::NotFound) ||
+           (location && package.findPartByLocation(*location) != TzMimePart::NotFound);
 }
 
 /// The text of the message, with those parts of its package that no reference refers to as well.

@@ -13,8 +13,6 @@
 #include <soap/TzSoapSimpleType.h>
 #include <soap/TzSoapSparseArrayType.h>
 #include <soap/TzSoapUserDefinedType.h>
-#include <tz/mime/TzMimeContentIdHeader.h>
-#include <tz/mime/TzMimeContentLocationHeader.h>
 #include <tz/mime/TzMimeMultipart.h>
 
 #include <utility>
@@ -33,16 +31,14 @@ template <typename Handle> Element describeElement(std::string_view kind, const 
     return element;
 }
 
-/// The number of the part that a reference was resolved to.
-std::optional<std::size_t> numberOf(const TzMimePart& part, const TzMimeMultipart& package) {
-    for (const char* const label :
-         {TzMimeContentIdHeader::Label, TzMimeContentLocationHeader::Label}) {
-        if (const std::size_t header = part.findHeader(label); header != TzMimePart::NotFound) {
-            const std::size_t number = package.findPart(part.getHeader(header));
-            return number == TzMimePart::NotFound ? std::nullopt : std::optional(number);
-        }
+/// The number of the part that a reference was resolved to, `TzMimePart::NotFound` for one that the
+/// package does not hold.
+std::size_t numberOf(const TzMimePart& part, const TzMimeMultipart& package) {
+    if (const auto id = part.getContentId()) {
+        return package.findPartById(*id);
     }
-    return std::nullopt;
+    const auto location = part.getContentLocation();
+    return location ? package.findPartByLocation(*location) : TzMimePart::NotFound;
 }
 
 /// The text of the reference attribute, which has a name of its own in each version.
@@ -187,7 +183,10 @@ void MessageWalk::visit(const TzSoapReferenceType& value) {
     ReferenceFacts& facts = element.reference.emplace();
     facts.text = referenceText(value);
     if (value.hasReference() && value.isMimeReference()) {
-        facts.part = numberOf(value.getMimeReference(), message_->getMimeMultipart());
+        const std::size_t number = numberOf(value.getMimeReference(), message_->getMimeMultipart());
+        if (number != TzMimePart::NotFound) {
+            facts.part = number;
+        }
         facts.size = value.getMimeReference().getBodyView().size();
     } else if (value.hasReference()) {
         facts.kind = value.getSoapReference().getSoapTypeIdAsString();

@@ -6,7 +6,6 @@
 #include "MessageWalk.h"
 
 #include <soap/TzSoapMessage.h>
-#include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimeContentTypeHeader.h>
 
 #include <iostream>
@@ -65,7 +64,7 @@ TzMimeMultipart packages::around(std::string envelope) {
 
 void packages::insert(TzMimeMultipart& package, const std::string& argument) {
     const Attachment attachment = Attachment::parse(argument);
-    if (package.findPart(TzMimeContentIdHeader(attachment.contentId)) != TzMimePart::NotFound) {
+    if (package.findPartById(attachment.contentId) != TzMimePart::NotFound) {
         throw std::runtime_error("another part has its content id " + attachment.contentId);
     }
     package.insertPart(attachment.toPart());

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "reading/TzSoapMimeLookup.h"
 
-#include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimeContentLocationHeader.h>
 #include <tz/mime/TzMimeMultipart.h>
 
@@ -9,13 +8,9 @@ namespace {
 
 constexpr std::string_view ContentIdScheme = "cid:";
 
-std::optional<TzMimePart> partWith(const TzMimeMultipart& package, const TzMimeHeader& header) {
-    const std::size_t found = package.findPart(header, 0);
-    return found == TzMimePart::NotFound ? std::nullopt : std::optional(package.getPart(found));
-}
-
-std::optional<TzMimePart> partAt(const TzMimeMultipart& package, const TzCString& location) {
-    return partWith(package, TzMimeContentLocationHeader(location));
+std::optional<TzMimePart> partAt(const TzMimeMultipart& package, std::size_t position) {
+    return position == TzMimePart::NotFound ? std::nullopt
+                                            : std::optional(package.getPart(position));
 }
 
 } // namespace
@@ -26,16 +21,15 @@ std::optional<TzMimePart> tzSoapFindMimePart(const TzMimeMultipart& package,
         return std::nullopt;
     }
     if (href.starts_with(ContentIdScheme)) {
-        const TzCString id = TzCString("<").append(href.substr(ContentIdScheme.size())) + ">";
-        return partWith(package, TzMimeContentIdHeader(id));
+        return partAt(package, package.findPartById(href.substr(ContentIdScheme.size())));
     }
-    const TzCString location(href);
-    if (auto part = partAt(package, location)) {
+    if (auto part = partAt(package, package.findPartByLocation(href))) {
         return part;
     }
     const std::size_t base = package.findHeader(TzMimeContentLocationHeader::Label, 0);
     if (base == TzMimePart::NotFound) {
         return std::nullopt;
     }
-    return partAt(package, TzMimeContentLocationHeader(package.getHeader(base)).resolve(location));
+    const TzMimeContentLocationHeader header(package.getHeader(base));
+    return partAt(package, package.findPartByLocation(header.resolve(TzCString(href))));
 }

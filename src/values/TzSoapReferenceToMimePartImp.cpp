@@ -2,8 +2,6 @@
 #include <soap/TzSoapReferenceToMimePartImp.h>
 
 #include <soap/TzSoapCatalog.h>
-#include <tz/mime/TzMimeContentIdHeader.h>
-#include <tz/mime/TzMimeContentLocationHeader.h>
 #include <tz/tools/TzMessage.h>
 #include <tz/xml/TzThrow.h>
 
@@ -13,13 +11,11 @@ namespace {
 
 /// The text by which `part` is referred to; `TzXmlBadArgError` BAD_REFERENCE when it has no name.
 TzCString textFor(const TzMimePart& part) {
-    const std::size_t id = part.findHeader(TzMimeContentIdHeader::Label);
-    if (id != TzMimePart::NotFound) {
-        return "cid:" + TzMimeContentIdHeader(part.getHeader(id)).getId();
+    if (const auto id = part.getContentId()) {
+        return "cid:" + *id;
     }
-    const std::size_t location = part.findHeader(TzMimeContentLocationHeader::Label);
-    if (location != TzMimePart::NotFound) {
-        return TzMimeContentLocationHeader(part.getHeader(location)).getURI();
+    if (auto location = part.getContentLocation()) {
+        return *std::move(location);
     }
     TzThrow(TzXmlBadArgError(TzMessage(tzsoap_BAD_REFERENCE(), "identified")));
 }

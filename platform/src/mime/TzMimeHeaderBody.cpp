@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "mime/TzMimeHeaderBody.h"
 
-#include "mime/TzMimeLock.h"
 #include "mime/TzMimeText.h"
 
 #include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimeContentLocationHeader.h>
 
+#include <memory>
 #include <utility>
 
 namespace TzMimeHeaderValue {
@@ -72,40 +72,39 @@ TzMimeHeaderBody::TzMimeHeaderBody(TzCString label, TzCString value)
     : label_(std::move(label)), value_(std::move(value)) {}
 
 TzMimeHeaderBody::TzMimeHeaderBody(TzCString label, const TzMimeContentType& type)
-    : label_(std::move(label)), type_(type) {}
+    : type_(new TzMimeContentType(type)), label_(std::move(label)) {}
+
+TzMimeHeaderBody::~TzMimeHeaderBody() { delete type_.load(); }
 
 TzMimeHeader TzMimeHeaderBody::make(TzCString label, TzCString value) {
     return TzMimeHeader(new TzMimeHeaderBody(std::move(label), std::move(value)));
 }
 
 TzCString TzMimeHeaderBody::value() const {
-    const TzMimeLock guard(lock_);
-    return type_ ? type_->asString() : value_;
+    const TzMimeContentType* const type = knownType();
+    return type != nullptr ? type->asString() : value_;
 }
 
 TzCString TzMimeHeaderBody::comparable() const {
-    const TzMimeLock guard(lock_);
-    const TzCString type = type_ ? type_->asString() : TzCString();
-    return TzCString(TzMimeHeaderValue::comparable(label_, type_ ? type : value_));
+    const TzMimeContentType* const type = knownType();
+    const TzCString written = type != nullptr ? type->asString() : TzCString();
+    return TzCString(TzMimeHeaderValue::comparable(label_, type != nullptr ? written : value_));
 }
 
 TzMimeContentType TzMimeHeaderBody::contentType() {
-    {
-        const TzMimeLock guard(lock_);
-        if (type_) {
-            return *type_;
+    const TzMimeContentType* type = knownType();
+    if (type == nullptr) {
+        auto own = std::make_unique<const TzMimeContentType>(value_);
+        // Of several threads that get here the first one wins.
+        if (type_.compare_exchange_strong(type, own.get(), std::memory_order_acq_rel)) {
+            type = own.release();
         }
     }
-    TzMimeContentType type(value_);
-    const TzMimeLock guard(lock_);
-    if (!type_) {
-        type_ = std::move(type);
-    }
-    return *type_;
+    return *type;
 }
 
 void TzMimeHeaderBody::appendTo(TzCString& out) const {
-    const TzMimeLock guard(lock_);
-    const TzCString type = type_ ? type_->asString() : TzCString();
-    TzMimeHeaderValue::append(out, label_, type_ ? type : value_);
+    const TzMimeContentType* const type = knownType();
+    const TzCString written = type != nullptr ? type->asString() : TzCString();
+    TzMimeHeaderValue::append(out, label_, type != nullptr ? written : value_);
 }

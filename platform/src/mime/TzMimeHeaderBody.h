@@ -4,10 +4,9 @@
 #include <tz/mime/TzMimeContentType.h>
 #include <tz/mime/TzMimeHeader.h>
 #include <tz/pointer/TzBodyBase.h>
-#include <tz/thread/TzMutexLock.h>
 #include <tz/tools/TzCString.h>
 
-#include <optional>
+#include <atomic>
 #include <string_view>
 
 /// What `TzMimeHeader` handles share.
@@ -15,6 +14,9 @@ class TzMimeHeaderBody final : public TzBodyBase {
 public:
     TzMimeHeaderBody(TzCString label, TzCString value);
     TzMimeHeaderBody(TzCString label, const TzMimeContentType& type);
+    ~TzMimeHeaderBody() override;
+    TzMimeHeaderBody(const TzMimeHeaderBody&) = delete;
+    TzMimeHeaderBody& operator=(const TzMimeHeaderBody&) = delete;
 
     /// A handle to a new header.
     static TzMimeHeader make(TzCString label, TzCString value);
@@ -33,10 +35,13 @@ public:
     void appendTo(TzCString& out) const;
 
 private:
+    const TzMimeContentType* knownType() const noexcept {
+        return type_.load(std::memory_order_acquire);
+    }
+
+    std::atomic<const TzMimeContentType*> type_{nullptr}; // made once, then there to stay
     TzCString label_;
     TzCString value_;
-    mutable TzMutexLock lock_; // for type_
-    std::optional<TzMimeContentType> type_;
 };
 
 /// How the values of headers are understood.

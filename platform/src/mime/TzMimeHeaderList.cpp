@@ -114,6 +114,15 @@ std::string_view TzMimeHeaderList::valueAt(std::size_t position, TzCString& kept
     return kept;
 }
 
+std::optional<TzCString> TzMimeHeaderList::comparable(std::string_view label) const {
+    const std::size_t position = find(label, 0);
+    if (position == std::string_view::npos) {
+        return std::nullopt;
+    }
+    TzCString kept;
+    return TzCString(TzMimeHeaderValue::comparable(label, valueAt(position, kept)));
+}
+
 void TzMimeHeaderList::append(std::size_t position, TzCString& out) const {
     const Slot& slot = slots_[position];
     if (slot.line.empty()) {

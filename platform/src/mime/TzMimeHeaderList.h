@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -36,6 +37,8 @@ public:
     std::string_view labelAt(std::size_t position) const noexcept;
     /// The value of the header at `position`: as a slice where it is one, else put into `kept`.
     std::string_view valueAt(std::size_t position, TzCString& kept) const;
+    /// What the value of the first header `label` is compared by; empty without one.
+    std::optional<TzCString> comparable(std::string_view label) const;
     /// Adds the header line at `position` to `out`.
     void append(std::size_t position, TzCString& out) const;
     /// Roughly how many bytes the header lines will take. Does not look at them.

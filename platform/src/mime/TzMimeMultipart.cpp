@@ -48,6 +48,14 @@ std::size_t TzMimeMultipart::findPart(const TzMimeHeader& header, std::size_t st
     return parts() != nullptr ? parts()->find(header, start) : NotFound;
 }
 
+std::size_t TzMimeMultipart::findPartById(std::string_view id) const {
+    return parts() != nullptr ? parts()->findById(id) : NotFound;
+}
+
+std::size_t TzMimeMultipart::findPartByLocation(std::string_view uri) const {
+    return parts() != nullptr ? parts()->findByLocation(uri) : NotFound;
+}
+
 std::size_t TzMimeMultipart::findRootPart() const {
     const std::size_t position = findHeader(TzMimeContentTypeHeader::Label);
     if (position != NotFound) {

@@ -5,6 +5,8 @@
 #include "mime/TzMimePartWriter.h"
 #include "mime/TzMimeText.h"
 
+#include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeContentLocationHeader.h>
 #include <tz/xml/TzXmlBoundsError.h>
 
 #include <memory>
@@ -42,6 +44,16 @@ TzMimeHeader TzMimePart::getHeader(std::size_t position) const {
         throw TzXmlBoundsError(TzMessage("The part has no such header"));
     }
     return body()->headers().at(position);
+}
+
+std::optional<TzCString> TzMimePart::getContentId() const {
+    return body() != nullptr ? body()->headers().comparable(TzMimeContentIdHeader::Label)
+                             : std::nullopt;
+}
+
+std::optional<TzCString> TzMimePart::getContentLocation() const {
+    return body() != nullptr ? body()->headers().comparable(TzMimeContentLocationHeader::Label)
+                             : std::nullopt;
 }
 
 void TzMimePart::insertHeader(const TzMimeHeader& header) { ownBody().insertHeader(header); }

@@ -24,6 +24,13 @@ public:
     /// Position of the first part at or after `start` with a header equal to `header`.
     std::size_t find(const TzMimeHeader& header, std::size_t start) const;
 
+    /// Position of the first part with that Content-ID.
+    std::size_t findById(std::string_view id) const { return ids_.find(parts_, id, 0); }
+    /// Position of the first part with that Content-Location.
+    std::size_t findByLocation(std::string_view uri) const {
+        return locations_.find(parts_, uri, 0);
+    }
+
 private:
     std::size_t search(const TzMimeHeader& header, std::size_t start) const;
     void changed() noexcept;

@@ -28,7 +28,9 @@ std::size_t tzFindIgnoreCase(std::string_view text, std::string_view wanted,
 }
 
 bool tzEqualIgnoreCase(std::string_view left, std::string_view right) noexcept {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(), equalFolded);
+    // Mostly both are spelt alike.
+    return left == right ||
+           std::equal(left.begin(), left.end(), right.begin(), right.end(), equalFolded);
 }
 
 TzCString tzQuoted(std::string_view text) {

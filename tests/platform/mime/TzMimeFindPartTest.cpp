@@ -89,6 +89,27 @@ TEST(TzMimeFindPart, FindsIdsWithAndWithoutBrackets) {
     EXPECT_EQ(made.findPart(TzMimeContentLocationHeader("a")), TzMimePart::NotFound);
 }
 
+TEST(TzMimeFindPart, NeedsNoHeaderForIdsAndLocations) {
+    TzMimeMultipart made;
+    EXPECT_EQ(made.findPartById("a"), TzMimePart::NotFound);
+    EXPECT_EQ(made.findPartByLocation("a"), TzMimePart::NotFound);
+    for (const char* const id : {"<x>", "<a>", "<a>"}) {
+        made.insertPart(identified(id));
+    }
+    made.insertPart(withBody("", {{"Content-Location", "a"}}));
+    made.insertPart(withBody("", {{"Content-Location", "b (comment)"}, {"Content-ID", "c"}}));
+    EXPECT_EQ(made.findPartById("a"), 1U);
+    EXPECT_EQ(made.findPartById("c"), 4U);
+    EXPECT_EQ(made.findPartById("<a>"), TzMimePart::NotFound); // an id has no brackets
+    EXPECT_EQ(made.findPartById("b"), TzMimePart::NotFound);
+    EXPECT_EQ(made.findPartByLocation("a"), 3U);
+    EXPECT_EQ(made.findPartByLocation("b"), 4U);
+    EXPECT_EQ(made.findPartByLocation("x"), TzMimePart::NotFound);
+    made.insertPartAt(0, identified("<late>"));
+    EXPECT_EQ(made.findPartById("a"), 2U);
+    EXPECT_EQ(made.findPartById("late"), 0U);
+}
+
 TEST(TzMimeFindPart, TheFirstPartWins) {
     TzMimeMultipart made;
     for (const char* const id : {"x", "a", "a", "b", "a"}) {

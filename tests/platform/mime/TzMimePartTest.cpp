@@ -57,6 +57,21 @@ TEST(TzMimePart, FindsHeadersWithoutCase) {
               "The part has no such header");
 }
 
+TEST(TzMimePart, TellsIdAndLocation) {
+    EXPECT_EQ(TzMimePart().getContentId(), std::nullopt);
+    EXPECT_EQ(TzMimePart().getContentLocation(), std::nullopt);
+    const TzMimePart read = part("content-id:\r\n (c) <a@x> (d)\r\nContent-ID: <b>\r\n"
+                                 "Content-Location: http://h/\r\n file.bin\r\n\r\nbody");
+    EXPECT_EQ(read.getContentId(), "a@x");
+    EXPECT_EQ(read.getContentLocation(), "http://h/file.bin");
+    TzMimePart made;
+    made.insertHeader(TzMimeHeader("Content-ID", "<>"));
+    EXPECT_EQ(made.getContentId(), "");
+    EXPECT_EQ(made.getContentLocation(), std::nullopt);
+    made.insertHeader(TzMimeHeader("CONTENT-LOCATION", "x (comment)"));
+    EXPECT_EQ(made.getContentLocation(), "x");
+}
+
 TEST(TzMimePart, IsSharedByCopies) {
     TzMimePart made = withBody("old");
     const TzMimePart copy = made;

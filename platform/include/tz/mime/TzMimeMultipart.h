@@ -30,9 +30,15 @@ public:
     /// if there is none. For Content-ID and Content-Location O(log n) after the first search since
     /// a change, for others linear in the number of headers.
     std::size_t findPart(const TzMimeHeader& header, std::size_t start = 0) const;
-    /// Position of the root part (RFC 2387): the part with the Content-ID that the parameter "start"
-    /// of the Content-Type header names, the first part without that parameter; `NotFound` if there
-    /// is none. Costs what `findPart` costs.
+    /// Position of the first part with that Content-ID, given without angle brackets; `NotFound` if
+    /// there is none. As `findPart`, but needs no header.
+    std::size_t findPartById(std::string_view id) const;
+    /// Position of the first part with that Content-Location; `NotFound` if there is none. As
+    /// `findPart`, but needs no header.
+    std::size_t findPartByLocation(std::string_view uri) const;
+    /// Position of the root part (RFC 2387): the part with the Content-ID that the parameter
+    /// "start" of the Content-Type header names, the first part without that parameter; `NotFound`
+    /// if there is none. Costs what `findPart` costs.
     std::size_t findRootPart() const;
     /// Adds `part` as the last one and shares it. A package is added as it is now: as one part that
     /// holds its text.

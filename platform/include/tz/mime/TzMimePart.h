@@ -7,6 +7,7 @@
 #include <tz/tools/TzCString.h>
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 class TzMimePartBody;
@@ -39,6 +40,12 @@ public:
     std::size_t findHeader(std::string_view label, std::size_t start = 0) const noexcept;
     /// The header at `position`, shared with the part; `TzXmlBoundsError` beyond the last one.
     TzMimeHeader getHeader(std::size_t position) const;
+    /// The id that the first Content-ID header states, without its angle brackets; empty without
+    /// such a header. As by `TzMimeContentIdHeader`, but makes no header.
+    std::optional<TzCString> getContentId() const;
+    /// The URI that the first Content-Location header states; empty without such a header. As by
+    /// `TzMimeContentLocationHeader`, but makes no header.
+    std::optional<TzCString> getContentLocation() const;
     /// Adds `header` as the last one.
     void insertHeader(const TzMimeHeader& header);
 
