@@ -5,8 +5,6 @@
 #include <soap/TzSoapTransportContext.h>
 #include <tz/tools/TzCString.h>
 
-#include <string_view>
-
 /// The properties of an HTTP exchange as header lines; the SOAP action is the one it knows by
 /// itself.
 ///
@@ -38,5 +36,5 @@ public:
     TzCString asString() const override;
 
 private:
-    static constexpr std::string_view SoapActionLabel = "SOAPAction";
+    static const TzCString SoapActionLabel;
 };

@@ -41,7 +41,8 @@ public:
     TzSoapMessage& operator=(TzSoapMessage&&) noexcept = default;
     ~TzSoapMessage() override;
 
-    /// The message as XML text; when it has attachments, the text of the MIME package instead.
+    /// The message as XML text; when it has attachments, the text of `asMimeMultipart()` instead.
+    /// O(content).
     TzCString asString() const override;
     /// "SOAPMessage:" and the URI of the version's envelope namespace.
     TzCString getMessageType() const override;

@@ -13,6 +13,8 @@ bool continuesLine(const TzCString& line) {
 
 } // namespace
 
+const TzCString TzSoapHttpTransportContext::SoapActionLabel = "SOAPAction";
+
 TzSoapHttpTransportContext::TzSoapHttpTransportContext() = default;
 
 TzSoapHttpTransportContext::TzSoapHttpTransportContext(const TzSoapHttpTransportContext&) = default;
@@ -29,15 +31,15 @@ TzSoapHttpTransportContext::operator=(TzSoapHttpTransportContext&&) noexcept = d
 TzSoapHttpTransportContext::~TzSoapHttpTransportContext() = default;
 
 void TzSoapHttpTransportContext::setSoapAction(const TzCString& action) {
-    add(getSoapActionLabel(), action);
+    add(SoapActionLabel, action);
 }
 
 TzCString TzSoapHttpTransportContext::getSoapAction() const {
-    const const_iterator found = find(getSoapActionLabel());
+    const const_iterator found = find(SoapActionLabel);
     return found == end() ? TzCString() : found->second;
 }
 
-TzCString TzSoapHttpTransportContext::getSoapActionLabel() { return TzCString(SoapActionLabel); }
+TzCString TzSoapHttpTransportContext::getSoapActionLabel() { return SoapActionLabel; }
 
 void TzSoapHttpTransportContext::extract(const TzCString& text) {
     TzCTokenizer lines(text);

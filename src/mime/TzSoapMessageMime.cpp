@@ -17,6 +17,7 @@
 #include "mime/TzSoapAttachmentFinder.h"
 #include "output/TzSoapWriteText.h"
 
+#include <typeinfo>
 #include <utility>
 
 namespace {
@@ -82,12 +83,17 @@ bool TzSoapMessage::hasUserDefinedValues() const {
 }
 
 TzCString TzSoapMessage::asString() const {
+    // A derived message may look for attachments and make its package in its own way.
+    const bool derived = typeid(*this) != typeid(TzSoapMessage);
+    if (derived && hasAttachments()) {
+        return asMimeMultipart().asString();
+    }
     TzXmlStringWriter envelope;
     TzMimeMultipart package;
     TzSoapWriter writer(&envelope, &package);
     acceptVisitor(writer);
     // Most messages need no second look: what was written in full and led to no part has none.
-    if ((!package.hasParts() && writer.wroteAll()) || !hasAttachments()) {
+    if (derived || (!package.hasParts() && writer.wroteAll()) || !hasAttachments()) {
         return envelope.takeString();
     }
     package.insertHeader(TzMimeVersionHeader());

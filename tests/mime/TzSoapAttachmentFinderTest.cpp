@@ -124,6 +124,14 @@ TEST(TzSoapAttachmentFinder, aFaultWithoutACodeIsNoneOfTheBody) {
     EXPECT_TRUE(found(message));
 }
 
+TEST(TzSoapAttachmentFinder, entriesBesideAFaultAreLookedAt) {
+    TzSoapMessage message;
+    message.getSoapBody().getSoapFault().setCode(TzXmlName("code"));
+    EXPECT_FALSE(found(message));
+    message.getSoapBody().appendEntry(attachment());
+    EXPECT_TRUE(found(message));
+}
+
 TEST(TzSoapAttachmentFinder, aReferenceWithoutATargetDoesNotCount) {
     EXPECT_FALSE(found(TzSoapReferenceType(false)));
     EXPECT_FALSE(found(around(TzSoapReferenceType(false))));

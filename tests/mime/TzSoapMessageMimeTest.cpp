@@ -73,6 +73,21 @@ TzMimeMultipart packageOf(const TzMimeMultipartRelatedType& type,
     return package;
 }
 
+/// A message of a program that signs its packages and makes one whenever it is told to.
+class SignedMessage : public TzSoapMessage {
+public:
+    explicit SignedMessage(bool packed) : packed_(packed) {}
+    bool hasAttachments() const override { return packed_; }
+    TzMimeMultipart asMimeMultipart() const override {
+        TzMimeMultipart package;
+        package.insertHeader(TzMimeHeader("X-Signature", "signed"));
+        return TzSoapMessage::asMimeMultipart(package);
+    }
+
+private:
+    bool packed_;
+};
+
 std::string entries(const TzSoapMessage& message) {
     const TzSoapBody& body = message.getSoapBody();
     return namesOf(body.entriesBegin(), body.entriesEnd());
@@ -144,6 +159,20 @@ TEST(TzSoapMessageMime, attachmentsOfValuesReferredToAloneMakeNoPackage) {
     message.getSoapBody().appendEntry(TzSoapReferenceType(TzXmlName("to"), target));
     EXPECT_FALSE(message.hasAttachments());
     EXPECT_EQ(message.asString().rfind("<env:Envelope", 0), 0u);
+}
+
+TEST(TzSoapMessageMime, aDerivedMessageDecidesAboutItsPackage) {
+    const SignedMessage packed(true);
+    EXPECT_EQ(packed.asString().rfind("X-Signature: signed\r\nContent-Type: multipart/related", 0),
+              0u);
+    EXPECT_EQ(packed.asString(), packed.asMimeMultipart().asString());
+    const TzSoapReferenceType reference(TzXmlName("ref"), part("p1", "x"));
+    SignedMessage plain(false);
+    plain.getSoapBody().appendEntry(reference);
+    EXPECT_EQ(plain.asString().rfind("<env:Envelope", 0), 0u);
+    SignedMessage both(true);
+    both.getSoapBody().appendEntry(reference);
+    EXPECT_EQ(both.asString(), both.asMimeMultipart().asString());
 }
 
 TEST(TzSoapMessageMime, thePackageOfAMessageWithoutAttachmentsHoldsItsRootOnly) {
@@ -245,6 +274,38 @@ TEST(TzSoapMessageMime, whatTheCallersTypeLacksIsFilledIn) {
     EXPECT_EQ(header(package.getPart(0), "Content-ID"), "<soap.xml@mime.representation>");
 }
 
+TEST(TzSoapMessageMime, anEmptyPackageOfTheCallerGetsAContentTypeOnly) {
+    TzMimeMultipart package;
+    TzSoapMessage().asMimeMultipart(package);
+    ASSERT_EQ(package.getHeaderCount(), 1u);
+    EXPECT_EQ(package.getHeader(0).asString(),
+              "Content-Type: multipart/related; boundary=\"MIME_boundary\"; type=\"text/xml\"; "
+              "start=\"<soap.xml@mime.representation>\"");
+}
+
+TEST(TzSoapMessageMime, anyContentTypeOfTheCallerIsKeptAndCompleted) {
+    TzMimeMultipart package;
+    package.insertHeader(TzMimeHeader("X-Own", "1"));
+    package.insertHeader(TzMimeHeader("content-type", "multipart/mixed; boundary=xyz; type=a"));
+    TzSoapMessage().asMimeMultipart(package);
+    ASSERT_EQ(package.getHeaderCount(), 2u);
+    EXPECT_TRUE(typeOf(package).matches("multipart", "mixed"));
+    EXPECT_EQ(typeOf(package).getBoundary(), "xyz");
+    EXPECT_EQ(typeOf(package).getType(), "text/xml");
+    EXPECT_EQ(typeOf(package).getStart(), "<soap.xml@mime.representation>");
+    EXPECT_EQ(package.asString().rfind("X-Own: 1\r\ncontent-type: multipart/mixed; ", 0), 0u);
+}
+
+TEST(TzSoapMessageMime, aPackageFilledTwiceBeginsWithTheLaterRoot) {
+    TzMimeMultipart package;
+    TzSoapMessage(TzSoapVersion::V1_1).asMimeMultipart(package);
+    TzSoapMessage(TzSoapVersion::V1_2).asMimeMultipart(package);
+    EXPECT_EQ(package.getHeaderCount(), 1u);
+    ASSERT_EQ(package.getPartCount(), 2u);
+    EXPECT_EQ(package.getPart(0).getBody().rfind("<env:Envelope", 0), 0u);
+    EXPECT_EQ(package.getPart(1).getBody().rfind("<SOAP-ENV:Envelope", 0), 0u);
+}
+
 TEST(TzSoapMessageMime, partsOfTheCallerStandBetweenRootAndAttachments) {
     TzMimeMultipart package;
     package.insertPart(part("mine", "x"));
@@ -263,6 +324,7 @@ TEST(TzSoapMessageMime, anErrorOfWritingLeavesTheAttachmentsMetBefore) {
     EXPECT_THROW(message.asMimeMultipart(package), TzXmlBadArgError);
     ASSERT_EQ(package.getPartCount(), 1u);
     EXPECT_EQ(header(package.getPart(0), "Content-ID"), "<p1>");
+    EXPECT_EQ(package.getHeaderCount(), 0u);
 }
 
 TEST(TzSoapMessageMime, theRootIsThePartThatTheStartNames) {
@@ -309,6 +371,13 @@ TEST(TzSoapMessageMime, aPackageWithoutContentTypeIsRefused) {
     expectPackageError([&] { message.extract(package); }, 0x701D,
                        "[MIME_NOT_MULTIPART][MIME messge must be multipart/related]");
     EXPECT_FALSE(message.getMimeMultipart().hasParts());
+
+    message.extract(packageOf(TzMimeMultipartRelatedType("", "text/xml", "", "b"),
+                              {part("kept", envelope.c_str())}));
+    expectPackageError([&] { message.extract(package); }, 0x701D,
+                       "[MIME_NOT_MULTIPART][MIME messge must be multipart/related]");
+    EXPECT_EQ(header(message.getMimeMultipart().getPart(0), "Content-ID"), "<kept>");
+    EXPECT_EQ(entries(message), "a");
 }
 
 TEST(TzSoapMessageMime, aStartThatNamesNoPartIsRefused) {

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "support/VirtualSlot.h"
+
 #include <soap/TzSoapTransportContext.h>
 
 #include <gtest/gtest.h>
@@ -34,6 +36,12 @@ TEST(TzSoapTransportContextTest, IsABaseForTransports) {
     context->extract("a");
     EXPECT_EQ(listed(*context), std::vector<std::string>{"text=a"});
     EXPECT_EQ(context->asString(), "text");
+}
+
+TEST(TzSoapTransportContextTest, TheOrderOfItsVirtualFunctions) {
+    using C = TzSoapTransportContext;
+    EXPECT_TRUE(std::has_virtual_destructor_v<C>);
+    EXPECT_EQ(slotsOf(&C::extract, &C::asString), inARow(2, 2));
 }
 
 TEST(TzSoapTransportContextTest, AddingAgainReplacesTheValue) {
