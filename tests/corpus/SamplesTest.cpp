@@ -2,6 +2,8 @@
 //
 // Reads every message in samples/ and compares the model with what the .json beside it says is in
 // it.
+#include "support/Samples.h"
+
 #include <soap/TzSoapCast.h>
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
@@ -15,10 +17,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <string>
 #include <vector>
@@ -26,24 +25,6 @@
 namespace {
 
 using Json = nlohmann::json;
-
-std::string readFile(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    EXPECT_TRUE(in.good()) << file;
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-std::vector<std::filesystem::path> samples() {
-    std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(TZSOAP_SAMPLES_DIR)) {
-        const auto extension = entry.path().extension();
-        if (extension == ".xml" || extension == ".mime") {
-            files.push_back(entry.path());
-        }
-    }
-    std::sort(files.begin(), files.end());
-    return files;
-}
 
 std::string bracedName(const TzXmlName& name) {
     return name.getUri().empty() ? name.getLocalName()
@@ -348,6 +329,6 @@ std::string nameOfSample(const testing::TestParamInfo<std::filesystem::path>& in
     return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(All, SamplesTest, testing::ValuesIn(samples()), nameOfSample);
+INSTANTIATE_TEST_SUITE_P(All, SamplesTest, testing::ValuesIn(sampleFiles()), nameOfSample);
 
 } // namespace

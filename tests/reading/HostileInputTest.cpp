@@ -3,18 +3,15 @@
 // Whatever the bytes: an error with its place or a message, and nothing left behind.
 #include "support/AllocationFailure.h"
 #include "support/ReadValues.h"
+#include "support/Samples.h"
 
 #include <tz/tools/Tzxmsg.h>
 #include <tz/xml/TzXmlParseError.h>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <new>
 #include <random>
 #include <string>
@@ -56,18 +53,9 @@ protected:
 };
 
 std::vector<std::string> sampleTexts() {
-    std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(TZSOAP_SAMPLES_DIR)) {
-        const auto extension = entry.path().extension();
-        if (extension == ".xml" || extension == ".mime") {
-            files.push_back(entry.path());
-        }
-    }
-    std::sort(files.begin(), files.end());
     std::vector<std::string> texts;
-    for (const auto& file : files) {
-        std::ifstream in(file, std::ios::binary);
-        texts.emplace_back(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    for (const auto& file : sampleFiles()) {
+        texts.push_back(readFile(file));
     }
     return texts;
 }

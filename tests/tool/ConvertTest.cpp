@@ -45,28 +45,23 @@ TEST(Convert, AMessageOfTheVersionIsEchoed) {
 TEST(Convert, EverySampleIsReadAgainInTheOtherVersion) {
     const ToolDirectory here;
     std::size_t converted = 0;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(sample("."))) {
-        const auto extension = entry.path().extension();
-        if (extension != ".xml" && extension != ".mime") {
-            continue;
-        }
-        const ToolRun shown = here.run({"show", "--json", entry.path().string()});
+    for (const std::filesystem::path& file : sampleFiles()) {
+        const ToolRun shown = here.run({"show", "--json", file.string()});
         if (shown.status != 0) {
-            EXPECT_EQ(here.run({"convert", "--to", "1.2", entry.path().string()}).status, 1);
+            EXPECT_EQ(here.run({"convert", "--to", "1.2", file.string()}).status, 1);
             continue;
         }
         ++converted;
         const Json before = Json::parse(shown.out);
         const std::string other = before["version"] == "1.1" ? "1.2" : "1.1";
-        const ToolRun run = here.run({"convert", "--to", other, entry.path().string()});
+        const ToolRun run = here.run({"convert", "--to", other, file.string()});
         EXPECT_EQ(run.status, 0) << run.error;
         const Json after = Json::parse(here.run({"show", "--json"}, run.out).out);
-        EXPECT_EQ(after["version"], other) << entry.path();
-        EXPECT_EQ(after["body"]["entries"].size(), before["body"]["entries"].size())
-            << entry.path();
+        EXPECT_EQ(after["version"], other) << file;
+        EXPECT_EQ(after["body"]["entries"].size(), before["body"]["entries"].size()) << file;
         EXPECT_EQ(after.value("attachments", Json()).size(),
                   before.value("attachments", Json()).size())
-            << entry.path();
+            << file;
     }
     EXPECT_GT(converted, 40U);
 }

@@ -96,12 +96,6 @@ ToolRun ToolDirectory::run(const std::vector<std::string>& arguments, std::strin
     return {status, out.empty() ? files.read("out") : std::string(), files.read("error")};
 }
 
-std::string readFile(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    EXPECT_TRUE(in.good()) << file;
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
 std::filesystem::path sample(const std::string& name) {
     return std::filesystem::path(TZSOAP_SAMPLES_DIR) / name;
 }

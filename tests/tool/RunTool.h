@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/Samples.h"
+
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -37,8 +39,6 @@ private:
     std::filesystem::path path_;
 };
 
-/// The bytes of `file`.
-std::string readFile(const std::filesystem::path& file);
 /// A file of the samples.
 std::filesystem::path sample(const std::string& name);
 /// A file of the data beside these tests.
