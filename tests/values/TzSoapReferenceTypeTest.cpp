@@ -226,6 +226,7 @@ TEST(TzSoapReferenceType, ClearingDropsTheTargetAndKeepsTheText) {
 }
 
 TEST(TzSoapReferenceType, ClearingFreesARing) {
+    static_cast<void>(TzSoapReferenceType("first use", identified("id")));
     const std::ptrdiff_t before = liveAllocations();
     {
         TzSoapCompositeType ring("ring");
@@ -238,6 +239,7 @@ TEST(TzSoapReferenceType, ClearingFreesARing) {
 }
 
 TEST(TzSoapReferenceType, LastTargetMayHoldTheReference) {
+    static_cast<void>(TzSoapReferenceType("first use", identified("id")));
     const std::ptrdiff_t before = liveAllocations();
     {
         TzSoapCompositeType ring("ring");
