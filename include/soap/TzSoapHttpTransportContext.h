@@ -15,9 +15,13 @@ class TZSOAP_API TzSoapHttpTransportContext : public TzSoapTransportContext {
 public:
     /// A context without properties.
     TzSoapHttpTransportContext();
+    /// Copies the properties. O(properties).
     TzSoapHttpTransportContext(const TzSoapHttpTransportContext& other);
+    /// Takes the properties over.
     TzSoapHttpTransportContext(TzSoapHttpTransportContext&& other) noexcept;
+    /// Replaces the properties by copies. O(properties).
     TzSoapHttpTransportContext& operator=(const TzSoapHttpTransportContext& other);
+    /// Replaces the properties by those it takes over.
     TzSoapHttpTransportContext& operator=(TzSoapHttpTransportContext&& other) noexcept;
     ~TzSoapHttpTransportContext() override;
 

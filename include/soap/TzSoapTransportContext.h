@@ -22,9 +22,13 @@ public:
 
     /// A context without properties.
     TzSoapTransportContext();
+    /// Copies the properties. O(properties).
     TzSoapTransportContext(const TzSoapTransportContext& other);
+    /// Takes the properties over.
     TzSoapTransportContext(TzSoapTransportContext&& other) noexcept;
+    /// Replaces the properties by copies. O(properties).
     TzSoapTransportContext& operator=(const TzSoapTransportContext& other);
+    /// Replaces the properties by those it takes over.
     TzSoapTransportContext& operator=(TzSoapTransportContext&& other) noexcept;
     virtual ~TzSoapTransportContext();
 

@@ -32,6 +32,8 @@ const Case cases[] = {
     {"Note: see SOAPAction\n", " see SOAPAction"},
     {"  SOAPAction: a", " a"},
     {"Host: a\n\nbody with SOAPAction: b", " b"},
+    {"Host: a\r\n\r\nbody with SOAPAction: b", " b"},
+    {"Note: a: SOAPAction: b\n", " a: SOAPAction: b"},
     // The first hit ends the search; a line without a colon is none.
     {"SOAPAction: a\nSOAPAction: b\n", " a"},
     {"SOAPAction\nSOAPAction: b\n", " b"},

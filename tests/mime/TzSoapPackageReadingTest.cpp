@@ -131,6 +131,7 @@ TEST_P(TzSoapPackageReading, IdsMayStandInBracketsOrNot) {
     EXPECT_EQ(attached("<a href=\"cid:p%40x\"/>", part("Content-ID: <p@x>", "1")), "(none)");
     EXPECT_EQ(attached("<a href=\"cid:P@x\"/>", part("Content-ID: <p@x>", "1")), "(none)");
     EXPECT_EQ(attached("<a href=\"p@x\"/>", part("Content-ID: <p@x>", "1")), "(none)");
+    EXPECT_EQ(attached("<a href=\"CID:p@x\"/>", part("Content-ID: <p@x>", "1")), "(none)");
 }
 
 TEST_P(TzSoapPackageReading, LocationsAreComparedAndResolved) {
@@ -215,6 +216,17 @@ TEST_P(TzSoapPackageReading, PackagesWithoutARootAreRefused) {
     expectNoRoot(typeLine + "\r\n");
     expectNoRoot(typeLine);
     expectNoRoot("Content-Type: multipart/related; boundary=\"\r\n\r\n" + root);
+}
+
+TEST_P(TzSoapPackageReading, TheWordMultipartMakesATextAPackage) {
+    // Wherever the words stand, the text is taken for a package, and then it is none.
+    TzSoapMessage message;
+    expectCatalogued<TzXmlParseError>(
+        [&] { message.extract("a Content-Type: multipart" + inBody("<a/>")); }, 0x701D,
+        "[MIME_NOT_MULTIPART][MIME messge must be multipart/related]");
+    expectNoRoot("POST / HTTP/1.1\r\nContent-Type: text/xml\r\n\r\n" + inBody("<a>Multipart</a>"));
+    message.extract("POST / HTTP/1.1\r\nContent-Type: text/xml\r\n\r\n" + inBody("<a/>"));
+    EXPECT_EQ(message.getSoapBody().entryCount(), 1U);
 }
 
 TEST_P(TzSoapPackageReading, AfterARefusalTheNextPackageIsRead) {

@@ -298,6 +298,25 @@ TEST(TzSoapMessage, extractReplacesTheContentInPlace) {
     EXPECT_TRUE(message.getTypeRegistry().typeExists(TzXmlName("a")));
 }
 
+TEST(TzSoapMessage, prefixesThatNothingDeclaresAreNoError) {
+    for (const V::Version version : {V::V1_1, V::V1_2}) {
+        TzSoapMessage message;
+        message.extract("<S:Envelope xmlns:S=\"" +
+                        TzSoapVersion::getSoapVersion(version).getSoapEnv().getUri() +
+                        "\" a:a=\"1\"><S:Header><h:h/></S:Header>"
+                        "<S:Body b:b=\"2\"><e:e c:c=\"3\">text</e:e></S:Body></S:Envelope>");
+        const TzSoapType& entry = *message.getSoapBody().entriesBegin();
+        EXPECT_EQ(entry.getName(), TzXmlName("e", TzXmlNamespace("e", "")));
+        EXPECT_EQ(entry.getName().getPrefix(), "e");
+        EXPECT_TRUE(entry.hasAttribute(TzXmlName("c", TzXmlNamespace("c", ""))));
+        EXPECT_EQ((*message.getSoapHeader().entriesBegin()).getName().getUri(), "");
+        const std::string text = message.asString();
+        EXPECT_NE(text.find("<e:e "), std::string::npos) << text;
+        message.extract(text);
+        EXPECT_EQ(message.asString(), text);
+    }
+}
+
 TEST(TzSoapMessage, aSecondHeaderAndASecondBodyAddToTheFirst) {
     TzSoapMessage message;
     message.extract("<E:Envelope xmlns:E=\"" + uri12 +
