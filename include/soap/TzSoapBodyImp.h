@@ -40,7 +40,7 @@ public:
     /// they are. `TzXmlError` UNKNOWN_VERSION, and nothing changed, for a value that is no version.
     void setVersion(TzSoapVersion::Version version);
     /// A new body with copies of entries and fault; the caller's handle takes it over.
-    TzSoapBodyImp* clone() const;
+    virtual TzSoapBodyImp* clone() const;
     /// Removes entries, attributes and all that was set on the element, and empties the fault,
     /// subcodes included; name and version stay.
     void clear();

@@ -40,7 +40,7 @@ public:
     /// `TzXmlError` UNKNOWN_VERSION, and nothing changed, for a value that is no version.
     void setVersion(TzSoapVersion::Version version);
     /// A new body with copies of the entries; the caller's handle takes it over.
-    TzSoapHeaderImp* clone() const;
+    virtual TzSoapHeaderImp* clone() const;
     /// Removes entries, attributes and all that was set on the element; name and version stay.
     void clear();
 

@@ -42,7 +42,7 @@ public:
     ~TzSoapMessageImp() override;
 
     /// A new body as the copy constructor makes it; the caller's handle takes it over.
-    TzSoapMessageImp* clone() const;
+    virtual TzSoapMessageImp* clone() const;
     /// Empties the message in place: attributes and properties of envelope, header and body, their
     /// entries, the fault with its subcodes, the prolog. Names, version, type registry, encoding
     /// prefix, kept package and limits stay.
