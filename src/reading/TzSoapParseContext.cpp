@@ -103,6 +103,8 @@ const TzXmlNamespace& TzSoapParseContext::sharedNamespace(std::string_view prefi
                                             : *sharedNamespaces_.emplace(prefix, uri).first;
 }
 
+// Elements open and close between two names, and pooled bodies come again at one address; with the
+// parser's number, the depth and the innermost element all as before, so are the declarations.
 void TzSoapParseContext::noteScopes() {
     const ScopeMark mark{parser_ == nullptr ? 0 : parser_->getNamespaceScope(), namespaces_.size(),
                          namespaces_.empty() ? nullptr : namespaces_.back()};

@@ -119,7 +119,7 @@ public:
     /// Shares `value`.
     TzSharedRecord make(Value value) {
         if (block_ == nullptr || block_->made == Block::Size) {
-            Block* const fresh = new Block();
+            Block* const fresh = new Block;
             leave(std::exchange(block_, fresh));
         }
         void* const place = block_->room.data() + block_->made * sizeof(Record);
