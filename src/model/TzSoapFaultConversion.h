@@ -18,8 +18,8 @@ public:
     using Loss = std::pair<TzCString, TzCString>;
 
     /// `prefix` is that of the message's envelope namespace, "" for what the version proposes.
-    TzSoapFaultConversion(const TzSoapVersionTerms& terms, const TzCString& prefix)
-        : terms_(terms), prefix_(prefix) {}
+    TzSoapFaultConversion(const TzSoapVersionTerms& terms, TzCString prefix)
+        : terms_(terms), prefix_(std::move(prefix)) {}
 
     /// Rewrites `fault`, but for its detail.
     void convert(TzSoapFaultImp& fault);
@@ -32,7 +32,7 @@ private:
     TzXmlName nameOf(TzSoapVersion::SoapFaultCode code) const;
 
     const TzSoapVersionTerms& terms_;
-    const TzCString& prefix_;
+    TzCString prefix_;
     TzXmlName code_;
     std::vector<TzXmlName> subcodes_;
     std::vector<Loss> losses_;
