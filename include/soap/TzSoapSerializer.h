@@ -4,13 +4,13 @@
 #include <soap/TzSoapConstVisitor.h>
 #include <soap/TzSoapExport.h>
 #include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
 
 #include <memory>
 
 class TzMimeMultipart;
 class TzSoapSerializerOutput;
 class TzXmlAttribute;
-class TzXmlName;
 
 /// Turns what accepts it into SOAP XML text that it keeps, with the MIME parts met on the way.
 ///
@@ -22,12 +22,12 @@ class TzXmlName;
 /// written before an error stays. Belongs to one thread.
 class TZSOAP_API TzSoapSerializer : public TzSoapConstVisitor {
 public:
-    /// The local name of the fault element.
-    static constexpr char Fault[] = "Fault";
-    /// What generated prefixes are made from where there is none.
-    static constexpr char Prefix[] = "prefix";
-    /// How values without name are called.
-    static const TzXmlName& UnknownName();
+    /// The local name of the fault element, "Fault".
+    static const TzCString Fault;
+    /// What generated prefixes are made from where there is none, "prefix".
+    static const TzCString Prefix;
+    /// How values without name are called, "tznone:unnamed".
+    static const TzXmlName UnknownName;
 
     /// A serializer for the latest version, without text.
     TzSoapSerializer();

@@ -27,7 +27,10 @@ TzSoapTagOutput::TagName tagOf(const TzSoapType& value) {
 
 } // namespace
 
-const TzXmlName& TzSoapSerializer::UnknownName() { return TzSoapTagOutput::unnamedName(); }
+// Real strings and a real name, made before any object of the program.
+const TzCString TzSoapSerializer::Fault = "Fault";
+const TzCString TzSoapSerializer::Prefix(TzSoapTagOutput::PrefixBase);
+const TzXmlName TzSoapSerializer::UnknownName = TzSoapTagOutput::unnamedName();
 
 TzSoapSerializer::TzSoapSerializer()
     : output_(std::make_unique<TzSoapSerializerOutput>(typeid(TzSoapSerializer))) {}

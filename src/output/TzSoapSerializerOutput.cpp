@@ -9,9 +9,6 @@
 
 namespace {
 
-/// What prefixes are made from where there is none.
-constexpr std::string_view PrefixBase = "prefix";
-
 /// `number` in decimal plus one; "" counts as 0.
 TzCString increment(std::string_view number) {
     TzCString digits(number.substr(std::min(number.find_first_not_of('0'), number.size())));
@@ -29,7 +26,7 @@ TzCString increment(std::string_view number) {
 /// The next candidate behind `prefix`: with its trailing number, 0 without one, plus one.
 TzCString nextPrefix(std::string_view prefix) {
     if (prefix.empty()) {
-        prefix = PrefixBase;
+        prefix = TzSoapTagOutput::PrefixBase;
     }
     const std::size_t stem = prefix.find_last_not_of("0123456789") + 1;
     return TzCString(prefix.substr(0, stem)).append(increment(prefix.substr(stem)));

@@ -376,9 +376,12 @@ void TzSoapTagOutput::writeDeclarations() {
     }
     const TzXmlNamespace& xmlns = TzXmlNamespace::getXmlns();
     for (const TzXmlNamespace& each : state_->namespaces) {
+        if (each.sameUri(xmlns)) {
+            continue;
+        }
         if (each.getPrefix().empty()) {
             text_->writeAttribute(xmlns.getPrefix(), each.getUri());
-        } else if (!each.sameUri(xmlns)) {
+        } else {
             text_->writeQualifiedAttribute(xmlns.getPrefix(), each.getPrefix(), each.getUri());
         }
     }

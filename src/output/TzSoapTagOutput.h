@@ -31,6 +31,8 @@ class TzSoapTagOutput {
 public:
     /// Deepest nesting of elements that is written.
     static constexpr unsigned int DepthLimit = TzSoapWriter::DepthLimit;
+    /// What prefixes are made from where there is none.
+    static constexpr std::string_view PrefixBase = "prefix";
 
     /// The name on a tag, in three pieces; refers to texts that outlive the element.
     struct TagName {

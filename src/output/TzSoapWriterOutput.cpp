@@ -19,7 +19,7 @@ void TzSoapWriterOutput::collectDeclaration(const TzXmlAttribute& declaration) {
 }
 
 TzCString TzSoapWriterOutput::uniquePrefix(std::string_view prefix, std::string_view uri) const {
-    const TzCString base(prefix.empty() ? "prefix" : prefix);
+    const TzCString base(prefix.empty() ? PrefixBase : prefix);
     for (unsigned long number = 1;; ++number) {
         TzCString candidate = base + TzXmlSchemaUtils::ConvertTypeToString(number);
         const TzCString& bound = uriForPrefix(candidate);

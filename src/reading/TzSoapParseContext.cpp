@@ -192,7 +192,7 @@ bool TzSoapParseContext::resolve(const TzCString& href, TzSoapReferenceTypeImp& 
     if (const auto part = tzSoapFindMimePart(mimeMultipart_, href)) {
         reference.setReference(*part);
     }
-    forgetId(href);
+    forgetId(TzCString(idOf(href)));
     return true; // the package does not change: there is nothing to try again later
 }
 

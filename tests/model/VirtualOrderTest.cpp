@@ -5,6 +5,7 @@
 #include <soap/TzSoapConstVisitor.h>
 #include <soap/TzSoapFault.h>
 #include <soap/TzSoapFaultImp.h>
+#include <soap/TzSoapGenericTypeHandler.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapTypeImp.h>
 #include <soap/TzSoapVersion.h>
@@ -123,6 +124,14 @@ template <typename Handle> using Constant = const Handle;
 TEST(VirtualOrder, VisitorsBeginWithTheirDispatch) {
     EXPECT_EQ((visits<TzSoapVisitor, Mutable>()), inARow(1, 13));
     EXPECT_EQ((visits<TzSoapConstVisitor, Constant>()), inARow(1, 13));
+}
+
+TEST(VirtualOrder, ContentHandlers) {
+    using H = TzSoapContentHandler;
+    EXPECT_EQ(slotsOf(&H::startElement, &H::endElement, &H::characters, &H::prolog), inARow(0, 4));
+    using G = TzSoapGenericTypeHandler;
+    EXPECT_EQ(slotsOf(&G::startElement, &G::endElement, &G::characters, &G::prolog), inARow(0, 4));
+    EXPECT_EQ(slotsOf(&G::addChild, &G::addPcdata), inARow(4 + Destructor, 2));
 }
 
 TEST(VirtualOrder, Faults) {

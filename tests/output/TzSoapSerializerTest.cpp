@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapSerializer.h>
 
+#include <soap/TzSoapCast.h>
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapFault.h>
@@ -26,6 +27,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <type_traits>
 
 namespace {
 
@@ -67,6 +69,18 @@ TzSoapMessage everything(TzSoapVersion::Version version) {
     fault.addFaultCodeQualifier("sub");
     fault.addDetailEntry("d", intValue("x", 5));
     return message;
+}
+
+/// The names that the header of a fault reply reports.
+std::string misunderstoodNames(const TzSoapMessage& message) {
+    std::string names;
+    const TzSoapHeader& header = message.getSoapHeader();
+    for (auto entry = header.entriesBegin(); entry != header.entriesEnd(); ++entry) {
+        const auto report = tzSoapCast<TzSoapMisunderstoodType>(*entry);
+        const TzXmlName name = report ? report->getQualifiedName() : TzXmlName("another kind");
+        names += "{" + name.getUri() + "}" + name.getLocalName() + " ";
+    }
+    return names;
 }
 
 /// `text` behind the start tag of its envelope, or that start tag.
@@ -136,6 +150,25 @@ TEST(TzSoapSerializer, LeavesAStyleInForceOut) {
     EXPECT_EQ(
         serialized(repeated),
         R"(<r xmlns:env="http://www.w3.org/2002/06/soap-envelope" env:encodingStyle="http://schemas.xmlsoap.org/soap/encoding/">3</r>
+)");
+}
+
+TEST(TzSoapSerializer, HeaderAndBodyDoNotRepeatTheStyleOfTheEnvelope) {
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    message.setEncodingStyle("urn:s");
+    message.getSoapHeader().setEncodingStyle("urn:s");
+    message.getSoapHeader().appendHeaderEntry(TzSoapType("h"), false);
+    message.getSoapBody().setEncodingStyle("urn:s");
+    EXPECT_EQ(
+        serialized(message),
+        R"(<SOAP-ENV:Envelope xmlns:SOAP-ENV="http://schemas.xmlsoap.org/soap/envelope/" SOAP-ENV:encodingStyle="urn:s">
+  <SOAP-ENV:Header>
+    <h>
+    </h>
+  </SOAP-ENV:Header>
+  <SOAP-ENV:Body>
+  </SOAP-ENV:Body>
+</SOAP-ENV:Envelope>
 )");
 }
 
@@ -286,8 +319,28 @@ TEST(TzSoapSerializer, WritesAFaultReplyWithMisunderstoodEntries) {
     EXPECT_EQ(serialized(reply), expected);
     TzSoapMessage read;
     read.extract(expected);
-    EXPECT_EQ(read.getSoapHeader().entryCount(), 2U);
+    EXPECT_EQ(misunderstoodNames(read), "{urn:1}Lock {urn:2}Key ");
     EXPECT_EQ(serialized(read), expected);
+    // On the way somebody takes the prefix for something else and spells the names with one of his.
+    read.extract(
+        R"(<x:Envelope xmlns:x="http://www.w3.org/2002/06/soap-envelope" xmlns:a="urn:else" xmlns:b="urn:2">
+  <x:Header>
+    <y:Misunderstood xmlns:a="urn:1" xmlns:y="http://www.w3.org/2002/06/soap-faults" qname="a:Lock"/>
+    <y:Misunderstood xmlns:y="http://www.w3.org/2002/06/soap-faults" qname="b:Key"/>
+  </x:Header>
+  <x:Body><x:Fault><x:Code><x:Value>x:MustUnderstand</x:Value></x:Code></x:Fault></x:Body>
+</x:Envelope>
+)");
+    EXPECT_EQ(misunderstoodNames(read), "{urn:1}Lock {urn:2}Key ");
+    EXPECT_EQ(read.getSoapBody().getSoapFault().getCode(),
+              reply.getSoapBody().getSoapFault().getCode());
+    // An own declaration holds as it stands, whatever is bound around it.
+    const TzSoapMessage again = [&] {
+        TzSoapMessage message;
+        message.extract(serialized(read));
+        return message;
+    }();
+    EXPECT_EQ(misunderstoodNames(again), "{urn:1}Lock {urn:2}Key ");
 }
 
 TEST(TzSoapSerializer, RenamesAttributesOfTheOtherVersion) {
@@ -362,10 +415,13 @@ TEST(TzSoapSerializer, IsUsedForSeveralElements) {
 }
 
 TEST(TzSoapSerializer, KnowsItsNames) {
-    EXPECT_STREQ(TzSoapSerializer::Fault, "Fault");
-    EXPECT_STREQ(TzSoapSerializer::Prefix, "prefix");
-    EXPECT_EQ(TzSoapSerializer::UnknownName().asString(), "tznone:unnamed");
-    EXPECT_EQ(TzSoapSerializer::UnknownName().getUri(), "urn:tz-soap:unnamed");
+    static_assert(std::is_same_v<decltype(TzSoapSerializer::Fault), const TzCString>);
+    static_assert(std::is_same_v<decltype(TzSoapSerializer::Prefix), const TzCString>);
+    static_assert(std::is_same_v<decltype(TzSoapSerializer::UnknownName), const TzXmlName>);
+    EXPECT_EQ(TzSoapSerializer::Fault, "Fault");
+    EXPECT_EQ(TzSoapSerializer::Prefix, "prefix");
+    EXPECT_EQ(TzSoapSerializer::UnknownName.asString(), "tznone:unnamed");
+    EXPECT_EQ(TzSoapSerializer::UnknownName.getUri(), "urn:tz-soap:unnamed");
 }
 
 /// Opens what is protected, and runs a hook where a value named "hook" is to be written.
@@ -531,6 +587,9 @@ TEST(TzSoapSerializer, VerifiesAttributes) {
         EXPECT_EQ(spelt(serializer.getVerifiedAttribute({nameIn("x", "env", "urn:x"), ""})),
                   "env1:x urn:x");
         EXPECT_EQ(spelt(serializer.getVerifiedAttribute({TzXmlName("p:x"), ""})), "p:x ");
+        const TzXmlName declaration("env", TzXmlNamespace::getXmlns());
+        EXPECT_EQ(spelt(serializer.getVerifiedAttribute({declaration, "urn:else"})),
+                  "xmlns:env " + declaration.getUri());
         EXPECT_TRUE(serializer.getVerifiedAttribute({nameIn("arrayType", "c", Enc11), ""})
                         .getName()
                         .isEmpty());

@@ -137,7 +137,12 @@ TEST(TzSoapWriterNamespace, LeavesAPrefixWithoutUriUndeclared) {
 TEST(TzSoapWriterNamespace, WritesNoDeclarationOfTheDeclaringNamespace) {
     TzSoapType generic = plain("g");
     generic.addNamespaceAttribute("p", TzXmlNamespace::getXmlns().getUri());
+    generic.setDefaultNamespaceAttribute(TzXmlNamespace::getXmlns());
     EXPECT_EQ(wire(generic), "<g>\n</g>\n");
+}
+
+TEST(TzSoapWriterNamespace, DeclaresNothingForThePrefixOfDeclarations) {
+    EXPECT_EQ(wire(TzSoapType(nameIn("a", "xmlns", "urn:a"))), "<xmlns:a>\n</xmlns:a>\n");
 }
 
 TEST(TzSoapWriterNamespace, ForgetsTheDeclarationsOfClosedElements) {

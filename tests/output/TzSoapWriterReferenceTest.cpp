@@ -211,6 +211,22 @@ TEST(TzSoapWriterReference, WritesTargetsOfAFaultInTheBody) {
 )");
 }
 
+TEST(TzSoapWriterReference, RemembersWhatIsStillToBeWrittenAfterAnError) {
+    TzXmlStringWriter output;
+    TzSoapWriter writer(&output, nullptr);
+    TzSoapMessage broken = encodedMessage(
+        TzSoapVersion::V1_1,
+        {target("before", "j"), reference("a", target("late", "i")),
+         TzSoapSimpleType("bad", std::string("\x01"), TzSoapType::xsdString, false)});
+    EXPECT_THROW(broken.acceptVisitor(writer), TzXmlBadArgError);
+    output.setString("");
+    encodedMessage(TzSoapVersion::V1_1, {reference("b", target("before", "j"))})
+        .acceptVisitor(writer);
+    EXPECT_EQ(output.getString(), envelope11(R"(    <b href="#j"/>
+    <late id="i">5</late>
+)"));
+}
+
 TEST(TzSoapWriterReference, InsertsMimeParts) {
     TzMimePart part;
     part.insertHeader(TzMimeContentIdHeader("p1"));

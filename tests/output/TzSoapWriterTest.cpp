@@ -183,6 +183,66 @@ TEST(TzSoapWriter, InsertsPartsWhereItIsToldTo) {
     EXPECT_EQ(second.getPartCount(), 2U);
 }
 
+TEST(TzSoapWriter, ChildrenStartWithTheSettingsOfTheirParent) {
+    TzMimePart part;
+    part.insertHeader(TzMimeContentIdHeader("p1"));
+    TzXmlStringWriter text;
+    TzMimeMultipart multipart;
+    TzSoapWriter writer(&text, &multipart);
+    TzSoapWriter child(&writer);
+    TzSoapReferenceType(TzXmlName("a"), part).acceptVisitor(child);
+    EXPECT_EQ(multipart.getPartCount(), 1U);
+
+    // Within an envelope attributes are those of the version being written.
+    TzSoapSimpleType value = intValue("v", 2);
+    value.addAttribute(
+        TzSoapVersion::getSoapAttributeName(TzSoapVersion::Actor, TzSoapVersion::V1_2), "urn:a");
+    EXPECT_EQ(hooked([&](TzSoapWriter& inner) {
+                  TzSoapWriter within(&inner);
+                  value.acceptVisitor(within);
+              }),
+              hookedText("      <v SOAP-ENV:actor=\"urn:a\">2</v>\n"));
+}
+
+TEST(TzSoapWriter, AMessageWithinAnotherElementTakesThePrefixesOfTheOutermostWriter) {
+    TzXmlStringWriter text;
+    TzSoapWriter writer(&text, nullptr);
+    TzSoapWriter child(&writer);
+    TzSoapMessage(TzSoapVersion::V1_1).acceptVisitor(child);
+    EXPECT_EQ(
+        text.getString(),
+        R"(<env:Envelope xmlns:SOAP-ENV="http://schemas.xmlsoap.org/soap/envelope/" xmlns:env="http://schemas.xmlsoap.org/soap/envelope/">
+  <env:Body>
+  </env:Body>
+</env:Envelope>
+)");
+}
+
+TEST(TzSoapWriter, AnEnvelopeOrAPartOnItsOwnEndsWithItsTag) {
+    TzSoapType value("g");
+    value.addAttribute(
+        TzSoapVersion::getSoapAttributeName(TzSoapVersion::Actor, TzSoapVersion::V1_1), "urn:a");
+    const std::string kept = R"(<g xmlns:SOAP-ENV="http://schemas.xmlsoap.org/soap/envelope/")"
+                             R"( SOAP-ENV:actor="urn:a">
+</g>
+)";
+    TzSoapMessage message;
+    const std::function<void(TzSoapWriter&)> before[] = {
+        [&](TzSoapWriter& writer) { message.acceptVisitor(writer); },
+        [&](TzSoapWriter& writer) { message.getSoapHeader().acceptVisitor(writer); },
+        [&](TzSoapWriter& writer) { message.getSoapBody().acceptVisitor(writer); },
+        [&](TzSoapWriter& writer) { message.getSoapBody().getSoapFault().acceptVisitor(writer); },
+    };
+    for (const auto& visit : before) {
+        TzXmlStringWriter text;
+        TzSoapWriter writer(&text, nullptr);
+        visit(writer);
+        text.setString("");
+        value.acceptVisitor(writer);
+        EXPECT_EQ(text.getString(), kept);
+    }
+}
+
 TEST(TzSoapWriter, RefusesAVersionThatDoesNotExist) {
     TzXmlStringWriter text;
     TzSoapWriter writer(&text, nullptr);

@@ -234,6 +234,13 @@ TEST_P(HostileInput, aWrongDeclarationOfTheEncodingIsRefused) {
                      TzXmlParseError)
             << encoding;
     }
+    for (const auto& [encoding, bytes] :
+         {std::pair("US-ASCII", "\xC3\xBC"), std::pair("UTF-8", "\xFC")}) {
+        EXPECT_THROW(readMessage("<?xml version=\"1.0\" encoding=\"" + std::string(encoding) +
+                                 "\"?>" + wire.body("<a>" + std::string(bytes) + "</a>")),
+                     TzXmlParseError)
+            << encoding;
+    }
 }
 
 TEST_P(HostileInput, aDocumentTypeIsRefusedWithItsPlace) {

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "support/CataloguedError.h"
 #include "support/ReadValues.h"
+#include "support/Throws.h"
 
 #include <soap/TzSoapBodyImp.h>
 #include <soap/TzSoapCatalog.h>
 #include <soap/TzSoapMessageImp.h>
 #include <soap/TzSoapTypeRegistry.h>
+#include <tz/thread/TzTHRInvalidPointer.h>
 #include <tz/xml/TzXmlInternalError.h>
 #include <tz/xml/TzXmlParseError.h>
 #include <tz/xml/TzXmlProlog.h>
@@ -19,6 +21,7 @@
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <utility>
 
 using namespace std::string_literals;
 
@@ -292,6 +295,17 @@ TEST_P(TzSoapMessageReading, anEventInAnImpossibleStateIsAnInternalError) {
         "[INTERNAL_ERROR][Internal Logic Error in file \"..\\TzSoapMessageImp\", line \"252\" ]");
 }
 
+TEST_P(TzSoapMessageReading, aPartWithoutABodyIsNotReadInto) {
+    TzSoapMessage headless;
+    const TzSoapHeader header = std::move(headless.getSoapHeader());
+    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&] { headless.extract(wire.message("", "")); }),
+              "Invalid pointer");
+    TzSoapMessage bodiless;
+    const TzSoapBody body = std::move(bodiless.getSoapBody());
+    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&] { bodiless.extract(wire.body("")); }),
+              "Invalid pointer");
+}
+
 TEST_P(TzSoapMessageReading, aSecondTextReplacesTheFirst) {
     TzSoapMessage message;
     const WireForm other(GetParam() == V::V1_1 ? V::V1_2 : V::V1_1);
@@ -389,6 +403,17 @@ TEST_P(TzSoapMessageReading, wideTextWithADeclarationIsReadInBothOrdersWithoutAM
         const std::string text = widened("<?xml version=\"1.0\"?>" + wire.body("<a>1</a>"),
                                          form.size, form.littleEndian);
         EXPECT_EQ(textOf(bodyEntry(read(text))), "1") << form.name;
+    }
+}
+
+TEST_P(TzSoapMessageReading, wideTextThatNothingMarksIsReadWhereItBeginsWithATag) {
+    for (const WideForm& form : WideForms) {
+        const std::string text = widened(wire.body("<a>1</a>"), form.size, form.littleEndian);
+        if (form.name == "UTF-16BE"s) { // its first byte says nothing
+            EXPECT_THROW(read(text), TzXmlParseError);
+        } else {
+            EXPECT_EQ(textOf(bodyEntry(read(text))), "1") << form.name;
+        }
     }
 }
 

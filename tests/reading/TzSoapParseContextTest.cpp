@@ -204,6 +204,20 @@ TEST(TzSoapParseContext, resolvingForgetsReferencesAndTheIdsTheyName) {
     EXPECT_EQ(context.getIdEntries().begin()->first, "z");
 }
 
+TEST(TzSoapParseContext, referencesToPartsForgetTheIdsTheyNameToo) {
+    TzSoapParseContext context;
+    const TzSoapReferenceType marked(false);
+    const TzSoapReferenceType bare(false);
+    file(context, "#x", marked);
+    file(context, "y", bare);
+    for (const char* id : {"x", "y", "z"}) {
+        context.fileId(identified("value", id));
+    }
+    context.resolveAndClearIdReferences();
+    ASSERT_EQ(context.getIdEntries().size(), 1U);
+    EXPECT_EQ(context.getIdEntries().begin()->first, "z");
+}
+
 TEST(TzSoapParseContext, aReferenceToNothingStaysWithoutTarget) {
     TzSoapParseContext context;
     const TzSoapReferenceType reference(true);
