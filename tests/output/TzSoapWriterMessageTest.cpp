@@ -14,8 +14,6 @@
 
 namespace {
 
-constexpr char Enc11[] = "http://schemas.xmlsoap.org/soap/encoding/";
-
 TEST(TzSoapWriterMessage, WritesSoap11) {
     TzSoapMessage message(TzSoapVersion::V1_1);
     message.setProlog(TzXmlProlog());
@@ -167,7 +165,7 @@ TEST(TzSoapWriterMessage, TakesTheStyleFromAnAttributeUnlessItIsStated) {
     TzSoapMessage message(TzSoapVersion::V1_1);
     const TzXmlName style =
         TzSoapVersion::getSoapAttributeName(TzSoapVersion::EncodingStyle, TzSoapVersion::V1_1);
-    message.addAttribute(style, Enc11);
+    message.addAttribute(style, EncUri11);
     message.getSoapBody().addAttribute(style, "urn:lost");
     message.getSoapBody().setEncodingStyle("urn:kept");
     EXPECT_EQ(

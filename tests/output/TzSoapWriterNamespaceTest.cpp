@@ -11,15 +11,6 @@
 
 namespace {
 
-constexpr char Env11[] = "http://schemas.xmlsoap.org/soap/envelope/";
-constexpr char Enc11[] = "http://schemas.xmlsoap.org/soap/encoding/";
-constexpr char Env12[] = "http://www.w3.org/2002/06/soap-envelope";
-constexpr char Enc12[] = "http://www.w3.org/2002/06/soap-encoding";
-
-TzXmlName nameIn(const char* local, const char* prefix, const char* uri) {
-    return {local, TzXmlNamespace(prefix, uri)};
-}
-
 TzSoapSimpleType valueIn(const char* local, const char* prefix, const char* uri) {
     return {nameIn(local, prefix, uri), 1, TzSoapType::xsdInt, false};
 }
@@ -70,7 +61,7 @@ TEST(TzSoapWriterNamespace, WritesOwnDeclarations) {
     TzSoapMessage message(TzSoapVersion::V1_1);
     message.addNamespaceAttribute("p", "urn:p");
     message.setDefaultNamespaceAttribute("urn:d");
-    message.addNamespaceAttribute("SOAP-ENV", Env11);
+    message.addNamespaceAttribute("SOAP-ENV", EnvUri11);
     message.getSoapBody().addNamespaceAttribute("q", "urn:q");
     message.getSoapBody().addNamespaceAttribute("p", "urn:p");
     EXPECT_EQ(
@@ -160,7 +151,7 @@ TEST(TzSoapWriterNamespace, MovesTheSchemaInstancePrefixAside) {
     TzSoapCompositeType outer(nameIn("o", "xsi", "urn:mine"));
     outer.appendChild(TzSoapSimpleType("a", 1, TzSoapType::xsdInt, true));
     TzSoapMessage message(TzSoapVersion::V1_1);
-    message.setEncodingStyle(Enc11);
+    message.setEncodingStyle(EncUri11);
     message.getSoapBody().appendEntry(outer);
     EXPECT_EQ(
         wire(message),
@@ -178,13 +169,13 @@ TEST(TzSoapWriterNamespace, MovesTheSchemaInstancePrefixAside) {
 
 TEST(TzSoapWriterNamespace, RenamesAttributesOfSoap11InSoap12) {
     TzSoapMessage message;
-    message.addAttribute(nameIn("encodingStyle", "SOAP-ENV", Env11), Enc12);
+    message.addAttribute(nameIn("encodingStyle", "SOAP-ENV", EnvUri11), EncUri12);
     TzSoapSimpleType entry = intValue("a", 1);
-    entry.addAttribute(nameIn("actor", "SOAP-ENV", Env11), "urn:a");
-    entry.addAttribute(nameIn("mustUnderstand", "SOAP-ENV", Env11), "1");
-    entry.addAttribute(nameIn("root", "SOAP-ENC", Enc11), "1");
-    entry.addAttribute(nameIn("arrayType", "SOAP-ENC", Enc11), "xsd:int[1]");
-    entry.addAttribute(nameIn("else", "SOAP-ENC", Enc11), "2");
+    entry.addAttribute(nameIn("actor", "SOAP-ENV", EnvUri11), "urn:a");
+    entry.addAttribute(nameIn("mustUnderstand", "SOAP-ENV", EnvUri11), "1");
+    entry.addAttribute(nameIn("root", "SOAP-ENC", EncUri11), "1");
+    entry.addAttribute(nameIn("arrayType", "SOAP-ENC", EncUri11), "xsd:int[1]");
+    entry.addAttribute(nameIn("else", "SOAP-ENC", EncUri11), "2");
     message.getSoapBody().appendEntry(entry);
     EXPECT_EQ(
         wire(message),
@@ -198,11 +189,11 @@ TEST(TzSoapWriterNamespace, RenamesAttributesOfSoap11InSoap12) {
 
 TEST(TzSoapWriterNamespace, RenamesAttributesOfSoap12InSoap11) {
     TzSoapSimpleType entry = intValue("a", 1);
-    entry.addAttribute(nameIn("encodingStyle", "env", Env12), "urn:s");
-    entry.addAttribute(nameIn("role", "env", Env12), "urn:a");
-    entry.addAttribute(nameIn("itemType", "enc", Enc12), "xsd:int");
-    entry.addAttribute(nameIn("arraySize", "enc", Enc12), "1");
-    entry.addAttribute(nameIn("offset", "enc", Enc12), "2");
+    entry.addAttribute(nameIn("encodingStyle", "env", EnvUri12), "urn:s");
+    entry.addAttribute(nameIn("role", "env", EnvUri12), "urn:a");
+    entry.addAttribute(nameIn("itemType", "enc", EncUri12), "xsd:int");
+    entry.addAttribute(nameIn("arraySize", "enc", EncUri12), "1");
+    entry.addAttribute(nameIn("offset", "enc", EncUri12), "2");
     EXPECT_EQ(
         wire11({entry}),
         envelope11(
@@ -212,7 +203,7 @@ TEST(TzSoapWriterNamespace, RenamesAttributesOfSoap12InSoap11) {
 
 TEST(TzSoapWriterNamespace, KeepsAttributesOfItsOwnVersion) {
     TzSoapSimpleType entry = intValue("a", 1);
-    entry.addAttribute(nameIn("role", "v", Env12), "urn:a");
+    entry.addAttribute(nameIn("role", "v", EnvUri12), "urn:a");
     EXPECT_EQ(
         wire12({entry}),
         envelope12(
@@ -221,7 +212,7 @@ TEST(TzSoapWriterNamespace, KeepsAttributesOfItsOwnVersion) {
 
 TEST(TzSoapWriterNamespace, RenamesOnlyWithinAnEnvelopeOrInAPartOnItsOwn) {
     TzSoapType entry = plain("g");
-    entry.addAttribute(nameIn("actor", "SOAP-ENV", Env11), "urn:a");
+    entry.addAttribute(nameIn("actor", "SOAP-ENV", EnvUri11), "urn:a");
     EXPECT_EQ(wire(entry), "<g xmlns:SOAP-ENV=\"http://schemas.xmlsoap.org/soap/envelope/\" "
                            "SOAP-ENV:actor=\"urn:a\">\n</g>\n");
     TzSoapMessage message;
@@ -238,8 +229,8 @@ TEST(TzSoapWriterNamespace, RenamesOnlyWithinAnEnvelopeOrInAPartOnItsOwn) {
 
 TEST(TzSoapWriterNamespace, WritesNoAttributeTwice) {
     TzSoapSimpleType entry = intValue("a", 1);
-    entry.addAttribute(nameIn("actor", "x", Env11), "urn:raw");
-    entry.addAttribute(nameIn("mustUnderstand", "x", Env11), "0");
+    entry.addAttribute(nameIn("actor", "x", EnvUri11), "urn:raw");
+    entry.addAttribute(nameIn("mustUnderstand", "x", EnvUri11), "0");
     entry.addAttribute(nameIn("type", "xsi", TzXmlNamespace::getXsi().getUri().c_str()), "raw");
     entry.addAttribute(TzXmlName("last"), "1");
     entry.setMustUnderstand(true);
@@ -254,8 +245,8 @@ TEST(TzSoapWriterNamespace, WritesNoAttributeTwice) {
 
 TEST(TzSoapWriterNamespace, WritesAnAttributeOfBothVersionsOnce) {
     TzSoapSimpleType entry = intValue("a", 1);
-    entry.addAttribute(nameIn("actor", "SOAP-ENV", Env11), "urn:11");
-    entry.addAttribute(nameIn("role", "env", Env12), "urn:12");
+    entry.addAttribute(nameIn("actor", "SOAP-ENV", EnvUri11), "urn:11");
+    entry.addAttribute(nameIn("role", "env", EnvUri12), "urn:12");
     EXPECT_EQ(wire12({entry}), envelope12("    <a env:role=\"urn:12\">1</a>\n"));
     EXPECT_EQ(wire11({entry}), envelope11("    <a SOAP-ENV:actor=\"urn:12\">1</a>\n"));
 }

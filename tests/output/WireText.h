@@ -12,6 +12,15 @@
 #include <string>
 #include <vector>
 
+inline constexpr char EnvUri11[] = "http://schemas.xmlsoap.org/soap/envelope/";
+inline constexpr char EncUri11[] = "http://schemas.xmlsoap.org/soap/encoding/";
+inline constexpr char EnvUri12[] = "http://www.w3.org/2002/06/soap-envelope";
+inline constexpr char EncUri12[] = "http://www.w3.org/2002/06/soap-encoding";
+
+inline TzXmlName nameIn(const char* local, const char* prefix, const char* uri) {
+    return {local, TzXmlNamespace(prefix, uri)};
+}
+
 /// What a writer of its own writes for a message, header, body, fault or value.
 template <typename Element> std::string wire(const Element& element) {
     TzXmlStringWriter text;
