@@ -21,6 +21,7 @@
 
 #include <httplib.h>
 
+#include <csignal>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -174,6 +175,7 @@ int main(int argc, char** argv) {
         std::cerr << "usage: echo_client URL [1.1|1.2 [ATTACHMENT]]\n";
         return 1;
     }
+    std::signal(SIGPIPE, SIG_IGN); // a server may refuse a request before it has all of it
     try {
         const bool first = argc < 3 || std::string(argv[2]) == "1.1";
         const TzSoapMessage request = makeRequest(first ? TzSoapVersion::V1_1 : TzSoapVersion::V1_2,

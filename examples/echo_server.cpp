@@ -23,6 +23,7 @@
 #include <vector>
 
 #include <pthread.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
@@ -37,12 +38,8 @@ constexpr std::size_t Threads = 64;
 
 /// Which header entries are ours, and which of them we understand.
 const TzSoapNode& node() {
-    static const TzSoapNode instance = [] {
-        TzSoapNode made;
-        made.addRole(Namespace);
-        made.addUnderstood(TzXmlName("echo", TzXmlNamespace("", Namespace)));
-        return made;
-    }();
+    static const TzSoapNode instance({Namespace},
+                                     {TzXmlName("echo", TzXmlNamespace("", Namespace))});
     return instance;
 }
 
@@ -103,9 +100,7 @@ TzSoapMessage answerTo(TzSoapMessage& request) {
 void serve(const TzSoapHttpTransportContext& headers, const std::string& body,
            httplib::Response& response) {
     TzSoapMessage request(TzSoapHttpBinding::getVersion(headers));
-    TzSoapReadLimits limits;
-    limits.depth = DeepestRequest;
-    request.setReadLimits(limits);
+    request.setReadLimits({.depth = DeepestRequest});
     TzSoapMessage answer;
     TzSoapHttpTransportContext answerHeaders;
     std::string text;
@@ -122,25 +117,32 @@ void serve(const TzSoapHttpTransportContext& headers, const std::string& body,
     response.set_content(text, answerHeaders.find("Content-Type")->second);
 }
 
-/// Collects the body piece by piece, so that its size counts after it was unzipped; then serves it.
+/// Collects the body piece by piece, so that its size counts after it was unzipped, and serves it.
+/// A body that is too large is read to its end, within limits, for else the answer would be lost.
 void receive(std::size_t largest, const httplib::Request& http, httplib::Response& response,
              const httplib::ContentReader& read) {
     constexpr int BadRequest = 400;
     constexpr int TooLarge = 413;
+    constexpr std::size_t Patience = 4;
     std::string body;
-    bool fits = true;
-    const bool complete =
-        !http.is_multipart_form_data() && read([&](const char* data, std::size_t size) {
-            fits = size <= largest - body.size();
-            body.append(data, fits ? size : 0);
-            return fits;
-        });
-    if (!complete) {
-        response.status = fits && response.status != TooLarge ? BadRequest : TooLarge;
+    std::size_t received = 0;
+    const auto take = [&](const char* data, std::size_t size) {
+        received += size;
+        body.append(data, received <= largest ? size : 0);
+        return received <= Patience * largest;
+    };
+    const bool isForm = http.is_multipart_form_data();
+    const bool complete = isForm ? read([](const auto&) { return true; }, take) : read(take);
+    if (received > largest || response.status == TooLarge) {
+        response.status = TooLarge;
+        return;
+    }
+    if (!complete || isForm) {
+        response.status = BadRequest;
         return;
     }
     TzSoapHttpTransportContext headers;
-    headers.add(TzSoapHttpBinding::getContentTypeLabel(), http.get_header_value("Content-Type"));
+    headers.add("Content-Type", http.get_header_value("Content-Type"));
     serve(headers, body, response);
 }
 
@@ -173,21 +175,23 @@ int main(int argc, char** argv) {
 
     httplib::Server server;
     server.new_task_queue = [] { return new httplib::ThreadPool(Threads); };
-    server.set_payload_max_length(largest).set_keep_alive_timeout(1).set_tcp_nodelay(true);
-    server.set_socket_options([](socket_t made) { // a port that is taken stays taken
+    // One request for each connection: cpp-httplib would take what was left of a body for the next.
+    server.set_payload_max_length(largest).set_keep_alive_max_count(1).set_tcp_nodelay(true);
+    int listener = -1;
+    server.set_socket_options([&listener](socket_t made) { // a port that is taken stays taken
         const int yes = 1;
         setsockopt(made, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+        listener = made;
     });
     server.Post("/", [largest](const auto& http, auto& response, const auto& read) {
         receive(largest, http, response, read);
     });
-    int port = wanted;
-    if (wanted == 0) {
-        port = server.bind_to_any_port(Host);
-    } else if (!server.bind_to_port(Host, wanted)) {
+    const int port = wanted == 0 ? server.bind_to_any_port(Host) : wanted;
+    if (wanted != 0 && !server.bind_to_port(Host, wanted)) {
         std::cerr << "echo_server: port " << wanted << " cannot be had\n";
         return 1;
     }
+    listen(listener, SOMAXCONN); // more connections may wait than cpp-httplib lets
     std::cout << "listening on http://" << Host << ':' << port << '/' << std::endl;
     return runUntilSignal(server, signals);
 }

@@ -29,8 +29,7 @@ TzSoapMessage emptyMessage(TzSoapVersion::Version version) {
 TzSoapMessage order(TzSoapVersion::Version version) {
     TzSoapMessage message = emptyMessage(version);
     const TzSoapSimpleType transaction(TzXmlName("transaction", stock()), 5, Base::xsdInt, true);
-    message.getSoapHeader().appendHeaderEntry(transaction, true,
-                                              TzCString("urn:example:gateway"));
+    message.getSoapHeader().appendHeaderEntry(transaction, true, TzCString("urn:example:gateway"));
     TzSoapCompositeType request(TzXmlName("placeOrder", stock()));
     request.appendChild(TzSoapSimpleType("symbol", "ACME & Sons", Base::xsdString, true));
     request.appendChild(TzSoapSimpleType("amount", 200, Base::xsdInt, true));
@@ -81,8 +80,8 @@ void printTree(TzSoapMessage& message) {
     }
     if (body.hasSoapFault()) {
         const TzSoapFault& fault = body.getSoapFault();
-        std::cout << "  fault: " << fault.getCode().getQualifiedName() << ", "
-                  << fault.getReason() << ", by " << fault.getNode() << '\n';
+        std::cout << "  fault: " << fault.getCode().getQualifiedName() << ", " << fault.getReason()
+                  << ", by " << fault.getNode() << '\n';
         printValue(fault.getDetails(), "    ");
     }
 }

@@ -15,6 +15,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <csignal>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -91,6 +92,8 @@ int call(const Options& options) {
     if (status == Failed) {
         return status;
     }
+    // A server may refuse a request before it has all of it.
+    std::signal(SIGPIPE, SIG_IGN);
     bool isFault = false;
     status = reportFailures(options.url, [&] {
         isFault = print(httpPost(options.url, request.headers, request.body));

@@ -19,6 +19,13 @@ TzSoapNode::TzSoapNode() : roles_{"", PublishedNext} {
     }
 }
 
+TzSoapNode::TzSoapNode(const std::vector<TzCString>& roles,
+                       const std::vector<TzXmlName>& understood)
+    : TzSoapNode() {
+    roles_.insert(roles.begin(), roles.end());
+    understood_.insert(understood.begin(), understood.end());
+}
+
 void TzSoapNode::addRole(const TzCString& uri) { roles_.insert(uri); }
 
 void TzSoapNode::addUnderstood(const TzXmlName& entry) { understood_.insert(entry); }

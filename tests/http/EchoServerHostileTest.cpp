@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -64,6 +65,27 @@ TEST(EchoServerHostileTest, LargeRequestsAreRefused) {
         "/", envelope(TzSoapVersion::V1_1, std::string(1000000, ' ') + GoodRequest), "text/xml");
     ASSERT_TRUE(zipped);
     EXPECT_EQ(zipped->status, 413);
+    expectAlive(server);
+}
+
+TEST(EchoServerHostileTest, WhatIsLeftOfABodyIsNoRequest) {
+    const EchoServer server("1000");
+    const std::string hidden = "POST / HTTP/1.1\r\nContent-Length: 0\r\n\r\n";
+    const std::string head = "POST / HTTP/1.1\r\nContent-Type: ";
+    const auto chunk = [](const std::string& text) {
+        std::ostringstream size;
+        size << std::hex << text.size();
+        return size.str() + "\r\n" + text + "\r\n";
+    };
+    for (const std::string& request :
+         {head + "multipart/form-data; boundary=b\r\nContent-Length: " +
+              std::to_string(hidden.size()) + "\r\n\r\n" + hidden,
+          head + "text/xml\r\nTransfer-Encoding: chunked\r\n\r\n" + chunk(std::string(5000, ' ')) +
+              chunk(hidden) + "0\r\n\r\n"}) {
+        const RawConnection connection(server.port());
+        connection.send(request + hidden);
+        EXPECT_LE(countOf("HTTP/1.1 ", connection.readAll()), 1U);
+    }
     expectAlive(server);
 }
 

@@ -187,9 +187,9 @@ TEST_F(EchoServerTest, OperationsWithoutParameters) {
 TEST(EchoServerEndTest, EndsOnSignals) {
     for (const int number : {SIGTERM, SIGINT}) {
         EchoServer server;
-        httplib::Client idle = server.client();
-        idle.set_keep_alive(true);
-        ASSERT_TRUE(idle.Post("/", envelope(TzSoapVersion::V1_1, Operation), "text/xml"));
+        httplib::Client client = server.client();
+        client.set_keep_alive(true);
+        ASSERT_TRUE(client.Post("/", envelope(TzSoapVersion::V1_1, Operation), "text/xml"));
         EXPECT_EQ(server.stop(number), 0);
         EXPECT_FALSE(server.client().Post("/", "", "text/xml"));
     }

@@ -17,7 +17,7 @@ public:
     void send(std::string_view bytes) const;
     /// Tells the other side that nothing more comes.
     void finishSending() const;
-    /// What the other side sends until it ends the connection.
+    /// What the other side sends until it ends the connection, or sends nothing for ten seconds.
     std::string readAll() const;
 
 private:

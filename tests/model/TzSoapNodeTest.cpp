@@ -58,6 +58,16 @@ TEST(TzSoapNodeTest, UnderstandsNamesInTheirNamespace) {
     EXPECT_FALSE(node.understands(TzXmlName("a")));
 }
 
+TEST(TzSoapNodeTest, IsMadeWithRolesAndNames) {
+    const TzSoapNode node({"urn:mine", "urn:too"}, {own("a"), own("b")});
+    EXPECT_TRUE(node.isTargetOf(entryFor("urn:mine")));
+    EXPECT_TRUE(node.isTargetOf(entryFor("urn:too")));
+    EXPECT_TRUE(node.isTargetOf(entryFor("")));
+    EXPECT_TRUE(node.understands(own("a")));
+    EXPECT_TRUE(node.understands(own("b")));
+    EXPECT_FALSE(node.understands(own("c")));
+}
+
 TEST(TzSoapNodeTest, FindsWhatIsMandatoryMeantForItAndNotUnderstood) {
     TzSoapNode node;
     node.addUnderstood(own("known"));
