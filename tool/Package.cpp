@@ -10,8 +10,8 @@
 
 #include <iostream>
 #include <optional>
-#include <regex>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -37,17 +37,38 @@ private:
     std::string file_;
 };
 
+constexpr const char* Utf8 = "UTF-8";
+
+/// What stands in quotes behind a name and "=" in an XML declaration, "" for nothing.
+std::string_view valueOf(std::string_view name, std::string_view declaration) {
+    const std::size_t at = declaration.find(name);
+    if (at == std::string_view::npos) {
+        return {};
+    }
+    const std::string_view rest = declaration.substr(at + name.size());
+    const std::size_t from = rest.find_first_of("\"'");
+    if (from == std::string_view::npos ||
+        rest.substr(0, from).find('=') == std::string_view::npos) {
+        return {};
+    }
+    return rest.substr(from + 1, rest.find(rest[from], from + 1) - from - 1);
+}
+
 } // namespace
 
 std::string packages::encodingOf(const std::string& xml) {
     constexpr std::size_t longestDeclaration = 256;
-    const std::string head = xml.substr(0, longestDeclaration);
-    if (head.find('\0') != std::string::npos) {
+    const std::string_view head = std::string_view(xml).substr(0, longestDeclaration);
+    if (head.find('\0') != std::string_view::npos) {
         return "UTF-16";
     }
-    static const std::regex declaration(R"(<\?xml[^>]*\sencoding\s*=\s*["']([\w.\-]+)["'])");
-    std::smatch found;
-    return std::regex_search(head, found, declaration) ? found[1].str() : "UTF-8";
+    const std::size_t begin = head.find("<?xml");
+    const std::size_t end = head.find("?>", begin);
+    if (begin == std::string_view::npos || end == std::string_view::npos) {
+        return Utf8;
+    }
+    const std::string_view name = valueOf("encoding", head.substr(begin, end - begin));
+    return name.empty() ? Utf8 : std::string(name);
 }
 
 TzMimeMultipart packages::around(std::string envelope) {
