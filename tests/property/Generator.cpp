@@ -2,8 +2,13 @@
 #include "property/Generator.h"
 
 #include <soap/TzSoapCompactArrayType.h>
+#include <soap/TzSoapMisunderstoodType.h>
 #include <soap/TzSoapReferenceType.h>
 #include <soap/TzSoapSparseArrayType.h>
+#include <soap/TzSoapUserDefinedType.h>
+#include <soap/TzSoapUserDefinedTypeImp.h>
+
+#include "model/TzSoapAccess.h"
 
 #include <array>
 #include <limits>
@@ -112,7 +117,7 @@ TzSoapType Generator::compactArray(int depth) {
 TzSoapType Generator::sparseArray(int depth) {
     TzSoapSparseArrayType array(name(), "xsd:anyType", 50);
     for (unsigned int i = 1 + below(4); i > 0; --i) {
-        array(below(50)) = value(depth + 1);
+        array(below(50)) = valueWithoutMarkup(depth + 1);
     }
     return array;
 }
@@ -126,7 +131,24 @@ TzSoapType Generator::reference() {
     return TzSoapReferenceType(name(), targets_[below(static_cast<unsigned int>(targets_.size()))]);
 }
 
+TzSoapType Generator::userDefined() {
+    // As reading keeps an element: two blanks before its attributes, the style among them.
+    const std::string name = word();
+    const std::string style = "urn:application:" + word();
+    auto* body = new TzSoapUserDefinedTypeImp(TzXmlName(name), {});
+    const auto value = TzSoapAccess::handle<TzSoapUserDefinedType>(body);
+    body->setEncodingStyle(style);
+    body->setValue("<" + name + "  " + envelopePrefix_ + ":encodingStyle=\"" + style + "\">" +
+                   word() + "<" + name + " ></" + name + "></" + name + ">");
+    return value;
+}
+
 TzSoapType Generator::value(int depth) {
+    // Markup has its own name and no position, whatever a detail or a sparse array says of it.
+    return chance(5) ? userDefined() : valueWithoutMarkup(depth);
+}
+
+TzSoapType Generator::valueWithoutMarkup(int depth) {
     const unsigned int kind = below(100);
     if (depth >= MostDepth || kind < 55) {
         return simple();
@@ -150,6 +172,11 @@ void Generator::addHeader(TzSoapMessage& message) {
             header.appendHeaderEntry(entry, TzCString("urn:actor"));
         }
     }
+    if (chance(10)) {
+        header.appendHeaderEntry(
+            TzSoapMisunderstoodType(TzXmlName(word(), TzXmlNamespace("l", "urn:" + word()))),
+            TzCString("urn:actor"));
+    }
 }
 
 void Generator::addFault(TzSoapMessage& message) {
@@ -158,7 +185,7 @@ void Generator::addFault(TzSoapMessage& message) {
     fault.setReason(text());
     fault.setNode("urn:node:" + word());
     for (unsigned int i = below(3); i > 0; --i) {
-        fault.addDetailEntry(word(), value(2));
+        fault.addDetailEntry(word(), valueWithoutMarkup(2));
     }
     if (message.getVersion() == TzSoapVersion::V1_2) {
         fault.setRole("urn:role:" + word());
@@ -171,6 +198,7 @@ void Generator::addFault(TzSoapMessage& message) {
 TzSoapMessage Generator::message() {
     targets_.clear();
     TzSoapMessage message(chance(50) ? TzSoapVersion::V1_1 : TzSoapVersion::V1_2);
+    envelopePrefix_ = message.getSoapPrefix();
     message.addNamespaceAttribute(TzXmlNamespace::getXsd());
     if (chance(50)) {
         message.addNamespaceAttribute(TzXmlNamespace::getXsi());

@@ -26,6 +26,8 @@ private:
     TzXmlName name();
 
     TzSoapType value(int depth);
+    TzSoapType valueWithoutMarkup(int depth);
+    TzSoapType userDefined();
     TzSoapSimpleType simple();
     TzSoapSimpleType plainText();
     TzSoapCompositeType composite(int depth);
@@ -37,4 +39,5 @@ private:
 
     std::mt19937 random_;
     std::vector<TzSoapType> targets_; // of the message under way
+    TzCString envelopePrefix_;        // of the message under way
 };
