@@ -55,8 +55,8 @@ private:
     /// The header of a slot if there is one by now.
     TzMimeHeader existing(const Slot& slot) const noexcept;
 
-    std::shared_ptr<const TzCString> text_;
     mutable std::vector<Slot> slots_;
     std::size_t writtenSize_ = 0;
+    std::shared_ptr<const TzCString> text_;
     mutable TzMutexLock lock_; // for the headers of the slots
 };

@@ -69,14 +69,15 @@ private:
     std::optional<TzMimeTransferEncoding::Kind> findEncoding() const;
     void store(Text text, std::string_view bytes, TzMimeTransferEncoding::Kind encoding) noexcept;
 
+    // First what writing looks at: in a large package every part comes from far away.
+    std::string_view stored_;
+    std::unique_ptr<TzMimeParts> parts_;
+    TzMimeTransferEncoding::Kind encoding_ = TzMimeTransferEncoding::Kind::Identity;
+    std::optional<TzMimeTransferEncoding::Kind> statedEncoding_; // by the first header that does
     TzMimeHeaderList headers_;
     Text text_; // owns what stored_ refers to
-    std::string_view stored_;
     mutable std::atomic<const TzCString*> decoded_{nullptr};
-    std::unique_ptr<TzMimeParts> parts_;
     std::weak_ptr<std::atomic<bool>> watcher_;
     std::forward_list<std::weak_ptr<std::atomic<bool>>> moreWatchers_; // of other packages
     TzMutexLock lock_;                                                 // for the watchers
-    TzMimeTransferEncoding::Kind encoding_ = TzMimeTransferEncoding::Kind::Identity;
-    std::optional<TzMimeTransferEncoding::Kind> statedEncoding_; // by the first header that does
 };
