@@ -98,7 +98,7 @@ int call(const Options& options) {
     status = reportFailures(options.url, [&] {
         isFault = print(httpPost(options.url, request.headers, request.body));
     });
-    return isFault ? Fault : status;
+    return isFault ? Faulted : status;
 }
 
 } // namespace

@@ -11,7 +11,7 @@ struct Input;
 enum ExitStatus {
     Done = 0,
     Failed = 1,
-    Fault = 2 ///< What was called answered with a fault.
+    Faulted = 2 ///< What was called answered with a fault.
 };
 
 /// Does `work`, which is about `file`. What it throws is told on standard error, with the file, and
