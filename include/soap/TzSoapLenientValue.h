@@ -81,6 +81,7 @@ private:
     std::string_view trimmed(const char* wanted) const;
     template <typename Number> Number integer(const char* wanted) const;
     template <typename Number> Number real(const char* wanted) const;
+    template <typename Reader> auto parsed(const char* wanted, const Reader& reader) const;
 
     TzSoapType value_;
     TzCString text_;

@@ -69,7 +69,7 @@ bool breaksHeader(char character) noexcept {
 
 /// The action without quotes, checked.
 TzCString checkedAction(const TzSoapHttpTransportContext& context) {
-    const TzCString action = withoutQuotes(context.getSoapAction());
+    TzCString action = withoutQuotes(context.getSoapAction());
     if (std::any_of(action.begin(), action.end(), breaksHeader)) {
         TzThrow(TzXmlBadArgError(TzMessage(tzsoap_INVALID_HTTP_HEADER())));
     }

@@ -134,6 +134,19 @@ std::optional<TzCString> fromHex(std::string_view text) {
 
 } // namespace
 
+// Texts are refused in the words of this class, not in those of the classes that read them.
+template <typename Reader>
+auto TzSoapLenientValue::parsed(const char* wanted, const Reader& reader) const {
+    const std::string_view text = trimmed(wanted);
+    try {
+        return reader(text);
+    } catch (const TzXmlBadArgError&) {
+        refuse(wanted);
+    } catch (const TzBadValueError&) {
+        refuse(wanted);
+    }
+}
+
 TzSoapLenientValue::TzSoapLenientValue(const TzSoapType& value) : value_(follow(value)) {
     readNull();
     const auto simple = tzSoapCast<TzSoapSimpleType>(value_);
@@ -213,46 +226,27 @@ float TzSoapLenientValue::getFloat() const { return real<float>("a float"); }
 double TzSoapLenientValue::getDouble() const { return real<double>("a double"); }
 
 TzDecimalPortable TzSoapLenientValue::getDecimal() const {
-    constexpr const char* wanted = "a decimal";
-    try {
-        return TzDecimalPortable(trimmed(wanted));
-    } catch (const TzBadValueError&) {
-        refuse(wanted);
-    }
+    return parsed("a decimal", [](std::string_view text) { return TzDecimalPortable(text); });
 }
 
 TzDate TzSoapLenientValue::getDate() const {
-    constexpr const char* wanted = "a date";
-    const std::string_view text = trimmed(wanted);
-    try {
+    return parsed("a date", [](std::string_view text) {
         return text.find('T') == std::string_view::npos
                    ? TzXmlUtils::convertISODateStringToDate(text)
                    : TzXmlUtils::convertISODateStringToDateTime(text).getDate();
-    } catch (const TzXmlBadArgError&) {
-        refuse(wanted);
-    }
+    });
 }
 
 TzDateTime TzSoapLenientValue::getDateTime() const {
-    constexpr const char* wanted = "a date and time";
-    const std::string_view text = trimmed(wanted);
-    const bool hasTime = text.find('T') != std::string_view::npos || text.find(':') == 2;
-    try {
+    return parsed("a date and time", [](std::string_view text) {
+        const bool hasTime = text.find('T') != std::string_view::npos || text.find(':') == 2;
         return hasTime ? TzXmlUtils::convertISODateStringToDateTime(text)
                        : TzDateTime(TzXmlUtils::convertISODateStringToDate(text), 0, 0, 0);
-    } catch (const TzXmlBadArgError&) {
-        refuse(wanted);
-    }
+    });
 }
 
 TzXmlDuration TzSoapLenientValue::getDuration() const {
-    constexpr const char* wanted = "a duration";
-    const std::string_view text = trimmed(wanted);
-    try {
-        return TzXmlDuration(text);
-    } catch (const TzXmlBadArgError&) {
-        refuse(wanted);
-    }
+    return parsed("a duration", [](std::string_view text) { return TzXmlDuration(text); });
 }
 
 TzCString TzSoapLenientValue::getBytes() const {

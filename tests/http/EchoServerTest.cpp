@@ -47,7 +47,6 @@ protected:
 };
 
 constexpr char Operation[] = "<m:echoIt xmlns:m='urn:example:echo'><a>1</a></m:echoIt>";
-constexpr char Mandatory[] = "e:mustUnderstand='1'";
 
 } // namespace
 
