@@ -15,9 +15,9 @@ class TzSoapSimpleType;
 class TzSoapSparseArrayType;
 class TzSoapUserDefinedType;
 
-/// A handle of class `Handle` that shares the body of `value`, for example a `TzSoapCompositeType` of a
-/// body entry; empty when the value is of another kind. `Handle` is one of the classes declared above.
-/// `TzTHRInvalidPointer` "Invalid pointer" for a handle without a body.
+/// A handle of class `Handle` that shares the body of `value`, for example a `TzSoapCompositeType`
+/// of a body entry; empty when the value is of another kind. `Handle` is one of the classes
+/// declared above. `TzTHRInvalidPointer` "Invalid pointer" for a handle without a body.
 template <typename Handle> std::optional<Handle> tzSoapCast(const TzSoapType& value);
 
 extern template TZSOAP_API std::optional<TzSoapArrayType> tzSoapCast(const TzSoapType&);

@@ -75,10 +75,13 @@ public:
         xsdPositiveInteger = 44     ///< positiveInteger
     };
 
-    /// The type whose local name is `localName`, compared with case; `xsdUnknown` for any other text.
+    /// The type whose local name is `localName`, compared with case; `xsdUnknown` for any other
+    /// text.
     static SchemaType schemaTypeFromName(std::string_view localName) noexcept;
-    /// The local name under which `type` is written; "" for `xsdUnknown` and values outside the table.
+    /// The local name under which `type` is written; "" for `xsdUnknown` and values outside the
+    /// table.
     static std::string_view schemaTypeName(SchemaType type) noexcept;
-    /// The qualified name under which `type` is written, such as "xsd:int"; "" where there is no name.
+    /// The qualified name under which `type` is written, such as "xsd:int"; "" where there is no
+    /// name.
     static TzCString schemaTypeLabel(SchemaType type);
 };

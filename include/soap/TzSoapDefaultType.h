@@ -8,9 +8,9 @@ class TzSoapDefaultTypeImp;
 
 /// Handle of a placeholder: used where a value must exist but none has been given.
 ///
-/// Nearly every operation throws `TzXmlError` BAD_USAGE naming "TzSoapDefaultType"; only the kind, the
-/// type value, nil and the attribute list answer. Assigning any value to the handle re-points it.
-/// Threads: see `TzSoapType`.
+/// Nearly every operation throws `TzXmlError` BAD_USAGE naming "TzSoapDefaultType"; only the kind,
+/// the type value, nil and the attribute list answer. Assigning any value to the handle re-points
+/// it. Threads: see `TzSoapType`.
 class TZSOAP_API TzSoapDefaultType : public TzSoapType {
 public:
     /// A placeholder of its own.
@@ -21,7 +21,7 @@ public:
     TzSoapDefaultType& operator=(TzSoapDefaultType&&) noexcept = default;
     /// Refers to the body of `value` from now on.
     TzSoapDefaultType& operator=(const TzSoapType& value) noexcept;
-    ~TzSoapDefaultType() override;
+    ~TzSoapDefaultType() override = default;
 
     /// A copy of the value the handle refers to; `TzXmlError` BAD_USAGE for a placeholder.
     TzSoapDefaultType copy() const;

@@ -7,8 +7,8 @@
 #include <cstddef>
 
 /// Body of a placeholder value: refuses every operation but its kind, its type value, nil and the
-/// attribute list. A refusal is `TzXmlError` BAD_USAGE naming "TzSoapDefaultType". Only the reference
-/// count is locked.
+/// attribute list. A refusal is `TzXmlError` BAD_USAGE naming "TzSoapDefaultType". Only the
+/// reference count is locked.
 class TZSOAP_API TzSoapDefaultTypeImp : public TzSoapTypeImp {
 public:
     /// A placeholder.

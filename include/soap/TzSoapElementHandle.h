@@ -11,9 +11,9 @@
 
 /// The operations on an element's name, attributes and namespaces that every element handle offers.
 ///
-/// `Handle` is the class that derives from this one; each operation acts on the handle's body and throws
-/// `TzTHRInvalidPointer` "Invalid pointer" when there is none. Handles that share a body see each
-/// other's changes. Holds no data. Threads: the rule of `Handle`.
+/// `Handle` is the class that derives from this one; each operation acts on the handle's body and
+/// throws `TzTHRInvalidPointer` "Invalid pointer" when there is none. Handles that share a body see
+/// each other's changes. Holds no data. Threads: the rule of `Handle`.
 template <typename Handle> class TzSoapElementHandle {
 public:
     /// The element's name.

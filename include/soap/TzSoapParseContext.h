@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <soap/TzSoapEncodingStyles.h>
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapReadLimits.h>
 #include <soap/TzSoapType.h>
@@ -16,7 +17,6 @@
 #include <map>
 #include <memory>
 #include <set>
-#include <stack>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -28,21 +28,12 @@ class TzSoapTypeHandlers;
 class TzXmlElementImp;
 class TzXmlSAXParser;
 
-/// What an encodingStyle text means. A plain value.
-struct TzSoapStyleInForce {
-    TzCString text;           ///< The attribute's text.
-    TzCString first;          ///< The first URI of its list, the one that counts; "" without any.
-    bool soapEncoding = true; ///< Whether values are read by the rules of SOAP encoding.
-};
-
 /// What all participants of one reading share: the parser, the scopes that are open, the ids and
 /// references met so far, the package the text came in and the message being filled.
 ///
 /// Not a handle; belongs to one reading on one thread.
 class TZSOAP_API TzSoapParseContext {
 public:
-    /// encodingStyle values of the open elements that declare one, innermost on top.
-    using EncodingStyles = std::stack<TzCString>;
     /// Open elements whose namespace declarations are in force, outermost first; not owned.
     using Namespaces = std::vector<TzXmlElementImp*>;
     /// References met so far, by reference text; not owned.
@@ -57,7 +48,7 @@ public:
     ~TzSoapParseContext();
 
     /// The open encoding styles, to push and pop.
-    EncodingStyles& getEncodingStyles() noexcept { return encodingStyles_; }
+    TzSoapEncodingStyles& getEncodingStyles() noexcept { return encodingStyles_; }
     /// Pushes the encoding style of an element; `TzXmlParseError` when it is longer than the limits
     /// allow.
     void pushEncodingStyle(const TzCString& style);
@@ -91,7 +82,7 @@ public:
     /// The version being read: that of the message, the latest without one.
     TzSoapVersion::Version getVersion() const;
     /// What the encoding style in force means for the values under it.
-    const TzSoapStyleInForce& getStyleInForce();
+    const TzSoapStyleInForce& getStyleInForce() const noexcept { return encodingStyles_.inForce(); }
     /// The URI that the innermost open element which declares `prefix` binds it to; "" when none
     /// does. O(open elements).
     TzCString getNsUriForPrefix(const TzCString& prefix) const;
@@ -167,6 +158,7 @@ private:
     };
 
     void noteScopes();
+    ScopeMark markOf(std::size_t depth) const noexcept;
     RecentName& resolveAnew(std::string_view text);
     bool isType(const TzXmlName& name);
     const TzCString& uriForPrefix(std::string_view prefix) const;
@@ -179,7 +171,7 @@ private:
     void forgetId(const TzCString& id);
 
     TzXmlSAXParser* parser_ = nullptr;
-    EncodingStyles encodingStyles_;
+    TzSoapEncodingStyles encodingStyles_;
     Namespaces namespaces_;
     References references_;
     std::vector<References::value_type> addedReferences_; // not in the ordered collection yet
@@ -197,9 +189,9 @@ private:
     std::array<RecentName, 8> recentNames_; // few types make up most of a message
     std::size_t nextRecent_ = 0;
     TzXmlNameMaker nameMaker_;
-    ScopeMark scopeMark_;
+    ScopeMark latestMark_;     // of all open elements
+    ScopeMark scopeMark_;      // of those down to the innermost one that may declare something
     std::uint64_t scopes_ = 1; // a number for each state of the open scopes
-    TzXmlName typeAttribute_;                           // the latest name that was one of a type
+    TzXmlName typeAttribute_;  // the latest name that was one of a type
     std::set<TzXmlNamespace, ByText> sharedNamespaces_; // of all names resolved
-    TzSoapStyleInForce styleInForce_;                   // of the last text that was asked for
 };

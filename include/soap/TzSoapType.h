@@ -15,9 +15,9 @@ class TzSoapVisitor;
 
 /// Handle of a value of any kind: a header entry, a body entry, a struct member, an array item.
 ///
-/// Copies share the body, `copy()` makes a new one. Every operation on a handle without a body throws
-/// `TzTHRInvalidPointer` "Invalid pointer". Handles that share a body may be copied and destroyed on
-/// different threads; the value itself is used by one thread at a time.
+/// Copies share the body, `copy()` makes a new one. Every operation on a handle without a body
+/// throws `TzTHRInvalidPointer` "Invalid pointer". Handles that share a body may be copied and
+/// destroyed on different threads; the value itself is used by one thread at a time.
 class TZSOAP_API TzSoapType : public TzHandleBase,
                               public TzSoapContentBase,
                               public TzSoapElementHandle<TzSoapType> {
@@ -30,7 +30,7 @@ public:
     TzSoapType(TzSoapType&&) noexcept = default;
     TzSoapType& operator=(const TzSoapType&) noexcept = default;
     TzSoapType& operator=(TzSoapType&&) noexcept = default;
-    ~TzSoapType() override;
+    ~TzSoapType() override = default;
 
     using TzSoapElementHandle<TzSoapType>::getName;
     /// The element's name, to change it in place.
@@ -69,8 +69,8 @@ public:
     /// How the value's text is written; `EscapeOn` unless set.
     EscapeText getEscapeText() const;
 
-    /// A new value of the same kind with the same content. Composites and arrays share their children
-    /// with the original. O(content).
+    /// A new value of the same kind with the same content. Composites and arrays share their
+    /// children with the original. O(content).
     TzSoapType copy() const;
     /// Calls the visitor's operation for this kind of value.
     void acceptVisitor(TzSoapVisitor& visitor);

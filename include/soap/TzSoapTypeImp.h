@@ -6,8 +6,8 @@
 #include <soap/TzSoapExport.h>
 #include <tz/pointer/TzBodyBase.h>
 
-/// Body of a generic value: an element with a name and attributes and no content of its own; base of
-/// the bodies of all other kinds of values. Only the reference count is locked.
+/// Body of a generic value: an element with a name and attributes and no content of its own; base
+/// of the bodies of all other kinds of values. Only the reference count is locked.
 class TZSOAP_API TzSoapTypeImp : public TzSoapElementImp, public TzBodyBase {
 public:
     /// A value without name.

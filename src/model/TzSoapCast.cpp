@@ -6,8 +6,8 @@
 #include <type_traits>
 
 template <typename Handle> std::optional<Handle> tzSoapCast(const TzSoapType& value) {
-    using Body = std::remove_reference_t<decltype(TzSoapAccess::body(
-        std::declval<const Handle&>()))>;
+    using Body =
+        std::remove_reference_t<decltype(TzSoapAccess::body(std::declval<const Handle&>()))>;
     auto* body = dynamic_cast<Body*>(&TzSoapAccess::body(value));
     return body == nullptr ? std::nullopt : std::optional(TzSoapAccess::handle<Handle>(body));
 }

@@ -12,8 +12,6 @@ TzSoapDefaultType& TzSoapDefaultType::operator=(const TzSoapType& value) noexcep
     return *this;
 }
 
-TzSoapDefaultType::~TzSoapDefaultType() = default;
-
 TzSoapDefaultType TzSoapDefaultType::copy() const {
     return TzSoapDefaultType(static_cast<TzSoapTypeImp*>(body().clone()));
 }

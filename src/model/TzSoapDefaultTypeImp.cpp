@@ -31,11 +31,15 @@ void TzSoapDefaultTypeImp::addNamespaceAttribute(const TzXmlNamespace&) { refuse
 
 TzXmlAttribute* TzSoapDefaultTypeImp::findNamespaceAttribute(const TzXmlNamespace&) { refuse(); }
 
-const TzXmlAttribute* TzSoapDefaultTypeImp::findNamespaceAttribute(const TzXmlNamespace&) const { refuse(); }
+const TzXmlAttribute* TzSoapDefaultTypeImp::findNamespaceAttribute(const TzXmlNamespace&) const {
+    refuse();
+}
 
 TzXmlAttribute* TzSoapDefaultTypeImp::findNamespaceAttribute(const TzCString&) { refuse(); }
 
-const TzXmlAttribute* TzSoapDefaultTypeImp::findNamespaceAttribute(const TzCString&) const { refuse(); }
+const TzXmlAttribute* TzSoapDefaultTypeImp::findNamespaceAttribute(const TzCString&) const {
+    refuse();
+}
 
 void TzSoapDefaultTypeImp::removeNamespaceAttribute(const TzCString&) { refuse(); }
 
@@ -127,7 +131,9 @@ void TzSoapDefaultTypeImp::removeMustUnderstandAttribute() { refuse(); }
 
 TzCString TzSoapDefaultTypeImp::getMustUnderstandAttribute() const { refuse(); }
 
-TzCString TzSoapDefaultTypeImp::getMustUnderstandAttribute(TzSoapVersion::Version) const { refuse(); }
+TzCString TzSoapDefaultTypeImp::getMustUnderstandAttribute(TzSoapVersion::Version) const {
+    refuse();
+}
 
 TzCString TzSoapDefaultTypeImp::getOffsetAttribute() const { refuse(); }
 

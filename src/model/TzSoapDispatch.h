@@ -29,8 +29,8 @@ struct TzSoapDispatchSite {
     int line;
 };
 
-/// The dispatch by kind of value that both visitor families share. `Visited` is how the family passes
-/// handles on: `TzSoapVisitedConst` or `TzSoapVisitedMutable`.
+/// The dispatch by kind of value that both visitor families share. `Visited` is how the family
+/// passes handles on: `TzSoapVisitedConst` or `TzSoapVisitedMutable`.
 template <template <typename> class Visited, typename Visitor, typename Value>
 class TzSoapDispatch {
 public:
@@ -52,8 +52,7 @@ public:
         case TzSoapContentBase::Misunderstood:
             return visitAs<TzSoapMisunderstoodType>(visitor, value);
         }
-        TzThrow(
-            TzXmlInternalError(TzMessage(tzsoap_INTERNAL_ERROR(), site.unit, site.line)));
+        TzThrow(TzXmlInternalError(TzMessage(tzsoap_INTERNAL_ERROR(), site.unit, site.line)));
     }
 
 private:

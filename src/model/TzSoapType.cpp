@@ -13,8 +13,6 @@ TzSoapType::TzSoapType(const TzXmlName& name) : TzSoapType(new TzSoapTypeImp(nam
 
 TzSoapType::TzSoapType(TzSoapTypeImp* body) noexcept : TzHandleBase(body) {}
 
-TzSoapType::~TzSoapType() = default;
-
 TzSoapTypeImp& TzSoapType::body() const { return static_cast<TzSoapTypeImp&>(bodyBase()); }
 
 TzSoapElementImp& TzSoapType::elementBody() const { return body(); }

@@ -48,12 +48,10 @@ namespace {
 /// Takes the next entry out of `rest`: a run of characters other than white space, empty at the
 /// end.
 std::string_view nextEntry(std::string_view& rest) noexcept {
-    const std::size_t begin = std::min(rest.find_first_not_of(TzXmlUtils::WhiteSpace), rest.size());
-    const std::size_t end =
-        std::min(rest.find_first_of(TzXmlUtils::WhiteSpace, begin), rest.size());
-    const std::string_view entry = rest.substr(begin, end - begin);
-    rest.remove_prefix(end);
-    return entry;
+    const auto* const begin = std::find_if_not(rest.begin(), rest.end(), TzXmlUtils::isWhiteSpace);
+    const auto* const end = std::find_if(begin, rest.end(), TzXmlUtils::isWhiteSpace);
+    rest.remove_prefix(static_cast<std::size_t>(end - rest.begin()));
+    return {begin, end};
 }
 
 /// The first of `attributes` that states a type, null when none does.
@@ -279,7 +277,14 @@ const TzCString* TzSoapUtils::beginElement(TzSoapElementImp& element, const TzXm
     // there are.
     const TzXmlAttribute* style = findEncodingStyle(attributes);
     const bool stated = style != nullptr && !style->getValue().empty();
-    AttributeAdder adder(element.getAttributeSet());
+    TzSoapAttributeSet& others = element.getAttributeSet();
+    // Only for the first of many elements of one name: room made for each would be copied each
+    // time.
+    if (const std::size_t count = attributes.size() - (stated ? 1 : 0);
+        others.empty() && count > 0) {
+        others.reserve(count);
+    }
+    AttributeAdder adder(others);
     for (const TzXmlAttribute& attribute : attributes) {
         if (!stated || &attribute != style) {
             adder.add(attribute);

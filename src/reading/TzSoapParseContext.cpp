@@ -63,17 +63,6 @@ void TzSoapParseContext::pushEncodingStyle(const TzCString& style) {
     encodingStyles_.push(style);
 }
 
-const TzSoapStyleInForce& TzSoapParseContext::getStyleInForce() {
-    const TzCString& text =
-        encodingStyles_.empty() ? TzSoapAttributeSet::getEmptyString() : encodingStyles_.top();
-    if (text != styleInForce_.text) {
-        styleInForce_.text = text;
-        TzCString& first = styleInForce_.first.assign(TzSoapUtils::firstEncodingStyle(text));
-        styleInForce_.soapEncoding = first.empty() || TzSoapVersion::isSoapEncodingStyle(first);
-    }
-    return styleInForce_;
-}
-
 const TzCString& TzSoapParseContext::uriForPrefix(std::string_view prefix) const {
     for (auto element = namespaces_.rbegin(); element != namespaces_.rend(); ++element) {
         if ((*element)->isBare()) {
@@ -103,11 +92,25 @@ const TzXmlNamespace& TzSoapParseContext::sharedNamespace(std::string_view prefi
                                             : *sharedNamespaces_.emplace(prefix, uri).first;
 }
 
+TzSoapParseContext::ScopeMark TzSoapParseContext::markOf(std::size_t depth) const noexcept {
+    return {parser_ == nullptr ? 0 : parser_->getNamespaceScope(), depth,
+            depth == 0 ? nullptr : namespaces_[depth - 1]};
+}
+
 // Elements open and close between two names, and pooled bodies come again at one address; with the
-// parser's number, the depth and the innermost element all as before, so are the declarations.
+// parser's number, the depth and the innermost element all as before, so are the declarations. The
+// elements that are bare declare nothing, so the ones above the innermost other one do not count.
 void TzSoapParseContext::noteScopes() {
-    const ScopeMark mark{parser_ == nullptr ? 0 : parser_->getNamespaceScope(), namespaces_.size(),
-                         namespaces_.empty() ? nullptr : namespaces_.back()};
+    std::size_t depth = namespaces_.size();
+    ScopeMark mark = markOf(depth);
+    if (mark == latestMark_ && mark.declarations != 0) {
+        return;
+    }
+    latestMark_ = mark;
+    while (depth > 0 && namespaces_[depth - 1]->isBare()) {
+        --depth;
+    }
+    mark = markOf(depth);
     if (mark != scopeMark_ || mark.declarations == 0) {
         scopeMark_ = mark;
         ++scopes_;
@@ -263,9 +266,7 @@ bool TzSoapParseContext::takeUnfilledPositions(std::size_t positions) noexcept {
 }
 
 void TzSoapParseContext::clear() {
-    while (!encodingStyles_.empty()) {
-        encodingStyles_.pop();
-    }
+    encodingStyles_.clear();
     namespaces_.clear();
     references_.clear();
     unresolved_.clear();

@@ -11,10 +11,6 @@ namespace {
 
 using TzMimeTransferEncoding::Kind;
 
-bool isSpace(char character) noexcept {
-    return TzXmlUtils::WhiteSpace.find(character) != std::string_view::npos;
-}
-
 bool isLetter(char character) noexcept {
     return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z') ||
            (character >= '0' && character <= '9') || character == '+' || character == '/';
@@ -32,13 +28,13 @@ bool isWellFormed(std::string_view text) noexcept {
 TzCString TzMimeBase64::encode(std::string_view bytes) {
     TzCString text;
     TzMimeTransferEncoding::encode(Kind::Base64, bytes, text);
-    std::erase_if(text, isSpace);
+    std::erase_if(text, TzXmlUtils::isWhiteSpace);
     return text;
 }
 
 std::optional<TzCString> TzMimeBase64::decode(std::string_view text) {
     TzCString letters(text);
-    std::erase_if(letters, isSpace);
+    std::erase_if(letters, TzXmlUtils::isWhiteSpace);
     if (!isWellFormed(letters)) {
         return {};
     }

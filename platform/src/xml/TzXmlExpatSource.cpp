@@ -23,6 +23,35 @@ struct ParserDeleter {
     void operator()(XML_Parser parser) const noexcept { XML_ParserFree(parser); }
 };
 
+using Parser = std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter>;
+
+/// Making a parser takes longer than reading a short text, so a thread keeps the one of its latest
+/// short text for the next. Null while the thread ends, when other objects of it may still read.
+Parser* spareParser() noexcept {
+    thread_local bool threadEnds = false; // without destructor: it can be asked to the last
+    struct Spare {
+        Parser parser;
+        ~Spare() { threadEnds = true; }
+    };
+    thread_local Spare spare;
+    return threadEnds ? nullptr : &spare.parser;
+}
+
+/// A parser that has read more than this may hold much memory and goes.
+constexpr std::size_t ShortText = std::size_t{16} * 1024;
+
+Parser makeParser(const char* encoding) {
+    Parser* const spare = spareParser();
+    Parser parser = spare != nullptr ? std::move(*spare) : nullptr;
+    if (parser == nullptr || XML_ParserReset(parser.get(), encoding) != XML_TRUE) {
+        parser.reset(XML_ParserCreate(encoding));
+    }
+    if (parser == nullptr) {
+        throw std::bad_alloc();
+    }
+    return parser;
+}
+
 /// A salt that nobody outside can guess: drawn from the system once, then changed with each parser,
 /// which would otherwise draw one of its own for every text.
 unsigned long nextSalt() {
@@ -41,6 +70,7 @@ unsigned long nextSalt() {
 class ExpatSource final : public TzXmlEventSource {
 public:
     ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding);
+    ~ExpatSource() override;
 
     void feed(std::string_view piece, bool last) override;
     std::size_t line() const noexcept override {
@@ -71,19 +101,17 @@ private:
     static void XMLCALL onText(void* data, const char* begin, int length);
     static int XMLCALL onEncoding(void*, const char* name, XML_Encoding* encoding);
 
-    std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter> parser_;
+    Parser parser_;
     TzXmlEventSink& sink_;
     std::exception_ptr failure_;
     std::size_t failedLine_ = 0; // Expat finishes the tag after it was stopped
     std::size_t failedColumn_ = 0;
+    std::size_t fed_ = 0; // bytes so far
+    bool ended_ = false;  // the whole text was read
 };
 
 ExpatSource::ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding)
-    : parser_(XML_ParserCreate(encoding == TzXmlKnownEncoding::Utf8 ? "UTF-8" : nullptr)),
-      sink_(sink) {
-    if (parser_ == nullptr) {
-        throw std::bad_alloc();
-    }
+    : parser_(makeParser(encoding == TzXmlKnownEncoding::Utf8 ? "UTF-8" : nullptr)), sink_(sink) {
     XML_SetHashSalt(parser_.get(), nextSalt());
     XML_SetUserData(parser_.get(), this);
     XML_SetXmlDeclHandler(parser_.get(), onDeclaration);
@@ -91,6 +119,13 @@ ExpatSource::ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding)
     XML_SetElementHandler(parser_.get(), onStart, onEnd);
     XML_SetCharacterDataHandler(parser_.get(), onText);
     XML_SetUnknownEncodingHandler(parser_.get(), onEncoding, nullptr);
+}
+
+ExpatSource::~ExpatSource() {
+    Parser* const spare = ended_ && fed_ <= ShortText ? spareParser() : nullptr;
+    if (spare != nullptr) {
+        *spare = std::move(parser_);
+    }
 }
 
 void ExpatSource::feed(std::string_view piece, bool last) {
@@ -102,6 +137,8 @@ void ExpatSource::feed(std::string_view piece, bool last) {
     if (status == XML_STATUS_ERROR) {
         fail();
     }
+    fed_ += piece.size();
+    ended_ = last;
 }
 
 void ExpatSource::stop(std::exception_ptr failure) noexcept {

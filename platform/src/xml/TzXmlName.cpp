@@ -27,6 +27,9 @@ void TzXmlName::setPrefix(std::string_view prefix) {
 }
 
 void TzXmlName::setNamespace(const TzXmlNamespace& nameSpace) {
+    if (getUri() == nameSpace.getUri() && getPrefix() == nameSpace.getPrefix()) {
+        return;
+    }
     *this = TzXmlName(getLocalName(), nameSpace);
 }
 

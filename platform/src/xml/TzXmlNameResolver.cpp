@@ -8,7 +8,11 @@ namespace {
 /// Prefixes out of scope are remembered up to this many; messages repeat their declarations.
 constexpr std::size_t RememberedPrefixes = 64;
 
-bool isReserved(std::string_view prefix) noexcept { return prefix == "xml" || prefix == "xmlns"; }
+bool isReserved(std::string_view prefix) noexcept {
+    // Asked of every prefix, most of which two characters tell apart.
+    return prefix.size() >= 3 && prefix[0] == 'x' && prefix[1] == 'm' &&
+           (prefix == "xml" || prefix == "xmlns");
+}
 
 std::string_view textOf(const TzXmlNameText& spelling) noexcept { return spelling.text(); }
 std::string_view textOf(const char* spelling) noexcept { return spelling; }
@@ -98,11 +102,8 @@ TzXmlNameResolver::Parts TzXmlNameResolver::spellOut(Kind kind, std::string_view
 }
 
 const TzXmlNamespace& TzXmlNameResolver::bound(std::string_view prefix) {
-    if (prefix == "xmlns") {
-        return TzXmlNamespace::getXmlns();
-    }
-    if (prefix == "xml") {
-        return TzXmlNamespace::getXml();
+    if (isReserved(prefix)) {
+        return prefix == "xml" ? TzXmlNamespace::getXml() : TzXmlNamespace::getXmlns();
     }
     if (const TzXmlNamespace* declared = find(prefix)) {
         return *declared;

@@ -67,6 +67,7 @@ private:
     std::size_t declareOne(std::string_view spelling, const char* uri);
     const TzXmlAttributeSet& collect(const char* const* attributes);
     void collectFew(const char* const* attributes, std::size_t count);
+    void makeFew(std::size_t count);
     void collectMany(const char* const* attributes);
     bool namesRepeat() const noexcept;
     [[noreturn]] void refuse(const char* reason) const;
@@ -202,13 +203,9 @@ const TzXmlAttributeSet& TzXmlSAXParser::Session::collect(const char* const* att
 
 // The attributes of one element are written over those of the one before.
 void TzXmlSAXParser::Session::collectFew(const char* const* attributes, std::size_t count) {
-    while (attributes_.size() > count) {
-        attributes_.erase(attributes_.end() - 1);
+    if (stamps_.size() != count) {
+        makeFew(count);
     }
-    while (attributes_.size() < count) {
-        attributes_.append(TzXmlAttribute());
-    }
-    stamps_.resize(count);
     TzXmlAttribute* attribute = attributes_.begin();
     for (std::uint64_t& stamp : stamps_) {
         resolver_.resolveAttribute(attributes[0], attribute->getName(), stamp);
@@ -216,6 +213,16 @@ void TzXmlSAXParser::Session::collectFew(const char* const* attributes, std::siz
         ++attribute;
         attributes += 2;
     }
+}
+
+void TzXmlSAXParser::Session::makeFew(std::size_t count) {
+    while (attributes_.size() > count) {
+        attributes_.erase(attributes_.end() - 1);
+    }
+    while (attributes_.size() < count) {
+        attributes_.append(TzXmlAttribute());
+    }
+    stamps_.resize(count);
 }
 
 // Of attributes with one name and two spellings the last one counts.

@@ -8,12 +8,15 @@
 namespace {
 
 /// Makes room for `more` bytes. Moving a text into new memory costs more than writing it, so it
-/// moves seldom; what it has too much of is never touched.
+/// moves seldom; what it has too much of is never touched. The first size decides all others: after
+/// 16 MiB come 64 MiB, for blocks of 32 MiB are the smallest whose pages are new each time.
 void grow(TzCString& text, std::size_t more) {
+    constexpr std::size_t First = std::size_t{4} << 10;
     constexpr std::size_t Large = std::size_t{64} << 20;
     const std::size_t capacity = text.capacity();
     if (more > capacity - text.size()) {
-        text.reserve(std::max(capacity * (capacity < Large ? 4 : 2), text.size() + more));
+        const std::size_t next = capacity * (capacity < Large ? 4 : 2);
+        text.reserve(std::max({First, next, text.size() + more}));
     }
 }
 

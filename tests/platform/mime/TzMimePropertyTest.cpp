@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include "support/GMimeOracle.h"
 #include "platform/mime/MimeTexts.h"
+#include "support/GMimeOracle.h"
 
 #include <tz/mime/TzMimeMultipart.h>
 #include <tz/mime/TzMimeVersionHeader.h>

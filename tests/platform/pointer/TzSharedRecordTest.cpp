@@ -115,8 +115,7 @@ TEST(TzSharedRecord, aFailedAllocationLeavesNothingBehind) {
                   Record::Maker maker;
                   std::vector<Record> kept;
                   for (int i = 0; i < 20; ++i) {
-                      kept.push_back(
-                          maker.make(Counted("a text of more than fifteen characters")));
+                      kept.push_back(maker.make(Counted("a text of more than fifteen characters")));
                   }
               }),
               20U);

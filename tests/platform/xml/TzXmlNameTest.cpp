@@ -142,9 +142,8 @@ TEST(TzXmlName, WritesItsUniqueName) {
 }
 
 TEST(TzXmlName, CopiesAllocateNothing) {
-    const TzXmlName name =
-        named("p", "http://example.org/a/uri/of/some/length/of/its/own",
-              "a local part of more than fifteen characters");
+    const TzXmlName name = named("p", "http://example.org/a/uri/of/some/length/of/its/own",
+                                 "a local part of more than fifteen characters");
     const std::size_t made = madeAllocations();
     const TzXmlName copy(name);
     EXPECT_EQ(madeAllocations(), made);

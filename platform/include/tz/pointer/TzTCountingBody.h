@@ -21,7 +21,8 @@ public:
         ++countOrNext_;
     }
 
-    /// Counts one reference less; true when it was the last one and the caller must dispose of the body.
+    /// Counts one reference less; true when it was the last one and the caller must dispose of the
+    /// body.
     [[nodiscard]] bool removeReference() noexcept {
         const typename TzTMonitor<Lock>::Guard guard(this->lock());
         return --countOrNext_ == 0;

@@ -13,7 +13,8 @@
 /// A text made from a catalogue entry and its arguments.
 ///
 /// "%s" takes the next argument as a character string, "%d" as a number. An argument that is
-/// missing inserts nothing, surplus arguments are ignored; a message never reads what was not given.
+/// missing inserts nothing, surplus arguments are ignored; a message never reads what was not
+/// given.
 class TZ_PLATFORM_API TzMessage {
 public:
     /// A message without catalogue entry (empty domain, id 0) that says `text`.

@@ -10,8 +10,8 @@
 
 /// An attribute: a name and a text value.
 ///
-/// A namespace declaration is an attribute in the namespace `TzXmlNamespace::getXmlns()` whose local
-/// part is the declared prefix (empty for the default namespace) and whose value is the URI.
+/// A namespace declaration is an attribute in the namespace `TzXmlNamespace::getXmlns()` whose
+/// local part is the declared prefix (empty for the default namespace) and whose value is the URI.
 class TZ_PLATFORM_API TzXmlAttribute {
 public:
     /// An attribute without name and value.

@@ -16,7 +16,8 @@ class TzXmlNamespace;
 /// Namespaces are resolved (an unbound prefix gives the empty URI), declarations are delivered
 /// among the attributes. UTF-8, UTF-16, UTF-32, ISO-8859-1, US-ASCII and every single-byte encoding
 /// known to iconv are read; handlers always see UTF-8. A DOCTYPE is refused. Not locked: one parser
-/// is used by one thread at a time.
+/// is used by one thread at a time. Each thread that has read a short text keeps some 10 KB for the
+/// next one until it ends.
 class TZ_PLATFORM_API TzXmlSAXParser {
 public:
     /// Depth of elements that is accepted unless told otherwise.
@@ -46,8 +47,8 @@ public:
     void setAttributeLimit(std::size_t limit) noexcept { attributeLimit_ = limit; }
     /// Attribute limit in force.
     std::size_t getAttributeLimit() const noexcept { return attributeLimit_; }
-    /// Declarations of longer URIs (in bytes) are refused, for every name below them may be compared
-    /// with them; holds from the next element on.
+    /// Declarations of longer URIs (in bytes) are refused, for every name below them may be
+    /// compared with them; holds from the next element on.
     void setUriLimit(std::size_t limit) noexcept { uriLimit_ = limit; }
     /// Limit of URIs in force.
     std::size_t getUriLimit() const noexcept { return uriLimit_; }

@@ -20,6 +20,10 @@ public:
 
     /// The white space of XML: blank, line feed, tab, carriage return.
     static constexpr std::string_view WhiteSpace = " \n\t\r";
+    /// Whether `character` is one of these.
+    static constexpr bool isWhiteSpace(char character) noexcept {
+        return character == ' ' || character == '\n' || character == '\t' || character == '\r';
+    }
     /// Date, "T" and time of day.
     static constexpr std::string_view ISO8601Format = "%Y-%m-%dT%X";
 
