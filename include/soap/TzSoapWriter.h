@@ -53,6 +53,9 @@ public:
     /// Whether nothing of what was visited so far was left out: no members of a value that is nil,
     /// no items in front of an array's offset or beyond its number of items to write.
     bool wroteAll() const noexcept;
+    /// Whether an entry visited so far, or a value it holds, led to a part of the multipart. Values
+    /// written behind the entries because something refers to them do not count.
+    bool attached() const noexcept;
 
     /// Writes the report of a misunderstood header entry as an empty tag.
     void visit(const TzSoapMisunderstoodType& value) override;

@@ -92,8 +92,10 @@ TzCString TzSoapMessage::asString() const {
     TzMimeMultipart package;
     TzSoapWriter writer(&envelope, &package);
     acceptVisitor(writer);
-    // Most messages need no second look: what was written in full and led to no part has none.
-    if (derived || (!package.hasParts() && writer.wroteAll()) || !hasAttachments()) {
+    // Most messages need no second look: those that led to a part on the way, and those that were
+    // written in full and led to none.
+    const bool known = writer.attached() || (!package.hasParts() && writer.wroteAll());
+    if (derived || !(known ? writer.attached() : hasAttachments())) {
         return envelope.takeString();
     }
     package.insertHeader(TzMimeVersionHeader());

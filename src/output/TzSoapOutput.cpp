@@ -115,12 +115,14 @@ void TzSoapOutput::writePending(TzSoapConstVisitor& visitor) {
     auto& pending = state().pendingReferences;
     // What is written may refer to more: the list grows and moves meanwhile.
     std::size_t next = 0;
+    state().writesTargets = true;
     while (next < pending.size()) {
         const std::pair<TzCString, TzSoapType> reference = pending[next++];
         if (takePending(reference.first, reference.second)) {
             reference.second.acceptVisitor(visitor);
         }
     }
+    state().writesTargets = false;
     pending.clear();
 }
 

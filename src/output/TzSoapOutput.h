@@ -53,6 +53,9 @@ public:
     void setMultipart(TzMimeMultipart* multipart) noexcept { multipart_ = multipart; }
     /// Whether all that the values visited so far hold was written.
     bool wroteAll() const noexcept { return state().wroteAll; }
+    /// Whether an entry visited so far, or what it holds, led to a MIME part; values written behind
+    /// the entries because they are referred to do not count.
+    bool attached() const noexcept { return state().attached; }
     /// Writes messages in `version` from now on, whatever their own.
     void fixVersion(TzSoapVersion::Version version);
 

@@ -23,6 +23,8 @@ struct TzSoapOutputState {
     TzSoapTagAttributes attributes;
     unsigned int depth = 0;
     bool wroteAll = true;                    // nothing that a value holds was left out
+    bool writesTargets = false;              // what is written stands behind the entries
+    bool attached = false;                   // an entry, or what it holds, led to a MIME part
     std::uint64_t scopeChanges = 1;          // what was found out about prefixes holds as long
     std::uint64_t schemaInstanceBoundAt = 0; // where the usual prefix stood for that namespace
 

@@ -231,6 +231,7 @@ void TzSoapOutput::keepTarget(const TzSoapReferenceTypeImp& reference,
             TzThrow(TzXmlBadArgError(TzMessage(tzsoap_BAD_MIME_REFERENCE())));
         }
         multipart_->insertPart(handle.getMimeReference());
+        state().attached |= !state().writesTargets;
     }
 }
 

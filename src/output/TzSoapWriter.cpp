@@ -37,6 +37,8 @@ void TzSoapWriter::setMimeMultipart(TzMimeMultipart* multipart) {
 
 bool TzSoapWriter::wroteAll() const noexcept { return output_->wroteAll(); }
 
+bool TzSoapWriter::attached() const noexcept { return output_->attached(); }
+
 void TzSoapWriter::visit(const TzSoapMisunderstoodType& value) { output_->write(value); }
 
 void TzSoapWriter::visit(const TzSoapReferenceType& value) { output_->write(value); }

@@ -183,6 +183,28 @@ TEST(TzSoapWriter, InsertsPartsWhereItIsToldTo) {
     EXPECT_EQ(second.getPartCount(), 2U);
 }
 
+TEST(TzSoapWriter, KnowsWhetherEntriesLedToParts) {
+    TzMimePart part;
+    part.insertHeader(TzMimeContentIdHeader("p1"));
+    const TzSoapReferenceType attachment(TzXmlName("a"), part);
+    TzSoapCompositeType holder{TzXmlName("holder")};
+    holder.setIdAttribute("h");
+    holder.appendChild(attachment);
+    const auto attached = [](const TzSoapType& entry, bool withMultipart) {
+        TzXmlStringWriter text;
+        TzMimeMultipart multipart;
+        TzSoapWriter writer(&text, withMultipart ? &multipart : nullptr);
+        encodedMessage(TzSoapVersion::V1_1, {entry}).acceptVisitor(writer);
+        EXPECT_EQ(multipart.hasParts(), withMultipart);
+        return writer.attached();
+    };
+    EXPECT_TRUE(attached(attachment, true));
+    EXPECT_TRUE(attached(holder, true));
+    EXPECT_FALSE(attached(attachment, false));
+    // What is written because something refers to it is no entry.
+    EXPECT_FALSE(attached(TzSoapReferenceType(TzXmlName("to"), holder), true));
+}
+
 TEST(TzSoapWriter, ChildrenStartWithTheSettingsOfTheirParent) {
     TzMimePart part;
     part.insertHeader(TzMimeContentIdHeader("p1"));

@@ -134,3 +134,12 @@ void TzMimeHeaderList::append(std::size_t position, TzCString& out) const {
     TzCString kept;
     TzMimeHeaderValue::append(out, labelAt(position), valueAt(position, kept));
 }
+
+void TzMimeHeaderList::prefetchHeaders() const noexcept {
+    for (const Slot& slot : slots_) {
+        const TzMimeHeaderBody* const body = TzMimeHeaderBody::of(slot.header);
+        if (slot.line.empty() && body != nullptr) {
+            tzPrefetch(body, sizeof(TzMimeHeaderBody));
+        }
+    }
+}

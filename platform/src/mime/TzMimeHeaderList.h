@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "mime/TzMimePrefetch.h"
+
 #include <tz/mime/TzMimeHeader.h>
 #include <tz/thread/TzMutexLock.h>
 #include <tz/tools/TzCString.h>
@@ -43,6 +45,10 @@ public:
     void append(std::size_t position, TzCString& out) const;
     /// Roughly how many bytes the header lines will take. Does not look at them.
     std::size_t writtenSize() const noexcept { return writtenSize_; }
+    /// Asks for the memory of the list.
+    void prefetch() const noexcept { tzPrefetch(slots_.data(), slots_.size() * sizeof(Slot)); }
+    /// Asks for the memory of the headers in the list.
+    void prefetchHeaders() const noexcept;
 
 private:
     struct Slot {
