@@ -37,7 +37,9 @@ public:
     TzSoapSerializer& operator=(const TzSoapSerializer& other);
 
     /// The text so far. O(text).
-    TzCString getSerializedString() const;
+    TzCString getSerializedString() const&;
+    /// The text so far, handed over: none is left in the serializer. O(1).
+    TzCString getSerializedString() &&;
     /// A package with the parts that references met so far point at, in that order. O(parts).
     TzMimeMultipart getMultipart() const;
 

@@ -46,7 +46,9 @@ TzSoapSerializer& TzSoapSerializer::operator=(const TzSoapSerializer& other) {
 
 TzSoapSerializer::~TzSoapSerializer() = default;
 
-TzCString TzSoapSerializer::getSerializedString() const { return output_->writtenText(); }
+TzCString TzSoapSerializer::getSerializedString() const& { return output_->writtenText(); }
+
+TzCString TzSoapSerializer::getSerializedString() && { return output_->takeText(); }
 
 TzMimeMultipart TzSoapSerializer::getMultipart() const { return output_->copyOfParts(); }
 

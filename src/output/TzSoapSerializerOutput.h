@@ -24,6 +24,8 @@ public:
 
     /// The text written so far.
     const TzCString& writtenText() const { return string_.getString(); }
+    /// Hands the text written so far over.
+    TzCString takeText() { return string_.takeString(); }
     /// A package of its own with the parts met so far.
     TzMimeMultipart copyOfParts() const;
 

@@ -383,6 +383,18 @@ TEST(TzSoapSerializer, KeepsWhatWasWrittenBeforeAnError) {
     EXPECT_EQ(serializer.getSerializedString().substr(0, before.size()), before);
 }
 
+TEST(TzSoapSerializer, HandsItsTextOver) {
+    TzSoapSerializer serializer;
+    intValue("a", 1).acceptVisitor(serializer);
+    const std::string copied = serializer.getSerializedString();
+    EXPECT_NE(copied, "");
+    EXPECT_EQ(std::move(serializer).getSerializedString(), copied);
+    // It goes on with an empty text.
+    EXPECT_EQ(serializer.getSerializedString(), "");
+    intValue("a", 1).acceptVisitor(serializer);
+    EXPECT_EQ(serializer.getSerializedString(), copied);
+}
+
 TEST(TzSoapSerializer, IsUsedForSeveralElements) {
     TzSoapMessage message(TzSoapVersion::V1_1);
     TzSoapSerializer serializer;
