@@ -210,8 +210,8 @@ void MessageWalk::visitItem(const TzSoapType& item, std::vector<unsigned int> po
 
 void MessageWalk::visit(const TzSoapSparseArrayType& value) {
     sink_.begin(describeArray(value));
-    for (auto item = value.begin(); item != value.end(); ++item) {
-        visitItem(item->second, item->first);
+    for (const auto& [index, item] : value) {
+        visitItem(item, index);
     }
     sink_.end();
 }

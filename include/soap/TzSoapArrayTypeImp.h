@@ -28,6 +28,7 @@ public:
     /// The largest position.
     static constexpr std::uint64_t Largest = std::numeric_limits<unsigned int>::max();
 
+    TzSoapArrayTypeImp& operator=(const TzSoapArrayTypeImp&) = delete;
     ~TzSoapArrayTypeImp() override;
 
     /// `Array`.
@@ -193,7 +194,6 @@ protected:
     TzSoapArrayTypeImp(const TzSoapArrayTypeImp& other);
     /// A copy with other bounds; derived classes call `setBounds` themselves. Errors as there.
     TzSoapArrayTypeImp(const TzSoapArrayTypeImp& other, const Index& newBounds);
-    TzSoapArrayTypeImp& operator=(const TzSoapArrayTypeImp&) = delete;
 
     /// Installs bounds that have the right number of axes. `TzXmlBoundsError` BAD_INDEX_VECTOR for
     /// no shape.

@@ -17,7 +17,7 @@
 class TZSOAP_API TzSoapAttributeSet : public TzXmlAttributeSet {
 public:
     /// An empty set.
-    TzSoapAttributeSet() noexcept {}
+    TzSoapAttributeSet() noexcept = default;
     TzSoapAttributeSet(const TzSoapAttributeSet& other);
     TzSoapAttributeSet(TzSoapAttributeSet&& other) noexcept;
     TzSoapAttributeSet& operator=(const TzSoapAttributeSet& other);

@@ -25,6 +25,7 @@ protected:
     /// Copies nothing: a copy takes part in no reading.
     TzSoapContentHandler(const TzSoapContentHandler&) noexcept : TzXmlContentHandler() {}
     /// Copies nothing.
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): there is nothing to handle
     TzSoapContentHandler& operator=(const TzSoapContentHandler&) noexcept { return *this; }
 
     /// Makes this handler the one that receives, in the reading of `context`.

@@ -16,6 +16,7 @@ class TzSoapType;
 /// reference is used by one thread at a time.
 class TZSOAP_API TzSoapReferenceTypeImp : public TzSoapTypeImp, public TzSoapGenericTypeHandler {
 public:
+    TzSoapReferenceTypeImp& operator=(const TzSoapReferenceTypeImp&) = delete;
     ~TzSoapReferenceTypeImp() override;
 
     /// `Reference`.
@@ -55,7 +56,6 @@ protected:
     explicit TzSoapReferenceTypeImp(TzXmlName name);
     /// Copies the element and whether there is a target.
     TzSoapReferenceTypeImp(const TzSoapReferenceTypeImp& other);
-    TzSoapReferenceTypeImp& operator=(const TzSoapReferenceTypeImp&) = delete;
 
     /// Makes `text` the reference text, in place of one of either version, as the value of
     /// `attribute`; there is a target from now on.

@@ -132,6 +132,7 @@ void TzSoapMessage::extract(const TzMimeMultipart& multipart) { body().extract(m
 
 void TzSoapMessageImp::extract(const TzMimeMultipart& multipart) {
     // The caller's handle may be the one that is replaced.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const TzMimeMultipart package = multipart;
     if (package.findHeader(TzMimeContentTypeHeader::Label) == TzMimePart::NotFound) {
         refusePackage(tzsoap_MIME_NOT_MULTIPART());

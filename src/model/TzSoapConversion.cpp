@@ -192,8 +192,8 @@ void TzSoapConversion::visit(TzSoapArrayType& value) { convertArray(value); }
 
 void TzSoapConversion::visit(TzSoapSparseArrayType& value) {
     convertArray(value);
-    for (auto item = value.begin(); item != value.end(); ++item) {
-        wait(item->second);
+    for (auto& [index, item] : value) {
+        wait(item);
     }
 }
 

@@ -17,7 +17,7 @@
 // its first use, so no object anywhere can see them unmade.
 const TzCString TzSoapUtils::Blank = " ";
 const TzCString TzSoapUtils::Colon = ":";
-const TzCString TzSoapUtils::EmptyString = "";
+const TzCString TzSoapUtils::EmptyString;
 const TzCString TzSoapUtils::Hyphen = "-";
 const TzCString TzSoapUtils::Hypen = "-";
 const TzCString TzSoapUtils::Minus = "-";

@@ -333,7 +333,8 @@ void TzSoapCompactArrayImp::place(unsigned int position, TzSoapType&& member,
     if (items_.empty() || position == first_ + items_.size()) {
         append(position, std::move(member));
     } else {
-        slot(position) = std::move(member);
+        TzSoapType& place = slot(position);
+        place = std::move(member);
     }
 }
 

@@ -12,6 +12,7 @@ TzXmlElementImp::TzXmlElementImp(const TzXmlElementImp& other)
     : name_(other.name_), attributes_(new TzXmlAttributeSet(*other.attributes_)),
       ownsAttributes_(true) {}
 
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): left to the members
 TzXmlElementImp& TzXmlElementImp::operator=(const TzXmlElementImp& other) {
     name_ = other.name_;
     *attributes_ = *other.attributes_;

@@ -20,6 +20,7 @@ protected:
     explicit TzHandleBase(TzBodyBase* body) noexcept : body_(body) { retain(body); }
     TzHandleBase(const TzHandleBase& other) noexcept : body_(other.body_) { retain(body_); }
     TzHandleBase(TzHandleBase&& other) noexcept : body_(std::exchange(other.body_, nullptr)) {}
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): counts up before it counts down
     TzHandleBase& operator=(const TzHandleBase& other) noexcept {
         // The new body may hang below the old one, so it is held before the old one goes.
         retain(other.body_);

@@ -24,6 +24,7 @@ public:
     TzSharedRecord(const TzSharedRecord& other) noexcept : record_(other.record_) { retain(); }
     TzSharedRecord(TzSharedRecord&& other) noexcept
         : record_(std::exchange(other.record_, nullptr)) {}
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): compares what is shared
     TzSharedRecord& operator=(const TzSharedRecord& other) noexcept {
         if (record_ != other.record_) {
             TzSharedRecord(other).swap(*this);

@@ -27,7 +27,7 @@ public:
     using const_iterator = const TzXmlAttribute*;
 
     /// An empty list.
-    TzXmlAttributeSet() noexcept {}
+    TzXmlAttributeSet() noexcept = default;
     TzXmlAttributeSet(const TzXmlAttributeSet& other);
     TzXmlAttributeSet(TzXmlAttributeSet&& other) noexcept;
     TzXmlAttributeSet& operator=(const TzXmlAttributeSet& other);
