@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapLenientValue.h>
 
+#include <soap/TzSoapArrayTypeImp.h>
 #include <soap/TzSoapCast.h>
-#include <soap/TzSoapDefaultTypeImp.h>
 #include <soap/TzSoapReferenceType.h>
 #include <soap/TzSoapSimpleType.h>
 #include <tz/mime/TzMimeBase64.h>
@@ -14,7 +14,6 @@
 #include <tz/xml/TzXmlDuration.h>
 #include <tz/xml/TzXmlUtils.h>
 
-#include "model/TzSoapAccess.h"
 #include "values/TzSoapNumberText.h"
 
 #include <algorithm>
@@ -61,10 +60,6 @@ std::optional<bool> toBool(std::string_view text) noexcept {
     return text == "0" || text == "false" ? std::optional(false) : std::nullopt;
 }
 
-bool holdsNoItem(const TzSoapType& value) {
-    return dynamic_cast<const TzSoapDefaultTypeImp*>(&TzSoapAccess::body(value)) != nullptr;
-}
-
 bool isNullAttribute(const TzXmlAttribute& attribute) {
     const TzXmlName& name = attribute.getName();
     return (name.getLocalName() == "nil" || name.getLocalName() == "null") &&
@@ -72,8 +67,9 @@ bool isNullAttribute(const TzXmlAttribute& attribute) {
 }
 
 TzCString described(const TzSoapType& value) {
-    return holdsNoItem(value) ? TzCString("an array position without item")
-                              : "element " + tzQuoted(value.getName().getQualifiedName());
+    return TzSoapArrayTypeImp::isPlaceholder(value)
+               ? TzCString("an array position without item")
+               : "element " + tzQuoted(value.getName().getQualifiedName());
 }
 
 [[noreturn]] void fail(TzCString text) { TzThrow(TzXmlBadArgError(TzMessage(std::move(text)))); }
@@ -172,7 +168,7 @@ TzSoapType TzSoapLenientValue::follow(const TzSoapType& value) {
 }
 
 void TzSoapLenientValue::readNull() {
-    if (holdsNoItem(value_)) {
+    if (TzSoapArrayTypeImp::isPlaceholder(value_)) {
         null_ = true;
         return;
     }

@@ -137,8 +137,11 @@ void TzMimeHeaderList::append(std::size_t position, TzCString& out) const {
 
 void TzMimeHeaderList::prefetchHeaders() const noexcept {
     for (const Slot& slot : slots_) {
-        const TzMimeHeaderBody* const body = TzMimeHeaderBody::of(slot.header);
-        if (slot.line.empty() && body != nullptr) {
+        // Of a line that was read another thread may be making the header.
+        if (!slot.line.empty()) {
+            continue;
+        }
+        if (const TzMimeHeaderBody* const body = TzMimeHeaderBody::of(slot.header)) {
             tzPrefetch(body, sizeof(TzMimeHeaderBody));
         }
     }

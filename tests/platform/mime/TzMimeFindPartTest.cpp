@@ -244,6 +244,28 @@ TEST(TzMimeFindPart, TellsIdsOfOneHashApart) {
     }
 }
 
+TEST(TzMimeFindPart, HeadersAreMadeOnOneThreadWhileOthersWrite) {
+    std::string text = "Content-Type: multipart/mixed; boundary=b\r\n\r\n";
+    for (std::size_t at = 0; at < 50; ++at) {
+        text += "--b\r\nX: " + std::to_string(at) + "\r\n\r\nbody\r\n";
+    }
+    text += "--b--\r\n";
+    TzMimeMultipart read;
+    read.fromString(text);
+    std::vector<std::string> written(3);
+    std::vector<std::thread> threads;
+    for (std::string& one : written) {
+        threads.emplace_back([&read, &one] { one = TzMimeMultipart(read).asString(); });
+    }
+    for (std::size_t at = 50; at > 0; --at) {
+        EXPECT_EQ(read.getPart(at - 1).getHeader(0).getValue(), std::to_string(at - 1));
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_THAT(written, testing::Each(text));
+}
+
 TEST(TzMimeFindPart, IsAskedOnSeveralThreadsAtOnce) {
     TzMimeMultipart made;
     for (std::size_t at = 0; at < 50; ++at) {
