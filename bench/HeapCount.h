@@ -6,7 +6,7 @@
 /// What the replaced operators new and delete have counted. They count for a program with one
 /// thread: locked instructions would be charged to whatever is measured.
 struct HeapCount {
-    std::size_t bytes;       ///< Asked for and not given back.
+    std::size_t bytes;       ///< What the blocks made and not given back can hold.
     std::size_t allocations; ///< Made and not given back.
 
     /// The count at this moment.
