@@ -113,6 +113,15 @@ void TzSoapOutput::writeEntries(TzSoapConstVisitor& visitor, const TzSoapValueLi
 
 void TzSoapOutput::writePending(TzSoapConstVisitor& visitor) {
     auto& pending = state().pendingReferences;
+    // Ends with the targets even when one of them cannot be written.
+    struct Ending {
+        TzSoapOutputState& state;
+        ~Ending() {
+            state.writesTargets = false;
+            state.pendingReferences.clear();
+        }
+    };
+    const Ending ending{state()};
     // What is written may refer to more: the list grows and moves meanwhile.
     std::size_t next = 0;
     state().writesTargets = true;
@@ -122,8 +131,6 @@ void TzSoapOutput::writePending(TzSoapConstVisitor& visitor) {
             reference.second.acceptVisitor(visitor);
         }
     }
-    state().writesTargets = false;
-    pending.clear();
 }
 
 bool TzSoapOutput::takePending(const TzCString& id, const TzSoapType& value) {

@@ -176,20 +176,6 @@ TEST(TzSoapBody, copiesShareAndCopyDoesNot) {
     EXPECT_EQ(own.getSoapFault().getReason(), "reason");
 }
 
-/// A body of a program that derives from the library's.
-class OwnBodyImp : public TzSoapBodyImp {
-public:
-    using TzSoapBodyImp::TzSoapBodyImp;
-    OwnBodyImp* clone() const override { return new OwnBodyImp(*this); }
-};
-
-TEST(TzSoapBody, copyIsMadeByTheBodysOwnClass) {
-    const auto own = TzSoapAccess::handle<TzSoapBody>(new OwnBodyImp(V::V1_1));
-    const TzSoapBody copy = own.copy();
-    EXPECT_FALSE(TzSoapAccess::sameBody(copy, own));
-    EXPECT_NE(dynamic_cast<OwnBodyImp*>(&TzSoapAccess::body(copy)), nullptr);
-}
-
 TEST(TzSoapBody, copyOfACompositeEntrySharesItsChildren) {
     TzSoapCompositeType entry(TzXmlName("a"));
     TzSoapType child = named("child");

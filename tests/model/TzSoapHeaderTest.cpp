@@ -219,20 +219,6 @@ TEST(TzSoapHeader, copiesShareAndCopyDoesNot) {
     EXPECT_EQ(TzSoapAccess::body(own).getVersion(), V::V1_1);
 }
 
-/// A header of a program that derives from the library's.
-class OwnHeaderImp : public TzSoapHeaderImp {
-public:
-    using TzSoapHeaderImp::TzSoapHeaderImp;
-    OwnHeaderImp* clone() const override { return new OwnHeaderImp(*this); }
-};
-
-TEST(TzSoapHeader, copyIsMadeByTheBodysOwnClass) {
-    const auto own = TzSoapAccess::handle<TzSoapHeader>(new OwnHeaderImp(V::V1_1));
-    const TzSoapHeader copy = own.copy();
-    EXPECT_FALSE(TzSoapAccess::sameBody(copy, own));
-    EXPECT_NE(dynamic_cast<OwnHeaderImp*>(&TzSoapAccess::body(copy)), nullptr);
-}
-
 TEST(TzSoapHeader, copyOfAnEntryKeepsItsKindAndText) {
     TzSoapHeader h = header();
     h.appendHeaderEntry(TzSoapSimpleType("a", "text", TzSoapContentBase::xsdString, true), true);

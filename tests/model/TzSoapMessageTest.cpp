@@ -260,20 +260,6 @@ TEST(TzSoapMessage, copyHasEverythingAndSharesNothing) {
     EXPECT_TRUE(message.getSoapBody().hasSoapFault());
 }
 
-/// A message of a program that derives from the library's.
-class OwnMessageImp : public TzSoapMessageImp {
-public:
-    using TzSoapMessageImp::TzSoapMessageImp;
-    OwnMessageImp* clone() const override { return new OwnMessageImp(*this); }
-};
-
-TEST(TzSoapMessage, copyIsMadeByTheBodysOwnClass) {
-    const auto own = TzSoapAccess::handle<TzSoapMessage>(new OwnMessageImp(V::V1_1));
-    const TzSoapMessage copy = own.copy();
-    EXPECT_FALSE(TzSoapAccess::sameBody(copy, own));
-    EXPECT_NE(dynamic_cast<OwnMessageImp*>(&TzSoapAccess::body(copy)), nullptr);
-}
-
 TEST(TzSoapMessage, clearEmptiesInPlace) {
     TzSoapMessage message = fullMessage();
     TzSoapHeader header = message.getSoapHeader();

@@ -12,6 +12,7 @@
 #include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimeMultipart.h>
 #include <tz/mime/TzMimePart.h>
+#include <tz/xml/TzXmlBadArgError.h>
 #include <tz/xml/TzXmlDomainError.h>
 #include <tz/xml/TzXmlError.h>
 
@@ -203,6 +204,27 @@ TEST(TzSoapWriter, KnowsWhetherEntriesLedToParts) {
     EXPECT_FALSE(attached(attachment, false));
     // What is written because something refers to it is no entry.
     EXPECT_FALSE(attached(TzSoapReferenceType(TzXmlName("to"), holder), true));
+}
+
+TEST(TzSoapWriter, TargetsOfAMessageThatFailedAreNotThoseOfTheNext) {
+    TzSoapSimpleType broken("b", std::string("\x01"), TzSoapType::xsdString, false);
+    broken.setIdAttribute("b");
+    TzSoapSimpleType behind = intValue("c", 1);
+    behind.setIdAttribute("c");
+    TzMimePart part;
+    part.insertHeader(TzMimeContentIdHeader("p1"));
+    TzXmlStringWriter text;
+    TzMimeMultipart multipart;
+    TzSoapWriter writer(&text, &multipart);
+    EXPECT_THROW(encodedMessage(TzSoapVersion::V1_1, {TzSoapReferenceType(TzXmlName("to"), broken),
+                                                      TzSoapReferenceType(TzXmlName("to"), behind)})
+                     .acceptVisitor(writer),
+                 TzXmlBadArgError);
+    text.setString("");
+    encodedMessage(TzSoapVersion::V1_1, {TzSoapReferenceType(TzXmlName("a"), part)})
+        .acceptVisitor(writer);
+    EXPECT_TRUE(writer.attached());
+    EXPECT_EQ(text.getString().find("<c "), std::string::npos) << text.getString();
 }
 
 TEST(TzSoapWriter, ChildrenStartWithTheSettingsOfTheirParent) {

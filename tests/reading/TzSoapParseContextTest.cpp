@@ -190,32 +190,20 @@ TEST(TzSoapParseContext, anIdPutInDirectlyIsFoundToo) {
 }
 
 TEST(TzSoapParseContext, resolvingForgetsReferencesAndTheIdsTheyName) {
-    TzSoapParseContext context;
-    const TzSoapReferenceType marked(true);
-    const TzSoapReferenceType bare(true);
-    file(context, "#x", marked);
-    file(context, "y", bare);
-    for (const char* id : {"x", "y", "z"}) {
-        context.fileId(identified("value", id));
+    for (const bool toValues : {true, false}) {
+        TzSoapParseContext context;
+        const TzSoapReferenceType marked(toValues);
+        const TzSoapReferenceType bare(toValues);
+        file(context, "#x", marked);
+        file(context, "y", bare);
+        for (const char* id : {"x", "y", "z"}) {
+            context.fileId(identified("value", id));
+        }
+        context.resolveAndClearIdReferences();
+        EXPECT_TRUE(context.getReferences().empty()) << toValues;
+        ASSERT_EQ(context.getIdEntries().size(), 1U) << toValues;
+        EXPECT_EQ(context.getIdEntries().begin()->first, "z") << toValues;
     }
-    context.resolveAndClearIdReferences();
-    EXPECT_TRUE(context.getReferences().empty());
-    ASSERT_EQ(context.getIdEntries().size(), 1U);
-    EXPECT_EQ(context.getIdEntries().begin()->first, "z");
-}
-
-TEST(TzSoapParseContext, referencesToPartsForgetTheIdsTheyNameToo) {
-    TzSoapParseContext context;
-    const TzSoapReferenceType marked(false);
-    const TzSoapReferenceType bare(false);
-    file(context, "#x", marked);
-    file(context, "y", bare);
-    for (const char* id : {"x", "y", "z"}) {
-        context.fileId(identified("value", id));
-    }
-    context.resolveAndClearIdReferences();
-    ASSERT_EQ(context.getIdEntries().size(), 1U);
-    EXPECT_EQ(context.getIdEntries().begin()->first, "z");
 }
 
 TEST(TzSoapParseContext, aReferenceToNothingStaysWithoutTarget) {

@@ -37,8 +37,8 @@ Parser* spareParser() noexcept {
     return threadEnds ? nullptr : &spare.parser;
 }
 
-/// A parser that has read more than this may hold much memory and goes.
-constexpr std::size_t ShortText = std::size_t{16} * 1024;
+/// A parser that has read more than this goes: what it holds can be twelve times the text.
+constexpr std::size_t ShortText = std::size_t{4} * 1024;
 
 Parser makeParser(const char* encoding) {
     Parser* const spare = spareParser();
