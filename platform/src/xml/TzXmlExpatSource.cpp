@@ -37,7 +37,7 @@ Parser* spareParser() noexcept {
     return threadEnds ? nullptr : &spare.parser;
 }
 
-/// A parser that has read more than this goes: what it holds can be twelve times the text.
+/// A parser that has read more than this goes: what it holds can be twenty times the text.
 constexpr std::size_t ShortText = std::size_t{4} * 1024;
 
 Parser makeParser(const char* encoding) {

@@ -17,7 +17,7 @@ class TzXmlNamespace;
 /// among the attributes. UTF-8, UTF-16, UTF-32, ISO-8859-1, US-ASCII and every single-byte encoding
 /// known to iconv are read; handlers always see UTF-8. A DOCTYPE is refused. Not locked: one parser
 /// is used by one thread at a time. Each thread that has read a text of up to 4 KiB keeps what that
-/// took, 10 to 80 KB, for the next one until it ends.
+/// took, 10 to 100 KB, for the next one until it ends.
 class TZ_PLATFORM_API TzXmlSAXParser {
 public:
     /// Depth of elements that is accepted unless told otherwise.
