@@ -3,6 +3,7 @@
 
 #include <soap/TzSoapElementHandle.h>
 #include <soap/TzSoapExport.h>
+#include <soap/TzSoapMemberAccess.h>
 #include <soap/TzSoapType.h>
 #include <soap/TzSoapValueList.h>
 #include <soap/TzSoapVersion.h>
@@ -21,7 +22,9 @@ class TzSoapVisitor;
 /// Copies share the body, `copy()` makes a new one. Every operation on a handle without a body
 /// throws `TzTHRInvalidPointer` "Invalid pointer". Handles that share a body may be copied and
 /// destroyed on different threads; the body itself is used by one thread at a time.
-class TZSOAP_API TzSoapBody : public TzHandleBase, public TzSoapElementHandle<TzSoapBody> {
+class TZSOAP_API TzSoapBody : public TzHandleBase,
+                              public TzSoapElementHandle<TzSoapBody>,
+                              public TzSoapMemberAccess<TzSoapBody> {
 public:
     /// Position of an entry, valid until that entry is removed.
     using iterator = TzSoapValueList::iterator;
@@ -49,8 +52,18 @@ public:
     iterator entriesEnd();
     /// Behind the last entry.
     const_iterator entriesEnd() const;
+    /// The first entry, for loops over all of them.
+    iterator begin() { return entriesBegin(); }
+    /// The first entry, for loops over all of them.
+    const_iterator begin() const { return entriesBegin(); }
+    /// The end of the entries.
+    iterator end() { return entriesEnd(); }
+    /// The end of the entries.
+    const_iterator end() const { return entriesEnd(); }
     /// Number of entries.
     unsigned int entryCount() const;
+    /// The first entry, shared with the body; `TzSoapMissingError` when the body has none.
+    TzSoapType getFirstEntry() const;
     /// Adds `entry`, shared, at the end.
     void appendEntry(const TzSoapType& entry);
     /// Adds `entry`, shared, at the front.
@@ -99,3 +112,5 @@ private:
 
     TzSoapElementImp& elementBody() const;
 };
+
+extern template class TzSoapMemberAccess<TzSoapBody>;

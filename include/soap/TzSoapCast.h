@@ -20,6 +20,12 @@ class TzSoapUserDefinedType;
 /// declared above. `TzTHRInvalidPointer` "Invalid pointer" for a handle without a body.
 template <typename Handle> std::optional<Handle> tzSoapCast(const TzSoapType& value);
 
+/// A handle of class `Handle`, one of the classes declared above, for the value that `value` stands
+/// for: itself, or what it refers to unless `Handle` is `TzSoapReferenceType`. `TzXmlBadArgError`
+/// with the element's name and kind when that is of another kind, `TzTHRInvalidPointer` "Invalid
+/// pointer" for a handle without a body. O(references in a row).
+template <typename Handle> Handle tzSoapAs(const TzSoapType& value);
+
 extern template TZSOAP_API std::optional<TzSoapArrayType> tzSoapCast(const TzSoapType&);
 extern template TZSOAP_API std::optional<TzSoapCompactArrayType> tzSoapCast(const TzSoapType&);
 extern template TZSOAP_API std::optional<TzSoapCompositeType> tzSoapCast(const TzSoapType&);
@@ -28,3 +34,11 @@ extern template TZSOAP_API std::optional<TzSoapReferenceType> tzSoapCast(const T
 extern template TZSOAP_API std::optional<TzSoapSimpleType> tzSoapCast(const TzSoapType&);
 extern template TZSOAP_API std::optional<TzSoapSparseArrayType> tzSoapCast(const TzSoapType&);
 extern template TZSOAP_API std::optional<TzSoapUserDefinedType> tzSoapCast(const TzSoapType&);
+extern template TZSOAP_API TzSoapArrayType tzSoapAs(const TzSoapType&);
+extern template TZSOAP_API TzSoapCompactArrayType tzSoapAs(const TzSoapType&);
+extern template TZSOAP_API TzSoapCompositeType tzSoapAs(const TzSoapType&);
+extern template TZSOAP_API TzSoapMisunderstoodType tzSoapAs(const TzSoapType&);
+extern template TZSOAP_API TzSoapReferenceType tzSoapAs(const TzSoapType&);
+extern template TZSOAP_API TzSoapSimpleType tzSoapAs(const TzSoapType&);
+extern template TZSOAP_API TzSoapSparseArrayType tzSoapAs(const TzSoapType&);
+extern template TZSOAP_API TzSoapUserDefinedType tzSoapAs(const TzSoapType&);

@@ -43,6 +43,14 @@ public:
     iterator childrenEnd();
     /// Behind the last child.
     const_iterator childrenEnd() const;
+    /// The first child, for loops over all of them.
+    iterator begin() { return childrenBegin(); }
+    /// The first child, for loops over all of them.
+    const_iterator begin() const { return childrenBegin(); }
+    /// The end of the children.
+    iterator end() { return childrenEnd(); }
+    /// The end of the children.
+    const_iterator end() const { return childrenEnd(); }
     /// Adds a child at the end.
     void appendChild(const TzSoapType& child);
     /// Adds a child at the front.

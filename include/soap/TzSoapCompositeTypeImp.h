@@ -34,6 +34,8 @@ public:
     /// O(children).
     TzSoapElementImp* clone() const override;
 
+    /// The children.
+    const TzSoapValueList& children() const noexcept { return children_; }
     /// Number of children.
     unsigned int childCount() const noexcept { return children_.size(); }
     /// The first child.

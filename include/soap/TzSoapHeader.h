@@ -3,6 +3,7 @@
 
 #include <soap/TzSoapElementHandle.h>
 #include <soap/TzSoapExport.h>
+#include <soap/TzSoapMemberAccess.h>
 #include <soap/TzSoapType.h>
 #include <soap/TzSoapValueList.h>
 #include <soap/TzSoapVersion.h>
@@ -23,7 +24,9 @@ class TzSoapVisitor;
 /// operation on a handle without a body throws `TzTHRInvalidPointer` "Invalid pointer". Handles
 /// that share a body may be copied and destroyed on different threads; the header itself is used by
 /// one thread at a time.
-class TZSOAP_API TzSoapHeader : public TzHandleBase, public TzSoapElementHandle<TzSoapHeader> {
+class TZSOAP_API TzSoapHeader : public TzHandleBase,
+                                public TzSoapElementHandle<TzSoapHeader>,
+                                public TzSoapMemberAccess<TzSoapHeader> {
 public:
     /// Position of an entry, valid until that entry is removed.
     using iterator = TzSoapValueList::iterator;
@@ -79,6 +82,14 @@ public:
     iterator entriesEnd();
     /// Behind the last entry.
     const_iterator entriesEnd() const;
+    /// The first entry, for loops over all of them.
+    iterator begin() { return entriesBegin(); }
+    /// The first entry, for loops over all of them.
+    const_iterator begin() const { return entriesBegin(); }
+    /// The end of the entries.
+    iterator end() { return entriesEnd(); }
+    /// The end of the entries.
+    const_iterator end() const { return entriesEnd(); }
     /// Number of entries.
     unsigned int entryCount() const;
     /// The first entry named `name`, `entriesEnd()` if there is none. O(entries).
@@ -122,3 +133,5 @@ private:
 
     TzSoapElementImp& elementBody() const;
 };
+
+extern template class TzSoapMemberAccess<TzSoapHeader>;

@@ -4,6 +4,7 @@
 #include <soap/TzSoapContentBase.h>
 #include <soap/TzSoapElementHandle.h>
 #include <soap/TzSoapExport.h>
+#include <soap/TzSoapMemberAccess.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/pointer/TzHandleBase.h>
 #include <tz/tools/TzCString.h>
@@ -20,7 +21,8 @@ class TzSoapVisitor;
 /// destroyed on different threads; the value itself is used by one thread at a time.
 class TZSOAP_API TzSoapType : public TzHandleBase,
                               public TzSoapContentBase,
-                              public TzSoapElementHandle<TzSoapType> {
+                              public TzSoapElementHandle<TzSoapType>,
+                              public TzSoapMemberAccess<TzSoapType> {
 public:
     /// A generic value without name.
     TzSoapType();
@@ -28,8 +30,9 @@ public:
     explicit TzSoapType(const TzXmlName& name);
     TzSoapType(const TzSoapType&) noexcept = default;
     TzSoapType(TzSoapType&&) noexcept = default;
-    TzSoapType& operator=(const TzSoapType&) noexcept = default;
-    TzSoapType& operator=(TzSoapType&&) noexcept = default;
+    // To lvalues only: assigned to what an operation returned, a value would be lost.
+    TzSoapType& operator=(const TzSoapType&) & noexcept = default;
+    TzSoapType& operator=(TzSoapType&&) & noexcept = default;
     ~TzSoapType() override = default;
 
     using TzSoapElementHandle<TzSoapType>::getName;
@@ -91,3 +94,5 @@ private:
 
     TzSoapElementImp& elementBody() const;
 };
+
+extern template class TzSoapMemberAccess<TzSoapType>;

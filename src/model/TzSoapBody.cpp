@@ -3,8 +3,10 @@
 
 #include <soap/TzSoapBodyImp.h>
 #include <soap/TzSoapConstVisitor.h>
+#include <soap/TzSoapMissingError.h>
 #include <soap/TzSoapVisitor.h>
 
+#include "model/TzSoapHeldFault.h"
 #include "output/TzSoapWriteText.h"
 
 TzSoapBody::TzSoapBody(TzSoapVersion::Version version) : TzSoapBody(new TzSoapBodyImp(version)) {}
@@ -32,6 +34,13 @@ TzSoapBody::iterator TzSoapBody::entriesEnd() { return body().entriesEnd(); }
 TzSoapBody::const_iterator TzSoapBody::entriesEnd() const { return body().entriesEnd(); }
 
 unsigned int TzSoapBody::entryCount() const { return body().entryCount(); }
+
+TzSoapType TzSoapBody::getFirstEntry() const {
+    if (entryCount() == 0) {
+        throw TzSoapMissingError(TzCString(), "the body has no entry" + tzSoapHeldFault(*this));
+    }
+    return *entriesBegin();
+}
 
 void TzSoapBody::appendEntry(const TzSoapType& entry) { body().appendEntry(entry); }
 

@@ -7,8 +7,8 @@
 #include "HttpPost.h"
 
 #include <soap/TzSoapHttpBinding.h>
-#include <soap/TzSoapLenientValue.h>
 #include <soap/TzSoapMessage.h>
+#include <soap/TzSoapValueReader.h>
 
 #include <functional>
 #include <iostream>
@@ -151,7 +151,7 @@ Finding shared(const Peer& peer) {
             return finding;
         }
     }
-    if (!TzSoapLenientValue(member(results, "same")).getBool()) {
+    if (!TzSoapValueReader(member(results, "same")).getBool()) {
         finding.result = "the peer read two objects";
     } else if (!sameValue(member(results, "first"), member(results, "second"))) {
         finding.result = "came back as two objects";
@@ -176,7 +176,7 @@ Finding answeredHeader(const Peer& peer, bool mandatory) {
     if (entry == header.entriesEnd()) {
         return {"no entry came back", {}};
     }
-    const std::string text = TzSoapLenientValue(*entry).getString();
+    const std::string text = TzSoapValueReader(*entry).getString();
     return {text == "ticket 7" ? "ok" : "came back \"" + text + '"', {}};
 }
 

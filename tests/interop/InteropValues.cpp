@@ -2,7 +2,7 @@
 #include "InteropValues.h"
 
 #include <soap/TzSoapCast.h>
-#include <soap/TzSoapLenientValue.h>
+#include <soap/TzSoapValueReader.h>
 #include <tz/mime/TzMimeBase64.h>
 #include <tz/tools/TzDateTime.h>
 
@@ -70,8 +70,8 @@ bool sameDouble(double left, double right) {
 }
 
 /// Whether two values of a type are one value.
-bool sameSimple(Base::SchemaType type, const TzSoapLenientValue& sent,
-                const TzSoapLenientValue& received) {
+bool sameSimple(Base::SchemaType type, const TzSoapValueReader& sent,
+                const TzSoapValueReader& received) {
     switch (type) {
     case Base::xsdBoolean:
         return sent.getBool() == received.getBool();
@@ -89,7 +89,7 @@ bool sameSimple(Base::SchemaType type, const TzSoapLenientValue& sent,
     }
 }
 
-std::string text(const TzSoapLenientValue& value) {
+std::string text(const TzSoapValueReader& value) {
     return value.isNull() ? "nil" : '"' + value.getString() + '"';
 }
 
@@ -114,8 +114,8 @@ std::string firstDifference(const std::string& sent, const std::string& received
 
 std::string simpleDifference(const TzSoapType& sent, const TzSoapType& received,
                              TypeChanges& changes) {
-    const TzSoapLenientValue before(sent);
-    const TzSoapLenientValue after(received);
+    const TzSoapValueReader before(sent);
+    const TzSoapValueReader after(received);
     if (before.isNull() || after.isNull()) {
         return before.isNull() == after.isNull()
                    ? std::string()
@@ -239,7 +239,7 @@ Base::SchemaType schemaTypeOf(const TzSoapType& value) {
 }
 
 TzSoapCompositeType structOf(const TzSoapType& value) {
-    const auto composite = tzSoapCast<TzSoapCompositeType>(TzSoapLenientValue::follow(value));
+    const auto composite = tzSoapCast<TzSoapCompositeType>(TzSoapValueReader::follow(value));
     if (!composite) {
         throw std::runtime_error(value.getName().getLocalName() + " is not a struct but of kind " +
                                  value.getSoapTypeIdAsString());
@@ -259,7 +259,7 @@ TzSoapType member(const TzSoapCompositeType& parent, const std::string& name) {
 }
 
 std::string findDeep(const TzSoapType& value, const std::string& name) {
-    const TzSoapType target = TzSoapLenientValue::follow(value);
+    const TzSoapType target = TzSoapValueReader::follow(value);
     if (const auto composite = tzSoapCast<TzSoapCompositeType>(target)) {
         for (auto child = composite->childrenBegin(); child != composite->childrenEnd(); ++child) {
             std::string found = findDeep(*child, name);
@@ -269,14 +269,14 @@ std::string findDeep(const TzSoapType& value, const std::string& name) {
         }
         return {};
     }
-    return value.getName().getLocalName() == name ? TzSoapLenientValue(value).getString()
+    return value.getName().getLocalName() == name ? TzSoapValueReader(value).getString()
                                                   : std::string();
 }
 
 bool sameValue(const TzSoapType& left, const TzSoapType& right) {
     // What one handle changes, the other sees if they share a value.
-    TzSoapType first = TzSoapLenientValue::follow(left);
-    const TzSoapType second = TzSoapLenientValue::follow(right);
+    TzSoapType first = TzSoapValueReader::follow(left);
+    const TzSoapType second = TzSoapValueReader::follow(right);
     const TzXmlName mark("mark-of-the-first");
     first.addAttribute(mark, "1");
     const bool same = second.hasAttribute(mark);
@@ -285,7 +285,7 @@ bool sameValue(const TzSoapType& left, const TzSoapType& right) {
 }
 
 std::string difference(const TzSoapType& sent, const TzSoapType& received, TypeChanges& changes) {
-    const TzSoapType target = TzSoapLenientValue::follow(received);
+    const TzSoapType target = TzSoapValueReader::follow(received);
     if (const auto before = tzSoapCast<TzSoapCompositeType>(sent)) {
         const auto after = tzSoapCast<TzSoapCompositeType>(target);
         return after ? structDifference(*before, *after, changes) : kindsDiffer(sent, target);

@@ -103,6 +103,13 @@ bool beginsWithTime(std::string_view text) { return text.size() > 2 && text[2] =
 
 } // namespace
 
+std::string_view TzXmlUtils::requireText(const char* text) {
+    if (text == nullptr) {
+        refuse("a null pointer is not a text");
+    }
+    return text;
+}
+
 void TzXmlUtils::getPrefixAndLocalName(std::string_view text, TzCString& prefix,
                                        TzCString& localName) {
     const std::size_t colon = text.find(':');

@@ -29,6 +29,9 @@ public:
 
     TzXmlUtils() = delete;
 
+    /// `text`, which stays the caller's; `TzXmlBadArgError` for a null pointer.
+    static std::string_view requireText(const char* text);
+
     /// Splits `text` at its first ':'; without one the prefix is "". `text` must not be a part of
     /// `prefix` or `localName`.
     static void getPrefixAndLocalName(std::string_view text, TzCString& prefix,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <soap/TzSoapLenientValue.h>
+#include <soap/TzSoapValueReader.h>
 
 #include <soap/TzSoapArrayTypeImp.h>
 #include <soap/TzSoapCast.h>
@@ -15,6 +15,7 @@
 #include <tz/xml/TzXmlUtils.h>
 
 #include "values/TzSoapNumberText.h"
+#include "values/TzSoapValueText.h"
 
 #include <algorithm>
 #include <array>
@@ -64,12 +65,6 @@ bool isNullAttribute(const TzXmlAttribute& attribute) {
     const TzXmlName& name = attribute.getName();
     return (name.getLocalName() == "nil" || name.getLocalName() == "null") &&
            TzXmlNamespace::matchXsi(name.getNamespace());
-}
-
-TzCString described(const TzSoapType& value) {
-    return TzSoapArrayTypeImp::isPlaceholder(value)
-               ? TzCString("an array position without item")
-               : "element " + tzQuoted(value.getName().getQualifiedName());
 }
 
 [[noreturn]] void fail(TzCString text) { TzThrow(TzXmlBadArgError(TzMessage(std::move(text)))); }
@@ -132,7 +127,7 @@ std::optional<TzCString> fromHex(std::string_view text) {
 
 // Texts are refused in the words of this class, not in those of the classes that read them.
 template <typename Reader>
-auto TzSoapLenientValue::parsed(const char* wanted, const Reader& reader) const {
+auto TzSoapValueReader::parsed(const char* wanted, const Reader& reader) const {
     const std::string_view text = trimmed(wanted);
     try {
         return reader(text);
@@ -143,19 +138,18 @@ auto TzSoapLenientValue::parsed(const char* wanted, const Reader& reader) const 
     }
 }
 
-TzSoapLenientValue::TzSoapLenientValue(const TzSoapType& value) : value_(follow(value)) {
+TzSoapValueReader::TzSoapValueReader(const TzSoapType& value) : value_(follow(value)) {
     readNull();
     const auto simple = tzSoapCast<TzSoapSimpleType>(value_);
     if (!simple && !null_) {
-        fail(described(value_) + " is not a simple value but of kind " +
-             tzQuoted(value_.getSoapTypeIdAsString()));
+        fail(tzSoapNotOfKind(value_, "a simple value"));
     }
     if (!null_) {
         text_ = simple->getString();
     }
 }
 
-TzSoapType TzSoapLenientValue::follow(const TzSoapType& value) {
+TzSoapType TzSoapValueReader::follow(const TzSoapType& value) {
     TzSoapType current = value;
     for (int i = 0; i < MostReferences; ++i) {
         const auto reference = tzSoapCast<TzSoapReferenceType>(current);
@@ -167,7 +161,7 @@ TzSoapType TzSoapLenientValue::follow(const TzSoapType& value) {
     return current;
 }
 
-void TzSoapLenientValue::readNull() {
+void TzSoapValueReader::readNull() {
     if (TzSoapArrayTypeImp::isPlaceholder(value_)) {
         null_ = true;
         return;
@@ -179,7 +173,7 @@ void TzSoapLenientValue::readNull() {
         });
 }
 
-TzSoapContentBase::SchemaType TzSoapLenientValue::getType() const {
+TzSoapContentBase::SchemaType TzSoapValueReader::getType() const {
     const auto simple = tzSoapCast<TzSoapSimpleType>(value_);
     if (simple && simple->getType() != Content::xsdUnknown) {
         return simple->getType();
@@ -190,7 +184,7 @@ TzSoapContentBase::SchemaType TzSoapLenientValue::getType() const {
     return alias != Aliases.end() ? alias->type : Content::schemaTypeFromName(name);
 }
 
-bool TzSoapLenientValue::getBool() const {
+bool TzSoapValueReader::getBool() const {
     constexpr const char* wanted = "a boolean";
     const std::optional<bool> value = toBool(trimmed(wanted));
     if (!value) {
@@ -199,33 +193,33 @@ bool TzSoapLenientValue::getBool() const {
     return *value;
 }
 
-int TzSoapLenientValue::getInt() const { return integer<int>("an int"); }
+int TzSoapValueReader::getInt() const { return integer<int>("an int"); }
 
-unsigned int TzSoapLenientValue::getUnsignedInt() const {
+unsigned int TzSoapValueReader::getUnsignedInt() const {
     return integer<unsigned int>("an unsigned int");
 }
 
-short TzSoapLenientValue::getShort() const { return integer<short>("a short"); }
+short TzSoapValueReader::getShort() const { return integer<short>("a short"); }
 
-unsigned short TzSoapLenientValue::getUnsignedShort() const {
+unsigned short TzSoapValueReader::getUnsignedShort() const {
     return integer<unsigned short>("an unsigned short");
 }
 
-long TzSoapLenientValue::getLong() const { return integer<long>("a long"); }
+long TzSoapValueReader::getLong() const { return integer<long>("a long"); }
 
-unsigned long TzSoapLenientValue::getUnsignedLong() const {
+unsigned long TzSoapValueReader::getUnsignedLong() const {
     return integer<unsigned long>("an unsigned long");
 }
 
-float TzSoapLenientValue::getFloat() const { return real<float>("a float"); }
+float TzSoapValueReader::getFloat() const { return real<float>("a float"); }
 
-double TzSoapLenientValue::getDouble() const { return real<double>("a double"); }
+double TzSoapValueReader::getDouble() const { return real<double>("a double"); }
 
-TzDecimalPortable TzSoapLenientValue::getDecimal() const {
+TzDecimalPortable TzSoapValueReader::getDecimal() const {
     return parsed("a decimal", [](std::string_view text) { return TzDecimalPortable(text); });
 }
 
-TzDate TzSoapLenientValue::getDate() const {
+TzDate TzSoapValueReader::getDate() const {
     return parsed("a date", [](std::string_view text) {
         return text.find('T') == std::string_view::npos
                    ? TzXmlUtils::convertISODateStringToDate(text)
@@ -233,7 +227,7 @@ TzDate TzSoapLenientValue::getDate() const {
     });
 }
 
-TzDateTime TzSoapLenientValue::getDateTime() const {
+TzDateTime TzSoapValueReader::getDateTime() const {
     return parsed("a date and time", [](std::string_view text) {
         const bool hasTime = text.find('T') != std::string_view::npos || text.find(':') == 2;
         return hasTime ? TzXmlUtils::convertISODateStringToDateTime(text)
@@ -241,11 +235,11 @@ TzDateTime TzSoapLenientValue::getDateTime() const {
     });
 }
 
-TzXmlDuration TzSoapLenientValue::getDuration() const {
+TzXmlDuration TzSoapValueReader::getDuration() const {
     return parsed("a duration", [](std::string_view text) { return TzXmlDuration(text); });
 }
 
-TzCString TzSoapLenientValue::getBytes() const {
+TzCString TzSoapValueReader::getBytes() const {
     const bool hex = getType() == Content::xsdHexBinary;
     const char* const wanted = hex ? "hexadecimal digits" : "base64";
     const std::string_view text = trimmed(wanted);
@@ -256,19 +250,19 @@ TzCString TzSoapLenientValue::getBytes() const {
     return *std::move(bytes);
 }
 
-void TzSoapLenientValue::refuse(const char* wanted) const {
-    fail(null_ ? described(value_) + " is nil, not " + wanted
-               : described(value_) + ": " + tzQuoted(text_) + " is not " + wanted);
+void TzSoapValueReader::refuse(const char* wanted) const {
+    fail(null_ ? tzSoapDescribed(value_) + " is nil, not " + wanted
+               : tzSoapDescribed(value_) + ": " + tzQuoted(text_) + " is not " + wanted);
 }
 
-std::string_view TzSoapLenientValue::trimmed(const char* wanted) const {
+std::string_view TzSoapValueReader::trimmed(const char* wanted) const {
     if (null_) {
         refuse(wanted);
     }
     return trim(text_);
 }
 
-template <typename Number> Number TzSoapLenientValue::integer(const char* wanted) const {
+template <typename Number> Number TzSoapValueReader::integer(const char* wanted) const {
     using Limits = std::numeric_limits<Number>;
     using Size = std::make_unsigned_t<Number>;
     const auto [digits, negative] = splitSign(trimmed(wanted));
@@ -281,7 +275,7 @@ template <typename Number> Number TzSoapLenientValue::integer(const char* wanted
     return static_cast<Number>(negative ? static_cast<Size>(Size() - *size) : *size);
 }
 
-template <typename Number> Number TzSoapLenientValue::real(const char* wanted) const {
+template <typename Number> Number TzSoapValueReader::real(const char* wanted) const {
     const std::string_view text = trimmed(wanted);
     if (tzEqualIgnoreCase(text, "nan")) {
         return std::numeric_limits<Number>::quiet_NaN();

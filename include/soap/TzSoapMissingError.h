@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapExport.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlError.h>
+
+/// A message does not hold the element that a program asked for.
+///
+/// The text says which element and what stands there instead, as far as that helps:
+/// `placeOrder/lines/line[3]/amount is missing`, with the reason after a semicolon.
+class TZSOAP_API TzSoapMissingError : public TzXmlError {
+public:
+    /// An error about the element at `path` that says `text`.
+    TzSoapMissingError(TzCString path, const TzCString& text);
+    TzSoapMissingError(const TzSoapMissingError&) = default;
+    TzSoapMissingError& operator=(const TzSoapMissingError&) = default;
+    ~TzSoapMissingError() override;
+
+    /// The first element that is missing, as local names from the value that was asked down to it,
+    /// such as "placeOrder/lines/line[3]". "" when a body without entries was asked for its first.
+    const TzCString& getPath() const noexcept { return path_; }
+
+private:
+    TzCString path_;
+};

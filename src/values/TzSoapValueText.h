@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapArrayTypeImp.h>
+#include <soap/TzSoapType.h>
+#include <tz/tools/TzCString.h>
+
+/// How errors call a value: by its name, as far as it has one.
+inline TzCString tzSoapDescribed(const TzSoapType& value) {
+    return TzSoapArrayTypeImp::isPlaceholder(value)
+               ? TzCString("an array position without item")
+               : "element " + tzQuoted(value.getName().getQualifiedName());
+}
+
+/// The error text about a value that is not `wanted`, such as "a composite".
+inline TzCString tzSoapNotOfKind(const TzSoapType& value, const char* wanted) {
+    return tzSoapDescribed(value) + " is not " + wanted + " but of kind " +
+           tzQuoted(value.getSoapTypeIdAsString());
+}
