@@ -17,10 +17,13 @@ namespace {
 void tell(const std::string& file, const char* place, const std::exception& error) {
     std::cerr << file;
     const auto* const parseError = dynamic_cast<const TzXmlParseError*>(&error);
-    if (parseError != nullptr && parseError->getLine() != 0) {
+    const bool placed = parseError != nullptr && parseError->getLine() != 0;
+    if (placed) {
         std::cerr << place << ':' << parseError->getLine() << ':' << parseError->getColumn();
     }
-    std::cerr << ": " << escape::forTerminal(error.what()) << '\n';
+    // Some texts end with the place that the file name has already.
+    const std::string text = placed ? parseError->getMessage().asString() : error.what();
+    std::cerr << ": " << escape::forTerminal(text) << '\n';
 }
 
 ExitStatus report(const std::string& file, const char* place, const std::function<void()>& work) {

@@ -43,6 +43,9 @@ public:
     const TzSoapFault& getSoapFault() const;
     /// Whether the fault has a code.
     bool hasSoapFault() const;
+    /// Whether the Body that was read had a Fault element: also one without a code, which
+    /// `hasSoapFault` does not see. False for what the program makes.
+    bool hasFaultElement() const;
 
     /// The first entry.
     iterator entriesBegin();

@@ -51,6 +51,8 @@ public:
     const TzSoapFault& getSoapFault() const noexcept { return fault_; }
     /// Whether the fault has a code.
     bool hasSoapFault() const;
+    /// Whether the Body that was read had a Fault element, with or without a code.
+    bool hasFaultElement() const noexcept { return hasFaultElement_; }
 
     /// The entries.
     TzSoapValueList& entries() noexcept { return entries_; }
@@ -92,6 +94,7 @@ private:
     TzSoapVersion::Version version_;
     TzSoapValueList entries_;
     TzSoapFault fault_;
+    bool hasFaultElement_ = false;
 };
 
 /// Whether both have equally many entries that share their bodies position by position; names,

@@ -16,7 +16,8 @@ public:
     void startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) override;
     /// Does nothing here.
     void endElement(const TzXmlName& name) override;
-    /// Does nothing here.
+    /// Has no use for text: what is not white space is reported as left out, see
+    /// `TzSoapMessage::getDroppedText`.
     void characters(const TzCString& text) override;
     ~TzSoapContentHandler() override;
 

@@ -116,10 +116,13 @@ private:
     State stateAfter(const TzXmlName& name) const;
     void readDetail(const TzXmlName& name, const TzXmlAttributeSet& attributes);
     void setValue();
+    bool takesText() const noexcept;
+    void noteUnusedText();
     TzXmlName convertToFaultcode(const TzCString& text) const;
     TzCString uriForPrefix(const TzCString& prefix) const;
 
     TzCString text_;
+    bool textIsUnused_ = false; // nothing was made of it yet
     TzXmlName code_;
     TzCString reason_;
     TzCString node_;

@@ -3,6 +3,7 @@
 
 #include <soap/TzMessageBase.h>
 #include <soap/TzSoapBody.h>
+#include <soap/TzSoapDroppedText.h>
 #include <soap/TzSoapElementHandle.h>
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapFault.h>
@@ -62,6 +63,14 @@ public:
     /// `TzXmlBoundsError` for arrays that declare more than the limits allow. After an error the
     /// content is what was read so far: only extract again. O(text).
     virtual void extract(const TzCString& text);
+    /// Whether the last `extract` left text out because the model has no place for it: text other
+    /// than white space beside the children of Envelope, Header, Body, a composite value or an
+    /// array, in a reference, in a Misunderstood entry, and directly in a Fault or in those of its
+    /// children that hold elements. False before the first `extract`.
+    bool hasDroppedText() const;
+    /// How much text the last `extract` left out, and where the first of it was; see
+    /// `hasDroppedText`.
+    TzSoapDroppedText getDroppedText() const;
     /// The package that the message was last read from, shared; without parts when that was a bare
     /// envelope, or when nothing was read. Holds parts that no reference refers to as well.
     const TzMimeMultipart& getMimeMultipart() const;

@@ -3,6 +3,7 @@
 
 #include <soap/TzSoapBody.h>
 #include <soap/TzSoapContentHandler.h>
+#include <soap/TzSoapDroppedText.h>
 #include <soap/TzSoapElementImp.h>
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapHeader.h>
@@ -90,6 +91,8 @@ public:
     const TzSoapReadLimits& getReadLimits() const noexcept { return readLimits_; }
     /// Sets what `extract` accepts.
     void setReadLimits(const TzSoapReadLimits& limits) noexcept { readLimits_ = limits; }
+    /// What the last `extract` left out.
+    const TzSoapDroppedText& getDroppedText() const noexcept { return droppedText_; }
     /// The package that the message was last extracted from, without parts for a bare envelope.
     const TzMimeMultipart& getMimeMultipart() const noexcept { return multipart_; }
 
@@ -104,6 +107,8 @@ public:
     void startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) override;
     /// The Envelope ends.
     void endElement(const TzXmlName& name) override;
+    /// Text beside the children of the Envelope is left out, see `getDroppedText`.
+    void characters(const TzCString& text) override;
 
     /// Takes note of a reference that was read and closes a ring of values holding each other. Its
     /// target is taken from it when this message and its copies have died or read something else.
@@ -121,7 +126,7 @@ private:
     void parseEnvelope(std::string_view text);
     void populate(const TzXmlName& name, const TzXmlAttributeSet& attributes);
     void startPart(const TzXmlName& name, const TzXmlAttributeSet& attributes);
-    [[noreturn]] void refuse(const TzMessage& message);
+    [[noreturn]] void refuse(const TzMessage& message, const TzXmlName& element);
     void breakRings() noexcept;
     TzSoapParseContext& context();
     TzXmlSAXParser& parser();
@@ -136,6 +141,7 @@ private:
     TzCString encodingPrefix_;
     TzMimeMultipart multipart_;
     TzSoapReadLimits readLimits_;
+    TzSoapDroppedText droppedText_;
     std::shared_ptr<Rings> rings_;     // shared with copies
     std::unique_ptr<Parsing> parsing_; // made by the first extract
     ReadState readState_ = AwaitingEnvelope;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <soap/TzSoapDroppedText.h>
 #include <soap/TzSoapEncodingStyles.h>
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapReadLimits.h>
@@ -122,6 +123,11 @@ public:
     /// Gives back positions that an item was read for.
     void returnUnfilledPositions(std::size_t positions) noexcept { unfilledLeft_ += positions; }
 
+    /// Takes note of `text` that nothing is made of, unless it is white space.
+    void noteDroppedText(std::string_view text);
+    /// The text that was left out so far.
+    const TzSoapDroppedText& getDroppedText() const noexcept { return droppedText_; }
+
     /// Empties all collections and forgets half-open scopes; parser, package and message stay.
     void clear();
 
@@ -185,6 +191,7 @@ private:
     std::vector<TzSoapType> kept_;
     std::size_t unfilledLeft_;
     std::size_t uriLimit_;
+    TzSoapDroppedText droppedText_;
     std::vector<std::unique_ptr<TzSoapTypeHandlers>> spareHandlers_;
     std::array<RecentName, 8> recentNames_; // few types make up most of a message
     std::size_t nextRecent_ = 0;

@@ -14,6 +14,7 @@
 #include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapAccess.h"
+#include "reading/TzSoapErrorDetail.h"
 
 #include <algorithm>
 
@@ -168,7 +169,9 @@ void TzSoapHttpBinding::unpack(const TzSoapHttpTransportContext& context, const 
     } else if (mediaTypeOf(content) != nullptr) {
         unpackXml(content, body, message);
     } else {
-        TzThrow(TzXmlParseError(TzMessage(tzsoap_INVALID_CONTENT_TYPE()), TzCString(), 0, 0));
+        TzThrow(tzWithDetail(
+            TzXmlParseError(TzMessage(tzsoap_INVALID_CONTENT_TYPE()), TzCString(), 0, 0),
+            TzSoapErrorDetail::ofHeader(getContentTypeLabel(), contentType)));
     }
 }
 

@@ -16,6 +16,7 @@
 
 #include "mime/TzSoapAttachmentFinder.h"
 #include "output/TzSoapWriteText.h"
+#include "reading/TzSoapErrorDetail.h"
 
 #include <typeinfo>
 #include <utility>
@@ -58,8 +59,8 @@ TzMimePart rootPart(const TzCString& id, TzCString envelope) {
     return part;
 }
 
-[[noreturn]] void refusePackage(const TzCatMsg* reason) {
-    TzThrow(TzXmlParseError(TzMessage(reason), TzCString(), 0, 0));
+[[noreturn]] void refusePackage(const TzCatMsg* reason, const TzCString& detail) {
+    TzThrow(tzWithDetail(TzXmlParseError(TzMessage(reason), TzCString(), 0, 0), detail));
 }
 
 /// Puts the envelope in front of the parts it refers to and says what the package is.
@@ -134,13 +135,21 @@ void TzSoapMessageImp::extract(const TzMimeMultipart& multipart) {
     // The caller's handle may be the one that is replaced.
     // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const TzMimeMultipart package = multipart;
-    if (package.findHeader(TzMimeContentTypeHeader::Label) == TzMimePart::NotFound) {
-        refusePackage(tzsoap_MIME_NOT_MULTIPART());
+    const std::size_t type = package.findHeader(TzMimeContentTypeHeader::Label);
+    if (type == TzMimePart::NotFound) {
+        refusePackage(tzsoap_MIME_NOT_MULTIPART(), "there is no Content-Type header");
     }
     multipart_ = package;
     const std::size_t root = package.findRootPart();
     if (root == TzMimePart::NotFound) {
-        refusePackage(tzsoap_NO_MIME_SOAP_BODY_PART());
+        refusePackage(tzsoap_NO_MIME_SOAP_BODY_PART(),
+                      TzSoapErrorDetail::ofHeader(TzMimeContentTypeHeader::Label,
+                                                  package.getHeader(type).getValue()));
     }
-    parseEnvelope(package.getPart(root).getBodyView());
+    try {
+        parseEnvelope(package.getPart(root).getBodyView());
+    } catch (Tzxmsg& error) {
+        error.addDetail("in the root part of the package");
+        throw;
+    }
 }

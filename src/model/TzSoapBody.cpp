@@ -25,6 +25,8 @@ const TzSoapFault& TzSoapBody::getSoapFault() const { return body().getSoapFault
 
 bool TzSoapBody::hasSoapFault() const { return body().hasSoapFault(); }
 
+bool TzSoapBody::hasFaultElement() const { return body().hasFaultElement(); }
+
 TzSoapBody::iterator TzSoapBody::entriesBegin() { return body().entriesBegin(); }
 
 TzSoapBody::const_iterator TzSoapBody::entriesBegin() const { return body().entriesBegin(); }

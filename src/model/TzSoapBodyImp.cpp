@@ -15,8 +15,8 @@ TzSoapBodyImp::TzSoapBodyImp(TzSoapVersion::Version version)
 
 TzSoapBodyImp::TzSoapBodyImp(const TzSoapBodyImp& other)
     : TzSoapElementImp(other), TzBodyBase(other), TzSoapGenericTypeHandler(other),
-      version_(other.version_), entries_(other.entries_.copyValues()), fault_(other.fault_.copy()) {
-}
+      version_(other.version_), entries_(other.entries_.copyValues()), fault_(other.fault_.copy()),
+      hasFaultElement_(other.hasFaultElement_) {}
 
 TzSoapBodyImp::~TzSoapBodyImp() = default;
 
@@ -35,6 +35,7 @@ void TzSoapBodyImp::clear() {
     fault.clear();
     fault.clearSubcodes();
     fault.setVersion(version_);
+    hasFaultElement_ = false;
 }
 
 bool TzSoapBodyImp::hasSoapFault() const {
@@ -52,6 +53,7 @@ void TzSoapBodyImp::startElement(const TzXmlName& name, const TzXmlAttributeSet&
         return TzSoapGenericTypeHandler::startElement(name, attributes);
     }
     popChildStyle();
+    hasFaultElement_ = true;
     TzSoapAccess::body(fault_).populate(name, attributes, context());
 }
 

@@ -7,6 +7,8 @@
 
 #include "model/TzSoapAccess.h"
 
+#include <utility>
+
 // In the order in which an element is compared with them.
 const TzSoapFaultImp::Transition TzSoapFaultImp::Transitions[] = {
     {TzSoapVersion::FaultCode, State::Code},       {TzSoapVersion::FaultValue, State::SubcodeValue},
@@ -60,6 +62,7 @@ void TzSoapFaultImp::populate(const TzXmlName& name, const TzXmlAttributeSet& at
                               TzSoapParseContext* context) {
     name_ = name;
     state_ = State::None;
+    textIsUnused_ = false;
     scopes_.clear();
     // The attributes are not kept, but codes may use the prefixes that they declare.
     element_ = std::make_unique<TzXmlElementImp>(name);
@@ -94,9 +97,21 @@ void TzSoapFaultImp::readDetail(const TzXmlName& name, const TzXmlAttributeSet& 
     TzSoapAccess::body(details_).populate(name, attributes, context());
 }
 
-void TzSoapFaultImp::characters(const TzCString& text) { text_ = text; }
+void TzSoapFaultImp::characters(const TzCString& text) {
+    noteUnusedText();
+    text_ = text;
+    textIsUnused_ = true;
+}
+
+void TzSoapFaultImp::noteUnusedText() {
+    if (std::exchange(textIsUnused_, false)) {
+        context()->noteDroppedText(text_);
+    }
+}
 
 void TzSoapFaultImp::endElement(const TzXmlName&) {
+    textIsUnused_ = textIsUnused_ && !takesText();
+    noteUnusedText();
     setValue();
     if (!scopes_.empty()) {
         scopes_.pop_back();
@@ -107,14 +122,30 @@ void TzSoapFaultImp::endElement(const TzXmlName&) {
     declineEvents();
 }
 
-void TzSoapFaultImp::setValue() {
+bool TzSoapFaultImp::takesText() const noexcept {
     switch (state_) {
     case State::Code:
         // A version with an element for the value has nothing to say here.
-        if (TzSoapVersion::getSoapElementName(TzSoapVersion::FaultValue, version_).isEmpty()) {
-            code_ = convertToFaultcode(text_);
-        }
+        return TzSoapVersion::getSoapElementName(TzSoapVersion::FaultValue, version_).isEmpty();
+    case State::CodeValue:
+    case State::SubcodeValue:
+    case State::Reason:
+    case State::Node:
+    case State::Role:
+        return true;
+    case State::None:
+    case State::Subcode:
+    case State::Detail:
         break;
+    }
+    return false;
+}
+
+void TzSoapFaultImp::setValue() {
+    const State state = takesText() ? state_ : State::None;
+    state_ = State::None;
+    switch (state) {
+    case State::Code:
     case State::CodeValue:
         code_ = convertToFaultcode(text_);
         break;
@@ -135,7 +166,6 @@ void TzSoapFaultImp::setValue() {
     case State::Detail:
         break;
     }
-    state_ = State::None;
 }
 
 TzXmlName TzSoapFaultImp::convertToFaultcode(const TzCString& text) const {

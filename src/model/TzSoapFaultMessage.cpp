@@ -46,7 +46,7 @@ TzCString reasonFor(const Tzxmsg& error) {
         return error.asString();
     }
     return "line " + std::to_string(unread->getLine()) + ", column " +
-           std::to_string(unread->getColumn()) + ": " + error.asString();
+           std::to_string(unread->getColumn()) + ": " + unread->getMessage().asString();
 }
 
 } // namespace

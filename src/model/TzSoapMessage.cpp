@@ -68,6 +68,10 @@ void TzSoapMessage::setReadLimits(const TzSoapReadLimits& limits) { body().setRe
 
 TzSoapReadLimits TzSoapMessage::getReadLimits() const { return body().getReadLimits(); }
 
+bool TzSoapMessage::hasDroppedText() const { return body().getDroppedText().count > 0; }
+
+TzSoapDroppedText TzSoapMessage::getDroppedText() const { return body().getDroppedText(); }
+
 TzSoapMessage TzSoapMessage::copy() const { return TzSoapMessage(body().clone()); }
 
 void TzSoapMessage::acceptVisitor(TzSoapVisitor& visitor) { visitor.visit(*this); }

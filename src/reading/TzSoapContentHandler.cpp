@@ -8,7 +8,11 @@ void TzSoapContentHandler::startElement(const TzXmlName&, const TzXmlAttributeSe
 
 void TzSoapContentHandler::endElement(const TzXmlName&) {}
 
-void TzSoapContentHandler::characters(const TzCString&) {}
+void TzSoapContentHandler::characters(const TzCString& text) {
+    if (context_ != nullptr && !text.empty()) {
+        context_->noteDroppedText(text);
+    }
+}
 
 TzSoapContentHandler::~TzSoapContentHandler() = default;
 

@@ -12,6 +12,7 @@
 #include <tz/xml/TzXmlWriter.h>
 
 #include "model/TzSoapAccess.h"
+#include "reading/TzSoapErrorDetail.h"
 
 #include <array>
 
@@ -73,6 +74,7 @@ class TzSoapMessageImp::Reading {
 public:
     explicit Reading(TzSoapMessageImp& message) : message_(message) {}
     ~Reading() {
+        message_.droppedText_ = message_.context().getDroppedText();
         message_.context().dropTargets();
         message_.context().clear();
         message_.parser().setContentHandler(nullptr);
@@ -95,7 +97,9 @@ private:
 void TzSoapMessageImp::parseEnvelope(std::string_view text) {
     const std::size_t tag = text.find(TzXmlWriter::StartTag);
     if (tag == std::string_view::npos) {
-        TzThrow(TzXmlParseError(TzMessage(tzsoap_NO_SOAP_ENVELOPE()), TzCString(), 1, 1));
+        TzThrow(
+            tzWithDetail(TzXmlParseError(TzMessage(tzsoap_NO_SOAP_ENVELOPE()), TzCString(), 1, 1),
+                         TzSoapErrorDetail::ofText(text)));
     }
     breakRings();
     Reading reading(*this);
@@ -112,15 +116,17 @@ void TzSoapMessageImp::parseEnvelope(std::string_view text) {
     reading.succeed();
 }
 
-void TzSoapMessageImp::refuse(const TzMessage& message) {
-    TzThrow(TzXmlParseError(message, TzCString(), parser().getLine(), parser().getColumn()));
+void TzSoapMessageImp::refuse(const TzMessage& message, const TzXmlName& element) {
+    TzThrow(tzWithDetail(
+        TzXmlParseError(message, TzCString(), parser().getLine(), parser().getColumn()),
+        TzSoapErrorDetail::ofElement(element)));
 }
 
 void TzSoapMessageImp::startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
     switch (readState_) {
     case AwaitingEnvelope:
         if (name.getLocalName() != getName().getLocalName()) {
-            refuse(TzMessage(tzsoap_NO_SOAP_ENVELOPE()));
+            refuse(TzMessage(tzsoap_NO_SOAP_ENVELOPE()), name);
         }
         populate(name, attributes);
         readState_ = InEnvelope;
@@ -140,14 +146,14 @@ void TzSoapMessageImp::startPart(const TzXmlName& name, const TzXmlAttributeSet&
     } else if (names.matchSoapElement(name, TzSoapVersion::Body)) {
         TzSoapAccess::body(getSoapBody()).populate(name, attributes, &context());
     } else {
-        refuse(TzMessage(tzsoap_UNKNOWN_SOAP_ELEMENT(), name.getLocalName()));
+        refuse(TzMessage(tzsoap_UNKNOWN_SOAP_ELEMENT(), name.getLocalName()), name);
     }
 }
 
 void TzSoapMessageImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
     TzSoapVersion::Version version = getVersion();
     if (!TzSoapVersion::isSupportedVersion(name.getNamespace(), version)) {
-        refuse(TzMessage(tzsoap_UNKNOWN_VERSION(), name.getUri()));
+        refuse(TzMessage(tzsoap_UNKNOWN_VERSION(), name.getUri()), name);
     }
     clear();
     setVersion(version);
@@ -157,6 +163,8 @@ void TzSoapMessageImp::populate(const TzXmlName& name, const TzXmlAttributeSet& 
     context().getNamespaces().push_back(this);
     context().setSoapMessageImp(this);
 }
+
+void TzSoapMessageImp::characters(const TzCString& text) { context().noteDroppedText(text); }
 
 void TzSoapMessageImp::endElement(const TzXmlName&) {
     readState_ = EnvelopeEnded;

@@ -9,12 +9,14 @@
 #include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlElementImp.h>
 #include <tz/xml/TzXmlSAXParser.h>
+#include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapAccess.h"
 #include "reading/TzSoapMimeLookup.h"
 #include "reading/TzSoapRings.h"
 #include "reading/TzSoapTypeHandlers.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -56,9 +58,10 @@ TzSoapVersion::Version TzSoapParseContext::getVersion() const {
 
 void TzSoapParseContext::pushEncodingStyle(const TzCString& style) {
     if (style.size() > uriLimit_) {
-        TzThrow(TzXmlParseError(TzMessage("an encoding style is too long"), TzCString(),
-                                parser_ == nullptr ? 0 : parser_->getLine(),
-                                parser_ == nullptr ? 0 : parser_->getColumn()));
+        const std::size_t line = parser_ == nullptr ? 0 : parser_->getLine();
+        const std::size_t column = parser_ == nullptr ? 0 : parser_->getColumn();
+        TzThrow(tzWithDetail(TzXmlParseError::at("an encoding style is too long", line, column),
+                             "the limit is " + std::to_string(uriLimit_)));
     }
     encodingStyles_.push(style);
 }
@@ -265,7 +268,18 @@ bool TzSoapParseContext::takeUnfilledPositions(std::size_t positions) noexcept {
     return true;
 }
 
+void TzSoapParseContext::noteDroppedText(std::string_view text) {
+    if (std::all_of(text.begin(), text.end(), TzXmlUtils::isWhiteSpace)) {
+        return;
+    }
+    if (droppedText_.count++ == 0 && parser_ != nullptr) {
+        droppedText_.line = parser_->getLine();
+        droppedText_.column = parser_->getColumn();
+    }
+}
+
 void TzSoapParseContext::clear() {
+    droppedText_ = {};
     encodingStyles_.clear();
     namespaces_.clear();
     references_.clear();

@@ -65,6 +65,7 @@ void TzSoapUnknownTypeHandler::characters(const TzCString& text) { text_ += text
 
 void TzSoapUnknownTypeHandler::startElement(const TzXmlName& name,
                                             const TzXmlAttributeSet& attributes) {
+    context()->noteDroppedText(text_);
     auto* body = new TzSoapCompositeTypeImp();
     const auto composite = TzSoapAccess::handle<TzSoapCompositeType>(body);
     body->takeElement(*element_);
@@ -106,6 +107,7 @@ void TzSoapUnknownTypeHandler::finishSimple() {
 }
 
 void TzSoapUnknownTypeHandler::finishMisunderstood() {
+    context()->noteDroppedText(text_);
     auto* body = new TzSoapMisunderstoodTypeImp();
     const auto value = TzSoapAccess::handle<TzSoapMisunderstoodType>(body);
     body->setQualifiedName(misunderstoodName());

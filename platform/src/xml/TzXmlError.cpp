@@ -6,3 +6,6 @@ TzXmlError::TzXmlError(const TzMessage& message) : Tzxmsg(message.asString()), m
 TzXmlError::TzXmlError(const TzCString& text) : TzXmlError(TzMessage(text)) {}
 
 TzXmlError::~TzXmlError() = default;
+
+TzXmlError::TzXmlError(const TzCString& text, std::size_t line, std::size_t column)
+    : Tzxmsg(text, line, column), message_(text) {}

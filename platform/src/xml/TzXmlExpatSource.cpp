@@ -156,7 +156,7 @@ void ExpatSource::fail() const {
     if (error == XML_ERROR_NO_MEMORY) {
         throw std::bad_alloc();
     }
-    throw TzXmlParseError(TzMessage(XML_ErrorString(error)), {}, line(), column());
+    throw TzXmlParseError::at(XML_ErrorString(error), line(), column());
 }
 
 void ExpatSource::onDeclaration(void* data, const char* version, const char* encoding,

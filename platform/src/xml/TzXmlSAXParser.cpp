@@ -71,6 +71,7 @@ private:
     void collectMany(const char* const* attributes);
     bool namesRepeat() const noexcept;
     [[noreturn]] void refuse(const char* reason) const;
+    [[noreturn]] void refuseBeyond(const char* reason, std::size_t limit) const;
 
     TzXmlSAXParser& parser_;
     TzXmlByteForm form_;
@@ -151,7 +152,7 @@ void TzXmlSAXParser::Session::deliverText() {
 
 TzXmlSAXParser::Session::OpenElement& TzXmlSAXParser::Session::open() {
     if (depth_ >= parser_.depthLimit_) {
-        refuse("elements are nested too deeply");
+        refuseBeyond("elements are nested too deeply", parser_.depthLimit_);
     }
     if (depth_ == elements_.size()) {
         elements_.emplace_back();
@@ -178,7 +179,7 @@ std::size_t TzXmlSAXParser::Session::declareOne(std::string_view spelling, const
     }
     const std::string_view text = uri;
     if (text.size() > parser_.uriLimit_) {
-        refuse("the URI of a namespace is too long");
+        refuseBeyond("the URI of a namespace is too long", parser_.uriLimit_);
     }
     return resolver_.declare(prefixed ? spelling.substr(Prefixed.size()) : std::string_view(),
                              text);
@@ -190,7 +191,7 @@ const TzXmlAttributeSet& TzXmlSAXParser::Session::collect(const char* const* att
         ++count;
     }
     if (count > parser_.attributeLimit_) {
-        refuse("an element has too many attributes");
+        refuseBeyond("an element has too many attributes", parser_.attributeLimit_);
     }
     if (count <= FewAttributes) {
         collectFew(attributes, count);
@@ -249,7 +250,12 @@ bool TzXmlSAXParser::Session::namesRepeat() const noexcept {
 }
 
 void TzXmlSAXParser::Session::refuse(const char* reason) const {
-    throw TzXmlParseError(TzMessage(reason), {}, line(), column());
+    throw TzXmlParseError::at(reason, line(), column());
+}
+
+void TzXmlSAXParser::Session::refuseBeyond(const char* reason, std::size_t limit) const {
+    throw tzWithDetail(TzXmlParseError::at(reason, line(), column()),
+                       "the limit is " + std::to_string(limit));
 }
 
 TzXmlSAXParser::TzXmlSAXParser() = default;
@@ -274,7 +280,12 @@ void TzXmlSAXParser::parse(std::string_view text) {
         }
     } running{*this};
     session_ = &session;
-    session.read(text);
+    try {
+        session.read(text);
+    } catch (Tzxmsg& error) {
+        error.addPlace(session.line(), session.column());
+        throw;
+    }
     running.finished = true;
 }
 

@@ -58,8 +58,11 @@ inline std::string refusal(TzXmlSAXParser& parser, std::string_view text) {
         EXPECT_EQ(error.getSource(), "");
         EXPECT_EQ(error.getLine(), parser.getLine());
         EXPECT_EQ(error.getColumn(), parser.getColumn());
+        const std::string& reason = error.getMessage().asString();
+        EXPECT_EQ(error.what(), reason + ", line " + std::to_string(error.getLine()) + ", column " +
+                                    std::to_string(error.getColumn()));
         return std::to_string(error.getLine()) + ":" + std::to_string(error.getColumn()) + " " +
-               error.what();
+               reason;
     }
     ADD_FAILURE() << "accepted: " << text.substr(0, 200);
     return {};

@@ -77,3 +77,22 @@ TEST(TzXmlError, OneCatchHandlesAll) {
     static_assert(std::is_base_of_v<TzXmlError, TzXmlBoundsError>);
     EXPECT_THROW(TzThrow(TzXmlDomainError(TzMessage(&Entry))), Tzxmsg);
 }
+
+TEST(TzXmlParseError, TextWithoutCatalogueEntryEndsWithItsPlace) {
+    const TzXmlParseError error = TzXmlParseError::at("mismatched tag", 3, 9);
+    EXPECT_STREQ(error.what(), "mismatched tag, line 3, column 9");
+    EXPECT_EQ(error.describe(), "mismatched tag, line 3, column 9");
+    EXPECT_EQ(error.getMessage().asString(), "mismatched tag");
+    EXPECT_EQ(error.getMessage().getId(), 0U);
+    EXPECT_EQ(error.getLine(), 3U);
+    EXPECT_EQ(error.getColumn(), 9U);
+}
+
+TEST(TzXmlParseError, DescribesSourceAndPlaceAndDetail) {
+    TzXmlParseError error(TzMessage(&Entry, "thing"), "file.xml", 3, 17);
+    EXPECT_STREQ(error.what(), "bad thing");
+    EXPECT_EQ(error.describe(), "file.xml: bad thing, line 3, column 17");
+    error.addDetail("why");
+    EXPECT_EQ(error.describe(), "file.xml: bad thing, line 3, column 17 (why)");
+    EXPECT_EQ(TzXmlParseError(TzMessage(&Entry), "", 0, 0).describe(), "bad ");
+}

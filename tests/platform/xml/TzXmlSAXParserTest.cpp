@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <tz/thread/TzTHRIllegalUsage.h>
+#include <tz/tools/TzBadValueError.h>
 
 #include "platform/xml/EventRecorder.h"
 #include "support/Throws.h"
@@ -327,6 +328,40 @@ TEST(TzXmlSAXParser, HandlerMayBeTakenAwayInsideAnEvent) {
     parser.setContentHandler(&recorder);
     parser.parse("<a><b>2</b><c x='1'/></a>");
     EXPECT_THAT(recorder.events, ElementsAre("<a>", "<b>"));
+}
+
+TEST(TzXmlSAXParser, ErrorOfAHandlerGetsThePlaceOfTheEvent) {
+    for (const auto& [event, place] :
+         {std::pair("start b", ", line 2, column 2"), std::pair("text", ", line 2, column 2"),
+          std::pair("end a", ", line 2, column 6")}) {
+        HookedRecorder recorder([&wanted = event](const std::string& met) {
+            if (met == wanted) {
+                throw TzBadValueError("bad");
+            }
+        });
+        TzXmlSAXParser parser;
+        parser.setContentHandler(&recorder);
+        try {
+            parser.parse("<a>\n <b/></a>");
+            ADD_FAILURE() << event;
+        } catch (const TzBadValueError& error) {
+            EXPECT_EQ(error.describe(), std::string("bad") + place) << event;
+            EXPECT_STREQ(error.what(), "bad");
+        }
+    }
+}
+
+TEST(TzXmlSAXParser, ErrorOfAHandlerKeepsAPlaceOfItsOwn) {
+    HookedRecorder recorder(
+        [](const std::string&) { throw TzXmlParseError(TzMessage("bad"), "", 7, 8); });
+    TzXmlSAXParser parser;
+    parser.setContentHandler(&recorder);
+    try {
+        parser.parse("<a/>");
+        ADD_FAILURE();
+    } catch (const TzXmlParseError& error) {
+        EXPECT_EQ(error.describe(), "bad, line 7, column 8");
+    }
 }
 
 TEST(TzXmlSAXParser, WhatAHandlerThrowsArrives) {

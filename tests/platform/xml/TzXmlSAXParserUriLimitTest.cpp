@@ -30,7 +30,9 @@ TEST(TzXmlSAXParserUriLimit, refusesLongerDeclarationsWithTheirPlace) {
             parser.parse(declaring(name, 101));
             ADD_FAILURE() << "accepted: " << name;
         } catch (const TzXmlParseError& error) {
-            EXPECT_EQ(error.asString(), "the URI of a namespace is too long");
+            EXPECT_EQ(error.asString(), "the URI of a namespace is too long, line 2, column 2");
+            EXPECT_EQ(error.describe(),
+                      "the URI of a namespace is too long, line 2, column 2 (the limit is 100)");
             EXPECT_EQ(error.getLine(), 2U);
             EXPECT_EQ(error.getColumn(), 2U);
         }

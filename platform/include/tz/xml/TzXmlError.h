@@ -6,6 +6,8 @@
 #include <tz/tools/TzMessage.h>
 #include <tz/tools/Tzxmsg.h>
 
+#include <cstddef>
+
 /// Root of the errors of XML work. Carries the message's catalogue domain and number.
 class TZ_PLATFORM_API TzXmlError : public Tzxmsg {
 public:
@@ -19,6 +21,10 @@ public:
 
     /// The message: domain, number and text.
     const TzMessage& getMessage() const noexcept { return message_; }
+
+protected:
+    /// An error without catalogue entry whose text is `text` and its place.
+    TzXmlError(const TzCString& text, std::size_t line, std::size_t column);
 
 private:
     TzMessage message_;

@@ -54,8 +54,9 @@ public:
     std::size_t getUriLimit() const noexcept { return uriLimit_; }
 
     /// Reads the whole document `text`. `TzXmlParseError` with line and column when it is not well
-    /// formed or breaks a limit; what a handler throws passes through; `TzTHRIllegalUsage` when
-    /// called while this parser parses. The parser can be used again after any error. Linear in the
+    /// formed or breaks a limit, its text ending with both; what a handler throws passes through,
+    /// and a `Tzxmsg` without a place gets that of the event; `TzTHRIllegalUsage` when called while
+    /// this parser parses. The parser can be used again after any error. Linear in the
     /// length of the text (times the logarithm of the number of attributes and prefixes).
     void parse(std::string_view text);
 
