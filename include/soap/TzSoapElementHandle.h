@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <soap/TzSoapElementImp.h>
+#include <soap/TzSoapExport.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlAttribute.h>
 #include <tz/xml/TzXmlName.h>
@@ -9,134 +9,106 @@
 
 #include <cstddef>
 
+class TzSoapElementImp;
+
 /// The operations on an element's name, attributes and namespaces that every element handle offers.
 ///
 /// `Handle` is the class that derives from this one; each operation acts on the handle's body and
 /// throws `TzTHRInvalidPointer` "Invalid pointer" when there is none. Handles that share a body see
 /// each other's changes. Holds no data. Threads: the rule of `Handle`.
-template <typename Handle> class TzSoapElementHandle {
+template <typename Handle> class TZSOAP_API TzSoapElementHandle {
 public:
     /// The element's name.
-    const TzXmlName& getName() const { return constElement().getName(); }
+    const TzXmlName& getName() const;
 
     /// Adds the attribute `name`; one of that name takes the new value in place.
-    void addAttribute(const TzXmlName& name, const TzCString& value) {
-        element().addAttribute(name, value);
-    }
+    void addAttribute(const TzXmlName& name, const TzCString& value);
     /// Adds an attribute; one of that name takes the new value in place.
-    void addAttribute(const TzXmlAttribute& attribute) { element().addAttribute(attribute); }
+    void addAttribute(const TzXmlAttribute& attribute);
     /// Number of attributes, namespace declarations included.
-    std::size_t attributeCount() const { return constElement().attributeCount(); }
+    std::size_t attributeCount() const;
     /// The first attribute; positions are valid until the attributes change.
-    TzXmlAttribute* attributesBegin() { return element().attributesBegin(); }
+    TzXmlAttribute* attributesBegin();
     /// The first attribute.
-    const TzXmlAttribute* attributesBegin() const { return constElement().attributesBegin(); }
+    const TzXmlAttribute* attributesBegin() const;
     /// Behind the last attribute.
-    TzXmlAttribute* attributesEnd() { return element().attributesEnd(); }
+    TzXmlAttribute* attributesEnd();
     /// Behind the last attribute.
-    const TzXmlAttribute* attributesEnd() const { return constElement().attributesEnd(); }
+    const TzXmlAttribute* attributesEnd() const;
     /// Removes all attributes, declarations included.
-    void clearAttributes() { element().clearAttributes(); }
+    void clearAttributes();
     /// The attribute of that name, `attributesEnd()` if there is none.
-    TzXmlAttribute* findAttribute(const TzXmlName& name) { return element().findAttribute(name); }
+    TzXmlAttribute* findAttribute(const TzXmlName& name);
     /// The attribute of that name, `attributesEnd()` if there is none.
-    const TzXmlAttribute* findAttribute(const TzXmlName& name) const {
-        return constElement().findAttribute(name);
-    }
+    const TzXmlAttribute* findAttribute(const TzXmlName& name) const;
     /// The attribute with that name and value, `attributesEnd()` if there is none.
-    TzXmlAttribute* findAttribute(const TzXmlAttribute& attribute) {
-        return element().findAttribute(attribute);
-    }
+    TzXmlAttribute* findAttribute(const TzXmlAttribute& attribute);
     /// The attribute with that name and value, `attributesEnd()` if there is none.
-    const TzXmlAttribute* findAttribute(const TzXmlAttribute& attribute) const {
-        return constElement().findAttribute(attribute);
-    }
+    const TzXmlAttribute* findAttribute(const TzXmlAttribute& attribute) const;
     /// Whether there is an attribute of that name.
-    bool hasAttribute(const TzXmlName& name) const { return constElement().hasAttribute(name); }
+    bool hasAttribute(const TzXmlName& name) const;
     /// Whether there is an attribute with that name and value.
-    bool hasAttribute(const TzXmlAttribute& attribute) const {
-        return constElement().hasAttribute(attribute);
-    }
+    bool hasAttribute(const TzXmlAttribute& attribute) const;
     /// Removes the attribute of that name, if any.
-    void removeAttribute(const TzXmlName& name) { element().removeAttribute(name); }
+    void removeAttribute(const TzXmlName& name);
     /// Removes the attribute with that name and value, if any.
-    void removeAttribute(const TzXmlAttribute& attribute) { element().removeAttribute(attribute); }
+    void removeAttribute(const TzXmlAttribute& attribute);
     /// Removes the attribute at that position.
-    void removeAttribute(TzXmlAttribute* position) { element().removeAttribute(position); }
+    void removeAttribute(TzXmlAttribute* position);
 
     /// Declares the namespace `uri` under `prefix`; a prefix declared already takes the new URI.
-    void addNamespaceAttribute(const TzCString& prefix, const TzCString& uri) {
-        element().addNamespaceAttribute(TzXmlNamespace(prefix, uri));
-    }
+    void addNamespaceAttribute(const TzCString& prefix, const TzCString& uri);
     /// Declares a namespace; a prefix declared already takes the new URI.
-    void addNamespaceAttribute(const TzXmlNamespace& declared) {
-        element().addNamespaceAttribute(declared);
-    }
+    void addNamespaceAttribute(const TzXmlNamespace& declared);
     /// The declaration of `prefix`, `attributesEnd()` if there is none.
-    TzXmlAttribute* findNamespaceAttribute(const TzCString& prefix) {
-        return element().findNamespaceAttribute(prefix);
-    }
+    TzXmlAttribute* findNamespaceAttribute(const TzCString& prefix);
     /// The declaration of `prefix`, `attributesEnd()` if there is none.
-    const TzXmlAttribute* findNamespaceAttribute(const TzCString& prefix) const {
-        return constElement().findNamespaceAttribute(prefix);
-    }
+    const TzXmlAttribute* findNamespaceAttribute(const TzCString& prefix) const;
     /// Removes the declaration of `prefix`, if any.
-    void removeNamespaceAttribute(const TzCString& prefix) {
-        element().removeNamespaceAttribute(prefix);
-    }
+    void removeNamespaceAttribute(const TzCString& prefix);
     /// Removes the declaration whose prefix and URI both equal, if any.
-    void removeNamespaceAttribute(const TzXmlNamespace& declared) {
-        element().removeNamespaceAttribute(declared);
-    }
+    void removeNamespaceAttribute(const TzXmlNamespace& declared);
     /// Declares `uri` as the default namespace.
-    void setDefaultNamespaceAttribute(const TzCString& uri) {
-        element().setDefaultNamespaceAttribute(uri);
-    }
+    void setDefaultNamespaceAttribute(const TzCString& uri);
     /// Declares the URI of `declared` as the default namespace.
-    void setDefaultNamespaceAttribute(const TzXmlNamespace& declared) {
-        element().setDefaultNamespaceAttribute(declared);
-    }
+    void setDefaultNamespaceAttribute(const TzXmlNamespace& declared);
     /// Removes the declaration of the default namespace, if any.
-    void unsetDefaultNamespaceAttribute() { element().unsetDefaultNamespaceAttribute(); }
+    void unsetDefaultNamespaceAttribute();
     /// The URI declared as the default namespace, "" when none is.
-    TzCString getDefaultNamespaceAttribute() const {
-        return constElement().getDefaultNamespaceAttribute();
-    }
+    TzCString getDefaultNamespaceAttribute() const;
 
     /// The encodingStyle text, "" when absent.
-    TzCString getEncodingStyleAttribute() const {
-        return constElement().getEncodingStyleAttribute();
-    }
+    TzCString getEncodingStyleAttribute() const;
     /// Replaces the encodingStyle text as a whole; "" means absent.
-    void setEncodingStyle(const TzCString& style) { element().setEncodingStyle(style); }
+    void setEncodingStyle(const TzCString& style);
     /// Whether there is an encodingStyle text.
-    bool hasEncodingStyleAttribute() const { return constElement().hasEncodingStyleAttribute(); }
+    bool hasEncodingStyleAttribute() const;
     /// Removes the encodingStyle text.
-    void removeEncodingStyleAttribute() { element().removeEncodingStyleAttribute(); }
+    void removeEncodingStyleAttribute();
     /// The id, "" when absent.
-    const TzCString& getIdAttribute() const { return constElement().getIdAttribute(); }
+    const TzCString& getIdAttribute() const;
     /// Sets the id.
-    void setIdAttribute(const TzCString& id) { element().setIdAttribute(id); }
+    void setIdAttribute(const TzCString& id);
     /// Removes the id.
-    void removeIdAttribute() { element().removeIdAttribute(); }
+    void removeIdAttribute();
     /// Root; false when not set.
-    bool getRoot() const { return constElement().getRoot(); }
+    bool getRoot() const;
     /// "1" or "0", "" when root is not set.
-    TzCString getRootAttribute() const { return constElement().getRootAttribute(); }
+    TzCString getRootAttribute() const;
     /// Sets root.
-    void setRoot(bool root) { element().setRoot(root); }
+    void setRoot(bool root);
     /// Whether root is set.
-    bool isRootAttributeSet() const { return constElement().isRootAttributeSet(); }
+    bool isRootAttributeSet() const;
     /// Unsets root.
-    void removeRootAttribute() { element().removeRootAttribute(); }
+    void removeRootAttribute();
     /// The type, the empty name when absent.
-    const TzXmlName& getType() const { return constElement().getTypeValue(); }
+    const TzXmlName& getType() const;
     /// The qualified name of the type, "" when absent.
-    TzCString getTypeAttribute() const { return constElement().getTypeAttribute(); }
+    TzCString getTypeAttribute() const;
     /// Sets the type.
-    void setTypeAttribute(const TzXmlName& type) { element().setTypeAttribute(type); }
+    void setTypeAttribute(const TzXmlName& type);
     /// Removes the type.
-    void removeTypeAttribute() { element().removeTypeAttribute(); }
+    void removeTypeAttribute();
 
 protected:
     TzSoapElementHandle() = default;
@@ -145,6 +117,6 @@ protected:
     ~TzSoapElementHandle() = default;
 
 private:
-    TzSoapElementImp& element() const { return static_cast<const Handle&>(*this).elementBody(); }
+    TzSoapElementImp& element() const;
     const TzSoapElementImp& constElement() const { return element(); }
 };

@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tz/xml/TzXmlSAXParser.h>
+#include <tz/xml/TzXmlDefaultLimits.h>
 
 #include <cstddef>
 
 /// What a message accepts from a text that it reads. A plain value.
 struct TzSoapReadLimits {
     /// Deepest nesting of elements; more is a `TzXmlParseError`.
-    std::size_t depth = TzXmlSAXParser::DefaultDepthLimit;
+    std::size_t depth = TzXmlDefaultLimits::Depth;
     /// Most attributes of one element, declarations included; more is a `TzXmlParseError`.
-    std::size_t attributes = TzXmlSAXParser::DefaultAttributeLimit;
+    std::size_t attributes = TzXmlDefaultLimits::Attributes;
     /// Most array positions of one text that are declared but hold no item, beside one for each
     /// byte of the text; more is a `TzXmlBoundsError` BAD_INDEX_VECTOR.
     std::size_t unfilledArrayPositions = 1048576;
     /// Longest URI of a namespace and longest encodingStyle, in bytes, for each may be taken over
     /// by every value below; more is a `TzXmlParseError`.
-    std::size_t uriLength = TzXmlSAXParser::DefaultUriLimit;
+    std::size_t uriLength = TzXmlDefaultLimits::UriLength;
 };

@@ -5,6 +5,7 @@
 #include <soap/TzSoapWriter.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlAttribute.h>
+#include <tz/xml/TzXmlAttributeSet.h>
 #include <tz/xml/TzXmlName.h>
 #include <tz/xml/TzXmlNamespace.h>
 #include <tz/xml/TzXmlWriter.h>

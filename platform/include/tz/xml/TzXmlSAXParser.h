@@ -3,6 +3,7 @@
 
 #include <tz/TzPlatformExport.h>
 #include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlDefaultLimits.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -21,11 +22,11 @@ class TzXmlNamespace;
 class TZ_PLATFORM_API TzXmlSAXParser {
 public:
     /// Depth of elements that is accepted unless told otherwise.
-    static constexpr std::size_t DefaultDepthLimit = 1000;
+    static constexpr std::size_t DefaultDepthLimit = TzXmlDefaultLimits::Depth;
     /// Number of attributes of one element that is accepted unless told otherwise.
-    static constexpr std::size_t DefaultAttributeLimit = 200000;
+    static constexpr std::size_t DefaultAttributeLimit = TzXmlDefaultLimits::Attributes;
     /// Length of a namespace's URI in bytes that is accepted unless told otherwise.
-    static constexpr std::size_t DefaultUriLimit = 2048;
+    static constexpr std::size_t DefaultUriLimit = TzXmlDefaultLimits::UriLength;
 
     /// A parser without handler, with the default limits.
     TzXmlSAXParser();
