@@ -20,6 +20,11 @@ class TzSoapUserDefinedType;
 
 /// A walk over a message by const handles: one operation for each kind of element.
 ///
+/// The more specific handle that a value is passed on as counts like any other: the value stays
+/// until the visit ends, whatever happens to the visited handle and to its container meanwhile.
+/// Generic values, faults, bodies, headers and messages come as the visited handle itself, which
+/// must outlive the visit.
+///
 /// Holds no data, copying copies nothing. One visitor is used by one thread at a time. A structure
 /// that contains itself is walked without end: do not build one.
 class TZSOAP_API TzSoapConstVisitor : public TzSoapConstVisitorBase {
@@ -60,7 +65,6 @@ protected:
 private:
     friend class TzSoapType;
 
-    /// `TzXmlInternalError` INTERNAL_ERROR for a kind that is none of
-    /// `TzSoapContentBase::SoapTypeId`.
+    /// `TzXmlInternalError` INTERNAL_ERROR for an unknown kind of value.
     void doVisit(const TzSoapType& value) override;
 };

@@ -20,6 +20,15 @@ class TzSoapUserDefinedType;
 
 /// A walk over a message by mutable handles: one operation for each kind of element.
 ///
+/// A visitor may do anything to what it visits and to the containers around it: the more specific
+/// handle that a value is passed on as counts like any other, so the value stays until the visit
+/// ends even where the visitor removes, replaces or moves it. What is assigned to that handle takes
+/// the place of the visited one when the visit ends, by an exception or not; the visited handle
+/// must still exist then. A value that is moved from the handle is shared with the visited one. Two
+/// exceptions: an array that is neither sparse nor compact comes in a handle of its own, to which
+/// assigning changes nothing else; and generic values, faults, bodies, headers and messages come as
+/// the visited handle itself, which must outlive the visit.
+///
 /// Holds no data, copying copies nothing. One visitor is used by one thread at a time. A structure
 /// that contains itself is walked without end: do not build one.
 class TZSOAP_API TzSoapVisitor : public TzSoapVisitorBase {
@@ -60,7 +69,6 @@ protected:
 private:
     friend class TzSoapType;
 
-    /// `TzXmlInternalError` INTERNAL_ERROR for a kind that is none of
-    /// `TzSoapContentBase::SoapTypeId`.
+    /// `TzXmlInternalError` INTERNAL_ERROR for an unknown kind of value.
     void doVisit(TzSoapType& value) override;
 };

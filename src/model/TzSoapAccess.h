@@ -3,6 +3,7 @@
 
 #include <tz/pointer/TzBodyBase.h>
 
+#include <type_traits>
 #include <utility>
 
 /// The one door from the library's own sources to the bodies behind handles.
@@ -33,35 +34,17 @@ struct TzSoapAccess {
         taken.attachBody(other.detachBody());
         return taken;
     }
-    /// Lets a handle without a body refer to `body` without counting.
-    template <typename Handle> static void attach(Handle& handle, TzBodyBase* body) noexcept {
-        handle.attachBody(body);
+    /// A handle of class `Handle` that shares `body`, of whatever class that is.
+    template <typename Handle> static Handle share(TzBodyBase& body) noexcept {
+        using Body = std::remove_reference_t<decltype(std::declval<const Handle&>().body())>;
+        Handle shared(static_cast<Body*>(nullptr));
+        body.addReference();
+        shared.attachBody(&body);
+        return shared;
     }
-    /// Takes the body out of `handle` without counting.
-    template <typename Handle> static TzBodyBase* detach(Handle& handle) noexcept {
-        return handle.detachBody();
+    /// Whether the handle refers to `body`.
+    template <typename Handle>
+    static bool refersTo(const Handle& handle, const TzBodyBase* body) noexcept {
+        return handle.bodyPointer() == body;
     }
-};
-
-/// A handle of class `Handle` that borrows a body for a moment: no count is touched.
-///
-/// The body must be held by somebody else meanwhile.
-template <typename Handle> class TzSoapBorrowed {
-public:
-    explicit TzSoapBorrowed(TzBodyBase& body) noexcept
-        : handle_(TzSoapAccess::handle<Handle>(BodyOf(nullptr))) {
-        TzSoapAccess::attach(handle_, &body);
-    }
-    ~TzSoapBorrowed() { TzSoapAccess::detach(handle_); }
-    TzSoapBorrowed(const TzSoapBorrowed&) = delete;
-    TzSoapBorrowed& operator=(const TzSoapBorrowed&) = delete;
-
-    /// The handle, valid as long as this object lives.
-    Handle& handle() noexcept { return handle_; }
-
-private:
-    using BodyOf =
-        std::remove_reference_t<decltype(TzSoapAccess::body(std::declval<const Handle&>()))>*;
-
-    Handle handle_;
 };

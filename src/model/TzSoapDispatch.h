@@ -23,10 +23,48 @@
 
 #include "model/TzSoapAccess.h"
 
+#include <type_traits>
+#include <utility>
+
 /// Where an unknown kind of value is reported.
 struct TzSoapDispatchSite {
     const char* unit;
     int line;
+};
+
+/// Passes a value on as a handle of its own class, which counts: whatever a visitor does to the
+/// visited handle or to its container, the value stays until the visit ends.
+template <typename Handle> class TzSoapVisitedConst {
+public:
+    explicit TzSoapVisitedConst(const TzSoapType& value)
+        : handle_(TzSoapAccess::share<Handle>(TzSoapAccess::body(value))) {}
+    const Handle& handle() const noexcept { return handle_; }
+
+private:
+    const Handle handle_;
+};
+
+/// The same as a mutable handle: what a visitor assigns to it takes the visited one's place when
+/// the visit ends, by an exception or not.
+template <typename Handle> class TzSoapVisitedMutable {
+public:
+    explicit TzSoapVisitedMutable(TzSoapType& value)
+        : value_(value), visited_(&TzSoapAccess::body(value)),
+          handle_(TzSoapAccess::share<Handle>(*visited_)) {}
+    ~TzSoapVisitedMutable() {
+        // Unless something was assigned, the visited handle may be gone: it is not touched then.
+        if (TzSoapAccess::hasBody(handle_) && !TzSoapAccess::refersTo(handle_, visited_)) {
+            value_ = std::move(handle_);
+        }
+    }
+    TzSoapVisitedMutable(const TzSoapVisitedMutable&) = delete;
+    TzSoapVisitedMutable& operator=(const TzSoapVisitedMutable&) = delete;
+    Handle& handle() noexcept { return handle_; }
+
+private:
+    TzSoapType& value_;
+    TzBodyBase* visited_;
+    Handle handle_;
 };
 
 /// The dispatch by kind of value that both visitor families share. `Visited` is how the family
@@ -62,44 +100,19 @@ private:
     }
 
     static void visitArray(Visitor& visitor, Value& value) {
-        const auto& array = static_cast<const TzSoapArrayTypeImp&>(TzSoapAccess::body(value));
-        if (array.isSparse()) {
+        auto& body = static_cast<TzSoapArrayTypeImp&>(TzSoapAccess::body(value));
+        if (body.isSparse()) {
             visitAs<TzSoapSparseArrayType>(visitor, value);
-        } else if (array.isCompact()) {
+        } else if (body.isCompact()) {
             visitAs<TzSoapCompactArrayType>(visitor, value);
         } else {
-            visitAs<TzSoapArrayType>(visitor, value);
+            // Deliberate: a handle for this visit alone. Assigning to it re-points nothing else.
+            TzSoapArrayType temporary = TzSoapAccess::share<TzSoapArrayType>(body);
+            visitor.visit(static_cast<Passed<TzSoapArrayType>&>(temporary));
         }
     }
-};
 
-/// Passes a value on as a const handle of its own class.
-template <typename Handle> class TzSoapVisitedConst {
-public:
-    explicit TzSoapVisitedConst(const TzSoapType& value) : borrowed_(TzSoapAccess::body(value)) {}
-    const Handle& handle() noexcept { return borrowed_.handle(); }
-
-private:
-    TzSoapBorrowed<Handle> borrowed_;
-};
-
-/// Passes a value on as a mutable handle of its own class. A visitor may assign to that handle: the
-/// visited one then takes the new body over.
-template <typename Handle> class TzSoapVisitedMutable {
-public:
-    explicit TzSoapVisitedMutable(TzSoapType& value)
-        : value_(value), borrowed_(TzSoapAccess::body(value)) {}
-    ~TzSoapVisitedMutable() {
-        // The assignment gave back the reference that the visited handle had counted, so the handle
-        // just takes over what the borrower holds; without an assignment both are the same.
-        TzSoapAccess::detach(value_);
-        TzSoapAccess::attach(value_, TzSoapAccess::detach(borrowed_.handle()));
-    }
-    TzSoapVisitedMutable(const TzSoapVisitedMutable&) = delete;
-    TzSoapVisitedMutable& operator=(const TzSoapVisitedMutable&) = delete;
-    Handle& handle() noexcept { return borrowed_.handle(); }
-
-private:
-    TzSoapType& value_;
-    TzSoapBorrowed<Handle> borrowed_;
+    /// `Handle` as the family passes it on: const where values are.
+    template <typename Handle>
+    using Passed = std::conditional_t<std::is_const_v<Value>, const Handle, Handle>;
 };
