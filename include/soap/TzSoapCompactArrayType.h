@@ -89,7 +89,7 @@ protected:
     /// A handle to `body`, which may be null.
     explicit TzSoapCompactArrayType(TzSoapCompactArrayImp* body) noexcept;
     /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
-    TzSoapCompactArrayImp& body() const { return static_cast<TzSoapCompactArrayImp&>(bodyBase()); }
+    TzSoapCompactArrayImp& body() const;
 
 private:
     friend struct TzSoapAccess;

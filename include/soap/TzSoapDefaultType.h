@@ -26,8 +26,10 @@ public:
     /// A copy of the value the handle refers to; `TzXmlError` BAD_USAGE for a placeholder.
     TzSoapDefaultType copy() const;
 
+protected:
+    /// A handle to `body`, which may be null.
+    explicit TzSoapDefaultType(TzSoapTypeImp* body) noexcept;
+
 private:
     friend struct TzSoapAccess;
-
-    explicit TzSoapDefaultType(TzSoapTypeImp* body) noexcept;
 };

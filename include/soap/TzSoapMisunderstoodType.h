@@ -34,11 +34,11 @@ public:
     void setQualifiedName(const TzXmlName& qname);
 
 protected:
+    /// A handle to `body`, which may be null.
+    explicit TzSoapMisunderstoodType(TzSoapMisunderstoodTypeImp* body) noexcept;
     /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
     TzSoapMisunderstoodTypeImp& body() const;
 
 private:
     friend struct TzSoapAccess;
-
-    explicit TzSoapMisunderstoodType(TzSoapMisunderstoodTypeImp* body) noexcept;
 };

@@ -29,11 +29,11 @@ public:
     TzCString getValue() const;
 
 protected:
+    /// A handle to `body`, which may be null.
+    explicit TzSoapUserDefinedType(TzSoapUserDefinedTypeImp* body) noexcept;
     /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
     TzSoapUserDefinedTypeImp& body() const;
 
 private:
     friend struct TzSoapAccess;
-
-    explicit TzSoapUserDefinedType(TzSoapUserDefinedTypeImp* body) noexcept;
 };

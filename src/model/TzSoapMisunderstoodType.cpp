@@ -3,6 +3,8 @@
 
 #include <soap/TzSoapMisunderstoodTypeImp.h>
 
+#include "model/TzSoapBodyAs.h"
+
 TzSoapMisunderstoodType::TzSoapMisunderstoodType()
     : TzSoapMisunderstoodType(new TzSoapMisunderstoodTypeImp()) {}
 
@@ -15,7 +17,7 @@ TzSoapMisunderstoodType::TzSoapMisunderstoodType(TzSoapMisunderstoodTypeImp* bod
 TzSoapMisunderstoodType::~TzSoapMisunderstoodType() = default;
 
 TzSoapMisunderstoodTypeImp& TzSoapMisunderstoodType::body() const {
-    return static_cast<TzSoapMisunderstoodTypeImp&>(bodyBase());
+    return tzSoapBodyAs<TzSoapMisunderstoodTypeImp>(bodyBase(), "TzSoapMisunderstoodType");
 }
 
 TzSoapMisunderstoodType TzSoapMisunderstoodType::copy() const {

@@ -2,6 +2,10 @@
 #include <soap/TzSoapArrayType.h>
 
 #include <soap/TzSoapArrayTypeImp.h>
+#include <soap/TzSoapCompactArrayImp.h>
+#include <soap/TzSoapSparseArrayImp.h>
+
+#include "model/TzSoapBodyAs.h"
 
 using Index = std::vector<unsigned int>;
 
@@ -10,7 +14,8 @@ TzSoapArrayType::TzSoapArrayType(TzSoapArrayTypeImp* body) noexcept : TzSoapType
 TzSoapArrayType::~TzSoapArrayType() = default;
 
 TzSoapArrayTypeImp& TzSoapArrayType::body() const {
-    return static_cast<TzSoapArrayTypeImp&>(bodyBase());
+    return tzSoapBodyAs<TzSoapArrayTypeImp, TzSoapCompactArrayImp, TzSoapSparseArrayImp>(
+        bodyBase(), "TzSoapArrayType");
 }
 
 const TzSoapArrayTypeImp& TzSoapArrayType::constBody() const { return body(); }

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapCompactArrayType.h>
 
+#include <soap/TzSoapCompactArrayImp.h>
+
+#include "model/TzSoapBodyAs.h"
+
 using Index = std::vector<unsigned int>;
 
 TzSoapCompactArrayType::TzSoapCompactArrayType(const TzCString& elementType, unsigned int size,
@@ -42,6 +46,10 @@ TzSoapCompactArrayType::TzSoapCompactArrayType(TzSoapCompactArrayImp* body) noex
     : TzSoapArrayType(body) {}
 
 TzSoapCompactArrayType::~TzSoapCompactArrayType() = default;
+
+TzSoapCompactArrayImp& TzSoapCompactArrayType::body() const {
+    return tzSoapBodyAs<TzSoapCompactArrayImp>(bodyBase(), "TzSoapCompactArrayType");
+}
 
 TzSoapCompactArrayType TzSoapCompactArrayType::copy() const {
     return TzSoapCompactArrayType(static_cast<TzSoapCompactArrayImp*>(body().clone()));

@@ -3,6 +3,8 @@
 
 #include <soap/TzSoapCompositeTypeImp.h>
 
+#include "model/TzSoapBodyAs.h"
+
 TzSoapCompositeType::TzSoapCompositeType() : TzSoapCompositeType(new TzSoapCompositeTypeImp()) {}
 
 TzSoapCompositeType::TzSoapCompositeType(const TzXmlName& name)
@@ -14,7 +16,7 @@ TzSoapCompositeType::TzSoapCompositeType(TzSoapCompositeTypeImp* body) noexcept
 TzSoapCompositeType::~TzSoapCompositeType() = default;
 
 TzSoapCompositeTypeImp& TzSoapCompositeType::body() const {
-    return static_cast<TzSoapCompositeTypeImp&>(bodyBase());
+    return tzSoapBodyAs<TzSoapCompositeTypeImp>(bodyBase(), "TzSoapCompositeType");
 }
 
 TzSoapCompositeType TzSoapCompositeType::copy() const {

@@ -4,6 +4,8 @@
 #include <soap/TzSoapReferenceToMimePartImp.h>
 #include <soap/TzSoapReferenceToSoapTypeImp.h>
 
+#include "model/TzSoapBodyAs.h"
+
 namespace {
 
 TzSoapReferenceTypeImp* newBody(bool soapReference) {
@@ -37,7 +39,8 @@ TzSoapReferenceType::TzSoapReferenceType(TzSoapReferenceTypeImp* body) noexcept
 TzSoapReferenceType::~TzSoapReferenceType() = default;
 
 TzSoapReferenceTypeImp& TzSoapReferenceType::body() const {
-    return static_cast<TzSoapReferenceTypeImp&>(bodyBase());
+    return tzSoapBodyAs<TzSoapReferenceTypeImp, TzSoapReferenceToSoapTypeImp,
+                        TzSoapReferenceToMimePartImp>(bodyBase(), "TzSoapReferenceType");
 }
 
 TzSoapReferenceType TzSoapReferenceType::copy() const {

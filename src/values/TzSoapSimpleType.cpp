@@ -6,6 +6,8 @@
 #include <tz/tools/TzDecimalPortable.h>
 #include <tz/xml/TzXmlDuration.h>
 
+#include "model/TzSoapBodyAs.h"
+
 using SchemaType = TzSoapContentBase::SchemaType;
 
 TzSoapSimpleType::TzSoapSimpleType() : TzSoapSimpleType(new TzSoapSimpleTypeImp()) {}
@@ -75,7 +77,7 @@ TzSoapSimpleType::TzSoapSimpleType(TzSoapSimpleTypeImp* body) noexcept : TzSoapT
 TzSoapSimpleType::~TzSoapSimpleType() = default;
 
 TzSoapSimpleTypeImp& TzSoapSimpleType::body() const {
-    return static_cast<TzSoapSimpleTypeImp&>(bodyBase());
+    return tzSoapBodyAs<TzSoapSimpleTypeImp>(bodyBase(), "TzSoapSimpleType");
 }
 
 TzSoapSimpleType TzSoapSimpleType::copy() const {

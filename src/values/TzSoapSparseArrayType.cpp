@@ -3,6 +3,8 @@
 
 #include <soap/TzSoapSparseArrayImp.h>
 
+#include "model/TzSoapBodyAs.h"
+
 using Index = std::vector<unsigned int>;
 
 TzSoapSparseArrayType::TzSoapSparseArrayType(const TzCString& elementType, unsigned int size)
@@ -32,7 +34,7 @@ TzSoapSparseArrayType::TzSoapSparseArrayType(TzSoapSparseArrayImp* body) noexcep
 TzSoapSparseArrayType::~TzSoapSparseArrayType() = default;
 
 TzSoapSparseArrayImp& TzSoapSparseArrayType::body() const {
-    return static_cast<TzSoapSparseArrayImp&>(bodyBase());
+    return tzSoapBodyAs<TzSoapSparseArrayImp>(bodyBase(), "TzSoapSparseArrayType");
 }
 
 const TzSoapSparseArrayImp& TzSoapSparseArrayType::constBody() const { return body(); }

@@ -3,6 +3,8 @@
 
 #include <soap/TzSoapUserDefinedTypeImp.h>
 
+#include "model/TzSoapBodyAs.h"
+
 TzSoapUserDefinedType::TzSoapUserDefinedType()
     : TzSoapUserDefinedType(new TzSoapUserDefinedTypeImp()) {}
 
@@ -12,7 +14,7 @@ TzSoapUserDefinedType::TzSoapUserDefinedType(TzSoapUserDefinedTypeImp* body) noe
 TzSoapUserDefinedType::~TzSoapUserDefinedType() = default;
 
 TzSoapUserDefinedTypeImp& TzSoapUserDefinedType::body() const {
-    return static_cast<TzSoapUserDefinedTypeImp&>(bodyBase());
+    return tzSoapBodyAs<TzSoapUserDefinedTypeImp>(bodyBase(), "TzSoapUserDefinedType");
 }
 
 TzSoapUserDefinedType TzSoapUserDefinedType::copy() const {
