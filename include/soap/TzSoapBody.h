@@ -67,7 +67,8 @@ public:
     unsigned int entryCount() const;
     /// The first entry, shared with the body; `TzSoapMissingError` when the body has none.
     TzSoapType getFirstEntry() const;
-    /// Adds `entry`, shared, at the end.
+    /// Adds `entry`, shared, at the end. An entry without a body throws `TzTHRInvalidPointer`, and
+    /// nothing changed; so do all operations that add one.
     void appendEntry(const TzSoapType& entry);
     /// Adds `entry`, shared, at the front.
     void prependEntry(const TzSoapType& entry);

@@ -64,10 +64,13 @@ public:
     iterator entriesBegin() noexcept { return entries_.begin(); }
     /// Behind the last entry.
     iterator entriesEnd() noexcept { return entries_.end(); }
-    /// Adds `entry`, shared, at the end.
-    void appendEntry(const TzSoapType& entry) { entries_.append(entry); }
+    /// Adds `entry`, shared, at the end. An entry without a body throws `TzTHRInvalidPointer`; so
+    /// do all operations that add one.
+    void appendEntry(const TzSoapType& entry);
     /// Adds `entry`, shared, at the front.
-    void prependEntry(const TzSoapType& entry) { entries_.prepend(entry); }
+    void prependEntry(const TzSoapType& entry);
+    /// Adds `entry`, shared, before `position`; returns where it stands.
+    iterator insert(iterator position, const TzSoapType& entry);
     /// The first entry named `name`, `entriesEnd()` if there is none. O(entries).
     iterator findEntry(const TzXmlName& name) { return entries_.find(name); }
     /// Removes the entry at `position`; returns the position of the next one.

@@ -83,10 +83,11 @@ public:
     const TzCString& getRole() const;
 
     /// Names `value` after the text `name` and appends it, shared, to the detail; every handle to
-    /// the value sees the new name.
+    /// the value sees the new name. `TzTHRInvalidPointer`, and nothing changed, for a value without
+    /// a body.
     void addDetailEntry(const TzCString& name, const TzSoapType& value);
     /// Replaces the detail. The composite is shared: what the fault does to its detail is done to
-    /// it.
+    /// it. `TzTHRInvalidPointer`, and nothing changed, for one without a body.
     void setDetails(const TzSoapCompositeType& details);
     /// The detail and its entries.
     const TzSoapCompositeType& getDetails() const;

@@ -74,8 +74,8 @@ public:
     void setRole(const TzCString& role) { role_ = role; }
     /// The detail.
     const TzSoapCompositeType& getDetails() const noexcept { return details_; }
-    /// Replaces the detail; the composite is shared.
-    void setDetails(const TzSoapCompositeType& details) { details_ = details; }
+    /// Replaces the detail; the composite is shared. `TzTHRInvalidPointer` for one without a body.
+    void setDetails(const TzSoapCompositeType& details);
     /// Names `value` after the text `name` and appends it, shared, to the detail.
     void addDetailEntry(const TzCString& name, const TzSoapType& value);
     /// Empties code, texts and detail and takes the latest version; the subcodes, the fault's name

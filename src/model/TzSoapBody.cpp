@@ -49,7 +49,7 @@ void TzSoapBody::appendEntry(const TzSoapType& entry) { body().appendEntry(entry
 void TzSoapBody::prependEntry(const TzSoapType& entry) { body().prependEntry(entry); }
 
 TzSoapBody::iterator TzSoapBody::insertEntry(iterator position, const TzSoapType& entry) {
-    return body().entries().insert(position, entry);
+    return body().insert(position, entry);
 }
 
 TzSoapBody::iterator TzSoapBody::findEntry(const TzXmlName& name) { return body().findEntry(name); }
@@ -70,9 +70,15 @@ void TzSoapBody::clearEntries() { body().clearEntries(); }
 
 TzSoapBody TzSoapBody::copy() const { return TzSoapBody(body().clone()); }
 
-void TzSoapBody::acceptVisitor(TzSoapVisitor& visitor) { visitor.visit(*this); }
+void TzSoapBody::acceptVisitor(TzSoapVisitor& visitor) {
+    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
+    visitor.visit(*this);
+}
 
-void TzSoapBody::acceptVisitor(TzSoapConstVisitor& visitor) const { visitor.visit(*this); }
+void TzSoapBody::acceptVisitor(TzSoapConstVisitor& visitor) const {
+    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
+    visitor.visit(*this);
+}
 
 TzCString TzSoapBody::asString() const { return tzSoapWriteText(*this); }
 

@@ -38,6 +38,15 @@ void TzSoapBodyImp::clear() {
     hasFaultElement_ = false;
 }
 
+void TzSoapBodyImp::appendEntry(const TzSoapType& entry) { insert(entries_.end(), entry); }
+
+void TzSoapBodyImp::prependEntry(const TzSoapType& entry) { insert(entries_.begin(), entry); }
+
+TzSoapBodyImp::iterator TzSoapBodyImp::insert(iterator position, const TzSoapType& entry) {
+    static_cast<void>(TzSoapAccess::body(entry)); // an entry without a body could not be written
+    return entries_.insert(position, entry);
+}
+
 bool TzSoapBodyImp::hasSoapFault() const {
     return !TzSoapAccess::body(fault_).getCode().getLocalName().empty();
 }

@@ -21,9 +21,15 @@ TzSoapFaultImp& TzSoapFault::body() const { return static_cast<TzSoapFaultImp&>(
 
 TzSoapFault TzSoapFault::copy() const { return TzSoapFault(body().clone()); }
 
-void TzSoapFault::acceptVisitor(TzSoapVisitor& visitor) { visitor.visit(*this); }
+void TzSoapFault::acceptVisitor(TzSoapVisitor& visitor) {
+    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
+    visitor.visit(*this);
+}
 
-void TzSoapFault::acceptVisitor(TzSoapConstVisitor& visitor) const { visitor.visit(*this); }
+void TzSoapFault::acceptVisitor(TzSoapConstVisitor& visitor) const {
+    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
+    visitor.visit(*this);
+}
 
 void TzSoapFault::setCode(const TzXmlName& code) { body().setCode(code); }
 

@@ -42,6 +42,11 @@ const TzXmlName& TzSoapFaultImp::getSubcode(unsigned int index) const {
     return index < subcodes_.size() ? subcodes_[index] : none;
 }
 
+void TzSoapFaultImp::setDetails(const TzSoapCompositeType& details) {
+    static_cast<void>(TzSoapAccess::body(details)); // a detail without a body could not be written
+    details_ = details;
+}
+
 void TzSoapFaultImp::addDetailEntry(const TzCString& name, const TzSoapType& value) {
     TzSoapAccess::body(value).setName(TzXmlName(name));
     details_.appendChild(value);

@@ -94,9 +94,15 @@ void TzSoapHeader::clearHeaderEntries() { body().entries().clear(); }
 
 TzSoapHeader TzSoapHeader::copy() const { return TzSoapHeader(body().clone()); }
 
-void TzSoapHeader::acceptVisitor(TzSoapVisitor& visitor) { visitor.visit(*this); }
+void TzSoapHeader::acceptVisitor(TzSoapVisitor& visitor) {
+    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
+    visitor.visit(*this);
+}
 
-void TzSoapHeader::acceptVisitor(TzSoapConstVisitor& visitor) const { visitor.visit(*this); }
+void TzSoapHeader::acceptVisitor(TzSoapConstVisitor& visitor) const {
+    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
+    visitor.visit(*this);
+}
 
 TzCString TzSoapHeader::asString() const { return tzSoapWriteText(*this); }
 

@@ -74,6 +74,12 @@ TzSoapDroppedText TzSoapMessage::getDroppedText() const { return body().getDropp
 
 TzSoapMessage TzSoapMessage::copy() const { return TzSoapMessage(body().clone()); }
 
-void TzSoapMessage::acceptVisitor(TzSoapVisitor& visitor) { visitor.visit(*this); }
+void TzSoapMessage::acceptVisitor(TzSoapVisitor& visitor) {
+    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
+    visitor.visit(*this);
+}
 
-void TzSoapMessage::acceptVisitor(TzSoapConstVisitor& visitor) const { visitor.visit(*this); }
+void TzSoapMessage::acceptVisitor(TzSoapConstVisitor& visitor) const {
+    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
+    visitor.visit(*this);
+}

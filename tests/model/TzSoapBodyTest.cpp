@@ -270,6 +270,21 @@ TEST(TzSoapBody, elementOperationsReachTheBody) {
     EXPECT_EQ(b.getRootAttribute(), "0");
 }
 
+TEST(TzSoapBody, anEntryWithoutABodyIsRefusedAndNothingAdded) {
+    TzSoapBody b = body();
+    TzSoapType moved = named("a");
+    const TzSoapType taken = std::move(moved);
+    const std::function<void()> actions[] = {
+        [&] { b.appendEntry(moved); },
+        [&] { b.prependEntry(moved); },
+        [&] { b.insertEntry(b.entriesEnd(), moved); },
+    };
+    for (const auto& action : actions) {
+        EXPECT_EQ(textThrown<TzTHRInvalidPointer>(action), "Invalid pointer");
+    }
+    EXPECT_EQ(b.entryCount(), 0u);
+}
+
 TEST(TzSoapBody, everyOperationWithoutABodyIsRefused) {
     TzSoapBody none = TzSoapAccess::handle<TzSoapBody>(static_cast<TzSoapBodyImp*>(nullptr));
     const TzSoapBody& constant = none;

@@ -130,6 +130,15 @@ TEST(TzSoapFault, aDetailEntryWithoutABodyIsRefused) {
     EXPECT_EQ(f.getDetails().childCount(), 0u);
 }
 
+TEST(TzSoapFault, aDetailWithoutABodyIsRefused) {
+    TzSoapFault f;
+    f.addDetailEntry("x", named("a"));
+    TzSoapCompositeType moved;
+    const TzSoapCompositeType taken = std::move(moved);
+    EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&] { f.setDetails(moved); }), "Invalid pointer");
+    EXPECT_EQ(f.getDetails().childCount(), 1u);
+}
+
 TEST(TzSoapFault, setDetailsSharesTheComposite) {
     TzSoapFault f = fault(V::V1_1);
     TzSoapCompositeType details(TzXmlName("mine"));
