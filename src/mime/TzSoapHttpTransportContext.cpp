@@ -5,6 +5,8 @@
 #include <tz/xml/TzXmlUtils.h>
 #include <tz/xml/TzXmlWriter.h>
 
+#include "model/TzSoapLasting.h"
+
 namespace {
 
 bool continuesLine(const TzCString& line) {
@@ -13,7 +15,7 @@ bool continuesLine(const TzCString& line) {
 
 } // namespace
 
-const TzCString TzSoapHttpTransportContext::SoapActionLabel = "SOAPAction";
+TZSOAP_EARLY const TzCString TzSoapHttpTransportContext::SoapActionLabel = "SOAPAction";
 
 TzSoapHttpTransportContext::TzSoapHttpTransportContext() = default;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoap11Version.h>
 
+#include "model/TzSoapLasting.h"
 #include "model/TzSoapVersionTable.h"
 
 using Table = TzSoapVersionTable;
@@ -14,8 +15,8 @@ TzSoap11Version& TzSoap11Version::operator=(const TzSoap11Version&) noexcept = d
 TzSoap11Version::~TzSoap11Version() = default;
 
 TzSoapVersion& TzSoap11Version::getSoapVersion() {
-    static TzSoap11Version version;
-    return version;
+    static TzSoapLasting<TzSoap11Version> version([] { return TzSoap11Version(); });
+    return *version;
 }
 
 TzSoapVersion::Version TzSoap11Version::getVersion() const { return V1_1; }

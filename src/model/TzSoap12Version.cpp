@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoap12Version.h>
 
+#include "model/TzSoapLasting.h"
 #include "model/TzSoapVersionTable.h"
 
 using Table = TzSoapVersionTable;
@@ -14,8 +15,8 @@ TzSoap12Version& TzSoap12Version::operator=(const TzSoap12Version&) noexcept = d
 TzSoap12Version::~TzSoap12Version() = default;
 
 TzSoapVersion& TzSoap12Version::getSoapVersion() {
-    static TzSoap12Version version;
-    return version;
+    static TzSoapLasting<TzSoap12Version> version([] { return TzSoap12Version(); });
+    return *version;
 }
 
 TzSoapVersion::Version TzSoap12Version::getVersion() const { return V1_2; }

@@ -4,6 +4,8 @@
 #include <tz/xml/TzXmlNamespace.h>
 #include <tz/xml/TzXmlUtils.h>
 
+#include "model/TzSoapLasting.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -175,33 +177,36 @@ void TzSoapAttributeSet::removeNullAttribute() { erase(getNullAttributeName()); 
 // Fixed names and values
 
 const TzCString& TzSoapAttributeSet::getTrueAttributeValue() {
-    static const TzCString value("1");
-    return value;
+    static TzSoapLasting<const TzCString> value([] { return TzCString("1"); });
+    return *value;
 }
 
 const TzCString& TzSoapAttributeSet::getFalseAttributeValue() {
-    static const TzCString value("0");
-    return value;
+    static TzSoapLasting<const TzCString> value([] { return TzCString("0"); });
+    return *value;
 }
 
 const TzXmlName& TzSoapAttributeSet::getIdAttributeName() {
-    static const TzXmlName name("id", TzXmlNamespace::getEmptyNamespace());
-    return name;
+    static TzSoapLasting<const TzXmlName> name(
+        [] { return TzXmlName("id", TzXmlNamespace::getEmptyNamespace()); });
+    return *name;
 }
 
 const TzXmlName& TzSoapAttributeSet::getTypeAttributeName() {
-    static const TzXmlName name("type", TzXmlNamespace::getXsi());
-    return name;
+    static TzSoapLasting<const TzXmlName> name(
+        [] { return TzXmlName("type", TzXmlNamespace::getXsi()); });
+    return *name;
 }
 
 const TzXmlName& TzSoapAttributeSet::getNullAttributeName() {
-    static const TzXmlName name("nil", TzXmlNamespace::getXsi());
-    return name;
+    static TzSoapLasting<const TzXmlName> name(
+        [] { return TzXmlName("nil", TzXmlNamespace::getXsi()); });
+    return *name;
 }
 
 const TzCString& TzSoapAttributeSet::getEmptyString() {
-    static const TzCString value;
-    return value;
+    static TzSoapLasting<const TzCString> value([] { return TzCString(); });
+    return *value;
 }
 
 bool TzSoapAttributeSet::matchIdAttributeName(const TzXmlName& name) {

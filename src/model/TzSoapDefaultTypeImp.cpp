@@ -5,6 +5,8 @@
 #include <tz/tools/TzMessage.h>
 #include <tz/xml/TzThrow.h>
 
+#include "model/TzSoapLasting.h"
+
 namespace {
 
 [[noreturn]] void refuse() {
@@ -13,7 +15,7 @@ namespace {
 
 } // namespace
 
-const TzCString TzSoapDefaultTypeImp::DefaultString = "Default";
+TZSOAP_EARLY const TzCString TzSoapDefaultTypeImp::DefaultString = "Default";
 
 TzSoapDefaultTypeImp::TzSoapDefaultTypeImp() = default;
 

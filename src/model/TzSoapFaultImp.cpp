@@ -6,6 +6,7 @@
 #include <tz/xml/TzXmlElementImp.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapLasting.h"
 
 #include <utility>
 
@@ -38,8 +39,8 @@ void TzSoapFaultImp::setVersion(TzSoapVersion::Version version) {
 }
 
 const TzXmlName& TzSoapFaultImp::getSubcode(unsigned int index) const {
-    static const TzXmlName none;
-    return index < subcodes_.size() ? subcodes_[index] : none;
+    static TzSoapLasting<const TzXmlName> none([] { return TzXmlName(); });
+    return index < subcodes_.size() ? subcodes_[index] : *none;
 }
 
 void TzSoapFaultImp::setDetails(const TzSoapCompositeType& details) {

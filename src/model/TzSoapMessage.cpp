@@ -5,7 +5,9 @@
 #include <soap/TzSoapMessageImp.h>
 #include <soap/TzSoapVisitor.h>
 
-const TzCString TzSoapMessage::EnvelopeLabel = "Envelope";
+#include "model/TzSoapLasting.h"
+
+TZSOAP_EARLY const TzCString TzSoapMessage::EnvelopeLabel = "Envelope";
 
 TzSoapMessage::TzSoapMessage(TzSoapVersion::Version version)
     : TzSoapMessage(new TzSoapMessageImp(version)) {}

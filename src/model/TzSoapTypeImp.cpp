@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapTypeImp.h>
 
+#include "model/TzSoapLasting.h"
+
 #include <utility>
 
-const TzCString TzSoapTypeImp::MyIdString = "Default";
+TZSOAP_EARLY const TzCString TzSoapTypeImp::MyIdString = "Default";
 
 TzSoapTypeImp::TzSoapTypeImp() = default;
 

@@ -9,39 +9,40 @@
 #include <tz/xml/TzXmlUtils.h>
 #include <tz/xml/TzXmlWriter.h>
 
+#include "model/TzSoapLasting.h"
+
 #include <algorithm>
 #include <utility>
 
-// Real strings, so that they serve wherever a TzCString is taken. A shared library is initialised
-// before the programs that use it and finished after them, and nothing in this one is made before
-// its first use, so no object anywhere can see them unmade.
-const TzCString TzSoapUtils::Blank = " ";
-const TzCString TzSoapUtils::Colon = ":";
-const TzCString TzSoapUtils::EmptyString;
-const TzCString TzSoapUtils::Hyphen = "-";
-const TzCString TzSoapUtils::Hypen = "-";
-const TzCString TzSoapUtils::Minus = "-";
-const TzCString TzSoapUtils::Plus = "+";
-const TzCString TzSoapUtils::Newline = "\n";
-const TzCString TzSoapUtils::Tab = "\t";
-const TzCString TzSoapUtils::WhiteSpace = " \n\t";
-const TzCString TzSoapUtils::TimeSeparator = "T";
-const TzCString TzSoapUtils::UTimeZone = "Z";
-const TzCString TzSoapUtils::TZD = "Z+-";
-const TzCString TzSoapUtils::ISO8601Date = "%Y-%m-%d";
-const TzCString TzSoapUtils::ISO8601DateFormat = "%Y-%m-%d";
-const TzCString TzSoapUtils::ISO8601Format = "%Y-%m-%dT%X";
-const TzCString TzSoapUtils::ISO8601Time = "T%X";
-const TzCString TzSoapUtils::TrueTag = "true";
-const TzCString TzSoapUtils::arrayString = "Array";
-const TzCString TzSoapUtils::badString = "Bad";
-const TzCString TzSoapUtils::compositeString = "Composite";
-const TzCString TzSoapUtils::genericString = "Generic";
-const TzCString TzSoapUtils::misunderstoodString = "Misunderstood";
-const TzCString TzSoapUtils::pcdataString = "Pcdata";
-const TzCString TzSoapUtils::referenceString = "Reference";
-const TzCString TzSoapUtils::simpleString = "Simple";
-const TzCString TzSoapUtils::userDefinedString = "UserDefined";
+// Real strings, so that they serve wherever a TzCString is taken: constructed before any object of
+// the program can use them.
+TZSOAP_EARLY const TzCString TzSoapUtils::Blank = " ";
+TZSOAP_EARLY const TzCString TzSoapUtils::Colon = ":";
+TZSOAP_EARLY const TzCString TzSoapUtils::EmptyString;
+TZSOAP_EARLY const TzCString TzSoapUtils::Hyphen = "-";
+TZSOAP_EARLY const TzCString TzSoapUtils::Hypen = "-";
+TZSOAP_EARLY const TzCString TzSoapUtils::Minus = "-";
+TZSOAP_EARLY const TzCString TzSoapUtils::Plus = "+";
+TZSOAP_EARLY const TzCString TzSoapUtils::Newline = "\n";
+TZSOAP_EARLY const TzCString TzSoapUtils::Tab = "\t";
+TZSOAP_EARLY const TzCString TzSoapUtils::WhiteSpace = " \n\t";
+TZSOAP_EARLY const TzCString TzSoapUtils::TimeSeparator = "T";
+TZSOAP_EARLY const TzCString TzSoapUtils::UTimeZone = "Z";
+TZSOAP_EARLY const TzCString TzSoapUtils::TZD = "Z+-";
+TZSOAP_EARLY const TzCString TzSoapUtils::ISO8601Date = "%Y-%m-%d";
+TZSOAP_EARLY const TzCString TzSoapUtils::ISO8601DateFormat = "%Y-%m-%d";
+TZSOAP_EARLY const TzCString TzSoapUtils::ISO8601Format = "%Y-%m-%dT%X";
+TZSOAP_EARLY const TzCString TzSoapUtils::ISO8601Time = "T%X";
+TZSOAP_EARLY const TzCString TzSoapUtils::TrueTag = "true";
+TZSOAP_EARLY const TzCString TzSoapUtils::arrayString = "Array";
+TZSOAP_EARLY const TzCString TzSoapUtils::badString = "Bad";
+TZSOAP_EARLY const TzCString TzSoapUtils::compositeString = "Composite";
+TZSOAP_EARLY const TzCString TzSoapUtils::genericString = "Generic";
+TZSOAP_EARLY const TzCString TzSoapUtils::misunderstoodString = "Misunderstood";
+TZSOAP_EARLY const TzCString TzSoapUtils::pcdataString = "Pcdata";
+TZSOAP_EARLY const TzCString TzSoapUtils::referenceString = "Reference";
+TZSOAP_EARLY const TzCString TzSoapUtils::simpleString = "Simple";
+TZSOAP_EARLY const TzCString TzSoapUtils::userDefinedString = "UserDefined";
 
 namespace {
 

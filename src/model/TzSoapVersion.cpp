@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapVersion.h>
 
+#include "model/TzSoapLasting.h"
 #include "model/TzSoapVersionTable.h"
 
 #include <soap/TzSoap11Version.h>
@@ -11,32 +12,32 @@
 
 using Table = TzSoapVersionTable;
 
-// Real strings, so that derived classes can pass them wherever a TzCString is taken. They are made
-// before any object of the program, and nothing in this library looks a name up earlier.
-const TzCString TzSoapVersion::EnvelopeTag = "Envelope";
-const TzCString TzSoapVersion::BodyTag = "Body";
-const TzCString TzSoapVersion::HeaderTag = "Header";
-const TzCString TzSoapVersion::FaultTag = "Fault";
-const TzCString TzSoapVersion::EncodingStyleTag = "encodingStyle";
-const TzCString TzSoapVersion::MustUnderstandTag = "mustUnderstand";
-const TzCString TzSoapVersion::RootTag = "root";
-const TzCString TzSoapVersion::PositionTag = "position";
-const TzCString TzSoapVersion::OffsetTag = "offset";
-const TzCString TzSoapVersion::VersionMismatchTag = "VersionMismatch";
-const TzCString TzSoapVersion::MustUnderstandFaultTag = "MustUnderstand";
-const TzCString TzSoapVersion::ClientTag = "Client";
-const TzCString TzSoapVersion::ServerTag = "Server";
-const TzCString TzSoapVersion::ReceiverTag = "Receiver";
-const TzCString TzSoapVersion::SenderTag = "Sender";
-const TzCString TzSoapVersion::DataEncodingUnknownTag = "DataEncodingUnknown";
-const TzCString TzSoapVersion::DTDNotSupportedTag = "DTDNotSupported";
-const TzCString TzSoapVersion::ProcedureNotPresentTag = "ProcedureNotPresent";
-const TzCString TzSoapVersion::BadArgumentsTag = "BadArguments";
-const TzCString TzSoapVersion::MissingIDTag = "MissingID";
-const TzCString TzSoapVersion::UnTypedValueTag = "UnTypedValue";
-const TzCString TzSoapVersion::MisunderstoodTag = "Misunderstood";
+// Real strings, so that derived classes can pass them wherever a TzCString is taken: constructed
+// before any object of the program can use them.
+TZSOAP_EARLY const TzCString TzSoapVersion::EnvelopeTag = "Envelope";
+TZSOAP_EARLY const TzCString TzSoapVersion::BodyTag = "Body";
+TZSOAP_EARLY const TzCString TzSoapVersion::HeaderTag = "Header";
+TZSOAP_EARLY const TzCString TzSoapVersion::FaultTag = "Fault";
+TZSOAP_EARLY const TzCString TzSoapVersion::EncodingStyleTag = "encodingStyle";
+TZSOAP_EARLY const TzCString TzSoapVersion::MustUnderstandTag = "mustUnderstand";
+TZSOAP_EARLY const TzCString TzSoapVersion::RootTag = "root";
+TZSOAP_EARLY const TzCString TzSoapVersion::PositionTag = "position";
+TZSOAP_EARLY const TzCString TzSoapVersion::OffsetTag = "offset";
+TZSOAP_EARLY const TzCString TzSoapVersion::VersionMismatchTag = "VersionMismatch";
+TZSOAP_EARLY const TzCString TzSoapVersion::MustUnderstandFaultTag = "MustUnderstand";
+TZSOAP_EARLY const TzCString TzSoapVersion::ClientTag = "Client";
+TZSOAP_EARLY const TzCString TzSoapVersion::ServerTag = "Server";
+TZSOAP_EARLY const TzCString TzSoapVersion::ReceiverTag = "Receiver";
+TZSOAP_EARLY const TzCString TzSoapVersion::SenderTag = "Sender";
+TZSOAP_EARLY const TzCString TzSoapVersion::DataEncodingUnknownTag = "DataEncodingUnknown";
+TZSOAP_EARLY const TzCString TzSoapVersion::DTDNotSupportedTag = "DTDNotSupported";
+TZSOAP_EARLY const TzCString TzSoapVersion::ProcedureNotPresentTag = "ProcedureNotPresent";
+TZSOAP_EARLY const TzCString TzSoapVersion::BadArgumentsTag = "BadArguments";
+TZSOAP_EARLY const TzCString TzSoapVersion::MissingIDTag = "MissingID";
+TZSOAP_EARLY const TzCString TzSoapVersion::UnTypedValueTag = "UnTypedValue";
+TZSOAP_EARLY const TzCString TzSoapVersion::MisunderstoodTag = "Misunderstood";
 
-const TzXmlName TzSoapVersion::DummyXmlName;
+TZSOAP_EARLY const TzXmlName TzSoapVersion::DummyXmlName;
 
 TzSoapVersion::TzSoapVersion() noexcept = default;
 
@@ -59,8 +60,8 @@ const TzXmlNamespace& TzSoapVersion::getSoapUpgrade() const {
 }
 
 const TzCString& TzSoapVersion::getSoapRole(SoapRole) const {
-    static const TzCString noRole;
-    return noRole;
+    static TzSoapLasting<const TzCString> noRole([] { return TzCString(); });
+    return *noRole;
 }
 
 bool TzSoapVersion::matchSoapRpc(const TzXmlNamespace&) const { return false; }

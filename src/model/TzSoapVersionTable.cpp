@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "model/TzSoapVersionTable.h"
+#include "model/TzSoapLasting.h"
 
 #include <soap/TzSoapCatalog.h>
 #include <tz/tools/TzMessage.h>
@@ -59,106 +60,110 @@ TzSoapVersionTable::TzSoapVersionTable(const Texts& texts) : errorName_(texts.er
 
 const TzSoapVersionTable& TzSoapVersionTable::soap11() {
     using Tags = TzSoapVersion;
-    static const TzSoapVersionTable table(Texts{
-        .errorName = "V1_1",
-        .namespaces = {{
-            {},
-            {"SOAP-ENV", "http://schemas.xmlsoap.org/soap/envelope/"},
-            {"SOAP-ENC", "http://schemas.xmlsoap.org/soap/encoding/"},
-        }},
-        .attributes = {{
-            {Tags::EncodingStyleTag, Envelope},
-            {Tags::MustUnderstandTag, Envelope},
-            {"actor", Envelope},
-            {Tags::RootTag, Encoding},
-            {"arrayType", Encoding},
-            {Tags::PositionTag, Encoding},
-            {Tags::OffsetTag, Encoding},
-            {},
-            {},
-            {"href", Unqualified},
-            {"href", Unqualified},
-        }},
-        .elements = {{
-            {Tags::EnvelopeTag, Envelope},
-            {Tags::BodyTag, Envelope},
-            {Tags::HeaderTag, Envelope},
-            {Tags::FaultTag, Envelope},
-            {"faultcode", Unqualified},
-            {"faultstring", Unqualified},
-            {"faultactor", Unqualified},
-            {},
-            {"detail", Unqualified},
-        }},
-        .faultCodes = {{
-            {Tags::VersionMismatchTag, Envelope},
-            {Tags::MustUnderstandFaultTag, Envelope},
-            {Tags::ServerTag, Envelope},
-            {Tags::ClientTag, Envelope},
-        }},
-        .subFaultCodes = {},
-        // Not the published role, but what this version has always been sent with.
-        .roleSuffixes = {{"actor/next"}},
+    static TzSoapLasting<const TzSoapVersionTable> table([] {
+        return TzSoapVersionTable(Texts{
+            .errorName = "V1_1",
+            .namespaces = {{
+                {},
+                {"SOAP-ENV", "http://schemas.xmlsoap.org/soap/envelope/"},
+                {"SOAP-ENC", "http://schemas.xmlsoap.org/soap/encoding/"},
+            }},
+            .attributes = {{
+                {Tags::EncodingStyleTag, Envelope},
+                {Tags::MustUnderstandTag, Envelope},
+                {"actor", Envelope},
+                {Tags::RootTag, Encoding},
+                {"arrayType", Encoding},
+                {Tags::PositionTag, Encoding},
+                {Tags::OffsetTag, Encoding},
+                {},
+                {},
+                {"href", Unqualified},
+                {"href", Unqualified},
+            }},
+            .elements = {{
+                {Tags::EnvelopeTag, Envelope},
+                {Tags::BodyTag, Envelope},
+                {Tags::HeaderTag, Envelope},
+                {Tags::FaultTag, Envelope},
+                {"faultcode", Unqualified},
+                {"faultstring", Unqualified},
+                {"faultactor", Unqualified},
+                {},
+                {"detail", Unqualified},
+            }},
+            .faultCodes = {{
+                {Tags::VersionMismatchTag, Envelope},
+                {Tags::MustUnderstandFaultTag, Envelope},
+                {Tags::ServerTag, Envelope},
+                {Tags::ClientTag, Envelope},
+            }},
+            .subFaultCodes = {},
+            // Not the published role, but what this version has always been sent with.
+            .roleSuffixes = {{"actor/next"}},
+        });
     });
-    return table;
+    return *table;
 }
 
 const TzSoapVersionTable& TzSoapVersionTable::soap12() {
     using Tags = TzSoapVersion;
-    static const TzSoapVersionTable table(Texts{
-        .errorName = "Version1_2",
-        .namespaces = {{
-            {},
-            {"env", "http://www.w3.org/2002/06/soap-envelope"},
-            {"enc", "http://www.w3.org/2002/06/soap-encoding"},
-            {"f", "http://www.w3.org/2002/06/soap-faults"},
-            {"rpc", "http://www.w3.org/2002/06/soap-rpc"},
-            {"upgrade", "http://www.w3.org/2002/06/soap-upgrade"},
-        }},
-        .attributes = {{
-            {Tags::EncodingStyleTag, Envelope},
-            {Tags::MustUnderstandTag, Envelope},
-            {"role", Envelope},
-            {Tags::RootTag, Encoding},
-            {},
-            {Tags::PositionTag, Encoding},
-            {Tags::OffsetTag, Encoding},
-            {"itemType", Encoding},
-            {"arraySize", Encoding},
-            {"ref", Unqualified},
-            {"href", Unqualified},
-        }},
-        .elements = {{
-            {Tags::EnvelopeTag, Envelope},
-            {Tags::BodyTag, Envelope},
-            {Tags::HeaderTag, Envelope},
-            {Tags::FaultTag, Envelope},
-            {"Code", Envelope},
-            {"Reason", Envelope},
-            {"Node", Envelope},
-            {"Role", Envelope},
-            {"Detail", Envelope},
-            {"Subcode", Envelope},
-            {"Value", Envelope},
-            {Tags::MisunderstoodTag, Faults},
-        }},
-        .faultCodes = {{
-            {Tags::VersionMismatchTag, Envelope},
-            {Tags::MustUnderstandFaultTag, Envelope},
-            {Tags::ReceiverTag, Envelope},
-            {Tags::SenderTag, Envelope},
-            {Tags::DataEncodingUnknownTag, Envelope},
-            {Tags::DTDNotSupportedTag, Envelope},
-        }},
-        .subFaultCodes = {{
-            {Tags::MissingIDTag, Encoding},
-            {Tags::UnTypedValueTag, Encoding},
-            {Tags::ProcedureNotPresentTag, Rpc},
-            {Tags::BadArgumentsTag, Rpc},
-        }},
-        .roleSuffixes = {{"/role/next", "/role/none", "/role/ultimateReceiver"}},
+    static TzSoapLasting<const TzSoapVersionTable> table([] {
+        return TzSoapVersionTable(Texts{
+            .errorName = "Version1_2",
+            .namespaces = {{
+                {},
+                {"env", "http://www.w3.org/2002/06/soap-envelope"},
+                {"enc", "http://www.w3.org/2002/06/soap-encoding"},
+                {"f", "http://www.w3.org/2002/06/soap-faults"},
+                {"rpc", "http://www.w3.org/2002/06/soap-rpc"},
+                {"upgrade", "http://www.w3.org/2002/06/soap-upgrade"},
+            }},
+            .attributes = {{
+                {Tags::EncodingStyleTag, Envelope},
+                {Tags::MustUnderstandTag, Envelope},
+                {"role", Envelope},
+                {Tags::RootTag, Encoding},
+                {},
+                {Tags::PositionTag, Encoding},
+                {Tags::OffsetTag, Encoding},
+                {"itemType", Encoding},
+                {"arraySize", Encoding},
+                {"ref", Unqualified},
+                {"href", Unqualified},
+            }},
+            .elements = {{
+                {Tags::EnvelopeTag, Envelope},
+                {Tags::BodyTag, Envelope},
+                {Tags::HeaderTag, Envelope},
+                {Tags::FaultTag, Envelope},
+                {"Code", Envelope},
+                {"Reason", Envelope},
+                {"Node", Envelope},
+                {"Role", Envelope},
+                {"Detail", Envelope},
+                {"Subcode", Envelope},
+                {"Value", Envelope},
+                {Tags::MisunderstoodTag, Faults},
+            }},
+            .faultCodes = {{
+                {Tags::VersionMismatchTag, Envelope},
+                {Tags::MustUnderstandFaultTag, Envelope},
+                {Tags::ReceiverTag, Envelope},
+                {Tags::SenderTag, Envelope},
+                {Tags::DataEncodingUnknownTag, Envelope},
+                {Tags::DTDNotSupportedTag, Envelope},
+            }},
+            .subFaultCodes = {{
+                {Tags::MissingIDTag, Encoding},
+                {Tags::UnTypedValueTag, Encoding},
+                {Tags::ProcedureNotPresentTag, Rpc},
+                {Tags::BadArgumentsTag, Rpc},
+            }},
+            .roleSuffixes = {{"/role/next", "/role/none", "/role/ultimateReceiver"}},
+        });
     });
-    return table;
+    return *table;
 }
 
 const TzXmlName& TzSoapVersionTable::attribute(TzSoapVersion::SoapAttribute attribute) const {

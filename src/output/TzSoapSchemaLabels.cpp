@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "output/TzSoapSchemaLabels.h"
+#include "model/TzSoapLasting.h"
 
 #include <tz/xml/TzXmlNamespace.h>
 
@@ -25,7 +26,8 @@ Labels makeLabels() {
 } // namespace
 
 const TzXmlName& tzSoapSchemaLabel(TzSoapContentBase::SchemaType type) {
-    static const Labels labels = makeLabels();
+    static TzSoapLasting<const Labels> made(makeLabels);
+    const Labels& labels = *made;
     const auto position = static_cast<std::size_t>(type);
     return labels[position < labels.size() ? position : 0];
 }

@@ -12,6 +12,7 @@
 #include <soap/TzSoapTypeImp.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapLasting.h"
 #include "output/TzSoapSerializerOutput.h"
 
 namespace {
@@ -28,9 +29,9 @@ TzSoapTagOutput::TagName tagOf(const TzSoapType& value) {
 } // namespace
 
 // Real strings and a real name, made before any object of the program.
-const TzCString TzSoapSerializer::Fault = "Fault";
-const TzCString TzSoapSerializer::Prefix(TzSoapTagOutput::PrefixBase);
-const TzXmlName TzSoapSerializer::UnknownName = TzSoapTagOutput::unnamedName();
+TZSOAP_EARLY const TzCString TzSoapSerializer::Fault = "Fault";
+TZSOAP_EARLY const TzCString TzSoapSerializer::Prefix(TzSoapTagOutput::PrefixBase);
+TZSOAP_EARLY const TzXmlName TzSoapSerializer::UnknownName = TzSoapTagOutput::unnamedName();
 
 TzSoapSerializer::TzSoapSerializer()
     : output_(std::make_unique<TzSoapSerializerOutput>(typeid(TzSoapSerializer))) {}

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "output/TzSoapTagOutput.h"
+#include "model/TzSoapLasting.h"
 
 #include <soap/TzSoapArrayTypeImp.h>
 #include <soap/TzSoapElementImp.h>
@@ -105,8 +106,9 @@ const TzCString& TzSoapTagOutput::encodingPrefix() const {
 }
 
 const TzXmlName& TzSoapTagOutput::unnamedName() {
-    static const TzXmlName unnamed("unnamed", TzXmlNamespace("tznone", "urn:tz-soap:unnamed"));
-    return unnamed;
+    static TzSoapLasting<const TzXmlName> unnamed(
+        [] { return TzXmlName("unnamed", TzXmlNamespace("tznone", "urn:tz-soap:unnamed")); });
+    return *unnamed;
 }
 
 TzSoapTagOutput::TagName TzSoapTagOutput::unnamed() noexcept {

@@ -4,6 +4,8 @@
 #include <soap/TzSoapUtils.h>
 #include <soap/TzSoapVersion.h>
 
+#include "model/TzSoapLasting.h"
+
 #include <utility>
 
 TzSoapEncodingStyles::TzSoapEncodingStyles() = default;
@@ -17,6 +19,6 @@ void TzSoapEncodingStyles::push(const TzCString& text) {
 }
 
 const TzSoapStyleInForce& TzSoapEncodingStyles::none() noexcept {
-    static const TzSoapStyleInForce instance;
-    return instance;
+    static TzSoapLasting<const TzSoapStyleInForce> instance([] { return TzSoapStyleInForce(); });
+    return *instance;
 }

@@ -3,6 +3,7 @@
 
 #include "mime/TzMimeParameterSections.h"
 #include "mime/TzMimeText.h"
+#include "tools/TzPlatformLasting.h"
 
 #include <cstddef>
 #include <utility>
@@ -83,9 +84,9 @@ std::size_t TzMimeContentTypeBody::indexOf(std::string_view name) const noexcept
 }
 
 const TzCString& TzMimeContentTypeBody::parameter(std::string_view name) const noexcept {
-    static const TzCString none;
+    static TzPlatformLasting<const TzCString> none([] { return TzCString(); });
     const std::size_t index = indexOf(name);
-    return index < parameters_.size() ? parameters_[index].value : none;
+    return index < parameters_.size() ? parameters_[index].value : *none;
 }
 
 void TzMimeContentTypeBody::setParameter(std::string_view name, std::string_view value) {

@@ -3,6 +3,7 @@
 
 #include "mime/TzMimeHeaderBody.h"
 #include "mime/TzMimeText.h"
+#include "tools/TzPlatformLasting.h"
 
 #include <algorithm>
 
@@ -26,8 +27,8 @@ TzMimeHeaderBody* TzMimeHeader::body() const noexcept {
 }
 
 const TzCString& TzMimeHeader::getLabel() const noexcept {
-    static const TzCString none;
-    return body() != nullptr ? body()->label() : none;
+    static TzPlatformLasting<const TzCString> none([] { return TzCString(); });
+    return body() != nullptr ? body()->label() : *none;
 }
 
 TzCString TzMimeHeader::getValue() const {

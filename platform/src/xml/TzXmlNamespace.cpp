@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <tz/xml/TzXmlNamespace.h>
 
+#include "tools/TzPlatformLasting.h"
+
 #include <array>
 
 TzXmlNamespace::TzXmlNamespace(std::string_view prefix, std::string_view uri) {
@@ -18,28 +20,32 @@ void TzXmlNamespace::setUri(std::string_view uri) { *this = TzXmlNamespace(getPr
 bool TzXmlNamespace::isEmpty() const noexcept { return getUri().empty() && getPrefix().empty(); }
 
 const TzXmlNamespace& TzXmlNamespace::getEmptyNamespace() {
-    static const TzXmlNamespace instance;
-    return instance;
+    static TzPlatformLasting<const TzXmlNamespace> instance([] { return TzXmlNamespace(); });
+    return *instance;
 }
 
 const TzXmlNamespace& TzXmlNamespace::getXmlns() {
-    static const TzXmlNamespace instance("xmlns", "http://www.w3.org/2000/xmlns/");
-    return instance;
+    static TzPlatformLasting<const TzXmlNamespace> instance(
+        [] { return TzXmlNamespace("xmlns", "http://www.w3.org/2000/xmlns/"); });
+    return *instance;
 }
 
 const TzXmlNamespace& TzXmlNamespace::getXml() {
-    static const TzXmlNamespace instance("xml", "http://www.w3.org/XML/1998/namespace");
-    return instance;
+    static TzPlatformLasting<const TzXmlNamespace> instance(
+        [] { return TzXmlNamespace("xml", "http://www.w3.org/XML/1998/namespace"); });
+    return *instance;
 }
 
 const TzXmlNamespace& TzXmlNamespace::getXsi() {
-    static const TzXmlNamespace instance("xsi", "http://www.w3.org/2001/XMLSchema-instance");
-    return instance;
+    static TzPlatformLasting<const TzXmlNamespace> instance(
+        [] { return TzXmlNamespace("xsi", "http://www.w3.org/2001/XMLSchema-instance"); });
+    return *instance;
 }
 
 const TzXmlNamespace& TzXmlNamespace::getXsd() {
-    static const TzXmlNamespace instance("xsd", "http://www.w3.org/2001/XMLSchema");
-    return instance;
+    static TzPlatformLasting<const TzXmlNamespace> instance(
+        [] { return TzXmlNamespace("xsd", "http://www.w3.org/2001/XMLSchema"); });
+    return *instance;
 }
 
 bool TzXmlNamespace::matchXsi(const TzXmlNamespace& candidate) noexcept {

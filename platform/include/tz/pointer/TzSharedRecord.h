@@ -65,8 +65,10 @@ private:
     explicit TzSharedRecord(Record* record) noexcept : record_(record) {}
 
     static const Value& none() noexcept {
-        static const Value value;
-        return value;
+        // Never destroyed: an empty value holds nothing, and its last user may come late.
+        alignas(Value) static std::array<std::byte, sizeof(Value)> room;
+        static const Value* const value = ::new (static_cast<void*>(room.data())) Value();
+        return *value;
     }
     void retain() const noexcept {
         if (record_ != nullptr) {
