@@ -1,7 +1,9 @@
 # SPDX-License-Identifier: MIT
 
 # The library itself holds no network code; the programs that do use cpp-httplib.
-option(TZSOAP_HTTP "Build the programs that talk HTTP (needs cpp-httplib)" ${PROJECT_IS_TOP_LEVEL})
+cmake_dependent_option(
+    TZSOAP_HTTP "Build the programs that talk HTTP (needs cpp-httplib)" ${PROJECT_IS_TOP_LEVEL}
+    "TZSOAP_BUILD_TOOL OR TZSOAP_BUILD_EXAMPLES OR TZSOAP_BUILD_TESTS" OFF)
 if(TZSOAP_HTTP)
     find_package(PkgConfig REQUIRED)
     find_package(Threads REQUIRED)

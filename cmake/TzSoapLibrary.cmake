@@ -7,35 +7,57 @@ else()
     set(TZSOAP_SOVERSION ${PROJECT_VERSION_MAJOR})
 endif()
 
+# Shared unless the program that builds the libraries asks for archives.
+if(DEFINED BUILD_SHARED_LIBS AND NOT BUILD_SHARED_LIBS)
+    set(TZSOAP_LIBRARY_TYPE STATIC)
+else()
+    set(TZSOAP_LIBRARY_TYPE SHARED)
+endif()
+
 # What both libraries have in common: tzsoap_add_library(<target> <export name> <source>...)
 function(tzsoap_add_library target export_name)
-    add_library(${target} SHARED ${ARGN})
+    add_library(${target} ${TZSOAP_LIBRARY_TYPE} ${ARGN})
     add_library(TzSoap::${export_name} ALIAS ${target})
     set_target_properties(
         ${target}
         PROPERTIES EXPORT_NAME ${export_name}
                    VERSION ${PROJECT_VERSION}
                    SOVERSION ${TZSOAP_SOVERSION}
+                   POSITION_INDEPENDENT_CODE ON
                    INSTALL_RPATH "$ORIGIN")
     target_compile_features(${target} PUBLIC cxx_std_20)
     # Exported functions are never replaced by those of another library, so calls within one may be
     # inlined and need no table.
     target_compile_options(${target} PRIVATE -fno-semantic-interposition)
-    target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
+    target_link_options(
+        ${target} PRIVATE -Wl,-Bsymbolic-functions
+        -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/hidden-symbols.map)
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS
+                                                  "${PROJECT_SOURCE_DIR}/cmake/hidden-symbols.map")
     # The sanitizers of clang are in the program only.
     if(NOT TZSOAP_SANITIZERS)
         target_link_options(${target} PRIVATE -Wl,--no-undefined)
     endif()
     tzsoap_set_warnings(${target})
-    install(
-        TARGETS ${target}
-        EXPORT TzSoapTargets
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime
-                NAMELINK_COMPONENT development)
+    if(TZSOAP_INSTALL)
+        install(
+            TARGETS ${target}
+            EXPORT TzSoapTargets
+            ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
+            LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+                    COMPONENT runtime
+                    NAMELINK_COMPONENT development)
+    endif()
 endfunction()
 
 # Writes and installs the pkg-config file of a library from <name>.pc.in.
 function(tzsoap_install_pkgconfig name)
+    # A program that links archives links what they use as well.
+    if(TZSOAP_LIBRARY_TYPE STREQUAL "STATIC")
+        set(TZSOAP_PC_REQUIRES_PRIVATE Requires)
+    else()
+        set(TZSOAP_PC_REQUIRES_PRIVATE Requires.private)
+    endif()
     # Relative to the file itself, so that an installed tree can be moved.
     cmake_path(SET pc_dir NORMALIZE "${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/pkgconfig")
     cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX BASE_DIRECTORY "${pc_dir}"

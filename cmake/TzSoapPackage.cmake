@@ -34,5 +34,10 @@ install(
     DESTINATION ${package_dir}
     COMPONENT development)
 
+install(
+    FILES LICENSE
+    DESTINATION ${CMAKE_INSTALL_DOCDIR}
+    COMPONENT runtime)
+
 tzsoap_install_pkgconfig(tzsoap-platform)
 tzsoap_install_pkgconfig(tzsoap)

@@ -41,7 +41,7 @@ TEST(TzXmlWriterPieces, GrowsToLargeTexts) {
 
 TEST(TzXmlWriterPieces, IndentsLinesOfPieces) {
     TzXmlStringWriter writer;
-    for (const std::size_t blanks : {0, 1, 31, 32, 33, 70}) {
+    for (const std::size_t blanks : {0U, 1U, 31U, 32U, 33U, 70U}) {
         writer.setIndentation(blanks);
         writer.writeMarkupLine("<", std::to_string(blanks), ">");
     }

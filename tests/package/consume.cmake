@@ -1,0 +1,54 @@
+# SPDX-License-Identifier: MIT
+# consume(PREFIX): builds and runs the consumer against the copy installed below PREFIX twice: by the
+# CMake package and by pkg-config. Expects WORK_DIR, CXX_COMPILER, LIBDIR and VERSION.
+
+function(run)
+    execute_process(COMMAND ${ARGN} COMMAND_ECHO STDOUT COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+function(expect_output how)
+    set(expected "SOAPMessage:http://schemas.xmlsoap.org/soap/envelope/\n${VERSION}\n")
+    execute_process(
+        COMMAND ${ARGN} COMMAND_ECHO STDOUT
+        OUTPUT_VARIABLE output
+        COMMAND_ERROR_IS_FATAL ANY)
+    if(NOT output STREQUAL expected)
+        message(FATAL_ERROR "${how}: the consumer printed\n${output}instead of\n${expected}")
+    endif()
+    message(STATUS "${how}: the consumer runs")
+endfunction()
+
+function(expect_file file)
+    if(NOT EXISTS "${file}")
+        message(FATAL_ERROR "not installed: ${file}")
+    endif()
+endfunction()
+
+function(consume_by_package prefix)
+    run(${CMAKE_COMMAND} -S "${CMAKE_CURRENT_FUNCTION_LIST_DIR}" -B "${WORK_DIR}/by_package"
+        -D CMAKE_BUILD_TYPE=Release -D CMAKE_CXX_COMPILER=${CXX_COMPILER}
+        -D CMAKE_PREFIX_PATH=${prefix} -D WANTED_VERSION=${VERSION})
+    run(${CMAKE_COMMAND} --build "${WORK_DIR}/by_package")
+    expect_output(find_package "${WORK_DIR}/by_package/consumer")
+endfunction()
+
+function(consume_by_pkgconfig prefix)
+    find_program(PKG_CONFIG pkg-config REQUIRED)
+    set(ENV{PKG_CONFIG_PATH} "${prefix}/${LIBDIR}/pkgconfig")
+    execute_process(
+        COMMAND ${PKG_CONFIG} --cflags --libs tzsoap
+        OUTPUT_VARIABLE flags
+        OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    separate_arguments(flags UNIX_COMMAND "${flags}")
+    file(MAKE_DIRECTORY "${WORK_DIR}/by_pkgconfig")
+    run(${CXX_COMPILER} -std=c++20 "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/consumer.cpp" ${flags} -o
+        "${WORK_DIR}/by_pkgconfig/consumer")
+    expect_output(pkg-config ${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${prefix}/${LIBDIR}
+                  "${WORK_DIR}/by_pkgconfig/consumer")
+endfunction()
+
+function(consume prefix)
+    expect_file("${prefix}/share/doc/TzSoap/LICENSE")
+    consume_by_package("${prefix}")
+    consume_by_pkgconfig("${prefix}")
+endfunction()
