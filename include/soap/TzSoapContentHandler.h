@@ -29,12 +29,25 @@ protected:
     // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): there is nothing to handle
     TzSoapContentHandler& operator=(const TzSoapContentHandler&) noexcept { return *this; }
 
-    /// Makes this handler the one that receives, in the reading of `context`.
+    /// Makes this handler the one that receives, in the reading of `context`. `TzXmlInternalError`
+    /// INTERNAL_ERROR naming "..\TzSoapContentHandler", and nothing changed, without a context or
+    /// when that has no parser.
     void acceptEvents(TzSoapParseContext* context);
     /// Makes the handler that received before this one receive again.
     void declineEvents();
     /// The reading this handler takes part in, null while it does not receive.
     TzSoapParseContext* context() const noexcept { return context_; }
+    /// The reading this handler takes part in. While it does not receive, so that no event can have
+    /// come from a parser, `TzXmlInternalError` INTERNAL_ERROR naming `unit` and `line`.
+    TzSoapParseContext& reading(const char* unit, int line) const {
+        if (context_ == nullptr) [[unlikely]] {
+            refuseEvent(unit, line);
+        }
+        return *context_;
+    }
+    /// Throws `TzXmlInternalError` INTERNAL_ERROR naming `unit` and `line`: an event came in a
+    /// state in which it cannot.
+    [[noreturn]] static void refuseEvent(const char* unit, int line);
 
 private:
     TzXmlContentHandler* previous_ = nullptr;

@@ -61,13 +61,14 @@ void TzSoapBodyImp::startElement(const TzXmlName& name, const TzXmlAttributeSet&
     if (!names.matchSoapElement(name, TzSoapVersion::Fault)) {
         return TzSoapGenericTypeHandler::startElement(name, attributes);
     }
+    TzSoapParseContext& reading = this->reading("..\\TzSoapBodyImp", 80);
     popChildStyle();
     hasFaultElement_ = true;
-    TzSoapAccess::body(fault_).populate(name, attributes, context());
+    TzSoapAccess::body(fault_).populate(name, attributes, &reading);
 }
 
 void TzSoapBodyImp::endElement(const TzXmlName&) {
-    context()->resolveAndClearIdReferences();
+    reading("..\\TzSoapBodyImp", 88).resolveAndClearIdReferences();
     close();
 }
 

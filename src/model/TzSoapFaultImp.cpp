@@ -10,6 +10,12 @@
 
 #include <utility>
 
+namespace {
+
+constexpr const char* Unit = "..\\TzSoapFaultImp";
+
+} // namespace
+
 // In the order in which an element is compared with them.
 const TzSoapFaultImp::Transition TzSoapFaultImp::Transitions[] = {
     {TzSoapVersion::FaultCode, State::Code},       {TzSoapVersion::FaultValue, State::SubcodeValue},
@@ -66,6 +72,7 @@ void TzSoapFaultImp::clear() {
 
 void TzSoapFaultImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                               TzSoapParseContext* context) {
+    acceptEvents(context);
     name_ = name;
     state_ = State::None;
     textIsUnused_ = false;
@@ -74,10 +81,10 @@ void TzSoapFaultImp::populate(const TzXmlName& name, const TzXmlAttributeSet& at
     element_ = std::make_unique<TzXmlElementImp>(name);
     element_->getAttributes() = attributes;
     context->getNamespaces().push_back(element_.get());
-    acceptEvents(context);
 }
 
 void TzSoapFaultImp::startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+    static_cast<void>(reading(Unit, 88));
     scopes_.push_back(attributes);
     state_ = stateAfter(name);
     if (state_ == State::Detail) {
@@ -104,6 +111,7 @@ void TzSoapFaultImp::readDetail(const TzXmlName& name, const TzXmlAttributeSet& 
 }
 
 void TzSoapFaultImp::characters(const TzCString& text) {
+    static_cast<void>(reading(Unit, 116));
     noteUnusedText();
     text_ = text;
     textIsUnused_ = true;
@@ -116,6 +124,10 @@ void TzSoapFaultImp::noteUnusedText() {
 }
 
 void TzSoapFaultImp::endElement(const TzXmlName&) {
+    TzSoapParseContext::Namespaces& namespaces = reading(Unit, 122).getNamespaces();
+    if (namespaces.empty()) {
+        refuseEvent(Unit, 123);
+    }
     textIsUnused_ = textIsUnused_ && !takesText();
     noteUnusedText();
     setValue();
@@ -123,7 +135,7 @@ void TzSoapFaultImp::endElement(const TzXmlName&) {
         scopes_.pop_back();
         return;
     }
-    context()->getNamespaces().pop_back();
+    namespaces.pop_back();
     element_.reset();
     declineEvents();
 }

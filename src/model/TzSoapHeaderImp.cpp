@@ -79,7 +79,7 @@ void TzSoapHeaderImp::populate(const TzXmlName& name, const TzXmlAttributeSet& a
 }
 
 void TzSoapHeaderImp::endElement(const TzXmlName&) {
-    context()->resolveAndClearIdReferences();
+    reading("..\\TzSoapHeaderImp", 74).resolveAndClearIdReferences();
     close();
 }
 

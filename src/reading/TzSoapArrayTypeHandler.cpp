@@ -13,6 +13,12 @@
 
 #include <utility>
 
+namespace {
+
+constexpr const char* Unit = "..\\TzSoapArrayTypeHandler";
+
+} // namespace
+
 TzSoapArrayTypeHandler::TzSoapArrayTypeHandler() = default;
 
 TzSoapArrayTypeHandler::~TzSoapArrayTypeHandler() = default;
@@ -31,8 +37,8 @@ void TzSoapArrayTypeHandler::populate(const TzXmlName& name, const TzXmlAttribut
 
 void TzSoapArrayTypeHandler::startElement(const TzXmlName& name,
                                           const TzXmlAttributeSet& attributes) {
-    const TzXmlName& position =
-        TzSoapVersion::getSoapAttributeName(TzSoapVersion::Position, context()->getVersion());
+    const TzXmlName& position = TzSoapVersion::getSoapAttributeName(TzSoapVersion::Position,
+                                                                    reading(Unit, 37).getVersion());
     if (attributes.find(position) != attributes.end()) {
         finishStartElement(TzSoapSparseArrayImp::forReading(name_, type_, size_), name, attributes);
     } else {
@@ -42,7 +48,7 @@ void TzSoapArrayTypeHandler::startElement(const TzXmlName& name,
 }
 
 void TzSoapArrayTypeHandler::endElement(const TzXmlName&) {
-    populateArray(TzSoapCompactArrayImp::forReading(name_, type_, size_, *context()));
+    populateArray(TzSoapCompactArrayImp::forReading(name_, type_, size_, reading(Unit, 47)));
     declineEvents();
 }
 

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapContentHandler.h>
 
+#include <soap/TzSoapCatalog.h>
 #include <soap/TzSoapParseContext.h>
+#include <tz/tools/TzMessage.h>
+#include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlSAXParser.h>
 
 void TzSoapContentHandler::startElement(const TzXmlName&, const TzXmlAttributeSet&) {}
@@ -17,14 +20,21 @@ void TzSoapContentHandler::characters(const TzCString& text) {
 TzSoapContentHandler::~TzSoapContentHandler() = default;
 
 void TzSoapContentHandler::acceptEvents(TzSoapParseContext* context) {
+    TzXmlSAXParser* const parser = context != nullptr ? context->getParser() : nullptr;
+    if (parser == nullptr) {
+        refuseEvent("..\\TzSoapContentHandler", 21);
+    }
     context_ = context;
-    TzXmlSAXParser& parser = *context->getParser();
-    previous_ = parser.getContentHandler();
-    parser.setContentHandler(this);
+    previous_ = parser->getContentHandler();
+    parser->setContentHandler(this);
 }
 
 void TzSoapContentHandler::declineEvents() {
     context_->getParser()->setContentHandler(previous_);
     previous_ = nullptr;
     context_ = nullptr;
+}
+
+void TzSoapContentHandler::refuseEvent(const char* unit, int line) {
+    TzThrow(TzXmlInternalError(TzMessage(tzsoap_INTERNAL_ERROR(), unit, line)));
 }

@@ -18,6 +18,8 @@
 
 namespace {
 
+constexpr const char* Unit = "..\\TzSoapGenericTypeHandler";
+
 /// The attribute of `version` that `attribute` stands for, null when it is not there.
 const TzXmlAttribute* findSoap(const TzXmlAttributeSet& attributes,
                                TzSoapVersion::SoapAttribute attribute,
@@ -61,6 +63,7 @@ void TzSoapGenericTypeHandler::addPcdata() {}
 
 void TzSoapGenericTypeHandler::open(TzXmlElementImp& element, TzSoapParseContext* context,
                                     const TzCString* style) {
+    acceptEvents(context);
     // A reading that failed may have left the marks of its scopes behind.
     handlers_.reset();
     childStylePushed_ = false;
@@ -69,10 +72,14 @@ void TzSoapGenericTypeHandler::open(TzXmlElementImp& element, TzSoapParseContext
     if (style != nullptr) {
         context->pushEncodingStyle(*style);
     }
-    acceptEvents(context);
 }
 
 void TzSoapGenericTypeHandler::close() {
+    TzSoapParseContext& reading = this->reading(Unit, 97);
+    const std::size_t pushed = std::size_t{childStylePushed_} + std::size_t{ownStylePushed_};
+    if (reading.getNamespaces().empty() || reading.getEncodingStyles().size() < pushed) {
+        refuseEvent(Unit, 98);
+    }
     popChildStyle();
     if (std::exchange(ownStylePushed_, false)) {
         context()->getEncodingStyles().pop();
@@ -103,15 +110,19 @@ void TzSoapGenericTypeHandler::pushChildStyle(const TzXmlAttributeSet& attribute
 }
 
 void TzSoapGenericTypeHandler::popChildStyle() {
-    if (std::exchange(childStylePushed_, false)) {
+    if (childStylePushed_) {
+        if (context()->getEncodingStyles().empty()) {
+            refuseEvent(Unit, 122);
+        }
+        childStylePushed_ = false;
         context()->getEncodingStyles().pop();
     }
 }
 
 void TzSoapGenericTypeHandler::startElement(const TzXmlName& name,
                                             const TzXmlAttributeSet& attributes) {
+    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(reading(Unit, 132).getVersion());
     popChildStyle();
-    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(context()->getVersion());
     const bool marked =
         context()->findOnlyType(attributes) == nullptr && mayMark(attributes, names);
     if (marked) {
@@ -194,8 +205,7 @@ void TzSoapGenericTypeHandler::doSoapEncoding(const TzXmlName& name,
         handlers().array.populate(name, attributes, type, size, context(), this);
         return;
     }
-    TzThrow(TzXmlInternalError(
-        TzMessage(tzsoap_INTERNAL_ERROR(), "..\\TzSoapGenericTypeHandler", 158)));
+    TzThrow(TzXmlInternalError(TzMessage(tzsoap_INTERNAL_ERROR(), Unit, 158)));
 }
 
 void TzSoapGenericTypeHandler::readReference(const TzXmlName& name,

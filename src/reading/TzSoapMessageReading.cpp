@@ -72,26 +72,30 @@ std::size_t findDocument(std::string_view text, std::size_t tag) {
 /// Ends a reading, however it ends: nothing of it outlives the text.
 class TzSoapMessageImp::Reading {
 public:
-    explicit Reading(TzSoapMessageImp& message) : message_(message) {}
+    // Context and parser are made here, if need be: its end takes no memory.
+    explicit Reading(TzSoapMessageImp& message)
+        : message_(message), context_(message.context()), parser_(message.parser()) {}
     ~Reading() {
-        message_.droppedText_ = message_.context().getDroppedText();
-        message_.context().dropTargets();
-        message_.context().clear();
-        message_.parser().setContentHandler(nullptr);
+        message_.droppedText_ = context_.getDroppedText();
+        context_.dropTargets();
+        context_.clear();
+        parser_.setContentHandler(nullptr);
     }
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
 
     /// The reading succeeded: the targets stay, rings become the message's to break.
     void succeed() {
-        for (TzSoapReferenceToSoapTypeImp* closing : message_.context().findRingClosers()) {
+        for (TzSoapReferenceToSoapTypeImp* closing : context_.findRingClosers()) {
             message_.keepRing(TzSoapAccess::handle<TzSoapReferenceType>(closing));
         }
-        message_.context().keepTargets();
+        context_.keepTargets();
     }
 
 private:
     TzSoapMessageImp& message_;
+    TzSoapParseContext& context_;
+    TzXmlSAXParser& parser_;
 };
 
 void TzSoapMessageImp::parseEnvelope(std::string_view text) {
@@ -123,6 +127,9 @@ void TzSoapMessageImp::refuse(const TzMessage& message, const TzXmlName& element
 }
 
 void TzSoapMessageImp::startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+    if (context().getParser() == nullptr) {
+        refuseEvent("..\\TzSoapMessageImp", 252);
+    }
     switch (readState_) {
     case AwaitingEnvelope:
         if (name.getLocalName() != getName().getLocalName()) {
@@ -134,8 +141,7 @@ void TzSoapMessageImp::startElement(const TzXmlName& name, const TzXmlAttributeS
     case InEnvelope:
         return startPart(name, attributes);
     default:
-        TzThrow(
-            TzXmlInternalError(TzMessage(tzsoap_INTERNAL_ERROR(), "..\\TzSoapMessageImp", 252)));
+        refuseEvent("..\\TzSoapMessageImp", 252);
     }
 }
 
@@ -167,6 +173,9 @@ void TzSoapMessageImp::populate(const TzXmlName& name, const TzXmlAttributeSet& 
 void TzSoapMessageImp::characters(const TzCString& text) { context().noteDroppedText(text); }
 
 void TzSoapMessageImp::endElement(const TzXmlName&) {
+    if (readState_ != InEnvelope || context().getNamespaces().empty()) {
+        refuseEvent("..\\TzSoapMessageImp", 271);
+    }
     readState_ = EnvelopeEnded;
     context().getNamespaces().pop_back();
 }

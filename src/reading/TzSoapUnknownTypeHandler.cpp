@@ -19,6 +19,8 @@
 
 namespace {
 
+constexpr const char* Unit = "..\\TzSoapUnknownTypeHandler";
+
 const TzXmlName& misunderstoodElement() {
     static const TzXmlName& name =
         TzSoapVersion::getSoapElementName(TzSoapVersion::Misunderstood, TzSoapVersion::V1_2);
@@ -65,16 +67,17 @@ void TzSoapUnknownTypeHandler::characters(const TzCString& text) { text_ += text
 
 void TzSoapUnknownTypeHandler::startElement(const TzXmlName& name,
                                             const TzXmlAttributeSet& attributes) {
-    context()->noteDroppedText(text_);
+    TzSoapParseContext& reading = this->reading(Unit, 72);
+    reading.noteDroppedText(text_);
     auto* body = new TzSoapCompositeTypeImp();
     const auto composite = TzSoapAccess::handle<TzSoapCompositeType>(body);
     body->takeElement(*element_);
-    TzSoapParseContext* reading = context();
     hand(TzSoapType(composite));
-    body->doStart(name, attributes, reading);
+    body->doStart(name, attributes, &reading);
 }
 
 void TzSoapUnknownTypeHandler::endElement(const TzXmlName&) {
+    static_cast<void>(reading(Unit, 81));
     if (element_->TzXmlElementImp::getName() == misunderstoodElement()) {
         finishMisunderstood();
     } else {

@@ -12,6 +12,12 @@
 
 #include <utility>
 
+namespace {
+
+constexpr const char* Unit = "..\\TzSoapUserDefinedTypeHandler";
+
+} // namespace
+
 TzSoapUserDefinedTypeHandler::TzSoapUserDefinedTypeHandler() = default;
 
 TzSoapUserDefinedTypeHandler::~TzSoapUserDefinedTypeHandler() = default;
@@ -34,6 +40,7 @@ void TzSoapUserDefinedTypeHandler::populate(const TzXmlName& name,
 
 void TzSoapUserDefinedTypeHandler::startElement(const TzXmlName& name,
                                                 const TzXmlAttributeSet& attributes) {
+    static_cast<void>(reading(Unit, 40));
     appendStartTag(name, attributes);
     if (name == name_) {
         ++nesting_;
@@ -43,6 +50,7 @@ void TzSoapUserDefinedTypeHandler::startElement(const TzXmlName& name,
 void TzSoapUserDefinedTypeHandler::characters(const TzCString& text) { markup_ += text; }
 
 void TzSoapUserDefinedTypeHandler::endElement(const TzXmlName& name) {
+    static_cast<void>(reading(Unit, 49));
     appendEndTag(name);
     if (name == name_ && --nesting_ == 0) {
         complete();
