@@ -6,6 +6,7 @@
 namespace {
 
 thread_local std::size_t countdown = 0; // 0: nothing is to fail
+thread_local bool lasting = false;      // whether all fail after the first that does
 thread_local bool reached = false;
 thread_local std::ptrdiff_t live = 0;
 thread_local std::size_t made = 0;
@@ -15,6 +16,7 @@ void* take(std::size_t size) noexcept {
     asked += size;
     if (countdown != 0 && --countdown == 0) {
         reached = true;
+        countdown = lasting ? 1 : 0;
         return nullptr;
     }
     void* block = std::malloc(size != 0 ? size : 1);
@@ -42,8 +44,9 @@ void giveBack(void* block) noexcept {
 
 } // namespace
 
-AllocationFailure::AllocationFailure(std::size_t nth) noexcept {
+AllocationFailure::AllocationFailure(std::size_t nth, OutOfMemory kind) noexcept {
     reached = false;
+    lasting = kind == OutOfMemory::FromThenOn;
     countdown = nth;
 }
 

@@ -6,10 +6,14 @@
 #include <cstddef>
 #include <new>
 
-/// As long as it lives, the n-th allocation (from 1) that this thread makes by operator new fails.
+/// Whether memory is there again after a failure.
+enum class OutOfMemory { Once, FromThenOn };
+
+/// As long as it lives, the n-th allocation (from 1) that this thread makes by operator new fails,
+/// and all later ones if told so.
 class AllocationFailure {
 public:
-    explicit AllocationFailure(std::size_t nth) noexcept;
+    explicit AllocationFailure(std::size_t nth, OutOfMemory kind = OutOfMemory::Once) noexcept;
     AllocationFailure(const AllocationFailure&) = delete;
     AllocationFailure& operator=(const AllocationFailure&) = delete;
     ~AllocationFailure();
@@ -30,14 +34,15 @@ std::size_t askedBytes() noexcept;
 /// Runs `action` with its 1st, 2nd ... allocation failing until it needs no more. Each failure must
 /// arrive as std::bad_alloc and every run must give back what it took. Returns the number of
 /// failures.
-template <typename Action> std::size_t failEachAllocation(const Action& action) {
+template <typename Action>
+std::size_t failEachAllocation(const Action& action, OutOfMemory kind = OutOfMemory::Once) {
     action(); // statics of the first use stay
     for (std::size_t nth = 1;; ++nth) {
         const std::ptrdiff_t before = liveAllocations();
         bool failed = false;
         bool arrived = false;
         {
-            const AllocationFailure failure(nth);
+            const AllocationFailure failure(nth, kind);
             try {
                 action();
             } catch (const std::bad_alloc&) {

@@ -1,0 +1,294 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapCompactArrayType.h>
+#include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapFault.h>
+#include <soap/TzSoapMessage.h>
+#include <soap/TzSoapMisunderstoodType.h>
+#include <soap/TzSoapReferenceType.h>
+#include <soap/TzSoapSerializer.h>
+#include <soap/TzSoapSimpleType.h>
+#include <soap/TzSoapSparseArrayType.h>
+#include <soap/TzSoapVersionConverter.h>
+#include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeMultipart.h>
+#include <tz/mime/TzMimePart.h>
+
+#include "support/AllocationFailure.h"
+#include "support/WireForm.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <string>
+#include <tuple>
+
+// Every allocation of every operation fails once, and once with all that follow: the failure
+// arrives as std::bad_alloc, everything taken is given back, and what was there can be used.
+
+namespace {
+
+using V = TzSoapVersion;
+
+class OutOfMemoryIn : public testing::TestWithParam<std::tuple<V::Version, OutOfMemory>> {
+protected:
+    V::Version version() const { return std::get<0>(GetParam()); }
+    V::Version otherVersion() const { return version() == V::V1_1 ? V::V1_2 : V::V1_1; }
+    OutOfMemory kind() const { return std::get<1>(GetParam()); }
+    const WireForm wire{version()};
+
+    /// Whether each of at least `least` failures of `action` is one.
+    template <typename Action> void failEach(const Action& action, std::size_t least) const {
+        EXPECT_GE(failEachAllocation(action, kind()), least);
+    }
+    /// Lets `action` fail at each of its allocations and runs `check` after each failure.
+    template <typename Action, typename Check>
+    void afterEach(const Action& action, const Check& check) const {
+        bool failed = true;
+        for (std::size_t nth = 1; failed; ++nth) {
+            SCOPED_TRACE(nth);
+            {
+                const AllocationFailure failure(nth, kind());
+                try {
+                    action();
+                } catch (const std::bad_alloc&) {
+                    EXPECT_TRUE(failure.happened());
+                }
+                failed = failure.happened();
+            }
+            check();
+        }
+    }
+};
+
+/// A text that does not fit into a string's own room.
+constexpr const char* LongText = "a text of more than fifteen letters";
+
+TzSoapCompositeType record() {
+    TzSoapCompositeType record(TzXmlName("record", TzXmlNamespace("p", "urn:of:this:record")));
+    record.setIdAttribute("the id of this one record");
+    record.addNamespaceAttribute("q", "urn:of:something:else");
+    record.appendChild(TzSoapSimpleType("number", 5, TzSoapType::xsdInt, true));
+    record.appendChild(TzSoapSimpleType("text", LongText, TzSoapType::xsdString, true));
+    return record;
+}
+
+void addArrays(TzSoapBody& body) {
+    TzSoapCompactArrayType compact("xsd:int", "[2,2]", "[0,0]");
+    compact["[1,1]"] = TzSoapSimpleType("item", 1, TzSoapType::xsdInt, false);
+    TzSoapSparseArrayType sparse("xsd:string", 90);
+    sparse[70] = TzSoapSimpleType("item", LongText, TzSoapType::xsdString, false);
+    sparse[7] = record();
+    body.appendEntry(compact);
+    body.prependEntry(sparse);
+}
+
+void addFault(TzSoapMessage& message) {
+    TzSoapFault& fault = message.getSoapBody().getSoapFault();
+    fault.setCode(message.getSoapVersion().getFaultCode(V::Client));
+    fault.addSubcode(TzXmlName("sub", TzXmlNamespace("s", "urn:of:the:subcodes")));
+    fault.setReason(LongText);
+    fault.setRole(LongText);
+    fault.addDetailEntry("detail", record());
+}
+
+TzSoapReferenceType toPart() {
+    TzMimePart part;
+    part.insertHeader(TzMimeContentIdHeader("the picture of the record"));
+    part.setBody(LongText);
+    return TzSoapReferenceType("picture", part);
+}
+
+/// A message with values of every kind; `attached` adds a reference to a MIME part.
+TzSoapMessage build(V::Version version, bool attached = false) {
+    TzSoapMessage message(version);
+    TzSoapBody& body = message.getSoapBody();
+    message.getSoapHeader().appendHeaderEntry(TzSoapMisunderstoodType("p:block"), true, LongText);
+    const TzSoapCompositeType target = record();
+    body.appendEntry(target);
+    body.appendEntry(TzSoapReferenceType("reference", target));
+    addArrays(body);
+    addFault(message);
+    if (attached) {
+        body.appendEntry(toPart());
+    }
+    return message;
+}
+
+std::string serialize(const TzSoapMessage& message) {
+    TzSoapSerializer serializer;
+    message.acceptVisitor(serializer);
+    return std::move(serializer).getSerializedString();
+}
+
+void extract(const std::string& text) {
+    TzSoapMessage message;
+    message.extract(text);
+}
+
+} // namespace
+
+TEST_P(OutOfMemoryIn, building) {
+    failEach([this] { build(version(), true); }, 50);
+}
+
+TEST_P(OutOfMemoryIn, writing) {
+    failEach([this] { build(version()).asString(); }, 100);
+}
+
+TEST_P(OutOfMemoryIn, writingAPackage) {
+    failEach([this] { build(version(), true).asMimeMultipart().asString(); }, 100);
+}
+
+TEST_P(OutOfMemoryIn, serializing) {
+    failEach([this] { serialize(build(version())); }, 100);
+}
+
+TEST_P(OutOfMemoryIn, extracting) {
+    const std::string text = build(version()).asString();
+    failEach([&text] { extract(text); }, 50);
+}
+
+TEST_P(OutOfMemoryIn, extractingArrays) {
+    const std::string text =
+        wire.body("<a " + wire.array("xsd:int", "3") + "><i>1</i><i>2</i></a><b " +
+                  wire.array("xsd:int", "900") + "><i " + wire.position("700") + ">1</i></b><c " +
+                  wire.array("xsd:int", "3") + " " + wire.offset("2") + "><i><j/></i></c>");
+    failEach([&text] { extract(text); }, 20);
+}
+
+TEST_P(OutOfMemoryIn, extractingReferences) {
+    const std::string text = wire.message(
+        "<a " + wire.ref("one") + "/><ring id='ring'><r " + wire.ref("ring") + "/></ring>",
+        "<b " + wire.ref("none") + "/><c id='one'><d " + wire.ref("one") + "/></c>");
+    failEach([&text] { extract(text); }, 30);
+}
+
+TEST_P(OutOfMemoryIn, extractingAPackage) {
+    const std::string text = build(version(), true).asString();
+    failEach([&text] { extract(text); }, 50);
+}
+
+TEST_P(OutOfMemoryIn, extractingMarkupOfOthers) {
+    const std::string text =
+        wire.body("<a e:encodingStyle='urn:style'><b c='d'>" + std::string(LongText) + "</b></a>");
+    failEach([&text] { extract(text); }, 10);
+}
+
+TEST_P(OutOfMemoryIn, converting) {
+    failEach(
+        [this] {
+            TzSoapMessage message = build(version(), true);
+            TzSoapVersionConverter(otherVersion()).convert(message);
+        },
+        100);
+}
+
+TEST_P(OutOfMemoryIn, copying) {
+    const TzSoapMessage message = build(version(), true);
+    failEach([&message] { message.copy(); }, 40);
+}
+
+TEST_P(OutOfMemoryIn, aMessageThatCouldNotBeWrittenIsWrittenLater) {
+    const TzSoapMessage message = build(version());
+    const std::string written = build(version()).asString();
+    afterEach([&] { message.asString(); }, [&] { ASSERT_EQ(message.asString(), written); });
+}
+
+TEST_P(OutOfMemoryIn, aMessageThatCouldNotBeSerializedIsSerializedLater) {
+    const TzSoapMessage message = build(version());
+    const std::string written = serialize(build(version()));
+    afterEach([&] { serialize(message); }, [&] { ASSERT_EQ(serialize(message), written); });
+}
+
+TEST_P(OutOfMemoryIn, aMessageThatCouldNotBeReadReadsTheNextText) {
+    const std::string text = build(version(), true).asString();
+    TzSoapMessage read;
+    read.extract(text);
+    const std::string written = read.asString();
+    TzSoapMessage message;
+    afterEach([&] { message.extract(text); },
+              [&] {
+                  message.extract(text);
+                  ASSERT_EQ(message.asString(), written);
+              });
+}
+
+TEST_P(OutOfMemoryIn, aMessageThatCouldNotBeCopiedStaysAsItIs) {
+    const TzSoapMessage message = build(version());
+    const std::string written = message.asString();
+    afterEach([&] { message.copy(); }, [&] { ASSERT_EQ(message.asString(), written); });
+}
+
+TEST_P(OutOfMemoryIn, anEntryThatCouldNotBeAddedIsNotThere) {
+    TzSoapMessage message(version());
+    TzSoapBody& body = message.getSoapBody();
+    const TzSoapCompositeType entry = record();
+    unsigned int added = 0;
+    afterEach(
+        [&] {
+            body.appendEntry(entry);
+            ++added;
+            body.prependEntry(entry);
+            ++added;
+            body.insertEntry(body.entriesEnd(), entry);
+            ++added;
+        },
+        [&] { ASSERT_EQ(body.entryCount(), added); });
+    EXPECT_GT(added, 3U);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, OutOfMemoryIn,
+    testing::Combine(testing::Values(V::V1_1, V::V1_2),
+                     testing::Values(OutOfMemory::Once, OutOfMemory::FromThenOn)),
+    [](const auto& parameters) {
+        return "V1_" + std::to_string(std::get<0>(parameters.param)) +
+               (std::get<1>(parameters.param) == OutOfMemory::Once ? "Once" : "FromThenOn");
+    });
+
+namespace {
+
+/// What a process says that used the library for the first time while an allocation failed.
+enum Outcome : int { Succeeded = 10, OutOfMemoryReported, SomethingElse };
+
+Outcome firstUse(std::size_t nth) {
+    try {
+        const AllocationFailure failure(nth, OutOfMemory::FromThenOn);
+        const std::string text = build(V::V1_2, true).asString();
+        extract(text);
+        TzSoapMessage message = build(V::V1_1);
+        serialize(message);
+        TzSoapVersionConverter(V::V1_2).convert(message);
+    } catch (const std::bad_alloc&) {
+        return OutOfMemoryReported;
+    } catch (...) {
+        return SomethingElse;
+    }
+    return Succeeded;
+}
+
+/// `firstUse` in a process of its own; its exit status, -1 when a signal ended it.
+int firstUseElsewhere(std::size_t nth) {
+    const pid_t child = fork();
+    if (child == 0) {
+        _exit(firstUse(nth));
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+} // namespace
+
+// Meant to run in a process of its own, in which nothing is there from other tests.
+TEST(OutOfMemory, theFirstUseReportsIt) {
+    std::size_t nth = 1;
+    int outcome = OutOfMemoryReported;
+    for (; outcome == OutOfMemoryReported; ++nth) {
+        outcome = firstUseElsewhere(nth);
+    }
+    EXPECT_EQ(outcome, Succeeded) << "allocation " << nth - 1;
+    EXPECT_GT(nth, 300U);
+}
