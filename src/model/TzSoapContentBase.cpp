@@ -1,66 +1,34 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapContentBase.h>
 
+#include "model/TzSoapSchemaTypes.h"
+
 #include <array>
 #include <cstddef>
 
 namespace {
 
-/// Local names in the order of the enumerators, as they are written.
-constexpr std::array<std::string_view, 45> SchemaNames = {
-    "",
-    "string",
-    "boolean",
-    "decimal",
-    "float",
-    "double",
-    "duration",
-    "dateTime",
-    "time",
-    "date",
-    "gYearMonth",
-    "gYear",
-    "gMonthDay",
-    "gDay",
-    "gMonth",
-    "hexBinary",
-    "base64Binary",
-    "anyURI",
-    "qName",
-    "NOTATION",
-    "normalizedString",
-    "token",
-    "language",
-    "NMTOKEN",
-    "NMTOKENS",
-    "name",
-    "NCName",
-    "ID",
-    "IDREF",
-    "IDREFS",
-    "ENTITY",
-    "ENTITIES",
-    "integer",
-    "nonPositiveInteger",
-    "negativeInteger",
-    "long",
-    "int",
-    "short",
-    "byte",
-    "nonNegativeInteger",
-    "unsignedLong",
-    "unsignedInt",
-    "unsignedShort",
-    "unsignedByte",
-    "positiveInteger",
-};
-
-/// Where reading differs from writing: the peers of this encoding send "ncName".
-constexpr std::string_view NcNameAsRead = "ncName";
-
-constexpr std::string_view nameAsRead(std::size_t type) noexcept {
-    return type == TzSoapContentBase::xsdNCName ? NcNameAsRead : SchemaNames[type];
+/// Whether `type` is the value of an enumerator: the compiler knows the names of those.
+template <TzSoapContentBase::SchemaType type> constexpr bool hasEnumerator() {
+    return std::string_view(__PRETTY_FUNCTION__).find("= (") == std::string_view::npos;
 }
+
+constexpr bool eachAtItsNumber() {
+    for (std::size_t i = 0; i < TzSoapSchemaTypes::Rows.size(); ++i) {
+        if (TzSoapSchemaTypes::Rows[i].type != static_cast<TzSoapContentBase::SchemaType>(i)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+constexpr auto LastType =
+    static_cast<TzSoapContentBase::SchemaType>(TzSoapSchemaTypes::Rows.size() - 1);
+constexpr auto NoType = static_cast<TzSoapContentBase::SchemaType>(TzSoapSchemaTypes::Rows.size());
+
+static_assert(eachAtItsNumber(), "a schema type is missing from the table or out of order");
+static_assert(hasEnumerator<LastType>() && !hasEnumerator<NoType>(),
+              "the table of schema types does not end with the last of them");
 
 /// The types whose names have one first letter and one length are few: a table by length and first
 /// letter would be larger than the walk it saves, so the common types are simply looked at first.
@@ -74,22 +42,24 @@ constexpr std::array<TzSoapContentBase::SchemaType, 8> CommonTypes = {
 
 TzSoapContentBase::SchemaType
 TzSoapContentBase::schemaTypeFromName(std::string_view localName) noexcept {
+    if (localName.empty()) {
+        return xsdUnknown;
+    }
     for (const SchemaType type : CommonTypes) {
-        if (nameAsRead(static_cast<std::size_t>(type)) == localName) {
+        if (TzSoapSchemaTypes::at(type).read == localName) {
             return type;
         }
     }
-    for (std::size_t type = 1; type < SchemaNames.size(); ++type) {
-        if (nameAsRead(type) == localName) {
-            return static_cast<SchemaType>(type);
+    for (const TzSoapSchemaType& row : TzSoapSchemaTypes::Rows) {
+        if (row.read == localName) {
+            return row.type;
         }
     }
     return xsdUnknown;
 }
 
 std::string_view TzSoapContentBase::schemaTypeName(SchemaType type) noexcept {
-    const bool known = type > 0 && static_cast<std::size_t>(type) < SchemaNames.size();
-    return known ? SchemaNames[static_cast<std::size_t>(type)] : std::string_view();
+    return TzSoapSchemaTypes::at(type).written;
 }
 
 TzCString TzSoapContentBase::schemaTypeLabel(SchemaType type) {

@@ -8,6 +8,7 @@
 #include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlDuration.h>
 
+#include "model/TzSoapSchemaTypes.h"
 #include "values/TzSoapNumberText.h"
 
 #include <algorithm>
@@ -118,15 +119,17 @@ const TzCString& TzSoapSimpleTypeImp::getSoapTypeIdAsString() const {
 TzSoapElementImp* TzSoapSimpleTypeImp::clone() const { return new TzSoapSimpleTypeImp(*this); }
 
 bool TzSoapSimpleTypeImp::stringType(SchemaType type) noexcept {
-    return type == Content::xsdString;
+    return TzSoapSchemaTypes::at(type).getter == TzSoapGetter::String;
 }
 
 bool TzSoapSimpleTypeImp::decimalType(SchemaType type) noexcept {
-    return type == Content::xsdDecimal;
+    return TzSoapSchemaTypes::at(type).getter == TzSoapGetter::Decimal;
 }
 
 bool TzSoapSimpleTypeImp::dateType(SchemaType type) noexcept {
-    return type == Content::xsdDateTime || type == Content::xsdTime || type == Content::xsdDate;
+    const TzSoapGetter getter = TzSoapSchemaTypes::at(type).getter;
+    return getter == TzSoapGetter::DateTime || getter == TzSoapGetter::Time ||
+           getter == TzSoapGetter::Date;
 }
 
 void TzSoapSimpleTypeImp::require(bool accepted) {
@@ -184,7 +187,7 @@ void TzSoapSimpleTypeImp::setDouble(double value) {
 
 void TzSoapSimpleTypeImp::setDate(const TzDate& value, SchemaType type) {
     // A date has no time of day to write.
-    require(dateType(type) && type != Content::xsdTime);
+    require(dateType(type) && TzSoapSchemaTypes::at(type).getter != TzSoapGetter::Time);
     setEncodedString(textOf(value), type);
 }
 

@@ -14,6 +14,7 @@
 #include <tz/xml/TzXmlDuration.h>
 #include <tz/xml/TzXmlUtils.h>
 
+#include "model/TzSoapSchemaTypes.h"
 #include "values/TzSoapNumberText.h"
 #include "values/TzSoapValueText.h"
 
@@ -240,7 +241,7 @@ TzXmlDuration TzSoapValueReader::getDuration() const {
 }
 
 TzCString TzSoapValueReader::getBytes() const {
-    const bool hex = getType() == Content::xsdHexBinary;
+    const bool hex = TzSoapSchemaTypes::at(getType()).getter == TzSoapGetter::HexBytes;
     const char* const wanted = hex ? "hexadecimal digits" : "base64";
     const std::string_view text = trimmed(wanted);
     std::optional<TzCString> bytes = hex ? fromHex(text) : TzMimeBase64::decode(text);
