@@ -14,6 +14,9 @@
 #include <tz/pointer/TzHandleBase.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlProlog.h>
+#include <tz/xml/TzXmlText.h>
+
+#include <string_view>
 
 class TzMimeMultipart;
 class TzSoapConstVisitor;
@@ -63,6 +66,14 @@ public:
     /// `TzXmlBoundsError` for arrays that declare more than the limits allow. After an error the
     /// content is what was read so far: only extract again. O(text).
     virtual void extract(const TzCString& text);
+    /// The same for a text that stays the caller's: an envelope is not copied, a package once, for
+    /// its parts keep its text. A derived class gets a copy in its `extract(const TzCString&)`.
+    void extract(std::string_view text);
+    /// The same for a text that is given away: nothing is copied, a package becomes the message's.
+    /// A derived class gets the text in its `extract(const TzCString&)`.
+    void extract(TzCString&& text);
+    /// The same for characters up to a NUL; `TzXmlBadArgError` for a null pointer.
+    void extract(const char* text);
     /// Whether the last `extract` left text out because the model has no place for it: text other
     /// than white space beside the children of Envelope, Header, Body, a composite value or an
     /// array, in a reference, in a Misunderstood entry, and directly in a Fault or in those of its
@@ -100,11 +111,15 @@ public:
 
     /// Sets the prefix of the envelope namespace.
     void setSoapPrefix(const TzCString& prefix);
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void setSoapPrefix(TzXmlText auto prefix) { setSoapPrefix(tzXmlText(prefix)); }
     /// The prefix of the envelope namespace: "SOAP-ENV" in a new SOAP 1.1 message, "env" in a new
     /// SOAP 1.2 message.
     TzCString getSoapPrefix() const;
     /// Sets the prefix of the encoding namespace.
     void setSoapEncodingPrefix(const TzCString& prefix);
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void setSoapEncodingPrefix(TzXmlText auto prefix) { setSoapEncodingPrefix(tzXmlText(prefix)); }
     /// The prefix of the encoding namespace: "SOAP-ENC" in a new SOAP 1.1 message, "enc" in a new
     /// SOAP 1.2 message; not changed by `setVersion`.
     TzCString getSoapEncodingPrefix() const;
@@ -147,4 +162,6 @@ private:
 
     explicit TzSoapMessage(TzSoapMessageImp* body) noexcept;
     TzSoapElementImp& elementBody() const;
+    bool isDerived() const noexcept;
+    void extractPackage(TzCString text);
 };

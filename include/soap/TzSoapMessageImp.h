@@ -98,7 +98,9 @@ public:
 
     /// Replaces the content by the message read from the text of an envelope and forgets the kept
     /// package.
-    void extract(const TzCString& text);
+    void extract(const TzCString& text) { extractEnvelope(text); }
+    /// As `extract`, for a text that stays the caller's.
+    void extractEnvelope(std::string_view text);
     /// Replaces the content by the message in the root part of `multipart`, which is kept for
     /// references to its parts. `TzXmlParseError` MIME_NOT_MULTIPART without a Content-Type header,
     /// NO_MIME_SOAP_BODY_PART when there is no root part.

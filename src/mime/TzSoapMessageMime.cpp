@@ -15,6 +15,7 @@
 #include <tz/xml/TzXmlStringWriter.h>
 
 #include "mime/TzSoapAttachmentFinder.h"
+#include "model/TzSoapMessageForm.h"
 #include "output/TzSoapWriteText.h"
 #include "reading/TzSoapErrorDetail.h"
 
@@ -85,7 +86,7 @@ bool TzSoapMessage::hasUserDefinedValues() const {
 
 TzCString TzSoapMessage::asString() const {
     // A derived message may look for attachments and make its package in its own way.
-    const bool derived = typeid(*this) != typeid(TzSoapMessage);
+    const bool derived = isDerived();
     if (derived && hasAttachments()) {
         return asMimeMultipart().asString();
     }
@@ -122,10 +123,35 @@ void TzSoapMessage::extract(const TzCString& text) {
     if (!TzSoapUtils::isMimeMultipart(text)) {
         return body().extract(text);
     }
+    extractPackage(text);
+}
+
+void TzSoapMessage::extract(std::string_view text) {
+    if (isDerived()) {
+        return extract(static_cast<const TzCString&>(TzCString(text)));
+    }
+    if (!tzSoapIsMimeMultipart(text)) {
+        return body().extractEnvelope(text);
+    }
+    extractPackage(TzCString(text));
+}
+
+void TzSoapMessage::extract(TzCString&& text) {
+    if (isDerived() || !TzSoapUtils::isMimeMultipart(text)) {
+        return extract(static_cast<const TzCString&>(text));
+    }
+    extractPackage(std::move(text));
+}
+
+void TzSoapMessage::extract(const char* text) { extract(TzXmlUtils::requireText(text)); }
+
+void TzSoapMessage::extractPackage(TzCString text) {
     TzMimeMultipart package;
-    package.fromString(text);
+    package.fromString(std::move(text));
     body().extract(package);
 }
+
+bool TzSoapMessage::isDerived() const noexcept { return typeid(*this) != typeid(TzSoapMessage); }
 
 const TzMimeMultipart& TzSoapMessage::getMimeMultipart() const { return body().getMimeMultipart(); }
 

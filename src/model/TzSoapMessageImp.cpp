@@ -84,7 +84,7 @@ void TzSoapMessageImp::removeProlog() {
     hasProlog_ = false;
 }
 
-void TzSoapMessageImp::extract(const TzCString& text) {
+void TzSoapMessageImp::extractEnvelope(std::string_view text) {
     multipart_ = TzMimeMultipart();
     parseEnvelope(text);
 }

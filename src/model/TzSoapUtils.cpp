@@ -10,6 +10,7 @@
 #include <tz/xml/TzXmlWriter.h>
 
 #include "model/TzSoapLasting.h"
+#include "model/TzSoapMessageForm.h"
 
 #include <algorithm>
 #include <utility>
@@ -200,8 +201,10 @@ TzSoapUtils::MessageEncoding TzSoapUtils::getMessageEncoding(const TzCString& te
     return text.find(envelope.getLocalName()) != TzCString::npos ? XmlEncoding : NoEncoding;
 }
 
-bool TzSoapUtils::isMimeMultipart(const TzCString& text) {
-    if (std::string_view(text).substr(0, 2).find(TzXmlWriter::StartTag) != TzCString::npos) {
+bool TzSoapUtils::isMimeMultipart(const TzCString& text) { return tzSoapIsMimeMultipart(text); }
+
+bool tzSoapIsMimeMultipart(std::string_view text) noexcept {
+    if (text.substr(0, 2).find(TzXmlWriter::StartTag) != std::string_view::npos) {
         return false;
     }
     const std::size_t header = tzFindIgnoreCase(text, "Content-Type:");

@@ -4,9 +4,11 @@
 #include "mime/TzMimePartBody.h"
 #include "mime/TzMimePartWriter.h"
 #include "mime/TzMimeText.h"
+#include "mime/TzMimeTransferEncoding.h"
 
 #include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimeContentLocationHeader.h>
+#include <tz/mime/TzMimeContentTypeHeader.h>
 #include <tz/xml/TzXmlBoundsError.h>
 
 #include <memory>
@@ -17,6 +19,17 @@ TzMimePart::TzMimePart() noexcept : TzHandleBase(nullptr) {}
 TzMimePart::TzMimePart(TzMimePartBody* body) noexcept : TzHandleBase(body) {}
 
 TzMimePart::~TzMimePart() = default;
+
+TzMimePart TzMimePart::make(TzCString bytes, std::string_view type, std::string_view id) {
+    TzMimePart part;
+    part.insertHeader(TzMimeHeader(TzMimeContentTypeHeader::Label, TzCString(type)));
+    part.insertHeader(TzMimeHeader(TzMimeTransferEncoding::Label, "binary"));
+    if (!id.empty()) {
+        part.insertHeader(TzMimeContentIdHeader(TzCString(id)));
+    }
+    part.setBody(std::move(bytes));
+    return part;
+}
 
 TzMimePartBody* TzMimePart::body() const noexcept {
     return static_cast<TzMimePartBody*>(bodyPointer());

@@ -8,6 +8,7 @@
 #include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimePart.h>
 #include <tz/mime/TzMimeTextType.h>
+#include <tz/xml/TzXmlBadArgError.h>
 #include <tz/xml/TzXmlBoundsError.h>
 
 #include <string>
@@ -273,4 +274,35 @@ TEST(TzMimePart, SurvivesEveryFailedAllocation) {
         read.setBody("x");
     });
     EXPECT_GT(failures, 10U);
+}
+
+TEST(TzMimePart, IsMadeFromBytesTypeAndId) {
+    const TzMimePart made = TzMimePart::make(std::string("a\0b", 3), "image/png", "picture@x");
+    EXPECT_EQ(made.asString(), std::string("Content-Type: image/png\r\n"
+                                           "Content-Transfer-Encoding: binary\r\n"
+                                           "Content-ID: <picture@x>\r\n\r\na") +
+                                   std::string("\0b", 2));
+    EXPECT_EQ(made.getContentId(), "picture@x");
+}
+
+TEST(TzMimePart, IsMadeWithABracketedIdOrWithoutAny) {
+    EXPECT_EQ(TzMimePart::make("", "text/plain", "<i>").getContentId(), "i");
+    EXPECT_FALSE(TzMimePart::make("", "text/plain", "").getContentId());
+    EXPECT_EQ(TzMimePart::make("", std::string("text/plain"), std::string_view("i")).getContentId(),
+              "i");
+}
+
+TEST(TzMimePart, TakesTheBytesOver) {
+    std::string bytes(1U << 20U, 'x');
+    const std::size_t before = askedBytes();
+    const TzMimePart made = TzMimePart::make(std::move(bytes), "text/plain", "i");
+    EXPECT_LT(askedBytes() - before, 1U << 16U);
+    EXPECT_EQ(made.getBodyView().size(), 1U << 20U);
+}
+
+TEST(TzMimePart, IsNotMadeFromNullPointers) {
+    const char* const null = nullptr;
+    const std::string text = "a null pointer is not a text";
+    EXPECT_EQ(textThrown<TzXmlBadArgError>([&] { TzMimePart::make("", null, "i"); }), text);
+    EXPECT_EQ(textThrown<TzXmlBadArgError>([&] { TzMimePart::make("", "t", null); }), text);
 }

@@ -5,10 +5,12 @@
 #include <tz/mime/TzMimeHeader.h>
 #include <tz/pointer/TzHandleBase.h>
 #include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlText.h>
 
 #include <cstddef>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 class TzMimePartBody;
 
@@ -32,6 +34,15 @@ public:
     /// Takes the part over; `other` is empty afterwards.
     TzMimePart& operator=(TzMimePart&& other) noexcept = default;
     ~TzMimePart() override;
+
+    /// A part to send: `bytes`, taken over, of the media type `type` such as "image/png", which
+    /// references find by `id`, with or without angle brackets; "" gives no Content-ID. The bytes
+    /// travel as they are ("binary").
+    static TzMimePart make(TzCString bytes, std::string_view type, std::string_view id);
+    /// The same; `TzXmlBadArgError` for a null pointer.
+    static TzMimePart make(TzCString bytes, TzXmlCharacters auto type, TzXmlCharacters auto id) {
+        return make(std::move(bytes), TzXmlUtils::requireText(type), TzXmlUtils::requireText(id));
+    }
 
     /// The number of headers.
     std::size_t getHeaderCount() const noexcept;
