@@ -3,9 +3,11 @@
 
 #include <soap/TzSoapExport.h>
 #include <tz/tools/TzCString.h>
+#include <tz/tools/TzPointerArgument.h>
 #include <tz/xml/TzXmlAttribute.h>
 #include <tz/xml/TzXmlName.h>
 #include <tz/xml/TzXmlNamespace.h>
+#include <tz/xml/TzXmlText.h>
 
 #include <cstddef>
 
@@ -15,7 +17,8 @@ class TzSoapElementImp;
 ///
 /// `Handle` is the class that derives from this one; each operation acts on the handle's body and
 /// throws `TzTHRInvalidPointer` "Invalid pointer" when there is none. Handles that share a body see
-/// each other's changes. Holds no data. Threads: the rule of `Handle`.
+/// each other's changes. Operations that take a text take a `std::string_view` and a `const char*`
+/// as well; a null pointer is a `TzXmlBadArgError`. Holds no data. Threads: the rule of `Handle`.
 template <typename Handle> class TZSOAP_API TzSoapElementHandle {
 public:
     /// The element's name.
@@ -23,6 +26,10 @@ public:
 
     /// Adds the attribute `name`; one of that name takes the new value in place.
     void addAttribute(const TzXmlName& name, const TzCString& value);
+    /// Adds the attribute `name`; one of that name takes the new value in place.
+    void addAttribute(const TzXmlName& name, TzXmlText auto value) {
+        addAttribute(name, tzXmlText(value));
+    }
     /// Adds an attribute; one of that name takes the new value in place.
     void addAttribute(const TzXmlAttribute& attribute);
     /// Number of attributes, namespace declarations included.
@@ -58,18 +65,38 @@ public:
 
     /// Declares the namespace `uri` under `prefix`; a prefix declared already takes the new URI.
     void addNamespaceAttribute(const TzCString& prefix, const TzCString& uri);
+    /// Declares the namespace `uri` under `prefix`; a prefix declared already takes the new URI.
+    void addNamespaceAttribute(TzXmlText auto prefix, TzXmlText auto uri) {
+        addNamespaceAttribute(tzXmlText(prefix), tzXmlText(uri));
+    }
     /// Declares a namespace; a prefix declared already takes the new URI.
     void addNamespaceAttribute(const TzXmlNamespace& declared);
     /// The declaration of `prefix`, `attributesEnd()` if there is none.
     TzXmlAttribute* findNamespaceAttribute(const TzCString& prefix);
     /// The declaration of `prefix`, `attributesEnd()` if there is none.
     const TzXmlAttribute* findNamespaceAttribute(const TzCString& prefix) const;
+    /// The declaration of `prefix`, `attributesEnd()` if there is none.
+    TzXmlAttribute* findNamespaceAttribute(TzXmlText auto prefix) {
+        return findNamespaceAttribute(tzXmlText(prefix));
+    }
+    /// The declaration of `prefix`, `attributesEnd()` if there is none.
+    const TzXmlAttribute* findNamespaceAttribute(TzXmlText auto prefix) const {
+        return findNamespaceAttribute(tzXmlText(prefix));
+    }
     /// Removes the declaration of `prefix`, if any.
     void removeNamespaceAttribute(const TzCString& prefix);
+    /// Removes the declaration of `prefix`, if any.
+    void removeNamespaceAttribute(TzXmlText auto prefix) {
+        removeNamespaceAttribute(tzXmlText(prefix));
+    }
     /// Removes the declaration whose prefix and URI both equal, if any.
     void removeNamespaceAttribute(const TzXmlNamespace& declared);
     /// Declares `uri` as the default namespace.
     void setDefaultNamespaceAttribute(const TzCString& uri);
+    /// Declares `uri` as the default namespace.
+    void setDefaultNamespaceAttribute(TzXmlText auto uri) {
+        setDefaultNamespaceAttribute(tzXmlText(uri));
+    }
     /// Declares the URI of `declared` as the default namespace.
     void setDefaultNamespaceAttribute(const TzXmlNamespace& declared);
     /// Removes the declaration of the default namespace, if any.
@@ -81,6 +108,8 @@ public:
     TzCString getEncodingStyleAttribute() const;
     /// Replaces the encodingStyle text as a whole; "" means absent.
     void setEncodingStyle(const TzCString& style);
+    /// Replaces the encodingStyle text as a whole; "" means absent.
+    void setEncodingStyle(TzXmlText auto style) { setEncodingStyle(tzXmlText(style)); }
     /// Whether there is an encodingStyle text.
     bool hasEncodingStyleAttribute() const;
     /// Removes the encodingStyle text.
@@ -89,6 +118,8 @@ public:
     const TzCString& getIdAttribute() const;
     /// Sets the id.
     void setIdAttribute(const TzCString& id);
+    /// Sets the id.
+    void setIdAttribute(TzXmlText auto id) { setIdAttribute(tzXmlText(id)); }
     /// Removes the id.
     void removeIdAttribute();
     /// Root; false when not set.
@@ -97,6 +128,8 @@ public:
     TzCString getRootAttribute() const;
     /// Sets root.
     void setRoot(bool root);
+    /// A pointer, even to the text "0", would be taken for true.
+    void setRoot(TzPointerArgument auto root) = delete;
     /// Whether root is set.
     bool isRootAttributeSet() const;
     /// Unsets root.

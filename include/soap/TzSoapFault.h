@@ -6,6 +6,7 @@
 #include <tz/pointer/TzHandleBase.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
+#include <tz/xml/TzXmlText.h>
 
 class TzSoapCompositeType;
 class TzSoapConstVisitor;
@@ -58,27 +59,41 @@ public:
     /// Adds a subcode with the local part `qualifier` and no namespace: the way of SOAP 1.1 to
     /// refine a code.
     void addFaultCodeQualifier(const TzCString& qualifier);
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void addFaultCodeQualifier(TzXmlText auto qualifier) {
+        addFaultCodeQualifier(tzXmlText(qualifier));
+    }
 
     /// Sets the reason.
     void setReason(const TzCString& reason);
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void setReason(TzXmlText auto reason) { setReason(tzXmlText(reason)); }
     /// The reason, "" when not set.
     TzCString getReason() const;
     /// The same as `setReason`.
     void setFaultString(const TzCString& reason) { setReason(reason); }
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void setFaultString(TzXmlText auto reason) { setFaultString(tzXmlText(reason)); }
     /// The same as `getReason`.
     TzCString getFaultString() const { return getReason(); }
 
     /// Sets the node that reports the fault.
     void setNode(const TzCString& node);
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void setNode(TzXmlText auto node) { setNode(tzXmlText(node)); }
     /// The node, "" when not set; valid until it changes.
     const TzCString& getNode() const;
     /// The same as `setNode`.
     void setFaultActor(const TzCString& node) { setNode(node); }
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void setFaultActor(TzXmlText auto node) { setFaultActor(tzXmlText(node)); }
     /// The same as `getNode`.
     const TzCString& getFaultActor() const { return getNode(); }
 
     /// Sets the role in which the node acted; written in SOAP 1.2 only.
     void setRole(const TzCString& role);
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void setRole(TzXmlText auto role) { setRole(tzXmlText(role)); }
     /// The role, "" when not set; valid until it changes.
     const TzCString& getRole() const;
 
@@ -86,6 +101,10 @@ public:
     /// the value sees the new name. `TzTHRInvalidPointer`, and nothing changed, for a value without
     /// a body.
     void addDetailEntry(const TzCString& name, const TzSoapType& value);
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void addDetailEntry(TzXmlText auto name, const TzSoapType& value) {
+        addDetailEntry(tzXmlText(name), value);
+    }
     /// Replaces the detail. The composite is shared: what the fault does to its detail is done to
     /// it. `TzTHRInvalidPointer`, and nothing changed, for one without a body.
     void setDetails(const TzSoapCompositeType& details);

@@ -9,8 +9,11 @@
 #include <soap/TzSoapVersion.h>
 #include <tz/pointer/TzHandleBase.h>
 #include <tz/tools/TzCString.h>
+#include <tz/tools/TzPointerArgument.h>
 #include <tz/xml/TzXmlName.h>
+#include <tz/xml/TzXmlText.h>
 
+#include <concepts>
 #include <utility>
 
 class TzSoapConstVisitor;
@@ -44,35 +47,66 @@ public:
     void appendHeaderEntry(TzSoapType entry, bool mustUnderstand);
     /// Sets the entry's actor and adds the entry at the end.
     void appendHeaderEntry(TzSoapType entry, const TzCString& actor);
-    /// Sets the entry's actor and adds the entry at the end.
-    void appendHeaderEntry(TzSoapType entry, const char* actor) {
-        appendHeaderEntry(std::move(entry), TzCString(actor));
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void appendHeaderEntry(TzSoapType entry, TzXmlText auto actor) {
+        appendHeaderEntry(std::move(entry), tzXmlText(actor));
     }
+    /// Any other pointer would be taken for a boolean.
+    void appendHeaderEntry(TzSoapType entry, TzStrayPointer auto actor) = delete;
     /// Sets the entry's mustUnderstand and actor and adds the entry at the end.
     void appendHeaderEntry(TzSoapType entry, bool mustUnderstand, const TzCString& actor);
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void appendHeaderEntry(TzSoapType entry, std::same_as<bool> auto mustUnderstand,
+                           TzXmlText auto actor) {
+        appendHeaderEntry(std::move(entry), mustUnderstand, tzXmlText(actor));
+    }
+    /// A pointer would be taken for true.
+    void appendHeaderEntry(TzSoapType entry, TzPointerArgument auto mustUnderstand,
+                           const auto& actor) = delete;
     /// Sets the entry's mustUnderstand and adds the entry at the front.
     void prependHeaderEntry(TzSoapType entry, bool mustUnderstand);
     /// Sets the entry's actor and adds the entry at the front.
     void prependHeaderEntry(TzSoapType entry, const TzCString& actor);
-    /// Sets the entry's actor and adds the entry at the front.
-    void prependHeaderEntry(TzSoapType entry, const char* actor) {
-        prependHeaderEntry(std::move(entry), TzCString(actor));
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void prependHeaderEntry(TzSoapType entry, TzXmlText auto actor) {
+        prependHeaderEntry(std::move(entry), tzXmlText(actor));
     }
+    /// Any other pointer would be taken for a boolean.
+    void prependHeaderEntry(TzSoapType entry, TzStrayPointer auto actor) = delete;
     /// Sets the entry's mustUnderstand and actor and adds the entry at the front.
     void prependHeaderEntry(TzSoapType entry, bool mustUnderstand, const TzCString& actor);
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void prependHeaderEntry(TzSoapType entry, std::same_as<bool> auto mustUnderstand,
+                            TzXmlText auto actor) {
+        prependHeaderEntry(std::move(entry), mustUnderstand, tzXmlText(actor));
+    }
+    /// A pointer would be taken for true.
+    void prependHeaderEntry(TzSoapType entry, TzPointerArgument auto mustUnderstand,
+                            const auto& actor) = delete;
     /// Sets the entry's mustUnderstand and adds the entry before `position`; returns where it
     /// stands.
     iterator insertHeaderEntry(iterator position, TzSoapType entry, bool mustUnderstand);
     /// Sets the entry's actor and adds the entry before `position`; returns where it stands.
     iterator insertHeaderEntry(iterator position, TzSoapType entry, const TzCString& actor);
-    /// Sets the entry's actor and adds the entry before `position`; returns where it stands.
-    iterator insertHeaderEntry(iterator position, TzSoapType entry, const char* actor) {
-        return insertHeaderEntry(position, std::move(entry), TzCString(actor));
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    iterator insertHeaderEntry(iterator position, TzSoapType entry, TzXmlText auto actor) {
+        return insertHeaderEntry(position, std::move(entry), tzXmlText(actor));
     }
+    /// Any other pointer would be taken for a boolean.
+    iterator insertHeaderEntry(iterator position, TzSoapType entry,
+                               TzStrayPointer auto actor) = delete;
     /// Sets the entry's mustUnderstand and actor and adds the entry before `position`; returns
     /// where it stands.
     iterator insertHeaderEntry(iterator position, TzSoapType entry, bool mustUnderstand,
                                const TzCString& actor);
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    iterator insertHeaderEntry(iterator position, TzSoapType entry,
+                               std::same_as<bool> auto mustUnderstand, TzXmlText auto actor) {
+        return insertHeaderEntry(position, std::move(entry), mustUnderstand, tzXmlText(actor));
+    }
+    /// A pointer would be taken for true.
+    iterator insertHeaderEntry(iterator position, TzSoapType entry,
+                               TzPointerArgument auto mustUnderstand, const auto& actor) = delete;
 
     /// The first entry.
     iterator entriesBegin();

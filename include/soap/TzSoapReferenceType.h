@@ -18,8 +18,9 @@ public:
     explicit TzSoapReferenceType(bool soapReference);
     /// A reference to a value, named `name`, without target.
     explicit TzSoapReferenceType(const TzXmlName& name);
-    /// A text would be taken for a bool: say `TzXmlName`.
-    explicit TzSoapReferenceType(const char*) = delete;
+    /// A pointer would be taken for a boolean: say `TzXmlName` for a text, and give a name before
+    /// the value referred to.
+    explicit TzSoapReferenceType(const volatile void*) = delete;
     /// A reference to the value `target`; `TzXmlBadArgError` BAD_REFERENCE "identified" when that
     /// has no id.
     TzSoapReferenceType(const TzXmlName& name, const TzSoapType& target);

@@ -5,7 +5,10 @@
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapTypeImp.h>
 #include <tz/tools/TzCString.h>
+#include <tz/tools/TzPointerArgument.h>
 #include <tz/xml/TzXmlName.h>
+
+#include <string_view>
 
 class TzDate;
 class TzDateTime;
@@ -29,11 +32,14 @@ public:
 
     /// @name A value named `name` with the text that the setter for the same kind of value stores.
     /// `type` and `typeShouldBeEncoded` are kept as given: neither is checked against the value. A
-    /// date that does not exist is a `TzXmlBadArgError`.
+    /// date that does not exist is a `TzXmlBadArgError`, as is a text that is a null pointer. A
+    /// `float` or `double` is written in six digits, a `long double` exactly.
     /// @{
     TzSoapSimpleTypeImp(TzXmlName name, const TzCString& value, SchemaType type,
                         bool typeShouldBeEncoded);
     TzSoapSimpleTypeImp(TzXmlName name, TzCString&& value, SchemaType type,
+                        bool typeShouldBeEncoded);
+    TzSoapSimpleTypeImp(TzXmlName name, std::string_view value, SchemaType type,
                         bool typeShouldBeEncoded);
     TzSoapSimpleTypeImp(TzXmlName name, const char* value, SchemaType type,
                         bool typeShouldBeEncoded);
@@ -47,8 +53,13 @@ public:
     TzSoapSimpleTypeImp(TzXmlName name, long value, SchemaType type, bool typeShouldBeEncoded);
     TzSoapSimpleTypeImp(TzXmlName name, unsigned long value, SchemaType type,
                         bool typeShouldBeEncoded);
+    TzSoapSimpleTypeImp(TzXmlName name, long long value, SchemaType type, bool typeShouldBeEncoded);
+    TzSoapSimpleTypeImp(TzXmlName name, unsigned long long value, SchemaType type,
+                        bool typeShouldBeEncoded);
     TzSoapSimpleTypeImp(TzXmlName name, float value, SchemaType type, bool typeShouldBeEncoded);
     TzSoapSimpleTypeImp(TzXmlName name, double value, SchemaType type, bool typeShouldBeEncoded);
+    TzSoapSimpleTypeImp(TzXmlName name, long double value, SchemaType type,
+                        bool typeShouldBeEncoded);
     TzSoapSimpleTypeImp(TzXmlName name, const TzDate& value, SchemaType type,
                         bool typeShouldBeEncoded);
     TzSoapSimpleTypeImp(TzXmlName name, const TzDateTime& value, SchemaType type,
@@ -57,6 +68,9 @@ public:
                         bool typeShouldBeEncoded);
     TzSoapSimpleTypeImp(TzXmlName name, const TzXmlDuration& value, SchemaType type,
                         bool typeShouldBeEncoded);
+    /// Any other pointer would be taken for a boolean.
+    TzSoapSimpleTypeImp(TzXmlName name, TzStrayPointer auto value, SchemaType type,
+                        bool typeShouldBeEncoded) = delete;
     /// @}
 
     /// `Simple`.
@@ -81,6 +95,8 @@ public:
     void setString(const TzCString& text, SchemaType type);
     /// Stores "1" or "0" as `xsdBoolean`.
     void setBool(bool value);
+    /// A pointer, even to the text "false", would be taken for true.
+    void setBool(TzPointerArgument auto value) = delete;
     /// Stores a number as `xsdInt`.
     void setInt(int value);
     /// Stores a number as `xsdUnsignedInt`.
@@ -93,10 +109,21 @@ public:
     void setLong(long value);
     /// Stores a number as `xsdUnsignedLong`.
     void setUnsignedLong(unsigned long value);
+    /// Stores a number as `xsdLong`.
+    void setLongLong(long long value);
+    /// Stores a number as `xsdUnsignedLong`.
+    void setUnsignedLongLong(unsigned long long value);
     /// Stores a number as `xsdFloat`, in six significant digits.
     void setFloat(float value);
     /// Stores a number as `xsdDouble`, in six significant digits.
     void setDouble(double value);
+    /// Stores a number as `xsdFloat`: the shortest text that reads back as exactly this number,
+    /// "INF", "-INF" or "NaN".
+    void setExactFloat(float value);
+    /// Stores a number as `xsdDouble`, exactly as `setExactFloat` does.
+    void setExactDouble(double value);
+    /// Stores a number as `xsdDouble`, exactly as `setExactFloat` does.
+    void setLongDouble(long double value);
     /// Stores a date; `TzXmlError` "wrong type" for any type but `xsdDateTime` and `xsdDate`
     /// (`xsdTime` is refused here), `TzXmlBadArgError` for a date that does not exist.
     void setDate(const TzDate& value, SchemaType type);

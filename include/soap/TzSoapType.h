@@ -8,7 +8,9 @@
 #include <soap/TzSoapVersion.h>
 #include <tz/pointer/TzHandleBase.h>
 #include <tz/tools/TzCString.h>
+#include <tz/tools/TzPointerArgument.h>
 #include <tz/xml/TzXmlName.h>
+#include <tz/xml/TzXmlText.h>
 
 class TzSoapConstVisitor;
 class TzSoapTypeImp;
@@ -45,12 +47,16 @@ public:
     TzCString getActorAttribute() const;
     /// Sets the actor (role); "" means absent.
     void setActor(const TzCString& actor);
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void setActor(TzXmlText auto actor) { setActor(tzXmlText(actor)); }
     /// Removes the actor.
     void removeActorAttribute();
     /// mustUnderstand; false when not set.
     bool getMustUnderstand() const;
     /// Sets mustUnderstand.
     void setMustUnderstand(bool mustUnderstand);
+    /// A pointer, even to the text "0", would be taken for true.
+    void setMustUnderstand(TzPointerArgument auto mustUnderstand) = delete;
     /// Unsets mustUnderstand.
     void removeMustUnderstandAttribute();
     /// "true" or "false", "" when mustUnderstand is not set.
@@ -65,6 +71,8 @@ public:
     const TzCString& getSoapTypeIdAsString() const;
     /// Sets the xsi "nil" attribute to "1" or "0".
     void setNull(bool null);
+    /// A pointer, even to the text "0", would be taken for true.
+    void setNull(TzPointerArgument auto null) = delete;
     /// Whether the xsi "nil" attribute is "1".
     bool isNull() const;
     /// Sets how the value's text is written.

@@ -6,6 +6,7 @@
 #include <soap/TzSoapType.h>
 #include <tz/tools/TzCString.h>
 
+#include <chrono>
 #include <string_view>
 
 class TzDate;
@@ -57,11 +58,17 @@ public:
     long getLong() const;
     /// A whole number that fits, with or without sign.
     unsigned long getUnsignedLong() const;
+    /// A whole number that fits, with or without sign.
+    long long getLongLong() const;
+    /// A whole number that fits, with or without sign.
+    unsigned long long getUnsignedLongLong() const;
     /// A number, "INF", "-INF" or "NaN" (these in any case). One too large for the type is
     /// infinite, one too small is 0.
     float getFloat() const;
     /// A number as for `getFloat`.
     double getDouble() const;
+    /// A number as for `getFloat`.
+    long double getLongDouble() const;
     /// A number of any length.
     TzDecimalPortable getDecimal() const;
     /// A date, with or without zone; of a date and time the date.
@@ -69,6 +76,11 @@ public:
     /// A date and time, with or without fraction and zone; a date is the midnight it begins with, a
     /// time is on 1970-01-01.
     TzDateTime getDateTime() const;
+    /// The day of a date, whatever its offset; of a date and time the day that it states.
+    std::chrono::sys_days getSysDays() const;
+    /// The instant of a date and time in the forms of `getDateTime`, UTC unless it states an
+    /// offset, in the years 1678 to 2261.
+    std::chrono::sys_time<std::chrono::nanoseconds> getSysTime() const;
     /// A duration.
     TzXmlDuration getDuration() const;
     /// The bytes that base64 text stands for, with or without line breaks; of a value whose type is

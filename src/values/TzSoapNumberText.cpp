@@ -105,5 +105,7 @@ template TzCString tzSoapFromNumber(short number);
 template TzCString tzSoapFromNumber(unsigned short number);
 template TzCString tzSoapFromNumber(long number);
 template TzCString tzSoapFromNumber(unsigned long number);
+template TzCString tzSoapFromNumber(long long number);
+template TzCString tzSoapFromNumber(unsigned long long number);
 template TzCString tzSoapFromNumber(float number);
 template TzCString tzSoapFromNumber(double number);

@@ -23,5 +23,7 @@ extern template TzCString tzSoapFromNumber(short number);
 extern template TzCString tzSoapFromNumber(unsigned short number);
 extern template TzCString tzSoapFromNumber(long number);
 extern template TzCString tzSoapFromNumber(unsigned long number);
+extern template TzCString tzSoapFromNumber(long long number);
+extern template TzCString tzSoapFromNumber(unsigned long long number);
 extern template TzCString tzSoapFromNumber(float number);
 extern template TzCString tzSoapFromNumber(double number);

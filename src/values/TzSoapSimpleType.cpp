@@ -2,9 +2,9 @@
 #include <soap/TzSoapSimpleType.h>
 
 #include <soap/TzSoapSimpleTypeImp.h>
-#include <tz/tools/TzDateTime.h>
 #include <tz/tools/TzDecimalPortable.h>
 #include <tz/xml/TzXmlDuration.h>
+#include <tz/xml/TzXmlSchemaUtils.h>
 
 #include "model/TzSoapBodyAs.h"
 
@@ -13,6 +13,10 @@ using SchemaType = TzSoapContentBase::SchemaType;
 TzSoapSimpleType::TzSoapSimpleType() : TzSoapSimpleType(new TzSoapSimpleTypeImp()) {}
 
 TzSoapSimpleType::TzSoapSimpleType(const TzXmlName& name, const TzCString& value, SchemaType type,
+                                   bool typeShouldBeEncoded)
+    : TzSoapSimpleType(new TzSoapSimpleTypeImp(name, value, type, typeShouldBeEncoded)) {}
+
+TzSoapSimpleType::TzSoapSimpleType(const TzXmlName& name, std::string_view value, SchemaType type,
                                    bool typeShouldBeEncoded)
     : TzSoapSimpleType(new TzSoapSimpleTypeImp(name, value, type, typeShouldBeEncoded)) {}
 
@@ -48,6 +52,14 @@ TzSoapSimpleType::TzSoapSimpleType(const TzXmlName& name, unsigned long value, S
                                    bool typeShouldBeEncoded)
     : TzSoapSimpleType(new TzSoapSimpleTypeImp(name, value, type, typeShouldBeEncoded)) {}
 
+TzSoapSimpleType::TzSoapSimpleType(const TzXmlName& name, long long value, SchemaType type,
+                                   bool typeShouldBeEncoded)
+    : TzSoapSimpleType(new TzSoapSimpleTypeImp(name, value, type, typeShouldBeEncoded)) {}
+
+TzSoapSimpleType::TzSoapSimpleType(const TzXmlName& name, unsigned long long value, SchemaType type,
+                                   bool typeShouldBeEncoded)
+    : TzSoapSimpleType(new TzSoapSimpleTypeImp(name, value, type, typeShouldBeEncoded)) {}
+
 TzSoapSimpleType::TzSoapSimpleType(const TzXmlName& name, float value, SchemaType type,
                                    bool typeShouldBeEncoded)
     : TzSoapSimpleType(new TzSoapSimpleTypeImp(name, value, type, typeShouldBeEncoded)) {}
@@ -56,9 +68,17 @@ TzSoapSimpleType::TzSoapSimpleType(const TzXmlName& name, double value, SchemaTy
                                    bool typeShouldBeEncoded)
     : TzSoapSimpleType(new TzSoapSimpleTypeImp(name, value, type, typeShouldBeEncoded)) {}
 
+TzSoapSimpleType::TzSoapSimpleType(const TzXmlName& name, long double value, SchemaType type,
+                                   bool typeShouldBeEncoded)
+    : TzSoapSimpleType(new TzSoapSimpleTypeImp(name, value, type, typeShouldBeEncoded)) {}
+
 TzSoapSimpleType::TzSoapSimpleType(const TzXmlName& name, const TzDate& value, SchemaType type,
                                    bool typeShouldBeEncoded)
     : TzSoapSimpleType(new TzSoapSimpleTypeImp(name, value, type, typeShouldBeEncoded)) {}
+
+TzSoapSimpleType::TzSoapSimpleType(const TzXmlName& name, std::chrono::year_month_day value,
+                                   SchemaType type, bool typeShouldBeEncoded)
+    : TzSoapSimpleType(name, TzDate(value), type, typeShouldBeEncoded) {}
 
 TzSoapSimpleType::TzSoapSimpleType(const TzXmlName& name, const TzDateTime& value, SchemaType type,
                                    bool typeShouldBeEncoded)
@@ -71,6 +91,21 @@ TzSoapSimpleType::TzSoapSimpleType(const TzXmlName& name, const TzDecimalPortabl
 TzSoapSimpleType::TzSoapSimpleType(const TzXmlName& name, const TzXmlDuration& value,
                                    SchemaType type, bool typeShouldBeEncoded)
     : TzSoapSimpleType(new TzSoapSimpleTypeImp(name, value, type, typeShouldBeEncoded)) {}
+
+TzSoapSimpleType TzSoapSimpleType::exact(const TzXmlName& name, float value, SchemaType type,
+                                         bool typeShouldBeEncoded) {
+    return {name, TzXmlSchemaUtils::ConvertTypeToString(value), type, typeShouldBeEncoded};
+}
+
+TzSoapSimpleType TzSoapSimpleType::exact(const TzXmlName& name, double value, SchemaType type,
+                                         bool typeShouldBeEncoded) {
+    return {name, TzXmlSchemaUtils::ConvertTypeToString(value), type, typeShouldBeEncoded};
+}
+
+TzSoapSimpleType TzSoapSimpleType::exact(const TzXmlName& name, long double value, SchemaType type,
+                                         bool typeShouldBeEncoded) {
+    return {name, TzXmlSchemaUtils::ConvertTypeToString(value), type, typeShouldBeEncoded};
+}
 
 TzSoapSimpleType::TzSoapSimpleType(TzSoapSimpleTypeImp* body) noexcept : TzSoapType(body) {}
 
@@ -118,8 +153,24 @@ void TzSoapSimpleType::setFloat(float value) { body().setFloat(value); }
 
 void TzSoapSimpleType::setDouble(double value) { body().setDouble(value); }
 
+void TzSoapSimpleType::setLongLong(long long value) { body().setLongLong(value); }
+
+void TzSoapSimpleType::setUnsignedLongLong(unsigned long long value) {
+    body().setUnsignedLongLong(value);
+}
+
+void TzSoapSimpleType::setExactFloat(float value) { body().setExactFloat(value); }
+
+void TzSoapSimpleType::setExactDouble(double value) { body().setExactDouble(value); }
+
+void TzSoapSimpleType::setLongDouble(long double value) { body().setLongDouble(value); }
+
 void TzSoapSimpleType::setDate(const TzDate& value, SchemaType type) {
     body().setDate(value, type);
+}
+
+void TzSoapSimpleType::setDate(std::chrono::year_month_day value, SchemaType type) {
+    setDate(TzDate(value), type);
 }
 
 void TzSoapSimpleType::setDateTime(const TzDateTime& value, SchemaType type) {
@@ -155,6 +206,12 @@ double TzSoapSimpleType::getDouble() const { return body().getDouble(); }
 TzDate TzSoapSimpleType::getDate() const { return body().getDate(); }
 
 TzDateTime TzSoapSimpleType::getDateTime() const { return body().getDateTime(); }
+
+std::chrono::sys_days TzSoapSimpleType::getSysDays() const { return getDate().getSysDays(); }
+
+std::chrono::sys_time<std::chrono::nanoseconds> TzSoapSimpleType::getSysTime() const {
+    return getDateTime().getSysTime();
+}
 
 TzDecimalPortable TzSoapSimpleType::getDecimal() const { return body().getDecimal(); }
 

@@ -7,6 +7,8 @@
 #include <tz/tools/TzDecimalPortable.h>
 #include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlDuration.h>
+#include <tz/xml/TzXmlSchemaUtils.h>
+#include <tz/xml/TzXmlText.h>
 
 #include "model/TzSoapSchemaTypes.h"
 #include "values/TzSoapNumberText.h"
@@ -23,6 +25,9 @@ namespace {
 // How each kind of value becomes text.
 
 template <typename Number> TzCString textOf(Number number) { return tzSoapFromNumber(number); }
+
+// Six digits are the rule for the smaller types only.
+TzCString textOf(long double value) { return TzXmlSchemaUtils::ConvertTypeToString(value); }
 
 TzCString textOf(bool value) {
     return value ? TzSoapAttributeSet::getTrueAttributeValue()
@@ -54,9 +59,13 @@ TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, const TzCString& value,
                                          bool typeShouldBeEncoded)
     : TzSoapSimpleTypeImp(std::move(name), TzCString(value), type, typeShouldBeEncoded) {}
 
-TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, const char* value, SchemaType type,
+TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, std::string_view value, SchemaType type,
                                          bool typeShouldBeEncoded)
     : TzSoapSimpleTypeImp(std::move(name), TzCString(value), type, typeShouldBeEncoded) {}
+
+TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, const char* value, SchemaType type,
+                                         bool typeShouldBeEncoded)
+    : TzSoapSimpleTypeImp(std::move(name), tzXmlText(value), type, typeShouldBeEncoded) {}
 
 TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, bool value, SchemaType type,
                                          bool typeShouldBeEncoded)
@@ -86,11 +95,23 @@ TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, unsigned long value, Sc
                                          bool typeShouldBeEncoded)
     : TzSoapSimpleTypeImp(std::move(name), textOf(value), type, typeShouldBeEncoded) {}
 
+TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, long long value, SchemaType type,
+                                         bool typeShouldBeEncoded)
+    : TzSoapSimpleTypeImp(std::move(name), textOf(value), type, typeShouldBeEncoded) {}
+
+TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, unsigned long long value, SchemaType type,
+                                         bool typeShouldBeEncoded)
+    : TzSoapSimpleTypeImp(std::move(name), textOf(value), type, typeShouldBeEncoded) {}
+
 TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, float value, SchemaType type,
                                          bool typeShouldBeEncoded)
     : TzSoapSimpleTypeImp(std::move(name), textOf(value), type, typeShouldBeEncoded) {}
 
 TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, double value, SchemaType type,
+                                         bool typeShouldBeEncoded)
+    : TzSoapSimpleTypeImp(std::move(name), textOf(value), type, typeShouldBeEncoded) {}
+
+TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, long double value, SchemaType type,
                                          bool typeShouldBeEncoded)
     : TzSoapSimpleTypeImp(std::move(name), textOf(value), type, typeShouldBeEncoded) {}
 
@@ -182,6 +203,26 @@ void TzSoapSimpleTypeImp::setFloat(float value) {
 }
 
 void TzSoapSimpleTypeImp::setDouble(double value) {
+    setEncodedString(textOf(value), Content::xsdDouble);
+}
+
+void TzSoapSimpleTypeImp::setLongLong(long long value) {
+    setEncodedString(textOf(value), Content::xsdLong);
+}
+
+void TzSoapSimpleTypeImp::setUnsignedLongLong(unsigned long long value) {
+    setEncodedString(textOf(value), Content::xsdUnsignedLong);
+}
+
+void TzSoapSimpleTypeImp::setExactFloat(float value) {
+    setEncodedString(TzXmlSchemaUtils::ConvertTypeToString(value), Content::xsdFloat);
+}
+
+void TzSoapSimpleTypeImp::setExactDouble(double value) {
+    setEncodedString(TzXmlSchemaUtils::ConvertTypeToString(value), Content::xsdDouble);
+}
+
+void TzSoapSimpleTypeImp::setLongDouble(long double value) {
     setEncodedString(textOf(value), Content::xsdDouble);
 }
 

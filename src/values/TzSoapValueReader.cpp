@@ -111,6 +111,12 @@ template <typename Number> std::optional<Number> point(std::string_view text) no
     return number;
 }
 
+TzDateTime toDateTime(std::string_view text) {
+    const bool hasTime = text.find('T') != std::string_view::npos || text.find(':') == 2;
+    return hasTime ? TzXmlUtils::convertISODateStringToDateTime(text)
+                   : TzDateTime(TzXmlUtils::convertISODateStringToDate(text), 0, 0, 0);
+}
+
 std::optional<TzCString> fromHex(std::string_view text) {
     TzCString bytes;
     for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
@@ -212,9 +218,17 @@ unsigned long TzSoapValueReader::getUnsignedLong() const {
     return integer<unsigned long>("an unsigned long");
 }
 
+long long TzSoapValueReader::getLongLong() const { return integer<long long>("a long long"); }
+
+unsigned long long TzSoapValueReader::getUnsignedLongLong() const {
+    return integer<unsigned long long>("an unsigned long long");
+}
+
 float TzSoapValueReader::getFloat() const { return real<float>("a float"); }
 
 double TzSoapValueReader::getDouble() const { return real<double>("a double"); }
+
+long double TzSoapValueReader::getLongDouble() const { return real<long double>("a number"); }
 
 TzDecimalPortable TzSoapValueReader::getDecimal() const {
     return parsed("a decimal", [](std::string_view text) { return TzDecimalPortable(text); });
@@ -228,12 +242,13 @@ TzDate TzSoapValueReader::getDate() const {
     });
 }
 
-TzDateTime TzSoapValueReader::getDateTime() const {
-    return parsed("a date and time", [](std::string_view text) {
-        const bool hasTime = text.find('T') != std::string_view::npos || text.find(':') == 2;
-        return hasTime ? TzXmlUtils::convertISODateStringToDateTime(text)
-                       : TzDateTime(TzXmlUtils::convertISODateStringToDate(text), 0, 0, 0);
-    });
+TzDateTime TzSoapValueReader::getDateTime() const { return parsed("a date and time", toDateTime); }
+
+std::chrono::sys_days TzSoapValueReader::getSysDays() const { return getDate().getSysDays(); }
+
+std::chrono::sys_time<std::chrono::nanoseconds> TzSoapValueReader::getSysTime() const {
+    return parsed("a date and time from 1678 to 2261",
+                  [](std::string_view text) { return toDateTime(text).getSysTime(); });
 }
 
 TzXmlDuration TzSoapValueReader::getDuration() const {

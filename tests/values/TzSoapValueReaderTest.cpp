@@ -90,6 +90,23 @@ TEST(TzSoapValueReaderTest, WholeNumbers) {
               std::numeric_limits<unsigned long>::max());
 }
 
+TEST(TzSoapValueReaderTest, LongNumbers) {
+    EXPECT_EQ(reader(" -9223372036854775808 ").getLongLong(),
+              std::numeric_limits<long long>::min());
+    EXPECT_EQ(reader("18446744073709551615").getUnsignedLongLong(),
+              std::numeric_limits<unsigned long long>::max());
+    EXPECT_EQ(reader(" 0.1 ").getLongDouble(), 0.1L);
+    EXPECT_EQ(reader("1e4000").getLongDouble(), 1e4000L);
+    EXPECT_EQ(reader("-INF").getLongDouble(), -std::numeric_limits<long double>::infinity());
+    EXPECT_EQ(reader("1e5000").getLongDouble(), std::numeric_limits<long double>::infinity());
+    EXPECT_EQ(reader("1e-5000").getLongDouble(), 0);
+    expectRefused([](const auto& value) { value.getLongLong(); }, "9223372036854775808",
+                  "a long long");
+    expectRefused([](const auto& value) { value.getUnsignedLongLong(); }, "-1",
+                  "an unsigned long long");
+    expectRefused([](const auto& value) { value.getLongDouble(); }, "1,5", "a number");
+}
+
 TEST(TzSoapValueReaderTest, WhatIsNoWholeNumberOrDoesNotFitIsAnError) {
     for (const char* text : {"", " ", "-", "+", "--1", "+-1", "1.0", "1 2", "12x", "0x10", "1e3",
                              "2147483648", "-2147483649", "99999999999999999999999"}) {

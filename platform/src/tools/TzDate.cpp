@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tz/tools/TzDate.h>
 
+#include <tz/tools/TzBadValueError.h>
 #include <tz/tools/TzDateTime.h>
 
 namespace {
@@ -16,6 +17,13 @@ std::chrono::year_month_day calendarDay(int year, unsigned month, unsigned day) 
 
 TzDate::TzDate(int year, unsigned month, unsigned day, std::optional<TzUtcOffset> offset) noexcept
     : TzDate(calendarDay(year, month, day), offset) {}
+
+std::chrono::sys_days TzDate::getSysDays() const {
+    if (!isValid()) {
+        throw TzBadValueError("a date that does not exist is no number of days");
+    }
+    return day_;
+}
 
 bool TzDate::isValid() const noexcept {
     return day_.ok() && getYear() >= 1 && getYear() <= 9999 && (!offset_ || offset_->isValid());

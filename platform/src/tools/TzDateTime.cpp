@@ -1,9 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include <tz/tools/TzDateTime.h>
 
+#include <tz/tools/TzBadValueError.h>
+
+#include <limits>
 #include <tuple>
 
 namespace {
+
+using namespace std::chrono;
+
+/// The day that begins `days` after 1970-01-01; one that does not exist outside of the years 1 to
+/// 9999, which a year of the calendar types may not be able to hold.
+year_month_day calendarDay(std::chrono::days day) {
+    constexpr sys_days first = year(1) / 1 / 1;
+    constexpr sys_days last = year(9999) / 12 / 31;
+    const bool fits = day >= first.time_since_epoch() && day <= last.time_since_epoch();
+    return fits ? year_month_day(sys_days(day)) : year(0) / 0 / 0;
+}
 
 // An instant in two parts: 64 bits of nanoseconds do not reach from year 1 to year 9999.
 using Rank = std::tuple<bool, std::chrono::sys_seconds, unsigned, bool>;
@@ -12,13 +26,7 @@ Rank rankOf(const TzDateTime& time) noexcept {
     if (!time.isValid()) {
         return {};
     }
-    std::chrono::sys_seconds second = std::chrono::sys_days(time.getDate().getCalendarDay());
-    second += std::chrono::hours(time.getHour()) + std::chrono::minutes(time.getMinute()) +
-              std::chrono::seconds(time.getSecond());
-    if (time.getOffset()) {
-        second -= time.getOffset()->getMinutes();
-    }
-    return {true, second, time.getNanosecond(), time.getOffset().has_value()};
+    return {true, time.getSysSeconds(), time.getNanosecond(), time.getOffset().has_value()};
 }
 
 } // namespace
@@ -31,6 +39,39 @@ TzDateTime::TzDateTime(int year, unsigned month, unsigned day, unsigned hour, un
 TzDateTime::TzDateTime(const TzDate& date, unsigned hour, unsigned minute, unsigned second,
                        unsigned nanosecond) noexcept
     : date_(date), hour_(hour), minute_(minute), second_(second), nanosecond_(nanosecond) {}
+
+TzDateTime::TzDateTime(std::chrono::seconds sinceEpoch, std::chrono::minutes ahead,
+                       std::chrono::nanoseconds fraction,
+                       std::optional<TzUtcOffset> offset) noexcept
+    : nanosecond_(static_cast<unsigned>(fraction.count())) {
+    const auto day = floor<days>(sinceEpoch + ahead);
+    const hh_mm_ss clock(sinceEpoch + ahead - day);
+    date_ = TzDate(calendarDay(day), offset);
+    hour_ = static_cast<unsigned>(clock.hours().count());
+    minute_ = static_cast<unsigned>(clock.minutes().count());
+    second_ = static_cast<unsigned>(clock.seconds().count());
+}
+
+std::chrono::sys_seconds TzDateTime::getSysSeconds() const {
+    if (!isValid()) {
+        throw TzBadValueError("a time that does not exist is no instant");
+    }
+    const sys_seconds local =
+        sys_days(date_.getCalendarDay()) + hours(hour_) + minutes(minute_) + seconds(second_);
+    return local - (getOffset() ? getOffset()->getMinutes() : minutes(0));
+}
+
+std::chrono::sys_time<std::chrono::nanoseconds> TzDateTime::getSysTime() const {
+    const sys_seconds instant = getSysSeconds();
+    // The first and the last second are there in part: they are left out.
+    constexpr auto first = ceil<seconds>(nanoseconds::min());
+    constexpr auto last = floor<seconds>(nanoseconds::max());
+    if (instant.time_since_epoch() < first || instant.time_since_epoch() >= last) {
+        throw TzBadValueError("64 bits of nanoseconds do not reach the year " +
+                              std::to_string(getYear()));
+    }
+    return instant + nanoseconds(nanosecond_);
+}
 
 bool TzDateTime::isValid() const noexcept {
     return date_.isValid() && hour_ < 24 && minute_ < 60 && second_ < 60 &&

@@ -58,6 +58,9 @@ TzCString withPoint(TzCString digits, std::ptrdiff_t point) {
 
 } // namespace
 
+TzDecimalPortable::TzDecimalPortable(const char* text)
+    : TzDecimalPortable(text == nullptr ? std::string_view() : std::string_view(text)) {}
+
 TzDecimalPortable::TzDecimalPortable(std::string_view text) {
     TzTextReader reader(text);
     const bool negative = readSign(reader);

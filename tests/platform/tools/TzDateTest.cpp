@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <tz/tools/TzDate.h>
 
+#include <tz/tools/TzBadValueError.h>
+
+#include "support/Throws.h"
+
 #include <gtest/gtest.h>
 
 using std::chrono::hours;
@@ -80,4 +84,19 @@ TEST(TzDate, IsOrderedByInstantWithOffsets) {
 TEST(TzDate, InvalidOnesComeFirstAndAreEquivalent) {
     EXPECT_LT(TzDate(2001, 2, 30), TzDate(1, 1, 1));
     EXPECT_EQ(TzDate(2001, 2, 30), TzDate(0, 0, 0));
+}
+
+TEST(TzDate, IsMadeFromANumberOfDays) {
+    EXPECT_EQ(TzDate(std::chrono::sys_days(std::chrono::days(-1))), TzDate(1969, 12, 31));
+}
+
+TEST(TzDate, IsANumberOfDaysWhateverItsOffset) {
+    const TzUtcOffset ahead{std::chrono::hours(14)};
+    EXPECT_EQ(TzDate(1970, 1, 3, ahead).getSysDays(), std::chrono::sys_days(std::chrono::days(2)));
+    EXPECT_EQ(TzDate(9999, 12, 31).getSysDays().time_since_epoch().count(), 2932896);
+}
+
+TEST(TzDate, ADateThatDoesNotExistIsNoNumberOfDays) {
+    EXPECT_EQ(textThrown<TzBadValueError>([] { TzDate(2001, 2, 29).getSysDays(); }),
+              "a date that does not exist is no number of days");
 }

@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <tz/tools/TzDateTime.h>
 
+#include <tz/tools/TzBadValueError.h>
+
+#include "support/Throws.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string>
 #include <vector>
 
 using std::chrono::hours;
@@ -94,4 +99,71 @@ TEST(TzDateTime, MixedTimesHaveOneOrder) {
 TEST(TzDateTime, InvalidOnesComeFirstAndAreEquivalent) {
     EXPECT_LT(TzDateTime(2001, 2, 3, 25, 0, 0), TzDateTime(1, 1, 1, 0, 0, 0));
     EXPECT_EQ(TzDateTime(2001, 2, 3, 25, 0, 0), TzDateTime(2001, 2, 30, 0, 0, 0));
+}
+
+TEST(TzDateTime, IsMadeFromAnInstant) {
+    using namespace std::chrono_literals;
+    const std::chrono::sys_time<std::chrono::milliseconds> before(-1ms);
+    EXPECT_EQ(TzDateTime(before), TzDateTime(1969, 12, 31, 23, 59, 59, 999'000'000, TzUtcOffset()));
+}
+
+TEST(TzDateTime, IsMadeFromAnInstantInAZone) {
+    using namespace std::chrono_literals;
+    const TzDateTime time(std::chrono::sys_seconds(-1s), TzUtcOffset(90min));
+    EXPECT_EQ(time.getDay(), 1U);
+    EXPECT_EQ(time.getHour(), 1U);
+    EXPECT_EQ(time.getMinute(), 29U);
+    EXPECT_EQ(time.getSecond(), 59U);
+    EXPECT_EQ(time.getOffset(), TzUtcOffset(90min));
+    EXPECT_EQ(time.getSysSeconds(), std::chrono::sys_seconds(-1s));
+}
+
+TEST(TzDateTime, IsMadeFromALocalTime) {
+    using namespace std::chrono_literals;
+    const TzDateTime time{std::chrono::local_seconds(61s)};
+    EXPECT_EQ(time, TzDateTime(1970, 1, 1, 0, 1, 1));
+    EXPECT_FALSE(time.getOffset());
+}
+
+TEST(TzDateTime, AnInstantOutsideOfTheYearsDoesNotExist) {
+    const std::chrono::sys_days last = std::chrono::year(9999) / 12 / 31;
+    const std::chrono::sys_days first = std::chrono::year(1) / 1 / 1;
+    EXPECT_TRUE(TzDateTime(last).isValid());
+    EXPECT_TRUE(TzDateTime(first).isValid());
+    EXPECT_FALSE(TzDateTime(last + std::chrono::days(1)).isValid());
+    EXPECT_FALSE(TzDateTime(first - std::chrono::days(1)).isValid());
+    EXPECT_FALSE(TzDateTime(last + std::chrono::days(365L * 65536)).isValid());
+}
+
+TEST(TzDateTime, InstantsReadBack) {
+    for (const long long count :
+         {0LL, -1LL, 1LL, 1795327215610455893LL, -9223372036000000000LL, 9223372034999999999LL}) {
+        const std::chrono::sys_time<std::chrono::nanoseconds> time{std::chrono::nanoseconds(count)};
+        EXPECT_EQ(TzDateTime(time).getSysTime(), time) << count;
+    }
+}
+
+TEST(TzDateTime, ATimeWithoutOffsetIsAnInstantInUtc) {
+    EXPECT_EQ(TzDateTime(1970, 1, 1, 0, 0, 1, 5).getSysTime().time_since_epoch().count(),
+              1'000'000'005);
+}
+
+TEST(TzDateTime, WhatNanosecondsDoNotReachIsAnError) {
+    const std::string text = "64 bits of nanoseconds do not reach the year ";
+    EXPECT_EQ(textThrown<TzBadValueError>([] { TzDateTime(9999, 12, 31, 0, 0, 0).getSysTime(); }),
+              text + "9999");
+    EXPECT_EQ(textThrown<TzBadValueError>([] { TzDateTime(1677, 9, 21, 0, 12, 43).getSysTime(); }),
+              text + "1677");
+    EXPECT_EQ(textThrown<TzBadValueError>([] { TzDateTime(2262, 4, 11, 23, 47, 16).getSysTime(); }),
+              text + "2262");
+    TzDateTime(1677, 9, 21, 0, 12, 44).getSysTime();
+    TzDateTime(2262, 4, 11, 23, 47, 15, 999'999'999).getSysTime();
+}
+
+TEST(TzDateTime, ATimeThatDoesNotExistIsNoInstant) {
+    const std::string text = "a time that does not exist is no instant";
+    EXPECT_EQ(textThrown<TzBadValueError>([] { TzDateTime(2001, 2, 29, 0, 0, 0).getSysTime(); }),
+              text);
+    EXPECT_EQ(textThrown<TzBadValueError>([] { TzDateTime(2001, 2, 3, 24, 0, 0).getSysSeconds(); }),
+              text);
 }

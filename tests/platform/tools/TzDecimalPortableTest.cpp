@@ -118,3 +118,9 @@ TEST(TzDecimalPortable, FailedAllocationsLeaveNothingBehind) {
               }),
               2U);
 }
+
+TEST(TzDecimalPortable, RefusesANullPointer) {
+    const char* const null = nullptr;
+    EXPECT_EQ(textThrown<TzBadValueError>([&] { TzDecimalPortable number(null); }),
+              "\"\" is not a decimal number");
+}

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <tz/xml/TzXmlName.h>
 
+#include "support/Throws.h"
+
+#include <tz/xml/TzXmlBadArgError.h>
+
 #include <gtest/gtest.h>
 
 #include "support/AllocationFailure.h"
@@ -164,4 +168,15 @@ TEST(TzXmlName, FailedAllocationsLeaveNothingBehind) {
               }),
               6U);
     EXPECT_EQ(original.getLocalName(), "and a local part like that");
+}
+
+TEST(TzXmlName, RefusesANullPointer) {
+    const char* const null = nullptr;
+    const std::string text = "a null pointer is not a text";
+    EXPECT_EQ(textThrown<TzXmlBadArgError>([&] { TzXmlName name(null); }), text);
+    EXPECT_EQ(textThrown<TzXmlBadArgError>([&] { TzXmlName name(null, TzXmlNamespace()); }), text);
+}
+
+TEST(TzXmlName, BracesAreTheEmptyText) {
+    EXPECT_EQ(TzXmlName({}, TzXmlNamespace("p", "urn:u")).getLocalName(), "");
 }

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <tz/xml/TzXmlNamespace.h>
 
+#include "support/Throws.h"
+
+#include <tz/xml/TzXmlBadArgError.h>
+
 #include <gtest/gtest.h>
 
 #include "support/AllocationFailure.h"
@@ -120,4 +124,16 @@ TEST(TzXmlNamespace, AFailedChangeChangesNothing) {
         EXPECT_THROW(space.setPrefix("q"), std::bad_alloc);
     }
     EXPECT_EQ(space, TzXmlNamespace("p", LongUri));
+}
+
+TEST(TzXmlNamespace, RefusesANullPointer) {
+    const char* const null = nullptr;
+    const std::string text = "a null pointer is not a text";
+    EXPECT_EQ(textThrown<TzXmlBadArgError>([&] { TzXmlNamespace name(null, "u"); }), text);
+    EXPECT_EQ(textThrown<TzXmlBadArgError>([&] { TzXmlNamespace name("p", null); }), text);
+}
+
+TEST(TzXmlNamespace, BracesAreTheEmptyText) {
+    EXPECT_EQ(TzXmlNamespace({}, "urn:u"), TzXmlNamespace("", "urn:u"));
+    EXPECT_EQ(TzXmlNamespace({}, {}), TzXmlNamespace());
 }

@@ -19,7 +19,21 @@ TEST(TzXmlSchemaUtils, WritesNumbersInDecimal) {
               "18446744073709551615");
 }
 
+TEST(TzXmlSchemaUtils, WritesNumbersWithAPointExactly) {
+    EXPECT_EQ(TzXmlSchemaUtils::ConvertTypeToString(0.1F), "0.1");
+    EXPECT_EQ(TzXmlSchemaUtils::ConvertTypeToString(12345678.0), "12345678");
+    EXPECT_EQ(TzXmlSchemaUtils::ConvertTypeToString(0.1L), "0.1");
+}
+
+TEST(TzXmlSchemaUtils, SpellsWhatIsNoFiniteNumber) {
+    using Limits = std::numeric_limits<double>;
+    EXPECT_EQ(TzXmlSchemaUtils::ConvertTypeToString(Limits::infinity()), "INF");
+    EXPECT_EQ(TzXmlSchemaUtils::ConvertTypeToString(-Limits::infinity()), "-INF");
+    EXPECT_EQ(TzXmlSchemaUtils::ConvertTypeToString(Limits::quiet_NaN()), "NaN");
+}
+
 TEST(TzXmlSchemaUtils, IgnoresTheLocale) {
     const ForeignLocale locale;
     EXPECT_EQ(TzXmlSchemaUtils::ConvertTypeToString(1234567), "1234567");
+    EXPECT_EQ(TzXmlSchemaUtils::ConvertTypeToString(1234567.5), "1234567.5");
 }

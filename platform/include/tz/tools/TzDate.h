@@ -17,7 +17,7 @@ public:
     TzDate() noexcept = default;
     /// The given day, which need not exist (`isValid`); a field no day can have is kept as 0.
     TzDate(int year, unsigned month, unsigned day, std::optional<TzUtcOffset> offset = {}) noexcept;
-    /// The given day, which need not exist (`isValid`).
+    /// The given day, which need not exist (`isValid`); `std::chrono::sys_days` are taken too.
     explicit TzDate(std::chrono::year_month_day day,
                     std::optional<TzUtcOffset> offset = {}) noexcept
         : day_(day), offset_(offset) {}
@@ -30,6 +30,9 @@ public:
     unsigned getDay() const noexcept { return static_cast<unsigned>(day_.day()); }
     /// Year, month and day.
     std::chrono::year_month_day getCalendarDay() const noexcept { return day_; }
+    /// The same day as a number of days, whatever the offset; `TzBadValueError` for a day that does
+    /// not exist.
+    std::chrono::sys_days getSysDays() const;
     /// The offset from UTC, empty when none is stated.
     std::optional<TzUtcOffset> getOffset() const noexcept { return offset_; }
     /// Whether the day exists, in the years 1 to 9999, and the offset is possible.

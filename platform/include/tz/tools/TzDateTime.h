@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <compare>
+#include <concepts>
 #include <optional>
 
 /// A day and a time of day to the nanosecond, with an optional offset from UTC. No leap seconds.
@@ -22,6 +23,19 @@ public:
     /// The given time on `date`, with the offset of `date`; it need not exist (`isValid`).
     TzDateTime(const TzDate& date, unsigned hour, unsigned minute, unsigned second,
                unsigned nanosecond = 0) noexcept;
+
+    /// The instant `time`, with the offset `offset`: UTC unless another one is given. What `time`
+    /// counts below the nanosecond is left out; an instant outside of the years 1 to 9999 gives a
+    /// time that does not exist (`isValid`).
+    template <typename Duration>
+    requires std::integral<typename Duration::rep>
+    explicit TzDateTime(std::chrono::sys_time<Duration> time, TzUtcOffset offset = {}) noexcept
+        : TzDateTime(time.time_since_epoch(), offset.getMinutes(), offset) {}
+    /// The local time `time`, without an offset; otherwise as for an instant.
+    template <typename Duration>
+    requires std::integral<typename Duration::rep>
+    explicit TzDateTime(std::chrono::local_time<Duration> time) noexcept
+        : TzDateTime(time.time_since_epoch(), std::chrono::minutes(0), {}) {}
 
     /// The day, with the offset.
     const TzDate& getDate() const noexcept { return date_; }
@@ -41,6 +55,13 @@ public:
     unsigned getNanosecond() const noexcept { return nanosecond_; }
     /// The offset from UTC, empty when none is stated.
     std::optional<TzUtcOffset> getOffset() const noexcept { return date_.getOffset(); }
+    /// The instant to the second, the fraction left out; a time without offset counts as UTC.
+    /// `TzBadValueError` for a time that does not exist.
+    std::chrono::sys_seconds getSysSeconds() const;
+    /// The instant; a time without offset counts as UTC. `TzBadValueError` for a time that does not
+    /// exist and for one that 64 bits of nanoseconds cannot hold: before 1677-09-21T00:12:44Z and
+    /// after 2262-04-11T23:47:16Z.
+    std::chrono::sys_time<std::chrono::nanoseconds> getSysTime() const;
     /// Whether the day exists and every field of the time is in its range.
     bool isValid() const noexcept;
 
@@ -54,6 +75,17 @@ public:
     }
 
 private:
+    /// The time `sinceEpoch` on clocks that are `ahead` of the one that counts it.
+    template <typename Duration>
+    TzDateTime(Duration sinceEpoch, std::chrono::minutes ahead,
+               std::optional<TzUtcOffset> offset) noexcept
+        : TzDateTime(std::chrono::floor<std::chrono::seconds>(sinceEpoch), ahead,
+                     std::chrono::floor<std::chrono::nanoseconds>(
+                         sinceEpoch - std::chrono::floor<std::chrono::seconds>(sinceEpoch)),
+                     offset) {}
+    TzDateTime(std::chrono::seconds sinceEpoch, std::chrono::minutes ahead,
+               std::chrono::nanoseconds fraction, std::optional<TzUtcOffset> offset) noexcept;
+
     TzDate date_;
     unsigned hour_ = 0;
     unsigned minute_ = 0;

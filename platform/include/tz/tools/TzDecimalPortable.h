@@ -18,8 +18,9 @@ public:
     /// The number 0.
     TzDecimalPortable() : text_("0") {}
     /// The number that `text` states: digits with an optional sign, point and exponent.
-    /// `TzBadValueError` when it is anything else or its exponent exceeds `ExponentLimit`.
-    explicit TzDecimalPortable(const char* text) : TzDecimalPortable(std::string_view(text)) {}
+    /// `TzBadValueError` when it is anything else, a null pointer or its exponent exceeds
+    /// `ExponentLimit`.
+    explicit TzDecimalPortable(const char* text);
     /// The number that `text` states, as above.
     explicit TzDecimalPortable(std::string_view text);
 

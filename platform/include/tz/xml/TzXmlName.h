@@ -5,6 +5,8 @@
 #include <tz/pointer/TzSharedRecord.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlNamespace.h>
+#include <tz/xml/TzXmlText.h>
+#include <tz/xml/TzXmlUtils.h>
 
 #include <string_view>
 #include <utility>
@@ -24,9 +26,13 @@ public:
     /// The name spelt `text`: prefix and local part split at the first ':', no URI.
     TzXmlName(const TzCString& text) : TzXmlName(std::string_view(text)) {}
     /// The name spelt `text`: prefix and local part split at the first ':', no URI.
-    TzXmlName(const char* text) : TzXmlName(std::string_view(text)) {}
+    /// `TzXmlBadArgError` for a null pointer.
+    TzXmlName(const char* text) : TzXmlName(TzXmlUtils::requireText(text)) {}
     /// The name `localName` in the namespace `nameSpace`.
     TzXmlName(std::string_view localName, TzXmlNamespace nameSpace);
+    /// The name `localName` in the namespace `nameSpace`; `TzXmlBadArgError` for a null pointer.
+    TzXmlName(TzXmlCharacters auto localName, TzXmlNamespace nameSpace)
+        : TzXmlName(TzXmlUtils::requireText(localName), std::move(nameSpace)) {}
 
     /// The local part, "" for the empty name.
     const TzCString& getLocalName() const noexcept { return parts_->localName; }

@@ -4,6 +4,8 @@
 #include <tz/TzPlatformExport.h>
 #include <tz/pointer/TzSharedRecord.h>
 #include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlText.h>
+#include <tz/xml/TzXmlUtils.h>
 
 #include <string_view>
 
@@ -18,6 +20,9 @@ public:
     TzXmlNamespace() noexcept = default;
     /// The namespace `uri`, named `prefix` in texts.
     TzXmlNamespace(std::string_view prefix, std::string_view uri);
+    /// The namespace `uri`, named `prefix` in texts; `TzXmlBadArgError` for a null pointer.
+    TzXmlNamespace(TzXmlCharacters auto prefix, TzXmlCharacters auto uri)
+        : TzXmlNamespace(TzXmlUtils::requireText(prefix), TzXmlUtils::requireText(uri)) {}
 
     /// The prefix, "" for none; valid until this object changes.
     const TzCString& getPrefix() const noexcept { return text_->prefix; }

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <tz/TzPlatformExport.h>
 #include <tz/tools/TzCString.h>
 
 #include <concepts>
 
-/// Lexical forms of XML Schema. Static operations without state, usable from any thread.
-class TzXmlSchemaUtils {
+/// Lexical forms of XML Schema. Static operations without state, usable from any thread; the locale
+/// is never looked at.
+class TZ_PLATFORM_API TzXmlSchemaUtils {
 public:
     TzXmlSchemaUtils() = delete;
 
@@ -14,4 +16,10 @@ public:
     template <std::integral Number> static TzCString ConvertTypeToString(Number number) {
         return std::to_string(number);
     }
+    /// The shortest text that reads back as exactly `number`; "INF", "-INF" and "NaN".
+    static TzCString ConvertTypeToString(float number);
+    /// The shortest text that reads back as exactly `number`; "INF", "-INF" and "NaN".
+    static TzCString ConvertTypeToString(double number);
+    /// The shortest text that reads back as exactly `number`; "INF", "-INF" and "NaN".
+    static TzCString ConvertTypeToString(long double number);
 };
