@@ -13,7 +13,8 @@ class TzSoapMessage;
 /// an answer, and back. The sending is the program's.
 ///
 /// Static, without state, usable from any thread on arguments of its own. Contexts name their
-/// properties as the header lines are named, letter by letter.
+/// properties as the header lines are named; letter case does not matter, so contexts may spell
+/// them as HTTP/2 does. What a context has already keeps its spelling.
 class TZSOAP_API TzSoapHttpBinding {
 public:
     TzSoapHttpBinding() = delete;
@@ -21,27 +22,30 @@ public:
     /// "Content-Type".
     static TzCString getContentTypeLabel();
     /// The body that carries `message`; `context` gets the matching "Content-Type": text/xml for
-    /// SOAP 1.1, application/soap+xml for SOAP 1.2, the package's own for a message with
-    /// attachments. A SOAP action that `context` has, with or without quotes, is quoted for
-    /// SOAP 1.1 and for packages and moves into the parameter "action" for a SOAP 1.2 envelope;
-    /// requests have one, be it "", answers have none. `TzXmlBadArgError` INVALID_HTTP_HEADER for
-    /// an action that no header line can hold. Other errors are those of `TzSoapMessage::asString`.
-    /// O(message).
+    /// SOAP 1.1, application/soap+xml for SOAP 1.2, the package's own for a message that led to a
+    /// MIME part when it was written, even behind a reference to a value, or to which parts were
+    /// added. Each part is in the package once. A SOAP action that `context` has, with or without
+    /// quotes, is quoted for SOAP 1.1 and for packages and moves into the parameter "action" for a
+    /// SOAP 1.2 envelope; requests have one, be it "", answers have none. The action stays with the
+    /// context, so it can serve again. `TzXmlBadArgError` INVALID_HTTP_HEADER for an action that no
+    /// header line can hold. Other errors are those of `TzSoapMessage::asString`. O(message).
     static TzCString pack(const TzSoapMessage& message, TzSoapHttpTransportContext& context);
     /// The body that carries `package`, a message with its attachments; `context` gets the
     /// package's content type, and a SOAP action that it has is quoted. Errors as above for the
     /// action.
     static TzCString pack(const TzMimeMultipart& package, TzSoapHttpTransportContext& context);
     /// Gives `context` what `pack` gives it for an envelope of `version`, without the body: for
-    /// texts that exist already, in the encoding `charset`. Errors as above for the action,
-    /// `TzXmlError` UNKNOWN_VERSION for a value that is no version.
+    /// texts that exist already, in the encoding `charset`. Errors as above for the action and for
+    /// a charset that is no name of one, `TzXmlError` UNKNOWN_VERSION for an unknown version; then
+    /// `context` is as before.
     static void describe(TzSoapVersion::Version version, const TzCString& charset,
                          TzSoapHttpTransportContext& context);
     /// Replaces the content of `message` by the one that `body` carries according to the
     /// "Content-Type" of `context`, whose charset counts for a text that does not state its own.
-    /// Without a content type the text itself decides. `TzXmlParseError` INVALID_CONTENT_TYPE for
-    /// anything but XML and multipart/related; other errors are those of `TzSoapMessage::extract`.
-    /// O(body).
+    /// Without a content type the text itself decides. A bare envelope under multipart/related, as
+    /// some services send their faults, is read as what it is. `TzXmlParseError`
+    /// INVALID_CONTENT_TYPE for anything but XML and multipart/related; other errors are those of
+    /// `TzSoapMessage::extract`. O(body).
     static void unpack(const TzSoapHttpTransportContext& context, const TzCString& body,
                        TzSoapMessage& message);
 

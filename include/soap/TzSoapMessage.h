@@ -18,7 +18,10 @@
 
 #include <string_view>
 
+#include <vector>
+
 class TzMimeMultipart;
+class TzMimePart;
 class TzSoapConstVisitor;
 class TzSoapMessageImp;
 class TzSoapVisitor;
@@ -45,20 +48,25 @@ public:
     TzSoapMessage& operator=(TzSoapMessage&&) noexcept = default;
     ~TzSoapMessage() override;
 
-    /// The message as XML text; when it has attachments, the text of `asMimeMultipart()` instead.
-    /// O(content).
+    /// The message as XML text; when `hasAttachments()`, the text of `asMimeMultipart()` instead.
+    /// What only a reference to a value leads to is not looked for: a part behind one is not in the
+    /// text, though the value's reference to it is. `asPackage` has it. O(content).
     TzCString asString() const override;
     /// "SOAPMessage:" and the URI of the version's envelope namespace.
     TzCString getMessageType() const override;
-    /// Whether any value refers to a MIME part. O(content).
+    /// Whether parts were added or any value refers to a MIME part. References to values are not
+    /// followed: a value outside header and body that refers to a part is not seen. O(content).
     virtual bool hasAttachments() const;
     /// Whether any value is kept as markup because its encoding is not that of SOAP. Such markup is
     /// written as it stands, so messages of others must not be sent on with it. O(content).
     bool hasUserDefinedValues() const;
     /// Replaces the content by the message in the root part of a package: the part that its start
     /// parameter names, the first one without that. The package is shared, for references to its
-    /// parts. `TzXmlParseError` MIME_NOT_MULTIPART without a Content-Type header,
-    /// NO_MIME_SOAP_BODY_PART without a root part; otherwise as for a text.
+    /// parts. A charset that the root part's Content-Type states counts for an envelope that does
+    /// not state its own. `TzXmlParseError` MIME_NOT_MULTIPART without a Content-Type header,
+    /// NO_MIME_SOAP_BODY_PART without a root part; one without a catalogue entry for a package
+    /// without its closing line and for a Content-ID or Content-Location that is longer than the
+    /// limits allow; otherwise as for a text.
     virtual void extract(const TzMimeMultipart& multipart);
     /// Replaces the content by the message read from `text`, an envelope or a MIME package.
     /// Whatever stands before the document is skipped. `TzXmlParseError` with line and column:
@@ -82,15 +90,32 @@ public:
     /// How much text the last `extract` left out, and where the first of it was; see
     /// `hasDroppedText`.
     TzSoapDroppedText getDroppedText() const;
+    /// Adds a part that travels with the message although no reference refers to it, after those
+    /// that references refer to. Shared with the message. A part that a reference refers to as well
+    /// travels for the reference only. A serializer leaves added parts out.
+    void addAttachment(const TzMimePart& part);
+    /// Adds every part of `getMimeMultipart()` but its root part, so that a message that was read
+    /// takes along all that came with it. O(parts).
+    void addReceivedAttachments();
+    /// The parts that were added, in their order. Not those that references refer to, and not those
+    /// that were read, unless they were added. None after `extract`. Valid until the next change.
+    const std::vector<TzMimePart>& getAttachments() const;
+    /// Removes the parts that were added.
+    void clearAttachments();
     /// The package that the message was last read from, shared; without parts when that was a bare
     /// envelope, or when nothing was read. Holds parts that no reference refers to as well.
     const TzMimeMultipart& getMimeMultipart() const;
     /// The message and its attachments as a MIME package: the envelope first, then every part that
-    /// a reference refers to, in the order of the references.
+    /// a reference refers to, in the order of the references and once for each of them, then the
+    /// parts that were added.
     virtual TzMimeMultipart asMimeMultipart() const;
     /// As above, inserted into `multipart`, whose boundary and start are kept if it has any;
     /// returns a handle that shares it. After an error, attachments met before stay inserted.
     virtual TzMimeMultipart asMimeMultipart(TzMimeMultipart& multipart) const;
+    /// The message as it is best sent: `asMimeMultipart()` with each part once, however many
+    /// references refer to it. When the root part is the only one, its body, the envelope, can
+    /// travel alone. O(content).
+    TzMimeMultipart asPackage() const;
 
     /// The version.
     TzSoapVersion::Version getVersion() const;

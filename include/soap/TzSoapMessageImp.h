@@ -19,6 +19,7 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 class TzMessage;
 class TzSoapParseContext;
@@ -37,7 +38,7 @@ public:
     /// is no version.
     explicit TzSoapMessageImp(TzSoapVersion::Version version);
     /// Copies the envelope element, prolog, type registry, version, prefixes and limits, and header
-    /// and body by their `copy()`; shares the kept package.
+    /// and body by their `copy()`; shares the kept package and the attachments.
     TzSoapMessageImp(const TzSoapMessageImp& other);
     TzSoapMessageImp& operator=(const TzSoapMessageImp&) = delete;
     ~TzSoapMessageImp() override;
@@ -45,8 +46,8 @@ public:
     /// A new body as the copy constructor makes it; the caller's handle takes it over.
     virtual TzSoapMessageImp* clone() const;
     /// Empties the message in place: attributes and properties of envelope, header and body, their
-    /// entries, the fault with its subcodes, the prolog. Names, version, type registry, encoding
-    /// prefix, kept package and limits stay.
+    /// entries, the fault with its subcodes, the prolog, the attachments that were added. Names,
+    /// version, type registry, encoding prefix, kept package and limits stay.
     void clear();
 
     /// The version.
@@ -96,6 +97,13 @@ public:
     /// The package that the message was last extracted from, without parts for a bare envelope.
     const TzMimeMultipart& getMimeMultipart() const noexcept { return multipart_; }
 
+    /// Adds a part that travels with the message although no reference refers to it.
+    void addAttachment(const TzMimePart& part) { attachments_.push_back(part); }
+    /// The parts that were added.
+    const std::vector<TzMimePart>& getAttachments() const noexcept { return attachments_; }
+    /// Removes the parts that were added.
+    void clearAttachments() noexcept { attachments_.clear(); }
+
     /// Replaces the content by the message read from the text of an envelope and forgets the kept
     /// package.
     void extract(const TzCString& text) { extractEnvelope(text); }
@@ -126,6 +134,8 @@ private:
 
     // Reads an envelope; the kept package stays.
     void parseEnvelope(std::string_view text);
+    // Reads the envelope in the root part of a package.
+    void parseRoot(const TzMimePart& part);
     void populate(const TzXmlName& name, const TzXmlAttributeSet& attributes);
     void startPart(const TzXmlName& name, const TzXmlAttributeSet& attributes);
     [[noreturn]] void refuse(const TzMessage& message, const TzXmlName& element);
@@ -142,6 +152,7 @@ private:
     TzSoapVersion::Version version_;
     TzCString encodingPrefix_;
     TzMimeMultipart multipart_;
+    std::vector<TzMimePart> attachments_;
     TzSoapReadLimits readLimits_;
     TzSoapDroppedText droppedText_;
     std::shared_ptr<Rings> rings_;     // shared with copies

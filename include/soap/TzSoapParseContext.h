@@ -23,6 +23,7 @@
 #include <vector>
 
 class TzSoapMessageImp;
+class TzSoapMimeLookup;
 class TzSoapReferenceToSoapTypeImp;
 class TzSoapReferenceTypeImp;
 class TzSoapTypeHandlers;
@@ -170,8 +171,9 @@ private:
     const TzCString& uriForPrefix(std::string_view prefix) const;
     const TzXmlNamespace& sharedNamespace(std::string_view prefix, std::string_view uri);
     const TzSoapType* findTarget(std::string_view href);
-    bool resolve(const TzCString& href, TzSoapReferenceTypeImp& reference);
-    void resolveOrRemember(const References::value_type& entry);
+    bool resolve(const TzCString& href, TzSoapReferenceTypeImp& reference,
+                 TzSoapMimeLookup& lookup);
+    void resolveOrRemember(const References::value_type& entry, TzSoapMimeLookup& lookup);
     void refer(TzSoapReferenceTypeImp& reference, const TzSoapType& target);
     void resolveEarlierReferences();
     void forgetId(const TzCString& id);

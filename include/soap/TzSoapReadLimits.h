@@ -15,6 +15,10 @@ struct TzSoapReadLimits {
     /// byte of the text; more is a `TzXmlBoundsError` BAD_INDEX_VECTOR.
     std::size_t unfilledArrayPositions = 1048576;
     /// Longest URI of a namespace and longest encodingStyle, in bytes, for each may be taken over
-    /// by every value below; more is a `TzXmlParseError`.
+    /// by every value below; of a package also the longest Content-ID and Content-Location, which
+    /// every reference may take over. More is a `TzXmlParseError`.
     std::size_t uriLength = TzXmlDefaultLimits::UriLength;
+    /// Whether a package is read that lacks its closing line, so that its last part may lack its
+    /// end; otherwise it is a `TzXmlParseError`.
+    bool incompletePackages = false;
 };

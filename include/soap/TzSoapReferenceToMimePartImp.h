@@ -26,6 +26,12 @@ public:
     /// Content-Location. `TzXmlBadArgError` BAD_REFERENCE "identified" when it has neither header,
     /// and nothing changes.
     void setReference(const TzMimePart& part) override;
+    /// The text under which `part` is referred to; `TzXmlBadArgError` BAD_REFERENCE "identified"
+    /// when it has neither header.
+    static TzCString textFor(const TzMimePart& part);
+    /// Refers to `part` from now on, under `text`, which is what `textFor` says of it: all
+    /// references to one part share it.
+    void refer(const TzMimePart& part, const TzXmlAttribute::SharedValue& text);
     /// The part referred to; `TzXmlBadArgError` BAD_REFERENCE "mime" when there is none.
     TzMimePart& getMimeReference() override;
 

@@ -5,6 +5,7 @@
 #include <soap/TzSoapGenericTypeHandler.h>
 #include <soap/TzSoapTypeImp.h>
 #include <soap/TzSoapVersion.h>
+#include <tz/xml/TzXmlAttribute.h>
 
 class TzMimePart;
 class TzSoapType;
@@ -60,10 +61,13 @@ protected:
     /// Makes `text` the reference text, in place of one of either version, as the value of
     /// `attribute`; there is a target from now on.
     void accept(const TzCString& text, TzSoapVersion::SoapAttribute attribute);
+    /// As above, with a text that other references share.
+    void accept(const TzXmlAttribute::SharedValue& text, TzSoapVersion::SoapAttribute attribute);
     /// There is no target any more; the reference text stays.
     void forgetReference() noexcept { hasReference_ = false; }
 
 private:
+    void accept(TzXmlAttribute text);
     [[noreturn]] void refuseContent() const;
 
     bool hasReference_ = false;

@@ -13,10 +13,15 @@
 #include <tz/xml/TzXmlParseError.h>
 #include <tz/xml/TzXmlUtils.h>
 
+#include "mime/TzSoapCharset.h"
+#include "mime/TzSoapPackaging.h"
 #include "model/TzSoapAccess.h"
 #include "reading/TzSoapErrorDetail.h"
 
 #include <algorithm>
+#include <optional>
+#include <typeinfo>
+#include <utility>
 
 namespace {
 
@@ -47,10 +52,42 @@ const MediaType* mediaTypeOf(const TzMimeContentType& content) {
         [&](const MediaType& entry) { return content.matches(entry.type, entry.subtype); });
 }
 
+/// The property that `label` names. Header names have no letter case: programs and HTTP/2 spell
+/// them differently; the usual spelling goes first.
+template <typename Context> auto findProperty(Context& context, const TzCString& label) {
+    const auto exact = context.find(label);
+    return exact != context.end()
+               ? exact
+               : std::find_if(context.begin(), context.end(), [&](const auto& property) {
+                     return tzEqualIgnoreCase(property.first, label);
+                 });
+}
+
+void removeProperty(TzSoapHttpTransportContext& context, const TzCString& label) {
+    for (auto found = findProperty(context, label); found != context.end();
+         found = findProperty(context, label)) {
+        context.remove(TzCString(found->first));
+    }
+}
+
+/// Makes `value` the only property that `label` names, in the spelling that is there already.
+void setProperty(TzSoapHttpTransportContext& context, const TzCString& label,
+                 const TzCString& value) {
+    const auto found = findProperty(context, label);
+    const TzCString spelling = found == context.end() ? label : found->first;
+    removeProperty(context, label);
+    context.add(spelling, value);
+}
+
 /// The value of the property "Content-Type", "" for none.
 TzCString contentTypeOf(const TzSoapHttpTransportContext& context) {
-    const auto found = context.find(TzSoapHttpBinding::getContentTypeLabel());
+    const auto found = findProperty(context, TzSoapHttpBinding::getContentTypeLabel());
     return found == context.end() ? TzCString() : found->second;
+}
+
+/// The parameter that holds the action, "" for none.
+TzCString actionParameter(const TzSoapHttpTransportContext& context) {
+    return TzMimeContentType(contentTypeOf(context)).getParameter(ActionParameter);
 }
 
 TzCString withoutQuotes(std::string_view action) {
@@ -68,52 +105,54 @@ bool breaksHeader(char character) noexcept {
            character == '\\';
 }
 
-/// The action without quotes, checked.
-TzCString checkedAction(const TzSoapHttpTransportContext& context) {
-    TzCString action = withoutQuotes(context.getSoapAction());
+[[noreturn]] void refuseHeader() {
+    TzThrow(TzXmlBadArgError(TzMessage(tzsoap_INVALID_HTTP_HEADER())));
+}
+
+/// The action without quotes, checked; nothing without one. One that moved into the content type
+/// when something was packed before is still there.
+std::optional<TzCString> checkedAction(const TzSoapHttpTransportContext& context) {
+    const auto found = findProperty(context, TzSoapHttpTransportContext::getSoapActionLabel());
+    TzCString action =
+        found != context.end() ? withoutQuotes(found->second) : actionParameter(context);
+    if (found == context.end() && action.empty()) {
+        return std::nullopt;
+    }
     if (std::any_of(action.begin(), action.end(), breaksHeader)) {
-        TzThrow(TzXmlBadArgError(TzMessage(tzsoap_INVALID_HTTP_HEADER())));
+        refuseHeader();
     }
     return action;
 }
 
 /// Gives the action the form of the header line "SOAPAction"; none stays none.
 void quoteAction(TzSoapHttpTransportContext& context) {
-    if (context.find(TzSoapHttpTransportContext::getSoapActionLabel()) != context.end()) {
-        context.setSoapAction('"' + checkedAction(context) + '"');
+    if (const std::optional<TzCString> action = checkedAction(context)) {
+        setProperty(context, TzSoapHttpTransportContext::getSoapActionLabel(), '"' + *action + '"');
     }
 }
 
-bool isCharsetName(std::string_view name) noexcept {
-    return !name.empty() && std::all_of(name.begin(), name.end(), [](char character) {
-        return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-               (character >= '0' && character <= '9') || character == '-' || character == '_' ||
-               character == '.' || character == ':';
-    });
-}
-
-/// Whether the text begins with a tag: a text in another form says by itself what it is.
-bool beginsWithTag(std::string_view text) noexcept {
-    return text.size() > 1 && text[0] == '<' && text[1] != '?' && text[1] != '\0';
+/// Whether a text in any encoding begins with a tag, after byte-order marks and white space.
+bool beginsLikeXml(std::string_view text) noexcept {
+    constexpr std::string_view skipped{"\xEF\xBB\xBF\xFE\xFF\0 \t\r\n", 10};
+    const std::size_t first = text.find_first_not_of(skipped);
+    return first != std::string_view::npos && text[first] == '<';
 }
 
 void unpackXml(const TzMimeContentType& content, const TzCString& body, TzSoapMessage& message) {
-    const TzCString charset = content.getParameter("charset");
-    TzSoapMessageImp& reader = TzSoapAccess::body(message);
-    if (isCharsetName(charset) && !tzEqualIgnoreCase(charset, "utf-8") && beginsWithTag(body)) {
-        reader.extract(TzXmlProlog("1.0", charset).asString() + body);
-    } else {
-        reader.extract(body);
-    }
+    const std::optional<TzCString> declared = TzSoapCharset::declare(content, body);
+    TzSoapAccess::body(message).extract(declared ? *declared : body);
 }
 
 void unpackPackage(const TzCString& contentType, const TzCString& body, TzSoapMessage& message) {
-    TzCString text = TzMimeHeader(TzMimeContentTypeHeader::Label, contentType).asString();
-    text += "\r\n\r\n";
-    text += body;
     TzMimeMultipart package;
-    package.fromString(std::move(text));
-    message.extract(package);
+    package.insertHeader(TzMimeHeader(TzMimeContentTypeHeader::Label, contentType));
+    package.setBody(body);
+    if (!package.hasParts() && beginsLikeXml(body)) {
+        // Some services send their faults bare under the content type of their packages.
+        TzSoapAccess::body(message).extract(body);
+    } else {
+        message.extract(package);
+    }
 }
 
 } // namespace
@@ -122,20 +161,31 @@ TzCString TzSoapHttpBinding::getContentTypeLabel() { return TzMimeContentTypeHea
 
 TzCString TzSoapHttpBinding::pack(const TzSoapMessage& message,
                                   TzSoapHttpTransportContext& context) {
-    if (message.hasAttachments()) {
-        return pack(message.asMimeMultipart(), context);
+    if (typeid(message) != typeid(TzSoapMessage)) {
+        // A derived message may make its text and its package in its own way.
+        const TzMimeMultipart package = message.asPackage();
+        if (package.getPartCount() > 1 || message.hasAttachments()) {
+            return pack(package, context);
+        }
+        describe(message.getVersion(), "utf-8", context);
+        return message.asString();
+    }
+    TzSoapPackaging::Written written = TzSoapPackaging::write(message);
+    if (written.parts.hasParts()) {
+        TzSoapPackaging::complete(written.parts, std::move(written.envelope));
+        return pack(written.parts, context);
     }
     describe(message.getVersion(), "utf-8", context);
-    return message.asString();
+    return std::move(written.envelope);
 }
 
 TzCString TzSoapHttpBinding::pack(const TzMimeMultipart& package,
                                   TzSoapHttpTransportContext& context) {
     quoteAction(context);
     const std::size_t position = package.findHeader(TzMimeContentTypeHeader::Label);
-    context.add(getContentTypeLabel(), position == TzMimePart::NotFound
-                                           ? TzCString()
-                                           : package.getHeader(position).getValue());
+    setProperty(context, getContentTypeLabel(),
+                position == TzMimePart::NotFound ? TzCString()
+                                                 : package.getHeader(position).getValue());
     return package.getBody();
 }
 
@@ -145,17 +195,20 @@ void TzSoapHttpBinding::describe(TzSoapVersion::Version version, const TzCString
     const TzSoapVersion::Version known = TzSoapVersion::getSoapVersion(version).getVersion();
     const MediaType& media =
         *findMediaType([&](const MediaType& entry) { return entry.version == known; });
-    // Without quotes, for not every peer knows them.
+    // Without quotes, because not every peer knows them.
+    if (!TzSoapCharset::isName(charset)) {
+        refuseHeader();
+    }
     TzCString text = TzCString(media.type) + '/' + media.subtype + "; charset=" + charset;
     if (media.holdsAction) {
-        const TzCString action = checkedAction(context);
+        const TzCString action = checkedAction(context).value_or("");
         text +=
             action.empty() ? TzCString() : TzCString("; ") + ActionParameter + "=\"" + action + '"';
-        context.remove(TzSoapHttpTransportContext::getSoapActionLabel());
+        removeProperty(context, TzSoapHttpTransportContext::getSoapActionLabel());
     } else {
         quoteAction(context);
     }
-    context.add(getContentTypeLabel(), text);
+    setProperty(context, getContentTypeLabel(), text);
 }
 
 void TzSoapHttpBinding::unpack(const TzSoapHttpTransportContext& context, const TzCString& body,
@@ -176,9 +229,9 @@ void TzSoapHttpBinding::unpack(const TzSoapHttpTransportContext& context, const 
 }
 
 TzCString TzSoapHttpBinding::getAction(const TzSoapHttpTransportContext& context) {
-    const TzCString action = withoutQuotes(context.getSoapAction());
-    return action.empty() ? TzMimeContentType(contentTypeOf(context)).getParameter(ActionParameter)
-                          : action;
+    const auto found = findProperty(context, TzSoapHttpTransportContext::getSoapActionLabel());
+    const TzCString action = found == context.end() ? TzCString() : withoutQuotes(found->second);
+    return action.empty() ? actionParameter(context) : action;
 }
 
 TzSoapVersion::Version TzSoapHttpBinding::getVersion(const TzSoapHttpTransportContext& context) {

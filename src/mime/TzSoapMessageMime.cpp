@@ -4,75 +4,58 @@
 #include <soap/TzSoapMessageImp.h>
 #include <soap/TzSoapUtils.h>
 #include <soap/TzSoapWriter.h>
-#include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimeContentTypeHeader.h>
 #include <tz/mime/TzMimeMultipart.h>
-#include <tz/mime/TzMimeMultipartRelatedType.h>
-#include <tz/mime/TzMimeTextType.h>
 #include <tz/mime/TzMimeVersionHeader.h>
 #include <tz/tools/TzMessage.h>
 #include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlStringWriter.h>
 
 #include "mime/TzSoapAttachmentFinder.h"
+#include "mime/TzSoapCharset.h"
+#include "mime/TzSoapPackaging.h"
 #include "model/TzSoapMessageForm.h"
 #include "output/TzSoapWriteText.h"
 #include "reading/TzSoapErrorDetail.h"
 
+#include <optional>
+#include <string>
 #include <typeinfo>
 #include <utility>
 
 namespace {
 
-constexpr char RootId[] = "<soap.xml@mime.representation>";
-constexpr char Boundary[] = "MIME_boundary";
-constexpr char RootType[] = "text/xml";
-
-/// Makes `package` a multipart/related one, keeping its boundary and its start; returns the start.
-TzCString describe(TzMimeMultipart& package) {
-    const std::size_t position = package.findHeader(TzMimeContentTypeHeader::Label);
-    if (position == TzMimePart::NotFound) {
-        package.insertHeader(TzMimeContentTypeHeader(
-            TzMimeMultipartRelatedType(TzCString(), RootType, RootId, Boundary)));
-        return RootId;
-    }
-    // Shared with the header, which changes with it.
-    TzMimeMultipartRelatedType type(
-        TzMimeContentTypeHeader(package.getHeader(position)).getContentType());
-    if (type.getBoundary().empty()) {
-        type.setBoundary(Boundary);
-    }
-    type.setType(RootType);
-    if (type.getStart().empty()) {
-        type.setStart(RootId);
-    }
-    return type.getStart();
+/// The media type that `part` states, text/plain for none.
+TzMimeContentType contentTypeOf(const TzMimePart& part) {
+    const std::size_t position = part.findHeader(TzMimeContentTypeHeader::Label);
+    return position == TzMimePart::NotFound
+               ? TzMimeContentType()
+               : TzMimeContentTypeHeader(part.getHeader(position)).getContentType();
 }
 
-/// The part that holds the envelope.
-TzMimePart rootPart(const TzCString& id, TzCString envelope) {
-    TzMimePart part;
-    part.insertHeader(TzMimeContentTypeHeader(TzMimeTextType("xml", "UTF-8")));
-    if (!id.empty()) {
-        part.insertHeader(TzMimeContentIdHeader(id));
+[[noreturn]] void refusePackage(const TzMessage& reason, const TzCString& detail) {
+    TzThrow(tzWithDetail(TzXmlParseError(reason, TzCString(), 0, 0), detail));
+}
+
+/// Refuses a package that the limits do not allow.
+void checkLimits(const TzMimeMultipart& package, const TzSoapReadLimits& limits) {
+    if (!package.isComplete() && !limits.incompletePackages) {
+        refusePackage(TzMessage("the package ends without its closing line"), "it was cut short");
     }
-    part.setBody(std::move(envelope));
-    return part;
-}
-
-[[noreturn]] void refusePackage(const TzCatMsg* reason, const TzCString& detail) {
-    TzThrow(tzWithDetail(TzXmlParseError(TzMessage(reason), TzCString(), 0, 0), detail));
-}
-
-/// Puts the envelope in front of the parts it refers to and says what the package is.
-void complete(TzMimeMultipart& package, TzCString envelope) {
-    const TzCString id = describe(package);
-    package.insertPartAt(0, rootPart(id, std::move(envelope)));
+    const std::optional<TzCString> location = package.getContentLocation();
+    if ((location && location->size() > limits.uriLength) ||
+        package.findLongName(limits.uriLength) != TzMimePart::NotFound) {
+        refusePackage(TzMessage("a Content-ID or Content-Location is too long"),
+                      "the limit is " + std::to_string(limits.uriLength));
+    }
 }
 
 } // namespace
 
 bool TzSoapMessage::hasAttachments() const {
+    if (!getAttachments().empty()) {
+        return true;
+    }
     TzSoapAttachmentFinder finder;
     acceptVisitor(finder);
     return finder.found();
@@ -96,12 +79,15 @@ TzCString TzSoapMessage::asString() const {
     acceptVisitor(writer);
     // Most messages need no second look: those that led to a part on the way, and those that were
     // written in full and led to none.
-    const bool known = writer.attached() || (!package.hasParts() && writer.wroteAll());
-    if (derived || !(known ? writer.attached() : hasAttachments())) {
+    const bool known = writer.attached() || !getAttachments().empty() ||
+                       (!package.hasParts() && writer.wroteAll());
+    const bool attached = known ? writer.attached() || !getAttachments().empty() : hasAttachments();
+    if (derived || !attached) {
         return envelope.takeString();
     }
     package.insertHeader(TzMimeVersionHeader());
-    complete(package, envelope.takeString());
+    TzSoapPackaging::addAttachments(*this, package);
+    TzSoapPackaging::complete(package, envelope.takeString());
     return package.asString();
 }
 
@@ -115,9 +101,34 @@ TzMimeMultipart TzSoapMessage::asMimeMultipart(TzMimeMultipart& multipart) const
     TzXmlStringWriter envelope;
     TzSoapWriter writer(&envelope, &multipart);
     acceptVisitor(writer);
-    complete(multipart, envelope.takeString());
+    TzSoapPackaging::addAttachments(*this, multipart);
+    TzSoapPackaging::complete(multipart, envelope.takeString());
     return multipart;
 }
+
+TzMimeMultipart TzSoapMessage::asPackage() const {
+    TzMimeMultipart package = asMimeMultipart();
+    package.removeRepeatedParts();
+    return package;
+}
+
+void TzSoapMessage::addAttachment(const TzMimePart& part) { body().addAttachment(part); }
+
+void TzSoapMessage::addReceivedAttachments() {
+    const TzMimeMultipart& received = getMimeMultipart();
+    const std::size_t root = received.findRootPart();
+    for (std::size_t position = 0; position < received.getPartCount(); ++position) {
+        if (position != root) {
+            addAttachment(received.getPart(position));
+        }
+    }
+}
+
+const std::vector<TzMimePart>& TzSoapMessage::getAttachments() const {
+    return body().getAttachments();
+}
+
+void TzSoapMessage::clearAttachments() { body().clearAttachments(); }
 
 void TzSoapMessage::extract(const TzCString& text) {
     if (!TzSoapUtils::isMimeMultipart(text)) {
@@ -163,17 +174,24 @@ void TzSoapMessageImp::extract(const TzMimeMultipart& multipart) {
     const TzMimeMultipart package = multipart;
     const std::size_t type = package.findHeader(TzMimeContentTypeHeader::Label);
     if (type == TzMimePart::NotFound) {
-        refusePackage(tzsoap_MIME_NOT_MULTIPART(), "there is no Content-Type header");
+        refusePackage(TzMessage(tzsoap_MIME_NOT_MULTIPART()), "there is no Content-Type header");
     }
     multipart_ = package;
     const std::size_t root = package.findRootPart();
     if (root == TzMimePart::NotFound) {
-        refusePackage(tzsoap_NO_MIME_SOAP_BODY_PART(),
+        refusePackage(TzMessage(tzsoap_NO_MIME_SOAP_BODY_PART()),
                       TzSoapErrorDetail::ofHeader(TzMimeContentTypeHeader::Label,
                                                   package.getHeader(type).getValue()));
     }
+    checkLimits(package, readLimits_);
+    parseRoot(package.getPart(root));
+}
+
+void TzSoapMessageImp::parseRoot(const TzMimePart& part) {
+    const std::optional<TzCString> declared =
+        TzSoapCharset::declare(contentTypeOf(part), part.getBodyView());
     try {
-        parseEnvelope(package.getPart(root).getBodyView());
+        parseEnvelope(declared ? *declared : part.getBodyView());
     } catch (Tzxmsg& error) {
         error.addDetail("in the root part of the package");
         throw;

@@ -53,7 +53,8 @@ TzSoapMessageImp::TzSoapMessageImp(const TzSoapMessageImp& other)
       header_(other.header_.copy()), body_(other.body_.copy()), prolog_(other.prolog_),
       hasProlog_(other.hasProlog_), typeRegistry_(other.typeRegistry_), version_(other.version_),
       encodingPrefix_(other.encodingPrefix_), multipart_(other.multipart_),
-      readLimits_(other.readLimits_), droppedText_(other.droppedText_), rings_(other.rings_) {}
+      attachments_(other.attachments_), readLimits_(other.readLimits_),
+      droppedText_(other.droppedText_), rings_(other.rings_) {}
 
 TzSoapMessageImp::~TzSoapMessageImp() = default;
 
@@ -65,6 +66,7 @@ void TzSoapMessageImp::clear() {
     TzSoapAccess::body(body_).clear();
     removeProlog();
     droppedText_ = {};
+    clearAttachments();
 }
 
 void TzSoapMessageImp::setVersion(TzSoapVersion::Version version) {

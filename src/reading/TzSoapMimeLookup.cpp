@@ -1,35 +1,72 @@
 // SPDX-License-Identifier: MIT
 #include "reading/TzSoapMimeLookup.h"
 
-#include <tz/mime/TzMimeContentLocationHeader.h>
-#include <tz/mime/TzMimeMultipart.h>
+#include <soap/TzSoapReferenceToMimePartImp.h>
+#include <tz/mime/TzMimeContentIdHeader.h>
+
+#include <utility>
 
 namespace {
 
 constexpr std::string_view ContentIdScheme = "cid:";
 
-std::optional<TzMimePart> partAt(const TzMimeMultipart& package, std::size_t position) {
-    return position == TzMimePart::NotFound ? std::nullopt
-                                            : std::optional(package.getPart(position));
+/// Most writers put the id into the URL as it is, others encode it as URLs want it.
+std::size_t positionById(const TzMimeMultipart& package, std::string_view id) {
+    const std::size_t position = package.findPartById(id);
+    return position != TzMimePart::NotFound || id.find('%') == std::string_view::npos
+               ? position
+               : package.findPartById(TzMimeContentIdHeader::decodeUrl(id));
 }
 
 } // namespace
 
-std::optional<TzMimePart> tzSoapFindMimePart(const TzMimeMultipart& package,
-                                             std::string_view href) {
-    if (!package.hasParts()) {
+std::optional<TzSoapMimeLookup::Found> TzSoapMimeLookup::find(std::string_view href) {
+    const std::size_t position =
+        package_.hasParts() ? positionOf(href) : std::size_t{TzMimePart::NotFound};
+    if (position == TzMimePart::NotFound) {
         return std::nullopt;
     }
+    TzMimePart part = package_.getPart(position);
+    const TzXmlAttribute::SharedValue& text = textOf(position, part);
+    return Found{std::move(part), text};
+}
+
+std::size_t TzSoapMimeLookup::positionOf(std::string_view href) {
     if (href.starts_with(ContentIdScheme)) {
-        return partAt(package, package.findPartById(href.substr(ContentIdScheme.size())));
+        return positionById(package_, href.substr(ContentIdScheme.size()));
     }
-    if (auto part = partAt(package, package.findPartByLocation(href))) {
-        return part;
+    const std::size_t position = package_.findPartByLocation(href);
+    return position != TzMimePart::NotFound || base() == nullptr ? position
+                                                                 : positionBelowBase(href);
+}
+
+std::size_t TzSoapMimeLookup::positionBelowBase(std::string_view href) {
+    const auto [known, isNew] = belowBase_.try_emplace(href, TzMimePart::NotFound);
+    if (isNew) {
+        known->second = package_.findPartByLocation(base()->resolve(TzCString(href)));
     }
-    const std::size_t base = package.findHeader(TzMimeContentLocationHeader::Label, 0);
-    if (base == TzMimePart::NotFound) {
-        return std::nullopt;
+    return known->second;
+}
+
+const TzMimeContentLocationHeader* TzSoapMimeLookup::base() {
+    if (!baseSought_) {
+        const std::size_t position = package_.findHeader(TzMimeContentLocationHeader::Label);
+        if (position != TzMimePart::NotFound) {
+            base_.emplace(package_.getHeader(position));
+        }
+        baseSought_ = true;
     }
-    const TzMimeContentLocationHeader header(package.getHeader(base));
-    return partAt(package, package.findPartByLocation(header.resolve(TzCString(href))));
+    return base_ ? &*base_ : nullptr;
+}
+
+const TzXmlAttribute::SharedValue& TzSoapMimeLookup::textOf(std::size_t position,
+                                                            const TzMimePart& part) {
+    if (texts_.empty()) {
+        texts_.resize(package_.getPartCount());
+    }
+    TzXmlAttribute::SharedValue& text = texts_[position];
+    if (!text.isSet()) {
+        text = textMaker_.make(TzSoapReferenceToMimePartImp::textFor(part));
+    }
+    return text;
 }

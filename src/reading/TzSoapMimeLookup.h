@@ -1,13 +1,46 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tz/mime/TzMimePart.h>
+#include <tz/mime/TzMimeContentLocationHeader.h>
+#include <tz/mime/TzMimeMultipart.h>
+#include <tz/xml/TzXmlAttribute.h>
 
+#include <cstddef>
+#include <map>
 #include <optional>
 #include <string_view>
+#include <vector>
 
-class TzMimeMultipart;
+/// Finds the parts of a package that reference texts mean.
+///
+/// What is asked of the package for one reference is remembered for all others: its own location,
+/// where a text below that leads, and the text under which each part is referred to. For one
+/// resolution: the package must not change, and the texts asked for must live meanwhile.
+class TzSoapMimeLookup {
+public:
+    /// A part that was found.
+    struct Found {
+        TzMimePart part;
+        TzXmlAttribute::SharedValue text; ///< Under which all references to it refer to it.
+    };
 
-/// The part of `package` that the reference text `href` means: by Content-ID behind "cid:",
-/// otherwise by Content-Location, as it stands or below the package's own location.
-std::optional<TzMimePart> tzSoapFindMimePart(const TzMimeMultipart& package, std::string_view href);
+    explicit TzSoapMimeLookup(const TzMimeMultipart& package) : package_(package) {}
+
+    /// The part that `href` means: by Content-ID after "cid:", as it stands or else with its
+    /// percent signs decoded; otherwise by Content-Location, as it stands or below the package's
+    /// own location. Nothing when there is none. O(log n) in parts, headers and texts.
+    std::optional<Found> find(std::string_view href);
+
+private:
+    std::size_t positionOf(std::string_view href);
+    std::size_t positionBelowBase(std::string_view href);
+    const TzMimeContentLocationHeader* base();
+    const TzXmlAttribute::SharedValue& textOf(std::size_t position, const TzMimePart& part);
+
+    const TzMimeMultipart& package_;
+    std::optional<TzMimeContentLocationHeader> base_;
+    bool baseSought_ = false;
+    std::map<std::string_view, std::size_t> belowBase_; // misses included
+    std::vector<TzXmlAttribute::SharedValue> texts_;    // by position of the part
+    TzXmlAttribute::SharedValue::Maker textMaker_;
+};

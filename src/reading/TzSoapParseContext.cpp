@@ -2,6 +2,7 @@
 #include <soap/TzSoapParseContext.h>
 
 #include <soap/TzSoapMessageImp.h>
+#include <soap/TzSoapReferenceToMimePartImp.h>
 #include <soap/TzSoapReferenceToSoapTypeImp.h>
 #include <soap/TzSoapReferenceTypeImp.h>
 #include <soap/TzSoapUtils.h>
@@ -18,6 +19,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <typeinfo>
 #include <utility>
 
 namespace {
@@ -28,6 +30,15 @@ constexpr std::size_t MostSpareHandlers = 16;
 /// The id that a reference text names: with or without the mark of a fragment.
 std::string_view idOf(std::string_view href) noexcept {
     return href.starts_with('#') ? href.substr(1) : href;
+}
+
+/// Gives a reference its part. A derived class takes it in its own way.
+void referToPart(TzSoapReferenceTypeImp& reference, const TzSoapMimeLookup::Found& found) {
+    if (typeid(reference) == typeid(TzSoapReferenceToMimePartImp)) {
+        static_cast<TzSoapReferenceToMimePartImp&>(reference).refer(found.part, found.text);
+    } else {
+        reference.setReference(found.part);
+    }
 }
 
 } // namespace
@@ -186,7 +197,8 @@ void TzSoapParseContext::refer(TzSoapReferenceTypeImp& reference, const TzSoapTy
     reference.setReference(target);
 }
 
-bool TzSoapParseContext::resolve(const TzCString& href, TzSoapReferenceTypeImp& reference) {
+bool TzSoapParseContext::resolve(const TzCString& href, TzSoapReferenceTypeImp& reference,
+                                 TzSoapMimeLookup& lookup) {
     if (reference.isSoapReference()) {
         const TzSoapType* target = findTarget(href);
         if (target == nullptr) {
@@ -195,8 +207,8 @@ bool TzSoapParseContext::resolve(const TzCString& href, TzSoapReferenceTypeImp& 
         refer(reference, *target);
         return true;
     }
-    if (const auto part = tzSoapFindMimePart(mimeMultipart_, href)) {
-        reference.setReference(*part);
+    if (const auto found = lookup.find(href)) {
+        referToPart(reference, *found);
     }
     forgetId(TzCString(idOf(href)));
     return true; // the package does not change: there is nothing to try again later
@@ -224,19 +236,21 @@ void TzSoapParseContext::forgetId(const TzCString& id) {
     }
 }
 
-void TzSoapParseContext::resolveOrRemember(const References::value_type& entry) {
-    if (!resolve(entry.first, *entry.second)) {
+void TzSoapParseContext::resolveOrRemember(const References::value_type& entry,
+                                           TzSoapMimeLookup& lookup) {
+    if (!resolve(entry.first, *entry.second, lookup)) {
         unresolved_.emplace(idOf(entry.first), entry.second);
     }
 }
 
 void TzSoapParseContext::resolveAndClearIdReferences() {
     resolveEarlierReferences();
+    TzSoapMimeLookup lookup(mimeMultipart_);
     for (const References::value_type& entry : references_) {
-        resolveOrRemember(entry);
+        resolveOrRemember(entry, lookup);
     }
     for (const References::value_type& entry : addedReferences_) {
-        resolveOrRemember(entry);
+        resolveOrRemember(entry, lookup);
     }
     references_.clear();
     addedReferences_.clear();

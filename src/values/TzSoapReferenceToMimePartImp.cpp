@@ -7,21 +7,6 @@
 
 #include <utility>
 
-namespace {
-
-/// The text by which `part` is referred to; `TzXmlBadArgError` BAD_REFERENCE when it has no name.
-TzCString textFor(const TzMimePart& part) {
-    if (const auto id = part.getContentId()) {
-        return "cid:" + *id;
-    }
-    if (auto location = part.getContentLocation()) {
-        return *std::move(location);
-    }
-    TzThrow(TzXmlBadArgError(TzMessage(tzsoap_BAD_REFERENCE(), "identified")));
-}
-
-} // namespace
-
 TzSoapReferenceToMimePartImp::TzSoapReferenceToMimePartImp() = default;
 
 TzSoapReferenceToMimePartImp::TzSoapReferenceToMimePartImp(TzXmlName name)
@@ -37,6 +22,22 @@ TzSoapElementImp* TzSoapReferenceToMimePartImp::clone() const {
 }
 
 bool TzSoapReferenceToMimePartImp::isSoapReference() const { return false; }
+
+TzCString TzSoapReferenceToMimePartImp::textFor(const TzMimePart& part) {
+    if (const auto id = part.getContentId()) {
+        return "cid:" + *id;
+    }
+    if (auto location = part.getContentLocation()) {
+        return *std::move(location);
+    }
+    TzThrow(TzXmlBadArgError(TzMessage(tzsoap_BAD_REFERENCE(), "identified")));
+}
+
+void TzSoapReferenceToMimePartImp::refer(const TzMimePart& part,
+                                         const TzXmlAttribute::SharedValue& text) {
+    accept(text, TzSoapVersion::Href);
+    part_ = part;
+}
 
 void TzSoapReferenceToMimePartImp::setReference(const TzMimePart& part) {
     accept(textFor(part), TzSoapVersion::Href);

@@ -53,19 +53,30 @@ TzMimePart& TzSoapReferenceTypeImp::getMimeReference() {
 }
 
 void TzSoapReferenceTypeImp::accept(const TzCString& text, TzSoapVersion::SoapAttribute attribute) {
+    accept(TzXmlAttribute(TzSoapVersion::getLatestSoapVersion().getSoapAttributeQName(attribute),
+                          text));
+}
+
+void TzSoapReferenceTypeImp::accept(const TzXmlAttribute::SharedValue& text,
+                                    TzSoapVersion::SoapAttribute attribute) {
+    TzXmlAttribute made(TzSoapVersion::getLatestSoapVersion().getSoapAttributeQName(attribute), {});
+    made.shareValue(text);
+    accept(std::move(made));
+}
+
+// The attribute is made before: from here on nothing can fail half-way.
+void TzSoapReferenceTypeImp::accept(TzXmlAttribute text) {
     const TzSoapVersion& latest = TzSoapVersion::getLatestSoapVersion();
     const TzXmlName& ref = latest.getSoapAttributeQName(TzSoapVersion::Ref);
     const TzXmlName& href = latest.getSoapAttributeQName(TzSoapVersion::Href);
-    // Prepared first: from here on nothing can fail half-way.
-    TzXmlAttribute made(latest.getSoapAttributeQName(attribute), text);
     TzSoapAttributeSet& attributes = getAttributeSet();
     if (attributes.size() == 1 && isOneOf(attributes.begin()->getName(), ref, href)) {
-        *attributes.begin() = std::move(made); // what most references are
+        *attributes.begin() = std::move(text); // what most references are
     } else {
         TzSoapAttributeSet changed = attributes;
         changed.erase(ref);
         changed.erase(href);
-        changed.add(std::move(made));
+        changed.add(std::move(text));
         attributes = std::move(changed);
     }
     hasReference_ = true;

@@ -122,6 +122,165 @@ TEST(TzSoapHttpBindingTest, ATextThatExistsIsDescribed) {
         TzXmlError);
 }
 
+TEST(TzSoapHttpBindingTest, ACharsetThatIsNoNameIsRefused) {
+    for (const TzSoapVersion::Version version : BothVersions) {
+        for (const char* charset :
+             {"utf-8\r\nX-Evil: 1", "utf-8\n", "a b", "a;b=c", "\"utf-8\"", ""}) {
+            TzSoapHttpTransportContext context = contextWithAction("urn:do");
+            expectCatalogued<TzXmlBadArgError>(
+                [&] { TzSoapHttpBinding::describe(version, charset, context); }, 0x7007,
+                "[INVALID_HTTP_HEADER][Http header is invalid]");
+            EXPECT_EQ(context.asString(), "SOAPAction:urn:do\n");
+        }
+    }
+}
+
+TEST(TzSoapHttpBindingTest, TheActionServesEveryRequestOfAContext) {
+    TzSoapHttpTransportContext context = contextWithAction("urn:do");
+    const TzSoapMessage second = messageWith(TzSoapVersion::V1_2, "a");
+    for (int round = 0; round < 3; ++round) {
+        TzSoapHttpBinding::pack(second, context);
+        EXPECT_EQ(context.asString(),
+                  "Content-Type:application/soap+xml; charset=utf-8; action=\"urn:do\"\n");
+    }
+    TzSoapHttpBinding::pack(messageWithAttachment(TzSoapVersion::V1_2), context);
+    EXPECT_TRUE(context.asString().ends_with("\nSOAPAction:\"urn:do\"\n")) << context.asString();
+    TzSoapHttpBinding::pack(second, context);
+    TzSoapHttpBinding::pack(messageWith(TzSoapVersion::V1_1, "a"), context);
+    EXPECT_EQ(context.asString(), "Content-Type:text/xml; charset=utf-8\nSOAPAction:\"urn:do\"\n");
+}
+
+TEST(TzSoapHttpBindingTest, AnActionGivenAnewReplacesTheLastOne) {
+    TzSoapHttpTransportContext context = contextWithAction("urn:do");
+    const TzSoapMessage second = messageWith(TzSoapVersion::V1_2, "a");
+    TzSoapHttpBinding::pack(second, context);
+    context.setSoapAction("urn:other");
+    EXPECT_EQ(packed(second, context),
+              "Content-Type:application/soap+xml; charset=utf-8; action=\"urn:other\"\n");
+    context.setSoapAction("");
+    EXPECT_EQ(packed(second, context), "Content-Type:application/soap+xml; charset=utf-8\n");
+}
+
+TEST(TzSoapHttpBindingTest, HeaderNamesHaveNoLetterCase) {
+    const TzSoapMessage first = messageWith(TzSoapVersion::V1_1, "a");
+    TzSoapHttpTransportContext context;
+    context.add("content-type", "text/xml; charset=ISO-8859-1");
+    context.add("soapaction", "\"urn:do\"");
+    EXPECT_EQ(unpackedText(context, envelope(TzSoapVersion::V1_1, "<a>\xE9</a>")), "\xC3\xA9");
+    EXPECT_EQ(TzSoapHttpBinding::getAction(context), "urn:do");
+    EXPECT_EQ(packed(first, context),
+              "content-type:text/xml; charset=utf-8\nsoapaction:\"urn:do\"\n");
+    EXPECT_EQ(packed(messageWith(TzSoapVersion::V1_2, "a"), context),
+              "content-type:application/soap+xml; charset=utf-8; action=\"urn:do\"\n");
+    context.add("content-type", "APPLICATION/soap+xml");
+    EXPECT_EQ(TzSoapHttpBinding::getVersion(context), TzSoapVersion::V1_2);
+}
+
+TEST(TzSoapHttpBindingTest, OneSpellingOfAHeaderNameIsLeft) {
+    TzSoapHttpTransportContext context;
+    context.add("CONTENT-TYPE", "text/html");
+    context.add("Content-Type", "text/xml");
+    context.add("content-type", "text/html");
+    context.add("SOAPACTION", "urn:other");
+    context.add("SOAPAction", "urn:do");
+    EXPECT_EQ(unpackedText(context, messageWith(TzSoapVersion::V1_1, "a").asString()), "a");
+    EXPECT_EQ(TzSoapHttpBinding::getAction(context), "urn:do");
+    EXPECT_EQ(packed(messageWith(TzSoapVersion::V1_1, "a"), context),
+              "Content-Type:text/xml; charset=utf-8\nSOAPAction:\"urn:do\"\n");
+}
+
+TEST(TzSoapHttpBindingTest, ABareEnvelopeUnderThePackagesTypeIsRead) {
+    const std::string text = messageWith(TzSoapVersion::V1_1, "a").asString();
+    const char* const type =
+        "multipart/related; type=\"application/xop+xml\"; start=\"<r>\"; boundary=b";
+    for (const std::string before : {"", "\xEF\xBB\xBF", "\r\n ", "<?xml version=\"1.0\"?>\n"}) {
+        EXPECT_EQ(unpackedText(contextOf(type), before + text), "a") << before;
+    }
+    EXPECT_EQ(unpackedText(contextOf("multipart/related"), text), "a");
+}
+
+TEST(TzSoapHttpBindingTest, APackageAfterTextThatLooksLikeXmlIsAPackage) {
+    const std::string text = messageWith(TzSoapVersion::V1_1, "a").asString();
+    EXPECT_EQ(unpackedText(contextOf("multipart/related; boundary=b"),
+                           "<preamble>\r\n--b\r\n\r\n" + text + "\r\n--b--\r\n"),
+              "a");
+}
+
+TEST(TzSoapHttpBindingTest, PlacesInAPackageAreThoseOfItsBody) {
+    TzSoapMessage message;
+    try {
+        TzSoapHttpBinding::unpack(contextOf("multipart/related; boundary=b"),
+                                  "--b\r\nX: a\rb\r\n\r\n<a/>\r\n--b--\r\n", message);
+        FAIL() << "nothing was thrown";
+    } catch (const TzXmlParseError& error) {
+        EXPECT_EQ(error.getLine(), 2U);
+        EXPECT_EQ(error.getColumn(), 5U);
+    }
+}
+
+TEST(TzSoapHttpBindingTest, EachPartTravelsOnce) {
+    TzMimePart part;
+    part.insertHeader(TzMimeContentIdHeader("data"));
+    part.setBody("the bytes");
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    for (int i = 0; i < 3; ++i) {
+        message.getSoapBody().appendEntry(TzSoapReferenceType(TzXmlName("data"), part));
+    }
+    TzSoapHttpTransportContext context;
+    const std::string body = TzSoapHttpBinding::pack(message, context);
+    EXPECT_EQ(countOf("the bytes", body), 1U) << body;
+    EXPECT_EQ(countOf("href=\"cid:data\"", body), 3U) << body;
+    EXPECT_EQ(countOf("the bytes", message.asString()), 3U);
+}
+
+TEST(TzSoapHttpBindingTest, APartBehindAReferenceToAValueTravels) {
+    TzMimePart part;
+    part.insertHeader(TzMimeContentIdHeader("data"));
+    part.setBody("the bytes");
+    TzSoapReferenceType target(TzXmlName("target"), part);
+    target.setIdAttribute("t");
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    message.getSoapBody().appendEntry(TzSoapReferenceType(TzXmlName("entry"), target));
+    EXPECT_FALSE(message.hasAttachments());
+    TzSoapHttpTransportContext context;
+    const std::string body = TzSoapHttpBinding::pack(message, context);
+    EXPECT_TRUE(context.asString().starts_with("Content-Type:multipart/related;"))
+        << context.asString();
+    EXPECT_EQ(countOf("the bytes", body), 1U) << body;
+    TzSoapMessage read;
+    TzSoapHttpBinding::unpack(context, body, read);
+    EXPECT_EQ(read.getMimeMultipart().getPartCount(), 2U);
+}
+
+TEST(TzSoapHttpBindingTest, AddedPartsTravel) {
+    TzSoapMessage message = messageWith(TzSoapVersion::V1_1, "a");
+    TzMimePart part;
+    part.setBody("the bytes");
+    message.addAttachment(part);
+    TzSoapHttpTransportContext context;
+    const std::string body = TzSoapHttpBinding::pack(message, context);
+    EXPECT_TRUE(body.ends_with("\r\n--MIME_boundary\r\n\r\nthe bytes\r\n--MIME_boundary--\r\n"))
+        << body;
+}
+
+TEST(TzSoapHttpBindingTest, ADerivedMessageMakesItsOwnPackage) {
+    struct Signed : TzSoapMessage {
+        TzMimeMultipart asMimeMultipart() const override {
+            TzMimeMultipart package;
+            TzMimePart signature;
+            signature.setBody("signature");
+            package.insertPart(signature);
+            return TzSoapMessage::asMimeMultipart(package);
+        }
+    };
+    TzSoapHttpTransportContext context;
+    EXPECT_EQ(countOf("\r\nsignature\r\n", TzSoapHttpBinding::pack(Signed(), context)), 1U);
+    struct Plain : TzSoapMessage {
+        TzCString asString() const override { return "plain"; }
+    };
+    EXPECT_EQ(TzSoapHttpBinding::pack(Plain(), context), "plain");
+}
+
 TEST(TzSoapHttpBindingTest, APackageThatExistsIsSentWithItsContentType) {
     TzMimeMultipart package;
     package.fromString("Content-Type: multipart/related; boundary=b\r\n\r\n"

@@ -332,13 +332,13 @@ TEST(TzSoapParseContext, aReferenceByContentIdFindsItsPart) {
     EXPECT_EQ(reference.getMimeReference().getBody(), "first");
 }
 
-TEST(TzSoapParseContext, theSchemeOfAContentIdCountsWithCaseAndTheRestLiterally) {
+TEST(TzSoapParseContext, theSchemeOfAContentIdCountsWithCaseAndTheRestWithoutBrackets) {
     TzMimeMultipart package;
     package.insertPart(partWith(TzMimeContentIdHeader("<a b>"), "blank"));
     TzSoapParseContext context;
     context.setMimeMultipart(package);
     std::map<std::string, TzSoapReferenceType> references;
-    for (const char* href : {"CID:a b", "cid:a%20b", "cid:<a b>", "cid:"}) {
+    for (const char* href : {"CID:a b", "cid:a%20bc", "cid:<a b>", "cid:"}) {
         file(context, href, references.emplace(href, false).first->second);
     }
     context.resolveAndClearIdReferences();

@@ -2,6 +2,7 @@
 #include <tz/mime/TzMimeContentIdHeader.h>
 
 #include "mime/TzMimeHeaderBody.h"
+#include "mime/TzMimeText.h"
 
 namespace {
 
@@ -23,4 +24,11 @@ TzMimeContentIdHeader::~TzMimeContentIdHeader() = default;
 
 TzCString TzMimeContentIdHeader::getId() const {
     return body() != nullptr ? body()->comparable() : TzCString();
+}
+
+TzCString TzMimeContentIdHeader::decodeUrl(std::string_view url) {
+    TzCString id;
+    id.reserve(url.size());
+    TzMimeText::appendPercentDecoded(id, url);
+    return id;
 }

@@ -41,9 +41,12 @@ std::string_view TzMimeDelimiter::boundary() const noexcept {
 }
 
 std::optional<TzMimeDelimiter::Hit> TzMimeDelimiter::hitAt(std::string_view text,
-                                                           std::size_t feed) const noexcept {
-    const std::size_t end = feed + line_.size();
-    const TzMimeText::Line line = TzMimeText::lineAt(text, end);
+                                                           std::size_t begin) const noexcept {
+    const std::string_view wanted = std::string_view(line_).substr(1);
+    if (!text.substr(begin).starts_with(wanted)) {
+        return std::nullopt;
+    }
+    const TzMimeText::Line line = TzMimeText::lineAt(text, begin + wanted.size());
     const bool last = line.next == text.size() && text.back() != '\n';
     // A text may have been cut inside of its last line end.
     const bool cut = last && line.content.ends_with('\r');
@@ -53,18 +56,22 @@ std::optional<TzMimeDelimiter::Hit> TzMimeDelimiter::hitAt(std::string_view text
     if (!closing && !rest.empty()) {
         return std::nullopt;
     }
-    // In a text whose lines end in LF, a CR at the end of a part belongs to the part.
-    const bool feedOnly = line.next - end - line.content.size() == 1;
-    const bool pair = !feedOnly && feed > 0 && text[feed - 1] == '\r';
-    return Hit{feed - (pair ? 1 : 0), last ? line.next : line.next - 1, closing};
+    std::size_t partEnd = begin;
+    for (const char character : {'\n', '\r'}) {
+        partEnd -= partEnd > 0 && text[partEnd - 1] == character ? 1 : 0;
+    }
+    return Hit{partEnd, line.next, closing};
 }
 
 std::optional<TzMimeDelimiter::Hit> TzMimeDelimiter::find(std::string_view text,
                                                           std::size_t from) const noexcept {
+    if (const std::optional<Hit> hit = hitAt(text, from)) {
+        return hit;
+    }
     // No boundary holds a line feed, so places where the line is found cannot overlap.
     for (std::size_t feed = positionOf(text, line_, from); feed != std::string_view::npos;
          feed = positionOf(text, line_, feed + line_.size())) {
-        if (const std::optional<Hit> hit = hitAt(text, feed)) {
+        if (const std::optional<Hit> hit = hitAt(text, feed + 1)) {
             return hit;
         }
     }

@@ -12,8 +12,8 @@ class TzMimeDelimiter {
 public:
     /// A delimiter line that was found.
     struct Hit {
-        std::size_t partEnd; ///< Where the part before it ends: in front of the line end.
-        std::size_t lineEnd; ///< Its own line feed, or the end of the text.
+        std::size_t partEnd; ///< Where the part before it ends: before the line end, CRLF or LF.
+        std::size_t next;    ///< Where the line after it begins.
         bool closing;        ///< Whether it is the last one.
     };
 
@@ -25,7 +25,7 @@ public:
     bool isEmpty() const noexcept { return line_.size() == prefixLength; }
     /// The boundary itself.
     std::string_view boundary() const noexcept;
-    /// The next delimiter line of `text` behind the line feed at `from` or a later one.
+    /// The next delimiter line of `text`, in the line that begins at `from` or a later one.
     std::optional<Hit> find(std::string_view text, std::size_t from) const noexcept;
     /// Whether a line of `bytes` begins like a delimiter line. A CR alone is taken for a line end
     /// too: some readers do.
@@ -36,7 +36,7 @@ public:
 private:
     static constexpr std::size_t prefixLength = 3; // line feed and two hyphens
 
-    std::optional<Hit> hitAt(std::string_view text, std::size_t feed) const noexcept;
+    std::optional<Hit> hitAt(std::string_view text, std::size_t begin) const noexcept;
 
     TzCString line_; // line feed, two hyphens, boundary
 };

@@ -5,10 +5,23 @@
 #include "mime/TzMimeLock.h"
 #include "mime/TzMimeText.h"
 
+#include <tz/tools/TzMessage.h>
+#include <tz/xml/TzThrow.h>
+#include <tz/xml/TzXmlParseError.h>
+
+#include <algorithm>
+#include <numeric>
 #include <utility>
 
 std::size_t TzMimeHeaderList::read(std::shared_ptr<const TzCString> text, std::string_view slice) {
     text_ = std::move(text);
+    writtenSize_ = readLines(slice);
+    refuseBareReturns(slice);
+    makeIndex();
+    return writtenSize_;
+}
+
+std::size_t TzMimeHeaderList::readLines(std::string_view slice) {
     constexpr std::size_t usual = 4;
     bool open = false; // whether a further line belongs to the last header
     std::size_t from = 0;
@@ -35,8 +48,20 @@ std::size_t TzMimeHeaderList::read(std::shared_ptr<const TzCString> text, std::s
             slots_.push_back({line.content, colon, TzMimeHeader()});
         }
     }
-    writtenSize_ = from;
     return from;
+}
+
+void TzMimeHeaderList::refuseBareReturns(std::string_view slice) const {
+    for (const Slot& slot : slots_) {
+        const char* const bare = TzMimeText::findBareReturn(slot.line.substr(slot.colon));
+        // A text may have been cut within its last line end.
+        if (bare != nullptr && bare + 1 != slice.data() + slice.size()) {
+            const TzMimeText::Place place = TzMimeText::placeOf(*text_, bare);
+            TzThrow(tzWithDetail(TzXmlParseError::at("a header has a carriage return within a line",
+                                                     place.line, place.column),
+                                 "in a MIME header"));
+        }
+    }
 }
 
 void TzMimeHeaderList::assign(const TzMimeHeaderList& other) {
@@ -46,6 +71,7 @@ void TzMimeHeaderList::assign(const TzMimeHeaderList& other) {
         slots.push_back({{}, 0, other.at(position)});
     }
     slots_ = std::move(slots);
+    index_ = other.index_;
     writtenSize_ = other.writtenSize_;
     text_.reset();
 }
@@ -56,7 +82,36 @@ void TzMimeHeaderList::insert(const TzMimeHeader& header) {
     writtenSize_ += typical;
 }
 
+void TzMimeHeaderList::makeIndex() {
+    if (slots_.size() < IndexedFrom) {
+        return;
+    }
+    index_.resize(slots_.size());
+    std::iota(index_.begin(), index_.end(), std::size_t{0});
+    // In the order of their arrival where the labels are equal.
+    std::stable_sort(index_.begin(), index_.end(), [this](std::size_t left, std::size_t right) {
+        return TzMimeText::compareLabels(labelAt(left), labelAt(right)) < 0;
+    });
+}
+
 std::size_t TzMimeHeaderList::find(std::string_view label, std::size_t start) const noexcept {
+    const std::size_t found = findByIndex(label, start);
+    return found != std::string_view::npos ? found
+                                           : findInTurn(label, std::max(start, index_.size()));
+}
+
+std::size_t TzMimeHeaderList::findByIndex(std::string_view label,
+                                          std::size_t start) const noexcept {
+    const auto found = std::partition_point(index_.begin(), index_.end(), [&](std::size_t at) {
+        const int order = TzMimeText::compareLabels(labelAt(at), label);
+        return order < 0 || (order == 0 && at < start);
+    });
+    return found != index_.end() && tzEqualIgnoreCase(labelAt(*found), label)
+               ? *found
+               : std::string_view::npos;
+}
+
+std::size_t TzMimeHeaderList::findInTurn(std::string_view label, std::size_t start) const noexcept {
     for (std::size_t position = start; position < slots_.size(); ++position) {
         const std::string_view own = labelAt(position);
         if (own.size() == label.size() && tzEqualIgnoreCase(own, label)) {
@@ -121,6 +176,13 @@ std::optional<TzCString> TzMimeHeaderList::comparable(std::string_view label) co
     }
     TzCString kept;
     return TzCString(TzMimeHeaderValue::comparable(label, valueAt(position, kept)));
+}
+
+bool TzMimeHeaderList::isLonger(std::string_view label, std::size_t length) const {
+    const std::size_t position = find(label, 0);
+    TzCString kept;
+    return position != std::string_view::npos &&
+           TzMimeHeaderValue::comparable(label, valueAt(position, kept)).size() > length;
 }
 
 void TzMimeHeaderList::append(std::size_t position, TzCString& out) const {

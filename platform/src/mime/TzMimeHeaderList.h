@@ -15,8 +15,9 @@
 
 /// The headers of a part.
 ///
-/// Headers that were read stay slices of the text until somebody asks for one. Constant members may
-/// be called on several threads at once.
+/// Headers that were read stay slices of the text until somebody asks for one; where they are many,
+/// look-ups use an index of their labels. Constant members may be called on several threads at
+/// once.
 class TzMimeHeaderList {
 public:
     TzMimeHeaderList() noexcept = default;
@@ -24,14 +25,17 @@ public:
     TzMimeHeaderList& operator=(const TzMimeHeaderList&) = delete;
 
     /// Reads the header lines at the begin of `slice`, a piece of `text`, and returns where the
-    /// body begins: behind the empty line, or at the end.
+    /// body begins: behind the empty line, or at the end. `TzXmlParseError`, with the place in
+    /// `text`, for a value with a carriage return that ends no line: readers differ on what it
+    /// means.
     std::size_t read(std::shared_ptr<const TzCString> text, std::string_view slice);
     /// Takes over the headers of `other` as they are now.
     void assign(const TzMimeHeaderList& other);
     void insert(const TzMimeHeader& header);
 
     std::size_t count() const noexcept { return slots_.size(); }
-    /// Position of the first header `label` at or after `start`, npos without one.
+    /// Position of the first header `label` at or after `start`, npos without one. O(log n) for the
+    /// headers that were read, O(n) for those inserted since.
     std::size_t find(std::string_view label, std::size_t start) const noexcept;
     /// The header at `position`, which must be there.
     TzMimeHeader at(std::size_t position) const;
@@ -41,6 +45,9 @@ public:
     std::string_view valueAt(std::size_t position, TzCString& kept) const;
     /// What the value of the first header `label` is compared by; empty without one.
     std::optional<TzCString> comparable(std::string_view label) const;
+    /// Whether what the value of the first header `label` is compared by is longer than `length`
+    /// bytes.
+    bool isLonger(std::string_view label, std::size_t length) const;
     /// Adds the header line at `position` to `out`.
     void append(std::size_t position, TzCString& out) const;
     /// Roughly how many bytes the header lines will take. Does not look at them.
@@ -57,11 +64,20 @@ private:
         TzMimeHeader header;
     };
 
+    /// From this number of headers on labels are looked up by the index.
+    static constexpr std::size_t IndexedFrom = 16;
+
+    std::size_t readLines(std::string_view slice);
+    void refuseBareReturns(std::string_view slice) const;
+    void makeIndex();
+    std::size_t findByIndex(std::string_view label, std::size_t start) const noexcept;
+    std::size_t findInTurn(std::string_view label, std::size_t start) const noexcept;
     std::string_view rawValue(const Slot& slot) const noexcept;
     /// The header of a slot if there is one by now.
     TzMimeHeader existing(const Slot& slot) const noexcept;
 
     mutable std::vector<Slot> slots_;
+    std::vector<std::size_t> index_; // of the first slots, by label and position; empty for few
     std::size_t writtenSize_ = 0;
     std::shared_ptr<const TzCString> text_;
     mutable TzMutexLock lock_; // for the headers of the slots

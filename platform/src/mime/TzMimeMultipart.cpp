@@ -5,6 +5,7 @@
 #include "mime/TzMimeParts.h"
 
 #include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeContentLocationHeader.h>
 #include <tz/mime/TzMimeContentTypeHeader.h>
 #include <tz/mime/TzMimeMultipartRelatedType.h>
 #include <tz/xml/TzXmlBoundsError.h>
@@ -37,6 +38,10 @@ std::size_t TzMimeMultipart::getPartCount() const noexcept {
     return parts() != nullptr ? parts()->all().size() : 0;
 }
 
+bool TzMimeMultipart::isComplete() const noexcept {
+    return parts() == nullptr || parts()->isComplete();
+}
+
 TzMimePart TzMimeMultipart::getPart(std::size_t position) const {
     if (position >= getPartCount()) {
         throw TzXmlBoundsError(TzMessage("The package has no such part"));
@@ -54,6 +59,17 @@ std::size_t TzMimeMultipart::findPartById(std::string_view id) const {
 
 std::size_t TzMimeMultipart::findPartByLocation(std::string_view uri) const {
     return parts() != nullptr ? parts()->findByLocation(uri) : NotFound;
+}
+
+std::size_t TzMimeMultipart::findLongName(std::size_t length) const {
+    for (std::size_t position = 0; position < getPartCount(); ++position) {
+        const TzMimeHeaderList& headers = TzMimePartBody::of(parts()->all()[position])->headers();
+        if (headers.isLonger(TzMimeContentIdHeader::Label, length) ||
+            headers.isLonger(TzMimeContentLocationHeader::Label, length)) {
+            return position;
+        }
+    }
+    return NotFound;
 }
 
 std::size_t TzMimeMultipart::findRootPart() const {
@@ -75,4 +91,10 @@ void TzMimeMultipart::insertPartAt(std::size_t position, const TzMimePart& part)
         throw TzXmlBoundsError(TzMessage("The package has no such place for a part"));
     }
     ownParts().insert(position, part);
+}
+
+void TzMimeMultipart::removeRepeatedParts(std::size_t from) {
+    if (from < getPartCount()) {
+        ownParts().removeRepeats(from);
+    }
 }

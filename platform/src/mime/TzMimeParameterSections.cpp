@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "mime/TzMimeParameterSections.h"
 
+#include "mime/TzMimeText.h"
+
 #include <algorithm>
 #include <charconv>
 #include <tuple>
@@ -13,25 +15,8 @@ constexpr std::uint32_t whole = 0xFFFFFFFF;
 
 TzCString inSmallLetters(std::string_view name) {
     TzCString key(name);
-    std::transform(key.begin(), key.end(), key.begin(), [](char character) {
-        return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 32) : character;
-    });
+    std::transform(key.begin(), key.end(), key.begin(), TzMimeText::toSmall);
     return key;
-}
-
-/// Adds `text` with its "%XX" replaced by the bytes they stand for.
-void appendPercentDecoded(TzCString& out, std::string_view text) {
-    for (std::size_t position = 0; position < text.size(); ++position) {
-        unsigned char byte = 0;
-        const char* const digits = text.data() + position + 1;
-        if (text[position] == '%' && position + 2 < text.size() &&
-            std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2) {
-            out.push_back(static_cast<char>(byte));
-            position += 2;
-        } else {
-            out.push_back(text[position]);
-        }
-    }
 }
 
 /// `text` without the character set and language in front of it.
@@ -75,7 +60,7 @@ void TzMimeParameterSections::append(TzCString& value, const Section& section) {
     const bool opens = section.number == whole || section.number == 0;
     const std::string_view text = section.parameter.value;
     if (section.encoded) {
-        appendPercentDecoded(value, opens ? withoutCharset(text) : text);
+        TzMimeText::appendPercentDecoded(value, opens ? withoutCharset(text) : text);
     } else {
         value.append(text);
     }

@@ -53,9 +53,9 @@ TzMimePartBody::~TzMimePartBody() { delete decoded_.load(); }
 
 TzMimePart TzMimePartBody::make(bool package) { return TzMimePart(new TzMimePartBody(package)); }
 
-TzMimePart TzMimePartBody::read(const Text& text, std::string_view slice) {
+TzMimePart TzMimePartBody::read(const Text& text, std::size_t begin, std::size_t size) {
     auto body = std::make_unique<TzMimePartBody>(false);
-    body->readSlice(text, 0, slice);
+    body->readSlice(text, std::string_view(*text).substr(begin, size));
     return TzMimePart(body.release());
 }
 
@@ -65,15 +65,20 @@ void TzMimePartBody::readText(const Text& text) {
     const std::size_t begin = withoutHeaders ? 0 : findFirstHeader(all);
     if (begin == std::string_view::npos) {
         store(text, all.substr(findBody(all)), Kind::Identity);
-        return;
+    } else {
+        readSlice(text, all.substr(begin));
     }
-    readSlice(text, begin, all);
-    const TzCString separator = isPackage() ? boundary() : TzCString();
+    if (isPackage()) {
+        readParts(text);
+    }
+}
+
+void TzMimePartBody::readParts(const Text& text) {
+    const TzCString separator = boundary();
+    parts_->read(text, static_cast<std::size_t>(stored_.data() - text->data()), separator);
     if (separator.empty()) {
         return;
     }
-    const auto from = static_cast<std::size_t>(stored_.data() - all.data());
-    parts_->read(text, from == 0 ? 0 : from - 1, separator);
     if (parts_->all().empty() && encoding_ != Kind::Identity) {
         // No package is to be encoded, but what looked like a delimiter can have enforced it.
         setBytes(copyBytes());
@@ -82,8 +87,8 @@ void TzMimePartBody::readText(const Text& text) {
     }
 }
 
-void TzMimePartBody::readSlice(const Text& text, std::size_t begin, std::string_view slice) {
-    const std::size_t end = begin + headers_.read(text, slice.substr(begin));
+void TzMimePartBody::readSlice(const Text& text, std::string_view slice) {
+    const std::size_t end = headers_.read(text, slice);
     statedEncoding_ = findEncoding();
     store(text, slice.substr(end), statedEncoding());
 }
@@ -125,10 +130,8 @@ void TzMimePartBody::setBytes(TzCString bytes) {
         store(text, *text, Kind::Identity);
         return;
     }
-    // Delimiter lines are found by the line feed in front of them.
-    bytes.insert(bytes.begin(), '\n');
-    store(nullptr, {}, Kind::Identity);
     parts_->read(std::make_shared<const TzCString>(std::move(bytes)), 0, separator);
+    store(nullptr, {}, Kind::Identity);
 }
 
 std::string_view TzMimePartBody::bytes() const {

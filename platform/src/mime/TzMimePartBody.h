@@ -30,8 +30,8 @@ public:
 
     /// A handle to a new part or package.
     static TzMimePart make(bool package);
-    /// A handle to the part that `slice`, a piece of `text`, holds.
-    static TzMimePart read(const Text& text, std::string_view slice);
+    /// A handle to the part that the `size` bytes at `begin` of `text` hold.
+    static TzMimePart read(const Text& text, std::size_t begin, std::size_t size);
     /// The body of a handle, null when it has none.
     static TzMimePartBody* of(const TzMimePart& part) noexcept { return part.body(); }
 
@@ -65,7 +65,8 @@ public:
     TzCString boundary() const;
 
 private:
-    void readSlice(const Text& text, std::size_t begin, std::string_view slice);
+    void readSlice(const Text& text, std::string_view slice);
+    void readParts(const Text& text);
     std::optional<TzMimeTransferEncoding::Kind> findEncoding() const;
     void store(Text text, std::string_view bytes, TzMimeTransferEncoding::Kind encoding) noexcept;
 

@@ -6,7 +6,11 @@
 #include "mime/TzMimePartBody.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <optional>
+#include <set>
+#include <utility>
 
 namespace {
 
@@ -31,20 +35,22 @@ bool hasHeader(const TzMimePart& part, std::string_view label, std::string_view 
 
 void TzMimeParts::read(const std::shared_ptr<const TzCString>& text, std::size_t from,
                        std::string_view boundary) {
-    changed();
-    parts_.clear();
+    std::vector<TzMimePart> parts;
     const TzMimeDelimiter delimiter(boundary);
-    if (delimiter.isEmpty()) {
-        return;
-    }
     const std::string_view all = *text;
-    std::optional<TzMimeDelimiter::Hit> hit = delimiter.find(all, from);
-    while (hit && !hit->closing) {
-        const std::size_t begin = std::min(hit->lineEnd + 1, all.size());
-        hit = delimiter.find(all, hit->lineEnd);
-        const std::size_t end = hit ? std::max(begin, hit->partEnd) : all.size();
-        parts_.push_back(TzMimePartBody::read(text, all.substr(begin, end - begin)));
+    std::optional<TzMimeDelimiter::Hit> hit;
+    if (!delimiter.isEmpty()) {
+        hit = delimiter.find(all, from);
     }
+    while (hit && !hit->closing) {
+        const std::size_t begin = hit->next;
+        hit = delimiter.find(all, begin);
+        const std::size_t end = hit ? std::max(begin, hit->partEnd) : all.size();
+        parts.push_back(TzMimePartBody::read(text, begin, end - begin));
+    }
+    changed();
+    parts_ = std::move(parts);
+    complete_ = hit.has_value();
 }
 
 void TzMimeParts::insert(std::size_t position, const TzMimePart& part) {
@@ -60,6 +66,17 @@ void TzMimeParts::insert(std::size_t position, const TzMimePart& part) {
     }
     changed();
     parts_.insert(parts_.begin() + static_cast<std::ptrdiff_t>(position), std::move(inserted));
+}
+
+void TzMimeParts::removeRepeats(std::size_t from) {
+    const auto first = parts_.begin() + static_cast<std::ptrdiff_t>(from);
+    std::set<const TzMimePartBody*> known;
+    std::transform(parts_.begin(), first, std::inserter(known, known.end()), TzMimePartBody::of);
+    const auto end = std::remove_if(first, parts_.end(), [&](const TzMimePart& part) {
+        return !known.insert(TzMimePartBody::of(part)).second;
+    });
+    changed();
+    parts_.erase(end, parts_.end());
 }
 
 std::size_t TzMimeParts::find(const TzMimeHeader& header, std::size_t start) const {

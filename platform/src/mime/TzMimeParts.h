@@ -16,11 +16,16 @@
 class TzMimeParts {
 public:
     const std::vector<TzMimePart>& all() const noexcept { return parts_; }
-    /// Reads the parts from `text`, behind the line feed at `from` or a later one.
+    /// Whether the closing line was there when the parts were read; true for parts that were not.
+    bool isComplete() const noexcept { return complete_; }
+    /// Reads the parts from `text`, from the line that begins at `from` on. Nothing changes when a
+    /// part is refused.
     void read(const std::shared_ptr<const TzCString>& text, std::size_t from,
               std::string_view boundary);
     /// Inserts a handle to `part`, or to its text if it is a package, at `position`.
     void insert(std::size_t position, const TzMimePart& part);
+    /// Removes the parts at or after `from`, which must be there, that stand earlier as well.
+    void removeRepeats(std::size_t from);
     /// Position of the first part at or after `start` with a header equal to `header`.
     std::size_t find(const TzMimeHeader& header, std::size_t start) const;
 
@@ -36,6 +41,7 @@ private:
     void changed() noexcept;
 
     std::vector<TzMimePart> parts_;
+    bool complete_ = true;
     mutable TzMimePartIndex ids_{TzMimeContentIdHeader::Label};
     mutable TzMimePartIndex locations_{TzMimeContentLocationHeader::Label};
 };

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "mime/TzMimeText.h"
 
+#include <algorithm>
+#include <charconv>
+
 namespace {
 
 constexpr std::string_view breaks = "\r\n";
@@ -81,6 +84,32 @@ std::size_t findColon(std::string_view line) noexcept {
     return position < line.size() && line[position] == ':' ? position : std::string_view::npos;
 }
 
+int compareLabels(std::string_view left, std::string_view right) noexcept {
+    const std::size_t common = std::min(left.size(), right.size());
+    for (std::size_t position = 0; position < common; ++position) {
+        const int difference = toSmall(left[position]) - toSmall(right[position]);
+        if (difference != 0) {
+            return difference;
+        }
+    }
+    return left.size() == right.size() ? 0 : left.size() < right.size() ? -1 : 1;
+}
+
+const char* findBareReturn(std::string_view text) noexcept {
+    std::size_t found = text.find('\r');
+    while (found != std::string_view::npos && text.substr(found).starts_with(LineEnd)) {
+        found = text.find('\r', found + LineEnd.size());
+    }
+    return found == std::string_view::npos ? nullptr : text.data() + found;
+}
+
+Place placeOf(std::string_view text, const char* at) noexcept {
+    const std::string_view before = text.substr(0, static_cast<std::size_t>(at - text.data()));
+    const auto feeds = std::count(before.begin(), before.end(), '\n');
+    const std::size_t lineStart = before.rfind('\n') + 1; // 0 without a line feed
+    return {static_cast<std::size_t>(feeds) + 1, before.size() - lineStart + 1};
+}
+
 bool isFolded(std::string_view raw) noexcept { return raw.find('\n') != std::string_view::npos; }
 
 TzCString unfold(std::string_view raw, bool joined) {
@@ -106,6 +135,20 @@ void appendWithoutLineEnds(TzCString& out, std::string_view text) {
             return;
         }
         text.remove_prefix(end + 1);
+    }
+}
+
+void appendPercentDecoded(TzCString& out, std::string_view text) {
+    for (std::size_t position = 0; position < text.size(); ++position) {
+        unsigned char byte = 0;
+        const char* const digits = text.data() + position + 1;
+        if (text[position] == '%' && position + 2 < text.size() &&
+            std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2) {
+            out.push_back(static_cast<char>(byte));
+            position += 2;
+        } else {
+            out.push_back(text[position]);
+        }
     }
 }
 

@@ -18,6 +18,12 @@ struct Line {
     std::size_t next;         ///< Where the next line begins.
 };
 
+/// A place in a text, both counted from 1, the column in bytes.
+struct Place {
+    std::size_t line;
+    std::size_t column;
+};
+
 /// Whether `character` is a blank or a tabulator.
 constexpr bool isBlank(char character) noexcept { return character == ' ' || character == '\t'; }
 /// The line of `text` that begins at `from`.
@@ -32,6 +38,16 @@ bool isLabelCharacter(char character) noexcept;
 bool isTokenCharacter(char character) noexcept;
 /// Position of the colon when `line` begins with a label, npos when it is no header line.
 std::size_t findColon(std::string_view line) noexcept;
+/// `character`, as a small letter if it is an ASCII letter.
+constexpr char toSmall(char character) noexcept {
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 32) : character;
+}
+/// The order of two labels, ASCII letters compared without case: negative, 0 or positive.
+int compareLabels(std::string_view left, std::string_view right) noexcept;
+/// The first carriage return in `text` that no line feed follows, null without one.
+const char* findBareReturn(std::string_view text) noexcept;
+/// The place of `at`, a byte of `text`.
+Place placeOf(std::string_view text, const char* at) noexcept;
 /// Whether the value `raw` is spread over several lines.
 bool isFolded(std::string_view raw) noexcept;
 /// The value that `raw` spreads over lines, trimmed. With `joined` the blanks that begin a further
@@ -39,6 +55,8 @@ bool isFolded(std::string_view raw) noexcept;
 TzCString unfold(std::string_view raw, bool joined);
 /// Adds `text` without CR and LF to `out`.
 void appendWithoutLineEnds(TzCString& out, std::string_view text);
+/// Adds `text` with its "%XX" replaced by the bytes they stand for to `out`.
+void appendPercentDecoded(TzCString& out, std::string_view text);
 /// Where `text` goes on behind the blanks and comments that begin at `from`.
 std::size_t skipBlanksAndComments(std::string_view text, std::size_t from) noexcept;
 /// The value of the quoted string that begins at `position`, which is moved behind it.

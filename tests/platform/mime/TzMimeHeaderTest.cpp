@@ -256,3 +256,21 @@ TEST(TzMimeContentLocationHeader, ResolvesLongPaths) {
     const TzMimeContentLocationHeader base("http://a/" + MimeTexts::repeated("b/", depth));
     EXPECT_EQ(base.resolve(MimeTexts::repeated("../", depth + 5) + "g"), "http://a/g");
 }
+
+TEST(TzMimeContentIdHeader, DecodesUrls) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"", ""},
+        {"a@b", "a@b"},
+        {"a%40b", "a@b"},
+        {"%61%40%62", "a@b"},
+        {"a%2Fb%2f", "a/b/"},
+        {"%", "%"},
+        {"a%4", "a%4"},
+        {"%4G%-1% 1", "%4G%-1% 1"},
+        {"%25340", "%340"},
+        {"a+b", "a+b"},
+    };
+    for (const auto& [url, id] : cases) {
+        EXPECT_EQ(TzMimeContentIdHeader::decodeUrl(url), id);
+    }
+}

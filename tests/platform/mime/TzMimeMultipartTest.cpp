@@ -169,7 +169,7 @@ TEST(TzMimeMultipart, ReadsDelimiterLines) {
         {"", {}},
         {"no delimiter\r\n", {}},
         {"--b\n\nx\n--b\n\ny\n\n--b--\n", {"x", "y\n"}},
-        {"--b\n\nx\r\n--b\n\ny\n--b--\n", {"x\r", "y"}},
+        {"--b\n\nx\r\n--b\n\ny\n--b--\n", {"x", "y"}},
         {"--b\r\n\r\nx\n--b\n\ny\n--b\r\n\nz\r\n--b--\r\n", {"x", "y", "z"}},
         {"--b\n\nx\n--b\r\n\r\ny\r\r\n--b--\r\n", {"x", "y\r"}},
     };
@@ -437,4 +437,35 @@ TEST(TzMimeMultipart, SurvivesEveryFailedAllocation) {
         static_cast<void>(read.getBody());
     });
     EXPECT_GT(failures, 20U);
+}
+
+TEST(TzMimeMultipart, RemovesPartsThatStandEarlier) {
+    TzMimeMultipart made;
+    made.removeRepeatedParts();
+    const TzMimePart one = withBody("1");
+    const TzMimePart two = withBody("2");
+    for (const TzMimePart& part : {one, two, one, withBody("1"), two, one}) {
+        made.insertPart(part);
+    }
+    TzMimeMultipart other = made;
+    other.removeRepeatedParts(6);
+    EXPECT_EQ(made.getPartCount(), 6U);
+    made.removeRepeatedParts(3);
+    EXPECT_THAT(bodies(made), ElementsAre("1", "2", "1", "1"));
+    made.removeRepeatedParts();
+    EXPECT_THAT(bodies(made), ElementsAre("1", "2", "1"));
+    made.removeRepeatedParts(1000);
+    EXPECT_EQ(made.getPartCount(), 3U);
+}
+
+TEST(TzMimeMultipart, FindsLongNames) {
+    TzMimeMultipart made;
+    EXPECT_EQ(made.findLongName(0), TzMimePart::NotFound);
+    made.insertPart(withBody("", {{"X", "long enough"}}));
+    made.insertPart(withBody("", {{"Content-ID", "<four>"}}));
+    made.insertPart(withBody("", {{"Content-Location", "five5"}}));
+    EXPECT_EQ(made.findLongName(3), 1U);
+    EXPECT_EQ(made.findLongName(4), 2U);
+    EXPECT_EQ(made.findLongName(5), TzMimePart::NotFound);
+    EXPECT_EQ(package(made.asString()).findLongName(4), 2U);
 }

@@ -55,8 +55,8 @@ TEST(TzMimeOracle, AgreesOnWhatIsBetweenDelimiters) {
         "--b\r\nA: 1\r\n\r\nx\r\n--b--x\r\n--b--\r\n",
         "--b\r\nA: 1\r\n--b--\r\n",
         "--b\r\n\r\n--b--\r\n",
-        "--b\nA: 1\n\nx\ny\n--b\nB: 2\n\nz\r\n--b--\n",
-        "--b\nA: 1\n\nx\r\n--b\n\r\nw\r\r\n--b--\r\n",
+        "--b\nA: 1\n\nx\ny\n--b\nB: 2\n\nz\r\r\n--b--\r\n",
+        "--b\nA: 1\n\nx\r\r\n--b\r\n\r\nw\r\r\n--b--\r\n",
         "--b\r\nA: 1\r\n\r\nx\r\n--bb\r\n-b\r\n --b\r\n--b--\r\n",
     };
     for (const char* const body : bodies) {

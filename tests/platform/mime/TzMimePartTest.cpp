@@ -172,7 +172,6 @@ TEST(TzMimePart, ReadsHeaderLines) {
         {"A: 1\r\ngarbage\r\n garbage: too\r\nB: 2\r\n\r\n", {{"A", "1"}, {"B", "2"}}},
         {"A: 1\r\n: 2\r\nC D: 3\r\nB: 4\r\n\r\n", {{"A", "1"}, {"B", "4"}}},
         {"A: 1:2\r\n\r\n", {{"A", "1:2"}}},
-        {"A: x\ry\r\n\r\n", {{"A", "x\ry"}}},
         {"A: 1", {{"A", "1"}}},
         {"A: 1\r\n", {{"A", "1"}}},
         {"\xC3\xA4: 1\r\nA: \xC3\xA4\r\n\r\n", {{"A", "\xC3\xA4"}}},

@@ -42,3 +42,25 @@ TEST(TzXmlAttribute, KnowsDeclarations) {
     EXPECT_EQ(byDefault.declaredNamespace(), TzXmlNamespace("", "urn:b"));
     EXPECT_FALSE(TzXmlAttribute(TzXmlName("p"), "urn:a").isNamespaceDeclaration());
 }
+
+TEST(TzXmlAttribute, SharesAValue) {
+    const TzXmlAttribute::SharedValue value(TzCString(100, 'x'));
+    TzXmlAttribute one(TzXmlName("a"), "1");
+    one.shareValue(value);
+    TzXmlAttribute other = one;
+    EXPECT_EQ(one.getValue(), TzCString(100, 'x'));
+    EXPECT_EQ(one.getValue().data(), value->data());
+    EXPECT_EQ(other.getValue().data(), value->data());
+    EXPECT_EQ(one, TzXmlAttribute(TzXmlName("a"), TzCString(100, 'x')));
+    other.setValue("2");
+    EXPECT_EQ(other.getValue(), "2");
+    one.assignValue("3");
+    EXPECT_EQ(one.getValue(), "3");
+    EXPECT_EQ(*value, TzCString(100, 'x'));
+}
+
+TEST(TzXmlAttribute, SharesTheUriOfADeclaration) {
+    TzXmlAttribute declaration(TzXmlName("p", TzXmlNamespace::getXmlns()), "urn:a");
+    declaration.shareValue(TzXmlAttribute::SharedValue("urn:b"));
+    EXPECT_EQ(declaration.declaredNamespace(), TzXmlNamespace("p", "urn:b"));
+}

@@ -3,6 +3,8 @@
 
 #include <tz/mime/TzMimeHeader.h>
 
+#include <string_view>
+
 /// The header that names a part (RFC 2392). Threads as for `TzMimeHeader`.
 class TZ_PLATFORM_API TzMimeContentIdHeader : public TzMimeHeader {
 public:
@@ -22,4 +24,8 @@ public:
 
     /// The id without its angle brackets.
     TzCString getId() const;
+
+    /// The id that `url` stands for, what follows "cid:" in a URL: with each "%" and two
+    /// hexadecimal digits replaced by the byte they state. Other percent signs stay. O(url).
+    static TzCString decodeUrl(std::string_view url);
 };

@@ -22,6 +22,9 @@ public:
 
     /// The number of parts.
     std::size_t getPartCount() const noexcept;
+    /// Whether the package is whole: false for one that was read from a text without its closing
+    /// line, whose last part may lack its end; true for one that a program made.
+    bool isComplete() const noexcept;
     /// Whether there is at least one part.
     bool hasParts() const noexcept { return getPartCount() != 0; }
     /// The part at `position`, shared with the package; `TzXmlBoundsError` beyond the last one.
@@ -36,6 +39,10 @@ public:
     /// Position of the first part with that Content-Location; `NotFound` if there is none. As
     /// `findPart`, but needs no header.
     std::size_t findPartByLocation(std::string_view uri) const;
+    /// Position of the first part whose Content-ID or Content-Location, each the first of its
+    /// label, is longer than `length` bytes; `NotFound` if there is none. Linear in the number of
+    /// parts.
+    std::size_t findLongName(std::size_t length) const;
     /// Position of the root part (RFC 2387): the part with the Content-ID that the parameter
     /// "start" of the Content-Type header names, the first part without that parameter; `NotFound`
     /// if there is none. Costs what `findPart` costs.
@@ -46,6 +53,9 @@ public:
     /// Inserts `part` before the one at `position`, at the end when that is the number of parts;
     /// `TzXmlBoundsError` beyond that. Otherwise as `insertPart`.
     void insertPartAt(std::size_t position, const TzMimePart& part);
+    /// Removes every part at or after `from` that stands earlier in the package as well; handles to
+    /// one part are the same part. O(n log n) in the number of parts.
+    void removeRepeatedParts(std::size_t from = 0);
 
 private:
     bool holdsPackage() const noexcept override;

@@ -47,7 +47,8 @@ public:
     /// The number of headers.
     std::size_t getHeaderCount() const noexcept;
     /// Position of the first header `label` at or after `start`, ASCII letters compared without
-    /// case; `NotFound` if there is none. Linear in the number of headers.
+    /// case; `NotFound` if there is none. O(log n) for headers that were read, linear in the number
+    /// of those inserted.
     std::size_t findHeader(std::string_view label, std::size_t start = 0) const noexcept;
     /// The header at `position`, shared with the part; `TzXmlBoundsError` beyond the last one.
     TzMimeHeader getHeader(std::size_t position) const;
@@ -60,7 +61,8 @@ public:
     /// Adds `header` as the last one.
     void insertHeader(const TzMimeHeader& header);
 
-    /// Makes `bytes` the body. Of a package: replaces its parts by those that `bytes` holds.
+    /// Makes `bytes` the body. Of a package: replaces its parts by those that `bytes` holds, read
+    /// and refused as by `fromString`.
     void setBody(const TzCString& bytes);
     /// Makes `bytes` the body without copying it. Of a package: replaces its parts.
     void setBody(TzCString&& bytes);
@@ -80,12 +82,14 @@ public:
     TzCString asString() const;
     /// Makes this handle one to the part that `text` holds; other handles keep what they had. Lines
     /// before the first header line are skipped, unless the text of a part begins with an empty
-    /// line. Lines may end in CRLF or LF, also mixed.
+    /// line. Lines may end in CRLF or LF, also mixed. `TzXmlParseError` with line and column, and
+    /// nothing changed, when the value of a header holds a carriage return that ends no line.
     ///
-    /// A `TzMimeMultipart` reads a package: what stands before the first delimiter line and behind
-    /// the closing one is ignored, a missing closing line is accepted, and a part that is a package
-    /// itself stays one part with its text as the body. Without a boundary in the Content-Type
-    /// header there are no parts. Linear in the text.
+    /// A `TzMimeMultipart` reads a package: what stands before the first delimiter line and after
+    /// the closing one is ignored, a body ends before the line end that precedes its delimiter, and
+    /// a part that is a package itself stays one part with its text as the body. A missing closing
+    /// line is accepted; `TzMimeMultipart::isComplete` says so. Without a boundary in the
+    /// Content-Type header there are no parts. Linear in the text.
     void fromString(const TzCString& text);
     /// As above; the text becomes the part's own without being copied.
     void fromString(TzCString&& text);

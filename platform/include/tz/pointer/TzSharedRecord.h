@@ -42,6 +42,8 @@ public:
     const Value& operator*() const noexcept { return record_ != nullptr ? record_->value : none(); }
     /// The value; valid until this object changes.
     const Value* operator->() const noexcept { return &**this; }
+    /// Whether there is a value of its own, one that may be shared.
+    bool isSet() const noexcept { return record_ != nullptr; }
     /// Whether both share one value; both empty counts as that.
     bool isSame(const TzSharedRecord& other) const noexcept { return record_ == other.record_; }
 

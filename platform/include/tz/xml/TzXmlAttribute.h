@@ -2,6 +2,7 @@
 #pragma once
 
 #include <tz/TzPlatformExport.h>
+#include <tz/pointer/TzSharedRecord.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 
@@ -14,6 +15,9 @@
 /// local part is the declared prefix (empty for the default namespace) and whose value is the URI.
 class TZ_PLATFORM_API TzXmlAttribute {
 public:
+    /// A value that attributes share: a long text that many of them have takes its memory once.
+    using SharedValue = TzSharedRecord<TzCString>;
+
     /// An attribute without name and value.
     TzXmlAttribute() noexcept = default;
     /// The attribute `name` with `value`.
@@ -25,26 +29,38 @@ public:
     /// The name, to change it in place (its namespace and local part decide what the list finds).
     TzXmlName& getName() noexcept { return name_; }
     /// The value as text, not escaped.
-    const TzCString& getValue() const noexcept { return value_; }
+    const TzCString& getValue() const noexcept { return shared_.isSet() ? *shared_ : value_; }
     /// Replaces the name.
     void setName(TzXmlName name) { name_ = std::move(name); }
     /// Replaces the value.
-    void setValue(TzCString value) { value_ = std::move(value); }
+    void setValue(TzCString value) {
+        value_ = std::move(value);
+        shared_ = SharedValue();
+    }
     /// Replaces the value by a copy of `value`, in the memory of the old one where it suffices.
-    void assignValue(std::string_view value) { value_.assign(value); }
+    void assignValue(std::string_view value) {
+        value_.assign(value);
+        shared_ = SharedValue();
+    }
+    /// Replaces the value by `value`, which others may share.
+    void shareValue(SharedValue value) {
+        shared_ = std::move(value);
+        value_ = TzCString();
+    }
     /// Whether this is a namespace declaration.
     bool isNamespaceDeclaration() const noexcept {
         return name_.getPrefix() == TzXmlNamespace::getXmlns().getPrefix();
     }
     /// The namespace that a declaration declares: the local part as prefix, the value as URI.
-    TzXmlNamespace declaredNamespace() const { return {name_.getLocalName(), value_}; }
+    TzXmlNamespace declaredNamespace() const { return {name_.getLocalName(), getValue()}; }
 
     /// Name and value both equal.
     friend bool operator==(const TzXmlAttribute& left, const TzXmlAttribute& right) noexcept {
-        return left.name_ == right.name_ && left.value_ == right.value_;
+        return left.name_ == right.name_ && left.getValue() == right.getValue();
     }
 
 private:
     TzXmlName name_;
     TzCString value_;
+    SharedValue shared_; // counts in place of the other value where it is set
 };

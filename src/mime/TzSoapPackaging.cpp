@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "mime/TzSoapPackaging.h"
+
+#include <soap/TzSoapMessage.h>
+#include <soap/TzSoapWriter.h>
+#include <tz/mime/TzMimeContentIdHeader.h>
+#include <tz/mime/TzMimeContentTypeHeader.h>
+#include <tz/mime/TzMimeMultipartRelatedType.h>
+#include <tz/mime/TzMimeTextType.h>
+#include <tz/xml/TzXmlStringWriter.h>
+
+#include <utility>
+
+namespace {
+
+constexpr char RootId[] = "<soap.xml@mime.representation>";
+constexpr char Boundary[] = "MIME_boundary";
+constexpr char RootType[] = "text/xml";
+
+/// Makes `package` a multipart/related one, keeping its boundary and its start; returns the start.
+TzCString describe(TzMimeMultipart& package) {
+    const std::size_t position = package.findHeader(TzMimeContentTypeHeader::Label);
+    if (position == TzMimePart::NotFound) {
+        package.insertHeader(TzMimeContentTypeHeader(
+            TzMimeMultipartRelatedType(TzCString(), RootType, RootId, Boundary)));
+        return RootId;
+    }
+    // Shared with the header, which changes with it.
+    TzMimeMultipartRelatedType type(
+        TzMimeContentTypeHeader(package.getHeader(position)).getContentType());
+    if (type.getBoundary().empty()) {
+        type.setBoundary(Boundary);
+    }
+    type.setType(RootType);
+    if (type.getStart().empty()) {
+        type.setStart(RootId);
+    }
+    return type.getStart();
+}
+
+/// The part that holds the envelope.
+TzMimePart rootPart(const TzCString& id, TzCString envelope) {
+    TzMimePart part;
+    part.insertHeader(TzMimeContentTypeHeader(TzMimeTextType("xml", "UTF-8")));
+    if (!id.empty()) {
+        part.insertHeader(TzMimeContentIdHeader(id));
+    }
+    part.setBody(std::move(envelope));
+    return part;
+}
+
+} // namespace
+
+TzSoapPackaging::Written TzSoapPackaging::write(const TzSoapMessage& message) {
+    TzXmlStringWriter envelope;
+    Written written;
+    TzSoapWriter writer(&envelope, &written.parts);
+    message.acceptVisitor(writer);
+    addAttachments(message, written.parts);
+    written.parts.removeRepeatedParts();
+    written.envelope = envelope.takeString();
+    return written;
+}
+
+void TzSoapPackaging::addAttachments(const TzSoapMessage& message, TzMimeMultipart& package) {
+    const std::size_t first = package.getPartCount();
+    for (const TzMimePart& part : message.getAttachments()) {
+        package.insertPart(part);
+    }
+    package.removeRepeatedParts(first);
+}
+
+void TzSoapPackaging::complete(TzMimeMultipart& package, TzCString envelope) {
+    const TzCString id = describe(package);
+    package.insertPartAt(0, rootPart(id, std::move(envelope)));
+}

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/mime/TzMimeMultipart.h>
+#include <tz/tools/TzCString.h>
+
+class TzSoapMessage;
+
+/// How a message becomes a package.
+namespace TzSoapPackaging {
+
+/// An envelope as it was written, and what it was written about.
+struct Written {
+    TzCString envelope;
+    TzMimeMultipart parts; ///< Each part that has to travel with it, once; without a root part.
+};
+
+/// Writes `message`, a `TzSoapMessage` and none derived from it. O(message).
+Written write(const TzSoapMessage& message);
+/// Adds the attachments of `message` to `package`, but those that are in it already.
+void addAttachments(const TzSoapMessage& message, TzMimeMultipart& package);
+/// Makes the parts in `package` a package for `envelope`: says in its Content-Type header what it
+/// is and puts the root part first. A boundary and a start that it has are kept.
+void complete(TzMimeMultipart& package, TzCString envelope);
+
+} // namespace TzSoapPackaging
