@@ -3,16 +3,16 @@
 // Calls the echo service: sends an order with a header entry, shows what travels both ways and
 // takes the values out of the answer.
 //
-//     echo_client URL [1.1|1.2 [ATTACHMENT]]      exit status 2 for a fault, 1 for other failures
+//     echo_client URL [1.1|1.2 [ATTACHMENT]]      exit status 1 for a fault and for other failures
 #include <soap/TzSoapCast.h>
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapHttpBinding.h>
 #include <soap/TzSoapHttpTransportContext.h>
-#include <soap/TzSoapLenientValue.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapReferenceType.h>
 #include <soap/TzSoapSimpleType.h>
+#include <soap/TzSoapValueReader.h>
 #include <tz/mime/TzMimeBase64.h>
 #include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimePart.h>
@@ -21,10 +21,13 @@
 
 #include <httplib.h>
 
+#include <chrono>
 #include <csignal>
 #include <fstream>
+#include <future>
 #include <iostream>
 #include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -33,6 +36,7 @@ namespace {
 using Base = TzSoapContentBase;
 
 constexpr char Action[] = "urn:example:echo#echoOrder";
+constexpr std::chrono::seconds Patience(10); // for the whole answer
 
 const TzXmlNamespace& service() {
     static const TzXmlNamespace instance("m", "urn:example:echo");
@@ -44,34 +48,48 @@ void show(const char* title, const TzSoapHttpTransportContext& headers, const st
     std::cout << "--- " << title << " ---\n" << headers.asString() << '\n' << body << '\n';
 }
 
-/// Posts `request` to `url` and returns the answer, which may be a fault. `std::runtime_error` when
-/// there is no answer, `Tzxmsg` when it is not a message.
-TzSoapMessage post(const std::string& url, const TzSoapMessage& request, const char* action) {
-    const std::size_t path = url.find('/', url.find("://") + 3);
+/// Posts `body` and returns the answer. `std::runtime_error` when none comes in time: a service may
+/// be slow, or never end what it sends.
+httplib::Response exchange(const std::string& url, const httplib::Headers& headers,
+                           const std::string& body) {
+    const std::size_t host = url.find("://");
+    const std::size_t path = host == std::string::npos ? host : url.find('/', host + 3);
     httplib::Client http(url.substr(0, path));
-    http.set_connection_timeout(10);
-    http.set_read_timeout(60);
+    http.set_connection_timeout(Patience);
+    http.set_read_timeout(Patience);
+    std::future<httplib::Result> posting = std::async(std::launch::async, [&] {
+        return http.Post(path == std::string::npos ? "/" : url.substr(path), headers, body, "");
+    });
+    while (posting.wait_for(Patience) == std::future_status::timeout) {
+        http.stop();
+    }
+    const httplib::Result result = posting.get();
+    if (!result) {
+        throw std::runtime_error(url + ": no answer: " + httplib::to_string(result.error()));
+    }
+    return *result;
+}
+
+/// Posts `request` to `url` and returns the answer, which may be a fault. `std::runtime_error` when
+/// there is none, or it is not a message.
+TzSoapMessage post(const std::string& url, const TzSoapMessage& request, const char* action) {
     TzSoapHttpTransportContext sent;
     sent.setSoapAction(action);
     const std::string body = TzSoapHttpBinding::pack(request, sent);
     show("request", sent, body);
-    const std::string contentTypeLabel = TzSoapHttpBinding::getContentTypeLabel();
-    httplib::Headers headers;
-    for (const auto& [name, value] : sent) {
-        if (name != contentTypeLabel) {
-            headers.emplace(name, value);
-        }
-    }
-    const httplib::Result result = http.Post(path == std::string::npos ? "/" : url.substr(path),
-                                             headers, body, sent.find(contentTypeLabel)->second);
-    if (!result) {
-        throw std::runtime_error(url + ": " + httplib::to_string(result.error()));
-    }
+    const httplib::Response response = exchange(url, {sent.begin(), sent.end()}, body);
+    const std::string contentType = TzSoapHttpBinding::getContentTypeLabel();
     TzSoapHttpTransportContext received;
-    received.add(contentTypeLabel, result->get_header_value(contentTypeLabel));
-    show(("answer, status " + std::to_string(result->status)).c_str(), received, result->body);
+    received.add(contentType, response.get_header_value(contentType));
+    const std::string status = "status " + std::to_string(response.status);
+    show(("answer, " + status).c_str(), received, response.body);
     TzSoapMessage answer;
-    TzSoapHttpBinding::unpack(received, result->body, answer);
+    try {
+        TzSoapHttpBinding::unpack(received, response.body, answer);
+    } catch (const std::exception& error) {
+        throw std::runtime_error("the answer with " + status +
+                                 " is not a message: " + error.what());
+    }
     return answer;
 }
 
@@ -127,45 +145,26 @@ TzSoapMessage makeRequest(TzSoapVersion::Version version, const char* file) {
     return message;
 }
 
-/// The child of `parent` with that name.
-const TzSoapType& member(const TzSoapCompositeType& parent, const char* name) {
-    const auto found = parent.findChild(TzXmlName(name));
-    if (found == parent.childrenEnd()) {
-        throw std::runtime_error(std::string("the answer has no ") + name);
+/// What is in the order, taken out by names: whatever another service answers, a value that is
+/// missing or of another kind is an error that says so.
+std::string describe(const TzSoapType& order) {
+    const auto value = [&](const char* name) { return TzSoapValueReader(order.getChild(name)); };
+    std::ostringstream out;
+    out << "customer " << value("customer").getString() << "\namount " << value("amount").getInt()
+        << ", price " << value("price").getDouble()
+        << (value("express").getBool() ? ", express" : "") << "\nuntil "
+        << TzXmlUtils::convertDateTimeToISOString(value("until").getDateTime()) << "\nseal of "
+        << value("seal").getBytes().size() << " bytes"
+        << (value("remark").isNull() ? ", no remark" : ", a remark") << "\nsizes";
+    const auto sizes = tzSoapAs<TzSoapCompactArrayType>(order.getChild("sizes"));
+    for (unsigned int i = 0; i < sizes.entries(); ++i) {
+        out << ' ' << TzSoapValueReader(sizes(i)).getInt();
     }
-    return *found;
-}
-
-/// `value` as a struct.
-TzSoapCompositeType structOf(const TzSoapType& value) {
-    const auto read = tzSoapCast<TzSoapCompositeType>(value);
-    if (!read) {
-        throw std::runtime_error(value.getName().getLocalName() + " is not a struct");
+    if (const auto document = order.findChildValue("document")) {
+        const auto reference = tzSoapAs<TzSoapReferenceType>(*document);
+        out << "\ndocument of " << reference.getMimeReference().getBodyView().size() << " bytes";
     }
-    return *read;
-}
-
-void showOrder(const TzSoapCompositeType& order) {
-    const auto lenient = [&](const char* name) { return TzSoapLenientValue(member(order, name)); };
-    std::cout << "--- the order in the answer ---\n"
-              << "customer " << lenient("customer").getString() << "\namount "
-              << lenient("amount").getInt() << ", price " << lenient("price").getDouble()
-              << (lenient("express").getBool() ? ", express" : "") << "\nuntil "
-              << TzXmlUtils::convertDateTimeToISOString(lenient("until").getDateTime())
-              << "\nseal of " << lenient("seal").getBytes().size() << " bytes"
-              << (lenient("remark").isNull() ? ", no remark" : ", a remark") << "\nsizes";
-    const auto sizes = tzSoapCast<TzSoapCompactArrayType>(member(order, "sizes"));
-    for (unsigned int i = 0; sizes && i < sizes->entries(); ++i) {
-        const TzSoapCompactArrayType& items = *sizes;
-        std::cout << ' ' << TzSoapLenientValue(items[i]).getInt();
-    }
-    std::cout << '\n';
-    const auto document = order.findChild(TzXmlName("document"));
-    if (document != order.childrenEnd()) {
-        const TzSoapReferenceType reference = *tzSoapCast<TzSoapReferenceType>(*document);
-        std::cout << "document of " << reference.getMimeReference().getBodyView().size()
-                  << " bytes\n";
-    }
+    return out.str();
 }
 
 } // namespace
@@ -181,13 +180,14 @@ int main(int argc, char** argv) {
         const TzSoapMessage request = makeRequest(first ? TzSoapVersion::V1_1 : TzSoapVersion::V1_2,
                                                   argc > 3 ? argv[3] : nullptr);
         const TzSoapMessage answer = post(argv[1], request, Action);
-        if (answer.getSoapBody().hasSoapFault()) {
-            const TzSoapFault& fault = answer.getSoapBody().getSoapFault();
-            std::cerr << "fault " << fault.getCode().getQualifiedName() << ": " << fault.getReason()
-                      << '\n';
-            return 2;
+        const TzSoapBody& body = answer.getSoapBody();
+        if (body.hasSoapFault()) {
+            const TzSoapFault& fault = body.getSoapFault();
+            throw std::runtime_error("fault " + fault.getCode().getQualifiedName() + ": " +
+                                     fault.getReason());
         }
-        showOrder(structOf(member(structOf(*answer.getSoapBody().entriesBegin()), "order")));
+        std::cout << "--- the order in the answer ---\n"
+                  << describe(body.getFirstEntry().getChild("order")) << '\n';
         return 0;
     } catch (const std::exception& error) {
         std::cerr << "echo_client: " << error.what() << '\n';

@@ -20,6 +20,7 @@
 #include <future>
 #include <iostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <pthread.h>
@@ -63,6 +64,7 @@ TzSoapMessage echo(TzSoapMessage& request, TzSoapType& operation) {
     const TzXmlName& name = operation.getName();
     operation.setName(TzXmlName(name.getLocalName() + "Response", name.getNamespace()));
     request.setProlog(TzXmlProlog());
+    request.addReceivedAttachments();
     return request;
 }
 
@@ -74,11 +76,10 @@ TzSoapMessage answerTo(TzSoapMessage& request) {
     }
     // Entries that say they are no root are values that others refer to.
     TzSoapBody& body = request.getSoapBody();
-    const auto operation =
-        std::find_if(body.entriesBegin(), body.entriesEnd(), [](const TzSoapType& entry) {
-            return entry.getRoot() || !entry.isRootAttributeSet();
-        });
-    if (body.hasSoapFault() || operation == body.entriesEnd()) {
+    const auto operation = std::find_if(body.begin(), body.end(), [](const TzSoapType& entry) {
+        return entry.getRoot() || !entry.isRootAttributeSet();
+    });
+    if (body.hasSoapFault() || operation == body.end()) {
         return TzSoapFaultMessage::make(request.getVersion(), TzSoapVersion::Client,
                                         "The request holds no operation");
     }
@@ -114,11 +115,12 @@ void serve(const TzSoapHttpTransportContext& headers, const std::string& body,
         text = TzSoapHttpBinding::pack(answer, answerHeaders);
     }
     response.status = TzSoapHttpBinding::getStatus(answer);
-    response.set_content(text, answerHeaders.find("Content-Type")->second);
+    response.headers.insert(answerHeaders.begin(), answerHeaders.end());
+    response.body = std::move(text);
 }
 
 /// Collects the body piece by piece, so that its size counts after it was unzipped, and serves it.
-/// A body that is too large is read to its end, within limits, for else the answer would be lost.
+/// A body that is too large is read to its end, within limits, or else the answer would be lost.
 void receive(std::size_t largest, const httplib::Request& http, httplib::Response& response,
              const httplib::ContentReader& read) {
     constexpr int BadRequest = 400;

@@ -4,11 +4,11 @@
 #include "Escape.h"
 #include "Files.h"
 #include "Input.h"
+#include "Outgoing.h"
 #include "Report.h"
 
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapVersionConverter.h>
-#include <tz/mime/TzMimeMultipart.h>
 
 #include <CLI/CLI.hpp>
 
@@ -31,31 +31,6 @@ const std::map<std::string, TzSoapVersion::Version>& versions() {
     return known;
 }
 
-/// Whether `package` has a part that is known by the same id or location.
-bool holds(const TzMimeMultipart& package, const TzMimePart& part) {
-    const auto id = part.getContentId();
-    const auto location = part.getContentLocation();
-    return (id && package.findPartById(*id) != TzMimePart::NotFound) ||
-           (location && package.findPartByLocation(*location) != TzMimePart::NotFound);
-}
-
-/// The text of the message, with those parts of its package that no reference refers to as well.
-std::string textOf(const TzSoapMessage& message) {
-    const TzMimeMultipart& received = message.getMimeMultipart();
-    if (!received.hasParts()) {
-        return message.asString();
-    }
-    TzMimeMultipart package = message.asMimeMultipart();
-    const std::size_t root = received.findRootPart();
-    for (std::size_t position = 0; position < received.getPartCount(); ++position) {
-        const TzMimePart part = received.getPart(position);
-        if (position != root && !holds(package, part)) {
-            package.insertPart(part);
-        }
-    }
-    return package.asString();
-}
-
 int convert(const Options& options) {
     std::string text;
     const ExitStatus status = withMessage(options.input, [&](const TzSoapMessage& read) {
@@ -63,7 +38,7 @@ int convert(const Options& options) {
         for (const TzCString& loss : TzSoapVersionConverter(options.version).convert(message)) {
             std::cerr << options.input.shownName() << ": " << escape::forTerminal(loss) << '\n';
         }
-        text = textOf(message);
+        text = outgoingText(message);
     });
     if (status != Done) {
         return status;

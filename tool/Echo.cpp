@@ -2,6 +2,7 @@
 #include "Echo.h"
 
 #include "Input.h"
+#include "Outgoing.h"
 #include "Report.h"
 
 #include <soap/TzSoapMessage.h>
@@ -15,7 +16,7 @@ namespace {
 
 int echo(const Input& input) {
     return withMessage(input,
-                       [](const TzSoapMessage& message) { std::cout << message.asString(); });
+                       [](const TzSoapMessage& message) { std::cout << outgoingText(message); });
 }
 
 } // namespace

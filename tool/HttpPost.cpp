@@ -7,12 +7,15 @@
 
 #include <httplib.h>
 
+#include <atomic>
+#include <chrono>
+#include <future>
 #include <stdexcept>
 
 namespace {
 
-constexpr int ConnectSeconds = 10;
-constexpr int AnswerSeconds = 60;
+constexpr std::chrono::seconds ConnectPatience(10);
+constexpr std::chrono::seconds AnswerPatience(60);
 constexpr int FirstFailure = 300;
 
 /// A URL as an HTTP client wants it.
@@ -50,23 +53,31 @@ void HttpReply::read(TzSoapMessage& message) const {
 HttpReply httpPost(const std::string& url, const TzSoapHttpTransportContext& headers,
                    const std::string& body) {
     const Address address = split(url);
-    const std::string contentType = TzSoapHttpBinding::getContentTypeLabel();
-    std::string type;
-    httplib::Headers others;
-    for (const auto& [name, value] : headers) {
-        if (name == contentType) {
-            type = value;
-        } else {
-            others.emplace(name, value);
+    std::atomic<bool> answers = false;
+    httplib::Request request;
+    request.method = "POST";
+    request.path = address.path;
+    request.headers = httplib::Headers(headers.begin(), headers.end());
+    request.body = body;
+    request.response_handler = [&answers](const httplib::Response&) {
+        answers = true;
+        return true;
+    };
+    httplib::Client http(address.server);
+    http.set_connection_timeout(ConnectPatience);
+    http.set_read_timeout(AnswerPatience);
+    std::future<httplib::Result> posting =
+        std::async(std::launch::async, [&] { return http.send(request); });
+    while (posting.wait_for(AnswerPatience) == std::future_status::timeout) {
+        if (!answers) {
+            http.stop(); // header lines may go on without end
         }
     }
-    httplib::Client http(address.server);
-    http.set_connection_timeout(ConnectSeconds);
-    http.set_read_timeout(AnswerSeconds);
-    const httplib::Result result = http.Post(address.path, others, body, type);
+    const httplib::Result result = posting.get();
     if (!result) {
         throw std::runtime_error("no answer: " + httplib::to_string(result.error()));
     }
+    const std::string contentType = TzSoapHttpBinding::getContentTypeLabel();
     HttpReply reply;
     reply.status = result->status;
     if (result->has_header(contentType)) {

@@ -4,16 +4,19 @@
 #include <CLI/CLI.hpp>
 
 std::string Input::read() const {
-    const std::string text = files::read(file);
-    return contentType.empty() ? text : "Content-Type: " + contentType + "\r\n\r\n" + text;
+    std::string text = files::read(file);
+    return package.contentType.empty() ? text
+                                       : "Content-Type: " + package.contentType + "\r\n\r\n" + text;
 }
 
-void addContentType(CLI::App& command, std::string& contentType) {
-    command.add_option("--content-type", contentType,
+void addPackageOptions(CLI::App& command, PackageOptions& options) {
+    command.add_option("--content-type", options.contentType,
                        "The Content-Type of a package whose file does not begin with header lines");
+    command.add_flag("--incomplete", options.incomplete,
+                     "Read a package that was cut short, as far as it goes");
 }
 
 void addInput(CLI::App& command, Input& input) {
     command.add_option("FILE", input.file, "File to read; - is standard input")->required();
-    addContentType(command, input.contentType);
+    addPackageOptions(command, input.package);
 }

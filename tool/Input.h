@@ -9,10 +9,16 @@ namespace CLI {
 class App;
 }
 
+/// What is known of packages beside their files.
+struct PackageOptions {
+    std::string contentType; ///< Of a package whose file has no header lines, "" otherwise.
+    bool incomplete = false; ///< Whether a package may lack its end.
+};
+
 /// A message file that a command reads.
 struct Input {
     std::string file = files::Standard;
-    std::string contentType; ///< Of a package whose file has no header lines, "" otherwise.
+    PackageOptions package;
 
     /// How failures call the file.
     std::string shownName() const { return files::shownName(file); }
@@ -20,7 +26,7 @@ struct Input {
     std::string read() const;
 };
 
-/// Adds the option "--content-type" to `command`; it sets `contentType`.
-void addContentType(CLI::App& command, std::string& contentType);
+/// Adds the options "--content-type" and "--incomplete" to `command`; they set `options`.
+void addPackageOptions(CLI::App& command, PackageOptions& options);
 /// Adds the argument "FILE", which is required, and the options of an input to `command`.
 void addInput(CLI::App& command, Input& input);

@@ -195,11 +195,12 @@ void MessageWalk::visit(const TzSoapReferenceType& value) {
     tell(element);
 }
 
-Element MessageWalk::describeArray(const TzSoapArrayType& array) {
+Element MessageWalk::describeArray(const TzSoapArrayType& array, std::size_t items) {
     Element element = describe(array);
     element.children = "items";
-    element.array = ArrayFacts{array.getElementType(), array.getBounds(), array.getOffsetIndex(),
-                               array.isSparse(),       array.entries(),   array.getArrayType()};
+    element.array = ArrayFacts{
+        array.getElementType(), array.getBounds(), array.getOffsetIndex(), array.isSparse(), items,
+        array.getArrayType()};
     return element;
 }
 
@@ -209,7 +210,7 @@ void MessageWalk::visitItem(const TzSoapType& item, std::vector<unsigned int> po
 }
 
 void MessageWalk::visit(const TzSoapSparseArrayType& value) {
-    sink_.begin(describeArray(value));
+    sink_.begin(describeArray(value, value.entries()));
     for (const auto& [index, item] : value) {
         visitItem(item, index);
     }
@@ -218,16 +219,16 @@ void MessageWalk::visit(const TzSoapSparseArrayType& value) {
 
 void MessageWalk::visit(const TzSoapCompactArrayType& value) {
     const std::vector<unsigned int> positions = filledPositions(value);
-    Element element = describeArray(value);
-    element.array->items = positions.size();
-    sink_.begin(element);
+    sink_.begin(describeArray(value, positions.size()));
     for (const unsigned int position : positions) {
         visitItem(value(position), indexOf(position, value.getBounds()));
     }
     sink_.end();
 }
 
-void MessageWalk::visit(const TzSoapArrayType& value) { tell(describeArray(value)); }
+void MessageWalk::visit(const TzSoapArrayType& value) {
+    tell(describeArray(value, value.entries()));
+}
 
 void MessageWalk::visit(const TzSoapMisunderstoodType& value) {
     Element element = describe(value);

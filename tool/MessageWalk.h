@@ -32,7 +32,7 @@ public:
 
 private:
     Element describe(const TzSoapType& value);
-    Element describeArray(const TzSoapArrayType& array);
+    Element describeArray(const TzSoapArrayType& array, std::size_t items);
     void tell(const Element& element);
     void visitItem(const TzSoapType& item, std::vector<unsigned int> position);
     template <typename Container>

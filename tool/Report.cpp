@@ -6,10 +6,12 @@
 
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapUtils.h>
+#include <tz/mime/TzMimeMultipart.h>
 #include <tz/xml/TzXmlParseError.h>
 
 #include <exception>
 #include <iostream>
+#include <utility>
 
 namespace {
 
@@ -43,14 +45,21 @@ ExitStatus reportFailures(const std::string& file, const std::function<void()>& 
 }
 
 ExitStatus withMessage(const Input& input, const std::function<void(const TzSoapMessage&)>& work) {
+    const std::string name = input.shownName();
     std::string text;
-    if (reportFailures(input.shownName(), [&] { text = input.read(); }) == Failed) {
-        return Failed;
-    }
-    const char* const place = TzSoapUtils::isMimeMultipart(text) ? " (envelope)" : "";
-    return report(input.shownName(), place, [&] {
-        TzSoapMessage message;
-        message.extract(text);
+    TzSoapMessage message;
+    message.setReadLimits({.incompletePackages = input.package.incomplete});
+    TzMimeMultipart package;
+    bool isPackage = false;
+    const ExitStatus status = reportFailures(name, [&] {
+        text = input.read();
+        isPackage = TzSoapUtils::isMimeMultipart(text);
+        if (isPackage) {
+            package.fromString(std::move(text));
+        }
+    });
+    return status == Failed ? status : report(name, isPackage ? " (envelope)" : "", [&] {
+        isPackage ? message.extract(package) : message.extract(text);
         text = std::string();
         work(message);
     });

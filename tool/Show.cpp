@@ -20,7 +20,7 @@ namespace {
 
 struct Options {
     std::vector<std::string> files;
-    std::string contentType;
+    PackageOptions package;
     bool json = false;
 };
 
@@ -46,7 +46,7 @@ int show(const Options& options) {
         options.files.empty() ? std::vector<std::string>{files::Standard} : options.files;
     int status = Done;
     for (const std::string& file : all) {
-        status |= showFile({file, options.contentType}, options.json, all.size() > 1);
+        status |= showFile({file, options.package}, options.json, all.size() > 1);
     }
     return status;
 }
@@ -57,7 +57,7 @@ void addShow(CLI::App& app, int& status) {
     CLI::App* const command = app.add_subcommand("show", "Prints messages as trees");
     const auto options = std::make_shared<Options>();
     command->add_option("FILE", options->files, "Files to read; standard input when there is none");
-    addContentType(*command, options->contentType);
+    addPackageOptions(*command, options->package);
     command->add_flag("--json", options->json,
                       "Print each message as a JSON document; docs/tool.md describes it");
     command->callback([options, &status] { status = show(*options); });

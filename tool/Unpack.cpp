@@ -128,6 +128,9 @@ int unpack(const Options& options) {
         TzMimeMultipart package;
         package.fromString(options.input.read());
         found = targets(package, options.directory);
+        if (!package.isComplete() && !options.input.package.incomplete) {
+            throw std::runtime_error("the package ends without its closing line");
+        }
     });
     if (status == Done) {
         status = reportFailures(options.directory,

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "http/CannedService.h"
+#include "http/ChildProcess.h"
 #include "http/EchoServer.h"
+#include "http/RawService.h"
+#include "values/EnvelopeTesting.h"
 
 #include <soap/TzSoapFaultMessage.h>
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <future>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -18,12 +23,61 @@ struct Finished {
     int status = 0;
 };
 
-Finished runClient(const std::vector<std::string>& arguments) {
-    std::vector<std::string> command = {TZSOAP_ECHO_CLIENT};
-    command.insert(command.end(), arguments.begin(), arguments.end());
+Finished run(std::vector<std::string> command) {
     ChildProcess client(command);
     std::string output = client.readAll();
     return {std::move(output), client.wait()};
+}
+
+Finished runClient(const std::vector<std::string>& arguments) {
+    std::vector<std::string> command = {TZSOAP_ECHO_CLIENT};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    return run(command);
+}
+
+/// What the client says about the service at `url` when it fails: its last line.
+std::string failureAt(const std::string& url) {
+    const Finished client =
+        run({"/bin/sh", "-c", "exec \"$0\" \"$1\" 2>&1", TZSOAP_ECHO_CLIENT, url});
+    EXPECT_EQ(client.status, 1) << client.output;
+    const std::size_t end = client.output.find_last_not_of('\n') + 1;
+    const std::size_t begin = client.output.rfind('\n', end - 1) + 1;
+    return client.output.substr(begin, end - begin);
+}
+
+std::string failure(int status, const std::string& type, const std::string& body) {
+    const CannedService service(status, type, body);
+    return failureAt(service.url());
+}
+
+/// The failure that the body entries `entries` lead to.
+std::string failureOf(const std::string& entries) {
+    return failure(200, "text/xml", envelope(TzSoapVersion::V1_1, entries));
+}
+
+/// An answer whose order has these members in place of its own, or beside them.
+std::string orderWith(const std::string& name, const std::string& member) {
+    const std::pair<const char*, const char*> members[] = {
+        {"customer", "<customer>c</customer>"},
+        {"amount", "<amount>1</amount>"},
+        {"price", "<price>1</price>"},
+        {"express", "<express>1</express>"},
+        {"until", "<until>2026-12-31T00:00:00Z</until>"},
+        {"seal", "<seal>AA==</seal>"},
+        {"remark", "<remark xsi:nil='1'/>"},
+        {"sizes", "<sizes c:arrayType='c:int[1]'><item>1</item></sizes>"},
+        {"document", ""},
+    };
+    std::string order;
+    for (const auto& [known, text] : members) {
+        order += known == name ? member : text;
+    }
+    return "<m:echoOrderResponse xmlns:m='urn:example:echo'><order>" + order +
+           "</order></m:echoOrderResponse>";
+}
+
+std::string failureWith(const std::string& name, const std::string& member) {
+    return failureOf(orderWith(name, member));
 }
 
 constexpr char Order[] = "--- the order in the answer ---\n"
@@ -56,17 +110,122 @@ TEST(EchoClientTest, SendsAnAttachment) {
     EXPECT_TRUE(run.output.ends_with(Order + ("document of " + size + " bytes\n"))) << run.output;
 }
 
-TEST(EchoClientTest, AFaultIsStatus2AndOtherFailuresStatus1) {
-    const TzSoapMessage fault =
-        TzSoapFaultMessage::make(TzSoapVersion::V1_1, TzSoapVersion::Server, "out of paper");
-    const CannedService faulty(500, "text/xml", fault.asString());
-    EXPECT_EQ(runClient({faulty.url()}).status, 2);
+TEST(EchoClientTest, AnAnswerOfOthersIsShown) {
+    const CannedService service(200, "text/xml",
+                                envelope(TzSoapVersion::V1_1, orderWith("none", "")));
+    EXPECT_EQ(runClient({service.url()}).status, 0);
+}
+
+TEST(EchoClientTest, NoAnswerIsAFailure) {
     std::string gone;
     {
         const EchoServer server;
         gone = server.url();
     }
-    EXPECT_EQ(runClient({gone}).status, 1);
+    EXPECT_EQ(failureAt(gone), "echo_client: " + gone + ": no answer: Connection");
     EXPECT_EQ(runClient({}).status, 1);
+    EXPECT_EQ(runClient({"nonsense"}).status, 1);
     EXPECT_EQ(runClient({gone, "1.1", "/no/such/file"}).status, 1);
+}
+
+TEST(EchoClientTest, AFaultIsAFailure) {
+    const TzSoapMessage fault =
+        TzSoapFaultMessage::make(TzSoapVersion::V1_1, TzSoapVersion::Server, "out of paper");
+    EXPECT_EQ(failure(500, "text/xml", fault.asString()),
+              "echo_client: fault SOAP-ENV:Server: out of paper");
+}
+
+TEST(EchoClientTest, AnAnswerThatIsNoMessageIsAFailure) {
+    const std::string good = envelope(TzSoapVersion::V1_1, orderWith("none", ""));
+    const std::string head = "echo_client: the answer with status 200 is not a message: ";
+    const std::string wrongType = head + "[INVALID_CONTENT_TYPE][Content-Type is invalid]";
+    const std::string noEnvelope =
+        head + "[NO_SOAP_ENVELOPE][Soap message must have a Envelope element]";
+    EXPECT_EQ(failure(200, "text/html", "<html><body>Login</body></html>"), wrongType);
+    EXPECT_EQ(failure(200, "application/json", "{\"order\": 1}"), wrongType);
+    EXPECT_EQ(failure(200, "application/octet-stream", good), wrongType);
+    EXPECT_EQ(failure(200, "text/xml", ""), noEnvelope);
+    EXPECT_EQ(failure(200, "", ""), noEnvelope);
+    EXPECT_EQ(failure(200, "text/xml", "<html/>"), noEnvelope);
+    EXPECT_EQ(failure(500, "text/html", "<html>"),
+              "echo_client: the answer with status 500 is not a message: "
+              "[INVALID_CONTENT_TYPE][Content-Type is invalid]");
+    EXPECT_TRUE(failure(200, "text/xml", good.substr(0, good.size() / 2)).starts_with(head));
+    EXPECT_EQ(failure(200, "multipart/related; boundary=b", "--b\r\n\r\n" + good + "\r\n--b\r\n"),
+              head + "the package ends without its closing line");
+    EXPECT_TRUE(failure(200, "text/xml", "<e:Envelope xmlns:e='urn:later'/>")
+                    .starts_with(head + "[UNKNOWN_VERSION]"));
+}
+
+TEST(EchoClientTest, AnAnswerWithoutTheOrderIsAFailure) {
+    for (const std::string entries :
+         {"", "<m:other xmlns:m='urn:m'/>", "<a>text</a>", "<a><b/></a>", "<a><order/></a>",
+          "<a><order>text</order></a>", "<a c:arrayType='c:int[0]'/>", "<a href='#b'/>",
+          "<a href='cid:b'/>", "<e:Fault><faultcode/><faultstring>x</faultstring></e:Fault>"}) {
+        EXPECT_TRUE(failureOf(entries).starts_with("echo_client: ")) << entries;
+    }
+    EXPECT_TRUE(
+        failure(500, "text/xml", envelope(TzSoapVersion::V1_1, "")).starts_with("echo_client: "));
+    EXPECT_TRUE(failure(200, "text/xml",
+                        "<e:Envelope xmlns:e='http://schemas.xmlsoap.org/soap/envelope/'/>")
+                    .starts_with("echo_client: "));
+}
+
+TEST(EchoClientTest, AMemberThatIsMissingIsAFailure) {
+    for (const char* name :
+         {"customer", "amount", "price", "express", "until", "seal", "remark", "sizes"}) {
+        EXPECT_NE(failureWith(name, "").find(std::string("/") + name + " is missing"),
+                  std::string::npos)
+            << name;
+    }
+}
+
+TEST(EchoClientTest, AMemberOfAnotherKindIsAFailure) {
+    const std::pair<const char*, const char*> members[] = {
+        {"customer", "<customer><first>a</first></customer>"},
+        {"customer", "<customer href='#none'/>"},
+        {"amount", "<amount>many</amount>"},
+        {"amount", "<amount>99999999999</amount>"},
+        {"amount", "<amount xsi:nil='1'/>"},
+        {"price", "<price/>"},
+        {"express", "<express>perhaps</express>"},
+        {"until", "<until>tomorrow</until>"},
+        {"seal", "<seal>*</seal>"},
+        {"remark", "<remark><a/></remark>"},
+        {"sizes", "<sizes>1 2 3</sizes>"},
+        {"sizes", "<sizes><item>1</item></sizes>"},
+        {"sizes", "<sizes c:arrayType='c:int[3]'><item>1</item></sizes>"},
+        {"sizes", "<sizes c:arrayType='c:int[1]'><item>x</item></sizes>"},
+        {"document", "<document>text</document>"},
+        {"document", "<document><a/></document>"},
+        {"document", "<document href='cid:none'/>"},
+        {"document", "<document href='#none'/>"},
+    };
+    for (const auto& [name, member] : members) {
+        EXPECT_TRUE(failureWith(name, member).starts_with("echo_client: ")) << member;
+    }
+}
+
+TEST(EchoClientTest, WhatIsNoHttpIsAFailure) {
+    for (const std::string bytes : {"", "hello\r\n\r\n", "HTTP/1.1 200 OK\r\n",
+                                    "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\n<a/>"}) {
+        const RawService service(bytes, "");
+        EXPECT_TRUE(
+            failureAt(service.url()).starts_with("echo_client: " + service.url() + ": no answer: "))
+            << bytes;
+    }
+}
+
+TEST(EchoClientTest, AnAnswerWithoutEndIsAFailure) {
+    const RawService lines("HTTP/1.1 200 OK\r\n", "X: y\r\n");
+    const RawService line("HTTP/1.1 200 OK\r\nX: ", "yyyy");
+    const RawService body("HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\n\r\n", "<a/>");
+    std::vector<std::future<std::string>> failures;
+    for (const RawService* service : {&lines, &line, &body}) {
+        failures.push_back(std::async(std::launch::async, failureAt, service->url()));
+    }
+    for (std::future<std::string>& failed : failures) {
+        const std::string text = failed.get();
+        EXPECT_TRUE(text.starts_with("echo_client: ")) << text;
+    }
 }

@@ -90,12 +90,15 @@ void refuseFault(const TzSoapMessage& answer) {
 /// The element with the results in the answer to a call.
 TzSoapCompositeType resultsOf(const TzSoapMessage& answer) {
     refuseFault(answer);
-    return structOf(*answer.getSoapBody().entriesBegin());
+    return structOf(answer.getSoapBody().getFirstEntry());
 }
 
 TzSoapType resultOf(const TzSoapMessage& answer) {
     const TzSoapCompositeType results = resultsOf(answer);
-    return *results.childrenBegin();
+    if (results.childCount() == 0) {
+        throw std::runtime_error("the answer has no result");
+    }
+    return *results.begin();
 }
 
 /// What a case found.
@@ -141,7 +144,7 @@ Finding shared(const Peer& peer) {
     // PHP answers one struct, SOAP::Lite several results.
     TzSoapCompositeType results = resultsOf(answer);
     if (results.childCount() == 1) {
-        results = structOf(*results.childrenBegin());
+        results = structOf(*results.begin());
     }
     Finding finding;
     for (const char* name : {"first", "second"}) {

@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapMessage.h>
+
+#include <string>
+
+/// The text with which `message` is sent on: with every part that came with it, each once; the
+/// envelope alone when there is none.
+std::string outgoingText(TzSoapMessage message);
