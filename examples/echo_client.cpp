@@ -17,6 +17,7 @@
 #include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimePart.h>
 #include <tz/tools/TzDateTime.h>
+#include <tz/tools/Tzxmsg.h>
 #include <tz/xml/TzXmlUtils.h>
 
 #include <httplib.h>
@@ -86,9 +87,9 @@ TzSoapMessage post(const std::string& url, const TzSoapMessage& request, const c
     TzSoapMessage answer;
     try {
         TzSoapHttpBinding::unpack(received, response.body, answer);
-    } catch (const std::exception& error) {
+    } catch (const Tzxmsg& error) {
         throw std::runtime_error("the answer with " + status +
-                                 " is not a message: " + error.what());
+                                 " is not a message: " + error.describe());
     }
     return answer;
 }
@@ -181,7 +182,7 @@ int main(int argc, char** argv) {
                                                   argc > 3 ? argv[3] : nullptr);
         const TzSoapMessage answer = post(argv[1], request, Action);
         const TzSoapBody& body = answer.getSoapBody();
-        if (body.hasSoapFault()) {
+        if (body.hasFaultElement()) {
             const TzSoapFault& fault = body.getSoapFault();
             throw std::runtime_error("fault " + fault.getCode().getQualifiedName() + ": " +
                                      fault.getReason());
@@ -190,7 +191,8 @@ int main(int argc, char** argv) {
                   << describe(body.getFirstEntry().getChild("order")) << '\n';
         return 0;
     } catch (const std::exception& error) {
-        std::cerr << "echo_client: " << error.what() << '\n';
+        const auto* const known = dynamic_cast<const Tzxmsg*>(&error);
+        std::cerr << "echo_client: " << (known ? known->describe() : error.what()) << '\n';
         return 1;
     }
 }

@@ -79,7 +79,7 @@ TzSoapMessage answerTo(TzSoapMessage& request) {
     const auto operation = std::find_if(body.begin(), body.end(), [](const TzSoapType& entry) {
         return entry.getRoot() || !entry.isRootAttributeSet();
     });
-    if (body.hasSoapFault() || operation == body.end()) {
+    if (body.hasFaultElement() || operation == body.end()) {
         return TzSoapFaultMessage::make(request.getVersion(), TzSoapVersion::Client,
                                         "The request holds no operation");
     }

@@ -71,18 +71,19 @@ Request prepare(std::string text, const Options& options) {
     return packed(package, options);
 }
 
-/// Prints the answer; whether it was a fault.
-bool print(const HttpReply& reply) {
+/// Prints the answer; whether it was a fault, be it one without a code.
+bool print(const HttpReply& reply, const std::string& url) {
     if (reply.body.empty() && reply.status / 100 == 2) {
         std::cout << "(status " << reply.status << ", no message)\n";
         return false;
     }
     TzSoapMessage answer;
     reply.read(answer);
+    tellLosses(url, "", answer);
     TreePrinter printer(std::cout);
     MessageWalk walk(printer);
     answer.acceptVisitor(walk);
-    return answer.getSoapBody().hasSoapFault();
+    return answer.getSoapBody().hasFaultElement();
 }
 
 int call(const Options& options) {
@@ -96,7 +97,7 @@ int call(const Options& options) {
     std::signal(SIGPIPE, SIG_IGN);
     bool isFault = false;
     status = reportFailures(options.url, [&] {
-        isFault = print(httpPost(options.url, request.headers, request.body));
+        isFault = print(httpPost(options.url, request.headers, request.body), options.url);
     });
     return isFault ? Faulted : status;
 }

@@ -3,7 +3,7 @@
 
 #include <soap/TzSoapHttpBinding.h>
 #include <soap/TzSoapMessage.h>
-#include <tz/xml/TzXmlParseError.h>
+#include <tz/tools/Tzxmsg.h>
 
 #include <httplib.h>
 
@@ -42,11 +42,11 @@ Address split(const std::string& url) {
 void HttpReply::read(TzSoapMessage& message) const {
     try {
         TzSoapHttpBinding::unpack(headers, body, message);
-    } catch (const TzXmlParseError& error) {
-        if (status < FirstFailure) {
-            throw;
+    } catch (Tzxmsg& error) {
+        if (status >= FirstFailure) {
+            error.addDetail("HTTP status " + std::to_string(status));
         }
-        throw std::runtime_error("HTTP status " + std::to_string(status) + ", " + error.what());
+        throw;
     }
 }
 

@@ -13,8 +13,8 @@ struct HttpReply {
     TzSoapHttpTransportContext headers; ///< The content type, where there is one.
     std::string body;
 
-    /// Reads the message into `message`. What is no message is a `TzXmlParseError`, with a status
-    /// of failure a `std::runtime_error` that tells the status too.
+    /// Reads the message into `message`. Errors are those of `TzSoapHttpBinding::unpack`; a status
+    /// of failure is one of their details.
     void read(TzSoapMessage& message) const;
 };
 

@@ -7,7 +7,8 @@
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapUtils.h>
 #include <tz/mime/TzMimeMultipart.h>
-#include <tz/xml/TzXmlParseError.h>
+#include <tz/tools/TzMessage.h>
+#include <tz/xml/TzXmlError.h>
 
 #include <exception>
 #include <iostream>
@@ -15,16 +16,22 @@
 
 namespace {
 
+/// What `error` says beside the place, which stands before it already.
+std::string textWithoutPlace(const Tzxmsg& error) {
+    const auto* const known = dynamic_cast<const TzXmlError*>(&error);
+    std::string text = known != nullptr ? known->getMessage().asString() : error.asString();
+    return error.getDetail().empty() ? text : text + " (" + error.getDetail() + ')';
+}
+
 /// Tells a failure; `place` says where in the file lines are counted.
 void tell(const std::string& file, const char* place, const std::exception& error) {
     std::cerr << file;
-    const auto* const parseError = dynamic_cast<const TzXmlParseError*>(&error);
-    const bool placed = parseError != nullptr && parseError->getLine() != 0;
-    if (placed) {
-        std::cerr << place << ':' << parseError->getLine() << ':' << parseError->getColumn();
+    const auto* const known = dynamic_cast<const Tzxmsg*>(&error);
+    std::string text = known != nullptr ? known->describe() : error.what();
+    if (known != nullptr && known->getLine() != 0) {
+        std::cerr << place << ':' << known->getLine() << ':' << known->getColumn();
+        text = textWithoutPlace(*known);
     }
-    // Some texts end with the place that the file name has already.
-    const std::string text = placed ? parseError->getMessage().asString() : error.what();
     std::cerr << ": " << escape::forTerminal(text) << '\n';
 }
 
@@ -61,6 +68,22 @@ ExitStatus withMessage(const Input& input, const std::function<void(const TzSoap
     return status == Failed ? status : report(name, isPackage ? " (envelope)" : "", [&] {
         isPackage ? message.extract(package) : message.extract(text);
         text = std::string();
+        tellLosses(name, isPackage ? " (envelope)" : "", message);
         work(message);
     });
+}
+
+void tellLosses(const std::string& name, const char* place, const TzSoapMessage& message) {
+    if (message.hasDroppedText()) {
+        const TzSoapDroppedText dropped = message.getDroppedText();
+        std::cerr << name << place << ':' << dropped.line << ':' << dropped.column
+                  << ": warning: text beside elements is left out, " << dropped.count
+                  << (dropped.count == 1 ? " piece\n" : " pieces\n");
+    }
+    const TzSoapBody& body = message.getSoapBody();
+    if (body.hasFaultElement() && !body.hasSoapFault()) {
+        const TzCString& reason = body.getSoapFault().getReason();
+        std::cerr << name << ": warning: a Fault without a code is left out"
+                  << (reason.empty() ? "" : ", its reason is " + escape::quoted(reason)) << '\n';
+    }
 }

@@ -21,3 +21,6 @@ ExitStatus reportFailures(const std::string& file, const std::function<void()>& 
 /// Reads the message in `input` and hands it to `work`; failures are reported as above. Lines of a
 /// package are counted in its envelope, which stands in brackets behind the file then.
 ExitStatus withMessage(const Input& input, const std::function<void(const TzSoapMessage&)>& work);
+/// Tells on standard error what of `message`, which was read from `name`, has no place in the
+/// model: text beside elements, a Fault without a code. `place` stands before line and column.
+void tellLosses(const std::string& name, const char* place, const TzSoapMessage& message);

@@ -129,7 +129,7 @@ int unpack(const Options& options) {
         package.fromString(options.input.read());
         found = targets(package, options.directory);
         if (!package.isComplete() && !options.input.package.incomplete) {
-            throw std::runtime_error("the package ends without its closing line");
+            throw std::runtime_error("the package is cut short: it has no closing line");
         }
     });
     if (status == Done) {

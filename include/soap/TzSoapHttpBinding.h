@@ -54,6 +54,7 @@ public:
     /// The version that the content type speaks for: SOAP 1.2 for application/soap+xml, SOAP 1.1
     /// for any other. Good for answers to texts whose envelope cannot be read.
     static TzSoapVersion::Version getVersion(const TzSoapHttpTransportContext& context);
-    /// The status of an answer: 500 with a fault, 200 without.
+    /// The status of an answer: 500 with a fault, be it one that was read without a code, 200
+    /// without.
     static int getStatus(const TzSoapMessage& answer);
 };

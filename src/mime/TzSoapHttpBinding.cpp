@@ -242,5 +242,6 @@ TzSoapVersion::Version TzSoapHttpBinding::getVersion(const TzSoapHttpTransportCo
 int TzSoapHttpBinding::getStatus(const TzSoapMessage& answer) {
     constexpr int Done = 200;
     constexpr int Failed = 500;
-    return answer.getSoapBody().hasSoapFault() ? Failed : Done;
+    const TzSoapBody& body = answer.getSoapBody();
+    return body.hasSoapFault() || body.hasFaultElement() ? Failed : Done;
 }

@@ -40,7 +40,7 @@ TzMimeContentType contentTypeOf(const TzMimePart& part) {
 /// Refuses a package that the limits do not allow.
 void checkLimits(const TzMimeMultipart& package, const TzSoapReadLimits& limits) {
     if (!package.isComplete() && !limits.incompletePackages) {
-        refusePackage(TzMessage("the package ends without its closing line"), "it was cut short");
+        refusePackage(TzMessage("the package is cut short: it has no closing line"), {});
     }
     const std::optional<TzCString> location = package.getContentLocation();
     if ((location && location->size() > limits.uriLength) ||

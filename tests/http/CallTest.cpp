@@ -61,6 +61,19 @@ TEST(CallTest, AFaultHasAStatusOfItsOwn) {
     expectGolden(run.out, "call_fault12.txt");
 }
 
+TEST(CallTest, AFaultWithoutACodeIsAFault) {
+    const CannedService service(
+        500, "text/xml",
+        envelope(TzSoapVersion::V1_1,
+                 "<e:Fault><faultcode/><faultstring>out of money</faultstring></e:Fault>"));
+    const ToolDirectory here;
+    const ToolRun run = here.run({"call", service.url(), "-"}, answerText());
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.error, service.url() +
+                             ": warning: a Fault without a code is left out, its reason "
+                             "is \"out of money\"\n");
+}
+
 TEST(CallTest, SendsTheFileAsItStands) {
     const CannedService service(200, "text/xml", answerText());
     const std::string first = "<?xml version='1.0' encoding='ISO-8859-1'?><!-- \xE9 -->\n" +
@@ -137,7 +150,7 @@ TEST(CallTest, WhatCannotBeSentIsAFailure) {
     };
     EXPECT_EQ(error({}, "<a>"),
               "standard input:1:1: [NO_SOAP_ENVELOPE][Soap message must have a Envelope "
-              "element]\n");
+              "element] (the element is \"a\" in no namespace)\n");
     EXPECT_EQ(error({"--action", "a\nb"}, answerText()),
               "standard input: [INVALID_HTTP_HEADER][Http header is invalid]\n");
     EXPECT_EQ(error({"--attach", "x=none"}, answerText()),
@@ -161,13 +174,16 @@ TEST(CallTest, NoAnswerIsAFailure) {
 
 TEST(CallTest, AnAnswerThatIsNoMessageIsAFailure) {
     EXPECT_EQ(failure({200, "text/html", "<html/>"}),
-              ": [INVALID_CONTENT_TYPE][Content-Type is invalid]\n");
+              ": [INVALID_CONTENT_TYPE][Content-Type is invalid] (Content-Type is "
+              "\"text/html\")\n");
     EXPECT_EQ(failure({404, "text/html", "<html/>"}),
-              ": HTTP status 404, [INVALID_CONTENT_TYPE][Content-Type is invalid]\n");
+              ": [INVALID_CONTENT_TYPE][Content-Type is invalid] (Content-Type is "
+              "\"text/html\"; HTTP status 404)\n");
     EXPECT_EQ(failure({200, "text/xml", "<a>\n</b>"}),
-              ":1:1: [NO_SOAP_ENVELOPE][Soap message must have a Envelope element]\n");
-    EXPECT_EQ(failure({500, "text/xml", "<?xml version='1.0'?>\n<"}).substr(0, 18),
-              ": HTTP status 500,");
+              ":1:1: [NO_SOAP_ENVELOPE][Soap message must have a Envelope element] (the element is "
+              "\"a\" in no namespace)\n");
+    EXPECT_TRUE(
+        failure({500, "text/xml", "<?xml version='1.0'?>\n<"}).ends_with("(HTTP status 500)\n"));
     EXPECT_EQ(failure({200, "text/xml", "<?xml version='1.0'?>\n<"}).substr(0, 3), ":2:");
 }
 

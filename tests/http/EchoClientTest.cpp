@@ -138,21 +138,31 @@ TEST(EchoClientTest, AFaultIsAFailure) {
 TEST(EchoClientTest, AnAnswerThatIsNoMessageIsAFailure) {
     const std::string good = envelope(TzSoapVersion::V1_1, orderWith("none", ""));
     const std::string head = "echo_client: the answer with status 200 is not a message: ";
-    const std::string wrongType = head + "[INVALID_CONTENT_TYPE][Content-Type is invalid]";
-    const std::string noEnvelope =
-        head + "[NO_SOAP_ENVELOPE][Soap message must have a Envelope element]";
-    EXPECT_EQ(failure(200, "text/html", "<html><body>Login</body></html>"), wrongType);
-    EXPECT_EQ(failure(200, "application/json", "{\"order\": 1}"), wrongType);
-    EXPECT_EQ(failure(200, "application/octet-stream", good), wrongType);
-    EXPECT_EQ(failure(200, "text/xml", ""), noEnvelope);
-    EXPECT_EQ(failure(200, "", ""), noEnvelope);
-    EXPECT_EQ(failure(200, "text/xml", "<html/>"), noEnvelope);
+    const auto wrongType = [](const std::string& type) {
+        return "[INVALID_CONTENT_TYPE][Content-Type is invalid] (Content-Type is \"" + type + "\")";
+    };
+    const auto noEnvelope = [&](const std::string& detail) {
+        return head +
+               "[NO_SOAP_ENVELOPE][Soap message must have a Envelope element], line 1, "
+               "column 1 (" +
+               detail + ")";
+    };
+    EXPECT_EQ(failure(200, "text/html", "<html><body>Login</body></html>"),
+              head + wrongType("text/html"));
+    EXPECT_EQ(failure(200, "application/json", "{\"order\": 1}"),
+              head + wrongType("application/json"));
+    EXPECT_EQ(failure(200, "application/octet-stream", good),
+              head + wrongType("application/octet-stream"));
+    EXPECT_EQ(failure(200, "text/xml", ""), noEnvelope("the text is empty"));
+    EXPECT_EQ(failure(200, "", ""), noEnvelope("the text is empty"));
+    EXPECT_EQ(failure(200, "text/xml", "<html/>"),
+              noEnvelope("the element is \"html\" in no namespace"));
     EXPECT_EQ(failure(500, "text/html", "<html>"),
-              "echo_client: the answer with status 500 is not a message: "
-              "[INVALID_CONTENT_TYPE][Content-Type is invalid]");
+              "echo_client: the answer with status 500 is not a message: " +
+                  wrongType("text/html"));
     EXPECT_TRUE(failure(200, "text/xml", good.substr(0, good.size() / 2)).starts_with(head));
     EXPECT_EQ(failure(200, "multipart/related; boundary=b", "--b\r\n\r\n" + good + "\r\n--b\r\n"),
-              head + "the package ends without its closing line");
+              head + "the package is cut short: it has no closing line");
     EXPECT_TRUE(failure(200, "text/xml", "<e:Envelope xmlns:e='urn:later'/>")
                     .starts_with(head + "[UNKNOWN_VERSION]"));
 }

@@ -376,3 +376,11 @@ TEST(TzSoapHttpBindingTest, FaultsTravelWithStatus500) {
         message.getSoapVersion().getFaultCode(TzSoapVersion::Client));
     EXPECT_EQ(TzSoapHttpBinding::getStatus(message), 500);
 }
+
+TEST(TzSoapHttpBindingTest, AFaultThatWasReadWithoutACodeHasStatus500) {
+    for (const TzSoapVersion::Version version : BothVersions) {
+        const TzSoapMessage read = messageOf(envelope(version, "<e:Fault><a/></e:Fault>"));
+        EXPECT_FALSE(read.getSoapBody().hasSoapFault());
+        EXPECT_EQ(TzSoapHttpBinding::getStatus(read), 500);
+    }
+}

@@ -74,7 +74,7 @@ std::string hrefOf(const TzSoapReferenceType& reference) {
     return found == reference.attributesEnd() ? "(none)" : found->getValue();
 }
 
-const std::string cut = "the package ends without its closing line";
+const std::string cut = "the package is cut short: it has no closing line";
 const std::string tooLong = "a Content-ID or Content-Location is too long";
 
 } // namespace
@@ -176,6 +176,21 @@ TEST(TzSoapPackageLimits, APackageCutShortIsReadWhenThatIsWanted) {
     message.extract(text.substr(0, text.find("--b--")));
     EXPECT_FALSE(message.getMimeMultipart().isComplete());
     EXPECT_EQ(referenceAt(message, 0).getMimeReference().getBody(), "x\r\n");
+}
+
+TEST(TzSoapPackageLimits, RefusalsSayWhatIsWrong) {
+    const auto described = [](const std::string& text) {
+        TzSoapMessage message;
+        try {
+            message.extract(text);
+        } catch (const TzXmlParseError& error) {
+            return error.describe();
+        }
+        return TzCString("nothing was thrown");
+    };
+    EXPECT_EQ(described(packageOf("<a/>", "Content-ID: " + std::string(2049, 'i'))),
+              tooLong + " (the limit is 2048)");
+    EXPECT_EQ(described(typeLine + "\r\n--b"), cut);
 }
 
 TEST(TzSoapPackageLimits, AMissingRootPartIsReportedBeforeTheMissingEnd) {

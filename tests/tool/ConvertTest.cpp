@@ -89,9 +89,9 @@ TEST(Convert, KeepsEveryAttachmentOnce) {
 
 TEST(Convert, SaysWhatIsWrong) {
     const ToolDirectory here;
-    EXPECT_EQ(
-        here.run({"convert", "--to", "1.2", "-"}, "<a>").error,
-        "standard input:1:1: [NO_SOAP_ENVELOPE][Soap message must have a Envelope element]\n");
+    EXPECT_EQ(here.run({"convert", "--to", "1.2", "-"}, "<a>").error,
+              "standard input:1:1: [NO_SOAP_ENVELOPE][Soap message must have a Envelope element] "
+              "(the element is \"a\" in no namespace)\n");
     EXPECT_GT(here.run({"convert", "--to", "1.3", "-"}).status, 100);
     EXPECT_GT(here.run({"convert", "-"}).status, 100);
     const ToolRun run =

@@ -119,7 +119,8 @@ TEST(Pack, SaysWhatIsWrong) {
         EXPECT_EQ(run.out, "");
         return run.error;
     };
-    EXPECT_EQ(error({"pack", "bad.xml", "a.txt", "-o", "p"}), "bad.xml:2:3: mismatched tag\n");
+    EXPECT_EQ(error({"pack", "bad.xml", "a.txt", "-o", "p"}),
+              "bad.xml:2:3: mismatched tag (in the root part of the package)\n");
     EXPECT_EQ(error({"pack", "no.xml", "a.txt", "none", "-o", "p"}),
               "no.xml: No such file or directory\nnone: No such file or directory\n");
     EXPECT_EQ(error({"pack", "e.xml", "a.txt", "a.txt=e.xml", "-o", "p"}),

@@ -46,7 +46,7 @@ std::string cut() {
     return whole.substr(0, whole.find("--b--"));
 }
 
-const std::string refusal = "standard input: the package ends without its closing line\n";
+const std::string refusal = "standard input: the package is cut short: it has no closing line\n";
 
 } // namespace
 
@@ -111,5 +111,5 @@ TEST(ToolPackages, LinesOfPackageHeadersAreThoseOfTheFile) {
     here.write("p.mime",
                "Content-Type: multipart/related; boundary=b\n\n--b\nX: a\rb\n\n<a/>\n--b--");
     EXPECT_EQ(here.run({"show", "p.mime"}).error,
-              "p.mime:4:5: a header has a carriage return within a line\n");
+              "p.mime:4:5: a MIME header has a carriage return within a line\n");
 }

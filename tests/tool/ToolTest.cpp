@@ -43,9 +43,9 @@ TEST(Tool, ErrorsHaveFileLineAndColumn) {
         EXPECT_EQ(run.error, "bad.xml:3:3: mismatched tag\n");
         EXPECT_EQ(run.out, "");
     }
-    EXPECT_EQ(
-        here.run({"show"}, "<a/>").error,
-        "standard input:1:1: [NO_SOAP_ENVELOPE][Soap message must have a Envelope element]\n");
+    EXPECT_EQ(here.run({"show"}, "<a/>").error,
+              "standard input:1:1: [NO_SOAP_ENVELOPE][Soap message must have a Envelope element] "
+              "(the element is \"a\" in no namespace)\n");
     EXPECT_EQ(here.run({"show", "none.xml"}).error, "none.xml: No such file or directory\n");
     EXPECT_EQ(here.run({"show", "."}).error, ".: Is a directory\n");
 }
@@ -55,10 +55,10 @@ TEST(Tool, LinesOfAPackageAreThoseOfItsEnvelope) {
     const std::string type = "Content-Type: multipart/related; boundary=b\r\n\r\n";
     EXPECT_EQ(here.run({"show", "-"}, type + "--b\r\n\r\n<a>\n</b>\r\n--b--\r\n").error,
               "standard input (envelope):1:1: [NO_SOAP_ENVELOPE][Soap message must have a Envelope "
-              "element]\n");
-    EXPECT_EQ(
-        here.run({"show", "-"}, type).error,
-        "standard input: [NO_MIME_SOAP_BODY_PART][The SOAP XML body part could not be found]\n");
+              "element] (the element is \"a\" in no namespace; in the root part of the package)\n");
+    EXPECT_EQ(here.run({"show", "-"}, type).error,
+              "standard input: [NO_MIME_SOAP_BODY_PART][The SOAP XML body part could not be found] "
+              "(Content-Type is \"multipart/related; boundary=b\")\n");
 }
 
 TEST(Tool, OutputThatGoesNowhereIsAFailure) {

@@ -57,9 +57,8 @@ void TzMimeHeaderList::refuseBareReturns(std::string_view slice) const {
         // A text may have been cut within its last line end.
         if (bare != nullptr && bare + 1 != slice.data() + slice.size()) {
             const TzMimeText::Place place = TzMimeText::placeOf(*text_, bare);
-            TzThrow(tzWithDetail(TzXmlParseError::at("a header has a carriage return within a line",
-                                                     place.line, place.column),
-                                 "in a MIME header"));
+            TzThrow(TzXmlParseError::at("a MIME header has a carriage return within a line",
+                                        place.line, place.column));
         }
     }
 }

@@ -10,7 +10,6 @@
 #include <tz/xml/TzXmlParseError.h>
 
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,25 +25,20 @@ using testing::IsEmpty;
 
 namespace {
 
-/// What `read` throws: the text, a blank, line and column with a colon between them.
-std::string refusal(const std::function<void()>& read) {
-    std::string place;
-    const std::string text = textThrown<TzXmlParseError>([&] {
-        try {
-            read();
-        } catch (const TzXmlParseError& error) {
-            place = std::to_string(error.getLine()) + ':' + std::to_string(error.getColumn());
-            throw;
-        }
-    });
-    return text + ' ' + place;
-}
-
+/// What reading the part in `text` throws.
 std::string partRefusal(const std::string& text) {
-    return refusal([&] { part(text); });
+    return textThrown<TzXmlParseError>([&] { part(text); });
 }
 
-const std::string reason = "a header has a carriage return within a line";
+/// What reading the package in `text` throws.
+std::string packageRefusal(const std::string& text) {
+    return textThrown<TzXmlParseError>([&] { package(text); });
+}
+
+std::string bareReturnAt(int line, int column) {
+    return "a MIME header has a carriage return within a line, line " + std::to_string(line) +
+           ", column " + std::to_string(column);
+}
 
 } // namespace
 
@@ -101,19 +95,19 @@ TEST(TzMimeLineEnds, APackageThatAProgramMakesIsComplete) {
 }
 
 TEST(TzMimeLineEnds, ACarriageReturnWithinAHeaderIsRefused) {
-    EXPECT_EQ(partRefusal("A: x\ry\r\n\r\n"), reason + " 1:5");
-    EXPECT_EQ(partRefusal("A: x\r\nB:\r y\r\n\r\n"), reason + " 2:3");
-    EXPECT_EQ(partRefusal("A: x\r\r\n y\r\n\r\n"), reason + " 1:5");
-    EXPECT_EQ(partRefusal("A: x\r\r\nB: y\r\n\r\n"), reason + " 1:5");
-    EXPECT_EQ(partRefusal("A: x\ny: \r\r"), reason + " 2:4");
-    EXPECT_EQ(partRefusal("garbage\nA: x\r\n y\rz"), reason + " 3:3");
-    EXPECT_EQ(partRefusal("Content-Type:y\r\" \"\"\";boundary=BB\n\n--BB"), reason + " 1:15");
+    EXPECT_EQ(partRefusal("A: x\ry\r\n\r\n"), bareReturnAt(1, 5));
+    EXPECT_EQ(partRefusal("A: x\r\nB:\r y\r\n\r\n"), bareReturnAt(2, 3));
+    EXPECT_EQ(partRefusal("A: x\r\r\n y\r\n\r\n"), bareReturnAt(1, 5));
+    EXPECT_EQ(partRefusal("A: x\r\r\nB: y\r\n\r\n"), bareReturnAt(1, 5));
+    EXPECT_EQ(partRefusal("A: x\ny: \r\r"), bareReturnAt(2, 4));
+    EXPECT_EQ(partRefusal("garbage\nA: x\r\n y\rz"), bareReturnAt(3, 3));
+    EXPECT_EQ(partRefusal("Content-Type:y\r\" \"\"\";boundary=BB\n\n--BB"), bareReturnAt(1, 15));
 }
 
 TEST(TzMimeLineEnds, ACarriageReturnWithinAHeaderOfAPackageIsRefused) {
-    EXPECT_EQ(refusal([] { package("X: a\rb\r\n" + packageHead); }), reason + " 1:5");
-    EXPECT_EQ(refusal([] { package(packageHead + "--b\r\nA: \rx\ry\r\n\r\n\r\n--b--"); }),
-              reason + " 4:4");
+    EXPECT_EQ(packageRefusal("X: a\rb\r\n" + packageHead), bareReturnAt(1, 5));
+    EXPECT_EQ(packageRefusal(packageHead + "--b\r\nA: \rx\ry\r\n\r\n\r\n--b--"),
+              bareReturnAt(4, 4));
 }
 
 TEST(TzMimeLineEnds, CarriageReturnsElsewhereAreRead) {
