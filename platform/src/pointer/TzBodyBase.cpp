@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <tz/pointer/TzBodyBase.h>
 
+#include "pointer/TzTRing.h"
+
 /// Bodies of this thread that have no reference left and wait for the deletion under way to end.
 template <typename Lock> struct TzTCountingBody<Lock>::Waiting {
     TzTCountingBody* first = nullptr;
@@ -12,14 +14,14 @@ template <typename Lock> struct TzTCountingBody<Lock>::Waiting {
     }
 
     void push(TzTCountingBody* body) noexcept {
-        body->countOrNext_ = reinterpret_cast<std::uintptr_t>(first);
+        body->count_ = reinterpret_cast<std::uintptr_t>(first);
         first = body;
     }
 
     TzTCountingBody* pop() noexcept {
         TzTCountingBody* body = first;
         // NOLINTNEXTLINE(performance-no-int-to-ptr): the count's place serves the dead as a link
-        first = reinterpret_cast<TzTCountingBody*>(body->countOrNext_);
+        first = reinterpret_cast<TzTCountingBody*>(body->count_);
         return body;
     }
 };
@@ -36,6 +38,18 @@ template <typename Lock> void TzTCountingBody<Lock>::dispose(TzTCountingBody* bo
         delete waiting.pop();
     }
     waiting.deleting = false;
+}
+
+template <typename Lock> void TzTCountingBody<Lock>::addInRing() noexcept {
+    TzTRing<Lock>::add(*TzTRing<Lock>::memberOf(*this));
+}
+
+template <typename Lock> bool TzTCountingBody<Lock>::removeInRing() noexcept {
+    return TzTRing<Lock>::remove(*TzTRing<Lock>::memberOf(*this));
+}
+
+template <typename Lock> std::uintptr_t TzTCountingBody<Lock>::countInRing() const noexcept {
+    return TzTRing<Lock>::count(*TzTRing<Lock>::memberOf(*this));
 }
 
 template class TzTCountingBody<TzMutexLock>;

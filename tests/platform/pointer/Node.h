@@ -19,6 +19,10 @@ public:
     TzBodyBase* pointer() const noexcept { return bodyPointer(); }
     /// The child; throws without a body.
     Node& child() const;
+    /// A second child; throws without a body.
+    Node& other() const;
+    /// The body; throws when there is none.
+    Body& body() const;
 
     using TzHandleBase::attachBody;
     using TzHandleBase::detachBody;
@@ -28,11 +32,12 @@ class Node::Body : public TzBodyBase {
 public:
     Body() { ++living; }
     explicit Body(Node below) : child(std::move(below)) { ++living; }
-    Body(const Body& other) : TzBodyBase(other), child(other.child) { ++living; }
+    Body(const Body& from) : TzBodyBase(from), child(from.child), other(from.other) { ++living; }
     Body& operator=(const Body&) = default;
     ~Body() override { --living; }
 
     Node child;
+    Node other;
 
     static inline std::atomic<int> living{0};
 };
@@ -41,4 +46,8 @@ inline Node::Node(Body* body) : TzHandleBase(body) {}
 
 inline Node Node::above(Node child) { return Node(new Body(std::move(child))); }
 
-inline Node& Node::child() const { return static_cast<Body&>(bodyBase()).child; }
+inline Node::Body& Node::body() const { return static_cast<Body&>(bodyBase()); }
+
+inline Node& Node::child() const { return body().child; }
+
+inline Node& Node::other() const { return body().other; }

@@ -4,6 +4,7 @@
 #include <tz/TzPlatformExport.h>
 #include <tz/pointer/TzBodyBase.h>
 
+#include <cstdint>
 #include <utility>
 
 /// Base of handles: a counted reference to a shared body, possibly to none.
@@ -13,51 +14,91 @@
 /// share a body may live on different threads.
 class TZ_PLATFORM_API TzHandleBase {
 public:
-    virtual ~TzHandleBase() { release(body_); }
+    virtual ~TzHandleBase() { release(place_); }
 
 protected:
     /// A handle to `body`, which may be null; counts one reference.
-    explicit TzHandleBase(TzBodyBase* body) noexcept : body_(body) { retain(body); }
-    TzHandleBase(const TzHandleBase& other) noexcept : body_(other.body_) { retain(body_); }
-    TzHandleBase(TzHandleBase&& other) noexcept : body_(std::exchange(other.body_, nullptr)) {}
-    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): counts up before it counts down
+    explicit TzHandleBase(TzBodyBase* body) noexcept : place_(placeOf(body)) {
+        if (isBody(place_)) [[likely]] {
+            body->addReference();
+        }
+    }
+    TzHandleBase(const TzHandleBase& other) noexcept : place_(other.share()) {}
+    TzHandleBase(TzHandleBase&& other) noexcept : place_(other.give()) {}
     TzHandleBase& operator=(const TzHandleBase& other) noexcept {
-        // The new body may hang below the old one, so it is held before the old one goes.
-        retain(other.body_);
-        release(std::exchange(body_, other.body_));
+        if (place_ != other.place_) {
+            // The new body may hang below the old one, so it is held before the old one goes.
+            const Place place = other.share();
+            release(std::exchange(place_, place));
+        }
         return *this;
     }
     TzHandleBase& operator=(TzHandleBase&& other) noexcept {
-        release(std::exchange(body_, std::exchange(other.body_, nullptr)));
+        const Place place = other.give();
+        release(std::exchange(place_, place));
         return *this;
     }
 
     /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
-    TzBodyBase& bodyBase() const {
-        if (body_ == nullptr) [[unlikely]] {
-            throwInvalidPointer();
-        }
-        return *body_;
-    }
+    TzBodyBase& bodyBase() const { return isBody(place_) ? *bodyAt(place_) : linkedBodyBase(); }
     /// The body, null when there is none.
-    TzBodyBase* bodyPointer() const noexcept { return body_; }
+    TzBodyBase* bodyPointer() const noexcept {
+        return isBody(place_) ? bodyAt(place_) : linkedBody();
+    }
     /// Refers to `body` without counting; allowed on a handle without a body.
-    void attachBody(TzBodyBase* body) noexcept { body_ = body; }
+    void attachBody(TzBodyBase* body) noexcept { place_ = placeOf(body); }
     /// Gives the body up without counting and returns it.
-    TzBodyBase* detachBody() noexcept { return std::exchange(body_, nullptr); }
+    TzBodyBase* detachBody() noexcept {
+        const Place place = give();
+        return isBody(place) ? bodyAt(place) : nullptr;
+    }
 
 private:
-    static void retain(TzBodyBase* body) noexcept {
-        if (body != nullptr) {
-            body->addReference();
-        }
-    }
-    static void release(TzBodyBase* body) noexcept {
-        if (body != nullptr && body->removeReference()) {
-            TzBodyBase::dispose(body);
-        }
-    }
-    [[noreturn]] static void throwInvalidPointer();
+    friend class TzBodyRing;
 
-    TzBodyBase* body_;
+    /// The address of a body; an odd number when there is none to be counted here: `NoBody`, or
+    /// where the ring that the handle is a link of keeps its books on the body. So one bit tells
+    /// what nearly all handles are from everything else.
+    using Place = std::uintptr_t;
+    static constexpr Place NoBody = 1;
+
+    static Place placeOf(TzBodyBase* body) noexcept {
+        return body == nullptr ? NoBody : reinterpret_cast<Place>(body);
+    }
+    static bool isBody(Place place) noexcept { return (place & 1) == 0; }
+    static TzBodyBase* bodyAt(Place place) noexcept {
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): it was made of a pointer
+        return reinterpret_cast<TzBodyBase*>(place);
+    }
+
+    Place share() const noexcept {
+        if (isBody(place_)) [[likely]] {
+            bodyAt(place_)->addReference();
+            return place_;
+        }
+        return place_ == NoBody ? NoBody : shareLink(place_);
+    }
+    Place give() noexcept {
+        const Place place = std::exchange(place_, NoBody);
+        return isBody(place) || place == NoBody ? place : leaveRing(place);
+    }
+    static void release(Place place) noexcept {
+        if (isBody(place)) [[likely]] {
+            TzBodyBase* const body = bodyAt(place);
+            if (body->removeReference()) {
+                TzBodyBase::dispose(body);
+            }
+        } else if (place != NoBody) {
+            releaseLink(place);
+        }
+    }
+
+    // What links of a ring do instead.
+    static Place shareLink(Place link) noexcept;
+    static Place leaveRing(Place link) noexcept;
+    static void releaseLink(Place link) noexcept;
+    TzBodyBase* linkedBody() const noexcept;
+    TzBodyBase& linkedBodyBase() const;
+
+    Place place_;
 };

@@ -7,31 +7,50 @@
 
 #include <cstdint>
 
+template <typename Lock> class TzTRing;
+
 /// Base of bodies that live as long as handles refer to them.
 ///
 /// The count starts at 0 and is guarded by the body's own lock: handles that share a body may be
-/// copied and destroyed on different threads. A copied body has a count of its own, 0.
+/// copied and destroyed on different threads. A copied body has a count of its own, 0. The count of
+/// a body in a ring (`TzBodyRing`) is kept, and guarded, there.
 template <typename Lock> class TzTCountingBody : private TzTMonitor<Lock> {
 public:
     virtual ~TzTCountingBody() = default;
 
     /// Counts one more reference.
     void addReference() noexcept {
-        const typename TzTMonitor<Lock>::Guard guard(this->lock());
-        ++countOrNext_;
+        {
+            const typename TzTMonitor<Lock>::Guard guard(this->lock());
+            if (!isInRing()) [[likely]] {
+                ++count_;
+                return;
+            }
+        }
+        addInRing();
     }
 
     /// Counts one reference less; true when it was the last one and the caller must dispose of the
     /// body.
     [[nodiscard]] bool removeReference() noexcept {
-        const typename TzTMonitor<Lock>::Guard guard(this->lock());
-        return --countOrNext_ == 0;
+        {
+            const typename TzTMonitor<Lock>::Guard guard(this->lock());
+            if (!isInRing()) [[likely]] {
+                return --count_ == 0;
+            }
+        }
+        return removeInRing();
     }
 
     /// Number of references at this moment.
     std::uintptr_t referenceCount() const noexcept {
-        const typename TzTMonitor<Lock>::Guard guard(this->lock());
-        return countOrNext_;
+        {
+            const typename TzTMonitor<Lock>::Guard guard(this->lock());
+            if (!isInRing()) {
+                return count_;
+            }
+        }
+        return countInRing();
     }
 
     /// Deletes a body without references.
@@ -46,10 +65,18 @@ protected:
     TzTCountingBody& operator=(const TzTCountingBody&) noexcept { return *this; }
 
 private:
+    friend class TzTRing<Lock>;
     struct Waiting;
 
-    // Counts while the body lives; links to the next one that waits for deletion when it does not.
-    std::uintptr_t countOrNext_ = 0;
+    // No count comes near the highest bit.
+    bool isInRing() const noexcept { return static_cast<std::intptr_t>(count_) < 0; }
+    void addInRing() noexcept;
+    bool removeInRing() noexcept;
+    std::uintptr_t countInRing() const noexcept;
+
+    // Counts while the body lives, or says where its ring counts, with the highest bit set; links
+    // to the next one that waits for deletion when it does not.
+    std::uintptr_t count_ = 0;
 };
 
 extern template class TZ_PLATFORM_API TzTCountingBody<TzMutexLock>;
