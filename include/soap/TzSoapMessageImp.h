@@ -19,11 +19,11 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class TzMessage;
 class TzSoapParseContext;
-class TzSoapReferenceType;
 class TzXmlAttributeSet;
 class TzXmlSAXParser;
 
@@ -73,7 +73,7 @@ public:
     /// The prefix to write the encoding namespace with.
     const TzCString& getSoapEncodingPrefix() const noexcept { return encodingPrefix_; }
     /// Sets the prefix to write the encoding namespace with.
-    void setSoapEncodingPrefix(const TzCString& prefix) { encodingPrefix_ = prefix; }
+    void setSoapEncodingPrefix(TzCString prefix) noexcept { encodingPrefix_ = std::move(prefix); }
     /// The prolog, a default one when none is set.
     const TzXmlProlog& getProlog() const noexcept { return prolog_; }
     /// Sets the prolog.
@@ -120,14 +120,9 @@ public:
     /// Text beside the children of the Envelope is left out, see `getDroppedText`.
     void characters(const TzCString& text) override;
 
-    /// Takes note of a reference that was read and closes a ring of values holding each other. Its
-    /// target is taken from it when this message and its copies have died or read something else.
-    void keepRing(const TzSoapReferenceType& reference);
-
 private:
     class Reading;  // ends a reading, however it ends
     struct Parsing; // parser and context
-    struct Rings;   // references that close rings
 
     /// What is expected next.
     enum ReadState : std::int32_t { AwaitingEnvelope = 1, InEnvelope = 2, EnvelopeEnded = 3 };
@@ -139,7 +134,6 @@ private:
     void populate(const TzXmlName& name, const TzXmlAttributeSet& attributes);
     void startPart(const TzXmlName& name, const TzXmlAttributeSet& attributes);
     [[noreturn]] void refuse(const TzMessage& message, const TzXmlName& element);
-    void breakRings() noexcept;
     TzSoapParseContext& context();
     TzXmlSAXParser& parser();
     Parsing& parsing();
@@ -155,7 +149,6 @@ private:
     std::vector<TzMimePart> attachments_;
     TzSoapReadLimits readLimits_;
     TzSoapDroppedText droppedText_;
-    std::shared_ptr<Rings> rings_;     // shared with copies
     std::unique_ptr<Parsing> parsing_; // made by the first extract
     ReadState readState_ = AwaitingEnvelope;
 };

@@ -108,11 +108,10 @@ public:
     /// same message, gives them a target that was filed since, and its references still find the
     /// ids forgotten here. O((references + ids filed since the last call) * log).
     void resolveAndClearIdReferences();
-    /// Of the references that got a target, those whose target leads back to them: without their
-    /// targets nothing refers to itself. O(values referred to), no recursion.
-    std::vector<TzSoapReferenceToSoapTypeImp*> findRingClosers() const;
-    /// The reading succeeded: the targets of its references stay.
-    void keepTargets() noexcept { resolved_.clear(); }
+    /// The reading succeeded: the targets of its references stay, and values that hold each other
+    /// through them go when nobody else holds one of them. `std::bad_alloc` without memory.
+    /// O(values referred to), no recursion.
+    void keepTargets();
     /// Takes the targets of all resolved references away: for a reading that failed.
     void dropTargets() noexcept;
 

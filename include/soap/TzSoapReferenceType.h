@@ -10,8 +10,10 @@ class TzSoapReferenceTypeImp;
 /// Handle of a reference: an empty element that points at a value of the same message or at a MIME
 /// part of its package.
 ///
-/// A value that holds a reference to itself, directly or through others, is never freed by its
-/// handles alone: set the reference to something else first. Threads as for `TzSoapType`.
+/// Values that were read and refer to each other in a ring live as long as anybody else holds one
+/// of them, whatever becomes of the message they were read in, and go with the last such handle
+/// (`TzBodyRing` has the rules). A ring that the program makes is never freed by its handles alone:
+/// set one of its references to something else first. Threads as for `TzSoapType`.
 class TZSOAP_API TzSoapReferenceType : public TzSoapType {
 public:
     /// A reference without name and target: to a value when `soapReference`, else to a MIME part.

@@ -4,8 +4,6 @@
 #include <soap/TzSoapHeaderImp.h>
 #include <soap/TzSoapMessageImp.h>
 #include <soap/TzSoapParseContext.h>
-#include <soap/TzSoapReferenceToSoapTypeImp.h>
-#include <soap/TzSoapReferenceType.h>
 #include <soap/TzSoapUtils.h>
 #include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlSAXParser.h>
@@ -84,13 +82,8 @@ public:
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
 
-    /// The reading succeeded: the targets stay, rings become the message's to break.
-    void succeed() {
-        for (TzSoapReferenceToSoapTypeImp* closing : context_.findRingClosers()) {
-            message_.keepRing(TzSoapAccess::handle<TzSoapReferenceType>(closing));
-        }
-        context_.keepTargets();
-    }
+    /// The reading succeeded: what was referred to stays.
+    void succeed() { context_.keepTargets(); }
 
 private:
     TzSoapMessageImp& message_;
@@ -105,7 +98,6 @@ void TzSoapMessageImp::parseEnvelope(std::string_view text) {
             tzWithDetail(TzXmlParseError(TzMessage(tzsoap_NO_SOAP_ENVELOPE()), TzCString(), 1, 1),
                          TzSoapErrorDetail::ofText(text)));
     }
-    breakRings();
     Reading reading(*this);
     context().clear();
     context().setParser(&parser());

@@ -256,8 +256,9 @@ void TzSoapParseContext::resolveAndClearIdReferences() {
     addedReferences_.clear();
 }
 
-std::vector<TzSoapReferenceToSoapTypeImp*> TzSoapParseContext::findRingClosers() const {
-    return tzSoapFindRingClosers(resolved_);
+void TzSoapParseContext::keepTargets() {
+    tzSoapCloseRings(resolved_);
+    resolved_.clear();
 }
 
 void TzSoapParseContext::dropTargets() noexcept {

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "reading/TzSoapRings.h"
 
-#include <soap/TzSoapCompactArrayImp.h>
-#include <soap/TzSoapCompositeTypeImp.h>
-#include <soap/TzSoapDefaultType.h>
 #include <soap/TzSoapReferenceToSoapTypeImp.h>
-#include <soap/TzSoapSparseArrayImp.h>
+#include <tz/pointer/TzBodyRing.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapHeldValues.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <span>
 #include <unordered_map>
 
 namespace {
@@ -21,7 +20,7 @@ bool canBeInRing(const TzSoapTypeImp& value) {
     case TzSoapContentBase::Composite:
     case TzSoapContentBase::Array:
     case TzSoapContentBase::Reference:
-        return true;
+        return !TzBodyRing::contains(value);
     default:
         return false;
     }
@@ -44,11 +43,17 @@ public:
         }
     }
 
-    /// Whether the target of `reference`, which was walked over, leads back to it.
-    bool closesRing(TzSoapReferenceToSoapTypeImp& reference) const {
-        const auto target = numbers_.find(&TzSoapAccess::body(reference.getSoapReference()));
-        return target != numbers_.end() &&
-               nodes_[target->second].group == nodes_[numbers_.at(&reference)].group;
+    /// Makes a ring of each group whose members hold each other.
+    void closeRings() {
+        // The members of a group lie together.
+        for (auto first = found_.begin(); first != found_.end();) {
+            const std::size_t group = nodes_[*first].group;
+            const auto last = std::find_if(first, found_.end(), [&](std::size_t number) {
+                return nodes_[number].group != group;
+            });
+            closeRing({first, last}, group);
+            first = last;
+        }
     }
 
 private:
@@ -59,6 +64,7 @@ private:
         std::size_t lowest; // of the open nodes known to be reached from here
         std::size_t group;  // `Open` while values on the way here may still be reached
         std::size_t parent;
+        TzSoapTypeImp* value;
     };
 
     /// A value to enter from the node `parent` or, on the way back, the node `parent` to leave.
@@ -72,10 +78,10 @@ private:
         const auto [place, isNew] = numbers_.try_emplace(step.value, nodes_.size());
         const std::size_t number = place->second;
         if (isNew) {
-            nodes_.push_back({number, Open, step.parent});
+            nodes_.push_back({number, Open, step.parent, step.value});
             open_.push_back(number);
             steps_.push_back({step.value, number, true});
-            enterContent(*step.value, number);
+            tzSoapForEachHeld(*step.value, [&](const TzSoapType& held) { wait(held, number); });
         } else if (nodes_[number].group == Open) {
             noteReached(step.parent, number);
         }
@@ -92,50 +98,13 @@ private:
             member = open_.back();
             open_.pop_back();
             nodes_[member].group = number;
+            found_.push_back(member);
         } while (member != number);
     }
 
     void noteReached(std::size_t from, std::size_t number) {
         if (from != NoParent) {
             nodes_[from].lowest = std::min(nodes_[from].lowest, number);
-        }
-    }
-
-    void enterContent(TzSoapTypeImp& value, std::size_t number) {
-        switch (value.getSoapTypeId()) {
-        case TzSoapContentBase::Composite:
-            return waitForChildren(static_cast<const TzSoapCompositeTypeImp&>(value), number);
-        case TzSoapContentBase::Array:
-            return waitForItems(static_cast<const TzSoapArrayTypeImp&>(value), number);
-        case TzSoapContentBase::Reference:
-            return waitForTarget(static_cast<TzSoapReferenceTypeImp&>(value), number);
-        default:
-            return;
-        }
-    }
-
-    void waitForChildren(const TzSoapCompositeTypeImp& composite, std::size_t number) {
-        for (auto child = composite.childrenBegin(); child != composite.childrenEnd(); ++child) {
-            wait(*child, number);
-        }
-    }
-
-    void waitForItems(const TzSoapArrayTypeImp& array, std::size_t number) {
-        if (array.isSparse()) {
-            for (const auto& [index, item] : static_cast<const TzSoapSparseArrayImp&>(array)) {
-                wait(item, number);
-            }
-        } else if (array.isCompact()) {
-            for (const TzSoapType& item :
-                 static_cast<const TzSoapCompactArrayImp&>(array).storedItems()) {
-                wait(item, number);
-            }
-        }
-    }
-
-    void waitForTarget(TzSoapReferenceTypeImp& reference, std::size_t number) {
-        if (reference.isSoapReference() && reference.hasReference()) {
-            wait(reference.getSoapReference(), number);
         }
     }
 
@@ -146,9 +115,33 @@ private:
         }
     }
 
+    /// The group of a value, `Open` for one that was not walked over.
+    std::size_t groupOf(const TzSoapTypeImp& value) const {
+        const auto number = numbers_.find(&value);
+        return number == numbers_.end() ? Open : nodes_[number->second].group;
+    }
+
+    void closeRing(std::span<const std::size_t> members, std::size_t group) {
+        std::vector<TzBodyBase*> bodies;
+        std::vector<TzHandleBase*> links;
+        for (const std::size_t member : members) {
+            bodies.push_back(nodes_[member].value);
+            tzSoapForEachHeld(*nodes_[member].value, [&](TzSoapType& held) {
+                if (groupOf(TzSoapAccess::body(held)) == group) {
+                    links.push_back(&held);
+                }
+            });
+        }
+        // A value that nothing leads back to is a group of its own.
+        if (!links.empty()) {
+            TzBodyRing::close(bodies, links);
+        }
+    }
+
     std::unordered_map<const TzSoapTypeImp*, std::size_t> numbers_;
     std::vector<Node> nodes_;
-    std::vector<std::size_t> open_; // entered, their groups not known yet
+    std::vector<std::size_t> open_;  // entered, their groups not known yet
+    std::vector<std::size_t> found_; // group after group
     std::vector<Step> steps_;
 };
 
@@ -169,23 +162,12 @@ bool mayLead(const TzSoapTypeImp& value) {
 
 } // namespace
 
-std::vector<TzSoapReferenceToSoapTypeImp*>
-tzSoapFindRingClosers(const std::vector<TzSoapReferenceToSoapTypeImp*>& resolved) {
+void tzSoapCloseRings(const std::vector<TzSoapReferenceToSoapTypeImp*>& resolved) {
     GroupFinder groups;
-    std::vector<TzSoapReferenceToSoapTypeImp*> candidates;
     for (TzSoapReferenceToSoapTypeImp* reference : resolved) {
         if (mayLead(TzSoapAccess::body(reference->getSoapReference()))) {
-            candidates.push_back(reference);
+            groups.walkFrom(*reference);
         }
     }
-    for (TzSoapReferenceToSoapTypeImp* reference : candidates) {
-        groups.walkFrom(*reference);
-    }
-    std::vector<TzSoapReferenceToSoapTypeImp*> closers;
-    for (TzSoapReferenceToSoapTypeImp* reference : candidates) {
-        if (groups.closesRing(*reference)) {
-            closers.push_back(reference);
-        }
-    }
-    return closers;
+    groups.closeRings();
 }

@@ -2,6 +2,7 @@
 #include <soap/TzSoapReferenceToSoapTypeImp.h>
 
 #include <soap/TzSoapCatalog.h>
+#include <tz/pointer/TzBodyRing.h>
 #include <tz/tools/TzMessage.h>
 #include <tz/xml/TzThrow.h>
 
@@ -41,6 +42,7 @@ void TzSoapReferenceToSoapTypeImp::setReference(const TzSoapType& target) {
     }
     accept("#" + id, TzSoapVersion::Ref);
     target_ = target;
+    TzBodyRing::join(*this, target_); // what was read together still goes together
 }
 
 TzSoapType& TzSoapReferenceToSoapTypeImp::getSoapReference() {
