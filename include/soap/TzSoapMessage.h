@@ -50,15 +50,17 @@ public:
 
     /// The message as XML text; when `hasAttachments()`, the text of `asMimeMultipart()` instead.
     /// What only a reference to a value leads to is not looked for: a part behind one is not in the
-    /// text, though the value's reference to it is. `asPackage` has it. O(content).
+    /// text, though the value's reference to it is. `asPackage` has it. `TzXmlDomainError` for a
+    /// value that stands within itself. O(content).
     TzCString asString() const override;
     /// "SOAPMessage:" and the URI of the version's envelope namespace.
     TzCString getMessageType() const override;
     /// Whether parts were added or any value refers to a MIME part. References to values are not
     /// followed: a value outside header and body that refers to a part is not seen. O(content).
     virtual bool hasAttachments() const;
-    /// Whether any value is kept as markup because its encoding is not that of SOAP. Such markup is
-    /// written as it stands, so messages of others must not be sent on with it. O(content).
+    /// Whether any value, targets of references included, is kept as markup because its encoding
+    /// is not that of SOAP. Such markup is written as it stands, so messages of others must not be
+    /// sent on with it. O(content).
     bool hasUserDefinedValues() const;
     /// Replaces the content by the message in the root part of a package: the part that its start
     /// parameter names, the first one without that. The package is shared, for references to its

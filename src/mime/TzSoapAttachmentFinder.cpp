@@ -17,8 +17,14 @@
 void TzSoapAttachmentFinder::visit(const TzSoapMisunderstoodType&) {}
 
 void TzSoapAttachmentFinder::visit(const TzSoapReferenceType& value) {
-    if (value.isMimeReference() && value.hasReference()) {
+    if (!value.hasReference()) {
+        return;
+    }
+    if (value.isMimeReference()) {
         found_ = true;
+    } else if (targets_ == Targets::Visited) {
+        wait(value.getSoapReference());
+        walk();
     }
 }
 
@@ -80,7 +86,8 @@ void TzSoapAttachmentFinder::visit(const TzSoapMessage& message) {
 
 void TzSoapAttachmentFinder::wait(const TzSoapType& value) {
     // Most values are simple: they need no turn of their own.
-    if (TzSoapAccess::body(value).getSoapTypeId() != TzSoapContentBase::Simple) {
+    const TzSoapTypeImp& body = TzSoapAccess::body(value);
+    if (body.getSoapTypeId() != TzSoapContentBase::Simple && met_.isNew(body)) {
         waiting_.push_back(&value);
     }
 }

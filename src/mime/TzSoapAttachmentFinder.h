@@ -3,15 +3,22 @@
 
 #include <soap/TzSoapConstVisitor.h>
 
+#include "model/TzSoapMetValues.h"
+
 #include <vector>
 
 /// Looks through a message, or a part of one, for references to MIME parts that have their part,
 /// and for user-defined values.
 ///
-/// Always walks the whole of it; references to values are not followed. Values wait in a list
-/// instead of on the stack, so their depth does not matter. For one walk.
+/// Always walks the whole of it, each value once, however many places share it. Values wait in a
+/// list instead of on the stack, so their depth does not matter. For one walk.
 class TzSoapAttachmentFinder final : public TzSoapConstVisitor {
 public:
+    /// What becomes of references to values.
+    enum class Targets : bool { LeftOut, Visited };
+
+    explicit TzSoapAttachmentFinder(Targets targets) noexcept : targets_(targets) {}
+
     /// Whether a reference to a MIME part was met.
     bool found() const noexcept { return found_; }
     /// Whether a user-defined value was met.
@@ -35,8 +42,10 @@ private:
     void wait(const TzSoapType& value);
     void walk();
 
+    Targets targets_;
     bool found_ = false;
     bool foundUserDefined_ = false;
     bool walking_ = false;
     std::vector<const TzSoapType*> waiting_;
+    TzSoapMetValues met_;
 };

@@ -56,13 +56,13 @@ bool TzSoapMessage::hasAttachments() const {
     if (!getAttachments().empty()) {
         return true;
     }
-    TzSoapAttachmentFinder finder;
+    TzSoapAttachmentFinder finder(TzSoapAttachmentFinder::Targets::LeftOut);
     acceptVisitor(finder);
     return finder.found();
 }
 
 bool TzSoapMessage::hasUserDefinedValues() const {
-    TzSoapAttachmentFinder finder;
+    TzSoapAttachmentFinder finder(TzSoapAttachmentFinder::Targets::Visited);
     acceptVisitor(finder);
     return finder.foundUserDefined();
 }

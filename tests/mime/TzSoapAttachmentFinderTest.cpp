@@ -162,6 +162,44 @@ TEST(TzSoapAttachmentFinder, depthDoesNotMatter) {
     EXPECT_TRUE(found(value));
 }
 
+TEST(TzSoapAttachmentFinder, valuesWithinThemselvesAreWalkedOnce) {
+    TzSoapCompositeType inner(TzXmlName("b"));
+    TzSoapCompositeType outer = around(inner);
+    inner.appendChild(outer);
+    EXPECT_FALSE(found(outer));
+    TzSoapMessage message;
+    message.getSoapBody().appendEntry(outer);
+    EXPECT_FALSE(message.hasUserDefinedValues());
+    inner.appendChild(attachment());
+    inner.appendChild(TzSoapUserDefinedType());
+    EXPECT_TRUE(message.hasAttachments());
+    EXPECT_TRUE(message.hasUserDefinedValues());
+    inner.clearChildren();
+}
+
+TEST(TzSoapAttachmentFinder, arraysWithinThemselvesAreWalkedOnce) {
+    TzSoapCompactArrayType compact("a", 2, 0);
+    TzSoapSparseArrayType sparse("a", 9);
+    compact[0] = sparse;
+    sparse[3] = compact;
+    EXPECT_FALSE(found(compact));
+    sparse[4] = attachment();
+    EXPECT_TRUE(found(compact));
+    compact[0] = named("end");
+}
+
+TEST(TzSoapAttachmentFinder, sharedValuesAreWalkedOnce) {
+    // Thirty levels, each of which holds the next one twice.
+    TzSoapType value = attachment();
+    for (int level = 0; level < 30; ++level) {
+        TzSoapCompositeType composite(TzXmlName("a"));
+        composite.appendChild(value);
+        composite.appendChild(value);
+        value = composite;
+    }
+    EXPECT_TRUE(found(value));
+}
+
 TEST(TzSoapAttachmentFinder, userDefinedValuesAreFoundWhereverTheyAre) {
     EXPECT_FALSE(TzSoapMessage().hasUserDefinedValues());
     EXPECT_TRUE(messageOfAllKinds().hasUserDefinedValues());
@@ -176,6 +214,19 @@ TEST(TzSoapAttachmentFinder, userDefinedValuesAreFoundWhereverTheyAre) {
     array[3] = TzSoapUserDefinedType();
     inHeader.getSoapHeader().appendHeaderEntry(array, false);
     EXPECT_TRUE(inHeader.hasUserDefinedValues());
+}
+
+TEST(TzSoapAttachmentFinder, userDefinedValuesAreFoundWhereReferencesLead) {
+    TzSoapCompositeType target = around(named("x"));
+    target.setIdAttribute("i1");
+    const TzSoapReferenceType reference(TzXmlName("ref"), target);
+    target.appendChild(reference);
+    TzSoapMessage message;
+    message.getSoapBody().appendEntry(reference);
+    EXPECT_FALSE(message.hasUserDefinedValues());
+    target.appendChild(around(TzSoapUserDefinedType()));
+    EXPECT_TRUE(message.hasUserDefinedValues()) << "the target is written with the message";
+    target.clearChildren();
 }
 
 } // namespace
