@@ -29,13 +29,17 @@ public:
     /// Understands entries named `entry`.
     void addUnderstood(const TzXmlName& entry);
 
-    /// Whether the header entry is meant for this receiver. O(log roles).
+    /// Whether the header entry is meant for this receiver. O(attributes + log roles).
     bool isTargetOf(const TzSoapType& entry) const;
     /// Whether entries of that name are understood. O(log names).
     bool understands(const TzXmlName& entry) const;
     /// The names of the header entries that are meant for this receiver, must be understood and are
     /// not, in document order. A message with any must not be processed: its answer is
-    /// `TzSoapFaultMessage::makeMustUnderstand`. O(entries).
+    /// `TzSoapFaultMessage::makeMustUnderstand`. O(entries and their attributes).
+    ///
+    /// What an entry of an envelope says whose namespace was accepted though it is spelt a little
+    /// differently, such as that of SOAP 1.1 without the last slash, is seen as well, here and in
+    /// `isTargetOf`; the entry's own `getMustUnderstand` and `getActorAttribute` do not know of it.
     std::vector<TzXmlName> findMisunderstood(const TzSoapMessage& message) const;
 
 private:

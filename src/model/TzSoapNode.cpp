@@ -1,13 +1,50 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapNode.h>
 
+#include <soap/TzSoapAttributeSet.h>
 #include <soap/TzSoapMessage.h>
+#include <soap/TzSoapUtils.h>
 #include <soap/TzSoapVersion.h>
+
+#include <algorithm>
 
 namespace {
 
 /// SOAP 1.1 publishes the role under a URI that is not below that of its envelope.
 constexpr char PublishedNext[] = "http://schemas.xmlsoap.org/soap/actor/next";
+
+/// Whether `name` is what a version calls the attribute, in a namespace that stands for that of the
+/// version without being spelt like it: what is spelt like it was understood when it was read.
+bool isSpeltDifferently(const TzXmlName& name, TzSoapVersion::SoapAttribute attribute) {
+    TzSoapVersion::SoapAttribute found{};
+    TzSoapVersion::Version version{};
+    if (!TzSoapVersion::isSoapAttribute(name, found, version) || found != attribute) {
+        return false;
+    }
+    const TzXmlName& usual = TzSoapVersion::getSoapAttributeName(attribute, version);
+    return usual.getLocalName() == name.getLocalName() && !(usual == name) &&
+           TzSoapVersion::isSoapEnv(name.getUri());
+}
+
+/// The value of such an attribute, null when the entry has none.
+const TzCString* findSpeltDifferently(const TzSoapType& entry,
+                                      TzSoapVersion::SoapAttribute attribute) {
+    const auto* const end = entry.attributesEnd();
+    const auto* const found =
+        std::find_if(entry.attributesBegin(), end, [attribute](const TzXmlAttribute& one) {
+            return isSpeltDifferently(one.getName(), attribute);
+        });
+    return found == end ? nullptr : &found->getValue();
+}
+
+bool mustBeUnderstood(const TzSoapType& entry) {
+    if (entry.getMustUnderstand()) {
+        return true;
+    }
+    const TzCString* const text = findSpeltDifferently(entry, TzSoapVersion::MustUnderstand);
+    return text != nullptr &&
+           (*text == TzSoapUtils::TrueTag || *text == TzSoapAttributeSet::getTrueAttributeValue());
+}
 
 } // namespace
 
@@ -31,7 +68,10 @@ void TzSoapNode::addRole(const TzCString& uri) { roles_.insert(uri); }
 void TzSoapNode::addUnderstood(const TzXmlName& entry) { understood_.insert(entry); }
 
 bool TzSoapNode::isTargetOf(const TzSoapType& entry) const {
-    return roles_.contains(entry.getActorAttribute());
+    const TzCString actor = entry.getActorAttribute();
+    const TzCString* const other =
+        actor.empty() ? findSpeltDifferently(entry, TzSoapVersion::Actor) : nullptr;
+    return roles_.contains(other == nullptr ? actor : *other);
 }
 
 bool TzSoapNode::understands(const TzXmlName& entry) const { return understood_.contains(entry); }
@@ -41,7 +81,7 @@ std::vector<TzXmlName> TzSoapNode::findMisunderstood(const TzSoapMessage& messag
     const TzSoapHeader& header = message.getSoapHeader();
     for (auto entry = header.entriesBegin(); entry != header.entriesEnd(); ++entry) {
         const TzSoapType& value = *entry;
-        if (value.getMustUnderstand() && isTargetOf(value) && !understands(value.getName())) {
+        if (mustBeUnderstood(value) && isTargetOf(value) && !understands(value.getName())) {
             names.push_back(value.getName());
         }
     }

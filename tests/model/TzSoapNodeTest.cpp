@@ -103,6 +103,44 @@ TEST(TzSoapNodeTest, HonoursTheRoleOfTheLaterVersion) {
               (std::vector<TzXmlName>{TzXmlName("a"), TzXmlName("c"), TzXmlName("d")}));
 }
 
+TEST(TzSoapNodeTest, SeesWhatAnEnvelopeSpeltDifferentlySays) {
+    const std::string entries =
+        "<a e:mustUnderstand=\"1\"/><b e:mustUnderstand=\"0\"/><c e:mustUnderstand=\"true\"/>"
+        "<d e:mustUnderstand=\"1\" e:actor=\"urn:other\"/>"
+        "<f e:mustUnderstand=\"1\" e:actor=\"http://schemas.xmlsoap.org/soap/actor/next\"/>";
+    const auto read = [&entries](const std::string& uri) {
+        return messageOf("<e:Envelope xmlns:e=\"" + uri + "\"><e:Header>" + entries +
+                         "</e:Header><e:Body/></e:Envelope>");
+    };
+    const std::string usual = "http://schemas.xmlsoap.org/soap/envelope/";
+    for (const std::string& uri : {usual, usual.substr(0, usual.size() - 1)}) {
+        const TzSoapMessage message = read(uri);
+        EXPECT_EQ(TzSoapNode().findMisunderstood(message),
+                  (std::vector<TzXmlName>{TzXmlName("a"), TzXmlName("c"), TzXmlName("f")}))
+            << uri;
+        const auto other = std::next(message.getSoapHeader().entriesBegin(), 3);
+        EXPECT_FALSE(TzSoapNode().isTargetOf(*other)) << uri;
+        EXPECT_TRUE(TzSoapNode({"urn:other"}, {}).isTargetOf(*other)) << uri;
+    }
+}
+
+TEST(TzSoapNodeTest, SeesTheRoleOfALaterEnvelopeSpeltDifferently) {
+    const TzSoapMessage message =
+        messageOf("<e:Envelope xmlns:e=\"http://www.w3.org/2002/06/soap-envelopX\"><e:Header>"
+                  "<a e:mustUnderstand=\"true\" e:role=\"urn:other\"/>"
+                  "<b e:mustUnderstand=\"true\" e:actor=\"urn:other\"/></e:Header></e:Envelope>");
+    EXPECT_EQ(TzSoapNode().findMisunderstood(message), std::vector<TzXmlName>{TzXmlName("b")});
+}
+
+TEST(TzSoapNodeTest, AttributesOfTheOtherVersionSayNothing) {
+    const std::string later = " xmlns:o=\"http://www.w3.org/2002/06/soap-envelope\" ";
+    EXPECT_TRUE(
+        misunderstood({}, TzSoapVersion::V1_1, "<a" + later + "o:mustUnderstand=\"1\"/>").empty());
+    EXPECT_EQ(misunderstood({}, TzSoapVersion::V1_1,
+                            "<a" + later + "e:mustUnderstand=\"1\" o:role=\"urn:other\"/>"),
+              std::vector<TzXmlName>{TzXmlName("a")});
+}
+
 TEST(TzSoapNodeTest, AMessageWithoutHeaderHasNone) {
     EXPECT_TRUE(misunderstood({}, TzSoapVersion::V1_1, "").empty());
 }
