@@ -29,7 +29,8 @@ public:
     static TzSoapMessage make(TzSoapVersion::Version version, TzSoapVersion::SoapFaultCode code,
                               TzSoapVersion::SoapSubFaultCode subcode, const TzCString& reason);
     /// The MustUnderstand fault for header entries that were not understood; in SOAP 1.2 with a
-    /// Misunderstood entry for each in the header. O(names).
+    /// Misunderstood entry for each in the header, under a prefix that means nothing else there.
+    /// O(names).
     static TzSoapMessage makeMustUnderstand(TzSoapVersion::Version version,
                                             const std::vector<TzXmlName>& names);
     /// The fault for an error met while a request was read or its values were taken:

@@ -9,6 +9,7 @@
 #include <tz/xml/TzXmlParseError.h>
 
 #include <cstring>
+#include <string>
 
 namespace {
 
@@ -38,6 +39,31 @@ const TzXmlName& nameOf(const TzSoapVersion& version, TzSoapVersion::SoapFaultCo
     } catch (const TzXmlError&) {
         return version.getFaultCode(TzSoapVersion::Client);
     }
+}
+
+/// Whether `prefix` stands for something else than names of headers where a report is written.
+bool isTaken(const TzCString& prefix, const TzSoapMessage& message) {
+    const TzCString& report =
+        TzSoapVersion::getSoapElementName(TzSoapVersion::Misunderstood, message.getVersion())
+            .getPrefix();
+    return prefix == report || prefix == message.getSoapPrefix() ||
+           prefix == message.getSoapEncodingPrefix() ||
+           prefix == TzXmlNamespace::getXmlns().getPrefix() ||
+           prefix == TzXmlNamespace::getXsi().getPrefix();
+}
+
+/// The name under a prefix that is its own where a report of it is written.
+TzXmlName withFreePrefix(const TzXmlName& name, const TzSoapMessage& message) {
+    constexpr char Base[] = "h";
+    if (name.getUri().empty()) {
+        return TzXmlName(name.getLocalName(), TzXmlNamespace());
+    }
+    TzCString prefix = name.getPrefix();
+    const TzCString base = prefix.empty() ? Base : prefix;
+    for (unsigned int number = 1; prefix.empty() || isTaken(prefix, message); ++number) {
+        prefix = base + std::to_string(number);
+    }
+    return TzXmlName(name.getLocalName(), TzXmlNamespace(prefix, name.getUri()));
 }
 
 TzCString reasonFor(const Tzxmsg& error) {
@@ -82,7 +108,8 @@ TzSoapMessage TzSoapFaultMessage::makeMustUnderstand(TzSoapVersion::Version vers
     TzSoapMessage message = make(version, TzSoapVersion::SoapFaultCode::MustUnderstand, reason);
     if (has(version, TzSoapVersion::Misunderstood)) {
         for (const TzXmlName& name : names) {
-            message.getSoapHeader().appendHeaderEntry(TzSoapMisunderstoodType(name), false);
+            message.getSoapHeader().appendHeaderEntry(
+                TzSoapMisunderstoodType(withFreePrefix(name, message)), false);
         }
     }
     return message;

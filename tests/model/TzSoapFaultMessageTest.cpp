@@ -109,6 +109,28 @@ TEST(TzSoapFaultMessageTest, NamesWhatWasNotUnderstood) {
     EXPECT_EQ(tzSoapCast<TzSoapMisunderstoodType>(*++entry).value().getQualifiedName(), names[1]);
 }
 
+TEST(TzSoapFaultMessageTest, MisunderstoodHeadersAreNamedUnderPrefixesOfTheirOwn) {
+    const auto name = [](const char* prefix, const char* uri) {
+        return TzXmlName("a", TzXmlNamespace(prefix, uri));
+    };
+    const std::vector<TzXmlName> names = {
+        name("f", "urn:f"),     name("env", "urn:env"), name("enc", "urn:enc"),
+        name("", "urn:none"),   name("xsi", "urn:xsi"), name("h1", "urn:h1"),
+        name("own", "urn:own"), name("", ""),           name("unbound", "")};
+    const char* const written[] = {"f1:a", "env1:a", "enc1:a", "h1:a", "xsi1:a",
+                                   "h1:a", "own:a",  "a",      "a"};
+    const std::string text =
+        TzSoapFaultMessage::makeMustUnderstand(TzSoapVersion::V1_2, names).asString();
+    const TzSoapMessage read = messageOf(text);
+    ASSERT_EQ(read.getSoapHeader().entryCount(), names.size());
+    auto entry = read.getSoapHeader().entriesBegin();
+    for (std::size_t i = 0; i < names.size(); ++i, ++entry) {
+        EXPECT_EQ(tzSoapCast<TzSoapMisunderstoodType>(*entry).value().getQualifiedName(), names[i])
+            << text;
+        EXPECT_EQ(entry->findAttribute(TzXmlName("qname"))->getValue(), written[i]) << text;
+    }
+}
+
 TEST(TzSoapFaultMessageTest, AnUnknownEnvelopeIsAVersionMismatchInTheFirstVersion) {
     const TzSoapMessage made =
         madeFromReading("<e:Envelope xmlns:e='urn:later'><e:Body/></e:Envelope>");
