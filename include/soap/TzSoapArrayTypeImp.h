@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <utility>
 #include <vector>
 
 /// Body of an array: its item type and its shape. Derived bodies hold the items; this one holds
@@ -82,7 +83,7 @@ public:
     /// The item type as a qualified name such as "xsd:int".
     const TzCString& getElementType() const noexcept { return elementType_; }
     /// Replaces the item type.
-    void setElementType(const TzCString& elementType) { elementType_ = elementType; }
+    void setElementType(TzCString elementType) noexcept { elementType_ = std::move(elementType); }
     /// Number of axes.
     unsigned int getDimension() const noexcept { return static_cast<unsigned int>(bounds_.size()); }
     /// The size of each axis.

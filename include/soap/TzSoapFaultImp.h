@@ -43,8 +43,8 @@ public:
     void setVersion(TzSoapVersion::Version version);
     /// The fault element's name.
     const TzXmlName& getName() const noexcept { return name_; }
-    /// Sets the prefix of the fault element's name.
-    void setSoapPrefix(const TzCString& prefix) { name_.setPrefix(prefix); }
+    /// Takes the fault element's name, the code and the subcodes in place of those there were.
+    void takeNames(TzXmlName name, TzXmlName code, std::vector<TzXmlName> subcodes) noexcept;
 
     /// The code, the empty name when not set.
     const TzXmlName& getCode() const noexcept { return code_; }

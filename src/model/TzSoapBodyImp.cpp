@@ -21,9 +21,9 @@ TzSoapBodyImp::TzSoapBodyImp(const TzSoapBodyImp& other)
 TzSoapBodyImp::~TzSoapBodyImp() = default;
 
 void TzSoapBodyImp::setVersion(TzSoapVersion::Version version) {
+    TzSoapAccess::body(fault_).setVersion(version); // fails, if at all, before it changes anything
     setName(TzSoapVersion::getSoapElementName(TzSoapVersion::Body, version));
     version_ = version;
-    TzSoapAccess::body(fault_).setVersion(version);
 }
 
 TzSoapBodyImp* TzSoapBodyImp::clone() const { return new TzSoapBodyImp(*this); }

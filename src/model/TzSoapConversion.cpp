@@ -3,92 +3,77 @@
 
 #include <soap/TzSoapArrayTypeImp.h>
 #include <soap/TzSoapBodyImp.h>
-#include <soap/TzSoapCompactArrayImp.h>
-#include <soap/TzSoapCompactArrayType.h>
-#include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapFaultImp.h>
 #include <soap/TzSoapHeaderImp.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapMessageImp.h>
-#include <soap/TzSoapMisunderstoodType.h>
-#include <soap/TzSoapReferenceType.h>
-#include <soap/TzSoapSimpleType.h>
-#include <soap/TzSoapSparseArrayType.h>
-#include <soap/TzSoapUserDefinedType.h>
+#include <soap/TzSoapReferenceTypeImp.h>
+#include <soap/TzSoapUserDefinedTypeImp.h>
 
 #include "model/TzSoapAccess.h"
-#include "model/TzSoapFaultConversion.h"
+#include "model/TzSoapHeldValues.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
-constexpr std::string_view LeftOut = "left out";
-constexpr std::string_view KeptAsItIs = "kept as it is";
+using Reference = TzSoapElementConversion::Reference;
 
-/// The declared prefix of `uri` on `element`, "" when there is none.
+/// The first prefix that `element` declares for `uri`, "" when there is none that is short: it is
+/// going to stand in every array.
 TzCString prefixFor(const TzSoapElementImp& element, const TzCString& uri) {
-    const auto* const found = std::find_if(element.attributesBegin(), element.attributesEnd(),
-                                           [&uri](const TzXmlAttribute& attribute) {
-                                               return attribute.isNamespaceDeclaration() &&
-                                                      attribute.getValue() == uri &&
-                                                      !attribute.getName().getLocalName().empty();
-                                           });
+    constexpr std::size_t Longest = 128;
+    const auto* const found =
+        std::find_if(element.attributesBegin(), element.attributesEnd(),
+                     [&uri](const TzXmlAttribute& attribute) {
+                         const TzCString& prefix = attribute.getName().getLocalName();
+                         return attribute.isNamespaceDeclaration() && attribute.getValue() == uri &&
+                                !prefix.empty() && prefix.size() <= Longest;
+                     });
     return found != element.attributesEnd() ? found->getName().getLocalName() : TzCString();
+}
+
+Reference referenceOf(const TzSoapTypeImp& value) {
+    if (value.getSoapTypeId() != TzSoapContentBase::Reference) {
+        return Reference::None;
+    }
+    const auto& reference = static_cast<const TzSoapReferenceTypeImp&>(value);
+    if (!reference.isSoapReference()) {
+        return Reference::Mime;
+    }
+    return reference.hasReference() ? Reference::Settled : Reference::Waiting;
 }
 
 } // namespace
 
 TzSoapConversion::TzSoapConversion(TzSoapMessage& message, const TzSoapVersion& target)
-    : message_(message), terms_(message.getSoapVersion(), target) {}
+    : message_(message), terms_(message.getSoapVersion(), target), elements_(terms_, losses_),
+      fault_(terms_, losses_) {}
 
 std::vector<TzCString> TzSoapConversion::run() {
-    const TzCString soapPrefix = message_.getSoapPrefix();
+    prepareEnvelope();
+    prepareHeader();
+    prepareBody();
     TzSoapAccess::body(message_).setVersion(terms_.target().getVersion());
-    TzSoapElementImp& envelope = TzSoapAccess::body(message_);
-    convertElement(envelope);
-    choosePrefixes(soapPrefix);
-    style_ = takeStyle(envelope, TzCString());
-    message_.acceptVisitor(*this);
-    return std::move(losses_);
+    apply();
+    return losses_.take();
 }
 
-void TzSoapConversion::choosePrefixes(const TzCString& soapPrefix) {
-    const TzSoapElementImp& envelope = TzSoapAccess::body(message_);
+void TzSoapConversion::prepareEnvelope() {
+    TzSoapDraft draft(TzSoapAccess::body(message_), changes_);
+    elements_.convert(draft, Reference::Part);
+    TzSoapElementImp& state = draft.edit();
     // A prefix that nobody declares is one that the old version proposed.
-    if (envelope.findNamespaceAttribute(soapPrefix) != envelope.attributesEnd()) {
-        message_.setSoapPrefix(soapPrefix);
+    if (state.findNamespaceAttribute(state.getName().getPrefix()) == state.attributesEnd()) {
+        state.getName().setNamespace(terms_.target().getSoapEnv());
     }
+    soapPrefix_ = state.getName().getPrefix();
     const TzXmlNamespace& encoding = terms_.target().getSoapEnc();
-    const TzCString declared = prefixFor(envelope, encoding.getUri());
-    message_.setSoapEncodingPrefix(declared.empty() ? encoding.getPrefix() : declared);
-}
-
-void TzSoapConversion::lose(const TzCString& what, std::string_view how) {
-    losses_.push_back(what + ": " + TzCString(how));
-}
-
-void TzSoapConversion::wait(const TzSoapType& value) {
-    if (TzSoapArrayTypeImp::isPlaceholder(value)) {
-        return;
+    encodingPrefix_ = prefixFor(state, encoding.getUri());
+    if (encodingPrefix_.empty()) {
+        encodingPrefix_ = encoding.getPrefix();
     }
-    const TzSoapTypeImp& body = TzSoapAccess::body(value);
-    if (body.getIdAttribute().empty() || converted_.insert(&body).second) {
-        waiting_.push_back(value);
-    }
-}
-
-void TzSoapConversion::walk() {
-    while (!waiting_.empty()) {
-        TzSoapType value = std::move(waiting_.back());
-        waiting_.pop_back();
-        const std::size_t before = waiting_.size();
-        convertElement(TzSoapAccess::body(value));
-        value.acceptVisitor(*this);
-        // The first of the values in it comes next, for losses to be in the order of the message.
-        std::reverse(waiting_.begin() + static_cast<std::ptrdiff_t>(before), waiting_.end());
-    }
+    style_ = takeStyle(state, TzCString());
 }
 
 TzCString TzSoapConversion::takeStyle(TzSoapElementImp& container, const TzCString& around) {
@@ -98,209 +83,174 @@ TzCString TzSoapConversion::takeStyle(TzSoapElementImp& container, const TzCStri
     return style.empty() ? around : style;
 }
 
-void TzSoapConversion::convertEntry(TzSoapType& entry, const TzCString& style) {
-    wait(entry);
-    walk();
-    // SOAP's own style is stated by whoever writes.
-    if (!style.empty() && !terms_.isOwnStyle(style) && !entry.hasEncodingStyleAttribute()) {
-        entry.setEncodingStyle(style);
-    }
+TzCString TzSoapConversion::preparePart(TzSoapElementImp& part,
+                                        TzSoapVersion::SoapElement element) {
+    TzSoapDraft draft(part, changes_);
+    draft.edit().setName(terms_.target().getSoapElementQName(element));
+    elements_.convert(draft, Reference::Part);
+    return takeStyle(draft.edit(), style_);
 }
 
-void TzSoapConversion::visit(TzSoapMessage& message) {
-    message.getSoapHeader().acceptVisitor(*this);
-    message.getSoapBody().acceptVisitor(*this);
-}
-
-void TzSoapConversion::visit(TzSoapHeader& header) {
-    TzSoapElementImp& element = TzSoapAccess::body(header);
-    convertElement(element);
-    const TzCString style = takeStyle(element, style_);
-    for (auto entry = header.entriesBegin(); entry != header.entriesEnd();) {
+void TzSoapConversion::prepareHeader() {
+    TzSoapHeader& header = message_.getSoapHeader();
+    const TzCString style = preparePart(TzSoapAccess::body(header), TzSoapVersion::Header);
+    for (auto entry = header.entriesBegin(); entry != header.entriesEnd(); ++entry) {
         const bool report = entry->getSoapTypeId() == TzSoapContentBase::Misunderstood;
         if (report && !terms_.hasMisunderstood()) {
-            lose("header entry " + entry->getName().asString(), LeftOut);
-            entry = header.removeHeaderEntry(entry);
-            continue;
+            losses_.add("header entry " + TzSoapLosses::shown(entry->getName().asString()),
+                        TzSoapLosses::LeftOut);
+            leftOut_.push_back(entry);
+        } else {
+            prepareEntry(*entry, style);
         }
-        convertEntry(*entry, style);
-        ++entry;
     }
 }
 
-void TzSoapConversion::visit(TzSoapBody& body) {
-    TzSoapElementImp& element = TzSoapAccess::body(body);
-    convertElement(element);
-    const TzCString style = takeStyle(element, style_);
+void TzSoapConversion::prepareBody() {
+    TzSoapBody& body = message_.getSoapBody();
+    const TzCString style = preparePart(TzSoapAccess::body(body), TzSoapVersion::Body);
     if (body.hasSoapFault()) {
-        body.getSoapFault().acceptVisitor(*this);
-        TzSoapType detail = body.getSoapFault().getDetails();
-        convertEntry(detail, style);
+        const TzSoapFaultImp& fault = TzSoapAccess::body(body.getSoapFault());
+        fault_.prepare(fault, soapPrefix_);
+        prepareDetail(TzSoapAccess::body(fault.getDetails()), style);
     }
+    inBody_ = true;
     for (auto entry = body.entriesBegin(); entry != body.entriesEnd(); ++entry) {
-        convertEntry(*entry, style);
+        prepareEntry(*entry, style);
     }
 }
 
-void TzSoapConversion::visit(TzSoapFault& fault) {
-    TzSoapFaultConversion conversion(terms_, message_.getSoapPrefix());
-    conversion.convert(TzSoapAccess::body(fault));
-    for (const auto& [what, how] : conversion.losses()) {
-        lose(what, how);
+void TzSoapConversion::prepareDetail(TzSoapTypeImp& detail, const TzCString& style) {
+    if (met_.isNew(detail)) {
+        TzSoapDraft draft(detail, changes_);
+        draft.edit().setName(terms_.target().getSoapElementQName(TzSoapVersion::FaultDetail));
+        prepareValue(detail, draft);
+        stateStyle(draft, styleOf(detail, style));
+        walk();
     }
 }
 
-void TzSoapConversion::visit(TzSoapMisunderstoodType&) {}
+TzCString TzSoapConversion::styleOf(const TzSoapTypeImp& entry, const TzCString& style) const {
+    // SOAP's own style is stated by whoever writes.
+    return terms_.isOwnStyle(style) || entry.hasEncodingStyleAttribute() ? TzCString() : style;
+}
 
-void TzSoapConversion::visit(TzSoapSimpleType&) {}
+void TzSoapConversion::stateStyle(TzSoapDraft& draft, const TzCString& style) {
+    if (!style.empty()) {
+        draft.edit().setEncodingStyle(style);
+    }
+}
 
-void TzSoapConversion::visit(TzSoapType&) {}
+void TzSoapConversion::prepareEntry(TzSoapType& entry, const TzCString& style) {
+    if (TzSoapArrayTypeImp::isPlaceholder(entry)) {
+        return;
+    }
+    TzSoapTypeImp& value = TzSoapAccess::body(entry);
+    const TzCString stated = styleOf(value, style);
+    if (met_.isNew(value)) {
+        if (!stated.empty()) {
+            stated_.emplace(&value, stated);
+        }
+        prepareEntryValue(value, stated);
+        walk();
+    } else if (const auto before = stated_.find(&value);
+               stated != (before == stated_.end() ? TzCString() : before->second)) {
+        // One value cannot state two styles; what it holds stays shared.
+        replaced_.emplace_back(&entry, entry.copy());
+        prepareEntryValue(TzSoapAccess::body(replaced_.back().second), stated);
+        waiting_.clear();
+    }
+}
 
-void TzSoapConversion::visit(TzSoapUserDefinedType& value) {
+void TzSoapConversion::prepareEntryValue(TzSoapTypeImp& value, const TzCString& style) {
+    TzSoapDraft draft(value, changes_);
+    prepareName(draft);
+    prepareValue(value, draft);
+    stateStyle(draft, style);
+}
+
+void TzSoapConversion::prepareName(TzSoapDraft& entry) {
+    const TzXmlName name = entry.state().getName();
+    if (inBody_ && terms_.isTargetFault(name)) {
+        losses_.add("element " + TzSoapLosses::shown(name.asString()) + " of " + name.getUri(),
+                    "became " + name.getLocalName());
+        entry.edit().setName(TzXmlName(name.getLocalName()));
+    }
+}
+
+void TzSoapConversion::prepareValue(TzSoapTypeImp& value, TzSoapDraft& draft) {
+    elements_.convert(draft, referenceOf(value));
+    const std::size_t before = waiting_.size();
+    switch (value.getSoapTypeId()) {
+    case TzSoapContentBase::Array:
+        prepareArray(static_cast<TzSoapArrayTypeImp&>(value));
+        break;
+    case TzSoapContentBase::UserDefined:
+        return lookAtMarkup(static_cast<const TzSoapUserDefinedTypeImp&>(value));
+    default:
+        break;
+    }
+    tzSoapForEachHeld(value, [this](const TzSoapType& held) { wait(held); });
+    // The first of the values in it comes next, for losses to be in the order of the message.
+    std::reverse(waiting_.begin() + static_cast<std::ptrdiff_t>(before), waiting_.end());
+}
+
+void TzSoapConversion::wait(const TzSoapType& value) {
+    if (!TzSoapArrayTypeImp::isPlaceholder(value)) {
+        TzSoapTypeImp& body = TzSoapAccess::body(value);
+        if (met_.isNew(body)) {
+            waiting_.push_back(&body);
+        }
+    }
+}
+
+void TzSoapConversion::walk() {
+    while (!waiting_.empty()) {
+        TzSoapTypeImp& value = *waiting_.back();
+        waiting_.pop_back();
+        TzSoapDraft draft(value, changes_);
+        prepareValue(value, draft);
+    }
+}
+
+void TzSoapConversion::prepareArray(TzSoapArrayTypeImp& array) {
+    // The shape of inner arrays is stated by themselves.
+    const TzCString& itemType = array.getElementType();
+    if (terms_.itemTypeIsName() && itemType.find('[') != TzCString::npos) {
+        itemTypes_.emplace_back(&array, encodingPrefix_ + ":Array");
+        losses_.add("item type " + TzSoapLosses::shown(itemType) + " of " +
+                        TzSoapLosses::shown(array.getName().asString()),
+                    "became " + itemTypes_.back().second);
+    }
+}
+
+void TzSoapConversion::lookAtMarkup(const TzSoapUserDefinedTypeImp& value) {
     const TzSoapVersion& source = terms_.source();
-    const TzCString markup = value.getValue();
+    const TzCString& markup = value.getValue();
     if (!value.getActorAttribute().empty() ||
         markup.find(source.getSoapEnv().getUri()) != TzCString::npos ||
         markup.find(source.getSoapEnc().getUri()) != TzCString::npos) {
-        lose("markup of " + value.getName().asString(), KeptAsItIs);
+        losses_.add("markup of " + TzSoapLosses::shown(value.getName().asString()),
+                    TzSoapLosses::KeptAsItIs);
     }
 }
 
-void TzSoapConversion::visit(TzSoapReferenceType& value) {
-    if (value.isMimeReference()) {
-        return;
+void TzSoapConversion::apply() noexcept {
+    for (TzSoapDraft::Change& change : changes_) {
+        change.element->takeElement(change.state);
     }
-    if (value.hasReference()) {
-        return wait(value.getSoapReference());
+    for (auto& [array, itemType] : itemTypes_) {
+        array->setElementType(std::move(itemType));
     }
-    // Without a target the attribute alone tells what kind of reference this is.
-    const TzXmlName& name = terms_.source().getSoapAttributeQName(TzSoapVersion::Ref);
-    if (const auto* const text = value.findAttribute(name); text != value.attributesEnd()) {
-        const TzCString kept = text->getValue();
-        value.removeAttribute(name);
-        value.addAttribute(terms_.target().getSoapAttributeQName(TzSoapVersion::Ref), kept);
+    for (auto& [place, value] : replaced_) {
+        *place = std::move(value);
     }
-}
-
-void TzSoapConversion::visit(TzSoapCompositeType& value) {
-    for (auto child = value.childrenBegin(); child != value.childrenEnd(); ++child) {
-        wait(*child);
+    for (const TzSoapHeader::iterator entry : leftOut_) {
+        message_.getSoapHeader().removeHeaderEntry(entry);
     }
-}
-
-void TzSoapConversion::visit(TzSoapArrayType& value) { convertArray(value); }
-
-void TzSoapConversion::visit(TzSoapSparseArrayType& value) {
-    convertArray(value);
-    for (auto& [index, item] : value) {
-        wait(item);
+    TzSoapBody& body = message_.getSoapBody();
+    if (body.hasSoapFault()) {
+        fault_.apply(TzSoapAccess::body(body.getSoapFault()));
     }
-}
-
-void TzSoapConversion::visit(TzSoapCompactArrayType& value) {
-    convertArray(value);
-    for (const TzSoapDefaultType& item : TzSoapAccess::body(value).storedItems()) {
-        wait(item);
-    }
-}
-
-void TzSoapConversion::convertArray(TzSoapArrayType& array) {
-    TzSoapArrayTypeImp& body = TzSoapAccess::body(array);
-    // The shape of inner arrays is stated by themselves.
-    const TzCString itemType = body.getElementType();
-    if (terms_.itemTypeIsName() && itemType.find('[') != TzCString::npos) {
-        body.setElementType(message_.getSoapEncodingPrefix() + ":Array");
-        lose("item type " + itemType + " of " + body.getName().asString(),
-             TzCString("became ") + body.getElementType());
-    }
-}
-
-void TzSoapConversion::convertElement(TzSoapElementImp& element) {
-    convertNames(element);
-    if (!element.getAttributeSet().empty()) {
-        convertAttributes(element);
-    }
-    if (!element.hasProperties()) {
-        return;
-    }
-    if (element.hasEncodingStyleAttribute()) {
-        element.setEncodingStyle(terms_.encodingStyle(element.getEncodingStyleAttribute()));
-    }
-    if (!element.getActorAttribute().empty()) {
-        element.setActor(convertRole(element.getActorAttribute(), element.getName()));
-    }
-}
-
-void TzSoapConversion::convertNames(TzSoapElementImp& element) {
-    TzXmlName& name = element.getName();
-    if (const auto converted = terms_.nameSpace(name.getNamespace())) {
-        name.setNamespace(*converted);
-    } else if (terms_.isLost(name.getNamespace())) {
-        lose("element " + name.asString() + " of " + name.getUri(), KeptAsItIs);
-    }
-    const TzXmlName& type = element.getTypeValue();
-    if (const auto converted = terms_.nameSpace(type.getNamespace())) {
-        element.setTypeAttribute(TzXmlName(type.getLocalName(), *converted));
-    }
-}
-
-void TzSoapConversion::convertAttributes(TzSoapElementImp& element) {
-    TzSoapAttributeSet converted;
-    const TzSoapAttributeSet& attributes = element.getAttributeSet();
-    for (const TzXmlAttribute& attribute : attributes) {
-        convertAttribute(attribute, element.getName(), converted);
-    }
-    element.getAttributeSet() = std::move(converted);
-}
-
-void TzSoapConversion::convertAttribute(const TzXmlAttribute& attribute, const TzXmlName& element,
-                                        TzSoapAttributeSet& converted) {
-    const TzXmlName& name = attribute.getName();
-    if (attribute.isNamespaceDeclaration()) {
-        const auto declared = terms_.nameSpace(attribute.declaredNamespace());
-        converted.add(name, declared ? declared->getUri() : attribute.getValue());
-        return;
-    }
-    const auto home = terms_.nameSpace(name.getNamespace());
-    if (!home) {
-        converted.add(attribute);
-        return;
-    }
-    TzSoapVersion::SoapAttribute kind{};
-    TzSoapVersion::Version version{};
-    if (!TzSoapVersion::isSoapAttribute(name, kind, version)) {
-        converted.add(TzXmlName(name.getLocalName(), *home), attribute.getValue());
-        return;
-    }
-    const TzXmlName& counterpart = terms_.target().getSoapAttributeQName(kind);
-    if (counterpart.isEmpty()) {
-        lose("attribute " + name.asString() + " of " + element.asString(), LeftOut);
-        return;
-    }
-    const TzXmlNamespace& where = counterpart.getUri().empty() ? counterpart.getNamespace() : *home;
-    converted.add(TzXmlName(counterpart.getLocalName(), where),
-                  convertValue(kind, attribute.getValue(), element));
-}
-
-TzCString TzSoapConversion::convertValue(TzSoapVersion::SoapAttribute attribute,
-                                         const TzCString& value, const TzXmlName& element) {
-    switch (attribute) {
-    case TzSoapVersion::EncodingStyle:
-        return terms_.encodingStyle(value);
-    case TzSoapVersion::Actor:
-        return convertRole(value, element);
-    case TzSoapVersion::Position:
-    case TzSoapVersion::Offset:
-        return terms_.index(value);
-    default:
-        return value;
-    }
-}
-
-TzCString TzSoapConversion::convertRole(const TzCString& role, const TzXmlName& element) {
-    const TzSoapVersionTerms::Role converted = terms_.role(role);
-    if (!converted.known) {
-        lose("role " + role + " of " + element.asString(), KeptAsItIs);
-    }
-    return converted.uri;
+    TzSoapAccess::body(message_).setSoapEncodingPrefix(std::move(encodingPrefix_));
 }

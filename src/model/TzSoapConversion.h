@@ -1,24 +1,30 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "model/TzSoapDraft.h"
+#include "model/TzSoapElementConversion.h"
+#include "model/TzSoapFaultConversion.h"
+#include "model/TzSoapLosses.h"
+#include "model/TzSoapMetValues.h"
 #include "model/TzSoapVersionTerms.h"
 
+#include <soap/TzSoapHeader.h>
 #include <soap/TzSoapType.h>
-#include <soap/TzSoapVisitor.h>
 
-#include <string_view>
-#include <unordered_set>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
-class TzSoapAttributeSet;
-class TzSoapElementImp;
-class TzSoapValueList;
+class TzSoapArrayTypeImp;
+class TzSoapMessage;
+class TzSoapUserDefinedTypeImp;
 
 /// One rewriting of one message for another version.
 ///
-/// Values wait in a list instead of on the stack, so their depth does not matter; those with an id
-/// are rewritten once however many references refer to them.
-class TzSoapConversion final : private TzSoapVisitor {
+/// Finds out first what is to become of everything, which may fail, and changes the message then,
+/// which does not. Values wait in a list instead of on the stack, so their depth does not matter;
+/// each is rewritten once however many places and references share it.
+class TzSoapConversion {
 public:
     /// Of `message`, which is of another version, to `target`.
     TzSoapConversion(TzSoapMessage& message, const TzSoapVersion& target);
@@ -27,41 +33,44 @@ public:
     std::vector<TzCString> run();
 
 private:
-    void visit(TzSoapMisunderstoodType& value) override;
-    void visit(TzSoapReferenceType& value) override;
-    void visit(TzSoapUserDefinedType& value) override;
-    void visit(TzSoapSimpleType& value) override;
-    void visit(TzSoapFault& fault) override;
-    void visit(TzSoapCompositeType& value) override;
-    void visit(TzSoapSparseArrayType& value) override;
-    void visit(TzSoapCompactArrayType& value) override;
-    void visit(TzSoapArrayType& value) override;
-    void visit(TzSoapType& value) override;
-    void visit(TzSoapBody& body) override;
-    void visit(TzSoapHeader& header) override;
-    void visit(TzSoapMessage& message) override;
-
-    void lose(const TzCString& what, std::string_view how);
+    // What is to become of everything
+    void prepareEnvelope();
+    void prepareHeader();
+    void prepareBody();
+    TzCString preparePart(TzSoapElementImp& part, TzSoapVersion::SoapElement element);
+    void prepareDetail(TzSoapTypeImp& detail, const TzCString& style);
+    void prepareEntry(TzSoapType& entry, const TzCString& style);
+    void prepareName(TzSoapDraft& entry);
+    void prepareEntryValue(TzSoapTypeImp& value, const TzCString& style);
+    void prepareValue(TzSoapTypeImp& value, TzSoapDraft& draft);
+    void prepareArray(TzSoapArrayTypeImp& array);
+    void lookAtMarkup(const TzSoapUserDefinedTypeImp& value);
     void wait(const TzSoapType& value);
     void walk();
-    TzCString takeStyle(TzSoapElementImp& container, const TzCString& around);
-    void convertEntry(TzSoapType& entry, const TzCString& style);
 
-    void convertElement(TzSoapElementImp& element);
-    void convertNames(TzSoapElementImp& element);
-    void convertAttributes(TzSoapElementImp& element);
-    void convertAttribute(const TzXmlAttribute& attribute, const TzXmlName& element,
-                          TzSoapAttributeSet& converted);
-    TzCString convertValue(TzSoapVersion::SoapAttribute attribute, const TzCString& value,
-                           const TzXmlName& element);
-    TzCString convertRole(const TzCString& role, const TzXmlName& element);
-    void convertArray(TzSoapArrayType& array);
-    void choosePrefixes(const TzCString& soapPrefix);
+    // Styles: what a container states is stated by its entries instead
+    static TzCString takeStyle(TzSoapElementImp& container, const TzCString& around);
+    TzCString styleOf(const TzSoapTypeImp& entry, const TzCString& style) const;
+    static void stateStyle(TzSoapDraft& draft, const TzCString& style);
+
+    void apply() noexcept;
 
     TzSoapMessage& message_;
     TzSoapVersionTerms terms_;
+    TzSoapLosses losses_;
+    TzSoapElementConversion elements_;
+    TzSoapFaultConversion fault_;
     TzCString style_; // stated by the envelope
-    std::vector<TzSoapType> waiting_;
-    std::unordered_set<const void*> converted_; // bodies of values with an id
-    std::vector<TzCString> losses_;
+    TzCString soapPrefix_;
+    TzCString encodingPrefix_;
+
+    bool inBody_ = false;
+    TzSoapMetValues met_;
+    std::vector<TzSoapTypeImp*> waiting_;
+    std::unordered_map<const TzSoapTypeImp*, TzCString> stated_; // styles of entries
+
+    TzSoapDraft::Changes changes_;
+    std::vector<std::pair<TzSoapArrayTypeImp*, TzCString>> itemTypes_;
+    std::vector<std::pair<TzSoapType*, TzSoapType>> replaced_;
+    std::vector<TzSoapHeader::iterator> leftOut_;
 };

@@ -4,14 +4,17 @@
 #include <soap/TzSoapFaultImp.h>
 #include <tz/tools/TzCTokenizer.h>
 
+#include <utility>
+
 namespace {
 
 constexpr char Dot[] = ".";
-constexpr char LeftOut[] = "left out";
 
 } // namespace
 
-void TzSoapFaultConversion::convert(TzSoapFaultImp& fault) {
+void TzSoapFaultConversion::prepare(const TzSoapFaultImp& fault, const TzCString& prefix) {
+    name_ = TzXmlName(fault.getName().getLocalName(),
+                      TzXmlNamespace(prefix, terms_.target().getSoapEnv().getUri()));
     code_ = fault.getCode();
     for (unsigned int i = 0; i < fault.getSubcodeCount(); ++i) {
         subcodes_.push_back(fault.getSubcode(i));
@@ -19,16 +22,15 @@ void TzSoapFaultConversion::convert(TzSoapFaultImp& fault) {
     splitQualifiers();
     standardise();
     nameSubcodes();
-    if (!prefix_.empty()) {
-        fault.setSoapPrefix(prefix_);
+    dropsRole_ = !fault.getRole().empty() && !terms_.hasFaultRole();
+    if (dropsRole_) {
+        losses_.add("fault role " + TzSoapLosses::shown(fault.getRole()), TzSoapLosses::LeftOut);
     }
-    fault.setCode(code_);
-    fault.clearSubcodes();
-    for (const TzXmlName& subcode : subcodes_) {
-        fault.addSubcode(subcode);
-    }
-    if (!fault.getRole().empty() && !terms_.hasFaultRole()) {
-        losses_.emplace_back("fault role " + fault.getRole(), LeftOut);
+}
+
+void TzSoapFaultConversion::apply(TzSoapFaultImp& fault) noexcept {
+    fault.takeNames(std::move(name_), std::move(code_), std::move(subcodes_));
+    if (dropsRole_) {
         fault.setRole(TzCString());
     }
 }
@@ -48,9 +50,7 @@ void TzSoapFaultConversion::splitQualifiers() {
 }
 
 TzXmlName TzSoapFaultConversion::nameOf(TzSoapVersion::SoapFaultCode code) const {
-    const TzXmlName& name = terms_.target().getFaultCode(code);
-    return prefix_.empty() ? name
-                           : TzXmlName(name.getLocalName(), TzXmlNamespace(prefix_, name.getUri()));
+    return {terms_.target().getFaultCode(code).getLocalName(), name_.getNamespace()};
 }
 
 void TzSoapFaultConversion::standardise() {
@@ -67,7 +67,8 @@ void TzSoapFaultConversion::standardise() {
     const TzXmlName own = code_;
     code_ = nameOf(standard ? TzSoapVersion::Client : TzSoapVersion::Server);
     subcodes_.insert(subcodes_.begin(), standard ? TzXmlName(own.getLocalName()) : own);
-    losses_.emplace_back("fault code " + own.asString(), "became a subcode of " + code_.asString());
+    losses_.add("fault code " + TzSoapLosses::shown(own.asString()),
+                "became a subcode of " + TzSoapLosses::shown(code_.asString()));
 }
 
 void TzSoapFaultConversion::nameSubcodes() {
@@ -76,9 +77,9 @@ void TzSoapFaultConversion::nameSubcodes() {
             subcode.setNamespace(*converted);
         }
         if (!terms_.hasSubcodes() && !subcode.getUri().empty()) {
-            losses_.emplace_back("namespace " + subcode.getUri() + " of the fault subcode " +
-                                     subcode.asString(),
-                                 LeftOut);
+            losses_.add("namespace " + TzSoapLosses::shown(subcode.getUri()) +
+                            " of the fault subcode " + TzSoapLosses::shown(subcode.asString()),
+                        TzSoapLosses::LeftOut);
             subcode = TzXmlName(subcode.getLocalName());
         }
     }

@@ -1,29 +1,25 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "model/TzSoapLosses.h"
 #include "model/TzSoapVersionTerms.h"
 
 #include <tz/xml/TzXmlName.h>
 
-#include <string_view>
-#include <utility>
 #include <vector>
 
 class TzSoapFaultImp;
 
-/// Gives a fault the code, subcodes and role that another version can write.
+/// Gives a fault the name, code, subcodes and role that another version can write.
 class TzSoapFaultConversion {
 public:
-    /// What could not be carried over and what became of it.
-    using Loss = std::pair<TzCString, TzCString>;
+    TzSoapFaultConversion(TzSoapVersionTerms& terms, TzSoapLosses& losses)
+        : terms_(terms), losses_(losses) {}
 
-    /// `prefix` is that of the message's envelope namespace, "" for what the version proposes.
-    TzSoapFaultConversion(const TzSoapVersionTerms& terms, TzCString prefix)
-        : terms_(terms), prefix_(std::move(prefix)) {}
-
-    /// Rewrites `fault`, but for its detail.
-    void convert(TzSoapFaultImp& fault);
-    const std::vector<Loss>& losses() const noexcept { return losses_; }
+    /// Finds out what is to become of `fault`; `prefix` is that of the envelope's namespace.
+    void prepare(const TzSoapFaultImp& fault, const TzCString& prefix);
+    /// Rewrites the fault that was prepared, but for its detail.
+    void apply(TzSoapFaultImp& fault) noexcept;
 
 private:
     void splitQualifiers();
@@ -31,9 +27,10 @@ private:
     void nameSubcodes();
     TzXmlName nameOf(TzSoapVersion::SoapFaultCode code) const;
 
-    const TzSoapVersionTerms& terms_;
-    TzCString prefix_;
+    TzSoapVersionTerms& terms_;
+    TzSoapLosses& losses_;
+    TzXmlName name_;
     TzXmlName code_;
     std::vector<TzXmlName> subcodes_;
-    std::vector<Loss> losses_;
+    bool dropsRole_ = false;
 };

@@ -35,12 +35,19 @@ TzSoapFaultImp::TzSoapFaultImp(const TzSoapFaultImp& other)
 
 TzSoapFaultImp::~TzSoapFaultImp() = default;
 
+void TzSoapFaultImp::takeNames(TzXmlName name, TzXmlName code,
+                               std::vector<TzXmlName> subcodes) noexcept {
+    name_ = std::move(name);
+    code_ = std::move(code);
+    subcodes_ = std::move(subcodes);
+}
+
 TzSoapFaultImp* TzSoapFaultImp::clone() const { return new TzSoapFaultImp(*this); }
 
 void TzSoapFaultImp::setVersion(TzSoapVersion::Version version) {
     const TzSoapVersion& names = TzSoapVersion::getSoapVersion(version);
+    name_.setNamespace(names.getSoapEnv()); // may fail; what follows does not
     details_.setName(names.getSoapElementQName(TzSoapVersion::FaultDetail));
-    name_.setNamespace(names.getSoapEnv());
     version_ = version;
 }
 

@@ -4,42 +4,14 @@
 #include <soap/TzSoapBodyImp.h>
 #include <soap/TzSoapHeaderImp.h>
 #include <soap/TzSoapParseContext.h>
-#include <soap/TzSoapReferenceToSoapTypeImp.h>
-#include <soap/TzSoapReferenceType.h>
 #include <tz/xml/TzXmlSAXParser.h>
 
 #include "model/TzSoapAccess.h"
-
-#include <vector>
 
 /// What reading needs; a message that is only written goes without.
 struct TzSoapMessageImp::Parsing {
     TzXmlSAXParser parser;
     TzSoapParseContext context;
-};
-
-/// References whose targets lead back to them: values that hold each other never die by themselves.
-struct TzSoapMessageImp::Rings {
-    Rings() = default;
-    Rings(const Rings&) = delete;
-    Rings& operator=(const Rings&) = delete;
-    ~Rings() {
-        for (const Closing& closing : closings) {
-            // What the program has given another target since is its own.
-            if (closing.reference.hasReference() &&
-                TzSoapAccess::sameBody(closing.reference.getSoapReference(), closing.target)) {
-                static_cast<TzSoapReferenceToSoapTypeImp&>(TzSoapAccess::body(closing.reference))
-                    .clearReference();
-            }
-        }
-    }
-
-    struct Closing {
-        TzSoapReferenceType reference;
-        TzSoapType target;
-    };
-
-    std::vector<Closing> closings;
 };
 
 TzSoapMessageImp::TzSoapMessageImp(TzSoapVersion::Version version)
@@ -54,7 +26,7 @@ TzSoapMessageImp::TzSoapMessageImp(const TzSoapMessageImp& other)
       hasProlog_(other.hasProlog_), typeRegistry_(other.typeRegistry_), version_(other.version_),
       encodingPrefix_(other.encodingPrefix_), multipart_(other.multipart_),
       attachments_(other.attachments_), readLimits_(other.readLimits_),
-      droppedText_(other.droppedText_), rings_(other.rings_) {}
+      droppedText_(other.droppedText_) {}
 
 TzSoapMessageImp::~TzSoapMessageImp() = default;
 
@@ -70,10 +42,13 @@ void TzSoapMessageImp::clear() {
 }
 
 void TzSoapMessageImp::setVersion(TzSoapVersion::Version version) {
-    getName().setNamespace(TzSoapVersion::getSoapVersion(version).getSoapEnv());
-    version_ = version;
-    TzSoapAccess::body(header_).setVersion(version);
+    TzXmlName name = getName();
+    name.setNamespace(TzSoapVersion::getSoapVersion(version).getSoapEnv());
     TzSoapAccess::body(body_).setVersion(version);
+    // From here on nothing can fail.
+    TzSoapAccess::body(header_).setVersion(version);
+    setName(name);
+    version_ = version;
 }
 
 void TzSoapMessageImp::setProlog(const TzXmlProlog& prolog) {
@@ -90,15 +65,6 @@ void TzSoapMessageImp::extractEnvelope(std::string_view text) {
     multipart_ = TzMimeMultipart();
     parseEnvelope(text);
 }
-
-void TzSoapMessageImp::keepRing(const TzSoapReferenceType& reference) {
-    if (rings_ == nullptr) {
-        rings_ = std::make_shared<Rings>();
-    }
-    rings_->closings.push_back({reference, reference.getSoapReference()});
-}
-
-void TzSoapMessageImp::breakRings() noexcept { rings_.reset(); }
 
 TzSoapMessageImp::Parsing& TzSoapMessageImp::parsing() {
     if (parsing_ == nullptr) {

@@ -13,19 +13,51 @@ namespace {
 /// What senders of SOAP 1.1 call the next receiver: the URI that its text prints in 4.2.2.
 constexpr char PublishedNextActor[] = "http://schemas.xmlsoap.org/soap/actor/next";
 
+/// Whether `name`, in a namespace of `version`, is what the version calls the attribute.
+bool isNameOf(const TzSoapVersion& version, const TzXmlName& name,
+              TzSoapVersion::SoapAttribute attribute) {
+    const TzXmlName& own = version.getSoapAttributeQName(attribute);
+    return !own.getUri().empty() && own.getLocalName() == name.getLocalName() &&
+           version.matchSoapEnv(own.getNamespace()) == version.matchSoapEnv(name.getNamespace());
+}
+
 constexpr std::array<TzSoapVersion::SoapRole, 3> Roles = {TzSoapVersion::Next, TzSoapVersion::None,
                                                           TzSoapVersion::UltimateReceiver};
 
 } // namespace
 
-std::optional<TzXmlNamespace> TzSoapVersionTerms::nameSpace(const TzXmlNamespace& nameSpace) const {
+std::optional<TzXmlNamespace> TzSoapVersionTerms::nameSpace(const TzXmlNamespace& nameSpace) {
     if (source_.matchSoapEnv(nameSpace)) {
-        return TzXmlNamespace(nameSpace.getPrefix(), target_.getSoapEnv().getUri());
+        return made(envelopes_, nameSpace.getPrefix(), target_.getSoapEnv().getUri());
     }
     if (source_.matchSoapEnc(nameSpace)) {
-        return TzXmlNamespace(nameSpace.getPrefix(), target_.getSoapEnc().getUri());
+        return made(encodings_, nameSpace.getPrefix(), target_.getSoapEnc().getUri());
     }
     return std::nullopt;
+}
+
+const TzXmlNamespace& TzSoapVersionTerms::made(Made& known, const TzCString& prefix,
+                                               const TzCString& uri) {
+    const auto found = known.find(prefix);
+    return found != known.end() ? found->second
+                                : known.try_emplace(prefix, prefix, uri).first->second;
+}
+
+bool TzSoapVersionTerms::isSourceName(const TzXmlName& name,
+                                      TzSoapVersion::SoapAttribute attribute) const {
+    return isNameOf(source_, name, attribute);
+}
+
+bool TzSoapVersionTerms::isTargetName(const TzXmlName& name) const {
+    TzSoapVersion::SoapAttribute attribute{};
+    TzSoapVersion::Version version{};
+    return TzSoapVersion::isSoapAttribute(name, attribute, version) &&
+           version == target_.getVersion() && isNameOf(target_, name, attribute);
+}
+
+bool TzSoapVersionTerms::isTargetFault(const TzXmlName& name) const {
+    return target_.matchSoapElement(name, TzSoapVersion::Fault) &&
+           !source_.matchSoapElement(name, TzSoapVersion::Fault);
 }
 
 bool TzSoapVersionTerms::isLost(const TzXmlNamespace& nameSpace) const {

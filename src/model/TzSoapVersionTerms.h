@@ -5,6 +5,7 @@
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlNamespace.h>
 
+#include <map>
 #include <optional>
 
 /// What names, roles and styles of one version are called in another one.
@@ -25,7 +26,13 @@ public:
 
     /// The target's namespace in place of `nameSpace`, under its prefix; empty when `nameSpace` is
     /// neither the source's envelope nor its encoding namespace.
-    std::optional<TzXmlNamespace> nameSpace(const TzXmlNamespace& nameSpace) const;
+    std::optional<TzXmlNamespace> nameSpace(const TzXmlNamespace& nameSpace);
+    /// Whether `name`, in one of the source's namespaces, is what the source calls the attribute.
+    bool isSourceName(const TzXmlName& name, TzSoapVersion::SoapAttribute attribute) const;
+    /// Whether `name` is what the target calls a SOAP attribute with a namespace.
+    bool isTargetName(const TzXmlName& name) const;
+    /// Whether the target reads an element named `name`, which the source does not, as a fault.
+    bool isTargetFault(const TzXmlName& name) const;
     /// Whether `nameSpace` is one that SOAP defines and that the target has nothing like.
     bool isLost(const TzXmlNamespace& nameSpace) const;
     /// An encodingStyle text with the target's style in place of the source's.
@@ -48,8 +55,14 @@ public:
     bool hasFaultCode(TzSoapVersion::SoapFaultCode code) const;
 
 private:
+    /// Namespaces made so far, by prefix: names of one namespace share it.
+    using Made = std::map<TzCString, TzXmlNamespace>;
+
+    static const TzXmlNamespace& made(Made& known, const TzCString& prefix, const TzCString& uri);
     bool isNamed(TzSoapVersion::SoapElement element) const;
 
     const TzSoapVersion& source_;
     const TzSoapVersion& target_;
+    Made envelopes_;
+    Made encodings_;
 };

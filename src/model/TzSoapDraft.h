@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapElementImp.h>
+
+#include <deque>
+
+/// An element and what it is to become.
+class TzSoapDraft {
+public:
+    /// Where drafts that changed something keep it.
+    struct Change {
+        TzSoapElementImp* element;
+        TzSoapElementImp state;
+    };
+    using Changes = std::deque<Change>;
+
+    /// A draft of `element` without changes.
+    TzSoapDraft(TzSoapElementImp& element, Changes& changes) noexcept
+        : element_(element), changes_(changes) {}
+
+    /// The element as it is to become.
+    const TzSoapElementImp& state() const noexcept {
+        return state_ != nullptr ? *state_ : element_;
+    }
+    /// The same, to change it; a copy of the element at first.
+    TzSoapElementImp& edit() {
+        if (state_ == nullptr) {
+            state_ = &changes_.emplace_back(Change{&element_, element_}).state;
+        }
+        return *state_;
+    }
+
+private:
+    TzSoapElementImp& element_;
+    Changes& changes_;
+    TzSoapElementImp* state_ = nullptr;
+};

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/TzSoapDraft.h"
+#include "model/TzSoapLosses.h"
+#include "model/TzSoapVersionTerms.h"
+
+class TzSoapAttributeSet;
+class TzXmlAttribute;
+
+/// Rewrites names, attributes and properties of elements for another version.
+class TzSoapElementConversion {
+public:
+    /// What an unqualified attribute that makes a reference means to an element.
+    enum class Reference {
+        Part,    ///< Nothing: the element is no value.
+        None,    ///< A value that is no reference.
+        Waiting, ///< A reference to a value, without target: its text is all there is.
+        Settled, ///< A reference to a value, with its target.
+        Mime,    ///< A reference to a MIME part.
+    };
+
+    TzSoapElementConversion(TzSoapVersionTerms& terms, TzSoapLosses& losses)
+        : terms_(terms), losses_(losses) {}
+
+    /// Makes `draft` one of the target version.
+    void convert(TzSoapDraft& draft, Reference reference);
+
+private:
+    void convertNames(TzSoapDraft& draft);
+    void convertProperties(TzSoapDraft& draft);
+    void convertAttributes(TzSoapDraft& draft, Reference reference);
+    void convertPlain(const TzXmlAttribute& attribute, Reference reference);
+    void convertOwn(const TzXmlAttribute& attribute, const TzXmlNamespace& home);
+    void convertForeign(const TzXmlAttribute& attribute);
+    bool isOwnText(const TzXmlName& name, Reference reference) const;
+    bool wouldRefer(const TzXmlName& name, Reference reference) const;
+    TzXmlName freeName(const TzXmlName& name) const;
+    TzCString valueOf(TzSoapVersion::SoapAttribute attribute, const TzCString& value);
+    TzCString role(const TzCString& uri);
+    void loseAttribute(const TzXmlName& name, std::string_view how);
+
+    TzSoapVersionTerms& terms_;
+    TzSoapLosses& losses_;
+    // Of the element at hand
+    const TzSoapElementImp* element_ = nullptr;
+    TzSoapAttributeSet converted_;
+    TzCString text_; // of a reference without target
+};
