@@ -40,16 +40,17 @@ template <typename Lock> void TzTCountingBody<Lock>::dispose(TzTCountingBody* bo
     waiting.deleting = false;
 }
 
-template <typename Lock> void TzTCountingBody<Lock>::addInRing() noexcept {
-    TzTRing<Lock>::add(*TzTRing<Lock>::memberOf(*this));
+template <typename Lock> void TzTCountingBody<Lock>::addInRing(std::uintptr_t ring) noexcept {
+    TzTRing<Lock>::add(TzTRing<Lock>::countedAt(ring));
 }
 
-template <typename Lock> bool TzTCountingBody<Lock>::removeInRing() noexcept {
-    return TzTRing<Lock>::remove(*TzTRing<Lock>::memberOf(*this));
+template <typename Lock> bool TzTCountingBody<Lock>::removeInRing(std::uintptr_t ring) noexcept {
+    return TzTRing<Lock>::remove(TzTRing<Lock>::countedAt(ring));
 }
 
-template <typename Lock> std::uintptr_t TzTCountingBody<Lock>::countInRing() const noexcept {
-    return TzTRing<Lock>::count(*TzTRing<Lock>::memberOf(*this));
+template <typename Lock>
+std::uintptr_t TzTCountingBody<Lock>::countInRing(std::uintptr_t ring) noexcept {
+    return TzTRing<Lock>::count(TzTRing<Lock>::countedAt(ring));
 }
 
 template class TzTCountingBody<TzMutexLock>;

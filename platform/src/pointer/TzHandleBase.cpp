@@ -7,16 +7,16 @@
 
 using Ring = TzTRing<TzMutexLock>;
 
-TzHandleBase::Place TzHandleBase::shareLink(Place link) noexcept {
-    Ring::Member& member = Ring::memberOf(link);
+void TzHandleBase::copyLink() noexcept {
+    Ring::Member& member = Ring::memberOf(place_);
     Ring::add(member);
-    return placeOf(member.body);
+    place_ = placeOf(member.body);
 }
 
-TzHandleBase::Place TzHandleBase::leaveRing(Place link) noexcept {
-    Ring::Member& member = Ring::memberOf(link);
+void TzHandleBase::takeLink() noexcept {
+    Ring::Member& member = Ring::memberOf(place_);
     Ring::turnLink(member);
-    return placeOf(member.body);
+    place_ = placeOf(member.body);
 }
 
 void TzHandleBase::releaseLink(Place link) noexcept { Ring::removeLink(Ring::memberOf(link)); }

@@ -35,7 +35,7 @@ public:
     /// Where the ring of `body` keeps its books on it, null when it is in none.
     static Member* find(const Body& body) noexcept {
         const Guard guard(body.lock());
-        return body.isInRing() ? memberOf(body) : nullptr;
+        return Body::isCount(body.count_) ? nullptr : &countedAt(body.count_);
     }
 
     /// Takes the counts of all bodies over, and holds them until `letGo`.
@@ -44,7 +44,7 @@ public:
         for (Member& member : members_) {
             const Guard bodyGuard(member.body->lock());
             member.references = member.body->count_;
-            member.body->count_ = InRing | reinterpret_cast<std::uintptr_t>(&member) >> 1;
+            member.body->count_ = InRing | reinterpret_cast<std::uintptr_t>(&member) >> 1U;
             outside_ += member.references;
         }
         uses_ = members_.size();
@@ -118,10 +118,10 @@ public:
         return member.references;
     }
 
-    /// The member that the count of `body`, which is in a ring, tells of.
-    static Member* memberOf(const Body& body) noexcept {
+    /// The member that stands in place of the count of a body.
+    static Member& countedAt(std::uintptr_t count) noexcept {
         // NOLINTNEXTLINE(performance-no-int-to-ptr): it was made of a pointer
-        return reinterpret_cast<Member*>(body.count_ << 1);
+        return *reinterpret_cast<Member*>(count << 1U);
     }
 
     /// `member` as an odd number, for its links to hold in place of an address.
@@ -130,7 +130,7 @@ public:
         return reinterpret_cast<std::uintptr_t>(&member) + 1;
     }
 
-    /// The member that a number stands for.
+    /// The member that such a number stands for.
     static Member& memberOf(std::uintptr_t number) noexcept {
         // NOLINTNEXTLINE(performance-no-int-to-ptr): it was made of a pointer
         return *reinterpret_cast<Member*>(number - 1);

@@ -18,24 +18,25 @@ public:
 
 protected:
     /// A handle to `body`, which may be null; counts one reference.
-    explicit TzHandleBase(TzBodyBase* body) noexcept : place_(placeOf(body)) {
-        if (isBody(place_)) [[likely]] {
-            body->addReference();
-        }
+    explicit TzHandleBase(TzBodyBase* body) noexcept : place_(placeOf(body)) { retain(); }
+    TzHandleBase(const TzHandleBase& other) noexcept : place_(other.place_) { retain(); }
+    TzHandleBase(TzHandleBase&& other) noexcept : place_(std::exchange(other.place_, NoBody)) {
+        leaveRing();
     }
-    TzHandleBase(const TzHandleBase& other) noexcept : place_(other.share()) {}
-    TzHandleBase(TzHandleBase&& other) noexcept : place_(other.give()) {}
     TzHandleBase& operator=(const TzHandleBase& other) noexcept {
         if (place_ != other.place_) {
             // The new body may hang below the old one, so it is held before the old one goes.
-            const Place place = other.share();
-            release(std::exchange(place_, place));
+            const Place old = std::exchange(place_, other.place_);
+            retain();
+            release(old);
         }
         return *this;
     }
     TzHandleBase& operator=(TzHandleBase&& other) noexcept {
-        const Place place = other.give();
-        release(std::exchange(place_, place));
+        const Place place = std::exchange(other.place_, NoBody);
+        const Place old = std::exchange(place_, place);
+        leaveRing();
+        release(old);
         return *this;
     }
 
@@ -49,7 +50,8 @@ protected:
     void attachBody(TzBodyBase* body) noexcept { place_ = placeOf(body); }
     /// Gives the body up without counting and returns it.
     TzBodyBase* detachBody() noexcept {
-        const Place place = give();
+        leaveRing();
+        const Place place = std::exchange(place_, NoBody);
         return isBody(place) ? bodyAt(place) : nullptr;
     }
 
@@ -71,16 +73,21 @@ private:
         return reinterpret_cast<TzBodyBase*>(place);
     }
 
-    Place share() const noexcept {
+    // Counts one reference more to what the place was copied from.
+    void retain() noexcept {
         if (isBody(place_)) [[likely]] {
             bodyAt(place_)->addReference();
-            return place_;
+        } else if (place_ != NoBody) {
+            copyLink();
         }
-        return place_ == NoBody ? NoBody : shareLink(place_);
     }
-    Place give() noexcept {
-        const Place place = std::exchange(place_, NoBody);
-        return isBody(place) || place == NoBody ? place : leaveRing(place);
+    // The place was taken from another handle: only that one may have been a link.
+    void leaveRing() noexcept {
+        if (!isBody(place_)) [[unlikely]] {
+            if (place_ != NoBody) {
+                takeLink();
+            }
+        }
     }
     static void release(Place place) noexcept {
         if (isBody(place)) [[likely]] {
@@ -94,8 +101,8 @@ private:
     }
 
     // What links of a ring do instead.
-    static Place shareLink(Place link) noexcept;
-    static Place leaveRing(Place link) noexcept;
+    void copyLink() noexcept;
+    void takeLink() noexcept;
     static void releaseLink(Place link) noexcept;
     TzBodyBase* linkedBody() const noexcept;
     TzBodyBase& linkedBodyBase() const;

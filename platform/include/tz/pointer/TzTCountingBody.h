@@ -20,37 +20,39 @@ public:
 
     /// Counts one more reference.
     void addReference() noexcept {
+        std::uintptr_t ring = 0;
         {
             const typename TzTMonitor<Lock>::Guard guard(this->lock());
-            if (!isInRing()) [[likely]] {
-                ++count_;
+            if (isCount(++count_)) [[likely]] {
                 return;
             }
+            ring = --count_;
         }
-        addInRing();
+        addInRing(ring);
     }
 
     /// Counts one reference less; true when it was the last one and the caller must dispose of the
     /// body.
     [[nodiscard]] bool removeReference() noexcept {
+        std::uintptr_t ring = 0;
         {
             const typename TzTMonitor<Lock>::Guard guard(this->lock());
-            if (!isInRing()) [[likely]] {
-                return --count_ == 0;
+            if (isCount(--count_)) [[likely]] {
+                return count_ == 0;
             }
+            ring = ++count_;
         }
-        return removeInRing();
+        return removeInRing(ring);
     }
 
     /// Number of references at this moment.
     std::uintptr_t referenceCount() const noexcept {
+        std::uintptr_t count = 0;
         {
             const typename TzTMonitor<Lock>::Guard guard(this->lock());
-            if (!isInRing()) {
-                return count_;
-            }
+            count = count_;
         }
-        return countInRing();
+        return isCount(count) ? count : countInRing(count);
     }
 
     /// Deletes a body without references.
@@ -68,11 +70,14 @@ private:
     friend class TzTRing<Lock>;
     struct Waiting;
 
-    // No count comes near the highest bit.
-    bool isInRing() const noexcept { return static_cast<std::intptr_t>(count_) < 0; }
-    void addInRing() noexcept;
-    bool removeInRing() noexcept;
-    std::uintptr_t countInRing() const noexcept;
+    // No count comes near the highest bit. Where the ring counts must be read under the lock, as
+    // others change it for a moment before they notice.
+    static bool isCount(std::uintptr_t count) noexcept {
+        return static_cast<std::intptr_t>(count) >= 0;
+    }
+    static void addInRing(std::uintptr_t ring) noexcept;
+    static bool removeInRing(std::uintptr_t ring) noexcept;
+    static std::uintptr_t countInRing(std::uintptr_t ring) noexcept;
 
     // Counts while the body lives, or says where its ring counts, with the highest bit set; links
     // to the next one that waits for deletion when it does not.
