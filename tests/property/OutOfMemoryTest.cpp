@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include <soap/TzSoapCatalog.h>
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapFault.h>
+#include <soap/TzSoapFaultMessage.h>
+#include <soap/TzSoapHttpBinding.h>
+#include <soap/TzSoapHttpTransportContext.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapMisunderstoodType.h>
+#include <soap/TzSoapNode.h>
 #include <soap/TzSoapReferenceType.h>
 #include <soap/TzSoapSerializer.h>
 #include <soap/TzSoapSimpleType.h>
@@ -12,6 +17,7 @@
 #include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimeMultipart.h>
 #include <tz/mime/TzMimePart.h>
+#include <tz/xml/TzXmlError.h>
 
 #include "support/AllocationFailure.h"
 #include "support/WireForm.h"
@@ -23,6 +29,7 @@
 
 #include <string>
 #include <tuple>
+#include <utility>
 
 // Every allocation of every operation fails once, and once with all that follow: the failure
 // arrives as std::bad_alloc, everything taken is given back, and what was there can be used.
@@ -188,6 +195,60 @@ TEST_P(OutOfMemoryIn, converting) {
 TEST_P(OutOfMemoryIn, copying) {
     const TzSoapMessage message = build(version(), true);
     failEach([&message] { message.copy(); }, 40);
+}
+
+TEST_P(OutOfMemoryIn, refusingAText) {
+    failEach(
+        [this] {
+            try {
+                extract(wire.body("<a " + wire.ref("b") + "><c/></a>"));
+            } catch (const TzXmlError& error) {
+                EXPECT_EQ(error.getMessage().getId(), tzsoap_ILLEGAL_REFERENCE()->id);
+            }
+        },
+        20);
+}
+
+TEST_P(OutOfMemoryIn, answeringWithAFault) {
+    const TzSoapMessage message = build(version());
+    failEach(
+        [&] {
+            const TzSoapNode node({LongText}, {TzXmlName("understood")});
+            TzSoapFaultMessage::makeMustUnderstand(version(), node.findMisunderstood(message))
+                .asString();
+        },
+        20);
+}
+
+TEST_P(OutOfMemoryIn, callingOverHttp) {
+    const TzSoapMessage message = build(version(), true);
+    failEach(
+        [&] {
+            TzSoapHttpTransportContext context;
+            context.setSoapAction(LongText);
+            const TzCString body = TzSoapHttpBinding::pack(message, context);
+            TzSoapMessage received;
+            TzSoapHttpBinding::unpack(context, body, received);
+        },
+        100);
+}
+
+TEST_P(OutOfMemoryIn, changingAttributes) {
+    failEach(
+        [] {
+            TzSoapType value("element");
+            for (int i = 0; i < 40; ++i) {
+                value.addAttribute(TzXmlName(std::to_string(i) + LongText), LongText);
+            }
+            for (int i = 0; i < 40; i += 3) {
+                value.removeAttribute(TzXmlName(std::to_string(i) + LongText));
+            }
+            EXPECT_TRUE(std::as_const(value).hasAttribute(TzXmlName(std::string("31") + LongText)));
+            value.setEncodingStyle(LongText);
+            value.setActor(LongText);
+            value.setTypeAttribute(TzXmlName(LongText));
+        },
+        100);
 }
 
 TEST_P(OutOfMemoryIn, aMessageThatCouldNotBeWrittenIsWrittenLater) {
