@@ -12,9 +12,9 @@ class TzSoapVersionTable;
 ///
 /// One object per version answers for it; the static operations take a version and forward, or
 /// recognise what was met while reading. Everything returned by reference is made on first use,
-/// never changes and lives as long as the process. All operations are O(1) and, but for the first
-/// use and the errors, allocate nothing. Any number of threads may use the class at once, the first
-/// use included.
+/// never changes and lasts until all exit handlers of the process and all destructors of global
+/// objects have run. All operations are O(1) and, but for the first use and the errors, allocate
+/// nothing. Any number of threads may use the class at once, the first use included.
 class TZSOAP_API TzSoapVersion {
     friend class TzSoapVersionTable;
 
