@@ -37,6 +37,7 @@ struct FaultFacts {
     std::string reason;
     std::string node;
     std::string role;
+    std::string detailText; ///< Text in the detail, beside its entries.
 };
 
 /// What there is to say about one element of a message, apart from the elements in it.

@@ -97,6 +97,7 @@ void JsonPrinter::writeFault(const FaultFacts& fault) {
     json_.text(fault.reason);
     writeText("node", fault.node);
     writeText("role", fault.role);
+    writeText("detailText", fault.detailText);
 }
 
 void JsonPrinter::writeNamespaces(const Element& element) {

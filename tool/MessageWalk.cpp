@@ -143,10 +143,14 @@ void MessageWalk::visit(const TzSoapFault& fault) {
     element.kind = "Fault";
     element.role = "fault";
     element.name = fault.getName();
-    FaultFacts& facts = element.fault.emplace(
-        FaultFacts{fault.getCode(), {}, fault.getReason(), fault.getNode(), fault.getRole()});
+    FaultFacts& facts = element.fault.emplace(FaultFacts{fault.getCodeValue(),
+                                                         {},
+                                                         fault.getReason(),
+                                                         fault.getNode(),
+                                                         fault.getRole(),
+                                                         fault.getDetailText()});
     for (unsigned int i = 0; i < fault.getSubcodeCount(); ++i) {
-        facts.subcodes.push_back(fault.getSubcode(i));
+        facts.subcodes.push_back(fault.getSubcodeValue(i));
     }
     sink_.begin(element);
     if (fault.getDetails().childCount() != 0) {

@@ -88,6 +88,9 @@ void TreePrinter::printFault(const FaultFacts& fault) {
     if (!fault.role.empty()) {
         printField("role", fault.role);
     }
+    if (!fault.detailText.empty()) {
+        printField("detailText", fault.detailText);
+    }
 }
 
 void TreePrinter::printAttributes(const Element& element) {

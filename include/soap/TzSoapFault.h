@@ -43,6 +43,9 @@ public:
     void setCode(const TzXmlName& code);
     /// The code, the empty name when not set.
     TzXmlName getCode() const;
+    /// The code without the white space that stood around it when it was read, its prefix resolved
+    /// where it stood; otherwise the same as `getCode`.
+    TzXmlName getCodeValue() const;
     /// The same as `setCode`.
     void setFaultCode(const TzXmlName& code) { setCode(code); }
     /// The same as `getCode`.
@@ -52,6 +55,8 @@ public:
     void addSubcode(const TzXmlName& subcode);
     /// The subcode at `index`, the empty name beyond the last one.
     TzXmlName getSubcode(unsigned int index) const;
+    /// The subcode at `index` as `getCodeValue` has the code. O(log subcodes).
+    TzXmlName getSubcodeValue(unsigned int index) const;
     /// Number of subcodes.
     unsigned int getSubcodeCount() const;
     /// Removes all subcodes.
@@ -98,8 +103,10 @@ public:
     const TzCString& getRole() const;
 
     /// Names `value` after the text `name` and appends it, shared, to the detail; every handle to
-    /// the value sees the new name. `TzTHRInvalidPointer`, and nothing changed, for a value without
-    /// a body.
+    /// the value sees the new name. The text states no namespace: where the value's own name has
+    /// the prefix of the text, its namespace stays; otherwise the name is in none, and a prefix
+    /// that nothing around it declares is written without a declaration, which receivers refuse.
+    /// `TzTHRInvalidPointer`, and nothing changed, for a value without a body.
     void addDetailEntry(const TzCString& name, const TzSoapType& value);
     /// The same for other texts; `TzXmlBadArgError` for a null pointer.
     void addDetailEntry(TzXmlText auto name, const TzSoapType& value) {
@@ -108,6 +115,10 @@ public:
     /// Replaces the detail. The composite is shared: what the fault does to its detail is done to
     /// it. `TzTHRInvalidPointer`, and nothing changed, for one without a body.
     void setDetails(const TzSoapCompositeType& details);
+    /// The text directly inside of the detail, beside its entries, where some senders put the
+    /// cause; "" without any. Read without the white space at its ends; several texts between
+    /// entries are lines of one.
+    const TzCString& getDetailText() const;
     /// The detail and its entries.
     const TzSoapCompositeType& getDetails() const;
 

@@ -11,10 +11,12 @@
 #include <tz/xml/TzXmlAttributeSet.h>
 #include <tz/xml/TzXmlName.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
 
+class TzSoapDetailReader;
 class TzSoapParseContext;
 class TzXmlElementImp;
 
@@ -50,16 +52,24 @@ public:
     const TzXmlName& getCode() const noexcept { return code_; }
     /// Sets the code; any name is accepted.
     void setCode(const TzXmlName& code) { code_ = code; }
+    /// The code without the white space that stood around it when it was read, its prefix resolved
+    /// where it stood; otherwise the code.
+    const TzXmlName& getCodeValue() const noexcept { return readCode_.valueOf(code_); }
     /// Adds a subcode behind those there are.
     void addSubcode(const TzXmlName& subcode) { subcodes_.push_back(subcode); }
     /// The subcode at `index`, the empty name beyond the last one.
     const TzXmlName& getSubcode(unsigned int index) const;
+    /// The subcode at `index` as `getCodeValue` has the code. O(log subcodes).
+    const TzXmlName& getSubcodeValue(unsigned int index) const;
     /// Number of subcodes.
     unsigned int getSubcodeCount() const noexcept {
         return static_cast<unsigned int>(subcodes_.size());
     }
     /// Removes all subcodes.
-    void clearSubcodes() noexcept { subcodes_.clear(); }
+    void clearSubcodes() noexcept {
+        subcodes_.clear();
+        readSubcodes_.clear();
+    }
     /// The reason (fault string), "" when not set.
     const TzCString& getReason() const noexcept { return reason_; }
     /// Sets the reason.
@@ -76,7 +86,10 @@ public:
     const TzSoapCompositeType& getDetails() const noexcept { return details_; }
     /// Replaces the detail; the composite is shared. `TzTHRInvalidPointer` for one without a body.
     void setDetails(const TzSoapCompositeType& details);
-    /// Names `value` after the text `name` and appends it, shared, to the detail.
+    /// The text directly inside of the detail, beside its entries; "" without any.
+    const TzCString& getDetailText() const noexcept { return detailText_; }
+    /// Names `value` after the text `name` and appends it, shared, to the detail. Where the value's
+    /// own name has the prefix of the text, its namespace stays.
     void addDetailEntry(const TzCString& name, const TzSoapType& value);
     /// Empties code, texts and detail and takes the latest version; the subcodes, the fault's name
     /// and that of the detail stay.
@@ -112,10 +125,22 @@ private:
         State state;
     };
     static const Transition Transitions[];
+    /// A code that was read, with the white space around it and without.
+    struct ReadName {
+        TzXmlName asRead;
+        TzXmlName value;
+        std::size_t index = 0; // among the subcodes
+
+        /// The value of `name`, which is the name itself when another one has been set since.
+        const TzXmlName& valueOf(const TzXmlName& name) const noexcept {
+            return name.isSame(asRead) ? value : name;
+        }
+    };
 
     State stateAfter(const TzXmlName& name) const;
     void readDetail(const TzXmlName& name, const TzXmlAttributeSet& attributes);
     void setValue();
+    ReadName codeFromText() const;
     bool takesText() const noexcept;
     void noteUnusedText();
     TzXmlName convertToFaultcode(const TzCString& text) const;
@@ -128,10 +153,14 @@ private:
     TzCString node_;
     TzCString role_;
     TzSoapCompositeType details_;
+    TzCString detailText_;
     State state_ = State::None;
     TzXmlName name_;
     TzSoapVersion::Version version_;
     std::vector<TzXmlName> subcodes_;
-    std::vector<TzXmlAttributeSet> scopes_;    // attributes of the open children, innermost last
+    std::vector<TzXmlAttributeSet> scopes_; // attributes of the open children, innermost last
+    ReadName readCode_;
+    std::vector<ReadName> readSubcodes_;               // in order of their indices
+    std::unique_ptr<TzSoapDetailReader> detailReader_; // while the fault is read
     std::unique_ptr<TzXmlElementImp> element_; // the Fault element's declarations while it is read
 };

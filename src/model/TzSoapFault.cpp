@@ -35,9 +35,15 @@ void TzSoapFault::setCode(const TzXmlName& code) { body().setCode(code); }
 
 TzXmlName TzSoapFault::getCode() const { return body().getCode(); }
 
+TzXmlName TzSoapFault::getCodeValue() const { return body().getCodeValue(); }
+
 void TzSoapFault::addSubcode(const TzXmlName& subcode) { body().addSubcode(subcode); }
 
 TzXmlName TzSoapFault::getSubcode(unsigned int index) const { return body().getSubcode(index); }
+
+TzXmlName TzSoapFault::getSubcodeValue(unsigned int index) const {
+    return body().getSubcodeValue(index);
+}
 
 unsigned int TzSoapFault::getSubcodeCount() const { return body().getSubcodeCount(); }
 
@@ -66,6 +72,8 @@ void TzSoapFault::addDetailEntry(const TzCString& name, const TzSoapType& value)
 void TzSoapFault::setDetails(const TzSoapCompositeType& details) { body().setDetails(details); }
 
 const TzSoapCompositeType& TzSoapFault::getDetails() const { return body().getDetails(); }
+
+const TzCString& TzSoapFault::getDetailText() const { return body().getDetailText(); }
 
 const TzXmlName& TzSoapFault::getName() const { return body().getName(); }
 

@@ -15,9 +15,9 @@ constexpr char Dot[] = ".";
 void TzSoapFaultConversion::prepare(const TzSoapFaultImp& fault, const TzCString& prefix) {
     name_ = TzXmlName(fault.getName().getLocalName(),
                       TzXmlNamespace(prefix, terms_.target().getSoapEnv().getUri()));
-    code_ = fault.getCode();
+    code_ = fault.getCodeValue();
     for (unsigned int i = 0; i < fault.getSubcodeCount(); ++i) {
-        subcodes_.push_back(fault.getSubcode(i));
+        subcodes_.push_back(fault.getSubcodeValue(i));
     }
     splitQualifiers();
     standardise();

@@ -4,10 +4,14 @@
 #include <soap/TzSoapCompositeTypeImp.h>
 #include <soap/TzSoapParseContext.h>
 #include <tz/xml/TzXmlElementImp.h>
+#include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapAccess.h"
 #include "model/TzSoapLasting.h"
+#include "reading/TzSoapDetailReader.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -30,8 +34,9 @@ TzSoapFaultImp::TzSoapFaultImp(const TzXmlName& name, TzSoapVersion::Version ver
 
 TzSoapFaultImp::TzSoapFaultImp(const TzSoapFaultImp& other)
     : TzBodyBase(other), TzSoapContentHandler(other), code_(other.code_), reason_(other.reason_),
-      node_(other.node_), role_(other.role_), details_(other.details_.copy()), name_(other.name_),
-      version_(other.version_) {}
+      node_(other.node_), role_(other.role_), details_(other.details_.copy()),
+      detailText_(other.detailText_), name_(other.name_), version_(other.version_),
+      readCode_(other.readCode_) {}
 
 TzSoapFaultImp::~TzSoapFaultImp() = default;
 
@@ -61,8 +66,21 @@ void TzSoapFaultImp::setDetails(const TzSoapCompositeType& details) {
     details_ = details;
 }
 
+const TzXmlName& TzSoapFaultImp::getSubcodeValue(unsigned int index) const {
+    const auto read = std::lower_bound(
+        readSubcodes_.begin(), readSubcodes_.end(), std::size_t{index},
+        [](const ReadName& name, std::size_t wanted) { return name.index < wanted; });
+    const bool wasRead = read != readSubcodes_.end() && read->index == index;
+    return wasRead ? read->valueOf(getSubcode(index)) : getSubcode(index);
+}
+
 void TzSoapFaultImp::addDetailEntry(const TzCString& name, const TzSoapType& value) {
-    TzSoapAccess::body(value).setName(TzXmlName(name));
+    TzXmlName named(name);
+    const TzXmlName& own = value.getName();
+    if (!named.getPrefix().empty() && named.getPrefix() == own.getPrefix()) {
+        named.setNamespace(own.getNamespace());
+    }
+    TzSoapAccess::body(value).setName(named);
     details_.appendChild(value);
 }
 
@@ -72,6 +90,7 @@ void TzSoapFaultImp::clear() {
     node_.clear();
     role_.clear();
     details_.clearChildren();
+    detailText_.clear();
     TzSoapAccess::body(details_).clearElement();
     version_ = TzSoapVersion::getLatestVersion();
     state_ = State::None;
@@ -114,7 +133,8 @@ void TzSoapFaultImp::readDetail(const TzXmlName& name, const TzXmlAttributeSet& 
     // The detail's end comes to the detail, which receives from here on.
     scopes_.pop_back();
     state_ = State::None;
-    TzSoapAccess::body(details_).populate(name, attributes, context());
+    detailReader_ = std::make_unique<TzSoapDetailReader>(TzSoapAccess::body(details_), detailText_);
+    detailReader_->populate(name, attributes, context());
 }
 
 void TzSoapFaultImp::characters(const TzCString& text) {
@@ -144,6 +164,7 @@ void TzSoapFaultImp::endElement(const TzXmlName&) {
     }
     namespaces.pop_back();
     element_.reset();
+    detailReader_.reset();
     declineEvents();
 }
 
@@ -172,10 +193,12 @@ void TzSoapFaultImp::setValue() {
     switch (state) {
     case State::Code:
     case State::CodeValue:
-        code_ = convertToFaultcode(text_);
+        readCode_ = codeFromText();
+        code_ = readCode_.asRead;
         break;
     case State::SubcodeValue:
-        subcodes_.push_back(convertToFaultcode(text_));
+        readSubcodes_.push_back(codeFromText());
+        subcodes_.push_back(readSubcodes_.back().asRead);
         break;
     case State::Reason:
         reason_ = text_;
@@ -191,6 +214,13 @@ void TzSoapFaultImp::setValue() {
     case State::Detail:
         break;
     }
+}
+
+TzSoapFaultImp::ReadName TzSoapFaultImp::codeFromText() const {
+    ReadName name{convertToFaultcode(text_), {}, subcodes_.size()};
+    const std::string_view value = TzXmlUtils::trim(text_);
+    name.value = value.size() < text_.size() ? convertToFaultcode(TzCString(value)) : name.asRead;
+    return name;
 }
 
 TzXmlName TzSoapFaultImp::convertToFaultcode(const TzCString& text) const {

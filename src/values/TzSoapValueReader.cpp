@@ -49,12 +49,6 @@ constexpr std::array<Alias, 7> Aliases = {{
 /// More references in a row than anybody sends: a reference that leads to itself ends here.
 constexpr int MostReferences = 100;
 
-std::string_view trim(std::string_view text) noexcept {
-    text.remove_prefix(std::min(text.find_first_not_of(TzXmlUtils::WhiteSpace), text.size()));
-    text.remove_suffix(text.size() - (text.find_last_not_of(TzXmlUtils::WhiteSpace) + 1));
-    return text;
-}
-
 std::optional<bool> toBool(std::string_view text) noexcept {
     if (text == "1" || text == "true") {
         return true;
@@ -174,10 +168,11 @@ void TzSoapValueReader::readNull() {
         return;
     }
     const TzSoapType& value = value_;
-    null_ = std::any_of(
-        value.attributesBegin(), value.attributesEnd(), [](const TzXmlAttribute& attribute) {
-            return isNullAttribute(attribute) && toBool(trim(attribute.getValue())).value_or(false);
-        });
+    null_ = std::any_of(value.attributesBegin(), value.attributesEnd(),
+                        [](const TzXmlAttribute& attribute) {
+                            return isNullAttribute(attribute) &&
+                                   toBool(TzXmlUtils::trim(attribute.getValue())).value_or(false);
+                        });
 }
 
 TzSoapContentBase::SchemaType TzSoapValueReader::getType() const {
@@ -275,7 +270,7 @@ std::string_view TzSoapValueReader::trimmed(const char* wanted) const {
     if (null_) {
         refuse(wanted);
     }
-    return trim(text_);
+    return TzXmlUtils::trim(text_);
 }
 
 template <typename Number> Number TzSoapValueReader::integer(const char* wanted) const {

@@ -439,4 +439,109 @@ TEST(TzSoapFaultReading, whatIsWrittenIsReadAgain) {
     }
 }
 
+TEST(TzSoapFaultReading, theValueOfACodeHasNoWhiteSpaceAroundIt) {
+    const TzSoapFault fault = fault11("<faultcode>\n S:Client\n\t</faultcode>");
+    EXPECT_EQ(fault.getCode().getLocalName(), "Client\n\t");
+    EXPECT_EQ(fault.getCodeValue(), TzXmlName("Client", TzXmlNamespace("S", uri11)));
+    EXPECT_EQ(fault.getCodeValue().getPrefix(), "S");
+}
+
+TEST(TzSoapFaultReading, theValueOfACodeIsResolvedWhereItStands) {
+    EXPECT_EQ(fault11("<faultcode xmlns:c='urn:code'> c:Full </faultcode>").getCodeValue(),
+              TzXmlName("Full", TzXmlNamespace("c", "urn:code")));
+    EXPECT_EQ(
+        fault12("<e:Code xmlns:c='urn:code'><e:Value> c:Full </e:Value></e:Code>").getCodeValue(),
+        TzXmlName("Full", TzXmlNamespace("c", "urn:code")));
+}
+
+TEST(TzSoapFaultReading, theValuesOfSubcodesHaveNoWhiteSpaceAroundThem) {
+    const TzSoapFault fault =
+        fault12("<e:Code xmlns:c='urn:code'><e:Value>e:Sender</e:Value>"
+                "<e:Subcode><e:Value> c:One </e:Value><e:Subcode><e:Value>c:Two</e:Value>"
+                "</e:Subcode></e:Subcode></e:Code>");
+    const TzXmlNamespace code("c", "urn:code");
+    EXPECT_EQ(fault.getSubcode(0).getLocalName(), "One ");
+    EXPECT_EQ(fault.getSubcodeValue(0), TzXmlName("One", code));
+    EXPECT_EQ(fault.getSubcodeValue(1), TzXmlName("Two", code));
+    EXPECT_EQ(fault.getSubcodeValue(2), TzXmlName());
+    EXPECT_EQ(fault.getCodeValue(), TzXmlName("Sender", TzXmlNamespace("e", uri12)));
+}
+
+TEST(TzSoapFaultReading, theValueOfACodeThatWasSetIsTheCode) {
+    TzSoapFault fault = fault11("<faultcode> S:Client </faultcode>");
+    fault.setCode(TzXmlName(" own "));
+    EXPECT_EQ(fault.getCodeValue(), TzXmlName(" own "));
+    fault.addSubcode(TzXmlName("sub"));
+    EXPECT_EQ(fault.getSubcodeValue(0), TzXmlName("sub"));
+    fault.clear();
+    EXPECT_EQ(fault.getCodeValue(), TzXmlName());
+}
+
+TEST(TzSoapFaultReading, theValueOfASubcodeAddedAfterOthersWereRemovedIsTheSubcode) {
+    TzSoapFault fault =
+        fault12("<e:Code><e:Value>e:Sender</e:Value><e:Subcode><e:Value> a </e:Value></e:Subcode>"
+                "</e:Code>");
+    EXPECT_EQ(fault.getSubcodeValue(0), TzXmlName("a"));
+    fault.clearSubcodes();
+    fault.addSubcode(TzXmlName("b"));
+    EXPECT_EQ(fault.getSubcodeValue(0), TzXmlName("b"));
+}
+
+TEST(TzSoapFaultReading, aCopyKeepsTheValueOfItsCode) {
+    EXPECT_EQ(fault11("<faultcode> S:Client </faultcode>").copy().getCodeValue(),
+              TzXmlName("Client", TzXmlNamespace("S", uri11)));
+}
+
+TEST(TzSoapFaultReading, textDirectlyInsideOfTheDetailIsKept) {
+    EXPECT_EQ(fault11("<detail>out of money</detail>").getDetailText(), "out of money");
+    EXPECT_EQ(fault12("<e:Detail>out of <![CDATA[<money>]]></e:Detail>").getDetailText(),
+              "out of <money>");
+    EXPECT_EQ(fault11("<detail/>").getDetailText(), "");
+}
+
+TEST(TzSoapFaultReading, textBesideTheEntriesOfTheDetailIsKeptInLines) {
+    const TzSoapFault fault =
+        fault11("<detail>\n one <a/>\n<b><c/>not this</b> two\n lines <d>nor this</d>\n</detail>");
+    EXPECT_EQ(fault.getDetailText(), "one\ntwo\n lines");
+    EXPECT_EQ(detailOf(fault), "a b d");
+}
+
+TEST(TzSoapFaultReading, theTextOfTheDetailIsKeptUntilItIsCleared) {
+    TzSoapFault fault = fault11("<detail>cause</detail>");
+    EXPECT_EQ(fault.copy().getDetailText(), "cause");
+    fault.clear();
+    EXPECT_EQ(fault.getDetailText(), "");
+}
+
+TEST(TzSoapFaultReading, whiteSpaceInTheDetailIsNoText) {
+    EXPECT_EQ(fault11("<detail>\n <a/>\t</detail>").getDetailText(), "");
+}
+
+TEST(TzSoapFaultReading, textInTheDetailIsNotReportedAsDropped) {
+    EXPECT_FALSE(read(message11("<S:Fault><detail>a<b/>c</detail></S:Fault>")).hasDroppedText());
+    EXPECT_TRUE(
+        read(message11("<S:Fault><detail><b>a<c/></b></detail></S:Fault>")).hasDroppedText());
+}
+
+TEST(TzSoapFaultReading, whatFollowsADetailWithTextIsRead) {
+    TzSoapMessage message =
+        read(message11("<S:Fault><detail>a<b><c/></b></detail><faultstring>r</faultstring>"
+                       "</S:Fault><x><y/></x>"));
+    EXPECT_EQ(message.getSoapBody().getSoapFault().getReason(), "r");
+    EXPECT_EQ(message.getSoapBody().getChild("x/y").getName(), TzXmlName("y"));
+}
+
+TEST(TzSoapFaultReading, theTextOfTheDetailIsForgottenByTheNextReading) {
+    TzSoapMessage message = read(message11("<S:Fault><detail>a</detail></S:Fault>"));
+    message.extract(message11("<S:Fault><detail/></S:Fault>"));
+    EXPECT_EQ(message.getSoapBody().getSoapFault().getDetailText(), "");
+}
+
+TEST(TzSoapFaultReading, aReadingThatEndsWithinADetailLeavesTheMessageUsable) {
+    TzSoapMessage message;
+    EXPECT_THROW(message.extract(message11("<S:Fault><detail>a<b>")), TzXmlParseError);
+    message.extract(message11("<S:Fault><detail>c</detail></S:Fault>"));
+    EXPECT_EQ(message.getSoapBody().getSoapFault().getDetailText(), "c");
+}
+
 } // namespace

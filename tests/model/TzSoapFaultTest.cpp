@@ -309,4 +309,23 @@ TEST(TzSoapFault, everyOperationWithoutABodyIsRefused) {
     }
 }
 
+TEST(TzSoapFault, aDetailEntryKeepsTheNamespaceOfItsPrefix) {
+    TzSoapFault f;
+    TzSoapType value(TzXmlName("x", TzXmlNamespace("e", "urn:errors")));
+    f.addDetailEntry("e:cause", value);
+    EXPECT_EQ(value.getName(), TzXmlName("cause", TzXmlNamespace("e", "urn:errors")));
+    EXPECT_EQ(value.getName().getPrefix(), "e");
+}
+
+TEST(TzSoapFault, aDetailEntryUnderAnotherPrefixIsInNoNamespace) {
+    TzSoapFault f;
+    TzSoapType value(TzXmlName("x", TzXmlNamespace("e", "urn:errors")));
+    f.addDetailEntry("f:cause", value);
+    EXPECT_EQ(value.getName().getUri(), "");
+    EXPECT_EQ(value.getName().getPrefix(), "f");
+    TzSoapType unprefixed(TzXmlName("x", TzXmlNamespace("", "urn:errors")));
+    f.addDetailEntry("cause", unprefixed);
+    EXPECT_EQ(unprefixed.getName(), TzXmlName("cause"));
+}
+
 } // namespace

@@ -413,6 +413,16 @@ TEST(TzSoapVersionConverterFault, TranslatesTheCodes) {
     EXPECT_EQ(faultOf(to11(fault12(value("S:Sender")))).getCode().getUri(), env11);
 }
 
+TEST(TzSoapVersionConverterFault, WhiteSpaceAroundCodesIsNoPartOfThem) {
+    const Converted done = to12(fault11("\n S:Client.Bad\n"));
+    EXPECT_EQ(faultOf(done).getCode().asString(), "S:Sender");
+    EXPECT_EQ(faultOf(done).getSubcode(0), TzXmlName("Bad"));
+    EXPECT_EQ(done.losses, Losses{});
+    const Converted back = to11(fault12(value("\tS:Sender ") + subcode(value(" Bad "))));
+    EXPECT_TRUE(back.has("<faultcode>S:Client.Bad</faultcode>")) << back.wire;
+    EXPECT_EQ(back.losses, Losses{});
+}
+
 TEST(TzSoapVersionConverterFault, CodesThatSoap11LacksQualifyAnother) {
     const Converted done = to11(fault12(value("S:DTDNotSupported")));
     EXPECT_TRUE(done.has("<faultcode>S:Client.DTDNotSupported</faultcode>")) << done.wire;

@@ -67,6 +67,19 @@ TEST(Show, JsonOfEverySampleIsJson) {
     EXPECT_GT(shown, 40U);
 }
 
+TEST(Show, AFaultIsPrintedWithoutTheWhiteSpaceAroundItsCode) {
+    const std::string text = head +
+                             "<S:Fault><faultcode>\n S:Client\n</faultcode><faultstring>no"
+                             "</faultstring><detail>out of money</detail></S:Fault>" +
+                             foot;
+    const Json fault = showJson(text)["body"]["fault"];
+    EXPECT_EQ(fault["code"]["name"], "Client");
+    EXPECT_EQ(fault["code"]["namespace"], "http://schemas.xmlsoap.org/soap/envelope/");
+    EXPECT_EQ(fault["detailText"], "out of money");
+    const std::string tree = ToolDirectory().run({"show"}, text).out;
+    EXPECT_NE(tree.find("detailText \"out of money\"\n"), std::string::npos) << tree;
+}
+
 TEST(Show, SeveralDocumentsFollowOneAnother) {
     const ToolDirectory here;
     const std::string file = data("fault12.xml").string();

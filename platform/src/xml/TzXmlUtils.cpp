@@ -6,6 +6,8 @@
 
 #include "../tools/TzTextReader.h"
 
+#include <algorithm>
+
 namespace {
 
 [[noreturn]] void refuse(TzCString text) { throw TzXmlBadArgError(TzMessage(std::move(text))); }
@@ -102,6 +104,12 @@ TzDateTime readTime(TzTextReader& reader, std::chrono::year_month_day day) {
 bool beginsWithTime(std::string_view text) { return text.size() > 2 && text[2] == ':'; }
 
 } // namespace
+
+std::string_view TzXmlUtils::trim(std::string_view text) noexcept {
+    text.remove_prefix(std::min(text.find_first_not_of(WhiteSpace), text.size()));
+    text.remove_suffix(text.size() - (text.find_last_not_of(WhiteSpace) + 1));
+    return text;
+}
 
 std::string_view TzXmlUtils::requireText(const char* text) {
     if (text == nullptr) {

@@ -29,6 +29,8 @@ public:
 
     TzXmlUtils() = delete;
 
+    /// `text` without the white space at its ends.
+    static std::string_view trim(std::string_view text) noexcept;
     /// `text`, which stays the caller's; `TzXmlBadArgError` for a null pointer.
     static std::string_view requireText(const char* text);
 

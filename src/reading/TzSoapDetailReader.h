@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapContentHandler.h>
+#include <tz/tools/TzCString.h>
+
+class TzSoapCompositeTypeImp;
+class TzSoapParseContext;
+class TzXmlAttributeSet;
+
+/// Stands before the detail of a fault while that is read: hands its elements on and keeps the text
+/// directly inside of it, which a composite has no place for.
+class TzSoapDetailReader final : public TzSoapContentHandler {
+public:
+    /// A reader that adds to `text` what is not white space, a line for each text between two tags;
+    /// both arguments outlive the reading.
+    TzSoapDetailReader(TzSoapCompositeTypeImp& detail, TzCString& text) noexcept
+        : detail_(detail), text_(text) {}
+
+    /// The detail element starts.
+    void populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
+                  TzSoapParseContext* context);
+    void startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) override;
+    void endElement(const TzXmlName& name) override;
+    void characters(const TzCString& text) override;
+
+private:
+    TzSoapCompositeTypeImp& detail_;
+    TzCString& text_;
+};
