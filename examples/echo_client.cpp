@@ -115,8 +115,7 @@ TzSoapReferenceType attachment(const char* name, const std::string& file) {
 TzSoapMessage makeRequest(TzSoapVersion::Version version, const char* file) {
     TzSoapMessage message(version);
     message.setProlog(TzXmlProlog());
-    message.addNamespaceAttribute(TzXmlNamespace::getXsd());
-    message.addNamespaceAttribute(TzXmlNamespace::getXsi());
+    message.declareTypeNamespaces(); // or receivers do not know what "xsd:int" means
     // The service must understand this entry, or refuse the request.
     const TzSoapSimpleType ticket(TzXmlName("echo", service()), "ticket 7", Base::xsdString, true);
     message.getSoapHeader().appendHeaderEntry(ticket, true);
@@ -184,7 +183,7 @@ int main(int argc, char** argv) {
         const TzSoapBody& body = answer.getSoapBody();
         if (body.hasFaultElement()) {
             const TzSoapFault& fault = body.getSoapFault();
-            throw std::runtime_error("fault " + fault.getCode().getQualifiedName() + ": " +
+            throw std::runtime_error("fault " + fault.getCodeValue().getQualifiedName() + ": " +
                                      fault.getReason());
         }
         std::cout << "--- the order in the answer ---\n"

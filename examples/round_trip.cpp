@@ -21,8 +21,7 @@ const TzXmlNamespace& stock() {
 TzSoapMessage emptyMessage(TzSoapVersion::Version version) {
     TzSoapMessage message(version);
     message.setProlog(TzXmlProlog());
-    message.addNamespaceAttribute(TzXmlNamespace::getXsd());
-    message.addNamespaceAttribute(TzXmlNamespace::getXsi());
+    message.declareTypeNamespaces(); // or receivers do not know what "xsd:int" means
     return message;
 }
 
@@ -80,8 +79,8 @@ void printTree(TzSoapMessage& message) {
     }
     if (body.hasSoapFault()) {
         const TzSoapFault& fault = body.getSoapFault();
-        std::cout << "  fault: " << fault.getCode().getQualifiedName() << ", " << fault.getReason()
-                  << ", by " << fault.getNode() << '\n';
+        std::cout << "  fault: " << fault.getCodeValue().getQualifiedName() << ", "
+                  << fault.getReason() << ", by " << fault.getNode() << '\n';
         printValue(fault.getDetails(), "    ");
     }
 }

@@ -87,7 +87,7 @@ public:
     /// Whether the last `extract` left text out because the model has no place for it: text other
     /// than white space beside the children of Envelope, Header, Body, a composite value or an
     /// array, in a reference, in a Misunderstood entry, and directly in a Fault or in those of its
-    /// children that hold elements. False before the first `extract`.
+    /// children that hold elements, the detail excepted. False before the first `extract`.
     bool hasDroppedText() const;
     /// How much text the last `extract` left out, and where the first of it was; see
     /// `hasDroppedText`.
@@ -151,6 +151,11 @@ public:
     /// SOAP 1.2 message; not changed by `setVersion`.
     TzCString getSoapEncodingPrefix() const;
 
+    /// Declares on the envelope what the types of values need: `xsd` for the texts of types, such
+    /// as "xsd:int", and `xsi` for the attributes that carry them. A writer declares the namespaces
+    /// of names, not those of texts, so that without this call receivers that look the prefix up
+    /// refuse the message. A prefix that the envelope declares already keeps its namespace.
+    void declareTypeNamespaces();
     /// Sets the XML declaration that is written first.
     void setProlog(const TzXmlProlog& prolog);
     /// The XML declaration, a default one when none is set. Reading sets none.

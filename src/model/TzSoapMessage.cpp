@@ -48,6 +48,14 @@ void TzSoapMessage::setSoapEncodingPrefix(const TzCString& prefix) {
 
 TzCString TzSoapMessage::getSoapEncodingPrefix() const { return body().getSoapEncodingPrefix(); }
 
+void TzSoapMessage::declareTypeNamespaces() {
+    for (const TzXmlNamespace& declared : {TzXmlNamespace::getXsd(), TzXmlNamespace::getXsi()}) {
+        if (findNamespaceAttribute(declared.getPrefix()) == attributesEnd()) {
+            addNamespaceAttribute(declared);
+        }
+    }
+}
+
 void TzSoapMessage::setProlog(const TzXmlProlog& prolog) { body().setProlog(prolog); }
 
 const TzXmlProlog& TzSoapMessage::getProlog() const { return body().getProlog(); }

@@ -69,8 +69,7 @@ private:
 TzSoapMessage makeRequest(const std::string& operation, const std::vector<TzSoapType>& parameters) {
     TzSoapMessage request(TzSoapVersion::V1_1);
     request.setProlog(TzXmlProlog());
-    request.addNamespaceAttribute(TzXmlNamespace::getXsd());
-    request.addNamespaceAttribute(TzXmlNamespace::getXsi());
+    request.declareTypeNamespaces();
     TzSoapCompositeType call(TzXmlName(operation, service()));
     for (const TzSoapType& parameter : parameters) {
         call.appendChild(parameter);

@@ -411,6 +411,7 @@ TEST(TzSoapMessage, everyOperationWithoutABodyIsRefused) {
         [&] { constant.getProlog(); },
         [&] { constant.hasProlog(); },
         [&] { none.removeProlog(); },
+        [&] { none.declareTypeNamespaces(); },
         [&] { none.setTypeRegistry(TzSoapTypeRegistry()); },
         [&] { none.getTypeRegistry(); },
         [&] { constant.getTypeRegistry(); },

@@ -29,6 +29,36 @@ TEST(TzSoapWriterMessage, WritesSoap11) {
 )");
 }
 
+TEST(TzSoapWriterMessage, DeclaresWhatTypesNeedOnce) {
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    message.declareTypeNamespaces();
+    message.declareTypeNamespaces();
+    for (const char* name : {"a", "b"}) {
+        message.getSoapBody().appendEntry(
+            TzSoapSimpleType(TzXmlName(name), 5, TzSoapType::xsdInt, true));
+    }
+    const std::string text = wire(message);
+    EXPECT_TRUE(text.starts_with(
+        "<SOAP-ENV:Envelope xmlns:SOAP-ENV=\"http://schemas.xmlsoap.org/soap/envelope/\" "
+        "xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\" "
+        "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">\n"))
+        << text;
+    EXPECT_EQ(text.find("xmlns:xs", text.find('\n')), std::string::npos) << text;
+}
+
+TEST(TzSoapWriterMessage, KeepsWhatPrefixesOfTypesMeanAlready) {
+    TzSoapMessage message(TzSoapVersion::V1_1);
+    message.addNamespaceAttribute("xsd", "http://www.w3.org/1999/XMLSchema");
+    message.declareTypeNamespaces();
+    EXPECT_EQ(
+        wire(message),
+        R"(<SOAP-ENV:Envelope xmlns:SOAP-ENV="http://schemas.xmlsoap.org/soap/envelope/" xmlns:xsd="http://www.w3.org/1999/XMLSchema" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance">
+  <SOAP-ENV:Body>
+  </SOAP-ENV:Body>
+</SOAP-ENV:Envelope>
+)");
+}
+
 TEST(TzSoapWriterMessage, WritesSoap12) {
     TzSoapMessage message;
     message.addNamespaceAttribute(TzXmlNamespace::getXsd());
