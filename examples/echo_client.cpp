@@ -94,6 +94,11 @@ TzSoapMessage post(const std::string& url, const TzSoapMessage& request, const c
     return answer;
 }
 
+/// One second before the year 2027 begins.
+std::chrono::sys_seconds lastMoment() {
+    return std::chrono::sys_days(std::chrono::year(2027) / 1 / 1) - std::chrono::seconds(1);
+}
+
 TzSoapSimpleType simple(const char* name, const TzCString& text, Base::SchemaType type) {
     return {TzXmlName(name), text, type, true};
 }
@@ -123,9 +128,9 @@ TzSoapMessage makeRequest(TzSoapVersion::Version version, const char* file) {
     TzSoapCompositeType order(TzXmlName("order"));
     order.appendChild(simple("customer", "Jürgen & Zoë <Ltd>", Base::xsdString));
     order.appendChild(TzSoapSimpleType("amount", 200, Base::xsdInt, true));
-    order.appendChild(TzSoapSimpleType("price", 17.25, Base::xsdDouble, true));
+    order.appendChild(TzSoapSimpleType::exact("price", 17.25, Base::xsdDouble, true));
     order.appendChild(TzSoapSimpleType("express", true, Base::xsdBoolean, true));
-    order.appendChild(simple("until", "2026-12-31T23:59:59+01:00", Base::xsdDateTime));
+    order.appendChild(TzSoapSimpleType("until", lastMoment(), Base::xsdDateTime, true));
     order.appendChild(
         simple("seal", TzMimeBase64::encode({"\0\xFF\x7F", 3}), Base::xsdBase64Binary));
     TzSoapSimpleType remark = simple("remark", "", Base::xsdString);

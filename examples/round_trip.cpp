@@ -5,7 +5,9 @@
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapSimpleType.h>
+#include <tz/tools/Tzxmsg.h>
 
+#include <chrono>
 #include <iostream>
 #include <string>
 
@@ -33,8 +35,9 @@ TzSoapMessage order(TzSoapVersion::Version version) {
     request.appendChild(TzSoapSimpleType("symbol", "ACME & Sons", Base::xsdString, true));
     request.appendChild(TzSoapSimpleType("amount", 200, Base::xsdInt, true));
     TzSoapCompositeType limit(TzXmlName("limit"));
-    limit.appendChild(TzSoapSimpleType("price", 17.5, Base::xsdDouble, true));
-    limit.appendChild(TzSoapSimpleType("until", "2026-12-31", Base::xsdDate, true));
+    limit.appendChild(TzSoapSimpleType::exact("price", 17.5, Base::xsdDouble, true));
+    const std::chrono::year_month_day lastDay(std::chrono::year(2026) / 12 / 31);
+    limit.appendChild(TzSoapSimpleType("until", lastDay, Base::xsdDate, true));
     request.appendChild(limit);
     message.getSoapBody().appendEntry(request);
     return message;
@@ -61,21 +64,20 @@ void printValue(const TzSoapType& value, const std::string& indent) {
     }
     std::cout << '\n';
     if (const auto composite = tzSoapCast<TzSoapCompositeType>(value)) {
-        for (auto child = composite->childrenBegin(); child != composite->childrenEnd(); ++child) {
-            printValue(*child, indent + "  ");
+        for (const TzSoapType& child : *composite) {
+            printValue(child, indent + "  ");
         }
     }
 }
 
-void printTree(TzSoapMessage& message) {
-    TzSoapHeader& header = message.getSoapHeader();
-    TzSoapBody& body = message.getSoapBody();
+void printTree(const TzSoapMessage& message) {
+    const TzSoapBody& body = message.getSoapBody();
     std::cout << message.getMessageType() << '\n';
-    for (auto entry = header.entriesBegin(); entry != header.entriesEnd(); ++entry) {
-        printValue(*entry, "  header: ");
+    for (const TzSoapType& entry : message.getSoapHeader()) {
+        printValue(entry, "  header: ");
     }
-    for (auto entry = body.entriesBegin(); entry != body.entriesEnd(); ++entry) {
-        printValue(*entry, "  body: ");
+    for (const TzSoapType& entry : body) {
+        printValue(entry, "  body: ");
     }
     if (body.hasSoapFault()) {
         const TzSoapFault& fault = body.getSoapFault();
@@ -97,8 +99,14 @@ void roundTrip(const char* title, const TzSoapMessage& message) {
 } // namespace
 
 int main() {
-    roundTrip("Order, SOAP 1.1", order(TzSoapVersion::V1_1));
-    roundTrip("Order, SOAP 1.2", order(TzSoapVersion::V1_2));
-    roundTrip("Fault, SOAP 1.1", refusal(TzSoapVersion::V1_1));
-    roundTrip("Fault, SOAP 1.2", refusal(TzSoapVersion::V1_2));
+    try {
+        roundTrip("Order, SOAP 1.1", order(TzSoapVersion::V1_1));
+        roundTrip("Order, SOAP 1.2", order(TzSoapVersion::V1_2));
+        roundTrip("Fault, SOAP 1.1", refusal(TzSoapVersion::V1_1));
+        roundTrip("Fault, SOAP 1.2", refusal(TzSoapVersion::V1_2));
+        return 0;
+    } catch (const Tzxmsg& error) {
+        std::cerr << "round_trip: " << error.describe() << '\n';
+        return 1;
+    }
 }

@@ -83,7 +83,7 @@ std::string failureWith(const std::string& name, const std::string& member) {
 constexpr char Order[] = "--- the order in the answer ---\n"
                          "customer Jürgen & Zoë <Ltd>\n"
                          "amount 200, price 17.25, express\n"
-                         "until 2026-12-31T23:59:59+01:00\n"
+                         "until 2026-12-31T23:59:59Z\n"
                          "seal of 3 bytes, no remark\n"
                          "sizes 0 1 4\n";
 
