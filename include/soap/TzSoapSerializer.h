@@ -9,7 +9,6 @@
 #include <memory>
 
 class TzMimeMultipart;
-class TzSoapSerializerOutput;
 class TzXmlAttribute;
 
 /// Turns what accepts it into SOAP XML text that it keeps, with the MIME parts met on the way.
@@ -92,7 +91,8 @@ protected:
     void pushNamesAndEncodings(const TzSoapBody& body);
     /// As above.
     void pushNamesAndEncodings(const TzSoapType& value);
-    /// Closes the scope opened last by `pushNamesAndEncodings`.
+    /// Closes the scope opened last by `pushNamesAndEncodings`. In a copy, also those that were
+    /// open when it was made.
     void popNamesAndEncodings(const TzSoapMessage& message);
     /// As above.
     void popNamesAndEncodings(const TzSoapHeader& header);
@@ -139,5 +139,7 @@ protected:
     void writeSubCode(const TzSoapFault& fault, unsigned int count, unsigned int index);
 
 private:
-    std::unique_ptr<TzSoapSerializerOutput> output_;
+    struct Owned;
+
+    std::unique_ptr<Owned> owned_;
 };

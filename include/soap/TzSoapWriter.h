@@ -8,8 +8,8 @@
 #include <memory>
 
 class TzMimeMultipart;
-class TzSoapWriterOutput;
 class TzXmlWriter;
+struct TzSoapOutputPath;
 
 /// Turns a message, header, body, fault or value that accepts it into SOAP XML text.
 ///
@@ -50,13 +50,6 @@ public:
     /// Inserts MIME parts into `multipart` from now on, or nowhere when it is null.
     void setMimeMultipart(TzMimeMultipart* multipart);
 
-    /// Whether nothing of what was visited so far was left out: no members of a value that is nil,
-    /// no items in front of an array's offset or beyond its number of items to write.
-    bool wroteAll() const noexcept;
-    /// Whether an entry visited so far, or a value it holds, led to a part of the multipart. Values
-    /// written behind the entries because something refers to them do not count.
-    bool attached() const noexcept;
-
     /// Writes the report of a misunderstood header entry as an empty tag.
     void visit(const TzSoapMisunderstoodType& value) override;
     /// Writes a reference as an empty tag; its target is written later or inserted into the
@@ -88,5 +81,7 @@ public:
     ~TzSoapWriter() override;
 
 private:
-    std::unique_ptr<TzSoapWriterOutput> output_;
+    friend struct TzSoapAccess;
+
+    std::unique_ptr<TzSoapOutputPath> path_;
 };

@@ -14,8 +14,9 @@
 #include "mime/TzSoapAttachmentFinder.h"
 #include "mime/TzSoapCharset.h"
 #include "mime/TzSoapPackaging.h"
+#include "model/TzSoapAccess.h"
 #include "model/TzSoapMessageForm.h"
-#include "output/TzSoapWriteText.h"
+#include "output/TzSoapOutputPath.h"
 #include "reading/TzSoapErrorDetail.h"
 
 #include <optional>
@@ -77,11 +78,9 @@ TzCString TzSoapMessage::asString() const {
     TzMimeMultipart package;
     TzSoapWriter writer(&envelope, &package);
     acceptVisitor(writer);
-    // Most messages need no second look: those that led to a part on the way, and those that were
-    // written in full and led to none.
-    const bool known = writer.attached() || !getAttachments().empty() ||
-                       (!package.hasParts() && writer.wroteAll());
-    const bool attached = known ? writer.attached() || !getAttachments().empty() : hasAttachments();
+    // Most messages need no second look.
+    const std::optional<bool> known = TzSoapAccess::path(writer).context.book().entriesLedToParts();
+    const bool attached = !getAttachments().empty() || (known ? *known : hasAttachments());
     if (derived || !attached) {
         return envelope.takeString();
     }

@@ -47,4 +47,8 @@ struct TzSoapAccess {
     static bool refersTo(const Handle& handle, const TzBodyBase* body) noexcept {
         return handle.bodyPointer() == body;
     }
+    /// What `writer` writes with.
+    template <typename Writer> static auto& path(const Writer& writer) noexcept {
+        return *writer.path_;
+    }
 };

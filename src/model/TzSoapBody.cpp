@@ -7,7 +7,6 @@
 #include <soap/TzSoapVisitor.h>
 
 #include "model/TzSoapHeldFault.h"
-#include "output/TzSoapWriteText.h"
 
 TzSoapBody::TzSoapBody(TzSoapVersion::Version version) : TzSoapBody(new TzSoapBodyImp(version)) {}
 
@@ -79,8 +78,6 @@ void TzSoapBody::acceptVisitor(TzSoapConstVisitor& visitor) const {
     static_cast<void>(bodyBase()); // a visitor sees no handle without a body
     visitor.visit(*this);
 }
-
-TzCString TzSoapBody::asString() const { return tzSoapWriteText(*this); }
 
 bool operator==(const TzSoapBody& left, const TzSoapBody& right) {
     return left.body() == right.body();

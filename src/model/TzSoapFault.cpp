@@ -5,8 +5,6 @@
 #include <soap/TzSoapFaultImp.h>
 #include <soap/TzSoapVisitor.h>
 
-#include "output/TzSoapWriteText.h"
-
 TzSoapFault::TzSoapFault() : TzSoapFault(TzSoapVersion::getLatestVersion()) {}
 
 TzSoapFault::TzSoapFault(TzSoapVersion::Version version)
@@ -78,5 +76,3 @@ const TzCString& TzSoapFault::getDetailText() const { return body().getDetailTex
 const TzXmlName& TzSoapFault::getName() const { return body().getName(); }
 
 void TzSoapFault::clear() { body().clear(); }
-
-TzCString TzSoapFault::asString() const { return tzSoapWriteText(*this); }

@@ -5,8 +5,6 @@
 #include <soap/TzSoapHeaderImp.h>
 #include <soap/TzSoapVisitor.h>
 
-#include "output/TzSoapWriteText.h"
-
 #include <utility>
 
 TzSoapHeader::TzSoapHeader(TzSoapVersion::Version version)
@@ -103,8 +101,6 @@ void TzSoapHeader::acceptVisitor(TzSoapConstVisitor& visitor) const {
     static_cast<void>(bodyBase()); // a visitor sees no handle without a body
     visitor.visit(*this);
 }
-
-TzCString TzSoapHeader::asString() const { return tzSoapWriteText(*this); }
 
 bool operator==(const TzSoapHeader& left, const TzSoapHeader& right) {
     return left.body() == right.body();

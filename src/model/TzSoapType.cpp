@@ -5,8 +5,6 @@
 #include <soap/TzSoapTypeImp.h>
 #include <soap/TzSoapVisitor.h>
 
-#include "output/TzSoapWriteText.h"
-
 TzSoapType::TzSoapType() : TzSoapType(new TzSoapTypeImp()) {}
 
 TzSoapType::TzSoapType(const TzXmlName& name) : TzSoapType(new TzSoapTypeImp(name)) {}
@@ -64,5 +62,3 @@ TzSoapType TzSoapType::copy() const {
 void TzSoapType::acceptVisitor(TzSoapVisitor& visitor) { visitor.doVisit(*this); }
 
 void TzSoapType::acceptVisitor(TzSoapConstVisitor& visitor) const { visitor.doVisit(*this); }
-
-TzCString TzSoapType::asString() const { return tzSoapWriteText(*this); }

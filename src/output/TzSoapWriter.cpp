@@ -1,66 +1,75 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapWriter.h>
 
-#include "output/TzSoapWriterOutput.h"
+#include "output/TzSoapOutputPath.h"
+#include "output/TzSoapWriterRules.h"
+
+#include <typeinfo>
+
+namespace {
+
+const TzSoapOutputContext::Kind& writerKind() noexcept {
+    static const TzSoapOutputContext::Kind kind{TzSoapWriterRules::instance(), typeid(TzSoapWriter),
+                                                "TzSoapWriter"};
+    return kind;
+}
+
+} // namespace
 
 TzSoapWriter::TzSoapWriter(TzXmlWriter* writer, TzMimeMultipart* multipart)
-    : output_(std::make_unique<TzSoapWriterOutput>(writer, multipart, typeid(TzSoapWriter),
-                                                   "TzSoapWriter")) {}
+    : path_(std::make_unique<TzSoapOutputPath>(writerKind(), writer, multipart)) {}
 
 TzSoapWriter::TzSoapWriter(TzSoapWriter* parent)
-    : output_(std::make_unique<TzSoapWriterOutput>(*parent->output_)) {
-    output_->becomeInner();
+    : path_(std::make_unique<TzSoapOutputPath>(parent->path_->context)) {
+    path_->context.becomeWithin();
 }
 
 TzSoapWriter::TzSoapWriter(const TzSoapWriter& other)
-    : TzSoapConstVisitor(other), output_(std::make_unique<TzSoapWriterOutput>(*other.output_)) {
-    output_->separate();
+    : TzSoapConstVisitor(other), path_(std::make_unique<TzSoapOutputPath>(other.path_->context)) {
+    path_->context.separate();
 }
 
 TzSoapWriter& TzSoapWriter::operator=(const TzSoapWriter& other) {
     if (this != &other) {
-        *output_ = *other.output_;
-        output_->separate();
+        path_->assign(*other.path_);
     }
     return *this;
 }
 
 TzSoapWriter::~TzSoapWriter() = default;
 
-void TzSoapWriter::setVersion(TzSoapVersion::Version version) { output_->fixVersion(version); }
-
-void TzSoapWriter::setWriter(TzXmlWriter* writer) { output_->setText(writer); }
-
-void TzSoapWriter::setMimeMultipart(TzMimeMultipart* multipart) {
-    output_->setMultipart(multipart);
+void TzSoapWriter::setVersion(TzSoapVersion::Version version) {
+    path_->context.fixVersion(version);
 }
 
-bool TzSoapWriter::wroteAll() const noexcept { return output_->wroteAll(); }
+void TzSoapWriter::setWriter(TzXmlWriter* writer) { path_->context.setXml(writer); }
 
-bool TzSoapWriter::attached() const noexcept { return output_->attached(); }
+void TzSoapWriter::setMimeMultipart(TzMimeMultipart* multipart) {
+    path_->context.setMultipart(multipart);
+}
 
-void TzSoapWriter::visit(const TzSoapMisunderstoodType& value) { output_->write(value); }
+void TzSoapWriter::visit(const TzSoapMisunderstoodType& value) { path_->write(value); }
 
-void TzSoapWriter::visit(const TzSoapReferenceType& value) { output_->write(value); }
+void TzSoapWriter::visit(const TzSoapReferenceType& value) { path_->write(value); }
 
-void TzSoapWriter::visit(const TzSoapUserDefinedType& value) { output_->write(value); }
+void TzSoapWriter::visit(const TzSoapUserDefinedType& value) { path_->write(value); }
 
-void TzSoapWriter::visit(const TzSoapSimpleType& value) { output_->write(value); }
+void TzSoapWriter::visit(const TzSoapSimpleType& value) { path_->write(value); }
 
-void TzSoapWriter::visit(const TzSoapFault& fault) { output_->write(*this, fault); }
+void TzSoapWriter::visit(const TzSoapFault& fault) { path_->write(*this, fault); }
 
-void TzSoapWriter::visit(const TzSoapCompositeType& value) { output_->write(*this, value); }
+void TzSoapWriter::visit(const TzSoapCompositeType& value) { path_->write(*this, value); }
 
-void TzSoapWriter::visit(const TzSoapSparseArrayType& value) { output_->write(*this, value); }
+void TzSoapWriter::visit(const TzSoapSparseArrayType& value) { path_->write(*this, value); }
 
-void TzSoapWriter::visit(const TzSoapCompactArrayType& value) { output_->write(*this, value); }
+void TzSoapWriter::visit(const TzSoapCompactArrayType& value) { path_->write(*this, value); }
 
 void TzSoapWriter::visit(const TzSoapArrayType&) {}
 
-void TzSoapWriter::visit(const TzSoapType& value) { output_->write(value); }
+void TzSoapWriter::visit(const TzSoapType& value) { path_->write(value); }
 
-void TzSoapWriter::visit(const TzSoapBody& body) { output_->write(*this, body); }
+void TzSoapWriter::visit(const TzSoapBody& body) { path_->write(*this, body); }
 
-void TzSoapWriter::visit(const TzSoapHeader& header) { output_->write(*this, header); }
+void TzSoapWriter::visit(const TzSoapHeader& header) { path_->write(*this, header); }
 
-void TzSoapWriter::visit(const TzSoapMessage& message) { output_->write(*this, message); }
+void TzSoapWriter::visit(const TzSoapMessage& message) { path_->write(*this, message); }

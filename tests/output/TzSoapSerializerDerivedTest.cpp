@@ -238,4 +238,45 @@ TEST(TzSoapSerializerDerived, ACopyGoesOnWhereTheOriginalStands) {
     EXPECT_EQ(serializer.getSerializedString(), start + "</p:o>\n");
 }
 
+TEST(TzSoapSerializerDerived, ACopyPopsWhatItTookOver) {
+    TzSoapCompositeType outer("o");
+    outer.setEncodingStyle("urn:s");
+    outer.addNamespaceAttribute("ns", "urn:0");
+    const TzSoapCompositeType inner("i");
+    OpenSerializer serializer;
+    serializer.pushNamesAndEncodings(outer);
+    serializer.pushNamesAndEncodings(inner);
+    OpenSerializer copy(serializer);
+    OpenSerializer assigned;
+    assigned.pushNamesAndEncodings(inner);
+    assigned = serializer;
+    for (OpenSerializer* each : {&copy, &assigned}) {
+        EXPECT_EQ(each->getUniquePrefix("ns", "urn:u"), "ns1");
+        EXPECT_EQ(each->getLastSpecifiedEncodingStyle(), "urn:s");
+        each->popNamesAndEncodings(inner);
+        EXPECT_EQ(each->getUniquePrefix("ns", "urn:u"), "ns1");
+        EXPECT_EQ(each->getLastSpecifiedEncodingStyle(), "");
+        each->popNamesAndEncodings(outer);
+        EXPECT_EQ(each->getUniquePrefix("ns", "urn:u"), "ns");
+        each->popNamesAndEncodings(outer);
+    }
+    EXPECT_EQ(serializer.getUniquePrefix("ns", "urn:u"), "ns1");
+}
+
+TEST(TzSoapSerializerDerived, ACopyMadeWithinAnElementPopsThatElement) {
+    TzSoapCompositeType outer(nameIn("o", "p", "urn:p"));
+    outer.appendChild(intValue("hook", 1));
+    OpenSerializer serializer([&](OpenSerializer& half) {
+        OpenSerializer copy(half);
+        EXPECT_EQ(copy.getUniquePrefix("p", "urn:u"), "p1");
+        copy.popNamesAndEncodings(outer);
+        EXPECT_EQ(copy.getUniquePrefix("p", "urn:u"), "p");
+        // The original is still within the element, and stays there.
+        half.popNamesAndEncodings(outer);
+        EXPECT_EQ(half.getUniquePrefix("p", "urn:u"), "p1");
+    });
+    outer.acceptVisitor(serializer);
+    EXPECT_EQ(serializer.getUniquePrefix("p", "urn:u"), "p");
+}
+
 } // namespace

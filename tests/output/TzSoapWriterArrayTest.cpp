@@ -253,4 +253,96 @@ TEST(TzSoapWriterArray, WritesNothingForAnArrayThatHoldsNoItems) {
     EXPECT_EQ(wire(bare), "");
 }
 
+/// Writes `value` with a writer of its own class and returns the text.
+template <typename Writer> std::string writtenBy(const TzSoapMessage& message) {
+    TzXmlStringWriter text;
+    Writer writer(&text, nullptr);
+    message.acceptVisitor(writer);
+    return text.getString();
+}
+
+/// Notes the position attributes of the simple values that it is given.
+class PositionNotingWriter : public TzSoapWriter {
+public:
+    using TzSoapWriter::TzSoapWriter;
+    using TzSoapWriter::visit;
+    void visit(const TzSoapSimpleType& value) override {
+        const TzXmlName& name =
+            TzSoapVersion::getSoapAttributeName(TzSoapVersion::Position, TzSoapVersion::V1_1);
+        positions_ += value.hasAttribute(name) ? "positioned " : "plain ";
+        TzSoapWriter::visit(value);
+    }
+    const std::string& positions() const { return positions_; }
+
+private:
+    std::string positions_;
+};
+
+TEST(TzSoapWriterArray, WritingASparseItemChangesNothingAboutTheItem) {
+    TzSoapSparseArrayType array(TzXmlName("a"), "xsd:int", Index{9});
+    TzSoapSimpleType item("i", 5, TzSoapType::xsdInt, true);
+    array(Index{7}) = item;
+    TzSoapMessage message = encodedMessage(TzSoapVersion::V1_1, {array});
+    message.setSoapEncodingPrefix("c");
+    const std::string expected = envelope11(
+        R"(    <a xmlns:c="http://schemas.xmlsoap.org/soap/encoding/" c:arrayType="xsd:int[9]">
+      <i c:position="[7]" xsi:type="xsd:int">5</i>
+    </a>
+)");
+    TzXmlStringWriter text;
+    PositionNotingWriter noting(&text, nullptr);
+    message.acceptVisitor(noting);
+    for (const std::string& written : {wire(message), text.getString()}) {
+        EXPECT_EQ(written, expected);
+        EXPECT_EQ(item.getTypeAttribute(), "");
+        EXPECT_EQ(item.attributeCount(), 0U);
+    }
+    // A derived writer sees the item as it is written.
+    EXPECT_EQ(noting.positions(), "positioned ");
+}
+
+TEST(TzSoapWriterArray, ADerivedWriterWritesItemsAsTheWriterDoes) {
+    TzSoapSparseArrayType array(TzXmlName("a"), "xsd:int", Index{9});
+    array(Index{1}) = intValue("i", 1);
+    TzSoapSimpleType stale = intValue("i", 2);
+    stale.addAttribute(
+        TzSoapVersion::getSoapAttributeName(TzSoapVersion::Position, TzSoapVersion::V1_2), "[5]");
+    stale.addAttribute(TzXmlName("own"), "1");
+    array(Index{2}) = stale;
+    TzSoapCompositeType member("m");
+    member.appendChild(intValue("i", 3));
+    array(Index{3}) = member;
+    array(Index{4}) = filled({3}, {0}, 0, 3);
+    array(Index{5}) = TzSoapDefaultType();
+    array(Index{6}) = TzSoapType(TzXmlName("g"));
+    TzSoapCompactArrayType outer(TzXmlName("o"), "xsd:anyType", 3, 0);
+    outer(0) = array;
+    outer(2) = intValue("last", 4);
+    const TzSoapMessage message = encodedMessage(TzSoapVersion::V1_1, {outer});
+    EXPECT_EQ(writtenBy<PositionNotingWriter>(message), writtenBy<TzSoapWriter>(message));
+    EXPECT_EQ(
+        wire(message),
+        envelope11(
+            R"(    <o xmlns:SOAP-ENC="http://schemas.xmlsoap.org/soap/encoding/" SOAP-ENC:arrayType="xsd:anyType[3]">
+      <a SOAP-ENC:arrayType="xsd:int[9]">
+        <i SOAP-ENC:position="[1]">1</i>
+        <i SOAP-ENC:position="[2]" own="1">2</i>
+        <m SOAP-ENC:position="[3]">
+          <i>3</i>
+        </m>
+        <a SOAP-ENC:position="[4]" SOAP-ENC:arrayType="xsd:int[3]">
+          <i>0</i>
+          <i>1</i>
+          <i>2</i>
+        </a>
+        <tznone:unnamed xmlns:tznone="urn:tz-soap:unnamed" SOAP-ENC:position="[5]" xsi:nil="1"></tznone:unnamed>
+        <g SOAP-ENC:position="[6]">
+        </g>
+      </a>
+      <tznone:unnamed xmlns:tznone="urn:tz-soap:unnamed" xsi:nil="1"></tznone:unnamed>
+      <last>4</last>
+    </o>
+)"));
+}
+
 } // namespace

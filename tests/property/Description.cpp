@@ -61,7 +61,10 @@ public:
         }
     }
     void visit(const TzSoapSimpleType& value) override {
-        head(value);
+        // Writing leaves the items of sparse arrays without the type that they show.
+        const bool shown = value.getTypeShouldBeEncoded();
+        head(value, shown ? "xsd:" + std::string(TzSoapType::schemaTypeName(value.getType()))
+                          : value.getTypeAttribute());
         line("text " + value.getString());
     }
     void visit(const TzSoapCompositeType& value) override {
@@ -117,9 +120,10 @@ private:
         --depth_;
     }
 
-    void head(const TzSoapType& value) {
+    void head(const TzSoapType& value) { head(value, value.getTypeAttribute()); }
+    void head(const TzSoapType& value, const std::string& type) {
         line(value.getSoapTypeIdAsString() + " " + uniqueName(value.getName()));
-        line("type " + value.getTypeAttribute());
+        line("type " + type);
         line("id " + value.getIdAttribute());
         line("mustUnderstand " + value.getMustUnderstandAttribute());
         line("actor " + value.getActorAttribute());

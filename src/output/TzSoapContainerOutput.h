@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapDefaultType.h>
+#include <soap/TzSoapSparseArrayImp.h>
+#include <soap/TzSoapValueList.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
+
+#include "output/TzSoapOutputContext.h"
+#include "output/TzSoapStartTag.h"
+#include "output/TzSoapValueOutput.h"
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+class TzSoapArrayTypeImp;
+class TzSoapCompactArrayImp;
+class TzSoapCompositeTypeImp;
+class TzSoapConstVisitor;
+class TzSoapTypeImp;
+
+/// Writes composites and arrays with all that they hold.
+///
+/// `visitor` is the visitor on whose behalf that is done. One whose class is derived is given every
+/// value and calls back for it. All others are served without that and without recursion: the
+/// containers that are open stand in a list.
+class TzSoapContainerOutput {
+public:
+    /// The containers written in `context` with `startTag` and `values`, which must outlive this
+    /// object.
+    TzSoapContainerOutput(const TzSoapOutputContext& context, TzSoapStartTag& startTag,
+                          TzSoapValueOutput& values) noexcept
+        : context_(context), startTag_(startTag), values_(values) {}
+    TzSoapContainerOutput(const TzSoapContainerOutput&) = delete;
+    TzSoapContainerOutput& operator=(const TzSoapContainerOutput&) = delete;
+
+    /// Writes a composite as an element named `name`.
+    void write(TzSoapConstVisitor& visitor, const TzXmlName& name, TzSoapCompositeTypeImp& value);
+    /// Writes an array and its items from the offset on; items never assigned are written as nil,
+    /// those at the end are left out.
+    void write(TzSoapConstVisitor& visitor, TzSoapCompactArrayImp& value);
+    /// Writes an array and the items it holds, each with its position.
+    void write(TzSoapConstVisitor& visitor, TzSoapSparseArrayImp& value);
+    /// Writes a value of any kind on behalf of the element that holds it.
+    void writeChild(TzSoapConstVisitor& visitor, const TzSoapType& child);
+
+private:
+    /// The members of a composite that are still to be written.
+    struct Members {
+        TzSoapValueList::const_iterator next;
+        TzSoapValueList::const_iterator end;
+    };
+    /// The items of a compact array that are still to be written.
+    using Items = std::span<const TzSoapDefaultType>;
+    /// The items of a sparse array that are still to be written.
+    struct SparseItems {
+        TzSoapSparseArrayImp::const_iterator next;
+        TzSoapSparseArrayImp::const_iterator end;
+        unsigned int count;
+    };
+    /// A container whose start tag is written.
+    struct Container {
+        const TzXmlName* name;
+        std::size_t depth; // of the element around it
+        std::variant<Members, Items, SparseItems> rest;
+    };
+    class Run;
+
+    void open(const TzXmlName& name, TzSoapCompositeTypeImp& value, std::string_view position);
+    void open(TzSoapCompactArrayImp& value, std::string_view position);
+    void open(TzSoapSparseArrayImp& value, std::string_view position);
+    bool openArray(TzSoapTypeImp& value, std::string_view position);
+    void startArray(TzSoapArrayTypeImp& value, std::string_view position);
+    template <typename Rest> void enter(const TzXmlName& name, const Rest& rest);
+    void close();
+
+    bool writeNext(TzSoapConstVisitor& visitor, bool isServed);
+    bool writeNext(TzSoapConstVisitor& visitor, bool isServed, Members& rest);
+    bool writeNext(TzSoapConstVisitor& visitor, bool isServed, Items& rest);
+    bool writeNext(TzSoapConstVisitor& visitor, bool isServed, SparseItems& rest);
+    template <typename Position> Position writeSimples(Position next, Position end);
+    void writeServed(TzSoapConstVisitor& visitor, const TzSoapType& value, bool isItem,
+                     std::string_view position);
+    void visitAt(TzSoapConstVisitor& visitor, const TzSoapType& item, const TzCString& position);
+
+    const TzSoapOutputContext& context_;
+    TzSoapStartTag& startTag_;
+    TzSoapValueOutput& values_;
+    std::vector<Container> open_; // innermost last
+};

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#include "output/TzSoapFaultOutput.h"
+
+#include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapCompositeTypeImp.h>
+#include <soap/TzSoapFaultImp.h>
+
+#include "model/TzSoapAccess.h"
+
+void TzSoapFaultOutput::write(TzSoapConstVisitor& visitor, const TzSoapFaultImp& fault) {
+    const bool onItsOwn = !context_.isInEnvelope() && !context_.isStandalone();
+    const TzSoapOutputContext::Flag standalone = context_.enterStandalone(onItsOwn);
+    if (onItsOwn) {
+        context_.setVersion(fault.getVersion());
+    }
+    const TzSoapOpenElement element(context_);
+    startTag_.begin(TzXmlAttributeSet());
+    const TzSoapTagName name = nameOf(fault);
+    declareFor(name, fault);
+    startTag_.writeBlock(name);
+    writeChildren(visitor, name, fault);
+    name.endBlock(context_.xml());
+}
+
+void TzSoapFaultOutput::writeSubcodes(const TzSoapFaultImp& fault, unsigned int first,
+                                      unsigned int end) {
+    writeSubcodes(nameOf(fault), fault, first, end);
+}
+
+TzSoapTagName TzSoapFaultOutput::nameOf(const TzSoapFaultImp& fault) const {
+    const TzCString& own = fault.getName().getPrefix();
+    return TzSoapTagName::withColon(
+        context_.isInEnvelope() && !own.empty() ? own : context_.scope().envelopePrefix(),
+        context_.soap().getSoapElementQName(TzSoapVersion::Fault).getLocalName());
+}
+
+TzSoapTagName TzSoapFaultOutput::childName(const TzSoapTagName& fault,
+                                           TzSoapVersion::SoapElement element) const {
+    const TzXmlName& name = context_.soap().getSoapElementQName(element);
+    return name.getUri().empty() ? TzSoapTagName::of(name)
+                                 : TzSoapTagName::withColon(fault.prefix, name.getLocalName());
+}
+
+void TzSoapFaultOutput::declareFor(const TzSoapTagName& name, const TzSoapFaultImp& fault) {
+    TzSoapScope& scope = context_.scope();
+    scope.declareUnbound(name.prefix, context_.soap().getSoapEnv().getUri());
+    const TzXmlName& code = fault.getCode();
+    if (!code.getPrefix().empty() && scope.uriFor(code.getPrefix()).empty()) {
+        scope.declare(code.getNamespace());
+    }
+}
+
+void TzSoapFaultOutput::writeChildren(TzSoapConstVisitor& visitor, const TzSoapTagName& name,
+                                      const TzSoapFaultImp& fault) {
+    const TzSoapVersion& soap = context_.soap();
+    // Each version writes only the children that it has names for.
+    if (soap.getSoapElementQName(TzSoapVersion::FaultValue).isEmpty()) {
+        writeDottedCode(childName(name, TzSoapVersion::FaultCode), fault);
+    } else {
+        writeNestedCode(name, fault);
+    }
+    writeLine(childName(name, TzSoapVersion::FaultString), fault.getReason());
+    if (!fault.getNode().empty()) {
+        writeLine(childName(name, TzSoapVersion::FaultActor), fault.getNode());
+    }
+    if (!fault.getRole().empty() && !soap.getSoapElementQName(TzSoapVersion::FaultRole).isEmpty()) {
+        writeLine(childName(name, TzSoapVersion::FaultRole), fault.getRole());
+    }
+    writeDetail(visitor, name, fault);
+}
+
+void TzSoapFaultOutput::writeDottedCode(const TzSoapTagName& name, const TzSoapFaultImp& fault) {
+    TzCString code = fault.getCode().asString();
+    for (unsigned int i = 0; i < fault.getSubcodeCount(); ++i) {
+        code.append(1, '.').append(fault.getSubcode(i).getUniqueName());
+    }
+    writeLine(name, code);
+}
+
+void TzSoapFaultOutput::writeNestedCode(const TzSoapTagName& name, const TzSoapFaultImp& fault) {
+    const TzSoapTagName code = childName(name, TzSoapVersion::FaultCode);
+    code.writeStartTag(context_.xml());
+    context_.xml().writeNewLine();
+    context_.xml().incrementIndent();
+    writeLine(childName(name, TzSoapVersion::FaultValue), fault.getCode().asString());
+    writeSubcodes(name, fault, 0, fault.getSubcodeCount());
+    code.endBlock(context_.xml());
+}
+
+void TzSoapFaultOutput::writeSubcodes(const TzSoapTagName& name, const TzSoapFaultImp& fault,
+                                      unsigned int first, unsigned int end) {
+    const TzSoapTagName subcode = childName(name, TzSoapVersion::FaultSubcode);
+    const TzSoapTagName value = childName(name, TzSoapVersion::FaultValue);
+    TzXmlWriter& xml = context_.xml();
+    context_.scope().checkDepth(end);
+    for (unsigned int i = first; i < end; ++i) {
+        const TzXmlName& code = fault.getSubcode(i);
+        xml.writeMarkup(TzXmlWriter::StartTag, subcode.prefix, subcode.colon, subcode.local);
+        // Deliberate: declared on this tag only; a nested Subcode declares it again.
+        if (!code.getPrefix().empty() && !code.getUri().empty() &&
+            context_.scope().uriFor(code.getPrefix()).empty()) {
+            startTag_.writeAttribute(TzXmlNamespace::getXmlns().getPrefix(), code.getPrefix(),
+                                     code.getUri());
+        }
+        xml.writeMarkupLine(TzXmlWriter::EndTag);
+        xml.incrementIndent();
+        writeLine(value, code.asString());
+    }
+    for (unsigned int i = first; i < end; ++i) {
+        subcode.endBlock(xml);
+    }
+}
+
+void TzSoapFaultOutput::writeDetail(TzSoapConstVisitor& visitor, const TzSoapTagName& name,
+                                    const TzSoapFaultImp& fault) {
+    TzSoapCompositeTypeImp& detail = TzSoapAccess::body(fault.getDetails());
+    if (detail.childCount() == 0) {
+        return;
+    }
+    // Other handles may share the composite: it is written under the version's name, not renamed.
+    const TzSoapTagName child = childName(name, TzSoapVersion::FaultDetail);
+    const TzXmlNamespace nameSpace =
+        child.prefix.empty() ? TzXmlNamespace()
+                             : TzXmlNamespace(child.prefix, context_.soap().getSoapEnv().getUri());
+    containers_.write(visitor, TzXmlName(child.local, nameSpace), detail);
+}
+
+void TzSoapFaultOutput::writeLine(const TzSoapTagName& name, std::string_view content) {
+    name.writeStartTag(context_.xml());
+    context_.xml().write(content, true);
+    name.writeEndTag(context_.xml());
+}

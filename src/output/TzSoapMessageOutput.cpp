@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "output/TzSoapMessageOutput.h"
+
+#include <soap/TzSoapBodyImp.h>
+#include <soap/TzSoapConstVisitor.h>
+#include <soap/TzSoapHeaderImp.h>
+#include <soap/TzSoapMessageImp.h>
+#include <soap/TzSoapValueList.h>
+#include <tz/xml/TzXmlProlog.h>
+
+#include "model/TzSoapAccess.h"
+#include "output/TzSoapScopeRules.h"
+
+void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessageImp& message) {
+    if (!context_.isVersionFixed()) {
+        context_.setVersion(message.getVersion());
+    }
+    context_.takePrefixes(message.getSoapPrefix(), message.getSoapEncodingPrefix());
+    const TzSoapOutputContext::Flag inEnvelope = context_.enterEnvelope();
+    const TzSoapOpenElement element(context_);
+    startTag_.begin(message.getAttributeSet());
+    startTag_.qualifyName(message.getName());
+    startTag_.collectBlock(message);
+    startTag_.qualifyStyle();
+    TzSoapScope& scope = context_.scope();
+    scope.declareUnbound(scope.envelopePrefix(), context_.soap().getSoapEnv().getUri());
+    if (message.hasProlog()) {
+        context_.xml().write(message.getProlog().asString());
+        context_.xml().writeNewLine();
+    }
+    const TzCString prefix = scope.envelopePrefix(); // a message within would replace it
+    const TzSoapTagName name = TzSoapTagName::withColon(prefix, message.getName().getLocalName());
+    startTag_.writeBlock(name);
+    if (TzSoapAccess::body(message.getSoapHeader()).entryCount() != 0) {
+        message.getSoapHeader().acceptVisitor(visitor);
+    }
+    message.getSoapBody().acceptVisitor(visitor);
+    name.endBlock(context_.xml());
+}
+
+void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapHeaderImp& header) {
+    const auto standalone = context_.enterStandalone(!context_.isInEnvelope());
+    const TzSoapOpenElement element(context_);
+    collect(header.getName(), header);
+    startTag_.qualifyStyle();
+    const TzCString prefix = prefixFor(header.getName());
+    const TzSoapTagName name = TzSoapTagName::withColon(prefix, header.getName().getLocalName());
+    startTag_.writeBlock(name);
+    writeEntries(visitor, header.entries());
+    name.endBlock(context_.xml());
+}
+
+void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapBodyImp& body) {
+    const auto standalone = context_.enterStandalone(!context_.isInEnvelope());
+    const TzSoapOpenElement element(context_);
+    collect(body.getName(), body);
+    startTag_.qualifyStyle();
+    context_.rules().collectBodyProperties(startTag_, body);
+    const TzCString prefix = prefixFor(body.getName());
+    const TzSoapTagName name = TzSoapTagName::withColon(prefix, body.getName().getLocalName());
+    startTag_.writeBlock(name);
+    if (body.hasSoapFault()) {
+        body.getSoapFault().acceptVisitor(visitor);
+    }
+    writeEntries(visitor, body.entries());
+    name.endBlock(context_.xml());
+}
+
+void TzSoapMessageOutput::collect(const TzXmlName& name, const TzSoapElementImp& block) {
+    startTag_.begin(block.getAttributeSet());
+    if (!context_.isInEnvelope()) {
+        TzSoapVersion::Version version{};
+        if (TzSoapVersion::isSupportedVersion(name.getNamespace(), version)) {
+            context_.setVersion(version);
+        }
+        startTag_.qualifyName(name);
+    }
+    startTag_.collectBlock(block);
+}
+
+const TzCString& TzSoapMessageOutput::prefixFor(const TzXmlName& name) const {
+    return context_.isInEnvelope() ? context_.scope().envelopePrefix() : name.getPrefix();
+}
+
+void TzSoapMessageOutput::writeEntries(TzSoapConstVisitor& visitor,
+                                       const TzSoapValueList& entries) {
+    for (const TzSoapType& entry : entries) {
+        containers_.writeChild(visitor, entry);
+    }
+    writeTargets(visitor);
+}
+
+void TzSoapMessageOutput::writeTargets(TzSoapConstVisitor& visitor) {
+    // Clear the list even if writing a target throws.
+    struct Ending {
+        TzSoapReferenceBook& book;
+        ~Ending() {
+            book.setWritesTargets(false);
+            book.clearTargets();
+        }
+    };
+    TzSoapReferenceBook& book = context_.book();
+    const Ending ending{book};
+    book.setWritesTargets(true);
+    for (std::size_t next = 0; next < book.targetCount(); ++next) {
+        const TzSoapReferenceBook::Target target = book.target(next);
+        if (book.isDue(target)) {
+            containers_.writeChild(visitor, target.second);
+        }
+    }
+}

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#include "output/TzSoapOutputContext.h"
+
+#include <soap/TzSoapConstVisitor.h>
+
+TzSoapOutputContext::TzSoapOutputContext(const Kind& kind, TzXmlWriter* xml,
+                                         TzMimeMultipart* multipart)
+    : kind_(&kind), xml_(xml), multipart_(multipart), soap_(&TzSoapVersion::getLatestSoapVersion()),
+      shared_(std::make_shared<Shared>(*soap_)) {}
+
+void TzSoapOutputContext::separate() {
+    if (!isWithin_) {
+        shared_ = std::make_shared<Shared>(*shared_);
+    }
+}
+
+void TzSoapOutputContext::setVersion(TzSoapVersion::Version version) {
+    soap_ = &TzSoapVersion::getSoapVersion(version);
+    scope().noteVersion();
+    if (!isWithin_) {
+        scope().setVersion(*soap_);
+    }
+}
+
+void TzSoapOutputContext::fixVersion(TzSoapVersion::Version version) {
+    setVersion(version);
+    versionFixed_ = true;
+}
+
+void TzSoapOutputContext::takePrefixes(const TzCString& envelope, const TzCString& encoding) {
+    if (!isWithin_) {
+        scope().setPrefixes(envelope, encoding);
+    }
+}
+
+bool TzSoapOutputContext::isServed(const TzSoapConstVisitor& visitor) const noexcept {
+    return typeid(visitor) == kind_->visitor;
+}

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapVersion.h>
+#include <soap/TzSoapWriter.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlWriter.h>
+
+#include "output/TzSoapReferenceBook.h"
+#include "output/TzSoapScope.h"
+
+#include <cstddef>
+#include <memory>
+#include <typeinfo>
+
+class TzMimeMultipart;
+class TzSoapConstVisitor;
+class TzSoapScopeRules;
+
+/// What all output of one writer or serializer works with: where it goes, in which version, by
+/// which rules, and the scope and the books that it shares with the writers within it.
+class TzSoapOutputContext {
+public:
+    /// What distinguishes the two paths of output from each other.
+    struct Kind {
+        const TzSoapScopeRules& rules;
+        const std::type_info& visitor; ///< The class whose visits all end here.
+        const char* unit;              ///< The source that internal errors name.
+    };
+
+    /// Output to `xml` in the latest version, with a scope of its own. MIME parts go into
+    /// `multipart` unless that is null.
+    TzSoapOutputContext(const Kind& kind, TzXmlWriter* xml, TzMimeMultipart* multipart);
+
+    /// Gives a context that was copied a scope and books of its own, copies too, unless it is one
+    /// of a writer within another.
+    void separate();
+    /// Makes a context that was copied the one of a writer within.
+    void becomeWithin() noexcept { isWithin_ = true; }
+
+    /// Where the text goes.
+    TzXmlWriter& xml() const noexcept { return *xml_; }
+    /// Writes to `xml` from now on.
+    void setXml(TzXmlWriter* xml) noexcept { xml_ = xml; }
+    /// Where MIME parts go, null for nowhere.
+    TzMimeMultipart* multipart() const noexcept { return multipart_; }
+    /// Inserts MIME parts into `multipart` from now on, or nowhere when it is null.
+    void setMultipart(TzMimeMultipart* multipart) noexcept { multipart_ = multipart; }
+
+    /// The names of the version written.
+    const TzSoapVersion& soap() const noexcept { return *soap_; }
+    /// The version written.
+    TzSoapVersion::Version version() const { return soap_->getVersion(); }
+    /// Writes `version` from now on; `TzXmlError` UNKNOWN_VERSION for an unknown version.
+    void setVersion(TzSoapVersion::Version version);
+    /// Writes messages in `version` from now on, whatever their own.
+    void fixVersion(TzSoapVersion::Version version);
+    /// Whether messages are written in a version that was fixed.
+    bool isVersionFixed() const noexcept { return versionFixed_; }
+    /// Takes the prefixes that a message wants for the namespaces of SOAP, unless this is the
+    /// context of a writer within another.
+    void takePrefixes(const TzCString& envelope, const TzCString& encoding);
+
+    /// Whether an envelope is being written.
+    bool isInEnvelope() const noexcept { return inEnvelope_; }
+    /// Whether a header, body or fault is being written on its own.
+    bool isStandalone() const noexcept { return standalone_; }
+
+    /// The scope, shared with outer and inner writers.
+    TzSoapScope& scope() const noexcept { return shared_->scope; }
+    /// The books, shared with outer and inner writers.
+    TzSoapReferenceBook& book() const noexcept { return shared_->book; }
+    /// How declarations, prefixes and styles are written.
+    const TzSoapScopeRules& rules() const noexcept { return kind_->rules; }
+    /// The source that internal errors name.
+    const char* unit() const noexcept { return kind_->unit; }
+    /// Whether all that `visitor` is asked to visit comes back here: its class is not derived.
+    bool isServed(const TzSoapConstVisitor& visitor) const noexcept;
+
+    /// Sets one of the flags for as long as it lives, if it is to be set at all.
+    class Flag {
+    public:
+        Flag(bool& flag, bool set) noexcept : flag_(set ? &flag : nullptr) {
+            if (set) {
+                flag = true;
+            }
+        }
+        ~Flag() {
+            if (flag_ != nullptr) {
+                *flag_ = false;
+            }
+        }
+        Flag(const Flag&) = delete;
+        Flag& operator=(const Flag&) = delete;
+
+    private:
+        bool* flag_;
+    };
+    /// An envelope is being written until the flag dies.
+    Flag enterEnvelope() noexcept { return {inEnvelope_, true}; }
+    /// A header, body or fault is being written on its own until the flag dies, if `onItsOwn`.
+    Flag enterStandalone(bool onItsOwn) noexcept { return {standalone_, onItsOwn}; }
+
+private:
+    struct Shared {
+        explicit Shared(const TzSoapVersion& soap) : scope(soap, TzSoapWriter::DepthLimit) {}
+
+        TzSoapScope scope;
+        TzSoapReferenceBook book;
+    };
+
+    const Kind* kind_;
+    TzXmlWriter* xml_;
+    TzMimeMultipart* multipart_;
+    const TzSoapVersion* soap_;
+    std::shared_ptr<Shared> shared_;
+    bool isWithin_ = false;
+    bool versionFixed_ = false;
+    bool inEnvelope_ = false;
+    bool standalone_ = false;
+};
+
+/// An element that is being written: its scope and the indentation of its line, which the
+/// destructor brings back.
+class TzSoapOpenElement {
+public:
+    /// Opens the element; `TzXmlDomainError` when it is nested too deeply.
+    explicit TzSoapOpenElement(const TzSoapOutputContext& context)
+        : context_(context), depth_(context.scope().depth()),
+          indentation_(context.xml().getIndentation()) {
+        context.scope().open();
+    }
+    ~TzSoapOpenElement() {
+        context_.scope().closeTo(depth_);
+        context_.xml().setIndentation(indentation_);
+    }
+    TzSoapOpenElement(const TzSoapOpenElement&) = delete;
+    TzSoapOpenElement& operator=(const TzSoapOpenElement&) = delete;
+
+private:
+    const TzSoapOutputContext& context_;
+    std::size_t depth_;
+    std::size_t indentation_;
+};

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "output/TzSoapContainerOutput.h"
+#include "output/TzSoapFaultOutput.h"
+#include "output/TzSoapMessageOutput.h"
+#include "output/TzSoapOutputContext.h"
+#include "output/TzSoapStartTag.h"
+#include "output/TzSoapValueOutput.h"
+
+class TzSoapBody;
+class TzSoapCompactArrayType;
+class TzSoapCompositeType;
+class TzSoapConstVisitor;
+class TzSoapFault;
+class TzSoapHeader;
+class TzSoapMessage;
+class TzSoapMisunderstoodType;
+class TzSoapReferenceType;
+class TzSoapSimpleType;
+class TzSoapSparseArrayType;
+class TzSoapType;
+class TzSoapUserDefinedType;
+
+/// What one writer or one serializer is made of.
+struct TzSoapOutputPath {
+    /// Output by `kind` to `xml`, with a scope of its own. MIME parts go into `multipart` unless
+    /// that is null.
+    TzSoapOutputPath(const TzSoapOutputContext::Kind& kind, TzXmlWriter* xml,
+                     TzMimeMultipart* multipart)
+        : context(kind, xml, multipart) {}
+    /// Output in a copy of `other`, which shares its scope and books.
+    explicit TzSoapOutputPath(const TzSoapOutputContext& other) : context(other) {}
+    TzSoapOutputPath(const TzSoapOutputPath&) = delete;
+    TzSoapOutputPath& operator=(const TzSoapOutputPath&) = delete;
+
+    /// Goes on as `other` does, with copies of its scope and books unless it shares them itself.
+    void assign(const TzSoapOutputPath& other);
+
+    // What a visitor does for an element of each kind; those that hold others are written on behalf
+    // of `visitor`, which is given what they hold.
+    void write(const TzSoapMisunderstoodType& value);
+    void write(const TzSoapReferenceType& value);
+    void write(const TzSoapUserDefinedType& value);
+    void write(const TzSoapSimpleType& value);
+    void write(TzSoapConstVisitor& visitor, const TzSoapFault& fault);
+    void write(TzSoapConstVisitor& visitor, const TzSoapCompositeType& value);
+    void write(TzSoapConstVisitor& visitor, const TzSoapSparseArrayType& value);
+    void write(TzSoapConstVisitor& visitor, const TzSoapCompactArrayType& value);
+    void write(const TzSoapType& value);
+    void write(TzSoapConstVisitor& visitor, const TzSoapBody& body);
+    void write(TzSoapConstVisitor& visitor, const TzSoapHeader& header);
+    void write(TzSoapConstVisitor& visitor, const TzSoapMessage& message);
+
+    TzSoapOutputContext context;
+    TzSoapStartTag startTag{context};
+    TzSoapValueOutput values{context, startTag};
+    TzSoapContainerOutput containers{context, startTag, values};
+    TzSoapFaultOutput faults{context, startTag, containers};
+    TzSoapMessageOutput messages{context, startTag, containers};
+};

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
+#include <tz/xml/TzXmlNamespace.h>
+#include <tz/xml/TzXmlNamespaceStack.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+class TzSoapVersion;
+
+/// What is in force where the output is: the open elements, their declarations and encoding styles,
+/// and the prefixes that a message wants for the namespaces of SOAP.
+///
+/// A writer shares its scope with the writers within it. The two counters of changes let others
+/// remember what they found out: it is valid while the counter is the same.
+class TzSoapScope {
+public:
+    /// Nothing is open, and no more than `depthLimit` elements may be; the prefixes are those of
+    /// `soap`.
+    TzSoapScope(const TzSoapVersion& soap, std::size_t depthLimit)
+        : depthLimit_(depthLimit), soap_(&soap) {
+        open_.reserve(16); // as many as most messages need
+    }
+
+    /// Opens an element; `TzXmlDomainError` when it is nested too deeply.
+    void open() {
+        checkDepth(1);
+        open_.push_back(around_);
+        ++depth_;
+        around_ = {namespaces_.depth(), stylesUsed_};
+    }
+    /// Closes elements, with their declarations and styles, until no more than `depth` are open.
+    void closeTo(std::size_t depth) noexcept {
+        while (depth_ > depth) {
+            close();
+        }
+    }
+    /// Number of open elements.
+    std::size_t depth() const noexcept { return depth_; }
+    /// `TzXmlDomainError` when `levels` more elements would be nested too deeply.
+    void checkDepth(std::size_t levels) const {
+        if (levels > depthLimit_ - depth_) {
+            refuseDepth();
+        }
+    }
+
+    /// The URI bound to `prefix`, "" when unbound.
+    const TzCString& uriFor(std::string_view prefix) const noexcept {
+        return namespaces_.getURIForPrefix(prefix);
+    }
+    /// Declares a namespace on the innermost element, but for a prefix without URI, which XML
+    /// forbids.
+    void declare(const TzXmlNamespace& declared);
+    /// Declares `uri` under `prefix` when that prefix is unbound.
+    void declareUnbound(std::string_view prefix, const TzCString& uri);
+    /// Whether `name` needs a declaration. Deliberate: a prefix that is bound stays as it is,
+    /// whatever its URI, so that no prefix changes its meaning within an element; only the default
+    /// namespace does.
+    bool needsDeclaration(const TzXmlName& name) const noexcept;
+    /// Whether the innermost element declares something.
+    bool hasDeclarations() const noexcept { return namespaces_.depth() != around_.scopes; }
+    /// The declarations of the innermost element when it has some, in order of addition.
+    const TzXmlNamespaceStack& declarations() const noexcept { return namespaces_; }
+    /// Changes with every declaration that comes or goes.
+    std::uint64_t declarationChanges() const noexcept { return declarationChanges_; }
+
+    /// Whether the innermost element states an encoding style.
+    bool isStyleStated() const noexcept { return stylesUsed_ != around_.styles; }
+    /// The style that the innermost element states, "" when it states none.
+    std::string_view ownStyle() const noexcept {
+        return isStyleStated() ? styleAfter(stylesUsed_) : std::string_view();
+    }
+    /// The style in force around the innermost element, "" when there is none.
+    std::string_view outerStyle() const noexcept { return styleAfter(around_.styles); }
+    /// Makes `style` the one that the innermost element states; "" means that it states none.
+    void setOwnStyle(std::string_view style);
+    /// Changes with every style that comes or goes, and with the version written.
+    std::uint64_t styleChanges() const noexcept { return styleChanges_; }
+    /// A writer in this scope writes another version from now on.
+    void noteVersion() noexcept { ++styleChanges_; }
+
+    /// Takes default prefixes from `soap`, which outlives this object.
+    void setVersion(const TzSoapVersion& soap) noexcept { soap_ = &soap; }
+    /// Sets the prefixes that a message wants for the namespaces of SOAP; "" is the default.
+    void setPrefixes(const TzCString& envelope, const TzCString& encoding);
+    /// The prefix to spell the envelope namespace with.
+    const TzCString& envelopePrefix() const;
+    /// The prefix to spell the encoding namespace with.
+    const TzCString& encodingPrefix() const;
+
+private:
+    /// What was there when an element was opened.
+    struct Mark {
+        std::size_t scopes = 0;
+        std::size_t styles = 0;
+    };
+
+    std::string_view styleAfter(std::size_t count) const noexcept {
+        return count == 0 ? std::string_view() : styles_[count - 1];
+    }
+    void close() noexcept {
+        dropStyles(around_.styles);
+        if (hasDeclarations()) {
+            dropDeclarations();
+        }
+        around_ = open_.back();
+        open_.pop_back();
+        --depth_;
+    }
+    void dropStyles(std::size_t count) noexcept {
+        if (stylesUsed_ != count) {
+            stylesUsed_ = count;
+            ++styleChanges_;
+        }
+    }
+    void dropDeclarations() noexcept;
+    [[noreturn]] void refuseDepth() const;
+
+    TzXmlNamespaceStack namespaces_; // only elements that declare something have a scope
+    std::vector<TzCString> styles_;  // only of elements that state one; the rest is kept memory
+    std::size_t stylesUsed_ = 0;
+    Mark around_;           // the innermost element
+    std::size_t depth_ = 0; // of open_
+    std::size_t depthLimit_;
+    std::vector<Mark> open_; // the elements around it, innermost last, and where nothing was open
+    std::uint64_t declarationChanges_ = 1;
+    std::uint64_t styleChanges_ = 1;
+    const TzSoapVersion* soap_;
+    TzCString envelopePrefix_;
+    TzCString encodingPrefix_;
+};

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/tools/TzCString.h>
+
+#include <string_view>
+
+class TzSoapElementImp;
+class TzSoapScope;
+class TzSoapStartTag;
+class TzXmlAttribute;
+class TzXmlAttributeSet;
+
+/// What the writer and the serializer do differently: where an element's own declarations go, how
+/// prefixes are invented, and where the encoding style is written. Holds no state.
+class TzSoapScopeRules {
+public:
+    TzSoapScopeRules(const TzSoapScopeRules&) = delete;
+    TzSoapScopeRules& operator=(const TzSoapScopeRules&) = delete;
+
+    /// An element that carries `attributes` is opened in `scope`; nothing of it is qualified yet.
+    virtual void enter(TzSoapScope& scope, const TzXmlAttributeSet& attributes) const = 0;
+    /// Collects a declaration that the element carries as an attribute.
+    virtual void collectDeclaration(TzSoapScope& scope,
+                                    const TzXmlAttribute& declaration) const = 0;
+    /// A prefix made from `prefix` that can be declared for `uri` in `scope`.
+    virtual TzCString uniquePrefix(const TzSoapScope& scope, std::string_view prefix,
+                                   std::string_view uri) const = 0;
+    /// Collects `style` as the one that the element states.
+    virtual void collectStyle(TzSoapStartTag& tag, std::string_view style) const = 0;
+    /// Declares what the style attribute needs, which the element states.
+    virtual void qualifyStyle(TzSoapStartTag& tag) const = 0;
+    /// Writes the style, which the element states, when it is not among the collected attributes.
+    virtual void writeStyle(TzSoapStartTag& tag) const = 0;
+    /// Collects what the body of a message has beside the attributes of every part.
+    virtual void collectBodyProperties(TzSoapStartTag& tag, const TzSoapElementImp& body) const = 0;
+
+protected:
+    TzSoapScopeRules() = default;
+    ~TzSoapScopeRules() = default;
+};

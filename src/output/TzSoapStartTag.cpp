@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "output/TzSoapStartTag.h"
+
+#include <soap/TzSoapArrayTypeImp.h>
+#include <soap/TzSoapElementImp.h>
+#include <soap/TzSoapReferenceTypeImp.h>
+#include <soap/TzSoapTypeImp.h>
+
+namespace {
+
+/// The attribute that states a type, around its value.
+constexpr std::string_view BriefTypeOpen = " xsi:type=\"";
+constexpr std::string_view BriefTypeClose = "\">";
+
+} // namespace
+
+void TzSoapStartTag::reset() noexcept {
+    clear();
+    schemaInstanceBoundAt_ = 0;
+    encodedAt_ = 0;
+}
+
+void TzSoapStartTag::qualifyName(const TzXmlName& name) {
+    if (scope().needsDeclaration(name)) {
+        scope().declare(name.getNamespace());
+    }
+}
+
+void TzSoapStartTag::collectBlock(const TzSoapElementImp& element) {
+    const bool styleStated = element.hasProperties() && element.hasEncodingStyleAttribute();
+    collectOwn(element, styleStated);
+    if (styleStated) {
+        collectStyleOf(element);
+    }
+}
+
+void TzSoapStartTag::collectValue(const TzSoapTypeImp& value, const TzXmlName& type,
+                                  std::string_view position) {
+    const bool properties = value.hasProperties();
+    const bool styleStated = properties && value.hasEncodingStyleAttribute();
+    collectOwn(value, styleStated);
+    collectPosition(position);
+    if (styleStated) {
+        collectStyleOf(value);
+    }
+    if (properties) {
+        collectProperties(value);
+    }
+    collectType(type);
+    if (properties && !value.getActorAttribute().empty()) {
+        collectSoap(TzSoapVersion::Actor, value.getActorAttribute());
+    }
+}
+
+void TzSoapStartTag::collectPosition(std::string_view position) {
+    if (!position.empty()) {
+        collectSoap(TzSoapVersion::Position, position);
+    }
+}
+
+void TzSoapStartTag::collectStyleOf(const TzSoapElementImp& element) {
+    collectStyle(attributes_.keep(element.getEncodingStyleAttribute()));
+}
+
+void TzSoapStartTag::collectOwn(const TzSoapElementImp& element, bool styleStated) {
+    for (const TzXmlAttribute& attribute : element.getAttributeSet()) {
+        collectOwn(attribute, styleStated);
+    }
+}
+
+void TzSoapStartTag::collectOwn(const TzXmlAttribute& attribute, bool styleStated) {
+    const TzXmlName& name = attribute.getName();
+    if (attribute.isNamespaceDeclaration()) {
+        context_.rules().collectDeclaration(scope(), attribute);
+    } else if (name.getUri().empty()) {
+        attributes_.addOwn({&name, name.getPrefix(), attribute.getValue()});
+    } else if (name == soap().getSoapAttributeQName(TzSoapVersion::EncodingStyle)) {
+        if (!styleStated) {
+            collectStyle(attribute.getValue());
+        }
+    } else if (!collectOfOtherVersion(attribute, styleStated)) {
+        attributes_.addOwn({&name, boundPrefix(name.getPrefix(), name), attribute.getValue()});
+    }
+}
+
+bool TzSoapStartTag::isOfOtherVersion(const TzXmlName& name,
+                                      TzSoapVersion::SoapAttribute& attribute) const {
+    TzSoapVersion::Version found{};
+    return TzSoapVersion::isSoapAttribute(name, attribute, found) && found != context_.version();
+}
+
+bool TzSoapStartTag::collectOfOtherVersion(const TzXmlAttribute& attribute, bool styleStated) {
+    TzSoapVersion::SoapAttribute which{};
+    if ((!context_.isInEnvelope() && !context_.isStandalone()) ||
+        !isOfOtherVersion(attribute.getName(), which)) {
+        return false;
+    }
+    if (which != TzSoapVersion::EncodingStyle) {
+        collectSoap(which, attribute.getValue());
+    } else if (!styleStated) {
+        collectStyle(attribute.getValue());
+    }
+    return true;
+}
+
+void TzSoapStartTag::collectProperties(const TzSoapTypeImp& value) {
+    collectRoot(value);
+    if (value.getMustUnderstand()) {
+        collectSoap(TzSoapVersion::MustUnderstand,
+                    attributes_.keep(value.getMustUnderstandAttribute(context_.version())));
+    }
+}
+
+void TzSoapStartTag::collectType(const TzXmlName& type) {
+    if (!type.isEmpty()) {
+        TzCString& text = attributes_.newText();
+        type.appendQualifiedName(text);
+        collectSchemaInstance(TzSoapAttributeSet::getTypeAttributeName(), text);
+    }
+}
+
+void TzSoapStartTag::collectShape(const TzSoapArrayTypeImp& array) {
+    // SOAP 1.1 has arrayType, SOAP 1.2 itemType and arraySize; what the version lacks is skipped.
+    const TzSoapVersion::Version version = context_.version();
+    collectSoap(TzSoapVersion::ItemType, array.getElementType());
+    collectSoap(TzSoapVersion::ArraySize, attributes_.keep(array.getBoundsAsString(version)));
+    collectSoap(TzSoapVersion::ArrayType, attributes_.keep(array.getArrayType()));
+    const std::string_view offset = attributes_.keep(array.getOffsetAttribute(version));
+    if (!offset.empty()) {
+        collectSoap(TzSoapVersion::Offset, offset);
+    }
+}
+
+void TzSoapStartTag::collectSchemaInstance(const TzXmlName& name, std::string_view value) {
+    std::string_view prefix = name.getPrefix();
+    if (schemaInstanceBoundAt_ != scope().declarationChanges()) {
+        prefix = boundPrefix(prefix, name);
+        if (prefix == name.getPrefix()) {
+            schemaInstanceBoundAt_ = scope().declarationChanges();
+        }
+    }
+    attributes_.addMade({&name, prefix, value});
+}
+
+void TzSoapStartTag::renameReference(const TzSoapReferenceTypeImp& reference) {
+    const TzSoapVersion::SoapAttribute attribute =
+        reference.isSoapReference() ? TzSoapVersion::Ref : TzSoapVersion::Href;
+    const TzXmlName& latest =
+        TzSoapVersion::getLatestSoapVersion().getSoapAttributeQName(attribute);
+    attributes_.rename(latest, soap().getSoapAttributeQName(attribute));
+}
+
+void TzSoapStartTag::collectRoot(const TzSoapElementImp& element) {
+    if (element.isRootAttributeSet()) {
+        collectSoap(TzSoapVersion::Root, attributes_.keep(element.getRootAttribute()));
+    }
+}
+
+void TzSoapStartTag::collectSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value) {
+    const TzXmlName& name = soap().getSoapAttributeQName(attribute);
+    if (!name.isEmpty()) {
+        attributes_.addMade({&name, boundPrefix(soapPrefix(name), name), value});
+    }
+}
+
+std::string_view TzSoapStartTag::soapPrefix(const TzXmlName& name) const {
+    if (name.getNamespace().sameUri(soap().getSoapEnv())) {
+        return scope().envelopePrefix();
+    }
+    return name.getNamespace().sameUri(soap().getSoapEnc()) ? scope().encodingPrefix()
+                                                            : name.getPrefix();
+}
+
+std::string_view TzSoapStartTag::boundPrefix(std::string_view prefix, const TzXmlName& name) {
+    const TzCString& uri = name.getUri();
+    const TzCString& bound = scope().uriFor(prefix);
+    if (bound == uri || uri.empty()) {
+        return prefix;
+    }
+    if (bound.empty()) {
+        scope().declare(prefix == name.getPrefix() ? name.getNamespace()
+                                                   : TzXmlNamespace(prefix, uri));
+        return prefix;
+    }
+    const std::string_view unique =
+        attributes_.keep(context_.rules().uniquePrefix(scope(), prefix, uri));
+    scope().declare(TzXmlNamespace(unique, uri));
+    return unique;
+}
+
+void TzSoapStartTag::ensureStyle() {
+    if (encodedAt_ == scope().styleChanges() || scope().isStyleStated()) {
+        return;
+    }
+    const TzCString& style = soap().getSoapEncodingStyle();
+    if (scope().outerStyle() == style) {
+        encodedAt_ = scope().styleChanges();
+    } else {
+        collectStyle(style);
+    }
+}
+
+bool TzSoapStartTag::isBrief(const TzSoapTagName& tag, const TzXmlName& name,
+                             const TzSoapTypeImp& value, const TzXmlName& type, bool typeIsPlain,
+                             Brief& brief) const {
+    if (!value.getAttributeSet().empty() || value.hasProperties() ||
+        encodedAt_ != scope().styleChanges() || tag.isUnnamed || scope().needsDeclaration(name)) {
+        return false;
+    }
+    if (type.isEmpty()) {
+        return true;
+    }
+    const TzSoapTagName text = TzSoapTagName::of(type);
+    if (schemaInstanceBoundAt_ != scope().declarationChanges() ||
+        !(typeIsPlain || (TzXmlWriter::isPlain(text.prefix) && TzXmlWriter::isPlain(text.local)))) {
+        return false;
+    }
+    brief = {BriefTypeOpen, text.prefix, text.colon, text.local, BriefTypeClose};
+    return true;
+}
+
+void TzSoapStartTag::writeElementName(const TzSoapTagName& name) {
+    context_.xml().writeMarkup(name.prefix, name.colon, name.local);
+    if (name.isUnnamed) {
+        scope().declare(TzSoapTagName::unnamedName().getNamespace());
+    }
+}
+
+void TzSoapStartTag::write(const TzSoapTagName& name) {
+    context_.xml().writeMarkup(TzXmlWriter::StartTag);
+    writeElementName(name);
+    writeDeclarations();
+    if (scope().isStyleStated()) {
+        context_.rules().writeStyle(*this);
+    }
+    writeAttributes();
+}
+
+void TzSoapStartTag::writeBlock(const TzSoapTagName& name) {
+    write(name);
+    context_.xml().writeMarkupLine(TzXmlWriter::EndTag);
+    context_.xml().incrementIndent();
+}
+
+void TzSoapStartTag::writeDeclarations() {
+    if (!scope().hasDeclarations()) {
+        return;
+    }
+    const TzXmlNamespace& xmlns = TzXmlNamespace::getXmlns();
+    for (const TzXmlNamespace& each : scope().declarations()) {
+        if (each.sameUri(xmlns)) {
+            continue;
+        }
+        if (each.getPrefix().empty()) {
+            writeAttribute({}, xmlns.getPrefix(), each.getUri());
+        } else {
+            writeAttribute(xmlns.getPrefix(), each.getPrefix(), each.getUri());
+        }
+    }
+}
+
+void TzSoapStartTag::writeAttributes() {
+    for (const TzSoapTagAttributes::Attribute& each : attributes_) {
+        writeAttribute(each.prefix, each.name->getLocalName(), each.value);
+    }
+}

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapVersion.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlAttributeSet.h>
+#include <tz/xml/TzXmlName.h>
+#include <tz/xml/TzXmlWriter.h>
+
+#include "output/TzSoapOutputContext.h"
+#include "output/TzSoapScopeRules.h"
+#include "output/TzSoapTagAttributes.h"
+#include "output/TzSoapTagName.h"
+
+#include <cstdint>
+#include <string_view>
+
+class TzSoapArrayTypeImp;
+class TzSoapElementImp;
+class TzSoapReferenceTypeImp;
+class TzSoapTypeImp;
+
+/// The start tag being prepared: finds out what the innermost element has to declare, collects its
+/// attributes, and writes them.
+///
+/// Most values have nothing to declare or to state but their type; these take a short path,
+/// `Brief`.
+class TzSoapStartTag {
+public:
+    /// What prefixes are made from where there is none.
+    static constexpr std::string_view PrefixBase = "prefix";
+
+    /// What follows the name on the start tag of a brief value, up to the end of the tag; the first
+    /// four are empty when it has no type.
+    struct Brief {
+        std::string_view open;
+        std::string_view typePrefix;
+        std::string_view typeColon;
+        std::string_view type;
+        std::string_view close = TzXmlWriter::EndTag;
+    };
+
+    /// The start tags written in `context`, which must outlive this object.
+    explicit TzSoapStartTag(const TzSoapOutputContext& context) noexcept : context_(context) {}
+    TzSoapStartTag(const TzSoapStartTag&) = delete;
+    TzSoapStartTag& operator=(const TzSoapStartTag&) = delete;
+
+    /// The scope of the element.
+    TzSoapScope& scope() const noexcept { return context_.scope(); }
+    /// The names of the version written.
+    const TzSoapVersion& soap() const noexcept { return context_.soap(); }
+
+    /// Begins the tag of the element opened last, which carries `attributes`.
+    void begin(const TzXmlAttributeSet& attributes) {
+        attributes_.clear();
+        if (!attributes.empty()) {
+            context_.rules().enter(scope(), attributes);
+        }
+    }
+    /// Forgets what was collected.
+    void clear() noexcept { attributes_.clear(); }
+    /// Forgets everything, for another scope.
+    void reset() noexcept;
+    /// Declares what `name` needs where its prefix is unbound.
+    void qualifyName(const TzXmlName& name);
+    /// Collects the attributes of an envelope, header or body, and its style.
+    void collectBlock(const TzSoapElementImp& element);
+    /// Collects the attributes of a value with its style, and those that SOAP defines for values:
+    /// `type` is its type, `position` its position in a sparse array, "" for any other value.
+    void collectValue(const TzSoapTypeImp& value, const TzXmlName& type, std::string_view position);
+    /// Collects root when it is set.
+    void collectRoot(const TzSoapElementImp& element);
+    /// Collects the attributes that an array has beside those of every value.
+    void collectShape(const TzSoapArrayTypeImp& array);
+    /// Collects the position in a sparse array, unless it is "".
+    void collectPosition(std::string_view position);
+    /// Collects the xsi attribute `name`.
+    void collectSchemaInstance(const TzXmlName& name, std::string_view value);
+    /// Collects an attribute of SOAP; nothing happens where the version has no such attribute.
+    void collectSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value);
+    /// Spells the attribute of a reference, collected before, as this version names it.
+    void renameReference(const TzSoapReferenceTypeImp& reference);
+    /// States the version's own style unless the element or one around it states a style already.
+    void ensureStyle();
+    /// Declares what the style attribute needs; to be called when all else is collected.
+    void qualifyStyle() {
+        if (scope().isStyleStated()) {
+            context_.rules().qualifyStyle(*this);
+        }
+    }
+
+    /// The prefix for an attribute of SOAP named `name` by the version's table.
+    std::string_view soapPrefix(const TzXmlName& name) const;
+    /// Whether `name` is an attribute of SOAP as another version than that written names it.
+    bool isOfOtherVersion(const TzXmlName& name, TzSoapVersion::SoapAttribute& attribute) const;
+    /// The prefix to spell an attribute named `name` with, declared where it has to be: `prefix`,
+    /// or one made from it when that is bound to another namespace. Valid until the next tag.
+    std::string_view boundPrefix(std::string_view prefix, const TzXmlName& name);
+
+    /// Whether a value says nothing but its `type`, in the encoding of SOAP, and nothing has to be
+    /// declared for it: then `brief` becomes what follows the name on its start tag, which is all
+    /// that collecting would yield. `typeIsPlain` when the type is known to need no escaping.
+    bool isBrief(const TzSoapTagName& tag, const TzXmlName& name, const TzSoapTypeImp& value,
+                 const TzXmlName& type, bool typeIsPlain, Brief& brief) const;
+    /// Writes the tag without its end: name, declarations, attributes.
+    void write(const TzSoapTagName& name);
+    /// Writes the tag, ends the line and indents what follows.
+    void writeBlock(const TzSoapTagName& name);
+    /// Writes the name of the element; one for a value without name is declared on this tag.
+    void writeElementName(const TzSoapTagName& name);
+    /// Writes the declarations of the element.
+    void writeDeclarations();
+    /// Writes the collected attributes.
+    void writeAttributes();
+    /// Writes one attribute.
+    void writeAttribute(std::string_view prefix, std::string_view local, std::string_view value) {
+        context_.xml().writeQualifiedAttribute(prefix, local, value);
+    }
+
+private:
+    void collectOwn(const TzSoapElementImp& element, bool styleStated);
+    void collectOwn(const TzXmlAttribute& attribute, bool styleStated);
+    bool collectOfOtherVersion(const TzXmlAttribute& attribute, bool styleStated);
+    void collectStyle(std::string_view style) { context_.rules().collectStyle(*this, style); }
+    void collectStyleOf(const TzSoapElementImp& element);
+    void collectProperties(const TzSoapTypeImp& value);
+    void collectType(const TzXmlName& type);
+
+    const TzSoapOutputContext& context_;
+    TzSoapTagAttributes attributes_;
+    std::uint64_t schemaInstanceBoundAt_ = 0; // where the usual prefix was bound to that namespace
+    std::uint64_t encodedAt_ = 0;             // where the version's own style was in force
+};

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+#include "output/TzSoapValueOutput.h"
+
+#include <soap/TzSoapCatalog.h>
+#include <soap/TzSoapReferenceTypeImp.h>
+#include <soap/TzSoapSimpleTypeImp.h>
+#include <soap/TzSoapUserDefinedTypeImp.h>
+#include <tz/mime/TzMimeMultipart.h>
+#include <tz/tools/TzMessage.h>
+#include <tz/xml/TzThrow.h>
+
+#include <utility>
+
+namespace {
+
+/// Deliberate: the line that is reported when markup has no start tag to put the style in.
+constexpr int NoStartTagLine = 669;
+
+/// Whether `type` is the type under which values show `label`, prefix included.
+bool isLabel(const TzXmlName& type, const TzXmlName& label) {
+    return type.isSame(label) || (type.getNamespace() == label.getNamespace() &&
+                                  type.getLocalName() == label.getLocalName());
+}
+
+} // namespace
+
+bool TzSoapValueOutput::isNil(const TzSoapTypeImp& value) {
+    return !value.getAttributeSet().empty() && value.isNull();
+}
+
+void TzSoapValueOutput::collect(TzSoapTypeImp& value, const TzXmlName& type,
+                                std::string_view position, Encoding encoding) {
+    startTag_.begin(value.getAttributeSet());
+    startTag_.qualifyName(std::as_const(value).getName());
+    startTag_.collectValue(value, type, position);
+    if (encoding == Encoding::Soap) {
+        startTag_.ensureStyle();
+    }
+    startTag_.qualifyStyle();
+}
+
+void TzSoapValueOutput::start(const TzSoapTagName& name, const TzSoapTypeImp& value) {
+    startTag_.write(name);
+    context_.xml().write(TzXmlWriter::EndTag);
+    context_.book().noteWritten(value);
+}
+
+void TzSoapValueOutput::writeEmpty(const TzSoapTagName& name, const TzSoapTypeImp& value) {
+    startTag_.write(name);
+    context_.xml().writeMarkupLine(TzXmlWriter::UnpairedTag);
+    context_.book().noteWritten(value);
+}
+
+void TzSoapValueOutput::writeGeneric(TzSoapTypeImp& value, std::string_view position) {
+    const TzXmlName& name = std::as_const(value).getName();
+    const TzSoapOpenElement element(context_);
+    collect(value, value.getTypeValue(), position, Encoding::None);
+    const TzSoapTagName tag = TzSoapTagName::of(name);
+    start(tag, value);
+    context_.xml().writeNewLine();
+    tag.writeEndTag(context_.xml());
+}
+
+void TzSoapValueOutput::writeSimple(TzSoapSimpleTypeImp& value) {
+    const TzXmlName* type = &value.getTypeValue();
+    const bool typeShown = value.getTypeShouldBeEncoded();
+    if (typeShown && !isLabel(*type, labels_[value.getType()])) {
+        type = &labels_[value.getType()];
+        value.setTypeAttribute(*type);
+    }
+    const TzXmlName& name = std::as_const(value).getName();
+    const TzSoapTagName tag = TzSoapTagName::of(name);
+    TzSoapStartTag::Brief brief;
+    if (!startTag_.isBrief(tag, name, value, *type, typeShown, brief)) {
+        writeSimpleAt(value, {});
+        return;
+    }
+    context_.scope().checkDepth(1);
+    context_.xml().writeMarkupLine(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local,
+                                   brief.open, brief.typePrefix, brief.typeColon, brief.type,
+                                   brief.close, contentOf(value), TzXmlWriter::StartEndTag,
+                                   tag.prefix, tag.colon, tag.local, TzXmlWriter::EndTag);
+}
+
+void TzSoapValueOutput::writeSimpleAt(TzSoapSimpleTypeImp& value, std::string_view position) {
+    const TzSoapTagName tag = TzSoapTagName::of(std::as_const(value).getName());
+    const TzSoapOpenElement element(context_);
+    const TzXmlName& label = labels_[value.getType()];
+    const TzXmlName& type = value.getTypeValue();
+    const bool isLabelled = value.getTypeShouldBeEncoded() && !isLabel(type, label);
+    collect(value, isLabelled ? label : type, position, Encoding::Soap);
+    start(tag, value);
+    if (!isNil(value)) {
+        context_.xml().write(contentOf(value));
+    }
+    tag.writeEndTag(context_.xml());
+}
+
+std::string_view TzSoapValueOutput::contentOf(const TzSoapSimpleTypeImp& value) {
+    return value.getEscapeText() == TzSoapContentBase::EscapeOff
+               ? value.text()
+               : context_.xml().escaped(value.text());
+}
+
+void TzSoapValueOutput::writeUserDefined(TzSoapUserDefinedTypeImp& value,
+                                         std::string_view position) {
+    const TzCString& markup = value.getValue();
+    if (markup.starts_with(TzXmlWriter::StartTag)) {
+        writeMarkup(markup, value);
+        return;
+    }
+    const TzXmlName& name = std::as_const(value).getName();
+    const TzSoapOpenElement element(context_);
+    collect(value, value.getTypeValue(), position, Encoding::Soap);
+    const TzSoapTagName tag = TzSoapTagName::of(name);
+    start(tag, value);
+    if (!isNil(value)) {
+        context_.xml().write(markup);
+    }
+    tag.writeEndTag(context_.xml());
+}
+
+void TzSoapValueOutput::writeMarkup(const TzCString& markup, const TzSoapTypeImp& value) {
+    const TzCString& style =
+        context_.soap().getSoapAttributeQName(TzSoapVersion::EncodingStyle).getLocalName();
+    if (markup.find(style) != TzCString::npos) {
+        context_.xml().write(markup);
+    } else {
+        const std::string_view whole = markup;
+        const std::size_t place = styleInsertion(markup);
+        context_.xml().write(whole.substr(0, place));
+        startTag_.writeAttribute(context_.scope().envelopePrefix(), style,
+                                 value.getEncodingStyleAttribute());
+        context_.xml().write(whole.substr(place));
+    }
+    context_.book().noteWritten(value);
+}
+
+std::size_t TzSoapValueOutput::styleInsertion(const TzCString& markup) const {
+    const std::size_t blank = markup.find(' ');
+    if (blank != TzCString::npos) {
+        return blank;
+    }
+    const std::size_t end = markup.find(TzXmlWriter::EndTag);
+    const std::size_t unpaired = markup.find(TzXmlWriter::UnpairedTag);
+    if (end == TzCString::npos) {
+        TzThrow(TzXmlInternalError(
+            TzMessage(tzsoap_INTERNAL_ERROR(), context_.unit(), NoStartTagLine)));
+    }
+    // The end of an empty-element tag must stay in one piece.
+    return unpaired < end ? unpaired : end;
+}
+
+void TzSoapValueOutput::writeMisunderstood(TzSoapTypeImp& value, std::string_view position) {
+    const TzXmlName& name = std::as_const(value).getName();
+    const TzSoapOpenElement element(context_);
+    collect(value, value.getTypeValue(), position, Encoding::None);
+    writeEmpty(TzSoapTagName::of(name), value);
+}
+
+void TzSoapValueOutput::writeReference(TzSoapReferenceTypeImp& value, std::string_view position) {
+    const TzXmlName& name = std::as_const(value).getName();
+    const TzSoapOpenElement element(context_);
+    startTag_.begin(value.getAttributeSet());
+    startTag_.qualifyName(name);
+    startTag_.collectValue(value, value.getTypeValue(), position);
+    startTag_.renameReference(value);
+    startTag_.qualifyStyle();
+    writeEmpty(TzSoapTagName::of(name), value);
+    if (value.hasReference()) {
+        keepTarget(value);
+    }
+}
+
+void TzSoapValueOutput::keepTarget(TzSoapReferenceTypeImp& reference) {
+    // Deliberate: the kind is asked twice, because a derived body may change its answer.
+    if (reference.isSoapReference()) {
+        if (!reference.isSoapReference()) {
+            TzThrow(TzXmlBadArgError(TzMessage(tzsoap_BAD_SOAP_REFERENCE())));
+        }
+        context_.book().noteReference(reference.getSoapReference());
+    } else if (context_.multipart() != nullptr) {
+        if (reference.isSoapReference()) {
+            TzThrow(TzXmlBadArgError(TzMessage(tzsoap_BAD_MIME_REFERENCE())));
+        }
+        context_.multipart()->insertPart(reference.getMimeReference());
+        context_.book().noteAttachment();
+    }
+}
+
+void TzSoapValueOutput::writePlaceholder(std::string_view position) {
+    const TzXmlName name;
+    const TzSoapOpenElement element(context_);
+    startTag_.begin(TzXmlAttributeSet());
+    startTag_.collectPosition(position);
+    startTag_.collectSchemaInstance(TzSoapAttributeSet::getNullAttributeName(),
+                                    TzSoapAttributeSet::getTrueAttributeValue());
+    const TzSoapTagName tag = TzSoapTagName::of(name);
+    startTag_.write(tag);
+    context_.xml().write(TzXmlWriter::EndTag);
+    tag.writeEndTag(context_.xml());
+}
