@@ -35,6 +35,10 @@ public:
     /// Copies text, scopes, styles and parts as they stand.
     TzSoapSerializer& operator=(const TzSoapSerializer& other);
 
+    /// Writes without line ends and indentation from now on, or with them, as by default. Compact
+    /// text has no white space between tags, and none in a value that holds nothing.
+    void setCompact(bool compact);
+
     /// The text so far. O(text).
     TzCString getSerializedString() const&;
     /// The text so far, handed over: none is left in the serializer. O(1).

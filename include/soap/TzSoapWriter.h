@@ -47,6 +47,11 @@ public:
     void setVersion(TzSoapVersion::Version version);
     /// Writes to `writer` from now on, which must outlive this object.
     void setWriter(TzXmlWriter* writer);
+    /// Writes without line ends and indentation from now on, or with them; makes the XML writers
+    /// that this object writes to do so. Without a call they keep their own layout, which is not
+    /// compact by default. Compact text has no white space between tags, and none in a value that
+    /// holds nothing.
+    void setCompact(bool compact);
     /// Inserts MIME parts into `multipart` from now on, or nowhere when it is null.
     void setMimeMultipart(TzMimeMultipart* multipart);
 

@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <typeinfo>
 
 class TzMimeMultipart;
@@ -41,7 +42,17 @@ public:
     /// Where the text goes.
     TzXmlWriter& xml() const noexcept { return *xml_; }
     /// Writes to `xml` from now on.
-    void setXml(TzXmlWriter* xml) noexcept { xml_ = xml; }
+    void setXml(TzXmlWriter* xml) noexcept {
+        xml_ = xml;
+        if (compact_) {
+            xml->setCompact(*compact_);
+        }
+    }
+    /// Makes this and every later XML writer write without line ends and indentation, or with them.
+    void setCompact(bool compact) noexcept {
+        compact_ = compact;
+        xml_->setCompact(compact);
+    }
     /// Where MIME parts go, null for nowhere.
     TzMimeMultipart* multipart() const noexcept { return multipart_; }
     /// Inserts MIME parts into `multipart` from now on, or nowhere when it is null.
@@ -114,6 +125,7 @@ private:
     TzMimeMultipart* multipart_;
     const TzSoapVersion* soap_;
     std::shared_ptr<Shared> shared_;
+    std::optional<bool> compact_; // the XML writer's own layout unless set
     bool isWithin_ = false;
     bool versionFixed_ = false;
     bool inEnvelope_ = false;

@@ -134,6 +134,8 @@ TzSoapSerializer& TzSoapSerializer::operator=(const TzSoapSerializer& other) {
 
 TzSoapSerializer::~TzSoapSerializer() = default;
 
+void TzSoapSerializer::setCompact(bool compact) { owned_->path.context.setCompact(compact); }
+
 TzCString TzSoapSerializer::getSerializedString() const& { return owned_->text.getString(); }
 
 TzCString TzSoapSerializer::getSerializedString() && { return owned_->text.takeString(); }

@@ -44,6 +44,8 @@ void TzSoapWriter::setVersion(TzSoapVersion::Version version) {
 
 void TzSoapWriter::setWriter(TzXmlWriter* writer) { path_->context.setXml(writer); }
 
+void TzSoapWriter::setCompact(bool compact) { path_->context.setCompact(compact); }
+
 void TzSoapWriter::setMimeMultipart(TzMimeMultipart* multipart) {
     path_->context.setMultipart(multipart);
 }

@@ -69,7 +69,7 @@ void TzXmlWriter::indent() {
         used_ += indentation_;
         return;
     }
-    std::size_t left = indentation_;
+    std::size_t left = std::min(indentation_, MostSteps * std::max(step_, DefaultStep));
     for (; left > Blanks.size(); left -= Blanks.size()) {
         put(Blanks);
     }

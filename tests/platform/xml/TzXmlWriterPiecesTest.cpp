@@ -41,13 +41,13 @@ TEST(TzXmlWriterPieces, GrowsToLargeTexts) {
 
 TEST(TzXmlWriterPieces, IndentsLinesOfPieces) {
     TzXmlStringWriter writer;
-    for (const std::size_t blanks : {0U, 1U, 31U, 32U, 33U, 70U}) {
+    for (const std::size_t blanks : {0U, 1U, 31U, 32U, 33U, 64U}) {
         writer.setIndentation(blanks);
         writer.writeMarkupLine("<", std::to_string(blanks), ">");
     }
     EXPECT_EQ(writer.getString(), "<0>\n <1>\n" + std::string(31, ' ') + "<31>\n" +
                                       std::string(32, ' ') + "<32>\n" + std::string(33, ' ') +
-                                      "<33>\n" + std::string(70, ' ') + "<70>\n");
+                                      "<33>\n" + std::string(64, ' ') + "<64>\n");
 }
 
 TEST(TzXmlWriterPieces, SpellsAttributeNamesInTwoParts) {

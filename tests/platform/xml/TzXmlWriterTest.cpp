@@ -217,6 +217,56 @@ TEST(TzXmlWriter, IndentsOnlyLinesOfItsOwn) {
     EXPECT_EQ(writer.getString(), "<a>one\ntwo\nthree\n\n     b=\"c\"");
 }
 
+TEST(TzXmlWriter, IndentsByThirtyTwoStepsAtMost) {
+    const auto indentationAt = [](std::size_t step, std::size_t levels) {
+        TzXmlStringWriter writer;
+        writer.setIndentationStep(step);
+        for (std::size_t level = 0; level < levels; ++level) {
+            writer.incrementIndent();
+        }
+        writer.writeNewLine();
+        writer.write("<a>");
+        EXPECT_EQ(writer.getIndentation(), step * levels);
+        return writer.getString().size() - 4;
+    };
+    EXPECT_EQ(indentationAt(2, 31), 62U);
+    EXPECT_EQ(indentationAt(2, 32), 64U);
+    EXPECT_EQ(indentationAt(2, 33), 64U);
+    EXPECT_EQ(indentationAt(2, 100000), 64U);
+    EXPECT_EQ(indentationAt(1, 100), 64U);
+    EXPECT_EQ(indentationAt(8, 100), 256U);
+    EXPECT_EQ(indentationAt(0, 100), 0U);
+    TzXmlStringWriter writer;
+    writer.setIndentationStep(0);
+    writer.setIndentation(3);
+    writer.writeNewLine();
+    writer.write("<a>");
+    EXPECT_EQ(writer.getString(), "\n   <a>");
+}
+
+TEST(TzXmlWriter, CompactLayoutHasNoLineEndsAndNoIndentation) {
+    TzXmlStringWriter writer;
+    EXPECT_FALSE(writer.isCompact());
+    writer.setCompact(true);
+    EXPECT_TRUE(writer.isCompact());
+    writer.writeMarkupLine("<a>");
+    writer.incrementIndent();
+    writer.write("<b>");
+    writer.write("x\n y", true);
+    writer.writeMarkupLine("</b>");
+    writer.decrementIndent();
+    writer.write("</a>");
+    writer.writeNewLine();
+    EXPECT_EQ(writer.getString(), "<a><b>x\n y</b></a>");
+    TzXmlStringWriter copy(writer);
+    EXPECT_TRUE(copy.isCompact());
+    copy.setCompact(false);
+    copy.writeNewLine();
+    copy.incrementIndent();
+    copy.write("<c/>");
+    EXPECT_EQ(copy.getString(), "<a><b>x\n y</b></a>\n  <c/>");
+}
+
 TEST(TzXmlWriter, IndentationStopsAtZero) {
     TzXmlStringWriter writer;
     writer.setIndentationStep(3);
@@ -233,6 +283,7 @@ TEST(TzXmlWriter, IndentationStopsAtZero) {
 TEST(TzXmlWriter, IndentsDeeply) {
     for (const std::size_t blanks : {31U, 32U, 33U, 64U, 5000U}) {
         TzXmlStringWriter writer;
+        writer.setIndentationStep(blanks);
         writer.writeNewLine();
         writer.setIndentation(blanks);
         writer.write("x");

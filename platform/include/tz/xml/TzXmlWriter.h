@@ -11,8 +11,8 @@
 
 /// Appends XML markup to a text: escaping, line breaks and indentation.
 ///
-/// A line begun by `writeNewLine` is indented when its first text is written, so an indentation
-/// changed in between counts. Not locked: one writer is used by one thread at a time.
+/// A line begun by `writeNewLine` is indented when its first text is written, by the indentation
+/// in force then. Not locked: one writer is used by one thread at a time.
 class TZ_PLATFORM_API TzXmlWriter {
 public:
     /// Opens a start tag.
@@ -25,12 +25,17 @@ public:
     static constexpr std::string_view UnpairedTag = "/>";
     /// Between attribute name and value.
     static constexpr std::string_view EqualToAndQuotes = "=\"";
-    /// Behind an attribute value.
+    /// After an attribute value.
     static constexpr std::string_view Quotes = "\"";
     /// Ends a line.
     static constexpr std::string_view Newline = "\n";
     /// Between prefix and local part.
     static constexpr std::string_view Colon = ":";
+    /// Blanks of one step of indentation, unless set.
+    static constexpr std::size_t DefaultStep = 2;
+    /// Most steps by which a line is indented: more would make the text of a deep document many
+    /// times as long as its markup.
+    static constexpr std::size_t MostSteps = 32;
 
     TzXmlWriter(const TzXmlWriter&) = delete;
     TzXmlWriter& operator=(const TzXmlWriter&) = delete;
@@ -60,8 +65,8 @@ public:
     }
     /// Appends several pieces of markup as they stand, in one go, and ends the line.
     template <typename... Pieces> void writeMarkupLine(const Pieces&... pieces) {
-        writeMarkup(pieces..., Newline);
-        indentDue_ = true;
+        writeMarkup(pieces...);
+        writeNewLine();
     }
     /// `content` as `write` would escape it; valid until the next escaping. `TzXmlBadArgError` as
     /// there.
@@ -74,17 +79,24 @@ public:
     /// The same, escaped, for a name in two parts; an empty prefix is left out with its colon.
     void writeQualifiedAttribute(std::string_view prefix, std::string_view localName,
                                  std::string_view value);
-    /// Ends the line; the next text is indented.
+    /// Ends the line; the next text is indented. Does nothing in compact layout.
     void writeNewLine() {
-        put(Newline);
-        indentDue_ = true;
+        if (!compact_) {
+            put(Newline);
+            indentDue_ = true;
+        }
     }
 
-    /// Blanks that the next line is indented by.
+    /// Whether the layout is compact; false unless set.
+    bool isCompact() const noexcept { return compact_; }
+    /// Leaves line ends and indentation out from now on, or writes them again.
+    void setCompact(bool compact) noexcept { compact_ = compact; }
+    /// Blanks that the next line is indented by. Of these, at most `MostSteps` steps are written, a
+    /// step of less than `DefaultStep` taken for one of that many.
     std::size_t getIndentation() const noexcept { return indentation_; }
     /// Sets the indentation of the next line.
     void setIndentation(std::size_t blanks) noexcept { indentation_ = blanks; }
-    /// Blanks of one step, 2 by default.
+    /// Blanks of one step, `DefaultStep` unless set.
     std::size_t getIndentationStep() const noexcept { return step_; }
     /// Sets the blanks of one step.
     void setIndentationStep(std::size_t blanks) noexcept { step_ = blanks; }
@@ -107,6 +119,7 @@ protected:
     void standAs(const TzXmlWriter& other) noexcept {
         indentation_ = other.indentation_;
         step_ = other.step_;
+        compact_ = other.compact_;
         indentDue_ = other.indentDue_;
     }
 
@@ -159,8 +172,9 @@ private:
 
     TzCString* output_;
     std::size_t indentation_ = 0;
-    std::size_t step_ = 2;
+    std::size_t step_ = DefaultStep;
     bool indentDue_ = false;
+    bool compact_ = false;
     TzCString escaped_;            // text in its escaped form, while it is written
     mutable std::size_t used_ = 0; // of chunk_
     std::array<char, 2048> chunk_; // gathers the many short pieces of markup
