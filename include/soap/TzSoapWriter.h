@@ -22,13 +22,17 @@ struct TzSoapOutputPath;
 /// type has that type set on it by being written, so messages that share values must not be written
 /// by two threads at once. One writer and the text it writes to belong to one thread.
 ///
-/// Errors: `TzXmlDomainError` for values nested deeper than `DepthLimit`, `TzXmlBadArgError` for
-/// text that XML cannot carry and for a reference that changes its kind, `TzXmlInternalError`
-/// INTERNAL_ERROR for a kind of value that does not exist and for user-defined markup without a
-/// start tag. What was written before an error stays written.
+/// Errors: `TzXmlDomainError` for values nested deeper than `DepthLimit` and for a value that
+/// stands within itself (one that several places share is written at each of them),
+/// `TzXmlBadArgError` for text that XML cannot carry and for a reference that changes its kind,
+/// `TzXmlInternalError` INTERNAL_ERROR for a kind of value that does not exist and for user-defined
+/// markup without a start tag. What was written before an error stays written.
 class TZSOAP_API TzSoapWriter : public TzSoapConstVisitor {
 public:
-    /// Deepest nesting of elements that is written.
+    /// Deepest nesting of elements that is written, unless a message may be read deeper: then it is
+    /// written as deep as that. Depth takes no stack, 64 KiB are enough for all writing. The visits
+    /// of a derived class stand within each other, though: these take half a KiB for each level
+    /// beside what they take themselves, and write no deeper than this, which is 1 MiB.
     static constexpr unsigned int DepthLimit = 2000;
 
     /// A writer of its own to `writer`, for the latest version. MIME parts that references point at

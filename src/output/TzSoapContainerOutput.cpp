@@ -2,7 +2,6 @@
 #include "output/TzSoapContainerOutput.h"
 
 #include <soap/TzSoapArrayTypeImp.h>
-#include <soap/TzSoapCompactArrayImp.h>
 #include <soap/TzSoapCompositeTypeImp.h>
 #include <soap/TzSoapConstVisitor.h>
 #include <soap/TzSoapReferenceTypeImp.h>
@@ -81,12 +80,13 @@ void TzSoapContainerOutput::writeChild(TzSoapConstVisitor& visitor, const TzSoap
 }
 
 template <typename Rest>
-void TzSoapContainerOutput::enter(const TzXmlName& name, const Rest& rest) {
+void TzSoapContainerOutput::enter(const TzXmlName& name, const TzSoapTypeImp& value,
+                                  const Rest& rest) {
     if (open_.empty()) {
         open_.reserve(16); // as many as most messages need
     }
     open_.push_back({&name, context_.scope().depth(), rest});
-    context_.scope().open();
+    context_.scope().openHolder(&value);
 }
 
 void TzSoapContainerOutput::close() {
@@ -100,7 +100,7 @@ void TzSoapContainerOutput::open(const TzXmlName& name, TzSoapCompositeTypeImp& 
                                  std::string_view position) {
     const auto& members = std::as_const(value);
     const bool nil = TzSoapValueOutput::isNil(value);
-    enter(name,
+    enter(name, value,
           Members{nil ? members.childrenEnd() : members.childrenBegin(), members.childrenEnd()});
     const TzSoapTagName tag = TzSoapTagName::of(name);
     TzSoapStartTag::Brief brief;
@@ -125,16 +125,20 @@ void TzSoapContainerOutput::open(const TzXmlName& name, TzSoapCompositeTypeImp& 
 }
 
 void TzSoapContainerOutput::open(TzSoapCompactArrayImp& value, std::string_view position) {
-    enter(std::as_const(value).getName(),
-          TzSoapValueOutput::isNil(value) ? Items() : value.itemsToWrite());
+    Items items{};
+    if (!TzSoapValueOutput::isNil(value)) {
+        const auto range = value.itemsToWrite();
+        items = {range.begin(), range.end()};
+    }
+    enter(std::as_const(value).getName(), value, items);
     startArray(value, position);
 }
 
 void TzSoapContainerOutput::open(TzSoapSparseArrayImp& value, std::string_view position) {
     const auto& items = std::as_const(value);
     const unsigned int count = value.getCountElementsToWrite();
-    enter(items.getName(),
-          SparseItems{TzSoapValueOutput::isNil(value) ? items.end() : items.begin(), items.end(),
+    enter(items.getName(), value,
+          SparseItems{{TzSoapValueOutput::isNil(value) ? items.end() : items.begin(), items.end()},
                       count != 0 ? count : std::numeric_limits<unsigned int>::max()});
     startArray(value, position);
 }
@@ -197,13 +201,12 @@ bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed
 
 bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed, Items& rest) {
     if (isServed) {
-        rest = Items(writeSimples(rest.begin(), rest.end()), rest.end());
+        rest.next = writeSimples(rest.next, rest.end);
     }
-    if (rest.empty()) {
+    if (rest.next == rest.end) {
         return false;
     }
-    const TzSoapType& item = rest.front();
-    rest = rest.subspan(1);
+    const TzSoapType& item = *rest.next++;
     if (isServed) {
         writeServed(visitor, item, true, {});
     } else if (TzSoapArrayTypeImp::isPlaceholder(item)) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <soap/TzSoapDefaultType.h>
+#include <soap/TzSoapCompactArrayImp.h>
 #include <soap/TzSoapSparseArrayImp.h>
 #include <soap/TzSoapValueList.h>
 #include <tz/tools/TzCString.h>
@@ -12,13 +12,12 @@
 #include "output/TzSoapValueOutput.h"
 
 #include <cstddef>
-#include <span>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
 class TzSoapArrayTypeImp;
-class TzSoapCompactArrayImp;
 class TzSoapCompositeTypeImp;
 class TzSoapConstVisitor;
 class TzSoapTypeImp;
@@ -49,18 +48,16 @@ public:
     void writeChild(TzSoapConstVisitor& visitor, const TzSoapType& child);
 
 private:
-    /// The members of a composite that are still to be written.
-    struct Members {
-        TzSoapValueList::const_iterator next;
-        TzSoapValueList::const_iterator end;
+    /// What a container holds and is still to be written, from one position to another.
+    template <typename Position> struct Remaining {
+        Position next;
+        Position end;
     };
-    /// The items of a compact array that are still to be written.
-    using Items = std::span<const TzSoapDefaultType>;
-    /// The items of a sparse array that are still to be written.
-    struct SparseItems {
-        TzSoapSparseArrayImp::const_iterator next;
-        TzSoapSparseArrayImp::const_iterator end;
-        unsigned int count;
+    using Members = Remaining<TzSoapValueList::const_iterator>;
+    using Items =
+        Remaining<decltype(std::declval<const TzSoapCompactArrayImp&>().itemsToWrite().begin())>;
+    struct SparseItems : Remaining<TzSoapSparseArrayImp::const_iterator> {
+        unsigned int count; ///< At most so many.
     };
     /// A container whose start tag is written.
     struct Container {
@@ -75,7 +72,8 @@ private:
     void open(TzSoapSparseArrayImp& value, std::string_view position);
     bool openArray(TzSoapTypeImp& value, std::string_view position);
     void startArray(TzSoapArrayTypeImp& value, std::string_view position);
-    template <typename Rest> void enter(const TzXmlName& name, const Rest& rest);
+    template <typename Rest>
+    void enter(const TzXmlName& name, const TzSoapTypeImp& value, const Rest& rest);
     void close();
 
     bool writeNext(TzSoapConstVisitor& visitor, bool isServed);

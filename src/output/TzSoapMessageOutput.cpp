@@ -11,7 +11,32 @@
 #include "model/TzSoapAccess.h"
 #include "output/TzSoapScopeRules.h"
 
+#include <algorithm>
+
+namespace {
+
+/// Lets a message that was read be written as deep as it could be read, as long as it lives.
+class DepthAllowance {
+public:
+    DepthAllowance(TzSoapScope& scope, std::size_t depth)
+        : scope_(scope), before_(scope.depthLimit()) {
+        scope.setDepthLimit(std::max(before_, depth));
+    }
+    ~DepthAllowance() { scope_.setDepthLimit(before_); }
+    DepthAllowance(const DepthAllowance&) = delete;
+    DepthAllowance& operator=(const DepthAllowance&) = delete;
+
+private:
+    TzSoapScope& scope_;
+    std::size_t before_;
+};
+
+} // namespace
+
 void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessageImp& message) {
+    // Whatever depth is allowed takes no stack, unless a derived visitor is called in between.
+    const DepthAllowance allowance(context_.scope(),
+                                   context_.isServed(visitor) ? message.getReadLimits().depth : 0);
     if (!context_.isVersionFixed()) {
         context_.setVersion(message.getVersion());
     }
@@ -91,21 +116,20 @@ void TzSoapMessageOutput::writeEntries(TzSoapConstVisitor& visitor,
 }
 
 void TzSoapMessageOutput::writeTargets(TzSoapConstVisitor& visitor) {
-    // Clear the list even if writing a target throws.
-    struct Ending {
+    struct Writing {
         TzSoapReferenceBook& book;
-        ~Ending() {
-            book.setWritesTargets(false);
-            book.clearTargets();
-        }
+        explicit Writing(TzSoapReferenceBook& kept) : book(kept) { book.setWritesTargets(true); }
+        ~Writing() { book.setWritesTargets(false); }
     };
     TzSoapReferenceBook& book = context_.book();
-    const Ending ending{book};
-    book.setWritesTargets(true);
+    const Writing writing(book);
     for (std::size_t next = 0; next < book.targetCount(); ++next) {
         const TzSoapReferenceBook::Target target = book.target(next);
         if (book.isDue(target)) {
             containers_.writeChild(visitor, target.second);
         }
     }
+    // Deliberate: not reached when a target cannot be written. The next header or body that this
+    // writer writes then ends with the targets that are left.
+    book.clearTargets();
 }

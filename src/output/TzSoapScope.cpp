@@ -17,6 +17,10 @@ void TzSoapScope::refuseDepth() const {
                                        " levels are not written")));
 }
 
+void TzSoapScope::refuseRing() {
+    TzThrow(TzXmlDomainError(TzMessage("A value that stands within itself is not written")));
+}
+
 void TzSoapScope::declare(const TzXmlNamespace& declared) {
     if (declared.getUri().empty() && !declared.getPrefix().empty()) {
         return;

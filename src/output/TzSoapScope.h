@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+class TzSoapTypeImp;
 class TzSoapVersion;
 
 /// What is in force where the output is: the open elements, their declarations and encoding styles,
@@ -34,17 +35,35 @@ public:
         ++depth_;
         around_ = {namespaces_.depth(), stylesUsed_};
     }
+    /// Opens the element of a value that holds others; also `TzXmlDomainError` when `value` stands
+    /// within itself. That is found by Brent's algorithm, which compares each value with one of
+    /// those around it only, so before all has been written a second or third time.
+    void openHolder(const TzSoapTypeImp* value) {
+        if (value == landmark_) {
+            refuseRing();
+        }
+        open();
+        if (depth_ >= nextLandmark_) {
+            landmark_ = value;
+            landmarkDepth_ = depth_;
+            nextLandmark_ = 2 * depth_;
+        }
+    }
     /// Closes elements, with their declarations and styles, until no more than `depth` are open.
     void closeTo(std::size_t depth) noexcept {
         while (depth_ > depth) {
             close();
         }
     }
+    /// Most elements that may be open at once.
+    std::size_t depthLimit() const noexcept { return depthLimit_; }
+    /// Lets no more than `limit` elements be open at once.
+    void setDepthLimit(std::size_t limit) noexcept { depthLimit_ = limit; }
     /// Number of open elements.
     std::size_t depth() const noexcept { return depth_; }
     /// `TzXmlDomainError` when `levels` more elements would be nested too deeply.
     void checkDepth(std::size_t levels) const {
-        if (levels > depthLimit_ - depth_) {
+        if (depth_ + levels > depthLimit_) {
             refuseDepth();
         }
     }
@@ -110,7 +129,14 @@ private:
         }
         around_ = open_.back();
         open_.pop_back();
-        --depth_;
+        if (depth_-- == landmarkDepth_) {
+            forgetLandmark();
+        }
+    }
+    void forgetLandmark() noexcept {
+        landmark_ = nullptr;
+        nextLandmark_ = landmarkDepth_;
+        landmarkDepth_ = 0;
     }
     void dropStyles(std::size_t count) noexcept {
         if (stylesUsed_ != count) {
@@ -120,6 +146,7 @@ private:
     }
     void dropDeclarations() noexcept;
     [[noreturn]] void refuseDepth() const;
+    [[noreturn]] static void refuseRing();
 
     TzXmlNamespaceStack namespaces_; // only elements that declare something have a scope
     std::vector<TzCString> styles_;  // only of elements that state one; the rest is kept memory
@@ -127,6 +154,9 @@ private:
     Mark around_;           // the innermost element
     std::size_t depth_ = 0; // of open_
     std::size_t depthLimit_;
+    const TzSoapTypeImp* landmark_ = nullptr; // one of the open values
+    std::size_t landmarkDepth_ = 0;
+    std::size_t nextLandmark_ = 1; // the depth where another value becomes it
     std::vector<Mark> open_; // the elements around it, innermost last, and where nothing was open
     std::uint64_t declarationChanges_ = 1;
     std::uint64_t styleChanges_ = 1;

@@ -143,7 +143,7 @@ TEST_P(TzSoapSharedValues, aRingThatLostItsIdsIsWrittenOnce) {
 }
 
 // A large value within itself must not be unrolled until the elements are nested too deeply.
-TEST_P(TzSoapSharedValues, DISABLED_aValueWithinItselfIsRefusedAtItsSecondStart) {
+TEST_P(TzSoapSharedValues, aValueWithinItselfIsRefusedAtItsSecondStart) {
     TzSoapCompositeType value(TzXmlName("a"));
     for (int i = 0; i < 10000; ++i) {
         value.appendChild(TzSoapType(TzXmlName("b")));
