@@ -5,7 +5,7 @@
 
 #include <string>
 
-/// An attachment named by an argument: "PATH", "CID=PATH", either one with ";type=TYPE" behind it.
+/// An attachment named by an argument: "PATH", "CID=PATH", either one with ";type=TYPE" after it.
 struct Attachment {
     std::string contentId; ///< The file's name without its directories when there is no "CID=".
     std::string path;
@@ -20,4 +20,4 @@ struct Attachment {
 /// The form of an attachment's argument as a help text.
 inline constexpr const char* AttachmentHelp =
     "CID=PATH: the file PATH with the content id CID; PATH alone: its name is its content id. "
-    "Behind it may stand ;type=TYPE, otherwise the name's ending tells the type";
+    "After it may stand ;type=TYPE, otherwise the name's ending decides";

@@ -82,6 +82,6 @@ public:
     virtual void begin(const Element& element) = 0;
     /// The element that began last ends.
     virtual void end() = 0;
-    /// A part of the package beside the envelope, behind all elements.
+    /// A part of the package beside the envelope, after all elements.
     virtual void attachment(std::size_t number, const PartFacts& facts) = 0;
 };

@@ -19,6 +19,6 @@ struct HttpReply {
 };
 
 /// Posts `body` with these header lines to `url`, which is http or https. Waits a minute for the
-/// answer. `std::runtime_error` when there is none.
+/// answer. `std::runtime_error` without one.
 HttpReply httpPost(const std::string& url, const TzSoapHttpTransportContext& headers,
                    const std::string& body);

@@ -6,8 +6,8 @@
 #include <ostream>
 
 void JsonWriter::separate() {
-    if (behindKey_) {
-        behindKey_ = false;
+    if (afterKey_) {
+        afterKey_ = false;
         return;
     }
     if (filled_.empty()) {
@@ -44,7 +44,7 @@ void JsonWriter::close(char bracket) {
 void JsonWriter::key(std::string_view key) {
     separate();
     out_ << escape::json(key) << ": ";
-    behindKey_ = true;
+    afterKey_ = true;
 }
 
 void JsonWriter::text(std::string_view text) {

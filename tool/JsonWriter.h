@@ -42,5 +42,5 @@ private:
 
     std::ostream& out_;
     std::vector<bool> filled_; // for each open object and array
-    bool behindKey_ = false;
+    bool afterKey_ = false;
 };

@@ -9,11 +9,11 @@
 
 class TzMimeMultipart;
 
-/// Goes through a message that was read and tells a sink what is in it. Every value is told where
-/// it stands; references name their target and are not followed, so rings end.
+/// Goes through a message that was read and tells a sink what is in it. Every value is reported
+/// where it stands; references name their target and are not followed, so rings end.
 class MessageWalk : public TzSoapConstVisitor {
 public:
-    /// A walk that tells `sink`.
+    /// A walk that reports to `sink`.
     explicit MessageWalk(ElementSink& sink) : sink_(sink) {}
 
     void visit(const TzSoapMisunderstoodType& value) override;

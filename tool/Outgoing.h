@@ -6,5 +6,5 @@
 #include <string>
 
 /// The text with which `message` is sent on: with every part that came with it, each once; the
-/// envelope alone when there is none.
+/// envelope alone without any.
 std::string outgoingText(TzSoapMessage message);

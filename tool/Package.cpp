@@ -39,7 +39,7 @@ private:
 
 constexpr const char* Utf8 = "UTF-8";
 
-/// What stands in quotes behind a name and "=" in an XML declaration, "" for nothing.
+/// What stands in quotes after a name and "=" in an XML declaration, "" for nothing.
 std::string_view valueOf(std::string_view name, std::string_view declaration) {
     const std::size_t at = declaration.find(name);
     if (at == std::string_view::npos) {

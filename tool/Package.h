@@ -16,7 +16,7 @@ TzMimeMultipart around(std::string envelope);
 /// file cannot be read or its content id is taken.
 void insert(TzMimeMultipart& package, const std::string& argument);
 /// Reads the package `name` as a receiver will, with the receiver's errors. References that no part
-/// answers are told on standard error.
+/// answers are reported on standard error.
 void check(const TzMimeMultipart& package, const std::string& name);
 
 } // namespace packages

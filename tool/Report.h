@@ -14,12 +14,12 @@ enum ExitStatus {
     Faulted = 2 ///< What was called answered with a fault.
 };
 
-/// Does `work`, which is about `file`. What it throws is told on standard error, with the file, and
-/// with line and column where they are known; the exit status says whether all went well.
+/// Does `work`, which is about `file`. What it throws is reported on standard error, with the file,
+/// and with line and column where they are known; the exit status says whether all went well.
 ExitStatus reportFailures(const std::string& file, const std::function<void()>& work);
 
 /// Reads the message in `input` and hands it to `work`; failures are reported as above. Lines of a
-/// package are counted in its envelope, which stands in brackets behind the file then.
+/// package are counted in its envelope, which stands in brackets after the file then.
 ExitStatus withMessage(const Input& input, const std::function<void(const TzSoapMessage&)>& work);
 /// Tells on standard error what of `message`, which was read from `name`, has no place in the
 /// model: text beside elements, a Fault without a code. `place` stands before line and column.

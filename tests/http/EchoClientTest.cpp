@@ -133,6 +133,11 @@ TEST(EchoClientTest, AFaultIsAFailure) {
         TzSoapFaultMessage::make(TzSoapVersion::V1_1, TzSoapVersion::Server, "out of paper");
     EXPECT_EQ(failure(500, "text/xml", fault.asString()),
               "echo_client: fault SOAP-ENV:Server: out of paper");
+    EXPECT_EQ(failure(500, "text/xml",
+                      envelope(TzSoapVersion::V1_1,
+                               "<e:Fault><faultcode>\n e:Server\n</faultcode><faultstring>out of "
+                               "paper</faultstring></e:Fault>")),
+              "echo_client: fault e:Server: out of paper");
 }
 
 TEST(EchoClientTest, AnAnswerThatIsNoMessageIsAFailure) {
