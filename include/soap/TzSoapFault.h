@@ -119,6 +119,11 @@ public:
     /// cause; "" without any. Read without the white space at its ends; several texts between
     /// entries are lines of one.
     const TzCString& getDetailText() const;
+    /// Sets the text directly inside of the detail; it is written before the entries. A detail is
+    /// written when it has an entry or a text that is not white space.
+    void setDetailText(const TzCString& text);
+    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    void setDetailText(TzXmlText auto text) { setDetailText(tzXmlText(text)); }
     /// The detail and its entries.
     const TzSoapCompositeType& getDetails() const;
 

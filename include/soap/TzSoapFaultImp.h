@@ -88,6 +88,10 @@ public:
     void setDetails(const TzSoapCompositeType& details);
     /// The text directly inside of the detail, beside its entries; "" without any.
     const TzCString& getDetailText() const noexcept { return detailText_; }
+    /// Sets the text directly inside of the detail.
+    void setDetailText(const TzCString& text) { detailText_ = text; }
+    /// Whether there is a detail to write: an entry, or a text that is not white space.
+    bool hasDetail() const;
     /// Names `value` after the text `name` and appends it, shared, to the detail. Where the value's
     /// own name has the prefix of the text, its namespace stays.
     void addDetailEntry(const TzCString& name, const TzSoapType& value);

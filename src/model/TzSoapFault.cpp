@@ -73,6 +73,8 @@ const TzSoapCompositeType& TzSoapFault::getDetails() const { return body().getDe
 
 const TzCString& TzSoapFault::getDetailText() const { return body().getDetailText(); }
 
+void TzSoapFault::setDetailText(const TzCString& text) { body().setDetailText(text); }
+
 const TzXmlName& TzSoapFault::getName() const { return body().getName(); }
 
 void TzSoapFault::clear() { body().clear(); }

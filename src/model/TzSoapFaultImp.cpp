@@ -84,6 +84,10 @@ void TzSoapFaultImp::addDetailEntry(const TzCString& name, const TzSoapType& val
     details_.appendChild(value);
 }
 
+bool TzSoapFaultImp::hasDetail() const {
+    return details_.childCount() > 0 || !TzXmlUtils::trim(detailText_).empty();
+}
+
 void TzSoapFaultImp::clear() {
     code_ = TzXmlName();
     reason_.clear();

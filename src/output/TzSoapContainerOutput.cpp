@@ -7,6 +7,7 @@
 #include <soap/TzSoapReferenceTypeImp.h>
 #include <soap/TzSoapSimpleTypeImp.h>
 #include <soap/TzSoapUserDefinedTypeImp.h>
+#include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapAccess.h"
 
@@ -46,9 +47,13 @@ private:
 };
 
 void TzSoapContainerOutput::write(TzSoapConstVisitor& visitor, const TzXmlName& name,
-                                  TzSoapCompositeTypeImp& value) {
+                                  TzSoapCompositeTypeImp& value, std::string_view text) {
     Run run(*this);
     open(name, value, {});
+    if (!TzXmlUtils::trim(text).empty() && !TzSoapValueOutput::isNil(value)) {
+        context_.xml().write(text, true);
+        context_.xml().writeNewLine();
+    }
     run.finish(visitor, context_.isServed(visitor));
 }
 

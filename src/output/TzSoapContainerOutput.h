@@ -37,8 +37,10 @@ public:
     TzSoapContainerOutput(const TzSoapContainerOutput&) = delete;
     TzSoapContainerOutput& operator=(const TzSoapContainerOutput&) = delete;
 
-    /// Writes a composite as an element named `name`.
-    void write(TzSoapConstVisitor& visitor, const TzXmlName& name, TzSoapCompositeTypeImp& value);
+    /// Writes a composite as an element named `name`, `text` before its children unless that is
+    /// white space only or the composite is nil.
+    void write(TzSoapConstVisitor& visitor, const TzXmlName& name, TzSoapCompositeTypeImp& value,
+               std::string_view text = {});
     /// Writes an array and its items from the offset on; items never assigned are written as nil,
     /// those at the end are left out.
     void write(TzSoapConstVisitor& visitor, TzSoapCompactArrayImp& value);

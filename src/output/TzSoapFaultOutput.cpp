@@ -114,7 +114,7 @@ void TzSoapFaultOutput::writeSubcodes(const TzSoapTagName& name, const TzSoapFau
 void TzSoapFaultOutput::writeDetail(TzSoapConstVisitor& visitor, const TzSoapTagName& name,
                                     const TzSoapFaultImp& fault) {
     TzSoapCompositeTypeImp& detail = TzSoapAccess::body(fault.getDetails());
-    if (detail.childCount() == 0) {
+    if (!fault.hasDetail()) {
         return;
     }
     // Other handles may share the composite: it is written under the version's name, not renamed.
@@ -122,7 +122,7 @@ void TzSoapFaultOutput::writeDetail(TzSoapConstVisitor& visitor, const TzSoapTag
     const TzXmlNamespace nameSpace =
         child.prefix.empty() ? TzXmlNamespace()
                              : TzXmlNamespace(child.prefix, context_.soap().getSoapEnv().getUri());
-    containers_.write(visitor, TzXmlName(child.local, nameSpace), detail);
+    containers_.write(visitor, TzXmlName(child.local, nameSpace), detail, fault.getDetailText());
 }
 
 void TzSoapFaultOutput::writeLine(const TzSoapTagName& name, std::string_view content) {

@@ -57,6 +57,14 @@ TEST(CompactLayout, MessagesHaveNoWhiteSpaceBetweenTags) {
             rest);
 }
 
+TEST(CompactLayout, TextOfTheDetailStandsNextToItsEntries) {
+    TzSoapFault fault;
+    fault.setDetailText("why");
+    fault.addDetailEntry("d", intValue("x", 5));
+    EXPECT_NE(compactWire(fault).find(">why<d>5</d></env:Detail>"), std::string::npos)
+        << compactWire(fault);
+}
+
 TEST(CompactLayout, ValuesThatHoldNothingAreEmpty) {
     TzSoapCompositeType nil("n");
     nil.setNull(true);

@@ -253,6 +253,24 @@ TEST(TzSoapSerializer, KeepsDefaultPrefixesOfTheLatestVersionWithoutAMessage) {
 )");
 }
 
+TEST(TzSoapSerializer, WritesTheTextOfTheDetailBeforeItsEntries) {
+    TzSoapFault fault;
+    fault.setDetailText("out of <money>");
+    fault.addDetailEntry("d", intValue("x", 5));
+    EXPECT_EQ(serialized(fault),
+              R"(<env:Fault xmlns:env="http://www.w3.org/2002/06/soap-envelope">
+  <env:Code>
+    <env:Value></env:Value>
+  </env:Code>
+  <env:Reason></env:Reason>
+  <env:Detail env:encodingStyle="http://www.w3.org/2002/06/soap-encoding">
+    out of &lt;money&gt;
+    <d>5</d>
+  </env:Detail>
+</env:Fault>
+)");
+}
+
 TEST(TzSoapSerializer, WritesFaultAndBodyOnTheirOwn) {
     TzSoapFault fault;
     fault.setCode(nameIn("Mine", "m", "urn:m"));

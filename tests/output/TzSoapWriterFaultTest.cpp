@@ -252,4 +252,56 @@ TEST(TzSoapWriterFault, RefusesSubcodesNestedTooDeeply) {
               "Elements nested deeper than 2000 levels are not written");
 }
 
+TEST(TzSoapWriterFault, WritesTheTextOfTheDetailBeforeItsEntries) {
+    TzSoapMessage message(Version::V1_1);
+    TzSoapFault& fault = message.getSoapBody().getSoapFault();
+    fault.setCode(TzXmlName("c"));
+    fault.setDetailText("out of <money>");
+    fault.addDetailEntry("d", intValue("x", 5));
+    EXPECT_EQ(wire(message),
+              R"(<SOAP-ENV:Envelope xmlns:SOAP-ENV="http://schemas.xmlsoap.org/soap/envelope/">
+  <SOAP-ENV:Body>
+    <SOAP-ENV:Fault>
+      <faultcode>c</faultcode>
+      <faultstring></faultstring>
+      <detail SOAP-ENV:encodingStyle="http://schemas.xmlsoap.org/soap/encoding/">
+        out of &lt;money&gt;
+        <d>5</d>
+      </detail>
+    </SOAP-ENV:Fault>
+  </SOAP-ENV:Body>
+</SOAP-ENV:Envelope>
+)");
+}
+
+TEST(TzSoapWriterFault, WritesADetailForATextAlone) {
+    TzSoapMessage message;
+    TzSoapFault& fault = message.getSoapBody().getSoapFault();
+    fault.setCode(TzXmlName("c"));
+    fault.setDetailText("cause");
+    TzSoapMessage read;
+    read.extract(message.asString());
+    EXPECT_EQ(read.getSoapBody().getSoapFault().getDetailText(), "cause");
+    EXPECT_EQ(read.getSoapBody().getSoapFault().getDetails().childCount(), 0U);
+}
+
+TEST(TzSoapWriterFault, WritesNoTextIntoADetailThatIsNil) {
+    TzSoapMessage message;
+    TzSoapFault& fault = message.getSoapBody().getSoapFault();
+    fault.setCode(TzXmlName("c"));
+    TzSoapCompositeType detail;
+    detail.setNull(true);
+    fault.setDetails(detail);
+    fault.setDetailText("cause");
+    EXPECT_EQ(wire(message).find("cause"), std::string::npos) << wire(message);
+}
+
+TEST(TzSoapWriterFault, WritesNoDetailForWhiteSpace) {
+    TzSoapMessage message;
+    TzSoapFault& fault = message.getSoapBody().getSoapFault();
+    fault.setCode(TzXmlName("c"));
+    fault.setDetailText(" \n");
+    EXPECT_EQ(wire(message).find("Detail"), std::string::npos) << wire(message);
+}
+
 } // namespace
