@@ -24,11 +24,15 @@ public:
     /// The body that carries `message`; `context` gets the matching "Content-Type": text/xml for
     /// SOAP 1.1, application/soap+xml for SOAP 1.2, the package's own for a message that led to a
     /// MIME part when it was written, even behind a reference to a value, or to which parts were
-    /// added. Each part is in the package once. A SOAP action that `context` has, with or without
-    /// quotes, is quoted for SOAP 1.1 and for packages and moves into the parameter "action" for a
-    /// SOAP 1.2 envelope; requests have one, be it "", answers have none. The action stays with the
-    /// context, so it can serve again. `TzXmlBadArgError` INVALID_HTTP_HEADER for an action that no
-    /// header line can hold. Other errors are those of `TzSoapMessage::asString`. O(message).
+    /// added. Each part is in the package once. The envelope is compact, without line ends and
+    /// indentation, which some receivers take for content; a message of a derived class is written
+    /// by its own operations.
+    ///
+    /// A SOAP action that `context` has, with or without quotes, is quoted for SOAP 1.1 and for
+    /// packages and moves into the parameter "action" for a SOAP 1.2 envelope; requests have one,
+    /// be it "", answers have none. The action stays with the context, so it can serve again.
+    /// `TzXmlBadArgError` INVALID_HTTP_HEADER for an action that no header line can hold. Other
+    /// errors are those of `TzSoapMessage::asString`. O(message).
     static TzCString pack(const TzSoapMessage& message, TzSoapHttpTransportContext& context);
     /// The body that carries `package`, a message with its attachments; `context` gets the
     /// package's content type, and a SOAP action that it has is quoted. Errors as above for the

@@ -55,6 +55,7 @@ TzSoapPackaging::Written TzSoapPackaging::write(const TzSoapMessage& message) {
     TzXmlStringWriter envelope;
     Written written;
     TzSoapWriter writer(&envelope, &written.parts);
+    writer.setCompact(true); // some receivers take a line end in an empty value for content
     message.acceptVisitor(writer);
     addAttachments(message, written.parts);
     written.parts.removeRepeatedParts();

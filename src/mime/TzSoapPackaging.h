@@ -15,7 +15,7 @@ struct Written {
     TzMimeMultipart parts; ///< Each part that has to travel with it, once; without a root part.
 };
 
-/// Writes `message`, a `TzSoapMessage` and none derived from it. O(message).
+/// Writes `message`, a `TzSoapMessage` and none derived from it, in compact layout. O(message).
 Written write(const TzSoapMessage& message);
 /// Adds the attachments of `message` to `package`, but those that are in it already.
 void addAttachments(const TzSoapMessage& message, TzMimeMultipart& package);
