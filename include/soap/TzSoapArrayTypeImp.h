@@ -4,6 +4,7 @@
 #include <soap/TzSoapDefaultType.h>
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapGenericTypeHandler.h>
+#include <soap/TzSoapMadeOnce.h>
 #include <soap/TzSoapTypeImp.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/tools/TzCString.h>
@@ -132,12 +133,9 @@ public:
     /// Whether the index lies within the shape; if not, `TzXmlBoundsError` INDEX_RANGE_VEC when
     /// `throwOnFailure`. O(axes).
     bool boundsCheck(const Index& index, bool throwOnFailure) const;
-    /// Computes the distance of neighbours on each axis, unless that is done already. O(axes).
-    void initializeStep() const {
-        if (!stepInitialized_) {
-            computeStep();
-        }
-    }
+    /// Computes the distance of neighbours on each axis, unless that is done already, as it is
+    /// after construction and each change of bounds. O(axes).
+    void initializeStep();
 
     /// The index or the bounds that a text such as "[2,3]" or "2 3" states; in bounds mode the
     /// first entry may be open. `TzXmlBadArgError` BAD_INDEX_STRING for any other text. O(text).
@@ -204,22 +202,10 @@ protected:
     /// Puts a member that is read in `context`, null outside of a reading, at a position.
     virtual void place(unsigned int position, TzSoapType&& member, TzSoapParseContext* context);
 
+    /// The placeholder that `getDefaultValue` answers with, not made before it is asked for.
+    const TzSoapMadeOnce<TzSoapDefaultType>& placeholder() const noexcept { return defaultValue_; }
     /// The distance of neighbours on each axis.
-    const Index& getStep() const {
-        initializeStep();
-        return step_;
-    }
-    /// The position of an index in two axes, some number above `Largest` when it has none: because
-    /// there are not two axes, the steps are not known yet or it exceeds 32 bits.
-    std::uint64_t positionInMatrix(const Index& index) const noexcept {
-        return index.size() == 2 && row_ != 0 ? matrixPosition(index) : NoPosition;
-    }
-    /// The same within the shape, for arrays that start at 0; for all others there is none.
-    std::uint64_t positionWithinMatrix(const Index& index) const noexcept {
-        const bool inRow = index.size() == 2 && index[1] < row_;
-        const std::uint64_t position = inRow ? matrixPosition(index) : NoPosition;
-        return position < matrixEnd_ ? position : NoPosition;
-    }
+    const Index& getStep() const noexcept { return step_; }
     /// Throws `TzXmlBoundsError` INDEX_RANGE_VEC for an index.
     [[noreturn]] void throwOutOfRange(const Index& index) const;
     /// Throws `TzXmlBoundsError` BAD_INDEX_VECTOR naming the largest entry of a vector.
@@ -229,24 +215,16 @@ protected:
 
 private:
     void checkPosition(unsigned int position) const;
-    void computeStep() const;
-    std::uint64_t matrixPosition(const Index& index) const noexcept {
-        return std::uint64_t{row_} * index[0] + index[1];
-    }
-
-    static constexpr std::uint64_t NoPosition = ~std::uint64_t{0};
 
     TzCString elementType_;
     Index bounds_;
     Index startIndex_;
-    mutable Index step_;
+    Index step_;
     Index offset_;
-    mutable std::uint64_t matrixEnd_ = 0;    // positions of two axes that start at 0, else 0
-    mutable TzSoapDefaultType defaultValue_; // without a body until it is asked for
-    mutable unsigned int row_ = 0;           // the first of two steps, once they are known
-    unsigned int cursor_ = 0;                // position of the next member that is read
+    TzSoapMadeOnce<TzSoapDefaultType> defaultValue_;
+    unsigned int cursor_ = 0; // position of the next member that is read
     unsigned int countElementsToWrite_ = 0;
-    mutable bool stepInitialized_ = false;
+    bool stepInitialized_ = false;
     bool sizeShouldBeEncoded_ = false;
     bool offsetSet_ = false;
     bool cursorSet_ = false;

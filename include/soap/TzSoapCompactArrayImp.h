@@ -2,21 +2,24 @@
 #pragma once
 
 #include <soap/TzSoapArrayTypeImp.h>
+#include <soap/TzSoapCompactItems.h>
 #include <soap/TzSoapDefaultType.h>
 #include <soap/TzSoapExport.h>
 
 #include <cstdint>
-#include <span>
-#include <vector>
 
 class TzSoapCompactArrayType;
 
 /// Body of a compact array: one item for every position from the start index to the end of the
 /// shape, and beyond that for positions that were reached without asking the shape.
 ///
-/// Memory is taken for the positions that were reached only: those before and behind them hold the
-/// placeholder without being stored. Growth is counted as if they were. Only the reference count is
-/// locked.
+/// References to items stay valid until the array grows beyond its positions or takes other bounds.
+/// Up to `TzSoapCompactItems::BlockLimit` positions all items are in one block of memory, and
+/// constant operations, iterating included, change nothing: several threads may call them at once.
+/// Longer arrays take memory for the items that were reached; `begin` and `end` make one block of
+/// them, constant or not, which moves the items and needs the array for one thread. An array that
+/// was read without members takes memory for its positions when it is first iterated or changed.
+/// Growth is counted as if all positions were stored. Only the reference count is locked.
 class TZSOAP_API TzSoapCompactArrayImp : public TzSoapArrayTypeImp {
 public:
     /// An array with one axis, without items beside placeholders. Errors as for the base.
@@ -27,7 +30,7 @@ public:
     /// An array of a shape given as text. Errors as for the base.
     TzSoapCompactArrayImp(TzXmlName name, TzCString elementType, const TzCString& bounds,
                           const TzCString& start);
-    /// Copies shape and items; the values are shared. O(items stored).
+    /// Copies shape and items; the values are shared. O(items reached).
     TzSoapCompactArrayImp(const TzSoapCompactArrayImp& other);
     /// A copy with other bounds: items keep their index or are dropped. Errors as for `setBounds`.
     TzSoapCompactArrayImp(const TzSoapCompactArrayImp& other, const Index& newBounds);
@@ -41,7 +44,7 @@ public:
     static TzSoapCompactArrayType forReading(const TzXmlName& name, const TzCString& elementType,
                                              const TzCString& size, TzSoapParseContext& context);
 
-    /// A new body with the same shape and items; the values are shared. O(items stored).
+    /// A new body with the same shape and items; the values are shared. O(items reached).
     TzSoapElementImp* clone() const override;
     /// Takes a member that was read.
     void takeChild(TzSoapType&& child) override;
@@ -63,67 +66,46 @@ public:
     /// The item at an index; as for its position.
     const TzSoapType& elementAt(const Index& index) const override;
 
-    /// `bcat` that needs no call for the stored items of two axes.
-    TzSoapType& reach(const Index& index) {
-        const std::uint64_t at = positionInMatrix(index) - first_;
-        return at < items_.size() ? items_[at] : elementAt(index);
-    }
-    /// `bcat` that needs no call for the stored items of two axes.
-    const TzSoapType& reach(const Index& index) const {
-        const std::uint64_t at = positionInMatrix(index) - first_;
-        return at < items_.size() ? items_[at] : elementAt(index);
-    }
-    /// `at` that needs no call for the stored items of two axes.
-    TzSoapType& reachWithin(const Index& index) {
-        const std::uint64_t at = positionWithinMatrix(index) - first_;
-        return at < items_.size() ? items_[at] : TzSoapArrayTypeImp::at(index);
-    }
-    /// `at` that needs no call for the stored items of two axes.
-    const TzSoapType& reachWithin(const Index& index) const {
-        const std::uint64_t at = positionWithinMatrix(index) - first_;
-        return at < items_.size() ? items_[at] : TzSoapArrayTypeImp::at(index);
-    }
-
-    /// The first of all items, which are stored from now on; valid until the array changes.
+    /// The first of all items, as one block; valid until the array grows or takes other bounds.
     const TzSoapDefaultType* begin() const;
-    /// Behind the last of all items, which are stored from now on.
+    /// Behind the last of all items; validity as for `begin`.
     const TzSoapDefaultType* end() const;
-    /// The first of all items, which are stored from now on; valid until the array changes.
+    /// The first of all items, as one block; valid until the array grows or takes other bounds.
     TzSoapDefaultType* begin();
-    /// Behind the last of all items, which are stored from now on.
+    /// Behind the last of all items; validity as for `begin`.
     TzSoapDefaultType* end();
-    /// The items that are stored: all but placeholders at both ends. Takes no memory.
-    std::span<const TzSoapDefaultType> storedItems() const noexcept { return items_; }
+    /// The items that may be assigned, in order: those left out were never reached. Takes no
+    /// memory.
+    TzSoapCompactItems::Range storedItems() const noexcept { return items_.stored(); }
     /// The items to write, in order: from the offset on, placeholders at the end left out, at most
-    /// as many as `getCountElementsToWrite` says. O(placeholders at the end), and stores those
-    /// between the offset and the first stored item.
-    std::span<const TzSoapDefaultType> itemsToWrite() const;
+    /// as many as `getCountElementsToWrite` says. O(placeholders at the end that were reached).
+    /// Takes no memory.
+    TzSoapCompactItems::Range itemsToWrite() const;
 
 protected:
     /// Installs bounds; items keep their index or are dropped, all other positions hold the
     /// placeholder. On an open axis every old position that fits counts as reached.
     /// `TzXmlBoundsError`: INDEX_RANGE_VEC for an item whose position exceeds 32 bits,
-    /// BAD_INDEX_VECTOR for more items than 32 bits count. O(items stored).
+    /// BAD_INDEX_VECTOR for more items than 32 bits count. O(items reached).
     void doSetBounds(const Index& bounds) override;
     /// Puts a member at its position and settles with the context what it leaves unfilled.
     void place(unsigned int position, TzSoapType&& member, TzSoapParseContext* context) override;
 
 private:
+    TzSoapCompactArrayImp(const TzXmlName& name, const TzCString& elementType, const Index& bounds);
+
     void initialize();
+    void prepare();
     Index namedBy(unsigned int position) const;
     std::uint64_t offsetOf(unsigned int position) const;
     void expandIfNeeded(unsigned int position);
-    void settle(unsigned int position, TzSoapParseContext& context) const;
-    TzSoapDefaultType* findStored(std::uint64_t position) const noexcept;
     TzSoapDefaultType& slot(unsigned int position);
     const TzSoapType& storedOrPlaceholder(unsigned int position) const;
-    void store(std::uint64_t from, std::uint64_t to) const;
-    void append(unsigned int position, TzSoapType&& member);
+    bool isVacant(const TzSoapType& item) const;
+    void settle(unsigned int position, TzSoapParseContext& context) const;
 
-    mutable std::vector<TzSoapDefaultType> items_; // a run of positions, placeholders around it
-    mutable std::uint64_t first_ = 0;              // position of the first stored item
-    std::uint64_t base_ = 0;                       // position of the start index
-    std::uint64_t block_ = 0;                      // positions from there to the end of the shape
-    std::uint64_t size_ = 0;                       // number of items, stored or not
+    TzSoapCompactItems items_; // of the positions from the base on
+    std::uint64_t base_ = 0;   // position of the start index
+    std::uint64_t block_ = 0;  // positions from there to the end of the shape
     unsigned int growCount_ = 0;
 };

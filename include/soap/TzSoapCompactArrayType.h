@@ -2,19 +2,30 @@
 #pragma once
 
 #include <soap/TzSoapArrayType.h>
-#include <soap/TzSoapCompactArrayImp.h>
 #include <soap/TzSoapDefaultType.h>
 #include <soap/TzSoapExport.h>
+
+class TzSoapCompactArrayImp;
 
 /// Handle of a compact array: one item for every position of its shape from the start index on.
 ///
 /// Positions never assigned hold a placeholder (`TzSoapDefaultType`). Reaching a position behind
 /// the last one with `operator()` adds positions up to it, one more than the shape has at a time.
-/// Memory is taken for the positions that were reached. Errors of the constructors:
-/// `TzXmlBoundsError` MISMATCH_BOUNDS for different numbers of axes, MISMATCH_VECTOR for a start
-/// beyond its bound, BAD_INDEX_VECTOR for an open axis that is not the leftmost or more than 32
-/// bits count; `TzXmlBadArgError` BAD_INDEX_STRING for a text that is no index. Threads as for
-/// `TzSoapType`.
+///
+/// References to items stay valid, and `a[1] = a[0]` is fine, until the array grows beyond the
+/// positions it has or takes other bounds; on an open axis each new position is such a growth. A
+/// constant array answers with its placeholder where no item was reached yet, and such a reference
+/// does not see what is assigned to the position later.
+///
+/// Up to 1,048,576 positions the items are one block of memory, of which only those that were
+/// reached are touched, and constant operations may run on several threads at once, writing
+/// excepted, which sets types. With more positions memory is taken for the items that were
+/// reached; there `begin` and `end`, constant or not, make one block, which moves the items.
+///
+/// Errors of the constructors: `TzXmlBoundsError` MISMATCH_BOUNDS for different numbers of axes,
+/// MISMATCH_VECTOR for a start beyond its bound, BAD_INDEX_VECTOR for an open axis that is not the
+/// leftmost or more than 32 bits count; `TzXmlBadArgError` BAD_INDEX_STRING for a text that is no
+/// index. Threads otherwise as for `TzSoapType`.
 class TZSOAP_API TzSoapCompactArrayType : public TzSoapArrayType {
 public:
     /// An array with one axis.
@@ -53,36 +64,13 @@ public:
     /// Number of items, placeholders included.
     unsigned int entries() const;
 
-    using TzSoapArrayType::operator[];
-    using TzSoapArrayType::operator();
-    /// The item at an index, added if need be. `TzXmlBoundsError` INDEX_RANGE_VEC outside of the
-    /// shape. O(axes).
-    TzSoapType& operator[](const std::vector<unsigned int>& index) {
-        return body().reachWithin(index);
-    }
-    /// The item at an index, a placeholder where there is none; errors as above. O(axes).
-    const TzSoapType& operator[](const std::vector<unsigned int>& index) const {
-        return static_cast<const TzSoapCompactArrayImp&>(body()).reachWithin(index);
-    }
-    /// The item at an index, added if need be; the shape is not asked. `TzXmlBoundsError`
-    /// INDEX_RANGE_VEC before the start, BAD_INDEX_VECTOR for more items than 32 bits count.
-    /// O(axes).
-    TzSoapType& operator()(const std::vector<unsigned int>& index) { return body().reach(index); }
-    /// The item at an index, a placeholder where there is none; the shape is not asked.
-    /// `TzXmlBoundsError` INDEX_RANGE_VEC before the start. O(axes).
-    const TzSoapType& operator()(const std::vector<unsigned int>& index) const {
-        return static_cast<const TzSoapCompactArrayImp&>(body()).reach(index);
-    }
-
-    /// The first item, in order of position; valid until the array changes. Takes memory for all
-    /// positions.
+    /// The first item, in order of position; valid until the array grows or takes other bounds.
     TzSoapDefaultType* begin();
-    /// Behind the last item. Takes memory for all positions.
+    /// Behind the last item; validity as for `begin`.
     TzSoapDefaultType* end();
-    /// The first item, in order of position; valid until the array changes. Takes memory for all
-    /// positions.
+    /// The first item, in order of position; valid until the array grows or takes other bounds.
     const TzSoapDefaultType* begin() const;
-    /// Behind the last item. Takes memory for all positions.
+    /// Behind the last item; validity as for `begin`.
     const TzSoapDefaultType* end() const;
 
 protected:
@@ -93,4 +81,6 @@ protected:
 
 private:
     friend struct TzSoapAccess;
+
+    const TzSoapCompactArrayImp& constBody() const;
 };

@@ -3,24 +3,21 @@
 
 #include <soap/TzSoapArrayTypeImp.h>
 #include <soap/TzSoapExport.h>
+#include <soap/TzSoapMadeOnce.h>
+#include <soap/TzSoapSparseItems.h>
 #include <soap/TzSoapType.h>
-
-#include <list>
-#include <memory>
-#include <utility>
-#include <vector>
 
 class TzSoapSparseArrayType;
 
 /// Body of a sparse array: items at the indices that were given one, in order of insertion.
 ///
-/// Look-ups walk a short list and use an index beside a long one, O(log items). Handing out
-/// positions through which indices can be changed drops that index; the next look-up makes it anew,
-/// O(items * log items). Only the reference count is locked.
+/// A look-up finds the first item of an index, O(log items), indices that were changed through
+/// iterators included; `TzSoapSparseItems` says how. Constant operations may run on several threads
+/// at once. Only the reference count is locked.
 class TZSOAP_API TzSoapSparseArrayImp : public TzSoapArrayTypeImp {
 public:
     /// Index and value, in order of insertion.
-    using Items = std::list<std::pair<std::vector<unsigned int>, TzSoapType>>;
+    using Items = TzSoapSparseItems;
     /// Position of an item; valid until that item is removed.
     using iterator = Items::iterator;
     /// Position of an item; valid until that item is removed.
@@ -70,6 +67,10 @@ public:
     /// The size given to the constructor that takes one, 0 for the others.
     unsigned int getSize() const noexcept { return size_; }
 
+    /// Installs bounds and removes the items outside of them; the others keep index and order.
+    /// O(items).
+    void doSetBounds(const Index& bounds) override;
+
     /// Takes a member that was read: puts it at its position attribute, which is removed from it.
     /// `TzXmlBadArgError` BAD_INDEX_STRING for a position that is none, `TzXmlBoundsError`
     /// INDEX_RANGE_VEC for one outside of the shape.
@@ -77,20 +78,10 @@ public:
     /// Ends reading.
     void endElement(const TzXmlName& name) override;
 
-protected:
-    /// Installs bounds and removes the items outside of them; the others keep index and order.
-    /// O(items).
-    void doSetBounds(const Index& bounds) override;
-
 private:
-    class Lookup;
+    const TzSoapType& getTemplate() const { return template_.get(); }
 
-    iterator find(const Index& index) const;
-    TzSoapType& add(Index index, TzSoapType value);
-    const TzSoapType& getTemplate() const;
-
-    mutable Items items_;
-    mutable std::unique_ptr<Lookup> lookup_; // only beside long lists
-    mutable TzSoapType template_;            // without a body until it is asked for
+    Items items_;
+    TzSoapMadeOnce<TzSoapType> template_;
     unsigned int size_ = 0;
 };

@@ -3,9 +3,7 @@
 
 #include <soap/TzSoapArrayType.h>
 #include <soap/TzSoapExport.h>
-
-#include <list>
-#include <utility>
+#include <soap/TzSoapSparseItems.h>
 
 class TzSoapSparseArrayImp;
 
@@ -19,10 +17,9 @@ class TzSoapSparseArrayImp;
 class TZSOAP_API TzSoapSparseArrayType : public TzSoapArrayType {
 public:
     /// Position of an item, a pair of index and value; valid until that item is removed.
-    using iterator = std::list<std::pair<std::vector<unsigned int>, TzSoapType>>::iterator;
+    using iterator = TzSoapSparseItems::iterator;
     /// Position of an item, a pair of index and value; valid until that item is removed.
-    using const_iterator =
-        std::list<std::pair<std::vector<unsigned int>, TzSoapType>>::const_iterator;
+    using const_iterator = TzSoapSparseItems::const_iterator;
 
     /// An array with one axis.
     TzSoapSparseArrayType(const TzCString& elementType, unsigned int size);
@@ -46,7 +43,9 @@ public:
 
     /// A new array with the same items, whose values both share. O(items).
     TzSoapSparseArrayType copy() const;
-    /// The first item. Whoever changes an index through it must not keep it over a look-up.
+    /// The first item. Indices may be changed through iterators; look-ups see that, and find the
+    /// first of several items with one index. References to more than 16 indices must not be kept
+    /// over a look-up and changed after it.
     iterator begin();
     /// Behind the last item.
     iterator end();

@@ -31,9 +31,9 @@ TzSoapArrayTypeImp::TzSoapArrayTypeImp(TzXmlName name, TzCString elementType, un
 TzSoapArrayTypeImp::TzSoapArrayTypeImp(TzXmlName name, TzCString elementType, Index bounds,
                                        Index start)
     : TzSoapTypeImp(std::move(name)), elementType_(std::move(elementType)),
-      bounds_(std::move(bounds)), startIndex_(std::move(start)),
-      defaultValue_(TzSoapAccess::handle<TzSoapDefaultType>(static_cast<TzSoapTypeImp*>(nullptr))) {
+      bounds_(std::move(bounds)), startIndex_(std::move(start)) {
     TzSoapShape::check(bounds_, startIndex_);
+    initializeStep();
     if (!isDefaultOffset(startIndex_)) {
         setOffset(startIndex_);
     }
@@ -46,8 +46,9 @@ TzSoapArrayTypeImp::TzSoapArrayTypeImp(TzXmlName name, TzCString elementType,
 
 TzSoapArrayTypeImp::TzSoapArrayTypeImp(const TzSoapArrayTypeImp& other)
     : TzSoapTypeImp(other), TzSoapGenericTypeHandler(other), elementType_(other.elementType_),
-      bounds_(other.bounds_), startIndex_(other.startIndex_), offset_(other.offset_),
-      defaultValue_(other.getDefaultValue()), countElementsToWrite_(other.countElementsToWrite_),
+      bounds_(other.bounds_), startIndex_(other.startIndex_), step_(other.step_),
+      offset_(other.offset_), defaultValue_(other.defaultValue_),
+      countElementsToWrite_(other.countElementsToWrite_), stepInitialized_(other.stepInitialized_),
       sizeShouldBeEncoded_(other.sizeShouldBeEncoded_), offsetSet_(other.offsetSet_) {}
 
 TzSoapArrayTypeImp::TzSoapArrayTypeImp(const TzSoapArrayTypeImp& other, const Index& newBounds)
@@ -139,10 +140,10 @@ void TzSoapArrayTypeImp::setBounds(const TzCString& bounds) {
 void TzSoapArrayTypeImp::doSetBounds(const Index& bounds) {
     allocSizeOf(bounds);
     Index installed = bounds;
+    Index steps = TzSoapShape::stepsOf(bounds);
     startIndex_.resize(bounds.size());
     bounds_.swap(installed);
-    row_ = 0;
-    stepInitialized_ = false;
+    step_.swap(steps);
 }
 
 TzCString TzSoapArrayTypeImp::getOffsetAttribute(TzSoapVersion::Version version) const {
@@ -159,12 +160,7 @@ void TzSoapArrayTypeImp::setOffset(const TzCString& offset) {
     setOffset(stringToVector(offset, false));
 }
 
-const TzSoapDefaultType& TzSoapArrayTypeImp::getDefaultValue() const {
-    if (!TzSoapAccess::hasBody(defaultValue_)) {
-        defaultValue_ = TzSoapDefaultType();
-    }
-    return defaultValue_;
-}
+const TzSoapDefaultType& TzSoapArrayTypeImp::getDefaultValue() const { return defaultValue_.get(); }
 
 unsigned int TzSoapArrayTypeImp::indexToLinear(const Index& index, bool noCheck) const {
     if (!noCheck) {
@@ -193,13 +189,10 @@ bool TzSoapArrayTypeImp::boundsCheck(const Index& index, bool throwOnFailure) co
     return within;
 }
 
-void TzSoapArrayTypeImp::computeStep() const {
-    step_ = TzSoapShape::stepsOf(bounds_);
-    stepInitialized_ = true;
-    if (bounds_.size() == 2) {
-        row_ = step_.front();
-        const std::uint64_t end = bounds_.front() == 0 ? Largest + 1 : allocSizeOf(bounds_);
-        matrixEnd_ = isDefaultOffset(startIndex_) ? end : 0;
+void TzSoapArrayTypeImp::initializeStep() {
+    if (!stepInitialized_) {
+        step_ = TzSoapShape::stepsOf(bounds_);
+        stepInitialized_ = true;
     }
 }
 

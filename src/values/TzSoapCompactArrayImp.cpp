@@ -5,130 +5,17 @@
 #include <soap/TzSoapParseContext.h>
 
 #include "model/TzSoapAccess.h"
+#include "values/TzSoapReshaped.h"
 #include "values/TzSoapShape.h"
 
 #include <algorithm>
 #include <utility>
 
-namespace {
-
-using Index = TzSoapArrayTypeImp::Index;
-
-/// Positions from `base` to the end of a shape that has `allocated`.
-constexpr std::uint64_t blockFrom(std::uint64_t base, std::uint64_t allocated) {
-    return allocated > base ? allocated - base : 0;
-}
-
-/// How many items are added, in steps of one more than a block, until `offset` is among `size`.
-std::uint64_t growthFor(std::uint64_t offset, std::uint64_t size, std::uint64_t block) {
-    const std::uint64_t step = block + 1;
-    return ((offset - size) / step + 1) * step;
-}
-
-/// Items on their way into another shape.
-class Reshaped {
-public:
-    Reshaped(const Index& bounds, Index start) : bounds_(bounds), start_(std::move(start)) {
-        const std::uint64_t allocated = TzSoapShape::allocSizeOf(bounds_);
-        steps_ = TzSoapShape::stepsOf(bounds_);
-        start_.resize(bounds_.size());
-        base_ = positionOf(start_);
-        block_ = blockFrom(base_, allocated);
-        size_ = block_;
-        first_ = base_;
-    }
-
-    /// Takes the item at `index` over if it fits; indices come in ascending order.
-    void take(const Index& index, const TzSoapDefaultType& item,
-              const TzSoapDefaultType& placeholder) {
-        if (!TzSoapShape::contains(index, start_, bounds_)) {
-            return;
-        }
-        const std::uint64_t position =
-            positionOf(index); // not before the base, as the index is not
-        grow(position - base_, index);
-        if (items_.empty()) {
-            first_ = position;
-        }
-        items_.resize(position - first_, placeholder);
-        items_.push_back(item);
-    }
-
-    /// Takes positions over that may hold nothing, up to the one of index `last` in a shape of
-    /// `oldBounds`: on an open axis they make room as items do.
-    void takeEmpty(Index last, const Index& oldBounds) {
-        const bool open = !bounds_.empty() && bounds_.front() == 0;
-        if (open && last.size() == bounds_.size() && stepBackIntoShape(last, oldBounds)) {
-            grow(positionOf(last) - base_, last);
-        }
-    }
-
-    std::vector<TzSoapDefaultType>& items() noexcept { return items_; }
-    std::uint64_t first() const noexcept { return first_; }
-    std::uint64_t base() const noexcept { return base_; }
-    std::uint64_t block() const noexcept { return block_; }
-    std::uint64_t size() const noexcept { return size_; }
-
-private:
-    std::uint64_t positionOf(const Index& index) const {
-        const std::uint64_t position = TzSoapArrayTypeImp::linear(index, steps_);
-        if (position > TzSoapArrayTypeImp::Largest) {
-            TzSoapShape::throwOutOfRange(index, start_, bounds_);
-        }
-        return position;
-    }
-
-    /// Makes `index` the greatest one that is not greater and lies within both shapes; false when
-    /// there is none.
-    bool stepBackIntoShape(Index& index, const Index& oldBounds) const {
-        const auto end = [&](std::size_t at) { return std::min(bounds_[at], oldBounds[at]); };
-        bool clipped = false;
-        for (std::size_t at = 1; at < index.size(); ++at) {
-            if (start_[at] >= end(at)) {
-                return false;
-            }
-            if (clipped || index[at] >= end(at)) {
-                index[at] = end(at) - 1;
-                clipped = true;
-            } else if (index[at] < start_[at]) {
-                // The end of the row before, starting over behind the axis that has one.
-                do {
-                    if (at-- == 0) {
-                        return false;
-                    }
-                } while (index[at] == start_[at]);
-                --index[at];
-                clipped = true;
-            }
-        }
-        return true;
-    }
-
-    void grow(std::uint64_t offset, const Index& index) {
-        if (offset >= size_) {
-            size_ += growthFor(offset, size_, block_);
-            if (size_ > TzSoapArrayTypeImp::Largest) {
-                TzSoapShape::throwTooLarge(index);
-            }
-        }
-    }
-
-    const Index& bounds_;
-    Index start_;
-    Index steps_;
-    std::vector<TzSoapDefaultType> items_;
-    std::uint64_t first_ = 0;
-    std::uint64_t base_ = 0;
-    std::uint64_t block_ = 0;
-    std::uint64_t size_ = 0;
-};
-
-} // namespace
-
 TzSoapCompactArrayImp::TzSoapCompactArrayImp(TzXmlName name, TzCString elementType,
                                              unsigned int size, unsigned int start)
     : TzSoapArrayTypeImp(std::move(name), std::move(elementType), size, start) {
     initialize();
+    prepare();
 }
 
 TzSoapCompactArrayImp::TzSoapCompactArrayImp(TzXmlName name, TzCString elementType, Index bounds,
@@ -136,11 +23,19 @@ TzSoapCompactArrayImp::TzSoapCompactArrayImp(TzXmlName name, TzCString elementTy
     : TzSoapArrayTypeImp(std::move(name), std::move(elementType), std::move(bounds),
                          std::move(start)) {
     initialize();
+    prepare();
 }
 
 TzSoapCompactArrayImp::TzSoapCompactArrayImp(TzXmlName name, TzCString elementType,
                                              const TzCString& bounds, const TzCString& start)
     : TzSoapArrayTypeImp(std::move(name), std::move(elementType), bounds, start) {
+    initialize();
+    prepare();
+}
+
+TzSoapCompactArrayImp::TzSoapCompactArrayImp(const TzXmlName& name, const TzCString& elementType,
+                                             const Index& bounds)
+    : TzSoapArrayTypeImp(name, elementType, bounds, Index(bounds.size())) {
     initialize();
 }
 
@@ -156,9 +51,14 @@ TzSoapCompactArrayImp::~TzSoapCompactArrayImp() = default;
 
 void TzSoapCompactArrayImp::initialize() {
     base_ = indexToLinear(getStartIndex(), true);
-    block_ = blockFrom(base_, allocSizeOf(getBounds()));
-    size_ = block_;
-    first_ = base_;
+    block_ = TzSoapShape::blockFrom(base_, allocSizeOf(getBounds()));
+    TzSoapCompactItems(block_).swap(items_);
+}
+
+// Afterwards nothing is left to be made by constant operations.
+void TzSoapCompactArrayImp::prepare() {
+    items_.reserve(items_.size());
+    getDefaultValue();
 }
 
 TzSoapCompactArrayType TzSoapCompactArrayImp::forReading(const TzXmlName& name,
@@ -167,8 +67,8 @@ TzSoapCompactArrayType TzSoapCompactArrayImp::forReading(const TzXmlName& name,
                                                          TzSoapParseContext& context) {
     const Index bounds = boundsFromSize(size);
     auto array = TzSoapAccess::handle<TzSoapCompactArrayType>(
-        new TzSoapCompactArrayImp(name, elementType, bounds, Index(bounds.size())));
-    if (!context.takeUnfilledPositions(TzSoapAccess::body(array).size_)) {
+        new TzSoapCompactArrayImp(name, elementType, bounds));
+    if (!context.takeUnfilledPositions(TzSoapAccess::body(array).items_.size())) {
         throwTooLarge(bounds);
     }
     return array;
@@ -180,25 +80,21 @@ bool TzSoapCompactArrayImp::isSparse() const { return false; }
 
 bool TzSoapCompactArrayImp::isCompact() const { return true; }
 
-unsigned int TzSoapCompactArrayImp::entries() const { return static_cast<unsigned int>(size_); }
-
-TzSoapDefaultType* TzSoapCompactArrayImp::findStored(std::uint64_t position) const noexcept {
-    // A position before the first stored one wraps around to one behind the last.
-    const std::uint64_t at = position - first_;
-    return at < items_.size() ? items_.data() + at : nullptr;
+unsigned int TzSoapCompactArrayImp::entries() const {
+    return static_cast<unsigned int>(items_.size());
 }
 
 TzSoapDefaultType& TzSoapCompactArrayImp::slot(unsigned int position) {
-    if (TzSoapDefaultType* stored = findStored(position)) {
+    // A position before the base wraps around to one behind the last.
+    if (TzSoapDefaultType* stored = items_.find(position - base_)) {
         return *stored;
     }
     expandIfNeeded(position);
-    store(position, std::uint64_t{position} + 1);
-    return items_[position - first_];
+    return items_.reach(position - base_, placeholder());
 }
 
 const TzSoapType& TzSoapCompactArrayImp::storedOrPlaceholder(unsigned int position) const {
-    if (const TzSoapDefaultType* stored = findStored(position)) {
+    if (const TzSoapDefaultType* stored = items_.find(position - base_)) {
         return *stored;
     }
     offsetOf(position);
@@ -232,92 +128,79 @@ TzSoapCompactArrayImp::Index TzSoapCompactArrayImp::namedBy(unsigned int positio
 
 void TzSoapCompactArrayImp::expandIfNeeded(unsigned int position) {
     const std::uint64_t offset = offsetOf(position);
-    if (offset < size_) {
+    const std::uint64_t size = items_.size();
+    if (offset < size) {
         return;
     }
-    // Room is made ahead once growCount_ has left 0, which only this does: the vector's own growth
-    // serves all arrays.
-    if (items_.capacity() < growCount_ * block_ + items_.size()) {
-        items_.reserve(++growCount_ * block_ + items_.size());
+    // Room is made ahead once growCount_ has left 0, which only this does: the growth of the items'
+    // own memory serves all arrays.
+    if (items_.capacity() < growCount_ * block_ + size) {
+        items_.reserve((growCount_ + 1) * block_ + size);
+        ++growCount_;
     }
-    const std::uint64_t size = size_ + growthFor(offset, size_, block_);
-    if (size > TzSoapArrayTypeImp::Largest) {
+    const std::uint64_t grown = size + TzSoapShape::growthFor(offset, size, block_);
+    if (grown > Largest) {
         throwTooLarge(namedBy(position));
     }
-    size_ = size;
-}
-
-void TzSoapCompactArrayImp::store(std::uint64_t from, std::uint64_t to) const {
-    if (items_.empty()) {
-        first_ = from;
-    }
-    if (from < first_) {
-        // At least as many as there are, so that filling an array backwards stays linear.
-        const std::uint64_t added = std::min<std::uint64_t>(
-            first_ - base_, std::max<std::uint64_t>(first_ - from, items_.size()));
-        items_.insert(items_.begin(), added, getDefaultValue());
-        first_ -= added;
-    }
-    if (to - first_ > items_.size()) {
-        items_.resize(to - first_, getDefaultValue());
-    }
+    items_.grow(grown, placeholder());
 }
 
 const TzSoapDefaultType* TzSoapCompactArrayImp::begin() const {
-    store(base_, base_ + size_);
-    return items_.data();
+    return items_.block(placeholder());
 }
 
 const TzSoapDefaultType* TzSoapCompactArrayImp::end() const { return begin() + items_.size(); }
 
-TzSoapDefaultType* TzSoapCompactArrayImp::begin() {
-    store(base_, base_ + size_);
-    return items_.data();
-}
+TzSoapDefaultType* TzSoapCompactArrayImp::begin() { return items_.block(placeholder()); }
 
 TzSoapDefaultType* TzSoapCompactArrayImp::end() { return begin() + items_.size(); }
 
-std::span<const TzSoapDefaultType> TzSoapCompactArrayImp::itemsToWrite() const {
-    const auto lastAssigned = std::find_if_not(items_.rbegin(), items_.rend(), isPlaceholder);
-    const std::uint64_t end = first_ + static_cast<std::uint64_t>(items_.rend() - lastAssigned);
-    const std::uint64_t from = std::max(linear(getOffsetIndex(), getStep()), base_);
-    if (lastAssigned == items_.rend() || from >= end) {
-        return {};
+bool TzSoapCompactArrayImp::isVacant(const TzSoapType& item) const {
+    // Nearly always the array's own placeholder, which needs no closer look.
+    const TzSoapType* own = placeholder().find();
+    return (own != nullptr && TzSoapAccess::sameBody(item, *own)) || isPlaceholder(item);
+}
+
+TzSoapCompactItems::Range TzSoapCompactArrayImp::itemsToWrite() const {
+    std::uint64_t end = items_.storedBefore(items_.size());
+    while (end != 0 && isVacant(*items_.find(end - 1))) {
+        end = items_.storedBefore(end - 1);
     }
-    store(from, end);
-    const std::uint64_t limit =
-        getCountElementsToWrite() == 0 ? end - from : getCountElementsToWrite();
-    return storedItems().subspan(from - first_, std::min(end - from, limit));
+    const std::uint64_t offset = linear(getOffsetIndex(), getStep());
+    const std::uint64_t from = std::min(end, offset > base_ ? offset - base_ : 0);
+    const std::uint64_t limit = getCountElementsToWrite();
+    const std::uint64_t to = limit == 0 ? end : std::min(end, from + limit);
+    return {items_, from, to, &placeholder()};
 }
 
 void TzSoapCompactArrayImp::doSetBounds(const Index& bounds) {
-    Reshaped reshaped(bounds, getStartIndex());
-    for (std::size_t at = 0; at < items_.size(); ++at) {
-        if (!isPlaceholder(items_[at])) {
-            reshaped.take(linearToIndex(static_cast<unsigned int>(first_ + at), true), items_[at],
-                          getDefaultValue());
+    TzSoapReshaped reshaped(bounds, getStartIndex(), placeholder());
+    const std::uint64_t size = items_.size();
+    const auto indexAt = [this](std::uint64_t at) {
+        return linearToIndex(static_cast<unsigned int>(std::min(base_ + at, Largest)), true);
+    };
+    for (std::uint64_t at = items_.nextStored(0); at < size; at = items_.nextStored(at + 1)) {
+        if (const TzSoapDefaultType& item = *items_.find(at); !isVacant(item)) {
+            reshaped.take(indexAt(at), item);
         }
     }
-    if (size_ != 0) {
-        const std::uint64_t last = std::min(base_ + size_ - 1, Largest);
-        reshaped.takeEmpty(linearToIndex(static_cast<unsigned int>(last), true), getBounds());
+    if (size != 0) {
+        reshaped.takeEmpty(indexAt(size - 1), getBounds());
     }
+    TzSoapCompactItems& items = reshaped.items();
+    items.reserve(items.size());
     TzSoapArrayTypeImp::doSetBounds(bounds);
-    items_.swap(reshaped.items());
-    first_ = reshaped.first();
+    items_.swap(items);
     base_ = reshaped.base();
     block_ = reshaped.block();
-    size_ = reshaped.size();
 }
 
 void TzSoapCompactArrayImp::settle(unsigned int position, TzSoapParseContext& context) const {
     const std::uint64_t offset = offsetOf(position);
-    if (offset < size_) {
+    const std::uint64_t size = items_.size();
+    if (offset < size) {
         context.returnUnfilledPositions(1);
-        return;
-    }
-    const std::uint64_t added = growthFor(offset, size_, block_);
-    if (!context.takeUnfilledPositions(added - 1)) {
+    } else if (!context.takeUnfilledPositions(TzSoapShape::growthFor(offset, size, block_) - 1)) {
         throwTooLarge(namedBy(position));
     }
 }
@@ -330,24 +213,5 @@ void TzSoapCompactArrayImp::place(unsigned int position, TzSoapType&& member,
         settle(position, *context);
     }
     expandIfNeeded(position);
-    if (items_.empty() || position == first_ + items_.size()) {
-        append(position, std::move(member));
-    } else {
-        TzSoapType& place = slot(position);
-        place = std::move(member);
-    }
-}
-
-void TzSoapCompactArrayImp::append(unsigned int position, TzSoapType&& member) {
-    if (items_.empty()) {
-        first_ = position;
-    }
-    if (items_.size() == items_.capacity()) {
-        // Members come in order, so an array that states its size ends with just the room it needs.
-        constexpr std::size_t Fewest = 4;
-        const std::size_t more = std::max(2 * items_.size(), Fewest);
-        const std::uint64_t stated = base_ + block_ > first_ ? base_ + block_ - first_ : 0;
-        items_.reserve(stated > items_.size() ? std::min<std::uint64_t>(more, stated) : more);
-    }
-    items_.push_back(TzSoapAccess::take<TzSoapDefaultType>(member));
+    items_.put(position - base_, TzSoapAccess::take<TzSoapDefaultType>(member), placeholder());
 }

@@ -51,6 +51,8 @@ TzSoapCompactArrayImp& TzSoapCompactArrayType::body() const {
     return tzSoapBodyAs<TzSoapCompactArrayImp>(bodyBase(), "TzSoapCompactArrayType");
 }
 
+const TzSoapCompactArrayImp& TzSoapCompactArrayType::constBody() const { return body(); }
+
 TzSoapCompactArrayType TzSoapCompactArrayType::copy() const {
     return TzSoapCompactArrayType(static_cast<TzSoapCompactArrayImp*>(body().clone()));
 }
@@ -61,6 +63,6 @@ TzSoapDefaultType* TzSoapCompactArrayType::begin() { return body().begin(); }
 
 TzSoapDefaultType* TzSoapCompactArrayType::end() { return body().end(); }
 
-const TzSoapDefaultType* TzSoapCompactArrayType::begin() const { return body().begin(); }
+const TzSoapDefaultType* TzSoapCompactArrayType::begin() const { return constBody().begin(); }
 
-const TzSoapDefaultType* TzSoapCompactArrayType::end() const { return body().end(); }
+const TzSoapDefaultType* TzSoapCompactArrayType::end() const { return constBody().end(); }

@@ -39,6 +39,17 @@ struct TzSoapShape {
         return true;
     }
 
+    /// Positions from `base` to the end of a shape that has `allocated`.
+    static constexpr std::uint64_t blockFrom(std::uint64_t base, std::uint64_t allocated) noexcept {
+        return allocated > base ? allocated - base : 0;
+    }
+    /// How many items are added to `size`, in steps of one more than a block, until the one at
+    /// `offset` is among them.
+    static constexpr std::uint64_t growthFor(std::uint64_t offset, std::uint64_t size,
+                                             std::uint64_t block) noexcept {
+        return ((offset - size) / (block + 1) + 1) * (block + 1);
+    }
+
     /// Throws `TzXmlBoundsError` INDEX_RANGE_VEC.
     [[noreturn]] static void throwOutOfRange(const Index& index, const Index& start,
                                              const Index& bounds);

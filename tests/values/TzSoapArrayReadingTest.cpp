@@ -44,7 +44,8 @@ TzSoapCompactArrayType readCompact(TzSoapVersion::Version version, const std::st
 }
 
 std::size_t stored(const TzSoapCompactArrayType& array) {
-    return TzSoapAccess::body(array).storedItems().size();
+    const auto items = TzSoapAccess::body(array).storedItems();
+    return static_cast<std::size_t>(std::distance(items.begin(), items.end()));
 }
 
 class ArrayReading : public testing::TestWithParam<TzSoapVersion::Version> {

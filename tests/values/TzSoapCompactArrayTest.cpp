@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <numeric>
 
 namespace {
@@ -31,7 +32,8 @@ std::string written(const TzSoapCompactArrayType& array) {
 }
 
 std::size_t stored(const TzSoapCompactArrayType& array) {
-    return TzSoapAccess::body(array).storedItems().size();
+    const auto items = TzSoapAccess::body(array).storedItems();
+    return static_cast<std::size_t>(std::distance(items.begin(), items.end()));
 }
 
 TEST(TzSoapCompactArray, HoldsAnItemForEveryPosition) {
@@ -179,21 +181,21 @@ TEST(TzSoapCompactArray, RefusesMoreItemsThanCanBeCounted) {
 }
 
 TEST(TzSoapCompactArray, ShapeAloneTakesNoMemory) {
+    const std::size_t before = askedBytes();
     TzSoapCompactArrayType array("xsd:int", 2147483647, 0);
     EXPECT_EQ(array.entries(), 2147483647U);
     EXPECT_EQ(stored(array), 0U);
     array[2147483646] = valueOf("last");
     array[2147483645] = valueOf("before");
-    EXPECT_EQ(stored(array), 2U);
     const TzSoapCompactArrayType& constant = array;
     EXPECT_EQ(itemText(constant[0]), "-");
     EXPECT_EQ(itemText(constant[2147483645]), "before");
-    EXPECT_EQ(stored(array), 2U);
     const TzSoapCompactArrayType copy = array.copy();
     EXPECT_EQ(copy.entries(), 2147483647U);
     array.setBounds(Index{4294967295U});
     EXPECT_EQ(array.entries(), 4294967295U);
-    EXPECT_EQ(stored(array), 2U);
+    EXPECT_EQ(itemText(constant[2147483646]), "last");
+    EXPECT_LT(askedBytes() - before, 500000U);
     array.setBounds(Index{10});
     EXPECT_EQ(stored(array), 0U);
     EXPECT_EQ(textsOf(array), "- - - - - - - - - -");
