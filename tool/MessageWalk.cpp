@@ -53,18 +53,6 @@ std::string referenceText(const TzSoapReferenceType& value) {
     return {};
 }
 
-/// The positions that hold an item. Not by the iterators: they take memory for every position that
-/// was declared.
-std::vector<unsigned int> filledPositions(const TzSoapCompactArrayType& array) {
-    std::vector<unsigned int> filled;
-    for (unsigned int position = 0; position < array.entries(); ++position) {
-        if (!TzSoapArrayTypeImp::isPlaceholder(array(position))) {
-            filled.push_back(position);
-        }
-    }
-    return filled;
-}
-
 /// The index of a position, which may be beyond the shape: more may have been sent than declared.
 std::vector<unsigned int> indexOf(unsigned int position, const std::vector<unsigned int>& bounds) {
     std::vector<unsigned int> index(bounds.size());
@@ -222,7 +210,7 @@ void MessageWalk::visit(const TzSoapSparseArrayType& value) {
 }
 
 void MessageWalk::visit(const TzSoapCompactArrayType& value) {
-    const std::vector<unsigned int> positions = filledPositions(value);
+    const std::vector<unsigned int> positions = value.assignedPositions();
     sink_.begin(describeArray(value, positions.size()));
     for (const unsigned int position : positions) {
         visitItem(value(position), indexOf(position, value.getBounds()));

@@ -18,6 +18,7 @@
 #include <soap/TzSoapCatalog.h>
 #include <soap/TzSoapCompactArrayImp.h>
 #include <soap/TzSoapCompactArrayType.h>
+#include <soap/TzSoapCompactItems.h>
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapCompositeTypeImp.h>
 #include <soap/TzSoapConstVisitor.h>
@@ -42,6 +43,7 @@
 #include <soap/TzSoapHttpTransportContext.h>
 #include <soap/TzSoapLenientValue.h>
 #include <soap/TzSoapLibraryVersion.h>
+#include <soap/TzSoapMadeOnce.h>
 #include <soap/TzSoapMemberAccess.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapMessageImp.h>
@@ -60,6 +62,7 @@
 #include <soap/TzSoapSimpleTypeImp.h>
 #include <soap/TzSoapSparseArrayImp.h>
 #include <soap/TzSoapSparseArrayType.h>
+#include <soap/TzSoapSparseItems.h>
 #include <soap/TzSoapTransportContext.h>
 #include <soap/TzSoapType.h>
 #include <soap/TzSoapTypeImp.h>

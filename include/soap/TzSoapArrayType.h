@@ -6,6 +6,7 @@
 #include <soap/TzSoapVersion.h>
 #include <tz/tools/TzCString.h>
 
+#include <cstddef>
 #include <vector>
 
 class TzSoapArrayTypeImp;
@@ -47,6 +48,10 @@ public:
     void setBounds(const std::vector<unsigned int>& bounds);
     /// The same for bounds as text; `TzXmlBadArgError` BAD_INDEX_STRING when they are none.
     void setBounds(const TzCString& bounds);
+    /// The same for bounds in braces, such as `setBounds({2, 3})`.
+    template <std::size_t Axes> void setBounds(const unsigned int (&bounds)[Axes]) {
+        setBounds(std::vector<unsigned int>(bounds, bounds + Axes));
+    }
     /// Number of items.
     unsigned int entries() const;
 
@@ -59,6 +64,17 @@ public:
     TzSoapType& operator[](const std::vector<unsigned int>& index);
     /// The item at an index, a substitute where there is none; errors as above.
     const TzSoapType& operator[](const std::vector<unsigned int>& index) const;
+    /// The item at an index of several numbers in braces, `array[{1, 2}]`, made if need be; errors
+    /// as above. One number in braces is a position.
+    template <std::size_t Axes>
+    requires(Axes > 1) TzSoapType& operator[](const unsigned int (&index)[Axes]) {
+        return (*this)[std::vector<unsigned int>(index, index + Axes)];
+    }
+    /// The item at an index in braces, a substitute where there is none; otherwise as above.
+    template <std::size_t Axes>
+    requires(Axes > 1) const TzSoapType& operator[](const unsigned int (&index)[Axes]) const {
+        return (*this)[std::vector<unsigned int>(index, index + Axes)];
+    }
     /// The item at an index as text, made if need be; errors as above, and `TzXmlBadArgError`
     /// BAD_INDEX_STRING for other texts.
     TzSoapType& operator[](const TzCString& index);
@@ -72,6 +88,17 @@ public:
     TzSoapType& operator()(const std::vector<unsigned int>& index);
     /// The item at an index, a substitute where there is none; the shape is not asked.
     const TzSoapType& operator()(const std::vector<unsigned int>& index) const;
+    /// The item at an index of several numbers in braces, `array({1, 2})`, made if need be; the
+    /// shape is not asked. One number in braces is a position.
+    template <std::size_t Axes>
+    requires(Axes > 1) TzSoapType& operator()(const unsigned int (&index)[Axes]) {
+        return (*this)(std::vector<unsigned int>(index, index + Axes));
+    }
+    /// The item at an index in braces, a substitute where there is none; otherwise as above.
+    template <std::size_t Axes>
+    requires(Axes > 1) const TzSoapType& operator()(const unsigned int (&index)[Axes]) const {
+        return (*this)(std::vector<unsigned int>(index, index + Axes));
+    }
     /// The item at an index as text, made if need be; `TzXmlBadArgError` BAD_INDEX_STRING for other
     /// texts. The shape is not asked.
     TzSoapType& operator()(const TzCString& index);
@@ -92,6 +119,10 @@ public:
     void setOffset(const std::vector<unsigned int>& offset);
     /// The same for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING when it is none.
     void setOffset(const TzCString& offset);
+    /// The same for an index in braces, such as `setOffset({0, 1})`.
+    template <std::size_t Axes> void setOffset(const unsigned int (&offset)[Axes]) {
+        setOffset(std::vector<unsigned int>(offset, offset + Axes));
+    }
     /// How many items are written at most; 0, the default, for all.
     unsigned int getCountElementsToWrite() const;
     /// Sets how many items are written at most, 0 for all.

@@ -168,8 +168,10 @@ public:
     /// Whether `value` refers to a placeholder, as positions never assigned do.
     static bool isPlaceholder(const TzSoapType& value);
 
-    /// Takes a member that was read: puts it at the position behind the last one's, the first at
-    /// the offset.
+    /// Takes a member that was read: puts it at the index that its position attribute states, which
+    /// is removed from it, and otherwise behind the member before, the first one at the offset.
+    /// `TzXmlBadArgError` BAD_INDEX_STRING for a position that is none, `TzXmlBoundsError`
+    /// INDEX_RANGE_VEC for one outside of the shape.
     void addChild(const TzSoapType& child) override;
     /// Starts reading at the first member's start tag; the array's own name, attributes and offset
     /// are there already.
@@ -197,10 +199,11 @@ protected:
     /// Installs bounds that have the right number of axes. `TzXmlBoundsError` BAD_INDEX_VECTOR for
     /// no shape.
     virtual void doSetBounds(const Index& bounds);
-    /// Puts a member that was read at the next position.
+    /// Puts a member that was read where it belongs. Errors as for `addChild`.
     void placeNext(TzSoapType&& member);
-    /// Puts a member that is read in `context`, null outside of a reading, at a position.
-    virtual void place(unsigned int position, TzSoapType&& member, TzSoapParseContext* context);
+    /// Puts a member that is read in `context`, null outside of a reading, at a position. Here
+    /// `elementAt` takes it; `TzXmlBoundsError` INDEX_RANGE_VEC for a position beyond 32 bits.
+    virtual void place(std::uint64_t position, TzSoapType&& member, TzSoapParseContext* context);
 
     /// The placeholder that `getDefaultValue` answers with, not made before it is asked for.
     const TzSoapMadeOnce<TzSoapDefaultType>& placeholder() const noexcept { return defaultValue_; }
@@ -208,13 +211,17 @@ protected:
     const Index& getStep() const noexcept { return step_; }
     /// Throws `TzXmlBoundsError` INDEX_RANGE_VEC for an index.
     [[noreturn]] void throwOutOfRange(const Index& index) const;
-    /// Throws `TzXmlBoundsError` BAD_INDEX_VECTOR naming the largest entry of a vector.
-    [[noreturn]] static void throwTooLarge(const Index& vector);
+    /// Throws `TzXmlBoundsError` BAD_INDEX_VECTOR naming the largest entry of a vector; the detail
+    /// says that more positions are left unfilled than `context` allows.
+    [[noreturn]] static void throwUnfilled(const Index& vector, const TzSoapParseContext& context);
+    /// `position` as 32 bits; `TzXmlBoundsError` INDEX_RANGE_VEC when it needs more.
+    unsigned int checkedPosition(std::uint64_t position) const;
     /// The bounds that the size of an array that is read states, one open axis for none.
     static Index boundsFromSize(const TzCString& size);
 
 private:
     void checkPosition(unsigned int position) const;
+    std::uint64_t nextPosition(const TzSoapAttributeSet& attributes) const;
 
     TzCString elementType_;
     Index bounds_;
@@ -222,7 +229,7 @@ private:
     Index step_;
     Index offset_;
     TzSoapMadeOnce<TzSoapDefaultType> defaultValue_;
-    unsigned int cursor_ = 0; // position of the next member that is read
+    std::uint64_t cursor_ = 0; // position behind the last member that was read
     unsigned int countElementsToWrite_ = 0;
     bool stepInitialized_ = false;
     bool sizeShouldBeEncoded_ = false;

@@ -84,6 +84,8 @@ public:
     const TzCString& getPositionAttribute(TzSoapVersion::Version version) const;
     /// Sets position under the name of `version`.
     void setPositionAttribute(const TzCString& position, TzSoapVersion::Version version);
+    /// Whether position is there, with any value.
+    bool hasPositionAttribute() const;
     /// Removes position, the form of the latest version if both are there.
     void removePositionAttribute();
 

@@ -7,6 +7,7 @@
 #include <soap/TzSoapExport.h>
 
 #include <cstdint>
+#include <vector>
 
 class TzSoapCompactArrayType;
 
@@ -43,6 +44,10 @@ public:
     /// memory is taken. Further errors as for the constructors.
     static TzSoapCompactArrayType forReading(const TzXmlName& name, const TzCString& elementType,
                                              const TzCString& size, TzSoapParseContext& context);
+    /// The array that a reading met without members, `size` as above: any shape is accepted, for
+    /// its positions take no memory. Errors as for the constructors.
+    static TzSoapCompactArrayType
+    withoutMembers(const TzXmlName& name, const TzCString& elementType, const TzCString& size);
 
     /// A new body with the same shape and items; the values are shared. O(items reached).
     TzSoapElementImp* clone() const override;
@@ -66,6 +71,8 @@ public:
     /// The item at an index; as for its position.
     const TzSoapType& elementAt(const Index& index) const override;
 
+    /// The positions that hold an item, placeholders left out, in order. O(items reached).
+    std::vector<unsigned int> assignedPositions() const;
     /// The first of all items, as one block; valid until the array grows or takes other bounds.
     const TzSoapDefaultType* begin() const;
     /// Behind the last of all items; validity as for `begin`.
@@ -89,7 +96,7 @@ protected:
     /// BAD_INDEX_VECTOR for more items than 32 bits count. O(items reached).
     void doSetBounds(const Index& bounds) override;
     /// Puts a member at its position and settles with the context what it leaves unfilled.
-    void place(unsigned int position, TzSoapType&& member, TzSoapParseContext* context) override;
+    void place(std::uint64_t position, TzSoapType&& member, TzSoapParseContext* context) override;
 
 private:
     TzSoapCompactArrayImp(const TzXmlName& name, const TzCString& elementType, const Index& bounds);

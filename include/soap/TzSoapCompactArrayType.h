@@ -5,6 +5,9 @@
 #include <soap/TzSoapDefaultType.h>
 #include <soap/TzSoapExport.h>
 
+#include <cstddef>
+#include <vector>
+
 class TzSoapCompactArrayImp;
 
 /// Handle of a compact array: one item for every position of its shape from the start index on.
@@ -46,6 +49,20 @@ public:
     TzSoapCompactArrayType(const TzXmlName& name, const TzCString& elementType,
                            const std::vector<unsigned int>& bounds,
                            const std::vector<unsigned int>& start);
+    /// An array of a shape in braces, such as `TzSoapCompactArrayType("xsd:int", {2, 3}, {0, 0})`.
+    template <std::size_t Axes, std::size_t StartAxes>
+    TzSoapCompactArrayType(const TzCString& elementType, const unsigned int (&bounds)[Axes],
+                           const unsigned int (&start)[StartAxes])
+        : TzSoapCompactArrayType(elementType, std::vector<unsigned int>(bounds, bounds + Axes),
+                                 std::vector<unsigned int>(start, start + StartAxes)) {}
+    /// An array of a shape in braces, named `name`.
+    template <std::size_t Axes, std::size_t StartAxes>
+    TzSoapCompactArrayType(const TzXmlName& name, const TzCString& elementType,
+                           const unsigned int (&bounds)[Axes],
+                           const unsigned int (&start)[StartAxes])
+        : TzSoapCompactArrayType(name, elementType,
+                                 std::vector<unsigned int>(bounds, bounds + Axes),
+                                 std::vector<unsigned int>(start, start + StartAxes)) {}
     /// A copy of `other` with other bounds: items keep their index or are dropped. Errors as for
     /// `setBounds`. O(items).
     TzSoapCompactArrayType(const TzSoapCompactArrayType& other,
@@ -61,8 +78,11 @@ public:
 
     /// A new array with the same items, which both share. O(items).
     TzSoapCompactArrayType copy() const;
-    /// Number of items, placeholders included.
+    /// Number of items, placeholders included. What came from a peer may state a shape of many more
+    /// positions than it has items: `assignedPositions` names those that hold something.
     unsigned int entries() const;
+    /// The positions that hold an item, placeholders left out, in order. O(items reached).
+    std::vector<unsigned int> assignedPositions() const;
 
     /// The first item, in order of position; valid until the array grows or takes other bounds.
     TzSoapDefaultType* begin();

@@ -135,7 +135,7 @@ public:
 
         reference operator*() const {
             const Item* item = items_->find(at_);
-            return item != nullptr ? *item : placeholder_->get();
+            return item != nullptr ? *item : missing();
         }
         pointer operator->() const { return &**this; }
         iterator& operator++() noexcept {
@@ -155,6 +155,8 @@ public:
         }
 
     private:
+        TZSOAP_API reference missing() const;
+
         const TzSoapCompactItems* items_ = nullptr;
         const Placeholder* placeholder_ = nullptr;
         std::uint64_t at_ = 0;

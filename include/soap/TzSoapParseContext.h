@@ -120,6 +120,8 @@ public:
     /// Takes `positions` array positions that hold no item; false, and nothing taken, when that is
     /// more than the text may still have.
     bool takeUnfilledPositions(std::size_t positions) noexcept;
+    /// How many the text may have at most.
+    std::size_t getUnfilledLimit() const noexcept { return unfilledLimit_; }
     /// Gives back positions that an item was read for.
     void returnUnfilledPositions(std::size_t positions) noexcept { unfilledLeft_ += positions; }
 
@@ -190,6 +192,7 @@ private:
     std::vector<TzCString> newIds_; // filed since the last resolution
     std::vector<TzSoapReferenceToSoapTypeImp*> resolved_;
     std::vector<TzSoapType> kept_;
+    std::size_t unfilledLimit_;
     std::size_t unfilledLeft_;
     std::size_t uriLimit_;
     TzSoapDroppedText droppedText_;

@@ -11,8 +11,9 @@ struct TzSoapReadLimits {
     std::size_t depth = TzXmlDefaultLimits::Depth;
     /// Most attributes of one element, declarations included; more is a `TzXmlParseError`.
     std::size_t attributes = TzXmlDefaultLimits::Attributes;
-    /// Most array positions of one text that are declared but hold no item, beside one for each
-    /// byte of the text; more is a `TzXmlBoundsError` BAD_INDEX_VECTOR.
+    /// Most array positions of one text that are declared or passed over but hold no item, beside
+    /// one for each byte of the text; more is a `TzXmlBoundsError` BAD_INDEX_VECTOR. Sparse arrays
+    /// and arrays without members do not count: they take no memory for their positions.
     std::size_t unfilledArrayPositions = 1048576;
     /// Longest URI of a namespace and longest encodingStyle, in bytes, for each may be taken over
     /// by every value below; of a package also the longest Content-ID and Content-Location, which

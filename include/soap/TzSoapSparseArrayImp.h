@@ -71,12 +71,13 @@ public:
     /// O(items).
     void doSetBounds(const Index& bounds) override;
 
-    /// Takes a member that was read: puts it at its position attribute, which is removed from it.
-    /// `TzXmlBadArgError` BAD_INDEX_STRING for a position that is none, `TzXmlBoundsError`
-    /// INDEX_RANGE_VEC for one outside of the shape.
-    void addChild(const TzSoapType& child) override;
     /// Ends reading.
     void endElement(const TzXmlName& name) override;
+
+protected:
+    /// Puts a member at a position. `TzXmlBoundsError`: INDEX_RANGE_VEC outside of the shape,
+    /// BAD_INDEX_VECTOR for an index beyond 32 bits.
+    void place(std::uint64_t position, TzSoapType&& member, TzSoapParseContext* context) override;
 
 private:
     const TzSoapType& getTemplate() const { return template_.get(); }

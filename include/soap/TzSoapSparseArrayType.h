@@ -5,6 +5,9 @@
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapSparseItems.h>
 
+#include <cstddef>
+#include <vector>
+
 class TzSoapSparseArrayImp;
 
 /// Handle of a sparse array: items at the indices that were given one, in order of insertion.
@@ -35,6 +38,17 @@ public:
     /// An array of a shape, named `name`.
     TzSoapSparseArrayType(const TzXmlName& name, const TzCString& elementType,
                           const std::vector<unsigned int>& bounds);
+    /// An array of a shape in braces, such as `TzSoapSparseArrayType("xsd:int", {2, 3})`; one
+    /// number in braces is the size of one axis.
+    template <std::size_t Axes>
+    TzSoapSparseArrayType(const TzCString& elementType, const unsigned int (&bounds)[Axes])
+        : TzSoapSparseArrayType(elementType, std::vector<unsigned int>(bounds, bounds + Axes)) {}
+    /// An array of a shape in braces, named `name`.
+    template <std::size_t Axes>
+    TzSoapSparseArrayType(const TzXmlName& name, const TzCString& elementType,
+                          const unsigned int (&bounds)[Axes])
+        : TzSoapSparseArrayType(name, elementType,
+                                std::vector<unsigned int>(bounds, bounds + Axes)) {}
     TzSoapSparseArrayType(const TzSoapSparseArrayType&) noexcept = default;
     TzSoapSparseArrayType(TzSoapSparseArrayType&&) noexcept = default;
     TzSoapSparseArrayType& operator=(const TzSoapSparseArrayType&) noexcept = default;

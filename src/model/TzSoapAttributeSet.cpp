@@ -138,6 +138,10 @@ void TzSoapAttributeSet::setPositionAttribute(const TzCString& position, Version
     set(TzSoapVersion::Position, version, position);
 }
 
+bool TzSoapAttributeSet::hasPositionAttribute() const {
+    return getSoapAttribute(TzSoapVersion::Position) != end();
+}
+
 void TzSoapAttributeSet::removePositionAttribute() { remove(TzSoapVersion::Position); }
 
 // offset

@@ -48,7 +48,8 @@ void TzSoapArrayTypeHandler::startElement(const TzXmlName& name,
 }
 
 void TzSoapArrayTypeHandler::endElement(const TzXmlName&) {
-    populateArray(TzSoapCompactArrayImp::forReading(name_, type_, size_, reading(Unit, 47)));
+    static_cast<void>(reading(Unit, 47));
+    populateArray(TzSoapCompactArrayImp::withoutMembers(name_, type_, size_));
     declineEvents();
 }
 

@@ -44,7 +44,7 @@ void referToPart(TzSoapReferenceTypeImp& reference, const TzSoapMimeLookup::Foun
 } // namespace
 
 TzSoapParseContext::TzSoapParseContext()
-    : unfilledLeft_(TzSoapReadLimits().unfilledArrayPositions),
+    : unfilledLimit_(TzSoapReadLimits().unfilledArrayPositions), unfilledLeft_(unfilledLimit_),
       uriLimit_(TzSoapReadLimits().uriLength),
       typeAttribute_(TzSoapAttributeSet::getTypeAttributeName()) {}
 
@@ -271,7 +271,8 @@ void TzSoapParseContext::dropTargets() noexcept {
 void TzSoapParseContext::setLimits(const TzSoapReadLimits& limits, std::size_t textSize) {
     constexpr std::size_t Most = std::numeric_limits<std::size_t>::max();
     const std::size_t positions = limits.unfilledArrayPositions;
-    unfilledLeft_ = positions > Most - textSize ? Most : positions + textSize;
+    unfilledLimit_ = positions > Most - textSize ? Most : positions + textSize;
+    unfilledLeft_ = unfilledLimit_;
     uriLimit_ = limits.uriLength;
 }
 

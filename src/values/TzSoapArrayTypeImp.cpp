@@ -3,6 +3,7 @@
 
 #include <soap/TzSoapCatalog.h>
 #include <soap/TzSoapDefaultTypeImp.h>
+#include <soap/TzSoapParseContext.h>
 #include <soap/TzSoapUtils.h>
 #include <tz/tools/TzMessage.h>
 #include <tz/xml/TzThrow.h>
@@ -12,12 +13,22 @@
 #include "values/TzSoapShape.h"
 
 #include <algorithm>
+#include <functional>
+#include <numeric>
 #include <utility>
 
 namespace {
 
 [[noreturn]] void refuse(const char* method) {
     TzThrow(TzXmlDomainError(TzMessage(tzsoap_ILLEGAL_ARRAY(), method)));
+}
+
+/// The position of an index within a shape, however large.
+std::uint64_t exactLinear(const TzSoapArrayTypeImp::Index& index,
+                          const TzSoapArrayTypeImp::Index& steps) noexcept {
+    return std::inner_product(index.begin(), index.end(), steps.begin(), std::uint64_t{0},
+                              std::plus<>(),
+                              [](std::uint64_t entry, std::uint64_t step) { return entry * step; });
 }
 
 } // namespace
@@ -207,7 +218,18 @@ void TzSoapArrayTypeImp::throwOutOfRange(const Index& index) const {
     TzSoapShape::throwOutOfRange(index, startIndex_, bounds_);
 }
 
-void TzSoapArrayTypeImp::throwTooLarge(const Index& vector) { TzSoapShape::throwTooLarge(vector); }
+void TzSoapArrayTypeImp::throwUnfilled(const Index& vector, const TzSoapParseContext& context) {
+    TzSoapShape::throwTooLarge(vector, "the text leaves more positions without an item than the " +
+                                           std::to_string(context.getUnfilledLimit()) +
+                                           " that unfilledArrayPositions and its size allow");
+}
+
+unsigned int TzSoapArrayTypeImp::checkedPosition(std::uint64_t position) const {
+    if (position > Largest) {
+        throwOutOfRange(TzSoapShape::indexAt(position, getStep()));
+    }
+    return static_cast<unsigned int>(position);
+}
 
 TzSoapArrayTypeImp::Index TzSoapArrayTypeImp::stringToVector(const TzCString& text,
                                                              bool boundsMode) {
@@ -250,17 +272,27 @@ TzSoapArrayTypeImp::Index TzSoapArrayTypeImp::boundsFromSize(const TzCString& si
 
 void TzSoapArrayTypeImp::addChild(const TzSoapType& child) { placeNext(TzSoapType(child)); }
 
-void TzSoapArrayTypeImp::placeNext(TzSoapType&& member) {
-    if (!cursorSet_) {
-        cursor_ = indexToLinear(offset_, true);
-        cursorSet_ = true;
+std::uint64_t TzSoapArrayTypeImp::nextPosition(const TzSoapAttributeSet& attributes) const {
+    if (attributes.hasPositionAttribute()) {
+        const Index index = stringToVector(attributes.getPositionAttribute(), false);
+        boundsCheck(index, true);
+        return exactLinear(index, step_);
     }
-    place(cursor_, std::move(member), context());
-    ++cursor_;
+    return cursorSet_ ? cursor_ : indexToLinear(offset_, true);
 }
 
-void TzSoapArrayTypeImp::place(unsigned int position, TzSoapType&& member, TzSoapParseContext*) {
-    elementAt(position) = std::move(member);
+void TzSoapArrayTypeImp::placeNext(TzSoapType&& member) {
+    TzSoapAttributeSet& attributes = TzSoapAccess::body(member).getAttributeSet();
+    const std::uint64_t position = nextPosition(attributes);
+    place(position, std::move(member), context());
+    // The array holds the member now.
+    attributes.removePositionAttribute();
+    cursor_ = position + 1;
+    cursorSet_ = true;
+}
+
+void TzSoapArrayTypeImp::place(std::uint64_t position, TzSoapType&& member, TzSoapParseContext*) {
+    elementAt(checkedPosition(position)) = std::move(member);
 }
 
 void TzSoapArrayTypeImp::doStart(const TzXmlName& childName,

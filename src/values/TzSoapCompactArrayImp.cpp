@@ -9,6 +9,7 @@
 #include "values/TzSoapShape.h"
 
 #include <algorithm>
+#include <typeinfo>
 #include <utility>
 
 TzSoapCompactArrayImp::TzSoapCompactArrayImp(TzXmlName name, TzCString elementType,
@@ -65,13 +66,18 @@ TzSoapCompactArrayType TzSoapCompactArrayImp::forReading(const TzXmlName& name,
                                                          const TzCString& elementType,
                                                          const TzCString& size,
                                                          TzSoapParseContext& context) {
-    const Index bounds = boundsFromSize(size);
-    auto array = TzSoapAccess::handle<TzSoapCompactArrayType>(
-        new TzSoapCompactArrayImp(name, elementType, bounds));
+    auto array = withoutMembers(name, elementType, size);
     if (!context.takeUnfilledPositions(TzSoapAccess::body(array).items_.size())) {
-        throwTooLarge(bounds);
+        throwUnfilled(array.getBounds(), context);
     }
     return array;
+}
+
+TzSoapCompactArrayType TzSoapCompactArrayImp::withoutMembers(const TzXmlName& name,
+                                                             const TzCString& elementType,
+                                                             const TzCString& size) {
+    return TzSoapAccess::handle<TzSoapCompactArrayType>(
+        new TzSoapCompactArrayImp(name, elementType, boundsFromSize(size)));
 }
 
 TzSoapElementImp* TzSoapCompactArrayImp::clone() const { return new TzSoapCompactArrayImp(*this); }
@@ -140,7 +146,7 @@ void TzSoapCompactArrayImp::expandIfNeeded(unsigned int position) {
     }
     const std::uint64_t grown = size + TzSoapShape::growthFor(offset, size, block_);
     if (grown > Largest) {
-        throwTooLarge(namedBy(position));
+        TzSoapShape::throwTooLarge(namedBy(position));
     }
     items_.grow(grown, placeholder());
 }
@@ -159,6 +165,17 @@ bool TzSoapCompactArrayImp::isVacant(const TzSoapType& item) const {
     // Nearly always the array's own placeholder, which needs no closer look.
     const TzSoapType* own = placeholder().find();
     return (own != nullptr && TzSoapAccess::sameBody(item, *own)) || isPlaceholder(item);
+}
+
+std::vector<unsigned int> TzSoapCompactArrayImp::assignedPositions() const {
+    std::vector<unsigned int> positions;
+    const std::uint64_t size = items_.size();
+    for (std::uint64_t at = items_.nextStored(0); at < size; at = items_.nextStored(at + 1)) {
+        if (!isVacant(*items_.find(at))) {
+            positions.push_back(static_cast<unsigned int>(base_ + at));
+        }
+    }
+    return positions;
 }
 
 TzSoapCompactItems::Range TzSoapCompactArrayImp::itemsToWrite() const {
@@ -198,20 +215,30 @@ void TzSoapCompactArrayImp::doSetBounds(const Index& bounds) {
 void TzSoapCompactArrayImp::settle(unsigned int position, TzSoapParseContext& context) const {
     const std::uint64_t offset = offsetOf(position);
     const std::uint64_t size = items_.size();
-    if (offset < size) {
+    if (offset >= size) {
+        if (!context.takeUnfilledPositions(TzSoapShape::growthFor(offset, size, block_) - 1)) {
+            throwUnfilled(namedBy(position), context);
+        }
+        return;
+    }
+    const TzSoapDefaultType* before = items_.find(offset);
+    if (before == nullptr || isVacant(*before)) {
         context.returnUnfilledPositions(1);
-    } else if (!context.takeUnfilledPositions(TzSoapShape::growthFor(offset, size, block_) - 1)) {
-        throwTooLarge(namedBy(position));
     }
 }
 
 void TzSoapCompactArrayImp::takeChild(TzSoapType&& child) { placeNext(std::move(child)); }
 
-void TzSoapCompactArrayImp::place(unsigned int position, TzSoapType&& member,
+void TzSoapCompactArrayImp::place(std::uint64_t position, TzSoapType&& member,
                                   TzSoapParseContext* context) {
+    const unsigned int at = checkedPosition(position);
     if (context != nullptr) {
-        settle(position, *context);
+        settle(at, *context);
     }
-    expandIfNeeded(position);
+    if (typeid(*this) != typeid(TzSoapCompactArrayImp)) {
+        TzSoapArrayTypeImp::place(position, std::move(member), context);
+        return;
+    }
+    expandIfNeeded(at);
     items_.put(position - base_, TzSoapAccess::take<TzSoapDefaultType>(member), placeholder());
 }

@@ -59,6 +59,10 @@ TzSoapCompactArrayType TzSoapCompactArrayType::copy() const {
 
 unsigned int TzSoapCompactArrayType::entries() const { return body().entries(); }
 
+std::vector<unsigned int> TzSoapCompactArrayType::assignedPositions() const {
+    return constBody().assignedPositions();
+}
+
 TzSoapDefaultType* TzSoapCompactArrayType::begin() { return body().begin(); }
 
 TzSoapDefaultType* TzSoapCompactArrayType::end() { return body().end(); }

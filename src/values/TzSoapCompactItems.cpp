@@ -218,3 +218,7 @@ std::uint64_t TzSoapCompactItems::storedBefore(std::uint64_t end) const noexcept
     }
     return end;
 }
+
+const TzSoapDefaultType& TzSoapCompactItems::Range::iterator::missing() const {
+    return placeholder_->get();
+}

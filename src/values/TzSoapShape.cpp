@@ -13,8 +13,8 @@ namespace {
 
 using Index = TzSoapShape::Index;
 
-[[noreturn]] void throwBadEntry(const Index& vector, Index::const_iterator entry) {
-    TzThrow(TzXmlBoundsError(TzMessage(tzsoap_BAD_INDEX_VECTOR(), entry - vector.begin(), *entry)));
+TzXmlBoundsError badEntry(const Index& vector, Index::const_iterator entry) {
+    return TzXmlBoundsError(TzMessage(tzsoap_BAD_INDEX_VECTOR(), entry - vector.begin(), *entry));
 }
 
 TzCString textOf(const Index& vector) { return TzSoapIndexText::printLatest(vector, true); }
@@ -27,7 +27,7 @@ unsigned int TzSoapShape::allocSizeOf(const Index& bounds) {
     }
     const auto bad = std::find(bounds.begin() + 1, bounds.end(), 0U);
     if (bad != bounds.end()) {
-        throwBadEntry(bounds, bad);
+        TzThrow(badEntry(bounds, bad));
     }
     if (bounds.size() == 1) {
         return bounds.front();
@@ -63,10 +63,13 @@ Index TzSoapShape::stepsOf(const Index& bounds) {
     return steps;
 }
 
-Index TzSoapShape::indexAt(unsigned int position, const Index& steps) {
+Index TzSoapShape::indexAt(std::uint64_t position, const Index& steps) {
+    if (!steps.empty() && position / steps.front() > Largest) {
+        throwTooLarge(indexAt(position - 1, steps));
+    }
     Index index(steps.size());
     for (std::size_t axis = 0; axis < steps.size(); ++axis) {
-        index[axis] = position / steps[axis];
+        index[axis] = static_cast<unsigned int>(position / steps[axis]);
         position %= steps[axis];
     }
     return index;
@@ -77,6 +80,6 @@ void TzSoapShape::throwOutOfRange(const Index& index, const Index& start, const 
         TzMessage(tzsoap_INDEX_RANGE_VEC(), textOf(index), textOf(start), textOf(bounds))));
 }
 
-void TzSoapShape::throwTooLarge(const Index& vector) {
-    throwBadEntry(vector, std::max_element(vector.begin(), vector.end()));
+void TzSoapShape::throwTooLarge(const Index& vector, std::string_view detail) {
+    TzThrow(tzWithDetail(badEntry(vector, std::max_element(vector.begin(), vector.end())), detail));
 }

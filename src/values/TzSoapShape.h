@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <string_view>
 #include <vector>
 
 /// The arithmetic of array shapes: bounds and start index, rightmost axis fastest, one entry for
@@ -23,8 +24,9 @@ struct TzSoapShape {
     static void check(const Index& bounds, const Index& start);
     /// The distance of neighbours on each axis, for bounds that passed a check.
     static Index stepsOf(const Index& bounds);
-    /// The index at a position.
-    static Index indexAt(unsigned int position, const Index& steps);
+    /// The index at a position; `TzXmlBoundsError` BAD_INDEX_VECTOR naming the index before when
+    /// its leftmost entry exceeds 32 bits.
+    static Index indexAt(std::uint64_t position, const Index& steps);
     /// Whether an index lies within a shape; on an open axis every entry does.
     static bool contains(const Index& index, const Index& start, const Index& bounds) noexcept {
         if (index.size() != bounds.size()) {
@@ -53,6 +55,9 @@ struct TzSoapShape {
     /// Throws `TzXmlBoundsError` INDEX_RANGE_VEC.
     [[noreturn]] static void throwOutOfRange(const Index& index, const Index& start,
                                              const Index& bounds);
-    /// Throws `TzXmlBoundsError` BAD_INDEX_VECTOR naming the largest entry.
-    [[noreturn]] static void throwTooLarge(const Index& vector);
+    /// Throws `TzXmlBoundsError` BAD_INDEX_VECTOR naming the largest entry; the detail says which
+    /// limit is exceeded, that of 32 bits unless stated.
+    [[noreturn]] static void
+    throwTooLarge(const Index& vector,
+                  std::string_view detail = "an array has at most 4294967295 positions");
 };

@@ -4,7 +4,9 @@
 #include <soap/TzSoapSparseArrayType.h>
 
 #include "model/TzSoapAccess.h"
+#include "values/TzSoapShape.h"
 
+#include <typeinfo>
 #include <utility>
 
 TzSoapSparseArrayImp::TzSoapSparseArrayImp(TzXmlName name, TzCString elementType, unsigned int size)
@@ -61,16 +63,17 @@ TzSoapSparseArrayImp::iterator TzSoapSparseArrayImp::begin() { return items_.beg
 
 TzSoapSparseArrayImp::iterator TzSoapSparseArrayImp::end() { return items_.end(); }
 
-void TzSoapSparseArrayImp::addChild(const TzSoapType& child) {
-    TzSoapAttributeSet& attributes = TzSoapAccess::body(child).getAttributeSet();
-    Index index = stringToVector(attributes.getPositionAttribute(), false);
+void TzSoapSparseArrayImp::place(std::uint64_t position, TzSoapType&& member, TzSoapParseContext*) {
+    Index index = TzSoapShape::indexAt(position, getStep());
     boundsCheck(index, true);
-    if (TzSoapType* found = items_.find(index)) {
-        *found = child;
+    if (typeid(*this) != typeid(TzSoapSparseArrayImp)) {
+        elementAt(index) = std::move(member);
+    } else if (TzSoapType* found = items_.find(index)) {
+        // Without a copy of the template that would be replaced at once.
+        *found = std::move(member);
     } else {
-        items_.append(std::move(index), child);
+        items_.append(std::move(index), std::move(member));
     }
-    attributes.removePositionAttribute();
 }
 
 void TzSoapSparseArrayImp::endElement(const TzXmlName& name) {

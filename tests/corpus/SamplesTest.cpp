@@ -4,6 +4,7 @@
 // it.
 #include "support/Samples.h"
 
+#include <soap/TzSoapAttributeSet.h>
 #include <soap/TzSoapCast.h>
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>

@@ -198,10 +198,10 @@ TEST(TzSoapVersionConverter, RolesThatSoapDefinesChange) {
 }
 
 TEST(TzSoapVersionConverter, ArraysTakeTheOtherForm) {
-    const Converted done =
-        to12(in11("<a E:arrayType=\"x:int[2,3]\" E:offset=\"[0,1]\"><i>1</i></a>"
-                  "<b E:arrayType=\"x:int[9]\"><i E:position=\"[4]\">1</i></b>"
-                  "<c E:arrayType=\"x:int[]\"><i>1</i><i E:position=\"[1]\">2</i></c>"));
+    const Converted done = to12(in11("<a E:arrayType=\"x:int[2,3]\" E:offset=\"[0,1]\"><i>1</i></a>"
+                                     "<b E:arrayType=\"x:int[9]\"><i E:position=\"[4]\">1</i></b>"
+                                     "<c E:arrayType=\"x:int[]\"><i>1</i></c>"
+                                     "<d><i E:position=\"[1]\">2</i></d>")); // not in an array
     EXPECT_EQ(done.losses, Losses{});
     EXPECT_TRUE(done.has("E:itemType=\"x:int\" E:arraySize=\"2 3\" E:offset=\"0 1\"")) << done.wire;
     EXPECT_TRUE(done.has("<i E:position=\"4\">1</i>")) << done.wire;

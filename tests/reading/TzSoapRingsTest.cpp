@@ -5,6 +5,7 @@
 #include "support/ReadValues.h"
 
 #include <soap/TzSoapDefaultType.h>
+#include <soap/TzSoapTypeImp.h>
 #include <tz/xml/TzXmlParseError.h>
 
 #include "model/TzSoapAccess.h"

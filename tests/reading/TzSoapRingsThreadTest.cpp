@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/ReadValues.h"
 
+#include <soap/TzSoapTypeImp.h>
+
 #include "model/TzSoapAccess.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/ReadValues.h"
 
+#include <soap/TzSoapAttributeSet.h>
 #include <soap/TzSoapMisunderstoodType.h>
 #include <soap/TzSoapTypeRegistry.h>
 

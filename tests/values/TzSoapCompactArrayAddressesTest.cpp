@@ -180,7 +180,8 @@ TEST(TzSoapCompactArray, GrowthKeepsTheItems) {
     EXPECT_EQ(itemText(array[999999]), "last");
     EXPECT_EQ(itemText(array[3]), "d");
     EXPECT_EQ(itemText(array(1000000)), "grown");
-    EXPECT_EQ(array.begin() + 3, &array[3]);
+    const TzSoapDefaultType* first = array.begin();
+    EXPECT_EQ(first + 3, &array[3]);
     array(2000001) = valueOf("again");
     EXPECT_EQ(itemText(array(2000001)), "again");
     EXPECT_EQ(itemText(array[3]), "d");
@@ -216,6 +217,24 @@ TEST(TzSoapCompactArray, EmptyArraysThatAreReadTakeNoMemoryForTheirShape) {
     const TzSoapMessage message = messageOf(text);
     EXPECT_LT(askedBytes() - before, 100000U);
     EXPECT_EQ(entryAs<TzSoapCompactArrayType>(message).entries(), 1000000U);
+}
+
+TEST(TzSoapCompactArray, PositionsThatHoldSomething) {
+    TzSoapCompactArrayType array("xsd:int", 5, 1);
+    EXPECT_EQ(array.assignedPositions(), Index{});
+    array[4] = valueOf("e");
+    array[2] = valueOf("c");
+    (void)array[3];
+    EXPECT_EQ(array.assignedPositions(), (Index{2, 4}));
+    array[2] = TzSoapDefaultType();
+    EXPECT_EQ(array.assignedPositions(), Index{4});
+    EXPECT_EQ(array.end() - array.begin(), 4);
+    EXPECT_EQ(array.assignedPositions(), Index{4});
+    TzSoapCompactArrayType longer("xsd:int", 4294967295U, 0);
+    longer[4294967294U] = valueOf("last");
+    longer[7] = valueOf("h");
+    EXPECT_EQ(longer.assignedPositions(), (Index{7, 4294967294U}));
+    EXPECT_EQ(readArray("[4294967295]", "").assignedPositions(), Index{});
 }
 
 TEST(TzSoapCompactArray, FillingBackwardsIsLinear) {
