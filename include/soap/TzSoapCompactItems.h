@@ -47,8 +47,9 @@ public:
     std::uint64_t capacity() const noexcept { return capacity_ > size_ ? capacity_ : size_; }
     /// Takes the memory of a block for `count` positions at least; nothing beyond the limit.
     void reserve(std::uint64_t count);
-    /// Adds positions up to a greater number of them; moves items, O(items alive) at most.
-    void grow(std::uint64_t size, const Placeholder& placeholder);
+    /// Adds positions up to a greater number of them. Reaching the one at `at` takes no memory
+    /// afterwards; `size` for none of them. Moves items, O(items alive) at most.
+    void grow(std::uint64_t size, std::uint64_t at, const Placeholder& placeholder);
 
     /// The item at a position, null where none came to life. O(1).
     Item* find(std::uint64_t at) noexcept { return stored(at); }
@@ -104,7 +105,7 @@ private:
     void fill(std::uint64_t from, std::uint64_t to, const Placeholder& placeholder) const;
     void takeBlock(Memory memory) const noexcept;
     void moveIntoBlock(std::uint64_t capacity);
-    void moveIntoPieces(const Placeholder& placeholder);
+    void moveIntoPieces(std::uint64_t reached, const Placeholder& placeholder);
     void joinPieces(const Placeholder& placeholder) const;
     void complete(const Placeholder& placeholder) const;
 

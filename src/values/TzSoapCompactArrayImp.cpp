@@ -148,7 +148,7 @@ void TzSoapCompactArrayImp::expandIfNeeded(unsigned int position) {
     if (grown > Largest) {
         TzSoapShape::throwTooLarge(namedBy(position));
     }
-    items_.grow(grown, placeholder());
+    items_.grow(grown, offset, placeholder());
 }
 
 const TzSoapDefaultType* TzSoapCompactArrayImp::begin() const {

@@ -55,11 +55,21 @@ void TzSoapCompactItems::reserve(std::uint64_t count) {
     }
 }
 
-void TzSoapCompactItems::grow(std::uint64_t size, const Placeholder& placeholder) {
-    if (size > BlockLimit) {
-        moveIntoPieces(placeholder);
-    } else if (block_ != nullptr && size > capacity_) {
-        moveIntoBlock(std::min(std::max(size, 2 * capacity_), BlockLimit));
+// What `reach` needs at that position is there before the size changes.
+void TzSoapCompactItems::grow(std::uint64_t size, std::uint64_t at,
+                              const Placeholder& placeholder) {
+    const bool reached = at < size;
+    if (reached) {
+        placeholder.get();
+    }
+    if (size <= BlockLimit) {
+        if (size > capacity_ && (reached || block_ != nullptr)) {
+            moveIntoBlock(std::min(std::max(size, 2 * capacity_), BlockLimit));
+        }
+    } else if (!inPieces() && (reached || block_ != nullptr)) {
+        moveIntoPieces(reached ? at : from_.load(), placeholder);
+    } else if (reached) {
+        piece(at, placeholder);
     }
     size_ = size;
 }
@@ -74,11 +84,9 @@ void TzSoapCompactItems::moveIntoBlock(std::uint64_t capacity) {
     to_ = to;
 }
 
-void TzSoapCompactItems::moveIntoPieces(const Placeholder& placeholder) {
-    if (block_ == nullptr) {
-        return;
-    }
+void TzSoapCompactItems::moveIntoPieces(std::uint64_t reached, const Placeholder& placeholder) {
     TzSoapCompactItems pieces(size_); // so that nothing remains of it when memory is short
+    pieces.piece(reached, placeholder);
     for (std::uint64_t at = from_ & ~PieceMask; at < to_; at += PieceSize) {
         pieces.piece(at, placeholder);
     }

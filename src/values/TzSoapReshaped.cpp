@@ -76,5 +76,5 @@ void TzSoapReshaped::growTo(std::uint64_t offset, const Index& index) {
     if (grown > TzSoapShape::Largest) {
         TzSoapShape::throwTooLarge(index);
     }
-    items_.grow(grown, placeholder_);
+    items_.grow(grown, grown, placeholder_); // nothing is kept if memory ends
 }

@@ -187,6 +187,44 @@ TEST(TzSoapCompactArray, GrowthKeepsTheItems) {
     EXPECT_EQ(itemText(array[3]), "d");
 }
 
+/// Reaches a position behind the last one while the n-th allocation fails, for every n.
+void expectGrowthOrNothing(const TzSoapCompactArrayType& array, unsigned int position) {
+    bool failed = true;
+    for (std::size_t nth = 1; failed; ++nth) {
+        TzSoapCompactArrayType tested = array.copy();
+        {
+            const AllocationFailure failure(nth);
+            try {
+                (void)tested(position);
+            } catch (const std::bad_alloc&) { // looked at below
+            }
+            failed = failure.happened();
+        }
+        ASSERT_EQ(tested.entries() > position, !failed) << nth;
+        ASSERT_EQ(tested.entries() == array.entries(), failed) << nth;
+        ASSERT_EQ(tested.assignedPositions(), array.assignedPositions()) << nth;
+        tested(position) = valueOf("again");
+        ASSERT_EQ(itemText(tested(position)), "again") << nth;
+        for (const unsigned int kept : array.assignedPositions()) {
+            ASSERT_EQ(itemText(tested(kept)), itemText(array(kept))) << nth;
+        }
+    }
+}
+
+TEST(TzSoapCompactArray, GrowthWithoutMemoryAddsNoPositions) {
+    TzSoapCompactArrayType open("xsd:int", 0U, 0U);
+    expectGrowthOrNothing(open, 50);
+    expectGrowthOrNothing(open, BeyondTheBlock);
+    open(2) = valueOf("c");
+    expectGrowthOrNothing(open, 50);
+    expectGrowthOrNothing(open, BeyondTheBlock);
+    TzSoapCompactArrayType closed("xsd:int", BeyondTheBlock, 0);
+    expectGrowthOrNothing(closed, 2 * BeyondTheBlock);
+    closed[7] = valueOf("h");
+    expectGrowthOrNothing(closed, 2 * BeyondTheBlock);
+    expectGrowthOrNothing(readArray("[9]", ""), 50);
+}
+
 TEST(TzSoapCompactArray, OpenAxisGrowsBeyondTheLimit) {
     TzSoapCompactArrayType array("xsd:int", 0, 0);
     const TzSoapSimpleType value = valueOf("v");
