@@ -1,68 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include <tz/xml/TzXmlAttributeSet.h>
 
-#include <set>
-#include <tuple>
-#include <utility>
+#include "xml/TzXmlAttributeIndex.h"
 
-namespace {
+#include <algorithm>
+#include <iterator>
 
-/// URI and local part of a wanted name.
-struct Key {
-    std::string_view uri;
-    std::string_view localName;
-};
-
-Key keyOf(const TzXmlAttribute& attribute) noexcept {
-    return {attribute.getName().getUri(), attribute.getName().getLocalName()};
-}
-
-bool less(const Key& left, const Key& right) noexcept {
-    return std::tie(left.localName, left.uri) < std::tie(right.localName, right.uri);
-}
-
-} // namespace
-
-/// Positions ordered by name. A tree and not a hash table, so that chosen names cannot make it
-/// slow; it holds positions and no texts, so that attributes may move when the list grows.
-class TzXmlAttributeSet::Index {
-public:
-    explicit Index(const std::vector<TzXmlAttribute>& attributes) : positions_(Less{&attributes}) {
-        for (std::size_t i = 0; i < attributes.size(); ++i) {
-            positions_.insert(i);
-        }
-    }
-
-    void add(std::size_t position) { positions_.insert(position); }
-
-    std::size_t find(const Key& key, std::size_t none) const {
-        const auto found = positions_.find(key);
-        return found == positions_.end() ? none : *found;
-    }
-
-private:
-    struct Less {
-        using is_transparent = void;
-        const std::vector<TzXmlAttribute>* attributes;
-
-        bool operator()(std::size_t left, std::size_t right) const {
-            return less(keyOf((*attributes)[left]), keyOf((*attributes)[right]));
-        }
-        bool operator()(std::size_t left, const Key& right) const {
-            return less(keyOf((*attributes)[left]), right);
-        }
-        bool operator()(const Key& left, std::size_t right) const {
-            return less(left, keyOf((*attributes)[right]));
-        }
-    };
-
-    std::set<std::size_t, Less> positions_;
-};
+void TzXmlAttribute::reportRenaming() const noexcept { index_->noteRenaming(*this); }
 
 TzXmlAttributeSet::List::List() noexcept = default;
 
-// An index speaks of positions in the list it was made for.
-TzXmlAttributeSet::List::List(const List& other) : attributes(other.attributes) {}
+// An index speaks of the list it was made for.
+TzXmlAttributeSet::List::List(const List& other)
+    : TzTMonitor(other), attributes(other.attributes) {}
 
 TzXmlAttributeSet::List::~List() = default;
 
@@ -85,30 +35,17 @@ TzXmlAttributeSet& TzXmlAttributeSet::operator=(TzXmlAttributeSet&& other) noexc
 
 TzXmlAttributeSet::~TzXmlAttributeSet() = default;
 
-TzXmlAttributeSet::const_iterator TzXmlAttributeSet::findByIndex(const TzXmlNamespace& nameSpace,
-                                                                 std::string_view localName) const {
-    if (list_->index == nullptr) {
-        list_->index = std::make_unique<Index>(list_->attributes);
+std::size_t TzXmlAttributeSet::List::find(const TzXmlNamespace& nameSpace,
+                                          std::string_view localName) {
+    const Guard guard(lock());
+    // Out of the list meanwhile, so that an index that failed half-way is gone.
+    std::unique_ptr<TzXmlAttributeIndex> asked = std::move(index);
+    if (asked == nullptr) {
+        asked = std::make_unique<TzXmlAttributeIndex>(attributes);
     }
-    return first() + list_->index->find({nameSpace.getUri(), localName}, size());
-}
-
-TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlNamespace& nameSpace,
-                                                    std::string_view localName) {
-    // An index made now would serve this look-up only.
-    const bool indexed = list_ != nullptr && list_->index != nullptr;
-    const const_iterator found =
-        indexed ? findByIndex(nameSpace, localName) : findInTurn(nameSpace, localName);
-    forgetIndex();
-    return first() + (found - first());
-}
-
-TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlName& name) {
-    return find(name.getNamespace(), name.getLocalName());
-}
-
-TzXmlAttributeSet::const_iterator TzXmlAttributeSet::find(const TzXmlName& name) const {
-    return find(name.getNamespace(), name.getLocalName());
+    const std::size_t found = asked->find(nameSpace, localName);
+    index = std::move(asked);
+    return found;
 }
 
 TzXmlAttributeSet::iterator TzXmlAttributeSet::find(const TzXmlAttribute& attribute) {
@@ -121,20 +58,18 @@ TzXmlAttributeSet::const_iterator TzXmlAttributeSet::find(const TzXmlAttribute& 
     return found != end() && found->getValue() == attribute.getValue() ? found : end();
 }
 
-TzXmlAttributeSet::iterator TzXmlAttributeSet::findDeclaration(std::string_view prefix) {
-    return find(TzXmlNamespace::getXmlns(), prefix);
-}
-
 void TzXmlAttributeSet::add(TzXmlAttribute attribute) {
-    const TzXmlName& name = attribute.getName();
+    const TzXmlName& name = std::as_const(attribute).getName();
     if (name.getLocalName() == "xmlns" && name.getNamespace().isEmpty()) {
         attribute.setName(TzXmlName({}, TzXmlNamespace::getXmlns()));
     }
-    const const_iterator found = std::as_const(*this).find(name);
-    if (found == std::as_const(*this).end()) {
-        append(std::move(attribute));
+    const iterator found = find(name);
+    const bool there = found != end() &&
+                       isExact(std::as_const(*found).getName().getNamespace(), name.getNamespace());
+    if (there) {
+        *found = std::move(attribute);
     } else {
-        first()[found - first()] = std::move(attribute);
+        append(std::move(attribute));
     }
 }
 
@@ -146,27 +81,65 @@ void TzXmlAttributeSet::addDeclaration(const TzXmlNamespace& declared) {
     add(TzXmlName(declared.getPrefix(), TzXmlNamespace::getXmlns()), declared.getUri());
 }
 
-std::vector<TzXmlAttribute>& TzXmlAttributeSet::made() {
+TzXmlAttributeSet::List& TzXmlAttributeSet::made() {
     if (list_ == nullptr) {
         list_ = std::make_unique<List>();
     }
-    return list_->attributes;
+    return *list_;
+}
+
+void TzXmlAttributeSet::reserve(std::size_t count) {
+    List& list = made();
+    if (count <= list.attributes.capacity()) {
+        return;
+    }
+    std::vector<TzXmlAttribute> larger;
+    larger.reserve(count);
+    // Moving is no renaming.
+    if (list.index != nullptr) {
+        list.index->ignoreFrom(0);
+    }
+    std::move(list.attributes.begin(), list.attributes.end(), std::back_inserter(larger));
+    list.attributes.swap(larger);
+    if (list.index != nullptr) {
+        list.index->listenFrom(0);
+    }
 }
 
 void TzXmlAttributeSet::append(TzXmlAttribute attribute) {
-    std::vector<TzXmlAttribute>& attributes = made();
+    constexpr std::size_t Fewest = 1;
+    List& list = made();
+    std::vector<TzXmlAttribute>& attributes = list.attributes;
+    if (attributes.size() == attributes.capacity()) {
+        reserve(std::max(2 * attributes.size(), Fewest));
+    }
     // Out of the list meanwhile, so that an index that could not take the name is gone.
-    std::unique_ptr<Index> index = std::move(list_->index);
+    std::unique_ptr<TzXmlAttributeIndex> index = std::move(list.index);
+    if (index != nullptr) {
+        index->add(std::as_const(attribute).getName());
+    }
     attributes.push_back(std::move(attribute));
     if (index != nullptr) {
-        index->add(size() - 1);
-        list_->index = std::move(index);
+        index->listenFrom(attributes.size() - 1);
+        list.index = std::move(index);
     }
 }
 
 void TzXmlAttributeSet::erase(iterator position) {
-    forgetIndex();
-    list_->attributes.erase(list_->attributes.begin() + (position - first()));
+    std::vector<TzXmlAttribute>& attributes = list_->attributes;
+    std::unique_ptr<TzXmlAttributeIndex>& index = list_->index;
+    const auto at = static_cast<std::size_t>(position - first());
+    if (index != nullptr) {
+        index->remove(at);
+        index->ignoreFrom(at); // closing up is no renaming
+    }
+    attributes.erase(attributes.begin() + static_cast<std::ptrdiff_t>(at));
+    if (index != nullptr) {
+        index->listenFrom(at);
+        if (attributes.size() < IndexedFrom || !index->isWorthIt()) {
+            index.reset();
+        }
+    }
 }
 
 void TzXmlAttributeSet::erase(const TzXmlName& name) {
@@ -177,10 +150,8 @@ void TzXmlAttributeSet::erase(const TzXmlName& name) {
 }
 
 void TzXmlAttributeSet::clear() noexcept {
-    forgetIndex();
     if (list_ != nullptr) {
+        list_->index.reset();
         list_->attributes.clear();
     }
 }
-
-void TzXmlAttributeSet::dropIndex() noexcept { list_->index.reset(); }

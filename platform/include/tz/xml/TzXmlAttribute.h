@@ -9,6 +9,8 @@
 #include <string_view>
 #include <utility>
 
+class TzXmlAttributeIndex;
+
 /// An attribute: a name and a text value.
 ///
 /// A namespace declaration is an attribute in the namespace `TzXmlNamespace::getXmlns()` whose
@@ -23,15 +25,40 @@ public:
     /// The attribute `name` with `value`.
     TzXmlAttribute(TzXmlName name, TzCString value)
         : name_(std::move(name)), value_(std::move(value)) {}
+    // An attribute that is assigned or moved from takes another name, of which its list hears.
+    TzXmlAttribute(const TzXmlAttribute& other)
+        : name_(other.name_), value_(other.value_), shared_(other.shared_) {}
+    TzXmlAttribute(TzXmlAttribute&& other) noexcept
+        : name_(std::move(other.getName())), value_(std::move(other.value_)),
+          shared_(std::move(other.shared_)) {}
+    TzXmlAttribute& operator=(const TzXmlAttribute& other) {
+        value_ = other.value_;
+        shared_ = other.shared_;
+        getName() = other.name_;
+        return *this;
+    }
+    TzXmlAttribute& operator=(TzXmlAttribute&& other) noexcept {
+        value_ = std::move(other.value_);
+        shared_ = std::move(other.shared_);
+        getName() = std::move(other.getName());
+        return *this;
+    }
+    ~TzXmlAttribute() = default;
 
     /// The name.
     const TzXmlName& getName() const noexcept { return name_; }
-    /// The name, to change it in place (its namespace and local part decide what the list finds).
-    TzXmlName& getName() noexcept { return name_; }
+    /// The name, to change it in place: look-ups in the attribute's list see that, unless the
+    /// reference was kept over one of them.
+    TzXmlName& getName() noexcept {
+        if (index_ != nullptr) {
+            reportRenaming();
+        }
+        return name_;
+    }
     /// The value as text, not escaped.
     const TzCString& getValue() const noexcept { return shared_.isSet() ? *shared_ : value_; }
     /// Replaces the name.
-    void setName(TzXmlName name) { name_ = std::move(name); }
+    void setName(TzXmlName name) { getName() = std::move(name); }
     /// Replaces the value.
     void setValue(TzCString value) {
         value_ = std::move(value);
@@ -60,7 +87,12 @@ public:
     }
 
 private:
+    friend class TzXmlAttributeIndex;
+
+    void reportRenaming() const noexcept;
+
     TzXmlName name_;
     TzCString value_;
-    SharedValue shared_; // counts in place of the other value where it is set
+    SharedValue shared_;                   // counts in place of the other value where it is set
+    TzXmlAttributeIndex* index_ = nullptr; // that of its list, if there is one; never copied
 };

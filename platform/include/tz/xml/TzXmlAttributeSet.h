@@ -2,6 +2,8 @@
 #pragma once
 
 #include <tz/TzPlatformExport.h>
+#include <tz/thread/TzMutexLock.h>
+#include <tz/thread/TzTMonitor.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlAttribute.h>
 #include <tz/xml/TzXmlName.h>
@@ -9,16 +11,17 @@
 #include <cstddef>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// The ordered list of an element's attributes, namespace declarations among them.
 ///
-/// Names are unique within a list. Look-ups are O(size) below 32 entries and O(log size) from there
-/// on by an index made at the first look-up, so a hostile element cannot make work quadratic.
-/// Positions are plain pointers, valid until the next change; handing out one through which
-/// attributes can be renamed drops the index, so such a look-up is O(size) without one. Renaming
-/// through a position that is older than the last look-up goes unnoticed. Not locked: one list is
-/// used by one thread at a time.
+/// Names are unique within a list; where there is no URI, names with different prefixes are
+/// different ones. Look-ups prefer the same prefix there and otherwise find the first of the name,
+/// with whatever prefix. They are O(size) below 32 entries and O(log size) from there on by an
+/// index made at the first of them, so a hostile element cannot make work quadratic; attributes
+/// that are renamed are looked at again by the next look-up. Positions are plain pointers, valid
+/// until the next addition or removal. Constant operations may run on several threads at once.
 class TZ_PLATFORM_API TzXmlAttributeSet {
 public:
     /// Position of an attribute that may be changed in place.
@@ -35,10 +38,7 @@ public:
     virtual ~TzXmlAttributeSet();
 
     /// Position of the first attribute.
-    iterator begin() noexcept {
-        forgetIndex();
-        return first();
-    }
+    iterator begin() noexcept { return first(); }
     /// Position of the first attribute.
     const_iterator begin() const noexcept { return first(); }
     /// Position behind the last attribute.
@@ -51,22 +51,27 @@ public:
     bool empty() const noexcept { return size() == 0; }
 
     /// Position of the attribute of that name (URI and local part), `end()` if there is none.
-    iterator find(const TzXmlName& name);
+    iterator find(const TzXmlName& name) { return find(name.getNamespace(), name.getLocalName()); }
     /// Position of the attribute of that name (URI and local part), `end()` if there is none.
-    const_iterator find(const TzXmlName& name) const;
+    const_iterator find(const TzXmlName& name) const {
+        return find(name.getNamespace(), name.getLocalName());
+    }
     /// Position of the attribute with that name and value, `end()` if there is none.
     iterator find(const TzXmlAttribute& attribute);
     /// Position of the attribute with that name and value, `end()` if there is none.
     const_iterator find(const TzXmlAttribute& attribute) const;
     /// Position of the declaration of `prefix` ("" is the default namespace), `end()` if none.
-    iterator findDeclaration(std::string_view prefix);
+    iterator findDeclaration(std::string_view prefix) {
+        return find(TzXmlNamespace::getXmlns(), prefix);
+    }
     /// Position of the declaration of `prefix` ("" is the default namespace), `end()` if none.
     const_iterator findDeclaration(std::string_view prefix) const {
         return find(TzXmlNamespace::getXmlns(), prefix);
     }
 
     /// Adds at the end; a name that is there already keeps its place and takes value and prefix.
-    /// An unqualified "xmlns" becomes the declaration of the default namespace.
+    /// An unqualified "xmlns" becomes the declaration of the default namespace. What throws changes
+    /// nothing.
     void add(TzXmlAttribute attribute);
     /// Adds the attribute `name` with `value`, as above.
     void add(TzXmlName name, TzCString value);
@@ -75,7 +80,7 @@ public:
     /// Appends without looking for the name: for callers that know it is not there yet.
     void append(TzXmlAttribute attribute);
     /// Makes room for `count` attributes.
-    void reserve(std::size_t count) { made().reserve(count); }
+    void reserve(std::size_t count);
     /// Removes one attribute, the others keep their order. O(size).
     void erase(iterator position);
     /// Removes the attribute of that name, if any.
@@ -87,45 +92,51 @@ private:
     /// Lists below this size are searched entry by entry.
     static constexpr std::size_t IndexedFrom = 32;
 
-    class Index;
     /// What a list that is not empty has: most elements have no attributes.
-    struct List {
+    struct List : private TzTMonitor<TzMutexLock> {
         std::vector<TzXmlAttribute> attributes;
-        std::unique_ptr<Index> index;
+        std::unique_ptr<TzXmlAttributeIndex> index;
 
         List() noexcept;
         explicit List(const List& other);
         List& operator=(const List&) = delete;
         ~List();
+        std::size_t find(const TzXmlNamespace& nameSpace, std::string_view localName);
     };
 
-    std::vector<TzXmlAttribute>& made();
+    List& made();
     TzXmlAttribute* first() const noexcept {
         return list_ != nullptr ? list_->attributes.data() : nullptr;
     }
     const_iterator find(const TzXmlNamespace& nameSpace, std::string_view localName) const {
-        return size() < IndexedFrom ? findInTurn(nameSpace, localName)
-                                    : findByIndex(nameSpace, localName);
+        return locate(nameSpace, localName);
     }
-    iterator find(const TzXmlNamespace& nameSpace, std::string_view localName);
-    const_iterator findInTurn(const TzXmlNamespace& nameSpace,
-                              std::string_view localName) const noexcept {
-        const_iterator at = begin();
-        for (const const_iterator last = end(); at != last; ++at) {
-            const TzXmlName& name = at->getName();
+    iterator find(const TzXmlNamespace& nameSpace, std::string_view localName) {
+        return locate(nameSpace, localName);
+    }
+    TzXmlAttribute* locate(const TzXmlNamespace& nameSpace, std::string_view localName) const {
+        return size() < IndexedFrom ? locateInTurn(nameSpace, localName)
+                                    : first() + list_->find(nameSpace, localName);
+    }
+    TzXmlAttribute* locateInTurn(const TzXmlNamespace& nameSpace,
+                                 std::string_view localName) const noexcept {
+        TzXmlAttribute* const last = first() + size();
+        TzXmlAttribute* found = last;
+        for (TzXmlAttribute* at = first(); at != last; ++at) {
+            const TzXmlName& name = std::as_const(*at).getName();
             if (name.getNamespace().sameUri(nameSpace) && name.getLocalName() == localName) {
-                break;
+                if (isExact(name.getNamespace(), nameSpace)) {
+                    return at;
+                }
+                found = found == last ? at : found;
             }
         }
-        return at;
+        return found;
     }
-    const_iterator findByIndex(const TzXmlNamespace& nameSpace, std::string_view localName) const;
-    void forgetIndex() noexcept {
-        if (list_ != nullptr && list_->index != nullptr) {
-            dropIndex();
-        }
+    /// Whether two namespaces of one URI are the same, which only unbound prefixes can prevent.
+    static bool isExact(const TzXmlNamespace& one, const TzXmlNamespace& other) noexcept {
+        return !one.getUri().empty() || one.getPrefix() == other.getPrefix();
     }
-    void dropIndex() noexcept;
 
     std::unique_ptr<List> list_;
 };
