@@ -6,6 +6,7 @@
 #include <soap/TzSoapFaultImp.h>
 
 #include "model/TzSoapAccess.h"
+#include "output/TzSoapScopeRules.h"
 
 void TzSoapFaultOutput::write(TzSoapConstVisitor& visitor, const TzSoapFaultImp& fault) {
     const bool onItsOwn = !context_.isInEnvelope() && !context_.isStandalone();
@@ -15,7 +16,8 @@ void TzSoapFaultOutput::write(TzSoapConstVisitor& visitor, const TzSoapFaultImp&
     }
     const TzSoapOpenElement element(context_);
     startTag_.begin(TzXmlAttributeSet());
-    const TzSoapTagName name = nameOf(fault);
+    const TzCString prefix = prefixFor(fault);
+    const TzSoapTagName name = nameWith(prefix);
     declareFor(name, fault);
     startTag_.writeBlock(name);
     writeChildren(visitor, name, fault);
@@ -24,14 +26,32 @@ void TzSoapFaultOutput::write(TzSoapConstVisitor& visitor, const TzSoapFaultImp&
 
 void TzSoapFaultOutput::writeSubcodes(const TzSoapFaultImp& fault, unsigned int first,
                                       unsigned int end) {
-    writeSubcodes(nameOf(fault), fault, first, end);
+    const TzCString prefix = prefixFor(fault);
+    writeSubcodes(nameWith(prefix), fault, first, end);
 }
 
-TzSoapTagName TzSoapFaultOutput::nameOf(const TzSoapFaultImp& fault) const {
+TzCString TzSoapFaultOutput::prefixFor(const TzSoapFaultImp& fault) const {
+    const TzSoapScope& scope = context_.scope();
     const TzCString& own = fault.getName().getPrefix();
+    if (context_.isInEnvelope() && !own.empty() && canMeanEnvelope(own)) {
+        return own;
+    }
+    const TzCString& usual = scope.envelopePrefix();
+    return canMeanEnvelope(usual)
+               ? usual
+               : context_.rules().uniquePrefix(scope, usual, context_.soap().getSoapEnv().getUri());
+}
+
+bool TzSoapFaultOutput::canMeanEnvelope(const TzCString& prefix) const {
+    const TzCString& bound = context_.scope().uriFor(prefix);
+    TzSoapVersion::Version version{};
+    return bound.empty() || (TzSoapVersion::isSupportedVersion({prefix, bound}, version) &&
+                             version == context_.version());
+}
+
+TzSoapTagName TzSoapFaultOutput::nameWith(std::string_view prefix) const {
     return TzSoapTagName::withColon(
-        context_.isInEnvelope() && !own.empty() ? own : context_.scope().envelopePrefix(),
-        context_.soap().getSoapElementQName(TzSoapVersion::Fault).getLocalName());
+        prefix, context_.soap().getSoapElementQName(TzSoapVersion::Fault).getLocalName());
 }
 
 TzSoapTagName TzSoapFaultOutput::childName(const TzSoapTagName& fault,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <soap/TzSoapVersion.h>
+#include <tz/tools/TzCString.h>
 
 #include "output/TzSoapContainerOutput.h"
 #include "output/TzSoapOutputContext.h"
@@ -30,7 +31,9 @@ public:
     void writeSubcodes(const TzSoapFaultImp& fault, unsigned int first, unsigned int end);
 
 private:
-    TzSoapTagName nameOf(const TzSoapFaultImp& fault) const;
+    TzCString prefixFor(const TzSoapFaultImp& fault) const;
+    bool canMeanEnvelope(const TzCString& prefix) const;
+    TzSoapTagName nameWith(std::string_view prefix) const;
     TzSoapTagName childName(const TzSoapTagName& fault, TzSoapVersion::SoapElement element) const;
     void declareFor(const TzSoapTagName& name, const TzSoapFaultImp& fault);
     void writeChildren(TzSoapConstVisitor& visitor, const TzSoapTagName& name,

@@ -6,8 +6,12 @@
 #include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlSchemaUtils.h>
 
+#include <algorithm>
+#include <utility>
+
 void TzSoapScope::dropDeclarations() noexcept {
     namespaces_.popScope();
+    numberedUpTo_ = std::min(numberedUpTo_, namespaces_.all().size());
     ++declarationChanges_;
 }
 
@@ -45,6 +49,15 @@ bool TzSoapScope::needsDeclaration(const TzXmlName& name) const noexcept {
     }
     const TzCString& bound = uriFor(needed.getPrefix());
     return needed.getPrefix().empty() ? bound != needed.getUri() : bound.empty();
+}
+
+TzCString TzSoapScope::numberFor(std::string_view base, std::string_view first,
+                                 std::string_view uri) const {
+    const std::vector<TzXmlNamespace>& declared = namespaces_.all();
+    const std::size_t unchanged = std::exchange(numberedUpTo_, 0);
+    numbered_.follow(declared, unchanged);
+    numberedUpTo_ = declared.size();
+    return numbered_.lowest(base, first, uri);
 }
 
 void TzSoapScope::setOwnStyle(std::string_view style) {

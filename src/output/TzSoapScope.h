@@ -6,6 +6,8 @@
 #include <tz/xml/TzXmlNamespace.h>
 #include <tz/xml/TzXmlNamespaceStack.h>
 
+#include "output/TzSoapNumberedPrefixes.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -77,6 +79,10 @@ public:
     void declare(const TzXmlNamespace& declared);
     /// Declares `uri` under `prefix` when that prefix is unbound.
     void declareUnbound(std::string_view prefix, const TzCString& uri);
+    /// The lowest number, `first` or greater, that makes `base` a prefix that is unbound or bound
+    /// to `uri`, in decimal. O(log declarations) for each declaration made or dropped since the
+    /// last call.
+    TzCString numberFor(std::string_view base, std::string_view first, std::string_view uri) const;
     /// Whether `name` needs a declaration. Deliberate: a prefix that is bound stays as it is,
     /// whatever its URI, so that no prefix changes its meaning within an element; only the default
     /// namespace does.
@@ -148,8 +154,10 @@ private:
     [[noreturn]] void refuseDepth() const;
     [[noreturn]] static void refuseRing();
 
-    TzXmlNamespaceStack namespaces_; // only elements that declare something have a scope
-    std::vector<TzCString> styles_;  // only of elements that state one; the rest is kept memory
+    TzXmlNamespaceStack namespaces_;          // only elements that declare something have a scope
+    mutable TzSoapNumberedPrefixes numbered_; // empty until a number is asked for
+    mutable std::size_t numberedUpTo_ = 0;    // first so many declarations are as it saw them
+    std::vector<TzCString> styles_; // only of elements that state one; the rest is kept memory
     std::size_t stylesUsed_ = 0;
     Mark around_;           // the innermost element
     std::size_t depth_ = 0; // of open_

@@ -7,35 +7,6 @@
 #include "output/TzSoapScope.h"
 #include "output/TzSoapStartTag.h"
 
-#include <algorithm>
-
-namespace {
-
-/// `number` in decimal plus one; "" is 0.
-TzCString increment(std::string_view number) {
-    TzCString digits(number.substr(std::min(number.find_first_not_of('0'), number.size())));
-    auto digit = digits.rbegin();
-    for (; digit != digits.rend() && *digit == '9'; ++digit) {
-        *digit = '0';
-    }
-    if (digit == digits.rend()) {
-        return digits.insert(0, 1, '1');
-    }
-    ++*digit;
-    return digits;
-}
-
-/// The candidate that follows `prefix`: its trailing number, 0 without one, plus one.
-TzCString nextPrefix(std::string_view prefix) {
-    if (prefix.empty()) {
-        prefix = TzSoapStartTag::PrefixBase;
-    }
-    const std::size_t stem = prefix.find_last_not_of("0123456789") + 1;
-    return TzCString(prefix.substr(0, stem)).append(increment(prefix.substr(stem)));
-}
-
-} // namespace
-
 const TzSoapSerializerRules& TzSoapSerializerRules::instance() noexcept {
     static const TzSoapSerializerRules rules;
     return rules;
@@ -59,14 +30,14 @@ void TzSoapSerializerRules::collectDeclaration(TzSoapScope&, const TzXmlAttribut
 
 TzCString TzSoapSerializerRules::uniquePrefix(const TzSoapScope& scope, std::string_view prefix,
                                               std::string_view uri) const {
-    TzCString current(prefix);
-    for (;;) {
-        const TzCString& bound = scope.uriFor(current);
-        if (bound.empty() || bound == uri) {
-            return current;
-        }
-        current = nextPrefix(current);
+    const TzCString& bound = scope.uriFor(prefix);
+    if (bound.empty() || bound == uri) {
+        return TzCString(prefix);
     }
+    const std::string_view taken = prefix.empty() ? TzSoapStartTag::PrefixBase : prefix;
+    const std::string_view stem = taken.substr(0, taken.find_last_not_of("0123456789") + 1);
+    const TzCString first = TzSoapNumberedPrefixes::increment(taken.substr(stem.size()));
+    return TzCString(stem).append(scope.numberFor(stem, first, uri));
 }
 
 void TzSoapSerializerRules::collectStyle(TzSoapStartTag& tag, std::string_view style) const {

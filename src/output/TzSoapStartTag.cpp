@@ -21,6 +21,7 @@ void TzSoapStartTag::reset() noexcept {
 }
 
 void TzSoapStartTag::qualifyName(const TzXmlName& name) {
+    needsDefault_ = name.getPrefix().empty() && !name.getUri().empty();
     if (scope().needsDeclaration(name)) {
         scope().declare(name.getNamespace());
     }
@@ -71,7 +72,9 @@ void TzSoapStartTag::collectOwn(const TzSoapElementImp& element, bool styleState
 void TzSoapStartTag::collectOwn(const TzXmlAttribute& attribute, bool styleStated) {
     const TzXmlName& name = attribute.getName();
     if (attribute.isNamespaceDeclaration()) {
-        context_.rules().collectDeclaration(scope(), attribute);
+        if (!needsDefault_ || !attribute.declaredNamespace().isEmpty()) {
+            context_.rules().collectDeclaration(scope(), attribute);
+        }
     } else if (name.getUri().empty()) {
         attributes_.addOwn({&name, name.getPrefix(), attribute.getValue()});
     } else if (name == soap().getSoapAttributeQName(TzSoapVersion::EncodingStyle)) {
@@ -161,6 +164,20 @@ void TzSoapStartTag::collectSoap(TzSoapVersion::SoapAttribute attribute, std::st
     if (!name.isEmpty()) {
         attributes_.addMade({&name, boundPrefix(soapPrefix(name), name), value});
     }
+}
+
+void TzSoapStartTag::bindStyle() {
+    const TzCString& prefix = scope().envelopePrefix();
+    const TzCString& bound = scope().uriFor(prefix);
+    TzSoapVersion::Version version{};
+    // Deliberate: the prefix stays where it means the envelope of another version, as it does when
+    // a program writes a message in a version that is not its own.
+    const bool isEnvelope = TzSoapVersion::isSupportedVersion({prefix, bound}, version) &&
+                            bound == TzSoapVersion::getSoapVersion(version).getSoapEnv().getUri();
+    stylePrefix_ =
+        isEnvelope
+            ? prefix
+            : boundPrefix(prefix, soap().getSoapAttributeQName(TzSoapVersion::EncodingStyle));
 }
 
 std::string_view TzSoapStartTag::soapPrefix(const TzXmlName& name) const {

@@ -52,13 +52,16 @@ public:
 
     /// Begins the tag of the element opened last, which carries `attributes`.
     void begin(const TzXmlAttributeSet& attributes) {
-        attributes_.clear();
+        clear();
         if (!attributes.empty()) {
             context_.rules().enter(scope(), attributes);
         }
     }
     /// Forgets what was collected.
-    void clear() noexcept { attributes_.clear(); }
+    void clear() noexcept {
+        attributes_.clear();
+        needsDefault_ = false;
+    }
     /// Forgets everything, for another scope.
     void reset() noexcept;
     /// Declares what `name` needs where its prefix is unbound.
@@ -89,6 +92,10 @@ public:
         }
     }
 
+    /// Finds the prefix to spell the style attribute with, and declares it where it has to be.
+    void bindStyle();
+    /// The prefix that `bindStyle` found for this tag.
+    std::string_view stylePrefix() const noexcept { return stylePrefix_; }
     /// The prefix for an attribute of SOAP named `name` by the version's table.
     std::string_view soapPrefix(const TzXmlName& name) const;
     /// Whether `name` is an attribute of SOAP as another version than that written names it.
@@ -128,6 +135,8 @@ private:
 
     const TzSoapOutputContext& context_;
     TzSoapTagAttributes attributes_;
+    std::string_view stylePrefix_;
+    bool needsDefault_ = false;               // the default namespace is that of the element's name
     std::uint64_t schemaInstanceBoundAt_ = 0; // where the usual prefix was bound to that namespace
     std::uint64_t encodedAt_ = 0;             // where the version's own style was in force
 };

@@ -2,7 +2,6 @@
 #include "output/TzSoapWriterRules.h"
 
 #include <tz/xml/TzXmlAttribute.h>
-#include <tz/xml/TzXmlSchemaUtils.h>
 
 #include "output/TzSoapScope.h"
 #include "output/TzSoapStartTag.h"
@@ -18,7 +17,8 @@ void TzSoapWriterRules::collectDeclaration(TzSoapScope& scope,
                                            const TzXmlAttribute& declaration) const {
     const TzXmlNamespace declared = declaration.declaredNamespace();
     const TzCString& bound = scope.uriFor(declared.getPrefix());
-    if (bound.empty()) {
+    // No prefix can stand for the namespace without URI, so that one is declared where it stands.
+    if (bound.empty() || declared.isEmpty()) {
         scope.declare(declared);
     } else if (bound != declared.getUri()) {
         scope.declare(TzXmlNamespace(uniquePrefix(scope, declared.getPrefix(), declared.getUri()),
@@ -29,30 +29,20 @@ void TzSoapWriterRules::collectDeclaration(TzSoapScope& scope,
 TzCString TzSoapWriterRules::uniquePrefix(const TzSoapScope& scope, std::string_view prefix,
                                           std::string_view uri) const {
     const TzCString base(prefix.empty() ? TzSoapStartTag::PrefixBase : prefix);
-    for (unsigned long number = 1;; ++number) {
-        TzCString candidate = base + TzXmlSchemaUtils::ConvertTypeToString(number);
-        const TzCString& bound = scope.uriFor(candidate);
-        if (bound.empty() || bound == uri) {
-            return candidate;
-        }
-    }
+    return base + scope.numberFor(base, "1", uri);
 }
 
 void TzSoapWriterRules::collectStyle(TzSoapStartTag& tag, std::string_view style) const {
     tag.scope().setOwnStyle(style);
 }
 
-void TzSoapWriterRules::qualifyStyle(TzSoapStartTag& tag) const {
-    TzSoapScope& scope = tag.scope();
-    scope.declareUnbound(scope.envelopePrefix(), tag.soap().getSoapEnv().getUri());
-}
+void TzSoapWriterRules::qualifyStyle(TzSoapStartTag& tag) const { tag.bindStyle(); }
 
 void TzSoapWriterRules::writeStyle(TzSoapStartTag& tag) const {
-    const TzSoapScope& scope = tag.scope();
     tag.writeAttribute(
-        scope.envelopePrefix(),
+        tag.stylePrefix(),
         tag.soap().getSoapAttributeQName(TzSoapVersion::EncodingStyle).getLocalName(),
-        scope.ownStyle());
+        tag.scope().ownStyle());
 }
 
 void TzSoapWriterRules::collectBodyProperties(TzSoapStartTag&, const TzSoapElementImp&) const {}

@@ -37,8 +37,12 @@ public:
 
     /// First declaration of the innermost scope, in order of addition.
     const_iterator begin() const noexcept;
-    /// Behind the last declaration of the innermost scope.
+    /// Behind the last declaration of the innermost scope, and of all.
     const_iterator end() const noexcept { return declarations_.end(); }
+
+    /// The declarations of all scopes, outermost first, in order of addition; those that others
+    /// hide, too.
+    const std::vector<TzXmlNamespace>& all() const noexcept { return declarations_; }
 
 private:
     using Positions = std::map<TzCString, std::vector<std::size_t>, std::less<>>;
