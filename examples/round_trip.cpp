@@ -88,8 +88,8 @@ void printTree(const TzSoapMessage& message) {
 }
 
 void roundTrip(const char* title, const TzSoapMessage& message) {
-    const std::string wire = message.asString();
-    std::cout << "--- " << title << " ---\n" << wire << '\n';
+    const std::string wire = message.asText(TzSoapLayout::Compact);
+    std::cout << "--- " << title << " ---\n" << message.asString() << '\n';
     TzSoapMessage received;
     received.extract(wire);
     printTree(received);

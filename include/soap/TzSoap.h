@@ -41,6 +41,7 @@
 #include <soap/TzSoapHeaderImp.h>
 #include <soap/TzSoapHttpBinding.h>
 #include <soap/TzSoapHttpTransportContext.h>
+#include <soap/TzSoapLayout.h>
 #include <soap/TzSoapLenientValue.h>
 #include <soap/TzSoapLibraryVersion.h>
 #include <soap/TzSoapMadeOnce.h>

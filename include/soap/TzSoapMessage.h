@@ -8,6 +8,7 @@
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapFault.h>
 #include <soap/TzSoapHeader.h>
+#include <soap/TzSoapLayout.h>
 #include <soap/TzSoapReadLimits.h>
 #include <soap/TzSoapTypeRegistry.h>
 #include <soap/TzSoapVersion.h>
@@ -53,6 +54,10 @@ public:
     /// text, though the value's reference to it is. `asPackage` has it. `TzXmlDomainError` for a
     /// value that stands within itself. O(content).
     TzCString asString() const override;
+    /// The same in the layout that is asked for. Compact is how messages are best sent: some peers
+    /// take the line end in an indented value that holds nothing for its text. A derived class that
+    /// has attachments makes its package in its own layout. O(content).
+    TzCString asText(TzSoapLayout layout) const;
     /// "SOAPMessage:" and the URI of the version's envelope namespace.
     TzCString getMessageType() const override;
     /// Whether parts were added or any value refers to a MIME part. References to values are not
@@ -118,6 +123,9 @@ public:
     /// references refer to it. When the root part is the only one, its body, the envelope, can
     /// travel alone. O(content).
     TzMimeMultipart asPackage() const;
+    /// The same with the envelope in the layout that is asked for; that of a derived class keeps
+    /// its own. O(content).
+    TzMimeMultipart asPackage(TzSoapLayout layout) const;
 
     /// The version.
     TzSoapVersion::Version getVersion() const;

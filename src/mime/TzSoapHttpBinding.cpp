@@ -170,7 +170,8 @@ TzCString TzSoapHttpBinding::pack(const TzSoapMessage& message,
         describe(message.getVersion(), "utf-8", context);
         return message.asString();
     }
-    TzSoapPackaging::Written written = TzSoapPackaging::write(message);
+    // Some receivers take a line end in an empty value for content.
+    TzSoapPackaging::Written written = TzSoapPackaging::write(message, TzSoapLayout::Compact);
     if (written.parts.hasParts()) {
         TzSoapPackaging::complete(written.parts, std::move(written.envelope));
         return pack(written.parts, context);

@@ -68,7 +68,9 @@ bool TzSoapMessage::hasUserDefinedValues() const {
     return finder.foundUserDefined();
 }
 
-TzCString TzSoapMessage::asString() const {
+TzCString TzSoapMessage::asString() const { return asText(TzSoapLayout::Indented); }
+
+TzCString TzSoapMessage::asText(TzSoapLayout layout) const {
     // A derived message may look for attachments and make its package in its own way.
     const bool derived = isDerived();
     if (derived && hasAttachments()) {
@@ -77,6 +79,7 @@ TzCString TzSoapMessage::asString() const {
     TzXmlStringWriter envelope;
     TzMimeMultipart package;
     TzSoapWriter writer(&envelope, &package);
+    writer.setCompact(layout == TzSoapLayout::Compact);
     acceptVisitor(writer);
     // Most messages need no second look.
     const std::optional<bool> known = TzSoapAccess::path(writer).context.book().entriesLedToParts();
@@ -97,16 +100,20 @@ TzMimeMultipart TzSoapMessage::asMimeMultipart() const {
 }
 
 TzMimeMultipart TzSoapMessage::asMimeMultipart(TzMimeMultipart& multipart) const {
-    TzXmlStringWriter envelope;
-    TzSoapWriter writer(&envelope, &multipart);
-    acceptVisitor(writer);
-    TzSoapPackaging::addAttachments(*this, multipart);
-    TzSoapPackaging::complete(multipart, envelope.takeString());
+    TzSoapPackaging::write(*this, TzSoapLayout::Indented, multipart);
     return multipart;
 }
 
-TzMimeMultipart TzSoapMessage::asPackage() const {
-    TzMimeMultipart package = asMimeMultipart();
+TzMimeMultipart TzSoapMessage::asPackage() const { return asPackage(TzSoapLayout::Indented); }
+
+TzMimeMultipart TzSoapMessage::asPackage(TzSoapLayout layout) const {
+    TzMimeMultipart package;
+    if (isDerived()) {
+        package = asMimeMultipart();
+    } else {
+        package.insertHeader(TzMimeVersionHeader());
+        TzSoapPackaging::write(*this, layout, package);
+    }
     package.removeRepeatedParts();
     return package;
 }

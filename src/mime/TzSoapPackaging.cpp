@@ -38,6 +38,15 @@ TzCString describe(TzMimeMultipart& package) {
     return type.getStart();
 }
 
+/// The envelope of `message`; the parts that its references refer to go into `parts`.
+TzCString writeEnvelope(const TzSoapMessage& message, TzSoapLayout layout, TzMimeMultipart& parts) {
+    TzXmlStringWriter envelope;
+    TzSoapWriter writer(&envelope, &parts);
+    writer.setCompact(layout == TzSoapLayout::Compact);
+    message.acceptVisitor(writer);
+    return envelope.takeString();
+}
+
 /// The part that holds the envelope.
 TzMimePart rootPart(const TzCString& id, TzCString envelope) {
     TzMimePart part;
@@ -51,16 +60,19 @@ TzMimePart rootPart(const TzCString& id, TzCString envelope) {
 
 } // namespace
 
-TzSoapPackaging::Written TzSoapPackaging::write(const TzSoapMessage& message) {
-    TzXmlStringWriter envelope;
+TzSoapPackaging::Written TzSoapPackaging::write(const TzSoapMessage& message, TzSoapLayout layout) {
     Written written;
-    TzSoapWriter writer(&envelope, &written.parts);
-    writer.setCompact(true); // some receivers take a line end in an empty value for content
-    message.acceptVisitor(writer);
+    written.envelope = writeEnvelope(message, layout, written.parts);
     addAttachments(message, written.parts);
     written.parts.removeRepeatedParts();
-    written.envelope = envelope.takeString();
     return written;
+}
+
+void TzSoapPackaging::write(const TzSoapMessage& message, TzSoapLayout layout,
+                            TzMimeMultipart& package) {
+    TzCString envelope = writeEnvelope(message, layout, package);
+    addAttachments(message, package);
+    complete(package, std::move(envelope));
 }
 
 void TzSoapPackaging::addAttachments(const TzSoapMessage& message, TzMimeMultipart& package) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <soap/TzSoapLayout.h>
 #include <tz/mime/TzMimeMultipart.h>
 #include <tz/tools/TzCString.h>
 
@@ -15,8 +16,11 @@ struct Written {
     TzMimeMultipart parts; ///< Each part that has to travel with it, once; without a root part.
 };
 
-/// Writes `message`, a `TzSoapMessage` and none derived from it, in compact layout. O(message).
-Written write(const TzSoapMessage& message);
+/// Writes `message`, a `TzSoapMessage` and none derived from it. O(message).
+Written write(const TzSoapMessage& message, TzSoapLayout layout);
+/// Makes `package` the package of `message`, with what is in it already. After an error the parts
+/// met before are in it. O(message).
+void write(const TzSoapMessage& message, TzSoapLayout layout, TzMimeMultipart& package);
 /// Adds the attachments of `message` to `package`, but those that are in it already.
 void addAttachments(const TzSoapMessage& message, TzMimeMultipart& package);
 /// Makes the parts in `package` a package for `envelope`: says in its Content-Type header what it
