@@ -24,7 +24,8 @@ struct TzSoapOutputPath;
 ///
 /// Errors: `TzXmlDomainError` for values nested deeper than `DepthLimit` and for a value that
 /// stands within itself (one that several places share is written at each of them),
-/// `TzXmlBadArgError` for text that XML cannot carry and for a reference that changes its kind,
+/// `TzXmlBadArgError` for text that XML cannot carry, for names of elements and attributes and
+/// declared prefixes that are no names of XML, and for a reference that changes its kind,
 /// `TzXmlInternalError` INTERNAL_ERROR for a kind of value that does not exist and for user-defined
 /// markup without a start tag. What was written before an error stays written.
 class TZSOAP_API TzSoapWriter : public TzSoapConstVisitor {

@@ -119,8 +119,7 @@ void TzSoapFaultOutput::writeSubcodes(const TzSoapTagName& name, const TzSoapFau
         // Deliberate: declared on this tag only; a nested Subcode declares it again.
         if (!code.getPrefix().empty() && !code.getUri().empty() &&
             context_.scope().uriFor(code.getPrefix()).empty()) {
-            startTag_.writeAttribute(TzXmlNamespace::getXmlns().getPrefix(), code.getPrefix(),
-                                     code.getUri());
+            startTag_.writeDeclaration(code.getNamespace());
         }
         xml.writeMarkupLine(TzXmlWriter::EndTag);
         xml.incrementIndent();

@@ -5,12 +5,23 @@
 #include <soap/TzSoapElementImp.h>
 #include <soap/TzSoapReferenceTypeImp.h>
 #include <soap/TzSoapTypeImp.h>
+#include <tz/tools/TzMessage.h>
+#include <tz/xml/TzThrow.h>
+#include <tz/xml/TzXmlBadArgError.h>
+#include <tz/xml/TzXmlUtils.h>
 
 namespace {
 
 /// The attribute that states a type, around its value.
 constexpr std::string_view BriefTypeOpen = " xsi:type=\"";
 constexpr std::string_view BriefTypeClose = "\">";
+
+[[noreturn]] void refuse(const TzCString& reason) { TzThrow(TzXmlBadArgError(TzMessage(reason))); }
+
+[[noreturn]] void refuseName(std::string_view prefix, std::string_view colon,
+                             std::string_view local) {
+    refuse(TzCString("\"").append(prefix).append(colon).append(local) + "\" is no name of XML");
+}
 
 } // namespace
 
@@ -221,7 +232,8 @@ bool TzSoapStartTag::isBrief(const TzSoapTagName& tag, const TzXmlName& name,
                              const TzSoapTypeImp& value, const TzXmlName& type, bool typeIsPlain,
                              Brief& brief) const {
     if (!value.getAttributeSet().empty() || value.hasProperties() ||
-        encodedAt_ != scope().styleChanges() || tag.isUnnamed || scope().needsDeclaration(name)) {
+        encodedAt_ != scope().styleChanges() || tag.isUnnamed || !name.isWritable() ||
+        scope().needsDeclaration(name)) {
         return false;
     }
     if (type.isEmpty()) {
@@ -237,6 +249,11 @@ bool TzSoapStartTag::isBrief(const TzSoapTagName& tag, const TzXmlName& name,
 }
 
 void TzSoapStartTag::writeElementName(const TzSoapTagName& name) {
+    if (!(name.prefix.empty() || TzXmlUtils::isName(name.prefix)) ||
+        !(name.colon.empty() ? TzXmlUtils::isName(name.local)
+                             : TzXmlUtils::isNameToken(name.local))) {
+        refuseName(name.prefix, name.colon, name.local);
+    }
     context_.xml().writeMarkup(name.prefix, name.colon, name.local);
     if (name.isUnnamed) {
         scope().declare(TzSoapTagName::unnamedName().getNamespace());
@@ -265,19 +282,40 @@ void TzSoapStartTag::writeDeclarations() {
     }
     const TzXmlNamespace& xmlns = TzXmlNamespace::getXmlns();
     for (const TzXmlNamespace& each : scope().declarations()) {
-        if (each.sameUri(xmlns)) {
-            continue;
+        if (!each.sameUri(xmlns)) {
+            writeDeclaration(each);
         }
-        if (each.getPrefix().empty()) {
-            writeAttribute({}, xmlns.getPrefix(), each.getUri());
-        } else {
-            writeAttribute(xmlns.getPrefix(), each.getPrefix(), each.getUri());
-        }
+    }
+}
+
+void TzSoapStartTag::writeDeclaration(const TzXmlNamespace& declared) {
+    const TzCString& xmlns = TzXmlNamespace::getXmlns().getPrefix();
+    const TzCString& prefix = declared.getPrefix();
+    if (prefix.empty()) {
+        writeAttribute({}, xmlns, declared.getUri());
+        return;
+    }
+    if (!TzXmlUtils::isNameToken(prefix) || prefix == xmlns ||
+        (prefix == TzXmlNamespace::getXml().getPrefix() &&
+         !declared.sameUri(TzXmlNamespace::getXml()))) {
+        refuse("the prefix \"" + prefix + "\" cannot be declared for \"" + declared.getUri() + '"');
+    }
+    writeAttribute(xmlns, prefix, declared.getUri());
+}
+
+void TzSoapStartTag::checkName(std::string_view prefix, const TzXmlName& name) {
+    const bool isWritable = prefix == name.getPrefix()
+                                ? name.isWritable()
+                                : TzXmlUtils::isQualifiedName(prefix, name.getLocalName());
+    if (!isWritable) {
+        refuseName(prefix, prefix.empty() ? std::string_view() : TzXmlWriter::Colon,
+                   name.getLocalName());
     }
 }
 
 void TzSoapStartTag::writeAttributes() {
     for (const TzSoapTagAttributes::Attribute& each : attributes_) {
+        checkName(each.prefix, *each.name);
         writeAttribute(each.prefix, each.name->getLocalName(), each.value);
     }
 }

@@ -114,9 +114,13 @@ public:
     /// Writes the tag, ends the line and indents what follows.
     void writeBlock(const TzSoapTagName& name);
     /// Writes the name of the element; one for a value without name is declared on this tag.
+    /// `TzXmlBadArgError` for what is no name of XML.
     void writeElementName(const TzSoapTagName& name);
     /// Writes the declarations of the element.
     void writeDeclarations();
+    /// Writes one declaration; `TzXmlBadArgError` for a prefix that no name can have, and for "xml"
+    /// and "xmlns" with a URI of another namespace.
+    void writeDeclaration(const TzXmlNamespace& declared);
     /// Writes the collected attributes.
     void writeAttributes();
     /// Writes one attribute.
@@ -125,6 +129,7 @@ public:
     }
 
 private:
+    static void checkName(std::string_view prefix, const TzXmlName& name);
     void collectOwn(const TzSoapElementImp& element, bool styleStated);
     void collectOwn(const TzXmlAttribute& attribute, bool styleStated);
     bool collectOfOtherVersion(const TzXmlAttribute& attribute, bool styleStated);

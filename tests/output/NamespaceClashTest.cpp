@@ -195,9 +195,7 @@ TEST(NamespaceClash, TheNameOfAnElementHoldsAgainstItsOwnUndeclaration) {
 
 /// A message with a fault whose prefix is bound to another namespace.
 TzSoapMessage faultUnderForeignPrefix() {
-    TzSoapMessage message(TzSoapVersion::V1_1);
-    message.setSoapPrefix("S");
-    message.addNamespaceAttribute("SOAP-ENV", "urn:mine");
+    TzSoapMessage message = read(envelope("", " xmlns:SOAP-ENV=\"urn:mine\""));
     message.getSoapBody().getSoapFault().setCode(
         TzXmlName("Server", TzXmlNamespace("S", EnvUri11)));
     return message;

@@ -14,8 +14,14 @@ TzXmlName::TzXmlName(std::string_view text) {
 
 TzXmlName::TzXmlName(std::string_view localName, TzXmlNamespace nameSpace) {
     if (!localName.empty() || !nameSpace.isEmpty()) {
-        parts_ = TzSharedRecord(Parts{TzCString(localName), std::move(nameSpace)});
+        parts_ = TzSharedRecord(Parts{TzCString(localName), std::move(nameSpace), {}});
     }
+}
+
+bool TzXmlName::findWritable() const noexcept {
+    const bool isWritable = TzXmlUtils::isQualifiedName(getPrefix(), getLocalName());
+    parts_->finding.store(isWritable ? Finding::Writable : Finding::Refused);
+    return isWritable;
 }
 
 void TzXmlName::setLocalName(std::string_view localName) {

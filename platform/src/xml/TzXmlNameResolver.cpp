@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "TzXmlNameResolver.h"
 
+#include <tz/xml/TzXmlUtils.h>
+
 #include <utility>
 
 namespace {
@@ -12,6 +14,16 @@ bool isReserved(std::string_view prefix) noexcept {
     // Asked of every prefix, most of which two characters tell apart.
     return prefix.size() >= 3 && prefix[0] == 'x' && prefix[1] == 'm' &&
            (prefix == "xml" || prefix == "xmlns");
+}
+
+/// Whether the first colon of `spelling` stands between a prefix and a local part. One that leaves
+/// no name of its own on its right is a part of the local name.
+bool separates(std::string_view spelling, std::size_t colon) noexcept {
+    if (colon == std::string_view::npos || colon + 1 == spelling.size()) {
+        return false;
+    }
+    const std::string_view rest = spelling.substr(colon + 1);
+    return colon != 0 || (rest.front() != ':' && TzXmlUtils::isName(rest));
 }
 
 std::string_view textOf(const TzXmlNameText& spelling) noexcept { return spelling.text(); }
@@ -94,7 +106,7 @@ TzXmlNameResolver::Parts TzXmlNameResolver::spellOut(Kind kind, std::string_view
         return {{}, TzXmlNamespace::getXmlns()};
     }
     const std::size_t colon = spelling.find(':');
-    const bool hasColon = colon != std::string_view::npos;
+    const bool hasColon = separates(spelling, colon);
     const std::string_view prefix = spelling.substr(0, hasColon ? colon : 0);
     const std::string_view localName = spelling.substr(hasColon ? colon + 1 : 0);
     return {localName,

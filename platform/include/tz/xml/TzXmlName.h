@@ -8,6 +8,7 @@
 #include <tz/xml/TzXmlText.h>
 #include <tz/xml/TzXmlUtils.h>
 
+#include <atomic>
 #include <string_view>
 #include <utility>
 
@@ -51,6 +52,13 @@ public:
     /// Whether there is no local part.
     bool isEmpty() const noexcept { return getLocalName().empty(); }
 
+    /// Whether the qualified name is a name of XML 1.0, which elements and attributes can have.
+    /// What was found out is kept for all that share a record. O(texts), then O(1).
+    bool isWritable() const noexcept {
+        const Finding known = parts_->finding.load();
+        return known == Finding::None ? findWritable() : known == Finding::Writable;
+    }
+
     /// Whether both share a record: equal, prefixes included. Equal names need not share one.
     bool isSame(const TzXmlName& other) const noexcept { return parts_.isSame(other.parts_); }
 
@@ -79,10 +87,30 @@ public:
 private:
     friend class TzXmlNameMaker;
 
+    enum class Finding : unsigned char { None, Writable, Refused };
+    /// What was found out about a record; any thread that shares it may do that again.
+    class Kept {
+    public:
+        Kept() noexcept = default;
+        Kept(const Kept& other) noexcept : finding_(other.load()) {}
+        Kept& operator=(const Kept&) = delete;
+        ~Kept() = default;
+
+        Finding load() const noexcept { return finding_.load(std::memory_order_relaxed); }
+        void store(Finding finding) const noexcept {
+            finding_.store(finding, std::memory_order_relaxed);
+        }
+
+    private:
+        mutable std::atomic<Finding> finding_{Finding::None};
+    };
     struct Parts {
         TzCString localName;
         TzXmlNamespace nameSpace;
+        Kept finding{};
     };
+
+    bool findWritable() const noexcept;
 
     explicit TzXmlName(TzSharedRecord<Parts> parts) noexcept : parts_(std::move(parts)) {}
 
@@ -96,7 +124,7 @@ class TzXmlNameMaker {
 public:
     /// The name `localName` in the namespace `nameSpace`.
     TzXmlName make(std::string_view localName, const TzXmlNamespace& nameSpace) {
-        return TzXmlName(maker_.make({TzCString(localName), nameSpace}));
+        return TzXmlName(maker_.make({TzCString(localName), nameSpace, {}}));
     }
 
 private:

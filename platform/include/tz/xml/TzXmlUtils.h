@@ -34,6 +34,15 @@ public:
     /// `text`, which stays the caller's; `TzXmlBadArgError` for a null pointer.
     static std::string_view requireText(const char* text);
 
+    /// Whether `text` is a name of XML 1.0 (fifth edition, production Name), which elements and
+    /// attributes can have. O(text).
+    static bool isName(std::string_view text) noexcept;
+    /// Whether `text` can follow the first character of a name (production Nmtoken). O(text).
+    static bool isNameToken(std::string_view text) noexcept;
+    /// Whether prefix, ":" and local part make a name, or the local part alone without a prefix.
+    /// O(texts).
+    static bool isQualifiedName(std::string_view prefix, std::string_view localName) noexcept;
+
     /// Splits `text` at its first ':'; without one the prefix is "". `text` must not be a part of
     /// `prefix` or `localName`.
     static void getPrefixAndLocalName(std::string_view text, TzCString& prefix,
