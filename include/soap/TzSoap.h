@@ -31,7 +31,6 @@
 #include <soap/TzSoapElementHandle.h>
 #include <soap/TzSoapElementImp.h>
 #include <soap/TzSoapEncodingStyleTypeRegistry.h>
-#include <soap/TzSoapEncodingStyles.h>
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapFault.h>
 #include <soap/TzSoapFaultImp.h>

@@ -4,6 +4,7 @@
 #include <soap/TzSoapAttributeSet.h>
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapVersion.h>
+#include <tz/pointer/TzSharedRecord.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlElementImp.h>
 #include <tz/xml/TzXmlName.h>
@@ -40,6 +41,9 @@ public:
     virtual TzCString getEncodingStyleAttribute() const;
     /// Replaces the encodingStyle text as a whole; "" means absent.
     virtual void setEncodingStyle(const TzCString& style);
+    /// As `setEncodingStyle`, but shares the text `style` instead of copying it: for readers, where
+    /// one long text may hold for many elements.
+    void shareEncodingStyle(const TzSharedRecord<TzCString>& style);
     /// Whether the encodingStyle text is not empty.
     virtual bool hasEncodingStyleAttribute() const;
     /// Empties the encodingStyle text.
@@ -104,13 +108,12 @@ private:
     /// Texts that few elements have: kept apart so that the others stay small.
     struct Texts {
         TzCString actor;
-        TzCString encodingStyle;
+        TzSharedRecord<TzCString> encodingStyle;
     };
     /// A boolean attribute: absent, false or true.
     enum class Flag : unsigned char { Absent, False, True };
 
-    void setText(TzCString Texts::*text, const TzCString& value);
-    const TzCString& text(TzCString Texts::*text) const noexcept;
+    Texts& texts();
 
     // Small members first: they fill what the base leaves over.
     Flag mustUnderstand_ = Flag::Absent;

@@ -6,11 +6,9 @@
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 
-#include <memory>
-
 struct TzSoapStyleInForce;
+class TzSoapReadingState;
 class TzSoapType;
-class TzSoapTypeHandlers;
 class TzXmlElementImp;
 
 /// Base of the elements that hold values: decides for each child element what kind of value it is
@@ -64,9 +62,8 @@ private:
     void readReference(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                        bool soapReference);
     void pushChildStyle(const TzXmlAttributeSet& attributes);
-    TzSoapTypeHandlers& handlers();
+    TzSoapReadingState& state() const noexcept;
 
-    std::unique_ptr<TzSoapTypeHandlers> handlers_; // from the first child to the element's end
     bool childStylePushed_ = false;
     bool ownStylePushed_ = false;
 };

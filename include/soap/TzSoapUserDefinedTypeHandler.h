@@ -3,6 +3,7 @@
 
 #include <soap/TzSoapContentHandler.h>
 #include <soap/TzSoapExport.h>
+#include <tz/pointer/TzSharedRecord.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlAttributeSet.h>
 #include <tz/xml/TzXmlName.h>
@@ -40,7 +41,7 @@ private:
 
     TzXmlName name_;
     TzXmlName type_;
-    TzCString encodingStyle_;
+    TzSharedRecord<TzCString> encodingStyle_;
     TzXmlAttributeSet attributes_;
     TzCString markup_;
     std::size_t nesting_ = 0; // open elements of the element's own name

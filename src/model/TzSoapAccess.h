@@ -51,4 +51,8 @@ struct TzSoapAccess {
     template <typename Writer> static auto& path(const Writer& writer) noexcept {
         return *writer.path_;
     }
+    /// What `context`, a parse context, holds for the participants of its reading.
+    template <typename Context> static auto& reading(const Context& context) noexcept {
+        return *context.state_;
+    }
 };

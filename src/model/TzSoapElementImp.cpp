@@ -38,13 +38,14 @@ const TzXmlName& offsetName() {
 
 } // namespace
 
-TzSoapElementImp::TzSoapElementImp() : TzSoapElementImp(TzXmlName()) {}
+[[gnu::hot]] TzSoapElementImp::TzSoapElementImp() : TzSoapElementImp(TzXmlName()) {}
 
-TzSoapElementImp::TzSoapElementImp(TzXmlName name) : TzXmlElementImp(std::move(name), nullptr) {
+[[gnu::hot]] TzSoapElementImp::TzSoapElementImp(TzXmlName name)
+    : TzXmlElementImp(std::move(name), nullptr) {
     useAttributes(attributeSet_);
 }
 
-TzSoapElementImp::TzSoapElementImp(const TzSoapElementImp& other)
+[[gnu::hot]] TzSoapElementImp::TzSoapElementImp(const TzSoapElementImp& other)
     : TzXmlElementImp(other.TzXmlElementImp::getName(), nullptr),
       mustUnderstand_(other.mustUnderstand_), root_(other.root_),
       attributeSet_(other.attributeSet_),
@@ -83,34 +84,36 @@ void TzSoapElementImp::takeElement(TzSoapElementImp& other) noexcept {
     root_ = std::exchange(other.root_, Flag::Absent);
 }
 
-void TzSoapElementImp::setText(TzCString Texts::*text, const TzCString& value) {
+TzSoapElementImp::Texts& TzSoapElementImp::texts() {
     if (texts_ == nullptr) {
-        if (value.empty()) {
-            return;
-        }
         texts_ = std::make_unique<Texts>();
     }
-    (*texts_).*text = value;
-}
-
-const TzCString& TzSoapElementImp::text(TzCString Texts::*text) const noexcept {
-    return texts_ ? (*texts_).*text : TzSoapAttributeSet::getEmptyString();
+    return *texts_;
 }
 
 TzCString TzSoapElementImp::getEncodingStyleAttribute() const {
-    return text(&Texts::encodingStyle);
+    return texts_ != nullptr ? *texts_->encodingStyle : TzCString();
 }
 
 void TzSoapElementImp::setEncodingStyle(const TzCString& style) {
-    setText(&Texts::encodingStyle, style);
+    shareEncodingStyle(style.empty() ? TzSharedRecord<TzCString>()
+                                     : TzSharedRecord<TzCString>(style));
+}
+
+void TzSoapElementImp::shareEncodingStyle(const TzSharedRecord<TzCString>& style) {
+    if (texts_ != nullptr || !style->empty()) {
+        texts().encodingStyle = style;
+    }
 }
 
 bool TzSoapElementImp::hasEncodingStyleAttribute() const {
-    return texts_ != nullptr && !texts_->encodingStyle.empty();
+    return texts_ != nullptr && !texts_->encodingStyle->empty();
 }
 
 void TzSoapElementImp::removeEncodingStyleAttribute() {
-    setText(&Texts::encodingStyle, TzCString());
+    if (texts_ != nullptr) {
+        texts_->encodingStyle = TzSharedRecord<TzCString>();
+    }
 }
 
 const TzCString& TzSoapElementImp::getIdAttribute() const { return attributeSet_.getIdAttribute(); }
@@ -135,15 +138,25 @@ const TzXmlName& TzSoapElementImp::getTypeValue() const { return type_; }
 
 TzCString TzSoapElementImp::getTypeAttribute() const { return type_.getQualifiedName(); }
 
-void TzSoapElementImp::setTypeAttribute(const TzXmlName& type) { type_ = type; }
+[[gnu::hot]] void TzSoapElementImp::setTypeAttribute(const TzXmlName& type) { type_ = type; }
 
 void TzSoapElementImp::removeTypeAttribute() { type_ = TzXmlName(); }
 
-const TzCString& TzSoapElementImp::getActorAttribute() const { return text(&Texts::actor); }
+const TzCString& TzSoapElementImp::getActorAttribute() const {
+    return texts_ != nullptr ? texts_->actor : TzSoapAttributeSet::getEmptyString();
+}
 
-void TzSoapElementImp::setActor(const TzCString& actor) { setText(&Texts::actor, actor); }
+void TzSoapElementImp::setActor(const TzCString& actor) {
+    if (texts_ != nullptr || !actor.empty()) {
+        texts().actor = actor;
+    }
+}
 
-void TzSoapElementImp::removeActorAttribute() { setText(&Texts::actor, TzCString()); }
+void TzSoapElementImp::removeActorAttribute() {
+    if (texts_ != nullptr) {
+        texts_->actor.clear();
+    }
+}
 
 bool TzSoapElementImp::getMustUnderstand() const { return mustUnderstand_ == Flag::True; }
 

@@ -9,6 +9,7 @@
 #include "model/TzSoapAccess.h"
 #include "model/TzSoapLasting.h"
 #include "reading/TzSoapDetailReader.h"
+#include "reading/TzSoapReadingState.h"
 
 #include <algorithm>
 #include <string_view>
@@ -110,7 +111,7 @@ void TzSoapFaultImp::populate(const TzXmlName& name, const TzXmlAttributeSet& at
     // The attributes are not kept, but codes may use the prefixes that they declare.
     element_ = std::make_unique<TzXmlElementImp>(name);
     element_->getAttributes() = attributes;
-    context->getNamespaces().push_back(element_.get());
+    TzSoapAccess::reading(*context).names.open(*element_);
 }
 
 void TzSoapFaultImp::startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
@@ -150,13 +151,13 @@ void TzSoapFaultImp::characters(const TzCString& text) {
 
 void TzSoapFaultImp::noteUnusedText() {
     if (std::exchange(textIsUnused_, false)) {
-        context()->noteDroppedText(text_);
+        TzSoapAccess::reading(*context()).noteDroppedText(text_);
     }
 }
 
 void TzSoapFaultImp::endElement(const TzXmlName&) {
-    TzSoapParseContext::Namespaces& namespaces = reading(Unit, 122).getNamespaces();
-    if (namespaces.empty()) {
+    TzSoapTypeNames& names = TzSoapAccess::reading(reading(Unit, 122)).names;
+    if (names.isEmpty()) {
         refuseEvent(Unit, 123);
     }
     textIsUnused_ = textIsUnused_ && !takesText();
@@ -166,7 +167,7 @@ void TzSoapFaultImp::endElement(const TzXmlName&) {
         scopes_.pop_back();
         return;
     }
-    namespaces.pop_back();
+    names.close();
     element_.reset();
     detailReader_.reset();
     declineEvents();

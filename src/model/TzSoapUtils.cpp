@@ -9,8 +9,10 @@
 #include <tz/xml/TzXmlUtils.h>
 #include <tz/xml/TzXmlWriter.h>
 
+#include "model/TzSoapAccess.h"
 #include "model/TzSoapLasting.h"
 #include "model/TzSoapMessageForm.h"
+#include "reading/TzSoapReadingState.h"
 
 #include <algorithm>
 #include <utility>
@@ -80,7 +82,7 @@ const TzXmlAttribute* findEncodingStyle(const TzXmlAttributeSet& attributes) {
 
 /// The name that `text` spells, its prefix resolved as far as there is a reading.
 TzXmlName resolve(std::string_view text, TzSoapParseContext* context) {
-    return context != nullptr ? context->resolveName(text) : TzXmlName(text);
+    return context != nullptr ? TzSoapAccess::reading(*context).resolveName(text) : TzXmlName(text);
 }
 
 /// Whether a received boolean says yes.

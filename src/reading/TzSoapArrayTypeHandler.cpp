@@ -10,6 +10,7 @@
 #include <soap/TzSoapUtils.h>
 
 #include "model/TzSoapAccess.h"
+#include "reading/TzSoapReadingState.h"
 
 #include <utility>
 
@@ -64,12 +65,12 @@ void TzSoapArrayTypeHandler::finishStartElement(const TzSoapArrayType& array,
 
 void TzSoapArrayTypeHandler::populateArray(const TzSoapArrayType& array) {
     TzSoapArrayTypeImp& body = TzSoapAccess::body(array);
-    TzSoapParseContext& reading = *context();
+    TzSoapReadingState& reading = TzSoapAccess::reading(*context());
     // Its own declarations may bind the prefix of its type.
-    reading.getNamespaces().push_back(&body);
-    TzSoapUtils::copyAttributes(std::move(attributes_), body, &reading);
-    reading.getNamespaces().pop_back();
-    TzSoapUtils::removeAndFixArrayTypeAttributes(&body, reading.getVersion());
-    reading.fileId(array);
+    reading.names.open(body);
+    TzSoapUtils::copyAttributes(std::move(attributes_), body, context());
+    reading.names.close();
+    TzSoapUtils::removeAndFixArrayTypeAttributes(&body, reading.version());
+    reading.references.fileId(array);
     owner_->addChild(array);
 }

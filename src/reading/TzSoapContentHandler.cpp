@@ -7,19 +7,22 @@
 #include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlSAXParser.h>
 
+#include "model/TzSoapAccess.h"
+#include "reading/TzSoapReadingState.h"
+
 void TzSoapContentHandler::startElement(const TzXmlName&, const TzXmlAttributeSet&) {}
 
 void TzSoapContentHandler::endElement(const TzXmlName&) {}
 
-void TzSoapContentHandler::characters(const TzCString& text) {
+[[gnu::hot]] void TzSoapContentHandler::characters(const TzCString& text) {
     if (context_ != nullptr && !text.empty()) {
-        context_->noteDroppedText(text);
+        TzSoapAccess::reading(*context_).noteDroppedText(text);
     }
 }
 
 TzSoapContentHandler::~TzSoapContentHandler() = default;
 
-void TzSoapContentHandler::acceptEvents(TzSoapParseContext* context) {
+[[gnu::hot]] void TzSoapContentHandler::acceptEvents(TzSoapParseContext* context) {
     TzXmlSAXParser* const parser = context != nullptr ? context->getParser() : nullptr;
     if (parser == nullptr) {
         refuseEvent("..\\TzSoapContentHandler", 21);
@@ -29,7 +32,7 @@ void TzSoapContentHandler::acceptEvents(TzSoapParseContext* context) {
     parser->setContentHandler(this);
 }
 
-void TzSoapContentHandler::declineEvents() {
+[[gnu::hot]] void TzSoapContentHandler::declineEvents() {
     context_->getParser()->setContentHandler(previous_);
     previous_ = nullptr;
     context_ = nullptr;

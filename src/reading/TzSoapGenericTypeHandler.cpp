@@ -12,7 +12,7 @@
 #include <tz/xml/TzXmlElementImp.h>
 
 #include "model/TzSoapAccess.h"
-#include "reading/TzSoapTypeHandlers.h"
+#include "reading/TzSoapReadingState.h"
 
 #include <utility>
 
@@ -65,84 +65,79 @@ void TzSoapGenericTypeHandler::open(TzXmlElementImp& element, TzSoapParseContext
                                     const TzCString* style) {
     acceptEvents(context);
     // A reading that failed may have left the marks of its scopes behind.
-    handlers_.reset();
     childStylePushed_ = false;
     ownStylePushed_ = style != nullptr;
-    context->getNamespaces().push_back(&element);
+    TzSoapReadingState& state = TzSoapAccess::reading(*context);
+    state.names.open(element);
     if (style != nullptr) {
-        context->pushEncodingStyle(*style);
+        state.pushStyle(*style);
     }
 }
 
 void TzSoapGenericTypeHandler::close() {
-    TzSoapParseContext& reading = this->reading(Unit, 97);
+    TzSoapReadingState& reading = TzSoapAccess::reading(this->reading(Unit, 97));
     const std::size_t pushed = std::size_t{childStylePushed_} + std::size_t{ownStylePushed_};
-    if (reading.getNamespaces().empty() || reading.getEncodingStyles().size() < pushed) {
+    if (reading.names.isEmpty() || reading.styles.size() < pushed) {
         refuseEvent(Unit, 98);
     }
     popChildStyle();
     if (std::exchange(ownStylePushed_, false)) {
-        context()->getEncodingStyles().pop();
+        reading.popStyle();
     }
-    context()->getNamespaces().pop_back();
-    if (handlers_ != nullptr) {
-        context()->returnTypeHandlers(std::move(handlers_));
-    }
+    reading.names.close();
     declineEvents();
 }
 
 void TzSoapGenericTypeHandler::endElement(const TzXmlName&) { close(); }
 
-TzSoapTypeHandlers& TzSoapGenericTypeHandler::handlers() {
-    if (handlers_ == nullptr) {
-        handlers_ = context()->borrowTypeHandlers();
-    }
-    return *handlers_;
+TzSoapReadingState& TzSoapGenericTypeHandler::state() const noexcept {
+    return TzSoapAccess::reading(*context());
 }
 
 void TzSoapGenericTypeHandler::pushChildStyle(const TzXmlAttributeSet& attributes) {
     const TzXmlAttribute* style =
-        findSoap(attributes, TzSoapVersion::EncodingStyle, context()->getVersion());
+        findSoap(attributes, TzSoapVersion::EncodingStyle, state().version());
     childStylePushed_ = style != nullptr;
     if (style != nullptr) {
-        context()->pushEncodingStyle(style->getValue());
+        state().pushStyle(style->getValue());
     }
 }
 
-void TzSoapGenericTypeHandler::popChildStyle() {
+[[gnu::hot]] void TzSoapGenericTypeHandler::popChildStyle() {
     if (childStylePushed_) {
-        if (context()->getEncodingStyles().empty()) {
+        if (state().styles.size() == 0) {
             refuseEvent(Unit, 122);
         }
         childStylePushed_ = false;
-        context()->getEncodingStyles().pop();
+        state().popStyle();
     }
 }
 
-void TzSoapGenericTypeHandler::startElement(const TzXmlName& name,
-                                            const TzXmlAttributeSet& attributes) {
-    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(reading(Unit, 132).getVersion());
+[[gnu::hot]] void TzSoapGenericTypeHandler::startElement(const TzXmlName& name,
+                                                         const TzXmlAttributeSet& attributes) {
+    const TzSoapReadingState& reading = TzSoapAccess::reading(this->reading(Unit, 132));
+    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(reading.version());
     popChildStyle();
     const bool marked =
-        context()->findOnlyType(attributes) == nullptr && mayMark(attributes, names);
+        state().names.findOnlyType(attributes) == nullptr && mayMark(attributes, names);
     if (marked) {
         pushChildStyle(attributes);
     }
-    const TzSoapStyleInForce& style = context()->getStyleInForce();
+    const TzSoapStyleInForce& style = state().styles.inForce();
     TzXmlName type;
     if (isApplicationType(name, attributes, style, type)) {
         doUserDefinedEncoding(name, attributes, type, style.first);
     } else if (marked) {
         doSoapEncoding(name, attributes);
     } else {
-        handlers().unknown.populate(name, attributes, context(), this);
+        state().handlers().unknown.populate(name, attributes, context(), this);
     }
 }
 
-bool TzSoapGenericTypeHandler::isApplicationType(const TzXmlName& name,
-                                                 const TzXmlAttributeSet& attributes,
-                                                 const TzSoapStyleInForce& style,
-                                                 TzXmlName& type) const {
+[[gnu::hot]] bool TzSoapGenericTypeHandler::isApplicationType(const TzXmlName& name,
+                                                              const TzXmlAttributeSet& attributes,
+                                                              const TzSoapStyleInForce& style,
+                                                              TzXmlName& type) const {
     const auto& registry = *TzSoapEncodingStyleTypeRegistry::getRegistry();
     if (style.soapEncoding && (style.first.empty() || registry.empty())) {
         return false;
@@ -154,7 +149,7 @@ bool TzSoapGenericTypeHandler::isApplicationType(const TzXmlName& name,
 TzXmlName TzSoapGenericTypeHandler::typeOf(const TzXmlName& name,
                                            const TzXmlAttributeSet& attributes) const {
     TzXmlName type = TzSoapUtils::getTypeValue(attributes, context());
-    TzSoapMessageImp* message = context()->getSoapMessageImp();
+    TzSoapMessageImp* message = state().message;
     if (type.isEmpty() && message != nullptr && message->getTypeRegistry().typeExists(name)) {
         type = message->getTypeRegistry().lookupType(name);
     }
@@ -164,7 +159,7 @@ TzXmlName TzSoapGenericTypeHandler::typeOf(const TzXmlName& name,
 TzSoapGenericTypeHandler::SoapType
 TzSoapGenericTypeHandler::getType(const TzXmlAttributeSet& attributes, TzCString& type,
                                   TzCString& size) const {
-    const TzSoapVersion::Version version = context()->getVersion();
+    const TzSoapVersion::Version version = state().version();
     const TzXmlAttribute* href = findSoap(attributes, TzSoapVersion::Href, version);
     if (const TzXmlAttribute* ref = findSoap(attributes, TzSoapVersion::Ref, version)) {
         // Where one attribute serves both kinds of reference, its text tells them apart.
@@ -195,14 +190,14 @@ void TzSoapGenericTypeHandler::doSoapEncoding(const TzXmlName& name,
     TzCString size;
     switch (getType(attributes, type, size)) {
     case NotSpecial:
-        handlers().unknown.populate(name, attributes, context(), this);
+        state().handlers().unknown.populate(name, attributes, context(), this);
         return;
     case SoapReference:
         return readReference(name, attributes, true);
     case MimeReference:
         return readReference(name, attributes, false);
     case Array:
-        handlers().array.populate(name, attributes, type, size, context(), this);
+        state().handlers().array.populate(name, attributes, type, size, context(), this);
         return;
     }
     TzThrow(TzXmlInternalError(TzMessage(tzsoap_INTERNAL_ERROR(), Unit, 158)));
@@ -220,6 +215,6 @@ void TzSoapGenericTypeHandler::doUserDefinedEncoding(const TzXmlName& name,
                                                      const TzXmlAttributeSet& attributes,
                                                      const TzXmlName& type,
                                                      const TzCString& encodingStyle) {
-    handlers().userDefined.populate(name, attributes, type, encodingStyle, context(), this);
+    state().handlers().userDefined.populate(name, attributes, type, encodingStyle, context(), this);
     popChildStyle();
 }

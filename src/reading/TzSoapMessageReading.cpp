@@ -11,6 +11,7 @@
 
 #include "model/TzSoapAccess.h"
 #include "reading/TzSoapErrorDetail.h"
+#include "reading/TzSoapReadingState.h"
 
 #include <array>
 
@@ -72,22 +73,23 @@ class TzSoapMessageImp::Reading {
 public:
     // Context and parser are made here, if need be: its end takes no memory.
     explicit Reading(TzSoapMessageImp& message)
-        : message_(message), context_(message.context()), parser_(message.parser()) {}
+        : message_(message), state_(TzSoapAccess::reading(message.context())),
+          parser_(message.parser()) {}
     ~Reading() {
-        message_.droppedText_ = context_.getDroppedText();
-        context_.dropTargets();
-        context_.clear();
+        message_.droppedText_ = state_.droppedText;
+        state_.references.dropTargets();
+        state_.clear();
         parser_.setContentHandler(nullptr);
     }
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
 
     /// The reading succeeded: what was referred to stays.
-    void succeed() { context_.keepTargets(); }
+    void succeed() { state_.references.keepTargets(); }
 
 private:
     TzSoapMessageImp& message_;
-    TzSoapParseContext& context_;
+    TzSoapReadingState& state_;
     TzXmlSAXParser& parser_;
 };
 
@@ -99,10 +101,11 @@ void TzSoapMessageImp::parseEnvelope(std::string_view text) {
                          TzSoapErrorDetail::ofText(text)));
     }
     Reading reading(*this);
-    context().clear();
-    context().setParser(&parser());
-    context().setMimeMultipart(multipart_);
-    context().setLimits(readLimits_, text.size());
+    TzSoapReadingState& state = TzSoapAccess::reading(context());
+    state.clear();
+    state.parser = &parser();
+    state.package = multipart_;
+    state.budget = TzSoapReadBudget(readLimits_, text.size());
     parser().setDepthLimit(readLimits_.depth);
     parser().setAttributeLimit(readLimits_.attributes);
     parser().setUriLimit(readLimits_.uriLength);
@@ -157,17 +160,21 @@ void TzSoapMessageImp::populate(const TzXmlName& name, const TzXmlAttributeSet& 
     setVersion(version);
     getAttributeSet().clear();
     const TzCString* style = TzSoapUtils::beginElement(*this, name, attributes);
-    context().pushEncodingStyle(style != nullptr ? *style : TzSoapAttributeSet::getEmptyString());
-    context().getNamespaces().push_back(this);
-    context().setSoapMessageImp(this);
+    TzSoapReadingState& state = TzSoapAccess::reading(context());
+    state.pushStyle(style != nullptr ? *style : TzSoapAttributeSet::getEmptyString());
+    state.names.open(*this);
+    state.message = this;
 }
 
-void TzSoapMessageImp::characters(const TzCString& text) { context().noteDroppedText(text); }
+void TzSoapMessageImp::characters(const TzCString& text) {
+    TzSoapAccess::reading(context()).noteDroppedText(text);
+}
 
 void TzSoapMessageImp::endElement(const TzXmlName&) {
-    if (readState_ != InEnvelope || context().getNamespaces().empty()) {
+    TzSoapTypeNames& names = TzSoapAccess::reading(context()).names;
+    if (readState_ != InEnvelope || names.isEmpty()) {
         refuseEvent("..\\TzSoapMessageImp", 271);
     }
     readState_ = EnvelopeEnded;
-    context().getNamespaces().pop_back();
+    names.close();
 }

@@ -14,6 +14,7 @@
 #include <soap/TzSoapUtils.h>
 
 #include "model/TzSoapAccess.h"
+#include "reading/TzSoapReadingState.h"
 
 #include <utility>
 
@@ -34,23 +35,29 @@ TzSoapUnknownTypeHandler::TzSoapUnknownTypeHandler()
 
 TzSoapUnknownTypeHandler::~TzSoapUnknownTypeHandler() = default;
 
-void TzSoapUnknownTypeHandler::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
-                                        TzSoapParseContext* context,
-                                        TzSoapGenericTypeHandler* owner) {
+[[gnu::hot]] void TzSoapUnknownTypeHandler::populate(const TzXmlName& name,
+                                                     const TzXmlAttributeSet& attributes,
+                                                     TzSoapParseContext* context,
+                                                     TzSoapGenericTypeHandler* owner) {
+    if (this->context() != nullptr) {
+        // A reading that failed left this element half read.
+        value_ = TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(nullptr));
+    }
     text_.clear();
     owner_ = owner;
     acceptEvents(context);
     begin(name, attributes);
 }
 
-void TzSoapUnknownTypeHandler::begin(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+[[gnu::hot]] void TzSoapUnknownTypeHandler::begin(const TzXmlName& name,
+                                                  const TzXmlAttributeSet& attributes) {
     if (!TzSoapAccess::hasBody(value_)) {
         element_ = new TzSoapSimpleTypeImp();
         value_ = TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(element_));
     }
     element_->TzXmlElementImp::getName() = name;
-    TzSoapParseContext& reading = *context();
-    if (const TzXmlAttribute* type = reading.findOnlyType(attributes)) {
+    TzSoapReadingState& reading = TzSoapAccess::reading(*context());
+    if (const TzXmlAttribute* type = reading.names.findOnlyType(attributes)) {
         element_->setTypeAttribute(reading.resolveName(type->getValue()));
         return;
     }
@@ -58,17 +65,17 @@ void TzSoapUnknownTypeHandler::begin(const TzXmlName& name, const TzXmlAttribute
         return;
     }
     // Its own declarations may bind the prefix of its type.
-    reading.getNamespaces().push_back(element_);
-    TzSoapUtils::copyAttributes(attributes, *element_, &reading);
-    reading.getNamespaces().pop_back();
+    reading.names.open(*element_);
+    TzSoapUtils::copyAttributes(attributes, *element_, context());
+    reading.names.close();
 }
 
-void TzSoapUnknownTypeHandler::characters(const TzCString& text) { text_ += text; }
+[[gnu::hot]] void TzSoapUnknownTypeHandler::characters(const TzCString& text) { text_ += text; }
 
 void TzSoapUnknownTypeHandler::startElement(const TzXmlName& name,
                                             const TzXmlAttributeSet& attributes) {
     TzSoapParseContext& reading = this->reading(Unit, 72);
-    reading.noteDroppedText(text_);
+    TzSoapAccess::reading(reading).noteDroppedText(text_);
     auto* body = new TzSoapCompositeTypeImp();
     const auto composite = TzSoapAccess::handle<TzSoapCompositeType>(body);
     body->takeElement(*element_);
@@ -76,7 +83,7 @@ void TzSoapUnknownTypeHandler::startElement(const TzXmlName& name,
     body->doStart(name, attributes, &reading);
 }
 
-void TzSoapUnknownTypeHandler::endElement(const TzXmlName&) {
+[[gnu::hot]] void TzSoapUnknownTypeHandler::endElement(const TzXmlName&) {
     static_cast<void>(reading(Unit, 81));
     if (element_->TzXmlElementImp::getName() == misunderstoodElement()) {
         finishMisunderstood();
@@ -85,13 +92,13 @@ void TzSoapUnknownTypeHandler::endElement(const TzXmlName&) {
     }
 }
 
-void TzSoapUnknownTypeHandler::hand(TzSoapType&& value) {
-    context()->fileId(value);
+[[gnu::hot]] void TzSoapUnknownTypeHandler::hand(TzSoapType&& value) {
+    TzSoapAccess::reading(*context()).references.fileId(value);
     owner_->takeChild(std::move(value));
     declineEvents();
 }
 
-TzSoapContentBase::SchemaType TzSoapUnknownTypeHandler::getSchemaType() const {
+[[gnu::hot]] TzSoapContentBase::SchemaType TzSoapUnknownTypeHandler::getSchemaType() const {
     const TzXmlName& type = element_->getTypeValue();
     if (!type.isEmpty()) {
         return TzSoapContentBase::schemaTypeFromName(type.getLocalName());
@@ -104,13 +111,13 @@ TzSoapContentBase::SchemaType TzSoapUnknownTypeHandler::getSchemaType() const {
         message->getTypeRegistry().lookupType(element_->getName()).getLocalName());
 }
 
-void TzSoapUnknownTypeHandler::finishSimple() {
+[[gnu::hot]] void TzSoapUnknownTypeHandler::finishSimple() {
     element_->setEncodedString(std::move(text_), getSchemaType());
     hand(std::move(value_));
 }
 
 void TzSoapUnknownTypeHandler::finishMisunderstood() {
-    context()->noteDroppedText(text_);
+    TzSoapAccess::reading(*context()).noteDroppedText(text_);
     auto* body = new TzSoapMisunderstoodTypeImp();
     const auto value = TzSoapAccess::handle<TzSoapMisunderstoodType>(body);
     body->setQualifiedName(misunderstoodName());

@@ -9,6 +9,7 @@
 #include <tz/xml/TzXmlWriter.h>
 
 #include "model/TzSoapAccess.h"
+#include "reading/TzSoapReadingState.h"
 
 #include <utility>
 
@@ -29,13 +30,13 @@ void TzSoapUserDefinedTypeHandler::populate(const TzXmlName& name,
                                             TzSoapGenericTypeHandler* owner) {
     name_ = name;
     type_ = type;
-    encodingStyle_ = encodingStyle;
     attributes_ = attributes;
     owner_ = owner;
     markup_.clear();
     nesting_ = 1;
     appendStartTag(name, attributes);
     acceptEvents(context);
+    encodingStyle_ = TzSoapAccess::reading(*context).styles.share(encodingStyle);
 }
 
 void TzSoapUserDefinedTypeHandler::startElement(const TzXmlName& name,
@@ -78,9 +79,9 @@ void TzSoapUserDefinedTypeHandler::complete() {
     body->setName(name_);
     TzSoapUtils::copyAttributes(std::move(attributes_), *body, context());
     body->setTypeAttribute(type_);
-    body->setEncodingStyle(encodingStyle_);
+    body->shareEncodingStyle(encodingStyle_);
     body->setValue(std::move(markup_));
-    context()->fileId(value);
+    TzSoapAccess::reading(*context()).references.fileId(value);
     owner_->addChild(value);
     declineEvents();
 }

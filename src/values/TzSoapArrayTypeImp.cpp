@@ -9,6 +9,7 @@
 #include <tz/xml/TzThrow.h>
 
 #include "model/TzSoapAccess.h"
+#include "reading/TzSoapReadingState.h"
 #include "values/TzSoapIndexText.h"
 #include "values/TzSoapShape.h"
 
@@ -219,9 +220,10 @@ void TzSoapArrayTypeImp::throwOutOfRange(const Index& index) const {
 }
 
 void TzSoapArrayTypeImp::throwUnfilled(const Index& vector, const TzSoapParseContext& context) {
-    TzSoapShape::throwTooLarge(vector, "the text leaves more positions without an item than the " +
-                                           std::to_string(context.getUnfilledLimit()) +
-                                           " that unfilledArrayPositions and its size allow");
+    TzSoapShape::throwTooLarge(
+        vector, "the text leaves more positions without an item than the " +
+                    std::to_string(TzSoapAccess::reading(context).budget.unfilledLimit()) +
+                    " that unfilledArrayPositions and its size allow");
 }
 
 unsigned int TzSoapArrayTypeImp::checkedPosition(std::uint64_t position) const {

@@ -5,6 +5,7 @@
 #include <soap/TzSoapParseContext.h>
 
 #include "model/TzSoapAccess.h"
+#include "reading/TzSoapReadingState.h"
 #include "values/TzSoapReshaped.h"
 #include "values/TzSoapShape.h"
 
@@ -67,7 +68,8 @@ TzSoapCompactArrayType TzSoapCompactArrayImp::forReading(const TzXmlName& name,
                                                          const TzCString& size,
                                                          TzSoapParseContext& context) {
     auto array = withoutMembers(name, elementType, size);
-    if (!context.takeUnfilledPositions(TzSoapAccess::body(array).items_.size())) {
+    if (!TzSoapAccess::reading(context).budget.takeUnfilledPositions(
+            TzSoapAccess::body(array).items_.size())) {
         throwUnfilled(array.getBounds(), context);
     }
     return array;
@@ -212,25 +214,29 @@ void TzSoapCompactArrayImp::doSetBounds(const Index& bounds) {
     block_ = reshaped.block();
 }
 
-void TzSoapCompactArrayImp::settle(unsigned int position, TzSoapParseContext& context) const {
+[[gnu::hot]] void TzSoapCompactArrayImp::settle(unsigned int position,
+                                                TzSoapParseContext& context) const {
     const std::uint64_t offset = offsetOf(position);
     const std::uint64_t size = items_.size();
     if (offset >= size) {
-        if (!context.takeUnfilledPositions(TzSoapShape::growthFor(offset, size, block_) - 1)) {
+        if (!TzSoapAccess::reading(context).budget.takeUnfilledPositions(
+                TzSoapShape::growthFor(offset, size, block_) - 1)) {
             throwUnfilled(namedBy(position), context);
         }
         return;
     }
     const TzSoapDefaultType* before = items_.find(offset);
     if (before == nullptr || isVacant(*before)) {
-        context.returnUnfilledPositions(1);
+        TzSoapAccess::reading(context).budget.returnUnfilledPositions(1);
     }
 }
 
-void TzSoapCompactArrayImp::takeChild(TzSoapType&& child) { placeNext(std::move(child)); }
+[[gnu::hot]] void TzSoapCompactArrayImp::takeChild(TzSoapType&& child) {
+    placeNext(std::move(child));
+}
 
-void TzSoapCompactArrayImp::place(std::uint64_t position, TzSoapType&& member,
-                                  TzSoapParseContext* context) {
+[[gnu::hot]] void TzSoapCompactArrayImp::place(std::uint64_t position, TzSoapType&& member,
+                                               TzSoapParseContext* context) {
     const unsigned int at = checkedPosition(position);
     if (context != nullptr) {
         settle(at, *context);

@@ -27,7 +27,9 @@ TzSoapElementImp* TzSoapCompositeTypeImp::clone() const {
 
 void TzSoapCompositeTypeImp::addChild(const TzSoapType& child) { children_.append(child); }
 
-void TzSoapCompositeTypeImp::takeChild(TzSoapType&& child) { children_.append(std::move(child)); }
+[[gnu::hot]] void TzSoapCompositeTypeImp::takeChild(TzSoapType&& child) {
+    children_.append(std::move(child));
+}
 
 void TzSoapCompositeTypeImp::doStart(const TzXmlName& childName,
                                      const TzXmlAttributeSet& childAttributes,

@@ -9,6 +9,7 @@
 #include <tz/xml/TzXmlSAXParser.h>
 
 #include "model/TzSoapAccess.h"
+#include "reading/TzSoapReadingState.h"
 
 #include <utility>
 
@@ -86,15 +87,16 @@ void TzSoapReferenceTypeImp::populate(const TzXmlName& name, const TzXmlAttribut
                                       TzSoapParseContext* context) {
     setName(name);
     // The element's own declarations serve its own type.
-    context->getNamespaces().push_back(this);
+    TzSoapReadingState& reading = TzSoapAccess::reading(*context);
+    reading.names.open(*this);
     TzSoapUtils::copyAttributes(attributes, *this, context);
-    context->getNamespaces().pop_back();
+    reading.names.close();
     const auto handle = TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(this));
-    context->fileId(handle);
+    reading.references.fileId(handle);
     const auto* text = getAttributeSet().find(TzSoapVersion::getSoapAttributeName(
-        isSoapReference() ? TzSoapVersion::Ref : TzSoapVersion::Href, context->getVersion()));
+        isSoapReference() ? TzSoapVersion::Ref : TzSoapVersion::Href, reading.version()));
     if (text != getAttributeSet().end()) {
-        context->addReference(text->getValue(), *this);
+        reading.references.add(text->getValue(), *this);
     }
     open(*this, context, nullptr);
 }

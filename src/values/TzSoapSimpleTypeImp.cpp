@@ -159,12 +159,13 @@ void TzSoapSimpleTypeImp::require(bool accepted) {
     }
 }
 
-void TzSoapSimpleTypeImp::setEncodedString(const TzCString& text, SchemaType type) {
+[[gnu::hot]] void TzSoapSimpleTypeImp::setEncodedString(const TzCString& text, SchemaType type) {
     value_ = text;
     type_ = type;
 }
 
-void TzSoapSimpleTypeImp::setEncodedString(TzCString&& text, SchemaType type) noexcept {
+[[gnu::hot]] void TzSoapSimpleTypeImp::setEncodedString(TzCString&& text,
+                                                        SchemaType type) noexcept {
     value_ = std::move(text);
     type_ = type;
 }

@@ -19,6 +19,7 @@
 #include <tz/xml/TzXmlSAXParser.h>
 
 #include "model/TzSoapAccess.h"
+#include "reading/TzSoapReadingState.h"
 #include "support/CataloguedError.h"
 
 #include <gtest/gtest.h>
@@ -136,12 +137,12 @@ TEST(EventOrder, anElementWhoseScopeIsGoneDoesNotEnd) {
     Reading reading;
     TzSoapHeaderImp header(V::V1_2);
     header.populate(header.getName(), noAttributes, &reading.context);
-    reading.context.clear();
+    TzSoapAccess::reading(reading.context).clear();
     expectRefused("TzSoapGenericTypeHandler", 98, [&] { header.endElement(header.getName()); });
 
     TzSoapFaultImp fault(faultName(), V::V1_2);
     fault.populate(faultName(), noAttributes, &reading.context);
-    reading.context.clear();
+    TzSoapAccess::reading(reading.context).clear();
     expectRefused("TzSoapFaultImp", 123, [&] { fault.endElement(faultName()); });
 }
 

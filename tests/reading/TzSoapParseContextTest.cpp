@@ -12,10 +12,12 @@
 #include <tz/xml/TzXmlSAXParser.h>
 
 #include "model/TzSoapAccess.h"
+#include "reading/TzSoapReadingState.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
+#include <stack>
 #include <string>
 #include <vector>
 
@@ -27,6 +29,8 @@ struct Scope : TzXmlElementImp {
         addNamespaceAttribute(TzXmlNamespace(prefix, uri));
     }
 };
+
+TzSoapReadingState& stateOf(TzSoapParseContext& context) { return TzSoapAccess::reading(context); }
 
 TzSoapType identified(const char* name, const char* id) {
     TzSoapType value{TzXmlName(name)};
@@ -65,6 +69,17 @@ TEST(TzSoapParseContext, isEmptyAtFirst) {
     EXPECT_FALSE(context.getMimeMultipart().hasParts());
     EXPECT_EQ(context.getSoapMessageImp(), nullptr);
     EXPECT_EQ(context.getParser(), nullptr);
+}
+
+TEST(TzSoapParseContext, encodingStylesAreAStackOfTexts) {
+    TzSoapParseContext context;
+    std::stack<TzCString>& styles = context.getEncodingStyles();
+    styles.push("urn:outer");
+    styles.push("urn:inner");
+    EXPECT_EQ(context.getEncodingStyles().top(), "urn:inner");
+    styles.pop();
+    EXPECT_EQ(context.getEncodingStyles().top(), "urn:outer");
+    EXPECT_EQ(context.getEncodingStyles().size(), 1U);
 }
 
 TEST(TzSoapParseContext, keepsWhatItIsGiven) {
@@ -147,22 +162,24 @@ TEST(TzSoapParseContext, resolvesTheNameThatATextSpells) {
     };
     // Twice, and the second time under another binding: names looked up before do not stick.
     for (const auto& one : cases) {
-        EXPECT_EQ(context.resolveName(one.text), one.name) << one.text;
-        EXPECT_EQ(context.resolveName(one.text).getPrefix(), one.name.getPrefix()) << one.text;
+        EXPECT_EQ(stateOf(context).resolveName(one.text), one.name) << one.text;
+        EXPECT_EQ(stateOf(context).resolveName(one.text).getPrefix(), one.name.getPrefix())
+            << one.text;
     }
     Scope inner("p", "urn:inner");
     context.getNamespaces().push_back(&inner);
-    EXPECT_EQ(context.resolveName("p:a"), TzXmlName("a", TzXmlNamespace("p", "urn:inner")));
+    EXPECT_EQ(stateOf(context).resolveName("p:a"),
+              TzXmlName("a", TzXmlNamespace("p", "urn:inner")));
     context.getNamespaces().pop_back();
-    EXPECT_EQ(context.resolveName("p:a"), TzXmlName("a", TzXmlNamespace("p", "urn:p")));
+    EXPECT_EQ(stateOf(context).resolveName("p:a"), TzXmlName("a", TzXmlNamespace("p", "urn:p")));
 }
 
 TEST(TzSoapParseContext, filesValuesUnderTheirIdTheFirstOneStays) {
     TzSoapParseContext context;
     const TzSoapType first = identified("first", "x");
-    context.fileId(first);
-    context.fileId(identified("second", "x"));
-    context.fileId(TzSoapType(TzXmlName("none")));
+    stateOf(context).references.fileId(first);
+    stateOf(context).references.fileId(identified("second", "x"));
+    stateOf(context).references.fileId(TzSoapType(TzXmlName("none")));
     ASSERT_EQ(context.getIdEntries().size(), 1U);
     EXPECT_TRUE(sameValue(context.getIdEntries().at("x"), first));
 }
@@ -174,7 +191,7 @@ TEST(TzSoapParseContext, givesReferencesTheirTargets) {
     const TzSoapReferenceType bare(true);
     file(context, "#x", marked);
     file(context, "x", bare);
-    context.fileId(value);
+    stateOf(context).references.fileId(value);
     context.resolveAndClearIdReferences();
     EXPECT_TRUE(sameValue(marked.getSoapReference(), value));
     EXPECT_TRUE(sameValue(bare.getSoapReference(), value));
@@ -197,7 +214,7 @@ TEST(TzSoapParseContext, resolvingForgetsReferencesAndTheIdsTheyName) {
         file(context, "#x", marked);
         file(context, "y", bare);
         for (const char* id : {"x", "y", "z"}) {
-            context.fileId(identified("value", id));
+            stateOf(context).references.fileId(identified("value", id));
         }
         context.resolveAndClearIdReferences();
         EXPECT_TRUE(context.getReferences().empty()) << toValues;
@@ -219,7 +236,7 @@ TEST(TzSoapParseContext, onlyOneMarkOfAFragmentIsDropped) {
     TzSoapParseContext context;
     const TzSoapReferenceType reference(true);
     file(context, "##x", reference);
-    context.fileId(identified("value", "x"));
+    stateOf(context).references.fileId(identified("value", "x"));
     context.resolveAndClearIdReferences();
     EXPECT_FALSE(reference.hasReference());
 }
@@ -230,7 +247,7 @@ TEST(TzSoapParseContext, laterPartsOfAMessageServeEarlierReferences) {
     file(context, "#x", early);
     context.resolveAndClearIdReferences();
     const TzSoapType value = identified("value", "x");
-    context.fileId(value);
+    stateOf(context).references.fileId(value);
     context.resolveAndClearIdReferences();
     EXPECT_TRUE(sameValue(early.getSoapReference(), value));
     EXPECT_TRUE(context.getIdEntries().empty());
@@ -241,7 +258,7 @@ TEST(TzSoapParseContext, earlierPartsOfAMessageServeLaterReferences) {
     const TzSoapType value = identified("value", "x");
     const TzSoapReferenceType early(true);
     const TzSoapReferenceType late(true);
-    context.fileId(value);
+    stateOf(context).references.fileId(value);
     file(context, "#x", early);
     context.resolveAndClearIdReferences();
     file(context, "#x", late);
@@ -254,10 +271,10 @@ TEST(TzSoapParseContext, theFirstValueOfAnIdStaysThroughAllPartsOfAMessage) {
     const TzSoapType first = identified("first", "x");
     const TzSoapReferenceType early(true);
     const TzSoapReferenceType late(true);
-    context.fileId(first);
+    stateOf(context).references.fileId(first);
     file(context, "#x", early);
     context.resolveAndClearIdReferences();
-    context.fileId(identified("second", "x"));
+    stateOf(context).references.fileId(identified("second", "x"));
     file(context, "#x", late);
     context.resolveAndClearIdReferences();
     EXPECT_TRUE(sameValue(early.getSoapReference(), first));
@@ -270,16 +287,16 @@ TEST(TzSoapParseContext, clearEmptiesTheCollections) {
     const TzSoapReferenceType reference(true);
     context.getNamespaces().push_back(&scope);
     context.getEncodingStyles().push("urn:style");
-    context.fileId(identified("value", "x"));
+    stateOf(context).references.fileId(identified("value", "x"));
     file(context, "#y", reference);
     context.resolveAndClearIdReferences(); // now waiting for y
     file(context, "#z", reference);
-    context.clear();
+    stateOf(context).clear();
     EXPECT_TRUE(context.getEncodingStyles().empty());
     EXPECT_TRUE(context.getNamespaces().empty());
     EXPECT_TRUE(context.getReferences().empty());
     EXPECT_TRUE(context.getIdEntries().empty());
-    context.fileId(identified("value", "y"));
+    stateOf(context).references.fileId(identified("value", "y"));
     context.resolveAndClearIdReferences();
     EXPECT_FALSE(reference.hasReference());
 }
@@ -288,34 +305,16 @@ TEST(TzSoapParseContext, droppingTargetsUndoesWhatWasResolvedKeepingThemDoesNot)
     TzSoapParseContext context;
     const TzSoapReferenceType kept(true);
     const TzSoapReferenceType dropped(true);
-    context.fileId(identified("value", "x"));
+    stateOf(context).references.fileId(identified("value", "x"));
     file(context, "#x", kept);
     context.resolveAndClearIdReferences();
-    context.keepTargets();
+    stateOf(context).references.keepTargets();
     file(context, "#x", dropped);
     context.resolveAndClearIdReferences();
     EXPECT_TRUE(dropped.hasReference());
-    context.dropTargets();
+    stateOf(context).references.dropTargets();
     EXPECT_TRUE(kept.hasReference());
     EXPECT_FALSE(dropped.hasReference());
-}
-
-TEST(TzSoapParseContext, positionsThatAreNotFilledAreLimitedByLimitAndText) {
-    TzSoapParseContext context;
-    TzSoapReadLimits limits;
-    limits.unfilledArrayPositions = 10;
-    context.setLimits(limits, 5);
-    EXPECT_FALSE(context.takeUnfilledPositions(16));
-    EXPECT_TRUE(context.takeUnfilledPositions(10));
-    EXPECT_TRUE(context.takeUnfilledPositions(5));
-    EXPECT_FALSE(context.takeUnfilledPositions(1));
-    EXPECT_TRUE(context.takeUnfilledPositions(0));
-    context.returnUnfilledPositions(2);
-    EXPECT_FALSE(context.takeUnfilledPositions(3));
-    EXPECT_TRUE(context.takeUnfilledPositions(2));
-    limits.unfilledArrayPositions = static_cast<std::size_t>(-1);
-    context.setLimits(limits, 5);
-    EXPECT_TRUE(context.takeUnfilledPositions(static_cast<std::size_t>(-1)));
 }
 
 TEST(TzSoapParseContext, aReferenceByContentIdFindsItsPart) {
@@ -384,7 +383,7 @@ TEST(TzSoapParseContext, aMimeReferenceWithoutPackageStaysWithoutTarget) {
 TEST(TzSoapParseContext, aMimeReferenceNeverFindsAValue) {
     TzSoapParseContext context;
     const TzSoapReferenceType reference(false);
-    context.fileId(identified("value", "x"));
+    stateOf(context).references.fileId(identified("value", "x"));
     file(context, "x", reference);
     context.resolveAndClearIdReferences();
     EXPECT_FALSE(reference.hasReference());

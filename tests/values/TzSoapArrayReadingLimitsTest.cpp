@@ -3,6 +3,7 @@
 #include <soap/TzSoapReadLimits.h>
 #include <soap/TzSoapSparseArrayImp.h>
 
+#include "reading/TzSoapReadingState.h"
 #include "values/ArrayReadingTesting.h"
 
 #include <gtest/gtest.h>
@@ -189,7 +190,8 @@ TEST_P(ArrayReadingLimits, RaisedLimitCostsNothing) {
 
 TEST(TzSoapCompactArrayImp, ReadingTakesPositionsFromTheContext) {
     TzSoapParseContext context;
-    context.setLimits(TzSoapReadLimits{.unfilledArrayPositions = 10}, 5);
+    TzSoapAccess::reading(context).budget =
+        TzSoapReadBudget(TzSoapReadLimits{.unfilledArrayPositions = 10}, 5);
     const auto make = [&context](const char* size) {
         return TzSoapCompactArrayImp::forReading("list", "xsd:int", size, context);
     };

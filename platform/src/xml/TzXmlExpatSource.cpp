@@ -168,15 +168,15 @@ void ExpatSource::onDocumentType(void* data, const char*, const char*, const cha
     deliver(data, [](TzXmlEventSink& sink) { sink.documentType(); });
 }
 
-void ExpatSource::onStart(void* data, const char* name, const char** attributes) {
+[[gnu::hot]] void ExpatSource::onStart(void* data, const char* name, const char** attributes) {
     deliver(data, [=](TzXmlEventSink& sink) { sink.startTag(name, attributes); });
 }
 
-void ExpatSource::onEnd(void* data, const char*) {
+[[gnu::hot]] void ExpatSource::onEnd(void* data, const char*) {
     deliver(data, [](TzXmlEventSink& sink) { sink.endTag(); });
 }
 
-void ExpatSource::onText(void* data, const char* begin, int length) {
+[[gnu::hot]] void ExpatSource::onText(void* data, const char* begin, int length) {
     deliver(data,
             [=](TzXmlEventSink& sink) { sink.text(begin, static_cast<std::size_t>(length)); });
 }

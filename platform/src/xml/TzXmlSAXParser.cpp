@@ -113,7 +113,11 @@ void TzXmlSAXParser::Session::documentType() {
     refuse("a document type declaration is not accepted");
 }
 
-void TzXmlSAXParser::Session::startTag(const char* name, const char* const* attributes) {
+// What runs for every element is marked hot here and in the sources that take the events, because
+// the linker keeps hot functions together. Scattered over a megabyte they evict each other from the
+// instruction cache, which costs up to a tenth of the time of reading.
+[[gnu::hot]] void TzXmlSAXParser::Session::startTag(const char* name,
+                                                    const char* const* attributes) {
     ++events_;
     if (!text_.empty()) {
         deliverText();
@@ -128,7 +132,7 @@ void TzXmlSAXParser::Session::startTag(const char* name, const char* const* attr
     }
 }
 
-void TzXmlSAXParser::Session::endTag() {
+[[gnu::hot]] void TzXmlSAXParser::Session::endTag() {
     ++events_;
     if (isLeaf_ || !text_.empty()) {
         deliverText();
@@ -143,14 +147,14 @@ void TzXmlSAXParser::Session::endTag() {
     }
 }
 
-void TzXmlSAXParser::Session::deliverText() {
+[[gnu::hot]] void TzXmlSAXParser::Session::deliverText() {
     if (parser_.handler_ != nullptr) {
         parser_.handler_->characters(text_);
     }
     text_.clear();
 }
 
-TzXmlSAXParser::Session::OpenElement& TzXmlSAXParser::Session::open() {
+[[gnu::hot]] TzXmlSAXParser::Session::OpenElement& TzXmlSAXParser::Session::open() {
     if (depth_ >= parser_.depthLimit_) {
         refuseBeyond("elements are nested too deeply", parser_.depthLimit_);
     }
@@ -185,7 +189,8 @@ std::size_t TzXmlSAXParser::Session::declareOne(std::string_view spelling, const
                              text);
 }
 
-const TzXmlAttributeSet& TzXmlSAXParser::Session::collect(const char* const* attributes) {
+[[gnu::hot]] const TzXmlAttributeSet&
+TzXmlSAXParser::Session::collect(const char* const* attributes) {
     std::size_t count = 0;
     while (attributes[2 * count] != nullptr) {
         ++count;
@@ -203,7 +208,8 @@ const TzXmlAttributeSet& TzXmlSAXParser::Session::collect(const char* const* att
 }
 
 // The attributes of one element are written over those of the one before.
-void TzXmlSAXParser::Session::collectFew(const char* const* attributes, std::size_t count) {
+[[gnu::hot]] void TzXmlSAXParser::Session::collectFew(const char* const* attributes,
+                                                      std::size_t count) {
     if (stamps_.size() != count) {
         makeFew(count);
     }

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapDroppedText.h>
+#include <soap/TzSoapVersion.h>
+#include <tz/mime/TzMimeMultipart.h>
+#include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
+
+#include "reading/TzSoapReadBudget.h"
+#include "reading/TzSoapReferenceTable.h"
+#include "reading/TzSoapStylesInForce.h"
+#include "reading/TzSoapTypeHandlers.h"
+#include "reading/TzSoapTypeNames.h"
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+
+class TzSoapMessageImp;
+class TzXmlSAXParser;
+
+/// What a parse context holds: the things that all participants of one reading share.
+class TzSoapReadingState {
+public:
+    TzSoapReadingState();
+    TzSoapReadingState(const TzSoapReadingState&) = delete;
+    TzSoapReadingState& operator=(const TzSoapReadingState&) = delete;
+    ~TzSoapReadingState();
+
+    TzXmlSAXParser* parser = nullptr;    ///< The parser in use; not owned.
+    TzSoapMessageImp* message = nullptr; ///< The message being filled; not owned.
+    TzMimeMultipart package;             ///< The package that references to parts look into.
+    TzSoapTypeNames names;               ///< The open elements and the names under them.
+    TzSoapStylesInForce styles;          ///< The encoding styles in force.
+    TzSoapReferenceTable references;     ///< Ids and references.
+    TzSoapReadBudget budget;             ///< What the limits still allow.
+    TzSoapDroppedText droppedText;       ///< Text that was left out so far.
+
+    /// The version being read: that of the message, the latest without one.
+    TzSoapVersion::Version version() const;
+    /// The name that `text` spells under the open elements. Valid until the next call.
+    const TzXmlName& resolveName(std::string_view text) { return names.resolve(text, parser); }
+    /// Opens the scope of an encoding style; `TzXmlParseError` when it is longer than the limits
+    /// allow.
+    void pushStyle(const TzCString& style);
+    /// Ends the innermost scope of an encoding style; there must be one.
+    void popStyle() { styles.pop(); }
+    /// Takes note of `text` that nothing is made of, unless it is white space.
+    void noteDroppedText(std::string_view text) {
+        // The parser lets no other control character pass.
+        const auto isBlank = [](char byte) { return static_cast<unsigned char>(byte) <= ' '; };
+        if (!std::all_of(text.begin(), text.end(), isBlank)) {
+            countDroppedText();
+        }
+    }
+    /// The handlers of child elements. One set serves the whole reading: a handler has given the
+    /// events back before the value that it made starts to read children of its own.
+    TzSoapTypeHandlers& handlers() {
+        if (handlers_ == nullptr) {
+            handlers_ = std::make_unique<TzSoapTypeHandlers>();
+        }
+        return *handlers_;
+    }
+    /// Forgets all that was read; parser, package, message and limits stay.
+    void clear() noexcept;
+
+private:
+    void countDroppedText() noexcept;
+
+    std::unique_ptr<TzSoapTypeHandlers> handlers_; // made by the first child element
+};

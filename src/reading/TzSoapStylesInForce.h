@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/pointer/TzSharedRecord.h>
+#include <tz/tools/TzCString.h>
+
+#include <cstddef>
+#include <memory>
+#include <stack>
+#include <vector>
+
+/// What an encodingStyle text means.
+struct TzSoapStyleInForce {
+    TzCString text;                   ///< The attribute's text.
+    TzCString first;                  ///< The first URI of its list, the one that decides.
+    TzSharedRecord<TzCString> shared; ///< The same once values share it; empty before.
+    bool soapEncoding = true;         ///< Whether values are read by the rules of SOAP encoding.
+};
+
+/// The encodingStyle texts of the open elements that state one, and what each of them means. A text
+/// is understood once, when it is pushed.
+class TzSoapStylesInForce {
+public:
+    /// The texts, innermost on top.
+    using Texts = std::stack<TzCString>;
+
+    TzSoapStylesInForce();
+    ~TzSoapStylesInForce();
+
+    /// Opens the scope of the encodingStyle `text`. O(length).
+    void push(const TzCString& text);
+    /// Ends the innermost scope; there must be one.
+    void pop();
+    /// Number of open scopes.
+    std::size_t size() const noexcept {
+        return texts_ != nullptr ? texts_->size() : meanings_.size();
+    }
+    /// The texts, to push and pop. From then on each look-up compares the innermost one with what
+    /// is remembered, because whoever holds the stack may change it unnoticed.
+    Texts& expose();
+    /// What holds under the innermost text; what holds without any style when there is none. Valid
+    /// until the next call, push or pop. O(1), O(length) after `expose`.
+    TzSoapStyleInForce& inForce() {
+        if (texts_ != nullptr) {
+            compare();
+        }
+        return meanings_.empty() ? none_ : meanings_.back();
+    }
+    /// A record of the URI `style` that all values under one style share.
+    TzSharedRecord<TzCString> share(const TzCString& style);
+    /// Ends all scopes.
+    void clear() noexcept;
+
+private:
+    void compare();
+
+    TzSoapStyleInForce none_;
+    std::vector<TzSoapStyleInForce> meanings_; // of the texts, outermost first
+    std::unique_ptr<Texts> texts_;             // made by `expose`, then decides what is in force
+};
