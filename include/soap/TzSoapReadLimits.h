@@ -19,6 +19,9 @@ struct TzSoapReadLimits {
     /// by every value below; of a package also the longest Content-ID and Content-Location, which
     /// every reference may take over. More is a `TzXmlParseError`.
     std::size_t uriLength = TzXmlDefaultLimits::UriLength;
+    /// Longest prefix that a namespace is declared for, in bytes, because every name below may
+    /// repeat it; more is a `TzXmlParseError`.
+    std::size_t prefixLength = TzXmlDefaultLimits::PrefixLength;
     /// Whether a package is read that lacks its closing line, so that its last part may lack its
     /// end; otherwise it is a `TzXmlParseError`.
     bool incompletePackages = false;

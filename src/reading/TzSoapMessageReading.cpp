@@ -109,6 +109,7 @@ void TzSoapMessageImp::parseEnvelope(std::string_view text) {
     parser().setDepthLimit(readLimits_.depth);
     parser().setAttributeLimit(readLimits_.attributes);
     parser().setUriLimit(readLimits_.uriLength);
+    parser().setPrefixLimit(readLimits_.prefixLength);
     parser().setContentHandler(this);
     readState_ = AwaitingEnvelope;
     parser().parse(text.substr(findDocument(text, tag)));

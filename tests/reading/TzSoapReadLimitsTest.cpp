@@ -73,6 +73,7 @@ TEST(TzSoapReadLimits, areGenerousUnlessSet) {
     EXPECT_EQ(limits.attributes, 200000U);
     EXPECT_EQ(limits.unfilledArrayPositions, 1048576U);
     EXPECT_EQ(limits.uriLength, 2048U);
+    EXPECT_EQ(limits.prefixLength, 128U);
 }
 
 TEST(TzSoapReadLimits, travelWithCopiesOfAMessage) {
@@ -130,6 +131,17 @@ TEST_P(TzSoapReadLimitsReading, theUriOfANamespaceIsAsLongAsTheLimit) {
     EXPECT_NO_THROW(read(wire.body("<a xmlns:p=\"" + std::string(5000, 'u') + "\"/>"), limits));
     // Other attributes are as long as they like.
     EXPECT_NO_THROW(read(wire.body("<a k=\"" + std::string(5000, 'u') + "\"/>")));
+}
+
+TEST_P(TzSoapReadLimitsReading, thePrefixOfANamespaceIsAsLongAsTheLimit) {
+    const auto text = [this](std::size_t length) {
+        return wire.body("<a xmlns:" + std::string(length, 'p') + "='urn:p'/>");
+    };
+    EXPECT_NO_THROW(read(text(128)));
+    EXPECT_THROW(read(text(129)), TzXmlParseError);
+    TzSoapReadLimits limits;
+    limits.prefixLength = 1000;
+    EXPECT_NO_THROW(read(text(1000), limits));
 }
 
 TEST_P(TzSoapReadLimitsReading, anEncodingStyleIsAsLongAsTheLimit) {

@@ -25,6 +25,8 @@ public:
     virtual std::size_t line() const noexcept = 0;
     /// Column of it in characters, from 1. Counted when asked for.
     virtual std::size_t column() const noexcept = 0;
+    /// Bytes of the text before it.
+    virtual std::size_t offset() const noexcept = 0;
 };
 
 /// What is known of the encoding before the XML declaration is read.

@@ -79,6 +79,9 @@ public:
     std::size_t column() const noexcept override {
         return failure_ != nullptr ? failedColumn_ : XML_GetCurrentColumnNumber(parser_.get()) + 1;
     }
+    std::size_t offset() const noexcept override {
+        return static_cast<std::size_t>(XML_GetCurrentByteIndex(parser_.get()));
+    }
 
 private:
     // An exception must not cross the C code: it is kept here and thrown again by feed.

@@ -5,6 +5,7 @@
 #include "TzXmlEventSource.h"
 #include "TzXmlNameResolver.h"
 #include "TzXmlPieces.h"
+#include "TzXmlTagScan.h"
 #include "TzXmlTranscoder.h"
 
 #include <tz/thread/TzTHRIllegalUsage.h>
@@ -28,6 +29,22 @@ constexpr std::size_t UsualDepth = 16;
 /// Whether the attribute `spelling` may declare a namespace. Names that begin with "x" are common
 /// ("xsi:type"), those with "xm" are not.
 bool mayDeclare(const char* spelling) noexcept { return spelling[0] == 'x' && spelling[1] == 'm'; }
+
+/// A declaration of a namespace.
+struct TzXmlDeclaration {
+    std::string_view prefix;
+    std::string_view uri;
+
+    /// Whether a prefix with a fixed namespace keeps that, and no other one gets it.
+    bool keepsReserved() const noexcept {
+        return keeps(TzXmlNamespace::getXml()) && keeps(TzXmlNamespace::getXmlns());
+    }
+
+private:
+    bool keeps(const TzXmlNamespace& reserved) const noexcept {
+        return (prefix == reserved.getPrefix()) == (uri == reserved.getUri());
+    }
+};
 
 } // namespace
 
@@ -61,6 +78,8 @@ private:
         std::size_t declarations = 0;
     };
 
+    void feed(std::string_view text);
+    void feedUpTo(std::string_view text, std::size_t crowded);
     void deliverText();
     OpenElement& open();
     std::size_t declare(const char* const* attributes);
@@ -71,6 +90,7 @@ private:
     void collectMany(const char* const* attributes);
     bool namesRepeat() const noexcept;
     [[noreturn]] void refuse(const char* reason) const;
+    [[noreturn]] void refuseCrowded() const;
     [[noreturn]] void refuseBeyond(const char* reason, std::size_t limit) const;
 
     TzXmlSAXParser& parser_;
@@ -91,12 +111,35 @@ void TzXmlSAXParser::Session::read(std::string_view text) {
         refuse("there is a second byte-order mark");
     }
     TzXmlTranscoder transcoder(form_);
+    if (form_.unit > 1) {
+        text = transcoder.convert(text, true);
+    }
+    const std::size_t crowded = TzXmlTagScan(text).findCrowded(parser_.attributeLimit_);
+    if (crowded == TzXmlTagScan::None) {
+        feed(text);
+    } else {
+        feedUpTo(text, crowded);
+    }
+}
+
+void TzXmlSAXParser::Session::feed(std::string_view text) {
     TzXmlPieces pieces(text);
     do {
         const std::string_view piece = pieces.next(events());
-        source_->feed(form_.unit > 1 ? transcoder.convert(piece, pieces.done()) : piece,
-                      pieces.done());
+        source_->feed(piece, pieces.done());
     } while (!pieces.done());
+}
+
+/// Reads what is before the crowded tag at `crowded`, whose "<" alone gives it a place.
+void TzXmlSAXParser::Session::feedUpTo(std::string_view text, std::size_t crowded) {
+    try {
+        feed(text.substr(0, crowded + 1));
+    } catch (const TzXmlParseError&) {
+        if (source_->offset() != crowded) {
+            throw;
+        }
+    }
+    refuseCrowded();
 }
 
 void TzXmlSAXParser::Session::declaration(const char* version, const char* encoding,
@@ -181,12 +224,18 @@ std::size_t TzXmlSAXParser::Session::declareOne(std::string_view spelling, const
     if (!prefixed && spelling != Default) {
         return 0;
     }
-    const std::string_view text = uri;
-    if (text.size() > parser_.uriLimit_) {
+    const TzXmlDeclaration declared{
+        prefixed ? spelling.substr(Prefixed.size()) : std::string_view(), uri};
+    if (declared.uri.size() > parser_.uriLimit_) {
         refuseBeyond("the URI of a namespace is too long", parser_.uriLimit_);
     }
-    return resolver_.declare(prefixed ? spelling.substr(Prefixed.size()) : std::string_view(),
-                             text);
+    if (declared.prefix.size() > parser_.prefixLimit_) {
+        refuseBeyond("the prefix of a namespace is too long", parser_.prefixLimit_);
+    }
+    if (!declared.keepsReserved()) {
+        refuse("xml, xmlns and their namespaces are bound to each other only");
+    }
+    return resolver_.declare(declared.prefix, declared.uri);
 }
 
 [[gnu::hot]] const TzXmlAttributeSet&
@@ -196,7 +245,7 @@ TzXmlSAXParser::Session::collect(const char* const* attributes) {
         ++count;
     }
     if (count > parser_.attributeLimit_) {
-        refuseBeyond("an element has too many attributes", parser_.attributeLimit_);
+        refuseCrowded();
     }
     if (count <= FewAttributes) {
         collectFew(attributes, count);
@@ -257,6 +306,10 @@ bool TzXmlSAXParser::Session::namesRepeat() const noexcept {
 
 void TzXmlSAXParser::Session::refuse(const char* reason) const {
     throw TzXmlParseError::at(reason, line(), column());
+}
+
+void TzXmlSAXParser::Session::refuseCrowded() const {
+    refuseBeyond("an element has too many attributes", parser_.attributeLimit_);
 }
 
 void TzXmlSAXParser::Session::refuseBeyond(const char* reason, std::size_t limit) const {

@@ -7,9 +7,13 @@
 #include "platform/xml/EventRecorder.h"
 #include "support/AllocationFailure.h"
 
+#include <sys/resource.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <random>
 #include <string>
 #include <string_view>
@@ -200,6 +204,70 @@ TEST(TzXmlSAXParserHostile, ManyAttributes) {
     parser.setAttributeLimit(Count - 1);
     EXPECT_EQ(refusal(parser, text + "/>"), "1:1 an element has too many attributes");
     EXPECT_EQ(counted(parser, "<a x='1'/>").attributeCount, 1U);
+}
+
+TEST(TzXmlSAXParserHostile, ErrorsBeforeATagWithManyAttributesComeFirst) {
+    const std::string crowded = "<b" + repeated(" x=''", 20) + "/>";
+    TzXmlSAXParser parser;
+    parser.setAttributeLimit(10);
+    EXPECT_EQ(refusal(parser, "<a>\n " + crowded + "</a>"),
+              "2:2 an element has too many attributes");
+    EXPECT_EQ(refusal(parser, "<a>\n]" + crowded), "2:2 an element has too many attributes");
+    EXPECT_EQ(refusal(parser, "<a></c>" + crowded + "</a>"), "1:6 mismatched tag");
+    EXPECT_EQ(refusal(parser, "<!DOCTYPE a>" + crowded),
+              "1:12 a document type declaration is not accepted");
+    EXPECT_EQ(refusal(parser, "<a b='<'>" + crowded + "</a>"),
+              "1:7 not well-formed (invalid token)");
+    EXPECT_NO_THROW(parser.parse("<a><!--" + crowded + "--><![CDATA[" + crowded + "]]></a>"));
+}
+
+TEST(TzXmlSAXParserHostile, EventsBeforeATagWithManyAttributesAreReported) {
+    EventRecorder recorder;
+    TzXmlSAXParser parser;
+    parser.setContentHandler(&recorder);
+    parser.setAttributeLimit(1);
+    refusal(parser, "<a>text<b x='1'/><c x='1' y='2'/>" + std::string(200, ' ') + "</a>");
+    EXPECT_THAT(recorder.events, testing::ElementsAre("<a>", "[text]", "<b x=1>", "[]", "</b>"));
+}
+
+TEST(TzXmlSAXParserHostile, WideTextsHaveTheSameAttributeLimit) {
+    for (const char32_t* text : {U"<a><b x='1' y='2' z='3'/></a>"}) {
+        std::string wide = "\xFE\xFF";
+        for (const char32_t* at = text; *at != 0; ++at) {
+            wide += {'\0', static_cast<char>(*at)};
+        }
+        TzXmlSAXParser parser;
+        parser.setAttributeLimit(2);
+        EXPECT_EQ(refusal(parser, wide), "1:4 an element has too many attributes");
+        parser.setAttributeLimit(3);
+        EXPECT_NO_THROW(parser.parse(wide));
+    }
+}
+
+// The event source takes memory for all attributes of a tag before it reports them.
+TEST(TzXmlSAXParserHostileDeathTest, AttributesBeyondTheLimitTakeNoMemory) {
+    std::string text = "<a>\n<b";
+    for (std::size_t i = 0; i < 1'000'000; ++i) {
+        text += " a" + std::to_string(i) + "=''";
+    }
+    text += "/></a>";
+    const auto growth = [&text] {
+        struct rusage usage {};
+        getrusage(RUSAGE_SELF, &usage);
+        const long before = usage.ru_maxrss;
+        TzXmlSAXParser parser;
+        parser.setAttributeLimit(10);
+        EXPECT_EQ(refusal(parser, text), "2:1 an element has too many attributes");
+        getrusage(RUSAGE_SELF, &usage);
+        return usage.ru_maxrss - before; // in KiB
+    };
+    EXPECT_EXIT(
+        {
+            const long grown = growth();
+            std::fprintf(stderr, "grown by %ld KiB", grown);
+            std::_Exit(grown < 4096 ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "grown by");
 }
 
 TEST(TzXmlSAXParserHostile, ManyAttributesWithTwoSpellingsOfEachName) {

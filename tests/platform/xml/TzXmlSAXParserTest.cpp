@@ -125,13 +125,29 @@ TEST(TzXmlSAXParser, PrefixIsUnboundAgainBehindItsElement) {
 }
 
 TEST(TzXmlSAXParser, XmlPrefixIsAlwaysBound) {
-    EXPECT_THAT(eventsOf("<a xml:lang='de' xmlns:xml='other'/>"),
-                ElementsAre("<a xml:lang{http://www.w3.org/XML/1998/namespace}=de xmlns:xml" +
-                                Xmlns + "=other>",
-                            "[]", "</a>"));
-    EXPECT_THAT(eventsOf("<xmlns:a xmlns:xmlns='other'/>"),
-                ElementsAre("<xmlns:a" + Xmlns + " xmlns:xmlns" + Xmlns + "=other>", "[]",
-                            "</xmlns:a" + Xmlns + ">"));
+    const std::string xml = "http://www.w3.org/XML/1998/namespace";
+    EXPECT_THAT(eventsOf("<a xml:lang='de'/>"),
+                ElementsAre("<a xml:lang{" + xml + "}=de>", "[]", "</a>"));
+    EXPECT_THAT(eventsOf("<a xml:lang='de' xmlns:xml='" + xml + "'/>"),
+                ElementsAre("<a xml:lang{" + xml + "}=de xmlns:xml" + Xmlns + "=" + xml + ">", "[]",
+                            "</a>"));
+    EXPECT_THAT(
+        eventsOf("<xmlns:a xmlns:xmlns='http://www.w3.org/2000/xmlns/'/>"),
+        ElementsAre("<xmlns:a" + Xmlns + " xmlns:xmlns" + Xmlns + "=http://www.w3.org/2000/xmlns/>",
+                    "[]", "</xmlns:a" + Xmlns + ">"));
+}
+
+TEST(TzXmlSAXParser, RefusesOtherBindingsOfReservedPrefixesAndNamespaces) {
+    for (const char* declaration :
+         {"xmlns:xml='other'", "xmlns:xml=''", "xmlns:xml='http://www.w3.org/2000/xmlns/'",
+          "xmlns:xmlns='other'", "xmlns:xmlns='http://www.w3.org/XML/1998/namespace'",
+          "xmlns:p='http://www.w3.org/XML/1998/namespace'", "xmlns='http://www.w3.org/2000/xmlns/'",
+          "xmlns:p='http://www.w3.org/2000/xmlns/'"}) {
+        EXPECT_EQ(refusal("<a>\n<b " + std::string(declaration) + "/></a>"),
+                  "2:1 xml, xmlns and their namespaces are bound to each other only")
+            << declaration;
+    }
+    EXPECT_THAT(eventsOf("<a xmlns:XML='other' xmlns:xmlx='other' p:xml='other'/>").size(), 3U);
 }
 
 TEST(TzXmlSAXParser, SplitsNamesAtTheFirstColon) {

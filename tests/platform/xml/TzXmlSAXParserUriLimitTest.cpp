@@ -40,3 +40,21 @@ TEST(TzXmlSAXParserUriLimit, refusesLongerDeclarationsWithTheirPlace) {
     EXPECT_NO_THROW(parser.parse(declaring("k", 101)));
     EXPECT_NO_THROW(parser.parse(declaring("p:xmlns", 101)));
 }
+
+TEST(TzXmlSAXParserPrefixLimit, refusesLongerDeclaredPrefixesWithTheirPlace) {
+    TzXmlSAXParser parser;
+    EXPECT_EQ(parser.getPrefixLimit(), 128U);
+    const auto declaring = [](std::size_t length) {
+        return "<a>\n <b xmlns:" + std::string(length, 'p') + "='u'/></a>";
+    };
+    EXPECT_NO_THROW(parser.parse(declaring(128)));
+    try {
+        parser.parse(declaring(129));
+        ADD_FAILURE() << "accepted";
+    } catch (const TzXmlParseError& error) {
+        EXPECT_EQ(error.describe(),
+                  "the prefix of a namespace is too long, line 2, column 2 (the limit is 128)");
+    }
+    parser.setPrefixLimit(200);
+    EXPECT_NO_THROW(parser.parse(declaring(200)));
+}

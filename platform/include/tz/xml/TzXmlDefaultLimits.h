@@ -12,4 +12,6 @@ struct TzXmlDefaultLimits {
     static constexpr std::size_t Attributes = 200000;
     /// Length of a namespace's URI in bytes.
     static constexpr std::size_t UriLength = 2048;
+    /// Length of a declared prefix in bytes.
+    static constexpr std::size_t PrefixLength = 128;
 };

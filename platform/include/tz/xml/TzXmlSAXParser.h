@@ -15,7 +15,8 @@ class TzXmlNamespace;
 /// Reads XML text and tells a content handler what it meets.
 ///
 /// Namespaces are resolved (an unbound prefix gives the empty URI), declarations are delivered
-/// among the attributes. UTF-8, UTF-16, UTF-32, ISO-8859-1, US-ASCII and every single-byte encoding
+/// among the attributes. The prefixes "xml" and "xmlns" keep their namespaces: a declaration that
+/// binds one of them, or one of these namespaces, otherwise is refused. UTF-8, UTF-16, UTF-32, ISO-8859-1, US-ASCII and every single-byte encoding
 /// known to iconv are read; handlers always see UTF-8. A DOCTYPE is refused. Not locked: one parser
 /// is used by one thread at a time. Each thread that has read a text of up to 4 KiB keeps what that
 /// took, 10 to 100 KB, for the next one until it ends.
@@ -27,6 +28,8 @@ public:
     static constexpr std::size_t DefaultAttributeLimit = TzXmlDefaultLimits::Attributes;
     /// Length of a namespace's URI in bytes that is accepted unless told otherwise.
     static constexpr std::size_t DefaultUriLimit = TzXmlDefaultLimits::UriLength;
+    /// Length of a declared prefix in bytes that is accepted unless told otherwise.
+    static constexpr std::size_t DefaultPrefixLimit = TzXmlDefaultLimits::PrefixLength;
 
     /// A parser without handler, with the default limits.
     TzXmlSAXParser();
@@ -43,8 +46,8 @@ public:
     void setDepthLimit(std::size_t limit) noexcept { depthLimit_ = limit; }
     /// Depth limit in force.
     std::size_t getDepthLimit() const noexcept { return depthLimit_; }
-    /// Elements with more attributes (declarations included) are refused; holds from the next
-    /// element on.
+    /// Elements with more attributes (declarations included) are refused before memory is taken
+    /// for them; holds from the next text on.
     void setAttributeLimit(std::size_t limit) noexcept { attributeLimit_ = limit; }
     /// Attribute limit in force.
     std::size_t getAttributeLimit() const noexcept { return attributeLimit_; }
@@ -53,6 +56,11 @@ public:
     void setUriLimit(std::size_t limit) noexcept { uriLimit_ = limit; }
     /// Limit of URIs in force.
     std::size_t getUriLimit() const noexcept { return uriLimit_; }
+    /// Declarations of longer prefixes (in bytes) are refused, because every name below them may
+    /// repeat them; holds from the next element on.
+    void setPrefixLimit(std::size_t limit) noexcept { prefixLimit_ = limit; }
+    /// Limit of prefixes in force.
+    std::size_t getPrefixLimit() const noexcept { return prefixLimit_; }
 
     /// Reads the whole document `text`. `TzXmlParseError` with line and column when it is not well
     /// formed or breaks a limit, its text ending with both; what a handler throws passes through,
@@ -81,6 +89,7 @@ private:
     std::size_t depthLimit_ = DefaultDepthLimit;
     std::size_t attributeLimit_ = DefaultAttributeLimit;
     std::size_t uriLimit_ = DefaultUriLimit;
+    std::size_t prefixLimit_ = DefaultPrefixLimit;
     std::size_t line_ = 0;
     std::size_t column_ = 0;
     Session* session_ = nullptr; // set while parse runs
