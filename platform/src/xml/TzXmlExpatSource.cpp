@@ -6,12 +6,13 @@
 #include <tz/xml/TzXmlParseError.h>
 
 #include <expat.h>
+#include <unistd.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <exception>
 #include <new>
-#include <random>
 #include <type_traits>
 #include <utility>
 
@@ -52,13 +53,22 @@ Parser makeParser(const char* encoding) {
     return parser;
 }
 
+/// A number that nobody outside can guess. Asks the kernel and opens no file; where the kernel has
+/// none to give, the places of code and data have to do.
+std::uint64_t drawSecret() noexcept {
+    std::uint64_t secret = 0;
+    if (getentropy(&secret, sizeof(secret)) != 0) {
+        const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
+        secret = static_cast<std::uint64_t>(now) ^ reinterpret_cast<std::uintptr_t>(&drawSecret) ^
+                 reinterpret_cast<std::uintptr_t>(&secret) << 16;
+    }
+    return secret;
+}
+
 /// A salt that nobody outside can guess: drawn from the system once, then changed with each parser,
 /// which would otherwise draw one of its own for every text.
 unsigned long nextSalt() {
-    static const std::uint64_t secret = [] {
-        std::random_device system;
-        return std::uint64_t{system()} << 32 | system();
-    }();
+    static const std::uint64_t secret = drawSecret();
     static std::atomic<std::uint64_t> drawn{0};
     // The mixing of SplitMix64: neighbouring numbers give unrelated salts.
     std::uint64_t salt = secret + ++drawn * 0x9E3779B97F4A7C15U;
@@ -102,7 +112,7 @@ private:
     static void XMLCALL onStart(void* data, const char* name, const char** attributes);
     static void XMLCALL onEnd(void* data, const char*);
     static void XMLCALL onText(void* data, const char* begin, int length);
-    static int XMLCALL onEncoding(void*, const char* name, XML_Encoding* encoding);
+    static int XMLCALL onEncoding(void* data, const char* name, XML_Encoding* encoding);
 
     Parser parser_;
     TzXmlEventSink& sink_;
@@ -110,7 +120,8 @@ private:
     std::size_t failedLine_ = 0; // Expat finishes the tag after it was stopped
     std::size_t failedColumn_ = 0;
     std::size_t fed_ = 0; // bytes so far
-    bool ended_ = false;  // the whole text was read
+    TzCString unknownEncoding_;
+    bool ended_ = false; // the whole text was read
 };
 
 ExpatSource::ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding)
@@ -121,7 +132,7 @@ ExpatSource::ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding)
     XML_SetStartDoctypeDeclHandler(parser_.get(), onDocumentType);
     XML_SetElementHandler(parser_.get(), onStart, onEnd);
     XML_SetCharacterDataHandler(parser_.get(), onText);
-    XML_SetUnknownEncodingHandler(parser_.get(), onEncoding, nullptr);
+    XML_SetUnknownEncodingHandler(parser_.get(), onEncoding, this);
 }
 
 ExpatSource::~ExpatSource() {
@@ -159,7 +170,11 @@ void ExpatSource::fail() const {
     if (error == XML_ERROR_NO_MEMORY) {
         throw std::bad_alloc();
     }
-    throw TzXmlParseError::at(XML_ErrorString(error), line(), column());
+    TzXmlParseError refused = TzXmlParseError::at(XML_ErrorString(error), line(), column());
+    if (error == XML_ERROR_UNKNOWN_ENCODING && !unknownEncoding_.empty()) {
+        refused.addDetail("the encoding is \"" + unknownEncoding_.substr(0, 80) + "\"");
+    }
+    throw refused;
 }
 
 void ExpatSource::onDeclaration(void* data, const char* version, const char* encoding,
@@ -184,11 +199,20 @@ void ExpatSource::onDocumentType(void* data, const char*, const char*, const cha
             [=](TzXmlEventSink& sink) { sink.text(begin, static_cast<std::size_t>(length)); });
 }
 
-int ExpatSource::onEncoding(void*, const char* name, XML_Encoding* encoding) {
+int ExpatSource::onEncoding(void* data, const char* name, XML_Encoding* encoding) {
     encoding->data = nullptr;
     encoding->convert = nullptr;
     encoding->release = nullptr;
-    return tzFillCharacterTable(name, encoding->map) ? XML_STATUS_OK : XML_STATUS_ERROR;
+    if (tzFillCharacterTable(name, encoding->map)) {
+        return XML_STATUS_OK;
+    }
+    auto& self = *static_cast<ExpatSource*>(data);
+    try {
+        self.unknownEncoding_ = name;
+    } catch (const std::bad_alloc&) {
+        self.stop(std::current_exception());
+    }
+    return XML_STATUS_ERROR;
 }
 
 } // namespace

@@ -8,6 +8,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -220,6 +223,29 @@ TEST(TzXmlSAXParserEncoding, RefusesEncodingsItCannotRead) {
     }
     EXPECT_EQ(refusal(declared("UTF-16", "x")),
               "1:31 encoding specified in XML declaration is incorrect");
+}
+
+TEST(TzXmlSAXParserEncoding, SaysWhichEncodingItCannotRead) {
+    TzXmlSAXParser parser;
+    try {
+        parser.parse(declared("no-such-encoding", "x"));
+        ADD_FAILURE() << "accepted";
+    } catch (const TzXmlParseError& error) {
+        EXPECT_EQ(error.describe(),
+                  "unknown encoding, line 1, column 31 (the encoding is \"no-such-encoding\")");
+    }
+}
+
+TEST(TzXmlSAXParserEncoding, TheEnvironmentDecidesNothing) {
+    // Where the C library would find conversions of its own.
+    const std::string folder = testing::TempDir() + "tzsoap-gconv";
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder + "/gconv-modules") << "alias FOOENC// ISO-8859-5//\n";
+    setenv("GCONV_PATH", folder.c_str(), 1);
+    EXPECT_EQ(refusal(declared("FOOENC", "x")), "1:31 unknown encoding");
+    EXPECT_EQ(textOf(declared("koi8-r", "\xD0")), "\xD0\xBF");
+    unsetenv("GCONV_PATH");
+    std::filesystem::remove_all(folder);
 }
 
 TEST(TzXmlSAXParserEncoding, RefusesTextsInAnotherEncodingThanDeclared) {
