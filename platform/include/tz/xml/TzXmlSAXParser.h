@@ -18,13 +18,13 @@ class TzXmlNamespace;
 /// among the attributes. The prefixes "xml" and "xmlns" keep their namespaces: a declaration that
 /// binds one of them, or one of these namespaces, otherwise is refused. A DOCTYPE is refused.
 ///
-/// UTF-8, UTF-16, UTF-32, US-ASCII and these single-byte encodings are read, by their usual names in
-/// any case: ISO-8859-1 to -16, windows-874 and -1250 to -1258, TIS-620, KOI8-R, KOI8-U, macintosh,
-/// IBM437, IBM850, IBM852. Their tables are part of the library: no file is opened and no
-/// environment variable is read for them. Handlers always see UTF-8.
+/// UTF-8, UTF-16, UTF-32, US-ASCII and these single-byte encodings are read, by their usual names
+/// in any case: ISO-8859-1 to -16, windows-874 and -1250 to -1258, TIS-620, KOI8-R, KOI8-U,
+/// macintosh, IBM437, IBM850, IBM852. Their tables are part of the library: no file is opened and
+/// no environment variable is read for them. Handlers always see UTF-8.
 ///
-/// Not locked: one parser is used by one thread at a time. Each thread that has read a text of up to
-/// 4 KiB keeps what that took, 10 to 100 KB, for the next one until it ends.
+/// Not locked: one parser is used by one thread at a time. Each thread that has read a text of up
+/// to 4 KiB keeps what that took, 10 to 100 KB, for the next one until it ends.
 class TZ_PLATFORM_API TzXmlSAXParser {
 public:
     /// Depth of elements that is accepted unless told otherwise.
