@@ -36,7 +36,7 @@ struct TzXmlDeclaration {
     std::string_view uri;
 
     /// Whether a prefix with a fixed namespace keeps that, and no other one gets it.
-    bool keepsReserved() const noexcept {
+    bool keepsReserved() const {
         return keeps(TzXmlNamespace::getXml()) && keeps(TzXmlNamespace::getXmlns());
     }
 
