@@ -76,10 +76,17 @@ public:
     /// limits allow; otherwise as for a text.
     virtual void extract(const TzMimeMultipart& multipart);
     /// Replaces the content by the message read from `text`, an envelope or a MIME package.
-    /// Whatever stands before the document is skipped. `TzXmlParseError` with line and column:
-    /// NO_SOAP_ENVELOPE, UNKNOWN_VERSION, UNKNOWN_SOAP_ELEMENT, or what the parser finds;
-    /// `TzXmlBoundsError` for arrays that declare more than the limits allow. After an error the
-    /// content is what was read so far: only extract again. O(text).
+    /// Whatever stands before the document is skipped. After an error the content is what was read
+    /// so far: only extract again. O(text). Errors, with line and column in the envelope:
+    ///
+    /// - `TzXmlParseError`: NO_SOAP_ENVELOPE, UNKNOWN_VERSION, UNKNOWN_SOAP_ELEMENT,
+    ///   ILLEGAL_REFERENCE for a reference that holds an element; without a catalogue entry for
+    ///   what the parser refuses, for a limit that is exceeded and for a header of a package with a
+    ///   carriage return within a line; those of `extract(const TzMimeMultipart&)`;
+    /// - `TzXmlBoundsError`: BAD_INDEX_VECTOR for an array that declares more positions than the
+    ///   limits allow, INDEX_RANGE_VEC for a position outside of the declared size;
+    /// - `TzXmlBadArgError`: BAD_INDEX_STRING for a size, offset or position that is no index;
+    /// - `TzTHRIllegalUsage` when this message is being read already, and `std::bad_alloc`.
     virtual void extract(const TzCString& text);
     /// The same for a text that stays the caller's: an envelope is not copied, a package once, for
     /// its parts keep its text. A derived class gets a copy in its `extract(const TzCString&)`.
