@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tz/tools/Tzxmsg.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <string>
+
+/// What the fuzzer calls; each target defines it.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+/// The bytes as the library takes them.
+inline std::string textOf(const std::uint8_t* data, std::size_t size) {
+    return {reinterpret_cast<const char*>(data), size};
+}
+
+/// Whether the library did it; false after one of its errors. Every other exception is a finding.
+inline bool accepted(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Tzxmsg&) {
+        return false;
+    }
+    return true;
+}
+
+/// Ends the fuzzer with a finding that says what is wrong with which text.
+[[noreturn]] inline void report(const char* what, const std::string& text) {
+    std::fprintf(stderr, "fuzz: %s\n%s\n", what, text.c_str());
+    std::abort();
+}

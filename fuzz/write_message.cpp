@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// Any bytes, line by line: the texts of a message that a program builds - names, prefixes,
+// namespaces, an attribute, text. Writing refuses them, or a reader finds one entry with exactly
+// that text: nothing that was given as text becomes markup.
+#include "FuzzTarget.h"
+
+#include <soap/TzSoapMessage.h>
+#include <soap/TzSoapSimpleType.h>
+#include <soap/TzSoapValueReader.h>
+
+#include <algorithm>
+
+namespace {
+
+std::string takeLine(std::string& text) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    const std::string line = text.substr(0, end);
+    text.erase(0, end + 1);
+    return line;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    std::string text = textOf(data, size);
+    const TzXmlName name(takeLine(text), TzXmlNamespace(takeLine(text), takeLine(text)));
+    const TzXmlName attribute(takeLine(text), TzXmlNamespace(takeLine(text), takeLine(text)));
+    const std::string attributeText = takeLine(text);
+    std::string written;
+    const bool done = accepted([&] {
+        TzSoapSimpleType value(name, text, TzSoapContentBase::xsdString, false);
+        value.addAttribute(TzXmlAttribute(attribute, attributeText));
+        TzSoapMessage message(TzSoapVersion::V1_1);
+        message.getSoapBody().appendEntry(value);
+        written = message.asString();
+    });
+    if (!done) {
+        return 0;
+    }
+    TzSoapMessage again;
+    again.extract(written);
+    const TzSoapBody body = again.getSoapBody();
+    if (std::distance(body.entriesBegin(), body.entriesEnd()) > 1) {
+        report("text has become markup", written);
+    }
+    return 0;
+}
