@@ -18,7 +18,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <ranges>
 #include <utility>
 
 namespace {
@@ -32,11 +31,16 @@ std::optional<unsigned int> indexOf(std::string_view brackets) {
     return good && index > 0 ? std::optional(index) : std::nullopt;
 }
 
+const TzSoapType& valueOf(const TzSoapType& value) { return value; }
+
+const TzSoapType& valueOf(const TzSoapSparseArrayImp::Items::value_type& item) { return item.second; }
+
 /// The first of `values` for which `test` holds, null without one. Array positions without an item
 /// have no name, so nobody asks for them.
 template <typename Values, typename Test>
 const TzSoapType* firstOf(const Values& values, const Test& test) {
-    for (const TzSoapType& value : values) {
+    for (const auto& element : values) {
+        const TzSoapType& value = valueOf(element);
         if (!TzSoapArrayTypeImp::isPlaceholder(value) && test(value)) {
             return &value;
         }
@@ -63,7 +67,7 @@ template <typename Test> const TzSoapType* firstMember(const TzSoapType& value, 
         return firstOf(compact->storedItems(), test);
     }
     if (const auto* sparse = dynamic_cast<const TzSoapSparseArrayImp*>(body)) {
-        return firstOf(*sparse | std::views::values, test);
+        return firstOf(*sparse, test);
     }
     return nullptr;
 }
