@@ -2,9 +2,7 @@
 #include <soap/TzSoapBody.h>
 
 #include <soap/TzSoapBodyImp.h>
-#include <soap/TzSoapConstVisitor.h>
 #include <soap/TzSoapMissingError.h>
-#include <soap/TzSoapVisitor.h>
 
 #include "model/TzSoapHeldFault.h"
 
@@ -68,16 +66,6 @@ void TzSoapBody::removeAllEntries(const TzXmlName& name) { body().removeAllEntri
 void TzSoapBody::clearEntries() { body().clearEntries(); }
 
 TzSoapBody TzSoapBody::copy() const { return TzSoapBody(body().clone()); }
-
-void TzSoapBody::acceptVisitor(TzSoapVisitor& visitor) {
-    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
-    visitor.visit(*this);
-}
-
-void TzSoapBody::acceptVisitor(TzSoapConstVisitor& visitor) const {
-    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
-    visitor.visit(*this);
-}
 
 bool operator==(const TzSoapBody& left, const TzSoapBody& right) {
     return left.body() == right.body();

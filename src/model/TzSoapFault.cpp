@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapFault.h>
 
-#include <soap/TzSoapConstVisitor.h>
 #include <soap/TzSoapFaultImp.h>
-#include <soap/TzSoapVisitor.h>
 
 TzSoapFault::TzSoapFault() : TzSoapFault(TzSoapVersion::getLatestVersion()) {}
 
@@ -18,16 +16,6 @@ TzSoapFault::~TzSoapFault() = default;
 TzSoapFaultImp& TzSoapFault::body() const { return static_cast<TzSoapFaultImp&>(bodyBase()); }
 
 TzSoapFault TzSoapFault::copy() const { return TzSoapFault(body().clone()); }
-
-void TzSoapFault::acceptVisitor(TzSoapVisitor& visitor) {
-    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
-    visitor.visit(*this);
-}
-
-void TzSoapFault::acceptVisitor(TzSoapConstVisitor& visitor) const {
-    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
-    visitor.visit(*this);
-}
 
 void TzSoapFault::setCode(const TzXmlName& code) { body().setCode(code); }
 

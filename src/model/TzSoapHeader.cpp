@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapHeader.h>
 
-#include <soap/TzSoapConstVisitor.h>
 #include <soap/TzSoapHeaderImp.h>
-#include <soap/TzSoapVisitor.h>
 
 #include <utility>
 
@@ -91,16 +89,6 @@ void TzSoapHeader::removeAllHeaderEntries(const TzXmlName& name) {
 void TzSoapHeader::clearHeaderEntries() { body().entries().clear(); }
 
 TzSoapHeader TzSoapHeader::copy() const { return TzSoapHeader(body().clone()); }
-
-void TzSoapHeader::acceptVisitor(TzSoapVisitor& visitor) {
-    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
-    visitor.visit(*this);
-}
-
-void TzSoapHeader::acceptVisitor(TzSoapConstVisitor& visitor) const {
-    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
-    visitor.visit(*this);
-}
 
 bool operator==(const TzSoapHeader& left, const TzSoapHeader& right) {
     return left.body() == right.body();

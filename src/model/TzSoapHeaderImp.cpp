@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapHeaderImp.h>
 
-#include <soap/TzSoapParseContext.h>
 #include <soap/TzSoapTypeImp.h>
-#include <soap/TzSoapUtils.h>
 
 #include "model/TzSoapAccess.h"
 
@@ -72,20 +70,6 @@ TzSoapHeaderImp::iterator TzSoapHeaderImp::insert(iterator position, TzSoapType 
     TzSoapAccess::body(entry).setActor(actor);
     return insert(position, std::move(entry), mustUnderstand);
 }
-
-void TzSoapHeaderImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
-                               TzSoapParseContext* context) {
-    open(*this, context, TzSoapUtils::beginElement(*this, name, attributes));
-}
-
-void TzSoapHeaderImp::endElement(const TzXmlName&) {
-    reading("..\\TzSoapHeaderImp", 74).resolveAndClearIdReferences();
-    close();
-}
-
-void TzSoapHeaderImp::addChild(const TzSoapType& child) { entries_.append(child); }
-
-void TzSoapHeaderImp::takeChild(TzSoapType&& child) { entries_.append(std::move(child)); }
 
 bool operator==(const TzSoapHeaderImp& left, const TzSoapHeaderImp& right) {
     return left.entries().sharesValues(right.entries());

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapMessage.h>
 
-#include <soap/TzSoapConstVisitor.h>
 #include <soap/TzSoapMessageImp.h>
-#include <soap/TzSoapVisitor.h>
 
 #include "model/TzSoapLasting.h"
 
@@ -83,13 +81,3 @@ bool TzSoapMessage::hasDroppedText() const { return body().getDroppedText().coun
 TzSoapDroppedText TzSoapMessage::getDroppedText() const { return body().getDroppedText(); }
 
 TzSoapMessage TzSoapMessage::copy() const { return TzSoapMessage(body().clone()); }
-
-void TzSoapMessage::acceptVisitor(TzSoapVisitor& visitor) {
-    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
-    visitor.visit(*this);
-}
-
-void TzSoapMessage::acceptVisitor(TzSoapConstVisitor& visitor) const {
-    static_cast<void>(bodyBase()); // a visitor sees no handle without a body
-    visitor.visit(*this);
-}

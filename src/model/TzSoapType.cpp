@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapType.h>
 
-#include <soap/TzSoapConstVisitor.h>
 #include <soap/TzSoapTypeImp.h>
-#include <soap/TzSoapVisitor.h>
 
 TzSoapType::TzSoapType() : TzSoapType(new TzSoapTypeImp()) {}
 
@@ -58,7 +56,3 @@ TzSoapContentBase::EscapeText TzSoapType::getEscapeText() const { return body().
 TzSoapType TzSoapType::copy() const {
     return TzSoapType(static_cast<TzSoapTypeImp*>(body().clone()));
 }
-
-void TzSoapType::acceptVisitor(TzSoapVisitor& visitor) { visitor.doVisit(*this); }
-
-void TzSoapType::acceptVisitor(TzSoapConstVisitor& visitor) const { visitor.doVisit(*this); }

@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapUtils.h>
 
-#include <soap/TzSoapArrayTypeImp.h>
 #include <soap/TzSoapElementImp.h>
-#include <soap/TzSoapParseContext.h>
 #include <tz/tools/TzDateTime.h>
 #include <tz/xml/TzXmlAttributeSet.h>
 #include <tz/xml/TzXmlUtils.h>
 #include <tz/xml/TzXmlWriter.h>
 
-#include "model/TzSoapAccess.h"
 #include "model/TzSoapLasting.h"
 #include "model/TzSoapMessageForm.h"
-#include "reading/TzSoapReadingState.h"
 
 #include <algorithm>
 #include <utility>
@@ -57,111 +53,6 @@ std::string_view nextEntry(std::string_view& rest) noexcept {
     rest.remove_prefix(static_cast<std::size_t>(end - rest.begin()));
     return {begin, end};
 }
-
-/// The first of `attributes` that states a type, null when none does.
-const TzXmlAttribute* findType(const TzXmlAttributeSet& attributes) {
-    for (const TzXmlAttribute& attribute : attributes) {
-        if (TzSoapAttributeSet::matchTypeAttributeName(attribute.getName())) {
-            return &attribute;
-        }
-    }
-    return nullptr;
-}
-
-/// The encodingStyle among `attributes`, that of the latest version that states one; null without.
-const TzXmlAttribute* findEncodingStyle(const TzXmlAttributeSet& attributes) {
-    for (const TzSoapVersion::Version version : {TzSoapVersion::V1_2, TzSoapVersion::V1_1}) {
-        const auto* found = attributes.find(
-            TzSoapVersion::getSoapAttributeName(TzSoapVersion::EncodingStyle, version));
-        if (found != attributes.end()) {
-            return found;
-        }
-    }
-    return nullptr;
-}
-
-/// The name that `text` spells, its prefix resolved as far as there is a reading.
-TzXmlName resolve(std::string_view text, TzSoapParseContext* context) {
-    return context != nullptr ? TzSoapAccess::reading(*context).resolveName(text) : TzXmlName(text);
-}
-
-/// Whether a received boolean says yes.
-bool isTrue(const TzCString& text) {
-    return text == TzSoapUtils::TrueTag || text == TzSoapAttributeSet::getTrueAttributeValue();
-}
-
-/// Adds attributes that another set held, where no two have one name.
-class AttributeAdder {
-public:
-    explicit AttributeAdder(TzSoapAttributeSet& set) : set_(set), fresh_(set.empty()) {}
-
-    /// Copies a `const` attribute and moves any other.
-    template <typename Attribute> void add(Attribute& attribute) {
-        if (fresh_) {
-            set_.append(std::move(attribute));
-        } else {
-            set_.add(std::move(attribute));
-        }
-    }
-
-private:
-    TzSoapAttributeSet& set_;
-    bool fresh_;
-};
-
-/// Gives the attributes of a start tag to an element.
-class AttributeReader {
-public:
-    AttributeReader(TzSoapElementImp& element, TzSoapParseContext* context)
-        : element_(element), context_(context), others_(element.getAttributeSet()),
-          version_(context != nullptr ? context->getVersion() : TzSoapVersion::getLatestVersion()) {
-    }
-
-    /// `Attributes` may be const: what is kept is copied then, otherwise moved.
-    template <typename Attributes> void read(Attributes& attributes) {
-        const TzXmlAttribute* type = nullptr;
-        for (auto& attribute : attributes) {
-            if (TzSoapAttributeSet::matchTypeAttributeName(attribute.getName())) {
-                type = &attribute;
-            } else if (!takeProperty(attribute)) {
-                others_.add(attribute);
-            }
-        }
-        // Last, for the declarations among the others may bind its prefix.
-        if (type != nullptr) {
-            element_.setTypeAttribute(resolve(type->getValue(), context_));
-        }
-    }
-
-private:
-    bool is(const TzXmlAttribute& attribute, TzSoapVersion::SoapAttribute kind) const {
-        return TzSoapVersion::matchSoapAttributeName(attribute.getName(), kind, version_);
-    }
-
-    /// Makes an attribute that SOAP defines a property of the element; false for any other one.
-    bool takeProperty(const TzXmlAttribute& attribute) {
-        if (attribute.getName().getUri().empty() || attribute.isNamespaceDeclaration()) {
-            return false;
-        }
-        if (is(attribute, TzSoapVersion::MustUnderstand)) {
-            element_.setMustUnderstand(isTrue(attribute.getValue()));
-        } else if (is(attribute, TzSoapVersion::EncodingStyle)) {
-            element_.setEncodingStyle(attribute.getValue());
-        } else if (is(attribute, TzSoapVersion::Actor)) {
-            element_.setActor(attribute.getValue());
-        } else if (is(attribute, TzSoapVersion::Root)) {
-            element_.setRoot(isTrue(attribute.getValue()));
-        } else {
-            return false;
-        }
-        return true;
-    }
-
-    TzSoapElementImp& element_;
-    TzSoapParseContext* context_;
-    AttributeAdder others_;
-    TzSoapVersion::Version version_;
-};
 
 } // namespace
 
@@ -249,59 +140,6 @@ void TzSoapUtils::removeAndFixEncodingStyleAttribute(TzSoapElementImp* element) 
     }
 }
 
-void TzSoapUtils::removeAndFixArrayTypeAttributes(TzSoapElementImp* array,
-                                                  TzSoapVersion::Version version) {
-    TzSoapAttributeSet& attributes = array->getAttributeSet();
-    if (const TzCString offset = attributes.getOffsetAttribute(); !offset.empty()) {
-        attributes.removeOffsetAttribute();
-        auto& body = static_cast<TzSoapArrayTypeImp&>(*array);
-        TzSoapArrayTypeImp::Index index = TzSoapArrayTypeImp::stringToVector(offset, false);
-        // Axes that the text does not name begin at 0.
-        index.resize(std::max<std::size_t>(index.size(), body.getDimension()));
-        body.setOffset(index);
-    }
-    attributes.removeArrayTypeAttribute();
-    for (const auto kind : {TzSoapVersion::ItemType, TzSoapVersion::ArraySize}) {
-        attributes.erase(TzSoapVersion::getSoapAttributeName(kind, version));
-    }
-}
-
-void TzSoapUtils::copyAttributes(const TzXmlAttributeSet& attributes, TzSoapElementImp& element,
-                                 TzSoapParseContext* context) {
-    AttributeReader(element, context).read(attributes);
-}
-
-void TzSoapUtils::copyAttributes(TzXmlAttributeSet&& attributes, TzSoapElementImp& element,
-                                 TzSoapParseContext* context) {
-    AttributeReader(element, context).read(attributes);
-}
-
-const TzCString* TzSoapUtils::beginElement(TzSoapElementImp& element, const TzXmlName& name,
-                                           const TzXmlAttributeSet& attributes) {
-    element.setName(name);
-    // Never among the attributes of an element that goes on: to take it out again costs as much as
-    // there are.
-    const TzXmlAttribute* style = findEncodingStyle(attributes);
-    const bool stated = style != nullptr && !style->getValue().empty();
-    TzSoapAttributeSet& others = element.getAttributeSet();
-    // Only for the first of many elements of one name: room made for each would be copied each
-    // time.
-    if (const std::size_t count = attributes.size() - (stated ? 1 : 0);
-        others.empty() && count > 0) {
-        others.reserve(count);
-    }
-    AttributeAdder adder(others);
-    for (const TzXmlAttribute& attribute : attributes) {
-        if (!stated || &attribute != style) {
-            adder.add(attribute);
-        }
-    }
-    if (stated) {
-        element.setEncodingStyle(style->getValue());
-    }
-    return style == nullptr ? nullptr : &style->getValue();
-}
-
 TzCString TzSoapUtils::getAttributesAsString(const TzXmlAttributeSet& attributes) {
     TzCString markup;
     for (const TzXmlAttribute& attribute : attributes) {
@@ -312,20 +150,4 @@ TzCString TzSoapUtils::getAttributesAsString(const TzXmlAttributeSet& attributes
         markup += TzXmlWriter::Quotes;
     }
     return markup;
-}
-
-TzXmlName TzSoapUtils::getTypeValue(const TzXmlAttributeSet& attributes,
-                                    TzSoapParseContext* context) {
-    const TzXmlAttribute* type = findType(attributes);
-    if (type == nullptr) {
-        return {};
-    }
-    TzXmlName name = resolve(type->getValue(), context);
-    if (name.getUri().empty()) {
-        const auto* declared = attributes.findDeclaration(name.getPrefix());
-        if (declared != attributes.end()) {
-            name.setNamespace(declared->declaredNamespace());
-        }
-    }
-    return name;
 }

@@ -5,7 +5,7 @@
 #include <tz/pointer/TzBodyRing.h>
 
 #include "model/TzSoapAccess.h"
-#include "model/TzSoapHeldValues.h"
+#include "values/TzSoapHeldValues.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -3,13 +3,11 @@
 
 #include <soap/TzSoapCatalog.h>
 #include <soap/TzSoapDefaultTypeImp.h>
-#include <soap/TzSoapParseContext.h>
 #include <soap/TzSoapUtils.h>
 #include <tz/tools/TzMessage.h>
 #include <tz/xml/TzThrow.h>
 
 #include "model/TzSoapAccess.h"
-#include "reading/TzSoapReadingState.h"
 #include "values/TzSoapIndexText.h"
 #include "values/TzSoapShape.h"
 
@@ -22,14 +20,6 @@ namespace {
 
 [[noreturn]] void refuse(const char* method) {
     TzThrow(TzXmlDomainError(TzMessage(tzsoap_ILLEGAL_ARRAY(), method)));
-}
-
-/// The position of an index within a shape, however large.
-std::uint64_t exactLinear(const TzSoapArrayTypeImp::Index& index,
-                          const TzSoapArrayTypeImp::Index& steps) noexcept {
-    return std::inner_product(index.begin(), index.end(), steps.begin(), std::uint64_t{0},
-                              std::plus<>(),
-                              [](std::uint64_t entry, std::uint64_t step) { return entry * step; });
 }
 
 } // namespace
@@ -219,13 +209,6 @@ void TzSoapArrayTypeImp::throwOutOfRange(const Index& index) const {
     TzSoapShape::throwOutOfRange(index, startIndex_, bounds_);
 }
 
-void TzSoapArrayTypeImp::throwUnfilled(const Index& vector, const TzSoapParseContext& context) {
-    TzSoapShape::throwTooLarge(
-        vector, "the text leaves more positions without an item than the " +
-                    std::to_string(TzSoapAccess::reading(context).budget.unfilledLimit()) +
-                    " that unfilledArrayPositions and its size allow");
-}
-
 unsigned int TzSoapArrayTypeImp::checkedPosition(std::uint64_t position) const {
     if (position > Largest) {
         throwOutOfRange(TzSoapShape::indexAt(position, getStep()));
@@ -270,37 +253,4 @@ bool TzSoapArrayTypeImp::isPlaceholder(const TzSoapType& value) {
 TzSoapArrayTypeImp::Index TzSoapArrayTypeImp::boundsFromSize(const TzCString& size) {
     Index bounds = stringToVector(size, true);
     return bounds.empty() ? Index{0} : bounds;
-}
-
-void TzSoapArrayTypeImp::addChild(const TzSoapType& child) { placeNext(TzSoapType(child)); }
-
-std::uint64_t TzSoapArrayTypeImp::nextPosition(const TzSoapAttributeSet& attributes) const {
-    if (attributes.hasPositionAttribute()) {
-        const Index index = stringToVector(attributes.getPositionAttribute(), false);
-        boundsCheck(index, true);
-        return exactLinear(index, step_);
-    }
-    return cursorSet_ ? cursor_ : indexToLinear(offset_, true);
-}
-
-void TzSoapArrayTypeImp::placeNext(TzSoapType&& member) {
-    TzSoapAttributeSet& attributes = TzSoapAccess::body(member).getAttributeSet();
-    const std::uint64_t position = nextPosition(attributes);
-    place(position, std::move(member), context());
-    // The array holds the member now.
-    attributes.removePositionAttribute();
-    cursor_ = position + 1;
-    cursorSet_ = true;
-}
-
-void TzSoapArrayTypeImp::place(std::uint64_t position, TzSoapType&& member, TzSoapParseContext*) {
-    elementAt(checkedPosition(position)) = std::move(member);
-}
-
-void TzSoapArrayTypeImp::doStart(const TzXmlName& childName,
-                                 const TzXmlAttributeSet& childAttributes,
-                                 TzSoapParseContext* context) {
-    cursorSet_ = false;
-    open(*this, context, nullptr);
-    startElement(childName, childAttributes);
 }

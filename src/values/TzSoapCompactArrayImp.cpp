@@ -2,10 +2,8 @@
 #include <soap/TzSoapCompactArrayImp.h>
 
 #include <soap/TzSoapCompactArrayType.h>
-#include <soap/TzSoapParseContext.h>
 
 #include "model/TzSoapAccess.h"
-#include "reading/TzSoapReadingState.h"
 #include "values/TzSoapReshaped.h"
 #include "values/TzSoapShape.h"
 
@@ -61,18 +59,6 @@ void TzSoapCompactArrayImp::initialize() {
 void TzSoapCompactArrayImp::prepare() {
     items_.reserve(items_.size());
     getDefaultValue();
-}
-
-TzSoapCompactArrayType TzSoapCompactArrayImp::forReading(const TzXmlName& name,
-                                                         const TzCString& elementType,
-                                                         const TzCString& size,
-                                                         TzSoapParseContext& context) {
-    auto array = withoutMembers(name, elementType, size);
-    if (!TzSoapAccess::reading(context).budget.takeUnfilledPositions(
-            TzSoapAccess::body(array).items_.size())) {
-        throwUnfilled(array.getBounds(), context);
-    }
-    return array;
 }
 
 TzSoapCompactArrayType TzSoapCompactArrayImp::withoutMembers(const TzXmlName& name,
@@ -212,39 +198,4 @@ void TzSoapCompactArrayImp::doSetBounds(const Index& bounds) {
     items_.swap(items);
     base_ = reshaped.base();
     block_ = reshaped.block();
-}
-
-[[gnu::hot]] void TzSoapCompactArrayImp::settle(unsigned int position,
-                                                TzSoapParseContext& context) const {
-    const std::uint64_t offset = offsetOf(position);
-    const std::uint64_t size = items_.size();
-    if (offset >= size) {
-        if (!TzSoapAccess::reading(context).budget.takeUnfilledPositions(
-                TzSoapShape::growthFor(offset, size, block_) - 1)) {
-            throwUnfilled(namedBy(position), context);
-        }
-        return;
-    }
-    const TzSoapDefaultType* before = items_.find(offset);
-    if (before == nullptr || isVacant(*before)) {
-        TzSoapAccess::reading(context).budget.returnUnfilledPositions(1);
-    }
-}
-
-[[gnu::hot]] void TzSoapCompactArrayImp::takeChild(TzSoapType&& child) {
-    placeNext(std::move(child));
-}
-
-[[gnu::hot]] void TzSoapCompactArrayImp::place(std::uint64_t position, TzSoapType&& member,
-                                               TzSoapParseContext* context) {
-    const unsigned int at = checkedPosition(position);
-    if (context != nullptr) {
-        settle(at, *context);
-    }
-    if (typeid(*this) != typeid(TzSoapCompactArrayImp)) {
-        TzSoapArrayTypeImp::place(position, std::move(member), context);
-        return;
-    }
-    expandIfNeeded(at);
-    items_.put(position - base_, TzSoapAccess::take<TzSoapDefaultType>(member), placeholder());
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapConstVisitor.h>
 
-#include "model/TzSoapDispatch.h"
+#include "model/visiting/TzSoapDispatch.h"
 
 TzSoapConstVisitor::~TzSoapConstVisitor() = default;
 

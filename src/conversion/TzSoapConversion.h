@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "model/TzSoapDraft.h"
-#include "model/TzSoapElementConversion.h"
-#include "model/TzSoapFaultConversion.h"
-#include "model/TzSoapLosses.h"
+#include "conversion/TzSoapDraft.h"
+#include "conversion/TzSoapElementConversion.h"
+#include "conversion/TzSoapFaultConversion.h"
+#include "conversion/TzSoapLosses.h"
+#include "conversion/TzSoapVersionTerms.h"
 #include "model/TzSoapMetValues.h"
-#include "model/TzSoapVersionTerms.h"
 
 #include <soap/TzSoapHeader.h>
 #include <soap/TzSoapType.h>

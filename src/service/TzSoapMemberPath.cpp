@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "values/TzSoapMemberPath.h"
+#include "service/TzSoapMemberPath.h"
 
 #include <soap/TzSoapBody.h>
 #include <soap/TzSoapBodyImp.h>
@@ -33,7 +33,9 @@ std::optional<unsigned int> indexOf(std::string_view brackets) {
 
 const TzSoapType& valueOf(const TzSoapType& value) { return value; }
 
-const TzSoapType& valueOf(const TzSoapSparseArrayImp::Items::value_type& item) { return item.second; }
+template <typename Index> const TzSoapType& valueOf(const std::pair<Index, TzSoapType>& item) {
+    return item.second;
+}
 
 /// The first of `values` for which `test` holds, null without one. Array positions without an item
 /// have no name, so nobody asks for them.

@@ -3,7 +3,7 @@
 
 #include <soap/TzSoapMessage.h>
 
-#include "model/TzSoapConversion.h"
+#include "conversion/TzSoapConversion.h"
 
 TzSoapVersionConverter::TzSoapVersionConverter(TzSoapVersion::Version version)
     : version_(TzSoapVersion::getSoapVersion(version).getVersion()) {}

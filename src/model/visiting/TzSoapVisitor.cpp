@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapVisitor.h>
 
-#include "model/TzSoapDispatch.h"
+#include "model/visiting/TzSoapDispatch.h"
 
 TzSoapVisitor::~TzSoapVisitor() = default;
 

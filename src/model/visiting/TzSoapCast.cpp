@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapCast.h>
 
-#include <soap/TzSoapValueReader.h>
 #include <tz/xml/TzXmlBadArgError.h>
 
-#include "model/TzSoapDispatch.h"
+#include "model/visiting/TzSoapDispatch.h"
+#include "values/TzSoapFollow.h"
 #include "values/TzSoapValueText.h"
 
 #include <type_traits>
@@ -33,7 +33,7 @@ template <typename Handle> std::optional<Handle> tzSoapCast(const TzSoapType& va
 
 template <typename Handle> Handle tzSoapAs(const TzSoapType& value) {
     constexpr bool follows = !std::is_same_v<Handle, TzSoapReferenceType>;
-    const TzSoapType meant = follows ? TzSoapValueReader::follow(value) : value;
+    const TzSoapType meant = follows ? tzSoapFollow(value) : value;
     std::optional<Handle> handle = tzSoapCast<Handle>(meant);
     if (!handle) {
         TzThrow(TzXmlBadArgError(TzMessage(tzSoapNotOfKind(meant, KindOf<Handle>))));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "model/TzSoapLosses.h"
+#include "conversion/TzSoapLosses.h"
 
 TzCString TzSoapLosses::shown(std::string_view text) {
     constexpr std::size_t Longest = 128;

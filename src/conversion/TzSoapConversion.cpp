@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "model/TzSoapConversion.h"
+#include "conversion/TzSoapConversion.h"
 
 #include <soap/TzSoapArrayTypeImp.h>
 #include <soap/TzSoapBodyImp.h>
@@ -11,7 +11,7 @@
 #include <soap/TzSoapUserDefinedTypeImp.h>
 
 #include "model/TzSoapAccess.h"
-#include "model/TzSoapHeldValues.h"
+#include "values/TzSoapHeldValues.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "model/TzSoapFaultConversion.h"
+#include "conversion/TzSoapFaultConversion.h"
 
 #include <soap/TzSoapFaultImp.h>
 #include <tz/tools/TzCTokenizer.h>

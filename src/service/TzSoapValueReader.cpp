@@ -15,6 +15,7 @@
 #include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapSchemaTypes.h"
+#include "values/TzSoapFollow.h"
 #include "values/TzSoapNumberText.h"
 #include "values/TzSoapValueText.h"
 
@@ -45,9 +46,6 @@ constexpr std::array<Alias, 7> Aliases = {{
     {"timeDuration", Content::xsdDuration},
     {"uriReference", Content::xsdAnyURI},
 }};
-
-/// More references in a row than anybody sends: a reference that leads to itself ends here.
-constexpr int MostReferences = 100;
 
 std::optional<bool> toBool(std::string_view text) noexcept {
     if (text == "1" || text == "true") {
@@ -150,17 +148,7 @@ TzSoapValueReader::TzSoapValueReader(const TzSoapType& value) : value_(follow(va
     }
 }
 
-TzSoapType TzSoapValueReader::follow(const TzSoapType& value) {
-    TzSoapType current = value;
-    for (int i = 0; i < MostReferences; ++i) {
-        const auto reference = tzSoapCast<TzSoapReferenceType>(current);
-        if (!reference || reference->isMimeReference() || !reference->hasReference()) {
-            break;
-        }
-        current = reference->getSoapReference();
-    }
-    return current;
-}
+TzSoapType TzSoapValueReader::follow(const TzSoapType& value) { return tzSoapFollow(value); }
 
 void TzSoapValueReader::readNull() {
     if (TzSoapArrayTypeImp::isPlaceholder(value_)) {

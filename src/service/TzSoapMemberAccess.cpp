@@ -6,7 +6,7 @@
 #include <soap/TzSoapType.h>
 #include <tz/xml/TzXmlUtils.h>
 
-#include "values/TzSoapMemberPath.h"
+#include "service/TzSoapMemberPath.h"
 
 template <typename Handle>
 TzSoapType TzSoapMemberAccess<Handle>::getChild(const TzXmlName& name) const {

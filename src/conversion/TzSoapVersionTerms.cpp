@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "model/TzSoapVersionTerms.h"
+#include "conversion/TzSoapVersionTerms.h"
 
 #include <soap/TzSoapArrayType.h>
 #include <soap/TzSoapUtils.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "model/TzSoapLosses.h"
-#include "model/TzSoapVersionTerms.h"
+#include "conversion/TzSoapLosses.h"
+#include "conversion/TzSoapVersionTerms.h"
 
 #include <tz/xml/TzXmlName.h>
 

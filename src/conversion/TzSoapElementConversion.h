@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "model/TzSoapDraft.h"
-#include "model/TzSoapLosses.h"
-#include "model/TzSoapVersionTerms.h"
+#include "conversion/TzSoapDraft.h"
+#include "conversion/TzSoapLosses.h"
+#include "conversion/TzSoapVersionTerms.h"
 
 class TzSoapAttributeSet;
 class TzXmlAttribute;

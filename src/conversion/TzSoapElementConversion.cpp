@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "model/TzSoapElementConversion.h"
+#include "conversion/TzSoapElementConversion.h"
 
 #include <utility>
 

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapBodyImp.h>
+
+#include <soap/TzSoapFaultImp.h>
+#include <soap/TzSoapParseContext.h>
+#include <soap/TzSoapUtils.h>
+
+#include "model/TzSoapAccess.h"
+
+#include <utility>
+
+void TzSoapBodyImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
+                             TzSoapParseContext* context) {
+    open(*this, context, TzSoapUtils::beginElement(*this, name, attributes));
+}
+
+void TzSoapBodyImp::startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(version_);
+    if (!names.matchSoapElement(name, TzSoapVersion::Fault)) {
+        return TzSoapGenericTypeHandler::startElement(name, attributes);
+    }
+    TzSoapParseContext& reading = this->reading("..\\TzSoapBodyImp", 80);
+    popChildStyle();
+    hasFaultElement_ = true;
+    TzSoapAccess::body(fault_).populate(name, attributes, &reading);
+}
+
+void TzSoapBodyImp::endElement(const TzXmlName&) {
+    reading("..\\TzSoapBodyImp", 88).resolveAndClearIdReferences();
+    close();
+}
+
+void TzSoapBodyImp::addChild(const TzSoapType& child) { entries_.append(child); }
+
+void TzSoapBodyImp::takeChild(TzSoapType&& child) { entries_.append(std::move(child)); }

@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapFaultImp.h>
+
+#include <soap/TzSoapCompositeTypeImp.h>
+#include <soap/TzSoapParseContext.h>
+#include <tz/xml/TzXmlElementImp.h>
+#include <tz/xml/TzXmlUtils.h>
+
+#include "model/TzSoapAccess.h"
+#include "reading/TzSoapDetailReader.h"
+#include "reading/TzSoapReadingState.h"
+
+#include <string_view>
+#include <utility>
+
+namespace {
+
+constexpr const char* Unit = "..\\TzSoapFaultImp";
+
+} // namespace
+
+// In the order in which an element is compared with them.
+const TzSoapFaultImp::Transition TzSoapFaultImp::Transitions[] = {
+    {TzSoapVersion::FaultCode, State::Code},       {TzSoapVersion::FaultValue, State::SubcodeValue},
+    {TzSoapVersion::FaultSubcode, State::Subcode}, {TzSoapVersion::FaultString, State::Reason},
+    {TzSoapVersion::FaultActor, State::Node},      {TzSoapVersion::FaultRole, State::Role},
+    {TzSoapVersion::FaultDetail, State::Detail},
+};
+
+void TzSoapFaultImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
+                              TzSoapParseContext* context) {
+    acceptEvents(context);
+    name_ = name;
+    state_ = State::None;
+    textIsUnused_ = false;
+    scopes_.clear();
+    // The attributes are not kept, but codes may use the prefixes that they declare.
+    element_ = std::make_unique<TzXmlElementImp>(name);
+    element_->getAttributes() = attributes;
+    TzSoapAccess::reading(*context).names.open(*element_);
+}
+
+void TzSoapFaultImp::startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+    static_cast<void>(reading(Unit, 88));
+    scopes_.push_back(attributes);
+    state_ = stateAfter(name);
+    if (state_ == State::Detail) {
+        readDetail(name, attributes);
+    }
+}
+
+TzSoapFaultImp::State TzSoapFaultImp::stateAfter(const TzXmlName& name) const {
+    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(version_);
+    for (const Transition& transition : Transitions) {
+        if (names.matchSoapElement(name, transition.element)) {
+            const bool codeValue = transition.state == State::SubcodeValue && state_ == State::Code;
+            return codeValue ? State::CodeValue : transition.state;
+        }
+    }
+    return state_;
+}
+
+void TzSoapFaultImp::readDetail(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+    // The detail's end comes to the detail, which receives from here on.
+    scopes_.pop_back();
+    state_ = State::None;
+    detailReader_ = std::make_unique<TzSoapDetailReader>(TzSoapAccess::body(details_), detailText_);
+    detailReader_->populate(name, attributes, context());
+}
+
+void TzSoapFaultImp::characters(const TzCString& text) {
+    static_cast<void>(reading(Unit, 116));
+    noteUnusedText();
+    text_ = text;
+    textIsUnused_ = true;
+}
+
+void TzSoapFaultImp::noteUnusedText() {
+    if (std::exchange(textIsUnused_, false)) {
+        TzSoapAccess::reading(*context()).noteDroppedText(text_);
+    }
+}
+
+void TzSoapFaultImp::endElement(const TzXmlName&) {
+    TzSoapTypeNames& names = TzSoapAccess::reading(reading(Unit, 122)).names;
+    if (names.isEmpty()) {
+        refuseEvent(Unit, 123);
+    }
+    textIsUnused_ = textIsUnused_ && !takesText();
+    noteUnusedText();
+    setValue();
+    if (!scopes_.empty()) {
+        scopes_.pop_back();
+        return;
+    }
+    names.close();
+    element_.reset();
+    detailReader_.reset();
+    declineEvents();
+}
+
+bool TzSoapFaultImp::takesText() const noexcept {
+    switch (state_) {
+    case State::Code:
+        // A version with an element for the value has nothing to say here.
+        return TzSoapVersion::getSoapElementName(TzSoapVersion::FaultValue, version_).isEmpty();
+    case State::CodeValue:
+    case State::SubcodeValue:
+    case State::Reason:
+    case State::Node:
+    case State::Role:
+        return true;
+    case State::None:
+    case State::Subcode:
+    case State::Detail:
+        break;
+    }
+    return false;
+}
+
+void TzSoapFaultImp::setValue() {
+    const State state = takesText() ? state_ : State::None;
+    state_ = State::None;
+    switch (state) {
+    case State::Code:
+    case State::CodeValue:
+        readCode_ = codeFromText();
+        code_ = readCode_.asRead;
+        break;
+    case State::SubcodeValue:
+        readSubcodes_.push_back(codeFromText());
+        subcodes_.push_back(readSubcodes_.back().asRead);
+        break;
+    case State::Reason:
+        reason_ = text_;
+        break;
+    case State::Node:
+        node_ = text_;
+        break;
+    case State::Role:
+        role_ = text_;
+        break;
+    case State::None:
+    case State::Subcode:
+    case State::Detail:
+        break;
+    }
+}
+
+TzSoapFaultImp::ReadName TzSoapFaultImp::codeFromText() const {
+    ReadName name{convertToFaultcode(text_), {}, subcodes_.size()};
+    const std::string_view value = TzXmlUtils::trim(text_);
+    name.value = value.size() < text_.size() ? convertToFaultcode(TzCString(value)) : name.asRead;
+    return name;
+}
+
+TzXmlName TzSoapFaultImp::convertToFaultcode(const TzCString& text) const {
+    const std::size_t colon = text.find(':');
+    if (colon == TzCString::npos) {
+        return TzXmlName(text, TzXmlNamespace::getEmptyNamespace());
+    }
+    const TzCString prefix = text.substr(0, colon);
+    return TzXmlName(text.substr(colon + 1), TzXmlNamespace(prefix, uriForPrefix(prefix)));
+}
+
+TzCString TzSoapFaultImp::uriForPrefix(const TzCString& prefix) const {
+    for (auto scope = scopes_.rbegin(); scope != scopes_.rend(); ++scope) {
+        const TzXmlAttribute* declared = scope->findDeclaration(prefix);
+        if (declared != scope->end()) {
+            if (!declared->getValue().empty()) {
+                return declared->getValue();
+            }
+            break;
+        }
+    }
+    return context()->getNsUriForPrefix(prefix);
+}

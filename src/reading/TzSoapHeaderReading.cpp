@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapHeaderImp.h>
+
+#include <soap/TzSoapParseContext.h>
+#include <soap/TzSoapUtils.h>
+
+#include <utility>
+
+void TzSoapHeaderImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
+                               TzSoapParseContext* context) {
+    open(*this, context, TzSoapUtils::beginElement(*this, name, attributes));
+}
+
+void TzSoapHeaderImp::endElement(const TzXmlName&) {
+    reading("..\\TzSoapHeaderImp", 74).resolveAndClearIdReferences();
+    close();
+}
+
+void TzSoapHeaderImp::addChild(const TzSoapType& child) { entries_.append(child); }
+
+void TzSoapHeaderImp::takeChild(TzSoapType&& child) { entries_.append(std::move(child)); }
