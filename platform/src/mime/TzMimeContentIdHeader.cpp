@@ -6,7 +6,7 @@
 
 namespace {
 
-/// `id` in exactly one pair of angle brackets more than it has inside of its own.
+/// `id` in angle brackets, unless it has them already.
 TzCString inBrackets(const TzCString& id) {
     const bool has = id.size() > 1 && id.front() == '<' && id.back() == '>';
     return has ? id : '<' + id + '>';

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The text from `position` up to one of `ends` or a blank; moves `position` behind it.
+/// The text from `position` up to one of `ends` or a blank; moves `position` to its end.
 std::string_view readWord(std::string_view text, std::size_t& position, std::string_view ends) {
     const std::size_t from = position;
     while (position < text.size() && !TzMimeText::isBlank(text[position]) &&
@@ -20,7 +20,7 @@ std::string_view readWord(std::string_view text, std::size_t& position, std::str
     return text.substr(from, position - from);
 }
 
-/// Position behind the next semicolon that is not part of a comment or quoted string.
+/// Position after the next semicolon that is not part of a comment or quoted string.
 std::size_t skipToNextParameter(std::string_view text, std::size_t position) {
     while (position < text.size() && text[position] != ';') {
         if (text[position] == '"') {

@@ -32,5 +32,5 @@ private:
     TzCString type_;
     TzCString subtype_;
     std::vector<TzMimeParameter> parameters_;
-    TzCString text_; // what was read, as long as nothing was changed
+    TzCString text_; // what was read; empty after a change
 };

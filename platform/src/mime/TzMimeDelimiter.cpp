@@ -8,13 +8,13 @@
 
 namespace {
 
-/// Position of `wanted` in `text` at or after `from`. The standard library's own search looks at
-/// every byte, this one skips. What lies near is found without handing the whole rest over: memory
-/// checkers look at all they are shown, part by part for a text of many parts.
+/// Position of `wanted` in `text` at or after `from`, by memmem, which is faster than the search
+/// of std::string_view. Searches in windows: the address sanitizer checks the whole range that
+/// memmem gets, which would be quadratic for a text of many parts.
 std::size_t positionOf(std::string_view text, std::string_view wanted, std::size_t from) noexcept {
-    constexpr std::size_t firstWindow = 4096;
-    constexpr std::size_t lastWindow = std::size_t{1} << 20;
-    std::size_t window = firstWindow;
+    constexpr std::size_t FirstWindow = 4096;
+    constexpr std::size_t LastWindow = std::size_t{1} << 20;
+    std::size_t window = FirstWindow;
     while (from < text.size()) {
         const std::string_view part = text.substr(from, window + wanted.size() - 1);
         const void* const found = memmem(part.data(), part.size(), wanted.data(), wanted.size());
@@ -22,7 +22,7 @@ std::size_t positionOf(std::string_view text, std::string_view wanted, std::size
             return static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
         }
         from += window;
-        window = std::min(window * 2, lastWindow);
+        window = std::min(window * 2, LastWindow);
     }
     return std::string_view::npos;
 }
@@ -31,13 +31,13 @@ std::size_t positionOf(std::string_view text, std::string_view wanted, std::size
 
 TzMimeDelimiter::TzMimeDelimiter(std::string_view boundary) : line_("\n--") {
     TzMimeText::appendWithoutLineEnds(line_, boundary);
-    while (line_.size() > prefixLength && TzMimeText::isBlank(line_.back())) {
+    while (line_.size() > PrefixLength && TzMimeText::isBlank(line_.back())) {
         line_.pop_back();
     }
 }
 
 std::string_view TzMimeDelimiter::boundary() const noexcept {
-    return std::string_view(line_).substr(prefixLength);
+    return std::string_view(line_).substr(PrefixLength);
 }
 
 std::optional<TzMimeDelimiter::Hit> TzMimeDelimiter::hitAt(std::string_view text,
@@ -48,7 +48,7 @@ std::optional<TzMimeDelimiter::Hit> TzMimeDelimiter::hitAt(std::string_view text
     }
     const TzMimeText::Line line = TzMimeText::lineAt(text, begin + wanted.size());
     const bool last = line.next == text.size() && text.back() != '\n';
-    // A text may have been cut inside of its last line end.
+    // A text may end within its last line end: with CR.
     const bool cut = last && line.content.ends_with('\r');
     const std::string_view rest =
         TzMimeText::trimEnd(line.content.substr(0, line.content.size() - (cut ? 1 : 0)));
@@ -68,7 +68,7 @@ std::optional<TzMimeDelimiter::Hit> TzMimeDelimiter::find(std::string_view text,
     if (const std::optional<Hit> hit = hitAt(text, from)) {
         return hit;
     }
-    // No boundary holds a line feed, so places where the line is found cannot overlap.
+    // A boundary contains no line feed, so two places of the line cannot overlap.
     for (std::size_t feed = positionOf(text, line_, from); feed != std::string_view::npos;
          feed = positionOf(text, line_, feed + line_.size())) {
         if (const std::optional<Hit> hit = hitAt(text, feed + 1)) {

@@ -21,20 +21,20 @@ public:
     /// part of a delimiter line and are left out.
     explicit TzMimeDelimiter(std::string_view boundary);
 
-    /// Whether nothing is left of the boundary, so that there are no delimiter lines.
-    bool isEmpty() const noexcept { return line_.size() == prefixLength; }
+    /// Whether the boundary is empty, so that the package has no delimiter lines.
+    bool isEmpty() const noexcept { return line_.size() == PrefixLength; }
     /// The boundary itself.
     std::string_view boundary() const noexcept;
     /// The next delimiter line of `text`, in the line that begins at `from` or a later one.
     std::optional<Hit> find(std::string_view text, std::size_t from) const noexcept;
     /// Whether a line of `bytes` begins like a delimiter line. A CR alone is taken for a line end
-    /// too: some readers do.
+    /// too, because some readers do so.
     bool occursIn(std::string_view bytes) const noexcept;
-    /// Adds the delimiter line to `out`, with the line end in front of it but none behind it.
+    /// Adds the delimiter line to `out`, with the line end before it and without one after it.
     void append(TzCString& out, bool closing) const;
 
 private:
-    static constexpr std::size_t prefixLength = 3; // line feed and two hyphens
+    static constexpr std::size_t PrefixLength = 3; // line feed and two hyphens
 
     std::optional<Hit> hitAt(std::string_view text, std::size_t begin) const noexcept;
 

@@ -30,7 +30,7 @@ std::string_view contentLocation(std::string_view value) noexcept {
     if (blank == std::string_view::npos) {
         return value;
     }
-    // A URI has no blanks, so comments can follow the first one; anything else is no comment.
+    // A URI has no blanks, so a comment can follow the first one; anything else is part of the URI.
     const bool comments = TzMimeText::skipBlanksAndComments(value, blank) == value.size();
     return comments ? value.substr(0, blank) : value;
 }
@@ -44,7 +44,7 @@ std::string_view comparable(std::string_view label, std::string_view value) noex
 }
 
 TzCString unfold(std::string_view label, std::string_view raw) {
-    // Long URIs are folded anywhere, and no blank belongs to them (RFC 2557, 4.4).
+    // Long URIs are folded anywhere; blanks are not part of them (RFC 2557, 4.4).
     return TzMimeText::unfold(raw, tzEqualIgnoreCase(label, TzMimeContentLocationHeader::Label));
 }
 
@@ -95,7 +95,7 @@ TzMimeContentType TzMimeHeaderBody::contentType() {
     const TzMimeContentType* type = knownType();
     if (type == nullptr) {
         auto own = std::make_unique<const TzMimeContentType>(value_);
-        // Of several threads that get here the first one wins.
+        // Where several threads get here, the first one sets the type.
         if (type_.compare_exchange_strong(type, own.get(), std::memory_order_acq_rel)) {
             type = own.release();
         }

@@ -22,16 +22,16 @@ public:
     static TzMimeHeader make(TzCString label, TzCString value);
 
     const TzCString& label() const noexcept { return label_; }
-    /// The body of a handle, null when it has none.
+    /// The body of a handle, null for an empty one.
     static TzMimeHeaderBody* of(const TzMimeHeader& header) noexcept { return header.body(); }
 
-    /// The value, that of the content type once there is one.
+    /// The value; after `contentType` that of the content type.
     TzCString value() const;
-    /// What the value is compared by: of an id or URI the bare one.
+    /// What comparisons use of the value: an id or URI without brackets and comments.
     TzCString comparable() const;
-    /// The content type that the value states, from then on part of the header.
+    /// The content type that the value states; the first call makes it a part of the header.
     TzMimeContentType contentType();
-    /// Adds the header line with its line end to `out`; nothing if no label is left.
+    /// Adds the header line with its line end to `out`; nothing without a valid label.
     void appendTo(TzCString& out) const;
 
 private:
@@ -39,7 +39,7 @@ private:
         return type_.load(std::memory_order_acquire);
     }
 
-    std::atomic<const TzMimeContentType*> type_{nullptr}; // made once, then there to stay
+    std::atomic<const TzMimeContentType*> type_{nullptr}; // made once, kept as long as the header
     TzCString label_;
     TzCString value_;
 };

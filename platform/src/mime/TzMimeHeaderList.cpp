@@ -2,12 +2,12 @@
 #include "mime/TzMimeHeaderList.h"
 
 #include "mime/TzMimeHeaderBody.h"
-#include "mime/TzMimeLock.h"
 #include "mime/TzMimeText.h"
 
 #include <tz/tools/TzMessage.h>
 #include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlParseError.h>
+#include <tz/xml/TzXmlUtils.h>
 
 #include <algorithm>
 #include <numeric>
@@ -22,7 +22,7 @@ std::size_t TzMimeHeaderList::read(std::shared_ptr<const TzCString> text, std::s
 }
 
 std::size_t TzMimeHeaderList::readLines(std::string_view slice) {
-    constexpr std::size_t usual = 4;
+    constexpr std::size_t UsualHeaders = 4;
     bool open = false; // whether a further line belongs to the last header
     std::size_t from = 0;
     while (from < slice.size()) {
@@ -43,7 +43,7 @@ std::size_t TzMimeHeaderList::readLines(std::string_view slice) {
         open = colon != std::string_view::npos;
         if (open) {
             if (slots_.empty()) {
-                slots_.reserve(usual);
+                slots_.reserve(UsualHeaders);
             }
             slots_.push_back({line.content, colon, TzMimeHeader()});
         }
@@ -54,7 +54,7 @@ std::size_t TzMimeHeaderList::readLines(std::string_view slice) {
 void TzMimeHeaderList::refuseBareReturns(std::string_view slice) const {
     for (const Slot& slot : slots_) {
         const char* const bare = TzMimeText::findBareReturn(slot.line.substr(slot.colon));
-        // A text may have been cut within its last line end.
+        // A text may end within its last line end: with CR.
         if (bare != nullptr && bare + 1 != slice.data() + slice.size()) {
             const TzMimeText::Place place = TzMimeText::placeOf(*text_, bare);
             TzThrow(TzXmlParseError::at("a MIME header has a carriage return within a line",
@@ -76,9 +76,9 @@ void TzMimeHeaderList::assign(const TzMimeHeaderList& other) {
 }
 
 void TzMimeHeaderList::insert(const TzMimeHeader& header) {
-    constexpr std::size_t typical = 80;
+    constexpr std::size_t TypicalLength = 80;
     slots_.push_back({{}, 0, header});
-    writtenSize_ += typical;
+    writtenSize_ += TypicalLength;
 }
 
 void TzMimeHeaderList::makeIndex() {
@@ -87,7 +87,7 @@ void TzMimeHeaderList::makeIndex() {
     }
     index_.resize(slots_.size());
     std::iota(index_.begin(), index_.end(), std::size_t{0});
-    // In the order of their arrival where the labels are equal.
+    // Stable: headers with equal labels stay in the order of the text.
     std::stable_sort(index_.begin(), index_.end(), [this](std::size_t left, std::size_t right) {
         return TzMimeText::compareLabels(labelAt(left), labelAt(right)) < 0;
     });
@@ -129,11 +129,11 @@ std::string_view TzMimeHeaderList::labelAt(std::size_t position) const noexcept 
 }
 
 std::string_view TzMimeHeaderList::rawValue(const Slot& slot) const noexcept {
-    return TzMimeText::trim(slot.line.substr(slot.colon + 1));
+    return TzXmlUtils::trim(slot.line.substr(slot.colon + 1));
 }
 
 TzMimeHeader TzMimeHeaderList::existing(const Slot& slot) const noexcept {
-    const TzMimeLock guard(lock_);
+    const Guard guard(lock());
     return slot.header;
 }
 
@@ -146,7 +146,7 @@ TzMimeHeader TzMimeHeaderList::at(std::size_t position) const {
     const std::string_view label = labelAt(position);
     header =
         TzMimeHeaderBody::make(TzCString(label), TzMimeHeaderValue::unfold(label, rawValue(slot)));
-    const TzMimeLock guard(lock_);
+    const Guard guard(lock());
     if (slot.header.getLabel().empty()) {
         slot.header = header;
     }
@@ -198,12 +198,12 @@ void TzMimeHeaderList::append(std::size_t position, TzCString& out) const {
 
 void TzMimeHeaderList::prefetchHeaders() const noexcept {
     for (const Slot& slot : slots_) {
-        // Of a line that was read another thread may be making the header.
+        // Skip lines that were read: another thread may be making their headers.
         if (!slot.line.empty()) {
             continue;
         }
         if (const TzMimeHeaderBody* const body = TzMimeHeaderBody::of(slot.header)) {
-            tzPrefetch(body, sizeof(TzMimeHeaderBody));
+            TzMimePrefetch::prefetch(body, sizeof(TzMimeHeaderBody));
         }
     }
 }

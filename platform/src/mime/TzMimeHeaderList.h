@@ -5,6 +5,7 @@
 
 #include <tz/mime/TzMimeHeader.h>
 #include <tz/thread/TzMutexLock.h>
+#include <tz/thread/TzTMonitor.h>
 #include <tz/tools/TzCString.h>
 
 #include <cstddef>
@@ -15,19 +16,19 @@
 
 /// The headers of a part.
 ///
-/// Headers that were read stay slices of the text until somebody asks for one; where they are many,
+/// Headers that were read stay slices of the text until `at` makes one; where they are many,
 /// look-ups use an index of their labels. Constant members may be called on several threads at
-/// once.
-class TzMimeHeaderList {
+/// once: the lock guards the headers that they make.
+class TzMimeHeaderList : private TzTMonitor<TzMutexLock> {
 public:
     TzMimeHeaderList() noexcept = default;
     TzMimeHeaderList(const TzMimeHeaderList&) = delete;
     TzMimeHeaderList& operator=(const TzMimeHeaderList&) = delete;
 
     /// Reads the header lines at the begin of `slice`, a piece of `text`, and returns where the
-    /// body begins: behind the empty line, or at the end. `TzXmlParseError`, with the place in
-    /// `text`, for a value with a carriage return that ends no line: readers differ on what it
-    /// means.
+    /// body begins: after the empty line, or at the end. `TzXmlParseError`, with the place in
+    /// `text`, for a value with a carriage return without a line feed: readers differ on what
+    /// it means.
     std::size_t read(std::shared_ptr<const TzCString> text, std::string_view slice);
     /// Takes over the headers of `other` as they are now.
     void assign(const TzMimeHeaderList& other);
@@ -53,7 +54,9 @@ public:
     /// Roughly how many bytes the header lines will take. Does not look at them.
     std::size_t writtenSize() const noexcept { return writtenSize_; }
     /// Asks for the memory of the list.
-    void prefetch() const noexcept { tzPrefetch(slots_.data(), slots_.size() * sizeof(Slot)); }
+    void prefetch() const noexcept {
+        TzMimePrefetch::prefetch(slots_.data(), slots_.size() * sizeof(Slot));
+    }
     /// Asks for the memory of the headers in the list.
     void prefetchHeaders() const noexcept;
 
@@ -73,12 +76,11 @@ private:
     std::size_t findByIndex(std::string_view label, std::size_t start) const noexcept;
     std::size_t findInTurn(std::string_view label, std::size_t start) const noexcept;
     std::string_view rawValue(const Slot& slot) const noexcept;
-    /// The header of a slot if there is one by now.
+    /// The header of a slot; empty while nothing has made it.
     TzMimeHeader existing(const Slot& slot) const noexcept;
 
     mutable std::vector<Slot> slots_;
     std::vector<std::size_t> index_; // of the first slots, by label and position; empty for few
     std::size_t writtenSize_ = 0;
     std::shared_ptr<const TzCString> text_;
-    mutable TzMutexLock lock_; // for the headers of the slots
 };

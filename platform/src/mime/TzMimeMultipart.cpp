@@ -24,7 +24,7 @@ const TzMimeParts* TzMimeMultipart::parts() const noexcept {
 
 TzMimeParts& TzMimeMultipart::ownParts() {
     if (parts() == nullptr) {
-        // A part assigned through a reference to the base class stays what it is for its others.
+        // A plain part was assigned through TzMimePart&: other handles keep it, this one does not.
         TzMimePart package = TzMimePartBody::make(true);
         if (body() != nullptr) {
             TzMimePartBody::of(package)->assignHeaders(*body());
@@ -44,7 +44,7 @@ bool TzMimeMultipart::isComplete() const noexcept {
 
 TzMimePart TzMimeMultipart::getPart(std::size_t position) const {
     if (position >= getPartCount()) {
-        throw TzXmlBoundsError(TzMessage("The package has no such part"));
+        throw TzXmlBoundsError(TzMessage("the package has no such part"));
     }
     return parts()->all()[position];
 }
@@ -88,7 +88,7 @@ void TzMimeMultipart::insertPart(const TzMimePart& part) { insertPartAt(getPartC
 
 void TzMimeMultipart::insertPartAt(std::size_t position, const TzMimePart& part) {
     if (position > getPartCount()) {
-        throw TzXmlBoundsError(TzMessage("The package has no such place for a part"));
+        throw TzXmlBoundsError(TzMessage("the package has no such place for a part"));
     }
     ownParts().insert(position, part);
 }

@@ -3,10 +3,10 @@
 
 namespace {
 
-constexpr std::string_view boundaryName = "boundary";
-constexpr std::string_view typeName = "type";
-constexpr std::string_view startName = "start";
-constexpr std::string_view startInfoName = "start-info";
+constexpr std::string_view BoundaryName = "boundary";
+constexpr std::string_view TypeName = "type";
+constexpr std::string_view StartName = "start";
+constexpr std::string_view StartInfoName = "start-info";
 
 } // namespace
 
@@ -26,24 +26,24 @@ TzMimeMultipartRelatedType::TzMimeMultipartRelatedType(const TzMimeContentType& 
 
 TzMimeMultipartRelatedType::~TzMimeMultipartRelatedType() = default;
 
-TzCString TzMimeMultipartRelatedType::getBoundary() const { return getParameter(boundaryName); }
+TzCString TzMimeMultipartRelatedType::getBoundary() const { return getParameter(BoundaryName); }
 
 void TzMimeMultipartRelatedType::setBoundary(const TzCString& boundary) {
-    setParameter(boundaryName, boundary);
+    setParameter(BoundaryName, boundary);
 }
 
-TzCString TzMimeMultipartRelatedType::getType() const { return getParameter(typeName); }
+TzCString TzMimeMultipartRelatedType::getType() const { return getParameter(TypeName); }
 
-void TzMimeMultipartRelatedType::setType(const TzCString& type) { setParameter(typeName, type); }
+void TzMimeMultipartRelatedType::setType(const TzCString& type) { setParameter(TypeName, type); }
 
-TzCString TzMimeMultipartRelatedType::getStart() const { return getParameter(startName); }
+TzCString TzMimeMultipartRelatedType::getStart() const { return getParameter(StartName); }
 
 void TzMimeMultipartRelatedType::setStart(const TzCString& start) {
-    setParameter(startName, start);
+    setParameter(StartName, start);
 }
 
-TzCString TzMimeMultipartRelatedType::getStartInfo() const { return getParameter(startInfoName); }
+TzCString TzMimeMultipartRelatedType::getStartInfo() const { return getParameter(StartInfoName); }
 
 void TzMimeMultipartRelatedType::setStartInfo(const TzCString& startInfo) {
-    setParameter(startInfoName, startInfo);
+    setParameter(StartInfoName, startInfo);
 }

@@ -3,6 +3,8 @@
 
 #include "mime/TzMimeText.h"
 
+#include <tz/tools/TzTextTools.h>
+
 #include <algorithm>
 #include <charconv>
 #include <tuple>
@@ -10,16 +12,16 @@
 
 namespace {
 
-/// The number of a parameter that has no sections.
-constexpr std::uint32_t whole = 0xFFFFFFFF;
+/// The section number of a parameter without sections.
+constexpr std::uint32_t NoSection = 0xFFFFFFFF;
 
 TzCString inSmallLetters(std::string_view name) {
     TzCString key(name);
-    std::transform(key.begin(), key.end(), key.begin(), TzMimeText::toSmall);
+    std::transform(key.begin(), key.end(), key.begin(), TzTextTools::toLower);
     return key;
 }
 
-/// `text` without the character set and language in front of it.
+/// `text` without the character set and language before it (RFC 2231, 4).
 std::string_view withoutCharset(std::string_view text) noexcept {
     const std::size_t charset = text.find('\'');
     const std::size_t language =
@@ -35,7 +37,7 @@ void TzMimeParameterSections::add(std::string_view name, TzCString value) {
     if (encoded) {
         base.remove_suffix(1);
     }
-    std::uint32_t number = whole;
+    std::uint32_t number = NoSection;
     if (const std::size_t star = base.find('*'); star != std::string_view::npos) {
         const char* const end = base.data() + base.size();
         const auto read = std::from_chars(base.data() + star + 1, end, number);
@@ -57,7 +59,7 @@ bool TzMimeParameterSections::precedes(const Section& left, const Section& right
 }
 
 void TzMimeParameterSections::append(TzCString& value, const Section& section) {
-    const bool opens = section.number == whole || section.number == 0;
+    const bool opens = section.number == NoSection || section.number == 0;
     const std::string_view text = section.parameter.value;
     if (section.encoded) {
         TzMimeText::appendPercentDecoded(value, opens ? withoutCharset(text) : text);
@@ -69,7 +71,7 @@ void TzMimeParameterSections::append(TzCString& value, const Section& section) {
 std::optional<TzMimeParameterSections::Section>
 TzMimeParameterSections::joinGroup(std::span<Section> group) {
     const auto first = std::find_if(group.begin(), group.end(), [](const Section& section) {
-        return section.number == 0 || section.number == whole;
+        return section.number == 0 || section.number == NoSection;
     });
     if (first == group.end()) {
         return std::nullopt;

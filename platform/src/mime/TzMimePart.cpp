@@ -54,7 +54,7 @@ std::size_t TzMimePart::findHeader(std::string_view label, std::size_t start) co
 
 TzMimeHeader TzMimePart::getHeader(std::size_t position) const {
     if (position >= getHeaderCount()) {
-        throw TzXmlBoundsError(TzMessage("The part has no such header"));
+        throw TzXmlBoundsError(TzMessage("the part has no such header"));
     }
     return body()->headers().at(position);
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "mime/TzMimePartBody.h"
 
-#include "mime/TzMimeLock.h"
 #include "mime/TzMimeParts.h"
 #include "mime/TzMimeText.h"
 
@@ -26,7 +25,7 @@ std::size_t findFirstHeader(std::string_view text) noexcept {
     return std::string_view::npos;
 }
 
-/// Where the body of a text without header lines begins: behind its first empty line if it has one.
+/// Where the body of a text without header lines begins: after its first empty line if it has one.
 std::size_t findBody(std::string_view text) noexcept {
     for (std::size_t from = 0; from < text.size();) {
         const TzMimeText::Line line = TzMimeText::lineAt(text, from);
@@ -36,12 +35,6 @@ std::size_t findBody(std::string_view text) noexcept {
         }
     }
     return 0;
-}
-
-void raise(const std::weak_ptr<std::atomic<bool>>& watcher) noexcept {
-    if (const auto changed = watcher.lock()) {
-        changed->store(true, std::memory_order_release);
-    }
 }
 
 } // namespace
@@ -80,7 +73,7 @@ void TzMimePartBody::readParts(const Text& text) {
         return;
     }
     if (parts_->all().empty() && encoding_ != Kind::Identity) {
-        // No package is to be encoded, but what looked like a delimiter can have enforced it.
+        // Packages must not be encoded, but our writer encodes one that contains its delimiter.
         setBytes(copyBytes());
     } else {
         store(nullptr, {}, Kind::Identity);
@@ -105,22 +98,11 @@ void TzMimePartBody::insertHeader(const TzMimeHeader& header) {
     if (!statedEncoding_ && tzEqualIgnoreCase(header.getLabel(), TzMimeTransferEncoding::Label)) {
         statedEncoding_ = TzMimeTransferEncoding::kindOf(header.getValue());
     }
-    const TzMimeLock guard(lock_);
-    raise(watcher_);
-    for (const std::weak_ptr<std::atomic<bool>>& watcher : moreWatchers_) {
-        raise(watcher);
-    }
-    moreWatchers_.clear();
+    watchers_.raise();
 }
 
 void TzMimePartBody::watchHeaders(const std::weak_ptr<std::atomic<bool>>& changed) {
-    const TzMimeLock guard(lock_);
-    if (watcher_.expired()) {
-        watcher_ = changed;
-        return;
-    }
-    moreWatchers_.remove_if([](const auto& watcher) { return watcher.expired(); });
-    moreWatchers_.push_front(changed);
+    watchers_.add(changed);
 }
 
 void TzMimePartBody::setBytes(TzCString bytes) {
@@ -142,7 +124,7 @@ std::string_view TzMimePartBody::bytes() const {
     if (decoded == nullptr) {
         auto own =
             std::make_unique<const TzCString>(TzMimeTransferEncoding::decode(encoding_, stored_));
-        // Of several threads that get here the first one wins.
+        // Where several threads get here, the first one sets the bytes.
         if (decoded_.compare_exchange_strong(decoded, own.get(), std::memory_order_acq_rel)) {
             decoded = own.release();
         }

@@ -2,15 +2,14 @@
 #pragma once
 
 #include "mime/TzMimeHeaderList.h"
+#include "mime/TzMimeHeaderWatchers.h"
 #include "mime/TzMimeTransferEncoding.h"
 
 #include <tz/mime/TzMimePart.h>
 #include <tz/pointer/TzBodyBase.h>
-#include <tz/thread/TzMutexLock.h>
 
 #include <atomic>
 #include <cstddef>
-#include <forward_list>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -32,14 +31,14 @@ public:
     static TzMimePart make(bool package);
     /// A handle to the part that the `size` bytes at `begin` of `text` hold.
     static TzMimePart read(const Text& text, std::size_t begin, std::size_t size);
-    /// The body of a handle, null when it has none.
+    /// The body of a handle, null for an empty one.
     static TzMimePartBody* of(const TzMimePart& part) noexcept { return part.body(); }
 
     /// Reads the whole of `text`, headers and body.
     void readText(const Text& text);
 
     bool isPackage() const noexcept { return parts_ != nullptr; }
-    /// The parts; only of a package.
+    /// The parts; call this for packages only.
     TzMimeParts& parts() const noexcept { return *parts_; }
     const TzMimeHeaderList& headers() const noexcept { return headers_; }
     void insertHeader(const TzMimeHeader& header);
@@ -48,7 +47,7 @@ public:
     /// Has `changed` raised when the headers change next.
     void watchHeaders(const std::weak_ptr<std::atomic<bool>>& changed);
 
-    /// Replaces the body, of a package the parts.
+    /// Replaces the body, or the parts of a package.
     void setBytes(TzCString bytes);
     /// The body without its transfer encoding, kept once it had to be decoded.
     std::string_view bytes() const;
@@ -57,7 +56,7 @@ public:
     /// The body as it is kept, which is in the encoding `storedEncoding`.
     std::string_view stored() const noexcept { return stored_; }
     TzMimeTransferEncoding::Kind storedEncoding() const noexcept { return encoding_; }
-    /// The encoding that the headers state. Known without looking at them: whoever writes asks.
+    /// The encoding that the headers state. Stored, because writing needs it of every part.
     TzMimeTransferEncoding::Kind statedEncoding() const noexcept {
         return statedEncoding_.value_or(TzMimeTransferEncoding::Kind::Identity);
     }
@@ -70,15 +69,13 @@ private:
     std::optional<TzMimeTransferEncoding::Kind> findEncoding() const;
     void store(Text text, std::string_view bytes, TzMimeTransferEncoding::Kind encoding) noexcept;
 
-    // First what writing looks at: in a large package every part comes from far away.
+    // What writing reads comes first: the parts of a large package are spread over the memory.
     std::string_view stored_;
     std::unique_ptr<TzMimeParts> parts_;
     TzMimeTransferEncoding::Kind encoding_ = TzMimeTransferEncoding::Kind::Identity;
-    std::optional<TzMimeTransferEncoding::Kind> statedEncoding_; // by the first header that does
+    std::optional<TzMimeTransferEncoding::Kind> statedEncoding_; // by the first such header
     TzMimeHeaderList headers_;
     Text text_; // owns what stored_ refers to
     mutable std::atomic<const TzCString*> decoded_{nullptr};
-    std::weak_ptr<std::atomic<bool>> watcher_;
-    std::forward_list<std::weak_ptr<std::atomic<bool>>> moreWatchers_; // of other packages
-    TzMutexLock lock_;                                                 // for the watchers
+    TzMimeHeaderWatchers watchers_;
 };

@@ -14,9 +14,9 @@
 
 /// Finds the parts of a package by the value of one header, Content-ID or Content-Location.
 ///
-/// Built when first asked and again after a change. Its keys come from others: entries of one
-/// bucket are ordered, so whatever the keys are, nothing costs more than O(log n) for each of them.
-/// May be asked on several threads at once.
+/// `find` builds it, again after a change. A sender chooses the keys: entries of one bucket are
+/// ordered, so whatever the keys are, nothing costs more than O(log n) for each of them.
+/// Usable from several threads at once.
 class TzMimePartIndex {
 public:
     /// An index of headers with the label `label`.
@@ -27,7 +27,7 @@ public:
     /// Position of the first of `parts` at or after `start` with a header whose comparable value is
     /// `key`; `TzMimePart::NotFound` without one.
     std::size_t find(const std::vector<TzMimePart>& parts, std::string_view key, std::size_t start);
-    /// Forgets everything: the parts are others now.
+    /// Forgets everything, because the parts were replaced.
     void clear() noexcept;
     const char* label() const noexcept { return label_; }
 
@@ -50,6 +50,6 @@ private:
     std::mutex mutex_;
     std::vector<Entry> entries_;        // bucket by bucket
     std::vector<std::size_t> ends_;     // where each bucket ends; empty before the index is built
-    std::forward_list<TzCString> kept_; // keys that are no slices of the parts' texts
+    std::forward_list<TzCString> kept_; // keys that are not slices of the parts' texts
     std::shared_ptr<std::atomic<bool>> changed_; // raised by a part whose headers change
 };

@@ -13,12 +13,12 @@ namespace {
 
 using TzMimeTransferEncoding::Kind;
 
-constexpr std::string_view defaultBoundary = "MIME_boundary";
-constexpr std::string_view boundaryName = "boundary";
+constexpr std::string_view DefaultBoundary = "MIME_boundary";
+constexpr std::string_view BoundaryName = "boundary";
 
-/// Asks for what the parts behind the one at `at` are made of. No cache holds a large package, and
-/// each of its parts lies elsewhere: what one part is made of comes while others are written, each
-/// piece of it one part after the piece that leads to it.
+/// Prefetches the parts after the one at `at`. No cache holds a large package, and its parts are
+/// spread over the memory: the pieces of a part arrive while others are written, each piece one
+/// part after the piece that refers to it.
 void prefetch(const std::vector<TzMimePart>& parts, std::size_t at) noexcept {
     if (at + 3 >= parts.size()) {
         return;
@@ -26,8 +26,8 @@ void prefetch(const std::vector<TzMimePart>& parts, std::size_t at) noexcept {
     TzMimePartBody::of(parts[at + 1])->headers().prefetchHeaders();
     const TzMimePartBody& second = *TzMimePartBody::of(parts[at + 2]);
     second.headers().prefetch();
-    tzPrefetch(second.stored().data(), second.stored().size());
-    tzPrefetch(TzMimePartBody::of(parts[at + 3]), sizeof(TzMimePartBody));
+    TzMimePrefetch::prefetch(second.stored().data(), second.stored().size());
+    TzMimePrefetch::prefetch(TzMimePartBody::of(parts[at + 3]), sizeof(TzMimePartBody));
 }
 
 } // namespace
@@ -35,7 +35,7 @@ void prefetch(const std::vector<TzMimePart>& parts, std::size_t at) noexcept {
 TzMimePartWriter::TzMimePartWriter(const TzMimePartBody& part)
     : part_(part), delimiter_(part.isPackage() ? part.boundary() : TzCString()) {
     if (part.isPackage() && delimiter_.isEmpty() && !part.parts().all().empty()) {
-        delimiter_ = TzMimeDelimiter(defaultBoundary);
+        delimiter_ = TzMimeDelimiter(DefaultBoundary);
         ownBoundary_ = true;
     }
 }
@@ -46,6 +46,7 @@ TzMimePartWriter::Plan TzMimePartWriter::plan(const TzMimePartBody& part) const 
     if (stated == part.storedEncoding()) {
         plan.bytes = part.stored(); // as it was read
     } else if (stated == Kind::Base64) {
+        // appendBody encodes it into the output: it cannot contain a delimiter line.
         plan.bytes = part.bytes();
         plan.encoding = Kind::Base64;
     } else {
@@ -85,16 +86,16 @@ TzCString TzMimePartWriter::writeBody() const {
 }
 
 std::size_t TzMimePartWriter::expectedSize(const TzMimePartBody& part) {
-    constexpr std::size_t lineEnds = 16;
+    constexpr std::size_t LineEnds = 16;
     const Kind stated = part.statedEncoding();
     const Kind encoding = stated == part.storedEncoding() ? Kind::Identity : stated;
-    return part.headers().writtenSize() + lineEnds +
+    return part.headers().writtenSize() + LineEnds +
            TzMimeTransferEncoding::encodedSize(encoding, part.stored().size());
 }
 
 std::size_t TzMimePartWriter::expectedSize() const {
-    constexpr std::size_t aroundParts = 128; // the closing line, a header for the boundary
-    std::size_t size = expectedSize(part_) + aroundParts;
+    constexpr std::size_t AroundParts = 128; // the closing line, a header for the boundary
+    std::size_t size = expectedSize(part_) + AroundParts;
     if (isSeparated()) {
         for (const TzMimePart& part : part_.parts().all()) {
             size += expectedSize(*TzMimePartBody::of(part)) + delimiter_.boundary().size();
@@ -116,7 +117,7 @@ void TzMimePartWriter::appendHeaders(TzCString& out) const {
     }
     if (ownBoundary_ && type == TzMimePart::NotFound) {
         TzMimeContentType mixed("multipart", "mixed");
-        mixed.setParameter(boundaryName, defaultBoundary);
+        mixed.setParameter(BoundaryName, DefaultBoundary);
         TzMimeHeaderValue::append(out, TzMimeContentTypeHeader::Label, mixed.asString());
     }
 }
@@ -124,7 +125,7 @@ void TzMimePartWriter::appendHeaders(TzCString& out) const {
 void TzMimePartWriter::appendBoundaryHeader(TzCString& out, std::size_t position) const {
     TzCString kept;
     TzMimeContentType type{TzCString(part_.headers().valueAt(position, kept))};
-    type.setParameter(boundaryName, defaultBoundary);
+    type.setParameter(BoundaryName, DefaultBoundary);
     TzMimeHeaderValue::append(out, TzMimeContentTypeHeader::Label, type.asString());
 }
 

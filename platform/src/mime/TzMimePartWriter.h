@@ -17,7 +17,7 @@ public:
 
     /// The text with the headers.
     TzCString write() const;
-    /// The text behind the headers: of a package the parts with the lines that separate them.
+    /// The text after the headers; of a package, the parts with the lines that separate them.
     TzCString writeBody() const;
 
 private:
@@ -26,7 +26,7 @@ private:
         std::string_view bytes; // what is written
         TzMimeTransferEncoding::Kind encoding = TzMimeTransferEncoding::Kind::Identity;
         bool forced = false; // whether the headers have to be made to state base64
-        TzCString kept;      // what bytes refers to when the part does not have it
+        TzCString kept;      // what `bytes` refers to when the part does not own it
     };
 
     bool isSeparated() const noexcept { return !delimiter_.isEmpty(); }
@@ -41,6 +41,6 @@ private:
     static void appendBody(TzCString& out, const Plan& plan);
 
     const TzMimePartBody& part_;
-    TzMimeDelimiter delimiter_; // empty for a part that has no parts
+    TzMimeDelimiter delimiter_; // empty unless the part is a package
     bool ownBoundary_ = false;  // whether the headers lack the boundary
 };

@@ -59,7 +59,7 @@ void TzMimeParts::insert(std::size_t position, const TzMimePart& part) {
     if (body == nullptr) {
         inserted = TzMimePartBody::make(false);
     } else if (body->isPackage()) {
-        // Packages hold no packages: none can be part of itself, none is written by recursion.
+        // A package holds no packages: so it cannot contain itself, and writing needs no recursion.
         TzMimePart text;
         text.fromString(part.asString());
         inserted = std::move(text);

@@ -18,8 +18,8 @@ public:
     const std::vector<TzMimePart>& all() const noexcept { return parts_; }
     /// Whether the closing line was there when the parts were read; true for parts that were not.
     bool isComplete() const noexcept { return complete_; }
-    /// Reads the parts from `text`, from the line that begins at `from` on. Nothing changes when a
-    /// part is refused.
+    /// Reads the parts from `text`, from the line that begins at `from` on. Changes nothing when it
+    /// refuses a part.
     void read(const std::shared_ptr<const TzCString>& text, std::size_t from,
               std::string_view boundary);
     /// Inserts a handle to `part`, or to its text if it is a package, at `position`.

@@ -1,20 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "mime/TzMimeText.h"
 
+#include <tz/tools/TzTextTools.h>
+#include <tz/xml/TzXmlUtils.h>
+
 #include <algorithm>
-#include <charconv>
+#include <optional>
 
 namespace {
 
-constexpr std::string_view breaks = "\r\n";
+constexpr std::string_view LineBreaks = "\r\n";
 
-bool isLineEnd(char character) noexcept { return character == '\r' || character == '\n'; }
-
-bool isSpace(char character) noexcept {
-    return TzMimeText::isBlank(character) || isLineEnd(character);
-}
-
-/// Position behind the comment that begins at `position`; the end of `text` if nothing closes it.
+/// Position after the comment that begins at `position`; the end of `text` if it is not closed.
 std::size_t skipComment(std::string_view text, std::size_t position) noexcept {
     std::size_t depth = 0;
     for (; position < text.size(); ++position) {
@@ -43,16 +40,6 @@ Line lineAt(std::string_view text, std::size_t from) noexcept {
     return {text.substr(from, feed - from - (pair ? 1 : 0)), feed + 1};
 }
 
-std::string_view trim(std::string_view text) noexcept {
-    while (!text.empty() && isSpace(text.back())) {
-        text.remove_suffix(1);
-    }
-    while (!text.empty() && isSpace(text.front())) {
-        text.remove_prefix(1);
-    }
-    return text;
-}
-
 std::string_view trimEnd(std::string_view text) noexcept {
     while (!text.empty() && isBlank(text.back())) {
         text.remove_suffix(1);
@@ -65,9 +52,9 @@ bool isLabelCharacter(char character) noexcept {
 }
 
 bool isTokenCharacter(char character) noexcept {
-    constexpr std::string_view specials = "()<>@,;:\\\"/[]?=";
+    constexpr std::string_view Specials = "()<>@,;:\\\"/[]?=";
     return character > ' ' && character < '\x7f' &&
-           specials.find(character) == std::string_view::npos;
+           Specials.find(character) == std::string_view::npos;
 }
 
 std::size_t findColon(std::string_view line) noexcept {
@@ -87,7 +74,8 @@ std::size_t findColon(std::string_view line) noexcept {
 int compareLabels(std::string_view left, std::string_view right) noexcept {
     const std::size_t common = std::min(left.size(), right.size());
     for (std::size_t position = 0; position < common; ++position) {
-        const int difference = toSmall(left[position]) - toSmall(right[position]);
+        const int difference =
+            TzTextTools::toLower(left[position]) - TzTextTools::toLower(right[position]);
         if (difference != 0) {
             return difference;
         }
@@ -113,7 +101,7 @@ Place placeOf(std::string_view text, const char* at) noexcept {
 bool isFolded(std::string_view raw) noexcept { return raw.find('\n') != std::string_view::npos; }
 
 TzCString unfold(std::string_view raw, bool joined) {
-    raw = trim(raw);
+    raw = TzXmlUtils::trim(raw);
     TzCString value;
     value.reserve(raw.size());
     for (std::size_t from = 0; from < raw.size();) {
@@ -129,7 +117,7 @@ TzCString unfold(std::string_view raw, bool joined) {
 
 void appendWithoutLineEnds(TzCString& out, std::string_view text) {
     for (;;) {
-        const std::size_t end = text.find_first_of(breaks);
+        const std::size_t end = text.find_first_of(LineBreaks);
         out.append(text.substr(0, end));
         if (end == std::string_view::npos) {
             return;
@@ -140,11 +128,10 @@ void appendWithoutLineEnds(TzCString& out, std::string_view text) {
 
 void appendPercentDecoded(TzCString& out, std::string_view text) {
     for (std::size_t position = 0; position < text.size(); ++position) {
-        unsigned char byte = 0;
-        const char* const digits = text.data() + position + 1;
-        if (text[position] == '%' && position + 2 < text.size() &&
-            std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2) {
-            out.push_back(static_cast<char>(byte));
+        const std::optional<char> byte =
+            text[position] == '%' ? TzTextTools::hexByte(text.substr(position + 1)) : std::nullopt;
+        if (byte) {
+            out.push_back(*byte);
             position += 2;
         } else {
             out.push_back(text[position]);
@@ -153,7 +140,7 @@ void appendPercentDecoded(TzCString& out, std::string_view text) {
 }
 
 std::size_t skipBlanksAndComments(std::string_view text, std::size_t from) noexcept {
-    while (from < text.size() && (isSpace(text[from]) || text[from] == '(')) {
+    while (from < text.size() && (TzXmlUtils::isWhiteSpace(text[from]) || text[from] == '(')) {
         from = text[from] == '(' ? skipComment(text, from) : from + 1;
     }
     return from;

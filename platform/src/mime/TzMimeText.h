@@ -28,20 +28,14 @@ struct Place {
 constexpr bool isBlank(char character) noexcept { return character == ' ' || character == '\t'; }
 /// The line of `text` that begins at `from`.
 Line lineAt(std::string_view text, std::size_t from) noexcept;
-/// `text` without blanks and line ends at both sides.
-std::string_view trim(std::string_view text) noexcept;
 /// `text` without blanks at its end.
 std::string_view trimEnd(std::string_view text) noexcept;
 /// Whether `character` may stand in the label of a header.
 bool isLabelCharacter(char character) noexcept;
 /// Whether `character` may stand in a token.
 bool isTokenCharacter(char character) noexcept;
-/// Position of the colon when `line` begins with a label, npos when it is no header line.
+/// Position of the colon when `line` begins with a label, npos for any other line.
 std::size_t findColon(std::string_view line) noexcept;
-/// `character`, as a small letter if it is an ASCII letter.
-constexpr char toSmall(char character) noexcept {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 32) : character;
-}
 /// The order of two labels, ASCII letters compared without case: negative, 0 or positive.
 int compareLabels(std::string_view left, std::string_view right) noexcept;
 /// The first carriage return in `text` that no line feed follows, null without one.
@@ -57,9 +51,9 @@ TzCString unfold(std::string_view raw, bool joined);
 void appendWithoutLineEnds(TzCString& out, std::string_view text);
 /// Adds `text` with its "%XX" replaced by the bytes they stand for to `out`.
 void appendPercentDecoded(TzCString& out, std::string_view text);
-/// Where `text` goes on behind the blanks and comments that begin at `from`.
+/// Position after the blanks and comments that begin at `from` in `text`.
 std::size_t skipBlanksAndComments(std::string_view text, std::size_t from) noexcept;
-/// The value of the quoted string that begins at `position`, which is moved behind it.
+/// The value of the quoted string that begins at `position`, which is moved to its end.
 TzCString readQuoted(std::string_view text, std::size_t& position);
 /// Adds `value` as a quoted string to `out`.
 void appendQuoted(TzCString& out, std::string_view value);

@@ -3,30 +3,33 @@
 
 #include "mime/TzMimeText.h"
 
+#include <tz/tools/TzTextTools.h>
+
 #include <array>
 #include <cstdint>
+#include <optional>
 
 namespace {
 
 using TzMimeTransferEncoding::Kind;
 
-constexpr std::string_view letters =
+constexpr std::string_view Letters =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-constexpr std::string_view hexDigits = "0123456789ABCDEF";
-constexpr std::size_t lineLength = 76;
-constexpr std::size_t bytesPerLine = lineLength / 4 * 3;
-constexpr unsigned char noLetter = 0xFF;
+constexpr std::string_view HexDigits = "0123456789ABCDEF";
+constexpr std::size_t LineLength = 76;
+constexpr std::size_t BytesPerLine = LineLength / 4 * 3;
+constexpr unsigned char NoLetter = 0xFF;
 
 constexpr std::array<unsigned char, 256> makeLetterValues() {
     std::array<unsigned char, 256> values{};
-    values.fill(noLetter);
-    for (std::size_t index = 0; index < letters.size(); ++index) {
-        values[static_cast<unsigned char>(letters[index])] = static_cast<unsigned char>(index);
+    values.fill(NoLetter);
+    for (std::size_t index = 0; index < Letters.size(); ++index) {
+        values[static_cast<unsigned char>(Letters[index])] = static_cast<unsigned char>(index);
     }
     return values;
 }
 
-constexpr std::array<unsigned char, 256> letterValues = makeLetterValues();
+constexpr std::array<unsigned char, 256> LetterValues = makeLetterValues();
 
 std::uint32_t byteAt(std::string_view bytes, std::size_t position) noexcept {
     return static_cast<unsigned char>(bytes[position]);
@@ -37,10 +40,10 @@ void encodeGroup(std::string_view bytes, char* out) noexcept {
     const std::uint32_t second = bytes.size() > 1 ? byteAt(bytes, 1) : 0;
     const std::uint32_t third = bytes.size() > 2 ? byteAt(bytes, 2) : 0;
     const std::uint32_t group = byteAt(bytes, 0) << 16U | second << 8U | third;
-    out[0] = letters[group >> 18U];
-    out[1] = letters[group >> 12U & 63U];
-    out[2] = bytes.size() > 1 ? letters[group >> 6U & 63U] : '=';
-    out[3] = bytes.size() > 2 ? letters[group & 63U] : '=';
+    out[0] = Letters[group >> 18U];
+    out[1] = Letters[group >> 12U & 63U];
+    out[2] = bytes.size() > 1 ? Letters[group >> 6U & 63U] : '=';
+    out[3] = bytes.size() > 2 ? Letters[group & 63U] : '=';
 }
 
 void encodeBase64(std::string_view bytes, TzCString& out) {
@@ -48,7 +51,7 @@ void encodeBase64(std::string_view bytes, TzCString& out) {
     out.resize(start + TzMimeTransferEncoding::encodedSize(Kind::Base64, bytes.size()));
     char* to = out.data() + start;
     for (std::size_t from = 0; from < bytes.size(); from += 3) {
-        if (from != 0 && from % bytesPerLine == 0) {
+        if (from != 0 && from % BytesPerLine == 0) {
             *to++ = '\r';
             *to++ = '\n';
         }
@@ -64,9 +67,9 @@ public:
 
     /// Takes one character; false when it ends the data.
     bool take(char character) {
-        const unsigned char value = letterValues[static_cast<unsigned char>(character)];
-        if (value == noLetter) {
-            // Padding in a place where there can be none is one of the characters to skip.
+        const unsigned char value = LetterValues[static_cast<unsigned char>(character)];
+        if (value == NoLetter) {
+            // '=' before a group's third letter is not padding; skip it.
             return character != '=' || count_ < 2;
         }
         group_ = group_ << 6U | value;
@@ -146,13 +149,13 @@ private:
         breakBefore(3);
         const auto byte = static_cast<unsigned char>(rest.front());
         out_.push_back('=');
-        out_.push_back(hexDigits[byte >> 4U]);
-        out_.push_back(hexDigits[byte & 15U]);
+        out_.push_back(HexDigits[byte >> 4U]);
+        out_.push_back(HexDigits[byte & 15U]);
     }
 
     /// Makes room for `length` characters and the "=" that may have to follow.
     void breakBefore(std::size_t length) {
-        if (column_ + length >= lineLength) {
+        if (column_ + length >= LineLength) {
             out_.append("=\r\n");
             column_ = 0;
         }
@@ -162,14 +165,6 @@ private:
     TzCString& out_;
     std::size_t column_ = 0;
 };
-
-int hexValue(char character) noexcept {
-    if (character >= '0' && character <= '9') {
-        return character - '0';
-    }
-    const char upper = static_cast<char>(character & ~0x20);
-    return upper >= 'A' && upper <= 'F' ? upper - 'A' + 10 : -1;
-}
 
 /// Adds what one line stands for; false when a soft line break joins it to the next one.
 bool decodeQuotedLine(std::string_view line, TzCString& out) {
@@ -182,14 +177,9 @@ bool decodeQuotedLine(std::string_view line, TzCString& out) {
         if (position + 1 == line.size()) {
             return false;
         }
-        const int high = hexValue(line[position + 1]);
-        const int low = position + 2 < line.size() ? hexValue(line[position + 2]) : -1;
-        if (high < 0 || low < 0) {
-            out.push_back(character);
-            continue;
-        }
-        out.push_back(static_cast<char>(high * 16 + low));
-        position += 2;
+        const std::optional<char> byte = TzTextTools::hexByte(line.substr(position + 1));
+        out.push_back(byte.value_or(character));
+        position += byte ? 2 : 0;
     }
     return true;
 }
@@ -230,7 +220,7 @@ std::size_t encodedSize(Kind kind, std::size_t size) noexcept {
     if (kind != Kind::Base64 || size == 0) {
         return size;
     }
-    const std::size_t lineEnds = (size - 1) / bytesPerLine;
+    const std::size_t lineEnds = (size - 1) / BytesPerLine;
     return (size + 2) / 3 * 4 + lineEnds * TzMimeText::LineEnd.size();
 }
 

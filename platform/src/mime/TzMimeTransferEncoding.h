@@ -26,8 +26,8 @@ std::size_t encodedSize(Kind kind, std::size_t size) noexcept;
 /// Adds `bytes` in the encoding `kind` to `out`, lines ending in CRLF. Every byte comes back as it
 /// was. Linear.
 void encode(Kind kind, std::string_view bytes, TzCString& out);
-/// The bytes that `text` stands for. What has no meaning in base64 is skipped, in quoted-printable
-/// taken as it is. Linear.
+/// The bytes that `text` stands for. Characters that base64 does not know are skipped, those that
+/// quoted-printable does not know are copied. Linear.
 TzCString decode(Kind kind, std::string_view text);
 
 } // namespace TzMimeTransferEncoding

@@ -71,7 +71,7 @@ void removeLastSegment(TzCString& path) {
     path.resize(slash == TzCString::npos ? 0 : slash);
 }
 
-/// RFC 3986, 5.2.4.
+/// Removes dot segments (RFC 3986, 5.2.4).
 TzCString removeDotSegments(std::string_view input) {
     TzCString output;
     output.reserve(input.size());

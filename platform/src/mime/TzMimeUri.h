@@ -9,7 +9,7 @@
 namespace TzMimeUri {
 
 /// What `reference` means below `base`: RFC 3986, 5.2. A base without a scheme serves too; then a
-/// path is put behind the last slash of the base's path without resolving its dots. Linear.
+/// path is put after the last slash of the base's path without resolving its dots. Linear.
 TzCString resolve(std::string_view base, std::string_view reference);
 
 } // namespace TzMimeUri

@@ -8,7 +8,7 @@
 #include <span>
 #include <vector>
 
-/// The books of a ring: how many handles refer to each of its bodies, and which of those are links.
+/// The records of a ring: how many handles refer to each of its bodies, and how many are links.
 ///
 /// One lock guards all of it. Deletes itself with the last body or link.
 template <typename Lock> class TzTRing : private TzTMonitor<Lock> {
@@ -24,7 +24,7 @@ public:
         bool gone = false; // handed over for deletion
     };
 
-    /// A ring of `bodies` that nobody knows of yet; `std::bad_alloc` without memory.
+    /// A ring of `bodies` that do not refer to it yet; `std::bad_alloc` without memory.
     explicit TzTRing(std::span<Body* const> bodies) {
         members_.reserve(bodies.size());
         for (Body* body : bodies) {
@@ -32,7 +32,7 @@ public:
         }
     }
 
-    /// Where the ring of `body` keeps its books on it, null when it is in none.
+    /// The record of `body` in its ring, null outside of rings.
     static Member* find(const Body& body) noexcept {
         const Guard guard(body.lock());
         return Body::isCount(body.count_) ? nullptr : &countedAt(body.count_);
@@ -62,7 +62,7 @@ public:
         --member.ring->outside_;
     }
 
-    /// The same, if this is not the last handle that keeps the ring; whether it was done.
+    /// Makes a handle to `member` a link unless it is the last one outside; whether it did.
     static bool addLinkIfHeld(Member& member) noexcept {
         const Guard guard(member.ring->lock());
         if (member.ring->outside_ < 2) {
@@ -102,14 +102,14 @@ public:
         }
     }
 
-    /// A handle to `member` is made that is no link.
+    /// A handle to `member` that is not a link was made.
     static void add(Member& member) noexcept {
         const Guard guard(member.ring->lock());
         ++member.references;
         ++member.ring->outside_;
     }
 
-    /// A handle to `member` goes that is no link; whether the body, and it alone, has to go.
+    /// A handle to `member` that is not a link goes; whether the body, and it alone, has to go.
     static bool remove(Member& member) noexcept { return member.ring->loseOutside(&member); }
 
     /// The number of handles to `member`.
@@ -162,7 +162,7 @@ private:
         return false;
     }
 
-    // Nobody else knows the bodies any more; the links go with the bodies that hold them.
+    // Nothing else refers to the bodies any more; the links go with the bodies that hold them.
     void fall() noexcept {
         std::uintptr_t bodies = 0;
         for (const Member& member : members_) {
@@ -183,7 +183,7 @@ private:
     }
 
     std::vector<Member> members_;
-    std::uintptr_t outside_ = 0; // handles that are no links
+    std::uintptr_t outside_ = 0; // handles other than links
     std::uintptr_t uses_ = 0;    // links, and bodies that are not gone
     bool falling_ = false;
 };

@@ -4,7 +4,7 @@
 #include <thread>
 
 void TzMutexLock::acquireSlowly() noexcept {
-    // The sections are a few instructions long: look a while before the processor is given away.
+    // The sections are a few instructions long: spin for a moment before yielding the processor.
     constexpr int SpinsBeforeYield = 64;
     for (int spins = 0; taken_.exchange(true, std::memory_order_acquire); ++spins) {
         while (taken_.load(std::memory_order_relaxed)) {

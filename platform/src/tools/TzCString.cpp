@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <tz/tools/TzCString.h>
 
+#include <tz/tools/TzTextTools.h>
+
 #include <algorithm>
 
 namespace {
 
-char folded(char character) noexcept {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
-                                                : character;
+bool equalFolded(char left, char right) noexcept {
+    return TzTextTools::toLower(left) == TzTextTools::toLower(right);
 }
-
-bool equalFolded(char left, char right) noexcept { return folded(left) == folded(right); }
 
 } // namespace
 
@@ -28,7 +27,7 @@ std::size_t tzFindIgnoreCase(std::string_view text, std::string_view wanted,
 }
 
 bool tzEqualIgnoreCase(std::string_view left, std::string_view right) noexcept {
-    // Mostly both are spelt alike.
+    // Fast path: most texts that are compared have equal case.
     return left == right ||
            std::equal(left.begin(), left.end(), right.begin(), right.end(), equalFolded);
 }
@@ -38,7 +37,7 @@ TzCString tzQuoted(std::string_view text) {
     std::size_t length = text.size();
     if (length > Shown) {
         length = Shown;
-        // Not through the middle of a character.
+        // Do not cut a character of UTF-8 in two.
         while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) {
             --length;
         }

@@ -6,8 +6,8 @@
 
 namespace {
 
-// The calendar types keep a few bits of a field only: what does not fit must not become another
-// day.
+// The calendar types keep only a few bits of a field: a value that does not fit must not become
+// another day.
 std::chrono::year_month_day calendarDay(int year, unsigned month, unsigned day) noexcept {
     return {std::chrono::year(year >= 1 && year <= 9999 ? year : 0),
             std::chrono::month(month <= 12 ? month : 0), std::chrono::day(day <= 31 ? day : 0)};

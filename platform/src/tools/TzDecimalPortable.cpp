@@ -3,7 +3,7 @@
 
 #include <tz/tools/TzBadValueError.h>
 
-#include "TzTextReader.h"
+#include "tools/TzTextReader.h"
 
 #include <algorithm>
 #include <ostream>
@@ -72,7 +72,7 @@ TzDecimalPortable::TzDecimalPortable(std::string_view text) {
     if (!reader.complete() || digits.empty()) {
         throw TzBadValueError(tzQuoted(text) + " is not a decimal number");
     }
-    // Looked at before any zero is written: a short text must not ask for a long number.
+    // Check before writing any zero: a short text must not cause a long number.
     if (exponent > Limit || exponent < -Limit) {
         throw TzBadValueError(tzQuoted(text) + " has an exponent beyond " + std::to_string(Limit));
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/TzPlatformLasting.h"
 
-// The earliest priority there is: made before, destroyed after every object of the program, also
+// The earliest priority: made before and destroyed after every object of the program, even
 // where the libraries are linked into it.
 [[gnu::init_priority(101)]] constinit TzLastingList tzPlatformObjects;

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "TzTextReader.h"
+#include "tools/TzTextReader.h"
+
+#include "tools/TzDigits.h"
 
 #include <charconv>
 
 namespace {
-
-constexpr std::size_t BillionthsDigits = 9;
 
 bool isDigit(char character) noexcept { return character >= '0' && character <= '9'; }
 
@@ -74,22 +74,8 @@ std::uint32_t TzTextReader::billionths() noexcept {
         fail();
     }
     std::uint32_t value = 0;
-    for (std::size_t i = 0; i < BillionthsDigits; ++i) {
+    for (std::size_t i = 0; i < TzDigits::BillionthsDigits; ++i) {
         value = value * 10 + (i < run.size() ? static_cast<std::uint32_t>(run[i] - '0') : 0);
     }
     return value;
-}
-
-void tzAppendPadded(TzCString& text, unsigned number, std::size_t width) {
-    const TzCString digits = std::to_string(number);
-    text.append(width > digits.size() ? width - digits.size() : 0, '0');
-    text += digits;
-}
-
-void tzAppendBillionths(TzCString& text, std::uint32_t billionths) {
-    if (billionths != 0) {
-        text += '.';
-        tzAppendPadded(text, billionths, BillionthsDigits);
-        text.erase(text.find_last_not_of('0') + 1);
-    }
 }

@@ -9,8 +9,8 @@
 
 /// Reads a short text of a fixed form from left to right.
 ///
-/// What does not fit makes the reader fail for good, so that callers ask once, at the end. The text
-/// must outlive the reader.
+/// What does not fit makes the reader fail for good, so that callers check once, at the end. The
+/// text must outlive the reader.
 class TzTextReader {
 public:
     explicit TzTextReader(std::string_view text) noexcept : rest_(text) {}
@@ -29,7 +29,7 @@ public:
     /// The run of digits that comes next, possibly empty.
     std::string_view digits() noexcept;
     /// The digits of a fraction, at least one of which has to come next, in billionths; digits
-    /// behind the ninth are dropped.
+    /// after the ninth are dropped.
     std::uint32_t billionths() noexcept;
     /// Whether a digit comes next.
     bool atDigit() const noexcept;
@@ -43,9 +43,3 @@ private:
     std::string_view rest_;
     bool failed_ = false;
 };
-
-/// Appends `number` to `text`, zeros before it up to `width` digits.
-void tzAppendPadded(TzCString& text, unsigned number, std::size_t width);
-
-/// Appends '.' and the digits of `billionths` without trailing zeros; nothing when there are none.
-void tzAppendBillionths(TzCString& text, std::uint32_t billionths);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tz/tools/TzUtcOffset.h>
 
-#include "TzTextReader.h"
+#include "tools/TzDigits.h"
 
 TzCString TzUtcOffset::asString() const {
     if (isZ_) {
@@ -9,8 +9,8 @@ TzCString TzUtcOffset::asString() const {
     }
     const auto minutes = static_cast<unsigned>(std::chrono::abs(ahead_).count());
     TzCString text(1, ahead_.count() < 0 ? '-' : '+');
-    tzAppendPadded(text, minutes / 60, 2);
+    TzDigits::appendPadded(text, minutes / 60, 2);
     text += ':';
-    tzAppendPadded(text, minutes % 60, 2);
+    TzDigits::appendPadded(text, minutes % 60, 2);
     return text;
 }

@@ -10,7 +10,7 @@ void TzXmlAttribute::reportRenaming() const noexcept { index_->noteRenaming(*thi
 
 TzXmlAttributeSet::List::List() noexcept = default;
 
-// An index speaks of the list it was made for.
+// A copy makes a new index when it needs one.
 TzXmlAttributeSet::List::List(const List& other)
     : TzTMonitor(other), attributes(other.attributes) {}
 
@@ -113,7 +113,7 @@ void TzXmlAttributeSet::append(TzXmlAttribute attribute) {
     if (attributes.size() == attributes.capacity()) {
         reserve(std::max(2 * attributes.size(), Fewest));
     }
-    // Out of the list meanwhile, so that an index that could not take the name is gone.
+    // The index is moved out meanwhile: if adding the name throws, the list has no index.
     std::unique_ptr<TzXmlAttributeIndex> index = std::move(list.index);
     if (index != nullptr) {
         index->add(std::as_const(attribute).getName());

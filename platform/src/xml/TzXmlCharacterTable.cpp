@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "TzXmlCharacterTable.h"
+#include "xml/TzXmlCharacterTable.h"
 
-#include "TzXmlSingleByteEncodings.h"
+#include "xml/TzXmlSingleByteEncodings.h"
 
 #include <tz/tools/TzCString.h>
 
@@ -24,7 +24,7 @@ bool hasName(std::string_view names, std::string_view name) noexcept {
 
 } // namespace
 
-bool tzFillCharacterTable(std::string_view name, int (&codes)[256]) noexcept {
+bool TzXmlCharacterTable::fill(std::string_view name, int (&codes)[256]) noexcept {
     const auto& all = TzXmlSingleByteEncoding::All;
     const auto* const encoding =
         std::find_if(all.begin(), all.end(), [name](const TzXmlSingleByteEncoding& one) {

@@ -3,7 +3,8 @@
 
 #include <tz/xml/TzXmlBadArgError.h>
 
-#include "../tools/TzTextReader.h"
+#include "tools/TzDigits.h"
+#include "tools/TzTextReader.h"
 
 #include <algorithm>
 #include <span>
@@ -12,7 +13,7 @@ namespace {
 
 using Parts = TzXmlDuration::Parts;
 
-/// A part and the letter behind its number.
+/// A part and the letter after its number.
 struct Designator {
     char letter;
     std::uint64_t Parts::*part;
@@ -23,8 +24,8 @@ constexpr Designator DateParts[] = {
 constexpr Designator TimeParts[] = {
     {'H', &Parts::hours}, {'M', &Parts::minutes}, {'S', &Parts::seconds}};
 
-/// Reads the parts that come next, which keep the order of `designators`; fails when there are
-/// none.
+/// Reads the parts that come next, which keep the order of `designators`; fails when no
+/// part comes.
 void readParts(TzTextReader& reader, std::span<const Designator> designators, Parts& parts) {
     do {
         const std::uint64_t number = reader.number();
@@ -49,7 +50,7 @@ void appendPart(TzCString& text, const Parts& parts, const Designator& designato
     const std::uint32_t fraction = designator.letter == 'S' ? parts.nanoseconds : 0;
     if (number != 0 || fraction != 0) {
         text += std::to_string(number);
-        tzAppendBillionths(text, fraction);
+        TzDigits::appendBillionths(text, fraction);
         text += designator.letter;
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "TzXmlEscape.h"
+#include "xml/TzXmlEscape.h"
 
+#include <tz/tools/TzTextTools.h>
 #include <tz/xml/TzXmlBadArgError.h>
 
 #include <algorithm>
@@ -79,7 +80,7 @@ bool isPlainWord(const char* bytes) noexcept {
     const auto word = loadAt<std::uint64_t>(bytes);
     const std::uint64_t notAscii = word & everyByte(0x80);
     const std::uint64_t controls = (word - everyByte(0x20)) & ~word & everyByte(0x80);
-    // '<' and '>' differ in one bit only, and so do '&' and '"'.
+    // One test finds two characters: '<' and '>' differ in one bit only, and so do '&' and '"'.
     const std::uint64_t brackets = zeroBytes((word | everyByte('<' ^ '>')) ^ everyByte('>'));
     const std::uint64_t others = zeroBytes((word | everyByte('&' ^ '"')) ^ everyByte('&'));
     return (notAscii | controls | brackets | others) == 0;
@@ -121,46 +122,6 @@ std::size_t endOfPlain(std::string_view text, std::size_t at,
     return at;
 }
 
-/// The bytes that may follow the first one of a character.
-struct Followers {
-    std::size_t count;
-    unsigned char lowest; // of the first follower; the others are 0x80 to 0xBF
-    unsigned char highest;
-};
-
-/// None for a byte that begins no character of UTF-8.
-constexpr Followers followersOf(unsigned char first) {
-    if (first < 0xC2 || first > 0xF4) {
-        return {0, 0, 0};
-    }
-    if (first < 0xE0) {
-        return {1, 0x80, 0xBF};
-    }
-    if (first < 0xF0) {
-        // Neither longer than needed nor a surrogate.
-        return {2, static_cast<unsigned char>(first == 0xE0 ? 0xA0 : 0x80),
-                static_cast<unsigned char>(first == 0xED ? 0x9F : 0xBF)};
-    }
-    return {3, static_cast<unsigned char>(first == 0xF0 ? 0x90 : 0x80),
-            static_cast<unsigned char>(first == 0xF4 ? 0x8F : 0xBF)};
-}
-
-/// Bytes of the character that `text` begins with, 0 when it is not UTF-8.
-std::size_t characterLength(std::string_view text) noexcept {
-    const auto byteAt = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const Followers followers = followersOf(byteAt(0));
-    if (followers.count == 0 || text.size() <= followers.count || byteAt(1) < followers.lowest ||
-        byteAt(1) > followers.highest) {
-        return 0;
-    }
-    for (std::size_t i = 2; i <= followers.count; ++i) {
-        if ((byteAt(i) & 0xC0) != 0x80) {
-            return 0;
-        }
-    }
-    return followers.count + 1;
-}
-
 TzCString hexadecimal(unsigned value, std::size_t width) {
     std::array<char, 8> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value, 16).ptr;
@@ -185,7 +146,7 @@ TzCString hexadecimal(unsigned value, std::size_t width) {
 
 /// Bytes of the character at `at`; throws when XML cannot hold it.
 std::size_t checkedLength(std::string_view text, std::size_t at) {
-    const std::size_t length = characterLength(text.substr(at));
+    const std::size_t length = TzTextTools::characterLength(text.substr(at));
     if (length == 0) {
         refuseByte(text[at], at);
     }
@@ -197,7 +158,9 @@ std::size_t checkedLength(std::string_view text, std::size_t at) {
 
 } // namespace
 
-bool tzIsPlain(std::string_view text) noexcept {
+namespace TzXmlEscape {
+
+bool isPlain(std::string_view text) noexcept {
     if (text.size() < WordSize) {
         return isPlainShort(text);
     }
@@ -210,14 +173,13 @@ bool tzIsPlain(std::string_view text) noexcept {
     return isPlainWord(last);
 }
 
-std::string_view tzEscape(std::string_view text, TzXmlEscapeContext context, TzCString& buffer) {
-    if (tzIsPlain(text)) {
+std::string_view escape(std::string_view text, Context context, TzCString& buffer) {
+    if (isPlain(text)) {
         return text;
     }
-    const TreatmentTable& table =
-        context == TzXmlEscapeContext::Content ? ContentTable : AttributeValueTable;
+    const TreatmentTable& table = context == Context::Content ? ContentTable : AttributeValueTable;
     buffer.clear();
-    std::size_t begin = 0; // of what is not in the buffer yet
+    std::size_t begin = 0; // of the text that is not in the buffer yet
     std::size_t at = endOfPlain(text, 0, table);
     while (at < text.size()) {
         const Treatment treatment = treatmentOf(text[at], table);
@@ -234,3 +196,5 @@ std::string_view tzEscape(std::string_view text, TzXmlEscapeContext context, TzC
     }
     return begin == 0 ? text : buffer.append(text, begin, text.size() - begin);
 }
+
+} // namespace TzXmlEscape

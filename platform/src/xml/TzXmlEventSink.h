@@ -23,7 +23,7 @@ public:
     virtual void startTag(const char* name, const char* const* attributes) = 0;
     /// An end tag, also for an empty-element tag.
     virtual void endTag() = 0;
-    /// A piece of text; pieces follow each other until the next tag. Not virtual, for it is called
+    /// A piece of text; pieces follow each other until the next tag. Not virtual: it is called
     /// several times between two tags.
     void text(const char* begin, std::size_t length) {
         ++events_;

@@ -21,9 +21,9 @@ public:
     /// Reads on. `TzXmlParseError` when the text is not well-formed; what the sink throws passes
     /// through. Not to be called again after either.
     virtual void feed(std::string_view piece, bool last) = 0;
-    /// Line of the event under way or of the error, from 1. Counted when asked for.
+    /// Line of the event under way or of the error, from 1. Computed by the call.
     virtual std::size_t line() const noexcept = 0;
-    /// Column of it in characters, from 1. Counted when asked for.
+    /// Column of it in characters, from 1. Computed by the call.
     virtual std::size_t column() const noexcept = 0;
     /// Bytes of the text before it.
     virtual std::size_t offset() const noexcept = 0;
@@ -35,6 +35,6 @@ enum class TzXmlKnownEncoding {
     Utf8, ///< UTF-8, whatever the declaration says.
 };
 
-/// An event source on Expat. `std::bad_alloc` when there is no memory for it.
+/// An event source on Expat. `std::bad_alloc` without memory.
 std::unique_ptr<TzXmlEventSource> tzMakeExpatSource(TzXmlEventSink& sink,
                                                     TzXmlKnownEncoding encoding);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "TzXmlCharacterTable.h"
-#include "TzXmlEventSink.h"
-#include "TzXmlEventSource.h"
+#include "xml/TzXmlCharacterTable.h"
+#include "xml/TzXmlEventSink.h"
+#include "xml/TzXmlEventSource.h"
 
 #include <tz/xml/TzXmlParseError.h>
 
@@ -27,9 +27,9 @@ struct ParserDeleter {
 using Parser = std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter>;
 
 /// Making a parser takes longer than reading a short text, so a thread keeps the one of its latest
-/// short text for the next. Null while the thread ends, when other objects of it may still read.
+/// short text for the next. Null while the thread ends: other thread_local objects may still read.
 Parser* spareParser() noexcept {
-    thread_local bool threadEnds = false; // without destructor: it can be asked to the last
+    thread_local bool threadEnds = false; // trivially destructible: readable to the last
     struct Spare {
         Parser parser;
         ~Spare() { threadEnds = true; }
@@ -53,7 +53,7 @@ Parser makeParser(const char* encoding) {
     return parser;
 }
 
-/// A number that nobody outside can guess. Asks the kernel and opens no file; where the kernel has
+/// A number that no sender can guess. Asks the kernel and opens no file; where the kernel has
 /// none to give, the places of code and data have to do.
 std::uint64_t drawSecret() noexcept {
     std::uint64_t secret = 0;
@@ -203,7 +203,7 @@ int ExpatSource::onEncoding(void* data, const char* name, XML_Encoding* encoding
     encoding->data = nullptr;
     encoding->convert = nullptr;
     encoding->release = nullptr;
-    if (tzFillCharacterTable(name, encoding->map)) {
+    if (TzXmlCharacterTable::fill(name, encoding->map)) {
         return XML_STATUS_OK;
     }
     auto& self = *static_cast<ExpatSource*>(data);

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <tz/xml/TzXmlName.h>
 
+#include <tz/tools/TzTextTools.h>
+
 #include <utility>
 
 TzXmlName::TzXmlName(std::string_view text) {
-    const std::size_t colon = text.find(':');
-    if (colon == std::string_view::npos) {
-        *this = TzXmlName(text, TzXmlNamespace());
-    } else {
-        *this = TzXmlName(text.substr(colon + 1), TzXmlNamespace(text.substr(0, colon), {}));
-    }
+    const TzTextTools::SplitName name = TzTextTools::splitName(text);
+    *this = TzXmlName(name.localName, TzXmlNamespace(name.prefix, {}));
 }
 
 TzXmlName::TzXmlName(std::string_view localName, TzXmlNamespace nameSpace) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "TzXmlNameResolver.h"
+#include "xml/TzXmlNameResolver.h"
 
+#include <tz/tools/TzTextTools.h>
 #include <tz/xml/TzXmlUtils.h>
 
 #include <utility>
@@ -11,19 +12,19 @@ namespace {
 constexpr std::size_t RememberedPrefixes = 64;
 
 bool isReserved(std::string_view prefix) noexcept {
-    // Asked of every prefix, most of which two characters tell apart.
+    // Called for every prefix; the first two characters exclude nearly all of them.
     return prefix.size() >= 3 && prefix[0] == 'x' && prefix[1] == 'm' &&
            (prefix == "xml" || prefix == "xmlns");
 }
 
-/// Whether the first colon of `spelling` stands between a prefix and a local part. One that leaves
-/// no name of its own on its right is a part of the local name.
-bool separates(std::string_view spelling, std::size_t colon) noexcept {
-    if (colon == std::string_view::npos || colon + 1 == spelling.size()) {
-        return false;
-    }
-    const std::string_view rest = spelling.substr(colon + 1);
-    return colon != 0 || (rest.front() != ':' && TzXmlUtils::isName(rest));
+/// `spelling` split at its first colon, unless what follows the colon is not a name: then the colon
+/// is a part of the local name.
+TzTextTools::SplitName splitSpelling(std::string_view spelling) noexcept {
+    const TzTextTools::SplitName split = TzTextTools::splitName(spelling);
+    const std::string_view rest = split.localName;
+    const bool separates = !rest.empty() && (!split.prefix.empty() ||
+                                             (rest.front() != ':' && TzXmlUtils::isName(rest)));
+    return split.hasColon && separates ? split : TzTextTools::SplitName{{}, spelling, false};
 }
 
 std::string_view textOf(const TzXmlNameText& spelling) noexcept { return spelling.text(); }
@@ -105,12 +106,9 @@ TzXmlNameResolver::Parts TzXmlNameResolver::spellOut(Kind kind, std::string_view
     if (isAttribute && spelling == "xmlns") {
         return {{}, TzXmlNamespace::getXmlns()};
     }
-    const std::size_t colon = spelling.find(':');
-    const bool hasColon = separates(spelling, colon);
-    const std::string_view prefix = spelling.substr(0, hasColon ? colon : 0);
-    const std::string_view localName = spelling.substr(hasColon ? colon + 1 : 0);
-    return {localName,
-            isAttribute && prefix.empty() ? TzXmlNamespace::getEmptyNamespace() : bound(prefix)};
+    const TzTextTools::SplitName name = splitSpelling(spelling);
+    return {name.localName, isAttribute && name.prefix.empty() ? TzXmlNamespace::getEmptyNamespace()
+                                                               : bound(name.prefix)};
 }
 
 const TzXmlNamespace& TzXmlNameResolver::bound(std::string_view prefix) {

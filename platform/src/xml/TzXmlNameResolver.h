@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "TzXmlNameCache.h"
+#include "xml/TzXmlNameCache.h"
+#include "xml/TzXmlNameText.h"
+#include "xml/TzXmlSpellingAddress.h"
+#include "xml/TzXmlSpellingText.h"
 
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
@@ -20,8 +23,8 @@
 /// logarithmic in the number of prefixes in scope, whatever the prefixes are; a name met before
 /// under the same declarations costs one comparison of its text.
 ///
-/// A name is resolved into a place of the caller's that is used again and again, with a stamp
-/// beside it (0 at first): a place that holds the name already is not touched.
+/// The caller owns the place for a name and the stamp beside it (0 at first) and uses them again
+/// and again: a place that holds the name already is left unchanged.
 class TzXmlNameResolver {
 public:
     TzXmlNameResolver();
@@ -33,7 +36,7 @@ public:
 
     /// The namespace that a declaration in force gives `prefix`, null without one.
     const TzXmlNamespace* find(std::string_view prefix) const noexcept;
-    /// The number of the bindings in force, from 1: no two states of them have the same.
+    /// The number of the bindings in force, from 1: different for different states.
     std::uint64_t scope() const noexcept { return scope_; }
 
     /// Makes `name` the name of the element spelt `spelling`: without prefix in the default

@@ -63,12 +63,12 @@ std::size_t TzXmlNamespaceStack::search(std::string_view prefix) const noexcept 
     const auto found =
         std::find_if(declarations_.rbegin(), declarations_.rend(),
                      [&](const TzXmlNamespace& each) { return each.getPrefix() == prefix; });
-    // Nothing before the first one gives None.
+    // Before the first declaration: None.
     return static_cast<std::size_t>(declarations_.rend() - found) - 1;
 }
 
 void TzXmlNamespaceStack::index() {
-    // Out of the stack meanwhile, so that an index that could not be finished is gone.
+    // The index is moved out meanwhile: if finishing it throws, the stack has no index.
     Positions positions;
     positions.swap(positions_);
     for (std::size_t i = positions.empty() ? 0 : declarations_.size() - 1; i < declarations_.size();

@@ -28,7 +28,7 @@ public:
         rest_.remove_prefix(piece.size());
         return piece;
     }
-    /// Whether there is nothing left.
+    /// Whether all pieces were taken.
     bool done() const noexcept { return rest_.empty(); }
 
 private:

@@ -20,7 +20,7 @@
 
 namespace {
 
-/// Elements with more attributes get them by look-up, so that the work stays near linear.
+/// Above this number attributes are added by look-up, so that the work stays near linear.
 constexpr std::size_t FewAttributes = 12;
 
 /// Room for the open elements of most texts.
@@ -281,7 +281,7 @@ void TzXmlSAXParser::Session::makeFew(std::size_t count) {
     stamps_.resize(count);
 }
 
-// Of attributes with one name and two spellings the last one counts.
+// Of attributes with one name and two spellings the last one is kept.
 void TzXmlSAXParser::Session::collectMany(const char* const* attributes) {
     attributes_.clear();
     stamps_.clear();

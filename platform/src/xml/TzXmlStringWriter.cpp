@@ -3,7 +3,7 @@
 
 #include <utility>
 
-// The base only keeps the address of the text, which is made after it.
+// The base stores the address of the text only, so the text may be constructed after it.
 TzXmlStringWriter::TzXmlStringWriter() noexcept : TzXmlWriter(text_) {}
 
 TzXmlStringWriter::TzXmlStringWriter(const TzXmlStringWriter& other)

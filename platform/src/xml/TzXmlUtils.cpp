@@ -2,9 +2,11 @@
 #include <tz/xml/TzXmlUtils.h>
 
 #include <tz/tools/TzDateTime.h>
+#include <tz/tools/TzTextTools.h>
 #include <tz/xml/TzXmlBadArgError.h>
 
-#include "../tools/TzTextReader.h"
+#include "tools/TzDigits.h"
+#include "tools/TzTextReader.h"
 
 #include <algorithm>
 
@@ -13,22 +15,22 @@ namespace {
 [[noreturn]] void refuse(TzCString text) { throw TzXmlBadArgError(TzMessage(std::move(text))); }
 
 void appendDate(TzCString& text, const TzDate& date) {
-    tzAppendPadded(text, static_cast<unsigned>(date.getYear()), 4);
+    TzDigits::appendPadded(text, static_cast<unsigned>(date.getYear()), 4);
     text += '-';
-    tzAppendPadded(text, date.getMonth(), 2);
+    TzDigits::appendPadded(text, date.getMonth(), 2);
     text += '-';
-    tzAppendPadded(text, date.getDay(), 2);
+    TzDigits::appendPadded(text, date.getDay(), 2);
 }
 
 void appendSeconds(TzCString& text, const TzDateTime& time) {
-    tzAppendPadded(text, time.getSecond(), 2);
-    tzAppendBillionths(text, time.getNanosecond());
+    TzDigits::appendPadded(text, time.getSecond(), 2);
+    TzDigits::appendBillionths(text, time.getNanosecond());
 }
 
 void appendTime(TzCString& text, const TzDateTime& time) {
-    tzAppendPadded(text, time.getHour(), 2);
+    TzDigits::appendPadded(text, time.getHour(), 2);
     text += ':';
-    tzAppendPadded(text, time.getMinute(), 2);
+    TzDigits::appendPadded(text, time.getMinute(), 2);
     text += ':';
     appendSeconds(text, time);
 }
@@ -36,15 +38,15 @@ void appendTime(TzCString& text, const TzDateTime& time) {
 void appendDirective(TzCString& text, const TzDateTime& time, char directive) {
     switch (directive) {
     case 'Y':
-        return tzAppendPadded(text, static_cast<unsigned>(time.getYear()), 4);
+        return TzDigits::appendPadded(text, static_cast<unsigned>(time.getYear()), 4);
     case 'm':
-        return tzAppendPadded(text, time.getMonth(), 2);
+        return TzDigits::appendPadded(text, time.getMonth(), 2);
     case 'd':
-        return tzAppendPadded(text, time.getDay(), 2);
+        return TzDigits::appendPadded(text, time.getDay(), 2);
     case 'H':
-        return tzAppendPadded(text, time.getHour(), 2);
+        return TzDigits::appendPadded(text, time.getHour(), 2);
     case 'M':
-        return tzAppendPadded(text, time.getMinute(), 2);
+        return TzDigits::appendPadded(text, time.getMinute(), 2);
     case 'S':
         return appendSeconds(text, time);
     case 'F':
@@ -72,8 +74,8 @@ std::optional<TzUtcOffset> readOffset(TzTextReader& reader) {
     if (reader.take('Z')) {
         return TzUtcOffset();
     }
-    const bool behind = reader.take('-');
-    if (!behind && !reader.take('+')) {
+    const bool isNegative = reader.take('-');
+    if (!isNegative && !reader.take('+')) {
         return {};
     }
     const std::chrono::hours hours(reader.number(2));
@@ -82,10 +84,10 @@ std::optional<TzUtcOffset> readOffset(TzTextReader& reader) {
     if (minutes >= std::chrono::hours(1)) {
         reader.fail();
     }
-    return TzUtcOffset(behind ? -(hours + minutes) : hours + minutes);
+    return TzUtcOffset(isNegative ? -(hours + minutes) : hours + minutes);
 }
 
-/// The time of day and the offset that come next; 24:00:00 is the midnight behind `day`.
+/// The time of day and the offset that come next; 24:00:00 is the midnight that ends `day`.
 TzDateTime readTime(TzTextReader& reader, std::chrono::year_month_day day) {
     unsigned hour = reader.number(2);
     reader.expect(':');
@@ -120,14 +122,9 @@ std::string_view TzXmlUtils::requireText(const char* text) {
 
 void TzXmlUtils::getPrefixAndLocalName(std::string_view text, TzCString& prefix,
                                        TzCString& localName) {
-    const std::size_t colon = text.find(':');
-    if (colon == std::string_view::npos) {
-        prefix.clear();
-        localName = text;
-    } else {
-        prefix = text.substr(0, colon);
-        localName = text.substr(colon + 1);
-    }
+    const TzTextTools::SplitName name = TzTextTools::splitName(text);
+    prefix = name.prefix;
+    localName = name.localName;
 }
 
 TzCString TzXmlUtils::convertDateToISOString(const TzDate& date) {

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <tz/xml/TzXmlWriter.h>
 
-#include "TzXmlEscape.h"
+#include "xml/TzXmlEscape.h"
 
 #include <algorithm>
 
 namespace {
 
 /// Makes room for `more` bytes. Moving a text into new memory costs more than writing it, so it
-/// moves seldom; what it has too much of is never touched. The first size decides all others: after
-/// 16 MiB come 64 MiB, for blocks of 32 MiB are the smallest whose pages are new each time.
+/// moves seldom; memory that is not used is never touched. The first size decides all others: after
+/// 16 MiB come 64 MiB, because blocks of 32 MiB are the smallest whose pages are new each time.
 void grow(TzCString& text, std::size_t more) {
     constexpr std::size_t First = std::size_t{4} << 10;
     constexpr std::size_t Large = std::size_t{64} << 20;
@@ -29,20 +29,21 @@ void TzXmlWriter::write(std::string_view text, bool escape) {
 }
 
 std::string_view TzXmlWriter::escaped(std::string_view content) {
-    return tzEscape(content, TzXmlEscapeContext::Content, escaped_);
+    return TzXmlEscape::escape(content, TzXmlEscape::Context::Content, escaped_);
 }
 
-bool TzXmlWriter::isPlain(std::string_view text) noexcept { return tzIsPlain(text); }
+bool TzXmlWriter::isPlain(std::string_view text) noexcept { return TzXmlEscape::isPlain(text); }
 
 void TzXmlWriter::writeAttribute(std::string_view name, std::string_view value, bool escape) {
     const std::string_view written =
-        escape ? tzEscape(value, TzXmlEscapeContext::AttributeValue, escaped_) : value;
+        escape ? TzXmlEscape::escape(value, TzXmlEscape::Context::AttributeValue, escaped_) : value;
     writeMarkup(" ", name, EqualToAndQuotes, written, Quotes);
 }
 
 void TzXmlWriter::writeQualifiedAttribute(std::string_view prefix, std::string_view localName,
                                           std::string_view value) {
-    const std::string_view written = tzEscape(value, TzXmlEscapeContext::AttributeValue, escaped_);
+    const std::string_view written =
+        TzXmlEscape::escape(value, TzXmlEscape::Context::AttributeValue, escaped_);
     const std::string_view colon = prefix.empty() ? std::string_view() : Colon;
     writeMarkup(" ", prefix, colon, localName, EqualToAndQuotes, written, Quotes);
 }

@@ -190,7 +190,7 @@ TEST(TzMimeHostile, PackageCutAnywhere) {
     for (std::size_t size = 0; size <= text.size(); ++size) {
         const TzMimeMultipart read = package(text.substr(0, size));
         const std::vector<std::string> cut = bodies(read);
-        ASSERT_LE(cut.size(), whole.size() + 1); // one more behind half a closing line
+        ASSERT_LE(cut.size(), whole.size() + 1); // one more after half a closing line
         for (std::size_t at = 0; at + 1 < cut.size(); ++at) {
             EXPECT_EQ(cut[at], whole[at]) << size;
         }

@@ -42,7 +42,7 @@ TEST(TzMimeMultipart, IsEmptyByDefaultAndTakesNoMemory) {
     EXPECT_EQ(copy.findPart(TzMimeContentIdHeader("a")), TzMimePart::NotFound);
     EXPECT_EQ(copy.asString(), "\r\n");
     EXPECT_EQ(textThrown<TzXmlBoundsError>([&] { return copy.getPart(0); }),
-              "The package has no such part");
+              "the package has no such part");
 }
 
 TEST(TzMimeMultipart, IsWrittenByteForByte) {
@@ -92,11 +92,11 @@ TEST(TzMimeMultipart, InsertsParts) {
     made.insertPartAt(4, withBody("e"));
     EXPECT_THAT(bodies(made), ElementsAre("a", "b", "c", "d", "e"));
     EXPECT_EQ(textThrown<TzXmlBoundsError>([&] { made.insertPartAt(6, TzMimePart()); }),
-              "The package has no such place for a part");
+              "the package has no such place for a part");
     EXPECT_EQ(made.getPartCount(), 5U);
     EXPECT_TRUE(made.hasParts());
     EXPECT_EQ(textThrown<TzXmlBoundsError>([&] { return made.getPart(5); }),
-              "The package has no such part");
+              "the package has no such part");
 }
 
 TEST(TzMimeMultipart, SharesItsParts) {
@@ -337,7 +337,7 @@ TEST(TzMimeMultipart, LeavesOtherBodiesUnencoded) {
 }
 
 TEST(TzMimeMultipart, EncodesWhatQuotedPrintableWouldBreakIntoADelimiter) {
-    // The soft line break falls right in front of the hyphens.
+    // The soft line break falls right before the hyphens.
     TzMimeMultipart made = withBoundary("b");
     made.insertPart(withBody(std::string(75, 'x') + "--b",
                              {{"Content-Transfer-Encoding", "quoted-printable"}}));
@@ -361,7 +361,7 @@ TEST(TzMimeMultipart, EncodesWhatWasReadUnderAnotherBoundary) {
         packageHead + "--b\r\nContent-Transfer-Encoding: base64\r\n\r\n--c\r\nZm9v\r\n--b--");
     TzMimeMultipart made = withBoundary("c");
     made.insertPart(read.getPart(0));
-    // The hyphens are no base64, the letter behind them is.
+    // The hyphens are not base64, the letter after them is.
     EXPECT_EQ(read.getPart(0).getBody(), "q\x99\xBD");
     EXPECT_THAT(bodies(package(made.asString())), ElementsAre("q\x99\xBD"));
 }

@@ -39,7 +39,7 @@ TEST(TzMimePart, IsEmptyByDefaultAndTakesNoMemory) {
     EXPECT_EQ(copy.getBodyView(), "");
     EXPECT_EQ(copy.asString(), "\r\n");
     EXPECT_EQ(textThrown<TzXmlBoundsError>([&] { return copy.getHeader(0); }),
-              "The part has no such header");
+              "the part has no such header");
 }
 
 TEST(TzMimePart, FindsHeadersWithoutCase) {
@@ -53,9 +53,9 @@ TEST(TzMimePart, FindsHeadersWithoutCase) {
     EXPECT_EQ(made.findHeader("c"), TzMimePart::NotFound);
     EXPECT_EQ(made.getHeader(2).getValue(), "3");
     EXPECT_EQ(textThrown<TzXmlBoundsError>([&] { return made.getHeader(3); }),
-              "The part has no such header");
+              "the part has no such header");
     EXPECT_EQ(textThrown<TzXmlBoundsError>([&] { return made.getHeader(TzMimePart::NotFound); }),
-              "The part has no such header");
+              "the part has no such header");
 }
 
 TEST(TzMimePart, TellsIdAndLocation) {

@@ -21,7 +21,7 @@ public:
     Node& child() const;
     /// A second child; throws without a body.
     Node& other() const;
-    /// The body; throws when there is none.
+    /// The body; throws for an empty handle.
     Body& body() const;
 
     using TzHandleBase::attachBody;

@@ -19,7 +19,7 @@ std::vector<Node> handlesOfARing(int length) {
     return handles;
 }
 
-/// Gives each thread a handle of its own and waits for all of them.
+/// Gives each thread its handle and waits for all of them.
 void runOnThreads(std::vector<Node> handles, const auto& action) {
     std::vector<std::thread> threads;
     threads.reserve(handles.size());

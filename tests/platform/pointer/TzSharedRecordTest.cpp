@@ -13,7 +13,7 @@
 
 namespace {
 
-/// A value that counts how many of its kind there are.
+/// A value that counts how many values of its class exist.
 struct Counted {
     static std::atomic<int> alive;
 

@@ -20,7 +20,7 @@ TEST(TzMutexLock, IsFreeAgainAfterRelease) {
 
 namespace {
 
-/// Counts what is done to it instead of locking.
+/// Counts calls instead of locking.
 struct CountingLock {
     void acquire() { ++acquired; }
     void release() { ++released; }

@@ -49,7 +49,7 @@ inline Events eventsOf(std::string_view text) {
 }
 
 /// Reads `text` and returns "line:column message" of the TzXmlParseError; fails the test when
-/// nothing else or something else is thrown, or when the parser does not tell the same place.
+/// nothing else or something else is thrown, or when the parser reports another place.
 inline std::string refusal(TzXmlSAXParser& parser, std::string_view text) {
     try {
         parser.parse(text);
@@ -68,7 +68,7 @@ inline std::string refusal(TzXmlSAXParser& parser, std::string_view text) {
     return {};
 }
 
-/// The same with a new parser.
+/// Reads `text` with a new parser and returns "line:column message" of the error.
 inline std::string refusal(std::string_view text) {
     TzXmlSAXParser parser;
     return refusal(parser, text);

@@ -129,7 +129,7 @@ TEST(TzXmlAttributeSet, TakesAnUnqualifiedXmlnsAsTheDefaultNamespace) {
     EXPECT_EQ(written(set), R"(xmlns="urn:e")");
     set.add(TzXmlAttribute(TzXmlName("xmlns"), "urn:f"));
     EXPECT_EQ(written(set), R"(xmlns="urn:f")");
-    // In a namespace of its own it is an attribute like any other.
+    // In another namespace it is an attribute like any other.
     set.add(named("p", "urn:a", "xmlns"), "1");
     EXPECT_EQ(set.size(), 2U);
 }

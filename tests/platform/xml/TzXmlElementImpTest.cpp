@@ -9,7 +9,7 @@
 
 namespace {
 
-/// An element whose attribute list is a member of its own.
+/// An element whose attribute list is a member of the derived class.
 class Derived : public TzXmlElementImp {
 public:
     explicit Derived(TzXmlName name) : TzXmlElementImp(std::move(name), nullptr) {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t KiB = 1024;
 
-/// A text without memory behind it; nothing reads it.
+/// A text whose bytes do not exist; nothing reads it.
 std::string_view imagined(std::size_t size) {
     static const char begin = 'x';
     return {&begin, size};
@@ -55,7 +55,7 @@ TEST(TzXmlPieces, NeverExceedWhatASourceCanCount) {
     EXPECT_EQ(largest, std::size_t{512} * KiB * KiB);
 }
 
-// A source looks at an unfinished token from its beginning each time.
+// A source reads an unfinished token from its beginning each time.
 TEST(TzXmlPieces, KeepTheWorkLinearForHugeTokens) {
     for (const std::size_t token : {3'000 * KiB, 30'000 * KiB, 300'000 * KiB}) {
         TzXmlPieces pieces(imagined(3 * token));

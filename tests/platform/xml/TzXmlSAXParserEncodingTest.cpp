@@ -177,7 +177,7 @@ TEST(TzXmlSAXParserEncoding, RefusesUnitsCutOff) {
 TEST(TzXmlSAXParserEncoding, Utf8MayHaveAMark) {
     EXPECT_EQ(textOf("\xEF\xBB\xBF<a>\xE2\x82\xAC</a>"), "\xE2\x82\xAC");
     EXPECT_EQ(textOf("\xEF\xBB\xBF" + declared("UTF-8", "\xE2\x82\xAC")), "\xE2\x82\xAC");
-    // The mark knows better than the declaration.
+    // The byte-order mark wins over the declaration.
     EXPECT_EQ(textOf("\xEF\xBB\xBF" + declared("ISO-8859-1", "\xE2\x82\xAC")), "\xE2\x82\xAC");
     EXPECT_EQ(refusal("\xEF\xBB\xBF"), "1:1 no element found");
     EXPECT_EQ(refusal("\xEF\xBB\xBF<a>\xFF</a>"), "1:4 not well-formed (invalid token)");
@@ -269,7 +269,7 @@ TEST(TzXmlSAXParserEncoding, RefusesWrongUtf8) {
              "\xFF"s,             // likewise
              "\x80"s,             // a follower alone
              "\xC3("s,            // a character instead of a follower
-             "\xEF\xBF\xBE"s,     // no characters of XML
+             "\xEF\xBF\xBE"s,     // not characters of XML
              "\xEF\xBF\xBF"s,     // likewise
              "\0"s,               // likewise
              "\x01"s,             // likewise

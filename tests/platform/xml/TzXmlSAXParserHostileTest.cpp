@@ -306,7 +306,7 @@ TEST(TzXmlSAXParserHostile, ManyPrefixesThatNothingDeclares) {
     EXPECT_LT(counter.live, liveAllocations() + 5000);
 }
 
-// What is out of scope costs no memory for long.
+// Declarations out of scope do not keep their memory for long.
 TEST(TzXmlSAXParserHostile, EverNewNamesAndPrefixesTakeBoundedMemory) {
     std::string text = "<a>";
     for (std::size_t i = 0; i < 50'000; ++i) {

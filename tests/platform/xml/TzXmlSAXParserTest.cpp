@@ -466,8 +466,8 @@ TEST(TzXmlSAXParser, KnowsThePlaceOfEachEvent) {
     parser.setContentHandler(&recorder);
     EXPECT_EQ(parser.getLine(), 0U);
     EXPECT_EQ(parser.getColumn(), 0U);
-    // Columns count characters: one for the two bytes in front of <b>. An empty-element tag ends
-    // behind itself.
+    // Columns count characters: one for the two bytes before <b>. An empty-element tag ends
+    // after itself.
     parser.parse("<?xml version='1.0'?>\n<a>\r\n \xC3\xA4<b/>\n</a>");
     EXPECT_THAT(places, ElementsAre("prolog 1:1", "start a 2:1", "text 3:3", "start b 3:3",
                                     "text 3:7", "end b 3:7", "text 4:1", "end a 4:1"));

@@ -44,7 +44,7 @@ Events outcomeOf(const std::string& text) {
     }
 }
 
-/// The same in a thread that has read nothing before.
+/// What reading `text` gives in a thread that has read nothing before.
 Events outcomeAlone(const std::string& text) {
     Events outcome;
     std::thread([&] { outcome = outcomeOf(text); }).join();

@@ -13,7 +13,7 @@ public:
 
     /// The header for `id`, which may stand in one pair of angle brackets or not.
     explicit TzMimeContentIdHeader(const TzCString& id);
-    /// The header `other`, shared with it; a header of another label gives a header of its own with
+    /// The header `other`, shared with it; a header of another label gives a new header with
     /// that value.
     explicit TzMimeContentIdHeader(const TzMimeHeader& other);
     TzMimeContentIdHeader(const TzMimeContentIdHeader&) noexcept = default;

@@ -11,7 +11,7 @@ public:
 
     /// The header for `uri`.
     explicit TzMimeContentLocationHeader(const TzCString& uri);
-    /// The header `other`, shared with it; a header of another label gives a header of its own with
+    /// The header `other`, shared with it; a header of another label gives a new header with
     /// that value.
     explicit TzMimeContentLocationHeader(const TzMimeHeader& other);
     TzMimeContentLocationHeader(const TzMimeContentLocationHeader&) noexcept = default;

@@ -20,7 +20,7 @@ public:
     TzMimeContentType();
     /// The type read from `text`, the value of a Content-Type header: quoted strings, comments and
     /// the continued and encoded parameters of RFC 2231. What cannot be read is left out; the first
-    /// of several parameters of one name counts. O(n log n) in the length of the text.
+    /// of several parameters of one name applies. O(n log n) in the length of the text.
     explicit TzMimeContentType(const TzCString& text);
     /// The type `type`/`subtype` without parameters.
     TzMimeContentType(const TzCString& type, const TzCString& subtype);
@@ -30,9 +30,9 @@ public:
     TzMimeContentType& operator=(TzMimeContentType&&) noexcept = default;
     ~TzMimeContentType() override;
 
-    /// The part before the slash as it was given, "" when the text had none.
+    /// The text before the slash as it was given, "" when there is no slash.
     TzCString getPrimaryType() const;
-    /// The part behind the slash as it was given, "" when the text had none.
+    /// The text after the slash as it was given, "" when there is no slash.
     TzCString getSubtype() const;
     /// Whether this is the type `type`/`subtype`, ASCII letters compared without case.
     bool matches(std::string_view type, std::string_view subtype) const;

@@ -12,7 +12,7 @@ public:
 
     /// A header that holds `type`, shared with it.
     explicit TzMimeContentTypeHeader(const TzMimeContentType& type);
-    /// The header `other`, shared with it; a header of another label gives a header of its own with
+    /// The header `other`, shared with it; a header of another label gives a new header with
     /// that value.
     explicit TzMimeContentTypeHeader(const TzMimeHeader& other);
     TzMimeContentTypeHeader(const TzMimeContentTypeHeader&) noexcept = default;
@@ -22,6 +22,6 @@ public:
     ~TzMimeContentTypeHeader() override;
 
     /// The media type, shared with the header: changing it changes the header. Read from the value
-    /// when first asked for.
+    /// at the first call.
     TzMimeContentType getContentType() const;
 };

@@ -16,7 +16,7 @@ public:
     /// A header without label and value, which is left out of every text; allocates nothing.
     TzMimeHeader() noexcept;
     /// The header `label` with `value`. Both are kept as they are; line breaks in them are left out
-    /// of every text, as are characters of the label that no label can have.
+    /// of every text, as are characters that a label must not contain.
     TzMimeHeader(const TzCString& label, const TzCString& value);
     TzMimeHeader(const TzMimeHeader&) noexcept = default;
     TzMimeHeader(TzMimeHeader&&) noexcept = default;
@@ -40,10 +40,10 @@ protected:
     /// A handle to `body`, which may be null.
     explicit TzMimeHeader(TzMimeHeaderBody* body) noexcept;
     /// The header `other` as one with the label `label`: `other` itself when it has that label, a
-    /// header of its own with the same value when it has not.
+    /// new header with the same value otherwise.
     TzMimeHeader(const TzMimeHeader& other, const char* label);
 
-    /// The body, null when there is none.
+    /// The body, null for an empty handle.
     TzMimeHeaderBody* body() const noexcept;
 
 private:

@@ -30,28 +30,28 @@ public:
     /// The part at `position`, shared with the package; `TzXmlBoundsError` beyond the last one.
     TzMimePart getPart(std::size_t position) const;
     /// Position of the first part at or after `start` with a header equal to `header`; `NotFound`
-    /// if there is none. For Content-ID and Content-Location O(log n) after the first search since
+    /// if none matches. For Content-ID and Content-Location O(log n) after the first search since
     /// a change, for others linear in the number of headers.
     std::size_t findPart(const TzMimeHeader& header, std::size_t start = 0) const;
     /// Position of the first part with that Content-ID, given without angle brackets; `NotFound` if
-    /// there is none. As `findPart`, but needs no header.
+    /// no part has it. Like `findPart`, without making a header.
     std::size_t findPartById(std::string_view id) const;
-    /// Position of the first part with that Content-Location; `NotFound` if there is none. As
-    /// `findPart`, but needs no header.
+    /// Position of the first part with that Content-Location; `NotFound` if no part has it. Like
+    /// `findPart`, without making a header.
     std::size_t findPartByLocation(std::string_view uri) const;
     /// Position of the first part whose Content-ID or Content-Location, each the first of its
-    /// label, is longer than `length` bytes; `NotFound` if there is none. Linear in the number of
+    /// label, is longer than `length` bytes; `NotFound` without one. Linear in the number of
     /// parts.
     std::size_t findLongName(std::size_t length) const;
     /// Position of the root part (RFC 2387): the part with the Content-ID that the parameter
     /// "start" of the Content-Type header names, the first part without that parameter; `NotFound`
-    /// if there is none. Costs what `findPart` costs.
+    /// if it is absent. Costs what `findPart` costs.
     std::size_t findRootPart() const;
     /// Adds `part` as the last one and shares it. A package is added as it is now: as one part that
     /// holds its text.
     void insertPart(const TzMimePart& part);
     /// Inserts `part` before the one at `position`, at the end when that is the number of parts;
-    /// `TzXmlBoundsError` beyond that. Otherwise as `insertPart`.
+    /// `TzXmlBoundsError` beyond that. A package is added as one part that holds its text.
     void insertPartAt(std::size_t position, const TzMimePart& part);
     /// Removes every part at or after `from` that stands earlier in the package as well; handles to
     /// one part are the same part. O(n log n) in the number of parts.

@@ -18,11 +18,11 @@ public:
     TzMimeMultipartRelatedType& operator=(TzMimeMultipartRelatedType&&) noexcept = default;
     ~TzMimeMultipartRelatedType() override;
 
-    /// The text that separates the parts, "" when there is none.
+    /// The text that separates the parts, "" when the type states none.
     TzCString getBoundary() const;
     /// Replaces the boundary; "" removes it.
     void setBoundary(const TzCString& boundary);
-    /// The media type of the root part, "" when there is none.
+    /// The media type of the root part, "" when the type states none.
     TzCString getType() const;
     /// Replaces the media type of the root part; "" removes it.
     void setType(const TzCString& type);
@@ -30,8 +30,8 @@ public:
     TzCString getStart() const;
     /// Replaces the content id of the root part; "" removes it.
     void setStart(const TzCString& start);
-    /// What the root part's media type wants to be told, "" when there is nothing.
+    /// The parameter start-info: what the root part's media type needs to know; "" if absent.
     TzCString getStartInfo() const;
-    /// Replaces what the root part's media type is told; "" removes it.
+    /// Replaces the parameter start-info; "" removes it.
     void setStartInfo(const TzCString& startInfo);
 };

@@ -17,12 +17,12 @@ class TzMimePartBody;
 /// A MIME part: header lines and a body of bytes.
 ///
 /// A handle: copies share one part, so a change through one is seen through all. An empty part
-/// takes no memory; it gets a part of its own when it is first changed. Parts of a package that was
+/// takes no memory; the first change gives it a part. Parts of a package that was
 /// read share its text, which lives as long as one of them. Changes need the part for themselves;
 /// constant members may be called on several threads at once.
 class TZ_PLATFORM_API TzMimePart : public TzHandleBase {
 public:
-    /// What `findHeader` and `TzMimeMultipart::findPart` return when there is nothing.
+    /// What `findHeader` and `TzMimeMultipart::findPart` return when nothing matches.
     static constexpr std::size_t NotFound = static_cast<std::size_t>(-1);
 
     /// A part without headers and with an empty body; allocates nothing.
@@ -39,7 +39,7 @@ public:
     /// references find by `id`, with or without angle brackets; "" gives no Content-ID. The bytes
     /// travel as they are ("binary").
     static TzMimePart make(TzCString bytes, std::string_view type, std::string_view id);
-    /// The same; `TzXmlBadArgError` for a null pointer.
+    /// A part to send: `bytes`, taken over; `TzXmlBadArgError` for a null pointer.
     static TzMimePart make(TzCString bytes, TzXmlCharacters auto type, TzXmlCharacters auto id) {
         return make(std::move(bytes), TzXmlUtils::requireText(type), TzXmlUtils::requireText(id));
     }
@@ -47,16 +47,16 @@ public:
     /// The number of headers.
     std::size_t getHeaderCount() const noexcept;
     /// Position of the first header `label` at or after `start`, ASCII letters compared without
-    /// case; `NotFound` if there is none. O(log n) for headers that were read, linear in the number
+    /// case; `NotFound` if absent. O(log n) for headers that were read, linear in the number
     /// of those inserted.
     std::size_t findHeader(std::string_view label, std::size_t start = 0) const noexcept;
     /// The header at `position`, shared with the part; `TzXmlBoundsError` beyond the last one.
     TzMimeHeader getHeader(std::size_t position) const;
     /// The id that the first Content-ID header states, without its angle brackets; empty without
-    /// such a header. As by `TzMimeContentIdHeader`, but makes no header.
+    /// such a header. Like `TzMimeContentIdHeader`, without making a header.
     std::optional<TzCString> getContentId() const;
-    /// The URI that the first Content-Location header states; empty without such a header. As by
-    /// `TzMimeContentLocationHeader`, but makes no header.
+    /// The URI that the first Content-Location header states; empty without such a header. Like
+    /// `TzMimeContentLocationHeader`, without making a header.
     std::optional<TzCString> getContentLocation() const;
     /// Adds `header` as the last one.
     void insertHeader(const TzMimeHeader& header);
@@ -76,14 +76,14 @@ public:
 
     /// The part as MIME text: header lines that end in CRLF and are not folded, an empty line, the
     /// body in the transfer encoding that the first Content-Transfer-Encoding header states. The
-    /// text of a package holds its parts, each one behind its delimiter line; a part whose body
+    /// text of a package holds its parts, each one after its delimiter line; a part whose body
     /// contains such a line is written in base64 whatever its header says. A package that has parts
     /// and no boundary is written with the boundary "MIME_boundary".
     TzCString asString() const;
     /// Makes this handle one to the part that `text` holds; other handles keep what they had. Lines
     /// before the first header line are skipped, unless the text of a part begins with an empty
     /// line. Lines may end in CRLF or LF, also mixed. `TzXmlParseError` with line and column, and
-    /// nothing changed, when the value of a header holds a carriage return that ends no line.
+    /// nothing changed, when the value of a header holds a carriage return without a line feed.
     ///
     /// A `TzMimeMultipart` reads a package: what stands before the first delimiter line and after
     /// the closing one is ignored, a body ends before the line end that precedes its delimiter, and
@@ -91,16 +91,16 @@ public:
     /// line is accepted; `TzMimeMultipart::isComplete` says so. Without a boundary in the
     /// Content-Type header there are no parts. Linear in the text.
     void fromString(const TzCString& text);
-    /// As above; the text becomes the part's own without being copied.
+    /// Makes this handle one to the part that `text` holds, without copying the text.
     void fromString(TzCString&& text);
 
 protected:
     /// A handle to `body`, which may be null.
     explicit TzMimePart(TzMimePartBody* body) noexcept;
 
-    /// The body, null when there is none.
+    /// The body, null for an empty part.
     TzMimePartBody* body() const noexcept;
-    /// The body, made when there is none.
+    /// The body; an empty part gets one.
     TzMimePartBody& ownBody();
 
 private:

@@ -13,7 +13,7 @@ public:
     TzMimeVersionHeader();
     /// The header for `version`.
     explicit TzMimeVersionHeader(const TzCString& version);
-    /// The header `other`, shared with it; a header of another label gives a header of its own with
+    /// The header `other`, shared with it; a header of another label gives a new header with
     /// that value.
     explicit TzMimeVersionHeader(const TzMimeHeader& other);
     TzMimeVersionHeader(const TzMimeVersionHeader&) noexcept = default;

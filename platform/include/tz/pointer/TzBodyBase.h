@@ -3,5 +3,5 @@
 
 #include <tz/pointer/TzTCountingBody.h>
 
-/// The counted body behind every handle.
+/// The counted body that handles refer to.
 using TzBodyBase = TzTCountingBody<TzMutexLock>;

@@ -14,12 +14,12 @@ class TzHandleBase;
 /// describe it ("Concurrent Cycle Collection in Reference Counted Systems", 2001), subtracts the
 /// handles within the circle from the counts: it is garbage when nothing remains. They do so each
 /// time a count falls; here it is done once, when the ring is closed, and what remains is kept as a
-/// count of its own from then on. So the end needs no walk, which would look at what other threads
-/// may be changing. What is in no ring pays nothing for it.
+/// separate count from then on. So the end needs no walk, which would look at what other threads
+/// may be changing. Bodies outside of rings cost nothing more.
 ///
 /// The rules, for the bodies of a ring and the handles within it, its links:
 ///
-/// - the ring lives as long as a handle that is no link refers to any of its bodies, and all its
+/// - the ring lives as long as a handle other than a link refers to any of its bodies; all its
 ///   bodies go with the last such handle;
 /// - a link is a link as long as it stays where it was when the ring was closed: what is copied or
 ///   moved out of it is a handle like any other, and so is what is put in its place;

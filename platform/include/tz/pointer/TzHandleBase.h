@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <utility>
 
-/// Base of handles: a counted reference to a shared body, possibly to none.
+/// Base of handles: a counted reference to a shared body, or empty.
 ///
 /// Copies share the body and count; moves hand the reference over without touching the count and
 /// leave the source without a body. One handle object belongs to one thread at a time; handles that
@@ -40,9 +40,9 @@ protected:
         return *this;
     }
 
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     TzBodyBase& bodyBase() const { return isBody(place_) ? *bodyAt(place_) : linkedBodyBase(); }
-    /// The body, null when there is none.
+    /// The body, null for an empty handle.
     TzBodyBase* bodyPointer() const noexcept {
         return isBody(place_) ? bodyAt(place_) : linkedBody();
     }
@@ -58,9 +58,9 @@ protected:
 private:
     friend class TzBodyRing;
 
-    /// The address of a body; an odd number when there is none to be counted here: `NoBody`, or
-    /// where the ring that the handle is a link of keeps its books on the body. So one bit tells
-    /// what nearly all handles are from everything else.
+    /// The address of a body; an odd number when this handle does not count: `NoBody`, or, for a
+    /// link of a ring, the address of the record that the ring keeps of the body. So one bit
+    /// separates what nearly all handles are from everything else.
     using Place = std::uintptr_t;
     static constexpr Place NoBody = 1;
 

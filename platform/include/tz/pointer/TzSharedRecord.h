@@ -9,7 +9,7 @@
 #include <new>
 #include <utility>
 
-/// A pointer to an immutable `Value` that copies share, or to none, which stands for `Value()`.
+/// A pointer to an immutable `Value` that copies share; an empty one stands for `Value()`.
 ///
 /// Copying costs one counter, the empty one nothing. One object belongs to one thread at a time;
 /// objects that share a value may live on different threads.
@@ -42,9 +42,9 @@ public:
     const Value& operator*() const noexcept { return record_ != nullptr ? record_->value : none(); }
     /// The value; valid until this object changes.
     const Value* operator->() const noexcept { return &**this; }
-    /// Whether there is a value of its own, one that may be shared.
+    /// Whether the pointer refers to a value, which others may share.
     bool isSet() const noexcept { return record_ != nullptr; }
-    /// Whether both share one value; both empty counts as that.
+    /// Whether both share one value; true for two empty ones.
     bool isSame(const TzSharedRecord& other) const noexcept { return record_ == other.record_; }
 
 private:
@@ -111,8 +111,8 @@ private:
     Record* record_ = nullptr;
 };
 
-/// Makes shared values many at a time: a few of them share their memory, which is freed when none
-/// of them is left. One maker belongs to one thread; what it made goes where it likes and may
+/// Makes shared values many at a time: a few of them share a block of memory, which the last of
+/// them frees. One maker belongs to one thread; what it made goes where it likes and may
 /// outlive it.
 template <typename Value> class TzSharedRecord<Value>::Maker {
 public:

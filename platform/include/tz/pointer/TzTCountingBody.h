@@ -12,7 +12,7 @@ template <typename Lock> class TzTRing;
 /// Base of bodies that live as long as handles refer to them.
 ///
 /// The count starts at 0 and is guarded by the body's own lock: handles that share a body may be
-/// copied and destroyed on different threads. A copied body has a count of its own, 0. The count of
+/// copied and destroyed on different threads. A copied body starts at 0 again. The count of
 /// a body in a ring (`TzBodyRing`) is kept, and guarded, there.
 template <typename Lock> class TzTCountingBody : private TzTMonitor<Lock> {
 public:

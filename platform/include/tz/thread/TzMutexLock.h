@@ -21,7 +21,7 @@ public:
     /// Takes the lock, waiting until it is free.
     void acquire() noexcept {
         if (__libc_single_threaded != 0) {
-            taken_.store(true, std::memory_order_relaxed); // nobody else is there to take it
+            taken_.store(true, std::memory_order_relaxed); // no other thread can take it
         } else if (taken_.exchange(true, std::memory_order_acquire)) [[unlikely]] {
             acquireSlowly();
         }

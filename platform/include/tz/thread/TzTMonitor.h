@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Base of objects that guard part of their state by a lock of their own.
+/// Base of objects that guard part of their state by a lock.
 ///
 /// The lock belongs to the object, not to its value: copying leaves both locks as they are.
 template <typename Lock> class TzTMonitor {

@@ -12,7 +12,7 @@
 using TzCString = std::string;
 
 /// Position of the first occurrence of `wanted` in `text` at or after `from`, ASCII letters
-/// compared without case; `TzCString::npos` if there is none. Never looks at the locale. O(text *
+/// compared without case; `TzCString::npos` if absent. Ignores the locale. O(text *
 /// wanted).
 TZ_PLATFORM_API std::size_t tzFindIgnoreCase(std::string_view text, std::string_view wanted,
                                              std::size_t from = 0) noexcept;

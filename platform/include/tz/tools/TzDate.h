@@ -15,7 +15,7 @@ class TZ_PLATFORM_API TzDate {
 public:
     /// 1970-01-01 without offset.
     TzDate() noexcept = default;
-    /// The given day, which need not exist (`isValid`); a field no day can have is kept as 0.
+    /// The given day, which need not exist (`isValid`); an impossible field is kept as 0.
     TzDate(int year, unsigned month, unsigned day, std::optional<TzUtcOffset> offset = {}) noexcept;
     /// The given day, which need not exist (`isValid`); `std::chrono::sys_days` are taken too.
     explicit TzDate(std::chrono::year_month_day day,
@@ -38,7 +38,7 @@ public:
     /// Whether the day exists, in the years 1 to 9999, and the offset is possible.
     bool isValid() const noexcept;
 
-    /// Order by the instant at which the day begins; a day without offset counts as UTC and comes
+    /// Order by the instant at which the day begins; a day without offset is taken as UTC and comes
     /// before the equal one with an offset. Invalid dates are equivalent to each other and come
     /// first.
     friend TZ_PLATFORM_API std::weak_ordering operator<=>(const TzDate& left,

@@ -24,14 +24,14 @@ public:
     TzDateTime(const TzDate& date, unsigned hour, unsigned minute, unsigned second,
                unsigned nanosecond = 0) noexcept;
 
-    /// The instant `time`, with the offset `offset`: UTC unless another one is given. What `time`
-    /// counts below the nanosecond is left out; an instant outside of the years 1 to 9999 gives a
+    /// The instant `time`, with the offset `offset`: UTC unless another one is given. Fractions
+    /// of a nanosecond are left out; an instant outside of the years 1 to 9999 gives a
     /// time that does not exist (`isValid`).
     template <typename Duration>
     requires std::integral<typename Duration::rep>
     explicit TzDateTime(std::chrono::sys_time<Duration> time, TzUtcOffset offset = {}) noexcept
         : TzDateTime(time.time_since_epoch(), offset.getMinutes(), offset) {}
-    /// The local time `time`, without an offset; otherwise as for an instant.
+    /// The local time `time` without an offset; fractions of a nanosecond are left out.
     template <typename Duration>
     requires std::integral<typename Duration::rep>
     explicit TzDateTime(std::chrono::local_time<Duration> time) noexcept
@@ -55,18 +55,18 @@ public:
     unsigned getNanosecond() const noexcept { return nanosecond_; }
     /// The offset from UTC, empty when none is stated.
     std::optional<TzUtcOffset> getOffset() const noexcept { return date_.getOffset(); }
-    /// The instant to the second, the fraction left out; a time without offset counts as UTC.
+    /// The instant to the second, the fraction left out; a time without offset is taken as UTC.
     /// `TzBadValueError` for a time that does not exist.
     std::chrono::sys_seconds getSysSeconds() const;
-    /// The instant; a time without offset counts as UTC. `TzBadValueError` for a time that does not
-    /// exist and for one that 64 bits of nanoseconds cannot hold: before 1677-09-21T00:12:44Z and
-    /// after 2262-04-11T23:47:16Z.
+    /// The instant; a time without offset is taken as UTC. `TzBadValueError` for a time that does
+    /// not exist and for one that 64 bits of nanoseconds cannot hold: before 1677-09-21T00:12:44Z
+    /// and after 2262-04-11T23:47:16Z.
     std::chrono::sys_time<std::chrono::nanoseconds> getSysTime() const;
     /// Whether the day exists and every field of the time is in its range.
     bool isValid() const noexcept;
 
-    /// Order by instant; a time without offset counts as UTC and comes before the equal one with an
-    /// offset. Invalid times are equivalent to each other and come first.
+    /// Order by instant; a time without offset is taken as UTC and comes before the equal one with
+    /// an offset. Invalid times are equivalent to each other and come first.
     friend TZ_PLATFORM_API std::weak_ordering operator<=>(const TzDateTime& left,
                                                           const TzDateTime& right) noexcept;
     /// Equivalent in that order: the same instant, both with an offset or both without.

@@ -21,7 +21,7 @@ public:
     /// `TzBadValueError` when it is anything else, a null pointer or its exponent exceeds
     /// `ExponentLimit`.
     explicit TzDecimalPortable(const char* text);
-    /// The number that `text` states, as above.
+    /// The number that `text` states: digits with an optional sign, point and exponent.
     explicit TzDecimalPortable(std::string_view text);
 
     /// The number without "+", leading zeros and exponent; trailing zeros of the fraction stay,

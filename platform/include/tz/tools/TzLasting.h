@@ -8,8 +8,8 @@
 /// The objects that a library makes on first use and needs to the last.
 ///
 /// Exit handlers and destructors of global objects may use a library that was first used after they
-/// were registered or made, so what it made then must outlive them. A library has one list, a
-/// global object of its own with an early `init_priority`: its destructor therefore runs after all
+/// were registered or made, so what it made then must outlive them. Each library has one list, a
+/// global object with an early `init_priority`: its destructor therefore runs after all
 /// of theirs, or when the library is unloaded, and destroys the objects, the latest first. Any
 /// number of threads may add objects at once.
 class TzLastingList {
@@ -57,7 +57,7 @@ private:
 
 /// A function-local static of class `Value` that lasts as long as `list`.
 ///
-/// Has no destructor of its own, so that nothing is registered where it stands.
+/// Has a trivial destructor, so that its definition registers nothing.
 template <TzLastingList& list, typename Value> class TzLasting final : TzLastingList::Entry {
 public:
     /// Holds what `make` returns; what that throws passes through, and the next use tries again.

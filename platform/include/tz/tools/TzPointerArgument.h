@@ -10,7 +10,7 @@ template <typename Argument>
 concept TzPointerArgument = std::is_pointer_v<Argument> || std::is_member_pointer_v<Argument> ||
     std::is_null_pointer_v<Argument>;
 
-/// A pointer that is no text of characters either, such as `u8"text"` or the address of a string.
+/// A pointer to something else than `char`, such as `u8"text"` or the address of a string.
 /// Operations on texts and booleans delete their overload for it.
 template <typename Argument>
 concept TzStrayPointer = TzPointerArgument<Argument> && !std::convertible_to<Argument, const char*>;

@@ -27,7 +27,7 @@ public:
     /// The designator: "Z", "+hh:mm" or "-hh:mm". Meaningful for valid offsets only.
     TzCString asString() const;
 
-    /// The same designator: "Z" and "+00:00" differ.
+    /// Equal designators: "Z" and "+00:00" differ.
     friend constexpr bool operator==(const TzUtcOffset&, const TzUtcOffset&) noexcept = default;
 
 private:

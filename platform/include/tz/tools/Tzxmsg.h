@@ -27,7 +27,7 @@ public:
     /// The text.
     const TzCString& asString() const noexcept { return text_; }
 
-    /// The text with all that is known beside it: where in the text being read, and the detail. For
+    /// The text with what else is known: the place in the text being read, and the detail. For
     /// example "mismatched tag, line 3, column 9" or "an element has too many attributes, line 1,
     /// column 7 (the limit is 1000)". The form may change between versions.
     virtual TzCString describe() const;

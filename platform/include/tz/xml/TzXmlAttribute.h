@@ -93,6 +93,6 @@ private:
 
     TzXmlName name_;
     TzCString value_;
-    SharedValue shared_;                   // counts in place of the other value where it is set
+    SharedValue shared_;                   // replaces the other value where it is set
     TzXmlAttributeIndex* index_ = nullptr; // that of its list, if there is one; never copied
 };

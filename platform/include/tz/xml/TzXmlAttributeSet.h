@@ -41,30 +41,30 @@ public:
     iterator begin() noexcept { return first(); }
     /// Position of the first attribute.
     const_iterator begin() const noexcept { return first(); }
-    /// Position behind the last attribute.
+    /// Position after the last attribute.
     iterator end() noexcept { return first() + size(); }
-    /// Position behind the last attribute.
+    /// Position after the last attribute.
     const_iterator end() const noexcept { return first() + size(); }
     /// Number of attributes.
     std::size_t size() const noexcept { return list_ != nullptr ? list_->attributes.size() : 0; }
-    /// Whether there is no attribute.
+    /// Whether the list is empty.
     bool empty() const noexcept { return size() == 0; }
 
-    /// Position of the attribute of that name (URI and local part), `end()` if there is none.
+    /// Position of the attribute of that name (URI and local part), `end()` if absent.
     iterator find(const TzXmlName& name) { return find(name.getNamespace(), name.getLocalName()); }
-    /// Position of the attribute of that name (URI and local part), `end()` if there is none.
+    /// Position of the attribute of that name (URI and local part), `end()` if absent.
     const_iterator find(const TzXmlName& name) const {
         return find(name.getNamespace(), name.getLocalName());
     }
-    /// Position of the attribute with that name and value, `end()` if there is none.
+    /// Position of the attribute with that name and value, `end()` if absent.
     iterator find(const TzXmlAttribute& attribute);
-    /// Position of the attribute with that name and value, `end()` if there is none.
+    /// Position of the attribute with that name and value, `end()` if absent.
     const_iterator find(const TzXmlAttribute& attribute) const;
-    /// Position of the declaration of `prefix` ("" is the default namespace), `end()` if none.
+    /// Position of the declaration of `prefix` ("" is the default namespace), `end()` if absent.
     iterator findDeclaration(std::string_view prefix) {
         return find(TzXmlNamespace::getXmlns(), prefix);
     }
-    /// Position of the declaration of `prefix` ("" is the default namespace), `end()` if none.
+    /// Position of the declaration of `prefix` ("" is the default namespace), `end()` if absent.
     const_iterator findDeclaration(std::string_view prefix) const {
         return find(TzXmlNamespace::getXmlns(), prefix);
     }
@@ -73,7 +73,7 @@ public:
     /// An unqualified "xmlns" becomes the declaration of the default namespace. What throws changes
     /// nothing.
     void add(TzXmlAttribute attribute);
-    /// Adds the attribute `name` with `value`, as above.
+    /// Adds the attribute `name` with `value`; a name that is there already takes the value.
     void add(TzXmlName name, TzCString value);
     /// Adds or replaces the declaration of a namespace.
     void addDeclaration(const TzXmlNamespace& declared);
@@ -92,7 +92,7 @@ private:
     /// Lists below this size are searched entry by entry.
     static constexpr std::size_t IndexedFrom = 32;
 
-    /// What a list that is not empty has: most elements have no attributes.
+    /// The memory of a list that is not empty: most elements have no attributes.
     struct List : private TzTMonitor<TzMutexLock> {
         std::vector<TzXmlAttribute> attributes;
         std::unique_ptr<TzXmlAttributeIndex> index;

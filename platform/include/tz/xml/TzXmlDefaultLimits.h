@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-/// What a parser accepts unless it is given other limits. Plain numbers, so that whoever only
+/// What a parser accepts unless it is given other limits. Plain numbers, so that code that only
 /// states limits does not need the parser.
 struct TzXmlDefaultLimits {
     /// Depth of elements.

@@ -33,9 +33,9 @@ public:
     explicit TzXmlDuration(const Parts& parts, bool negative = false);
     /// The duration that `text` states as "PnYnMnDTnHnMnS", "-" before it for a negative one;
     /// `TzXmlBadArgError` for anything else and for a part above 2^64 - 1. Digits of the fraction
-    /// behind the ninth are dropped.
+    /// after the ninth are dropped.
     explicit TzXmlDuration(std::string_view text);
-    /// The duration that `text` states, as above.
+    /// The duration that `text` states as "PnYnMnDTnHnMnS", "-" before it for a negative one.
     explicit TzXmlDuration(const char* text) : TzXmlDuration(std::string_view(text)) {}
 
     /// The parts.

@@ -34,13 +34,13 @@ public:
 
     /// Declares a namespace; a prefix declared already takes the new URI.
     virtual void addNamespaceAttribute(const TzXmlNamespace& declared);
-    /// The declaration with that prefix and URI, `attributesEnd()` if there is none.
+    /// The declaration with that prefix and URI, `attributesEnd()` if absent.
     virtual TzXmlAttribute* findNamespaceAttribute(const TzXmlNamespace& declared);
-    /// The declaration with that prefix and URI, `attributesEnd()` if there is none.
+    /// The declaration with that prefix and URI, `attributesEnd()` if absent.
     virtual const TzXmlAttribute* findNamespaceAttribute(const TzXmlNamespace& declared) const;
-    /// The declaration of `prefix` ("" is the default namespace), `attributesEnd()` if none.
+    /// The declaration of `prefix` ("" is the default namespace), `attributesEnd()` if absent.
     virtual TzXmlAttribute* findNamespaceAttribute(const TzCString& prefix);
-    /// The declaration of `prefix` ("" is the default namespace), `attributesEnd()` if none.
+    /// The declaration of `prefix` ("" is the default namespace), `attributesEnd()` if absent.
     virtual const TzXmlAttribute* findNamespaceAttribute(const TzCString& prefix) const;
     /// Removes the declaration of `prefix`, if any.
     virtual void removeNamespaceAttribute(const TzCString& prefix);
@@ -52,16 +52,16 @@ public:
     virtual void setDefaultNamespaceAttribute(const TzXmlNamespace& declared);
     /// Removes the declaration of the default namespace, if any.
     virtual void unsetDefaultNamespaceAttribute();
-    /// The URI declared as the default namespace, "" when none is.
+    /// The URI declared as the default namespace, "" if absent.
     virtual TzCString getDefaultNamespaceAttribute() const;
 
     /// The first attribute.
     virtual const TzXmlAttribute* attributesBegin() const;
     /// The first attribute.
     virtual TzXmlAttribute* attributesBegin();
-    /// Behind the last attribute.
+    /// Position after the last attribute.
     virtual const TzXmlAttribute* attributesEnd() const;
-    /// Behind the last attribute.
+    /// Position after the last attribute.
     virtual TzXmlAttribute* attributesEnd();
     /// Number of attributes, declarations included.
     virtual std::size_t attributeCount() const;
@@ -69,7 +69,7 @@ public:
     virtual void clearAttributes();
     /// Adds an attribute; one of the same name takes the new value in place.
     virtual void addAttribute(const TzXmlAttribute& attribute);
-    /// Adds the attribute `name`, as above.
+    /// Adds the attribute `name`; one of the same name takes the new value in place.
     virtual void addAttribute(const TzXmlName& name, const TzCString& value);
     /// Removes the attribute at that position.
     virtual void removeAttribute(TzXmlAttribute* position);
@@ -77,13 +77,13 @@ public:
     virtual void removeAttribute(const TzXmlAttribute& attribute);
     /// Removes the attribute of that name, if any.
     virtual void removeAttribute(const TzXmlName& name);
-    /// The attribute with that name and value, `attributesEnd()` if there is none.
+    /// The attribute with that name and value, `attributesEnd()` if absent.
     virtual TzXmlAttribute* findAttribute(const TzXmlAttribute& attribute);
-    /// The attribute with that name and value, `attributesEnd()` if there is none.
+    /// The attribute with that name and value, `attributesEnd()` if absent.
     virtual const TzXmlAttribute* findAttribute(const TzXmlAttribute& attribute) const;
-    /// The attribute of that name, `attributesEnd()` if there is none.
+    /// The attribute of that name, `attributesEnd()` if absent.
     virtual TzXmlAttribute* findAttribute(const TzXmlName& name);
-    /// The attribute of that name, `attributesEnd()` if there is none.
+    /// The attribute of that name, `attributesEnd()` if absent.
     virtual const TzXmlAttribute* findAttribute(const TzXmlName& name) const;
     /// Whether there is an attribute with that name and value.
     virtual bool hasAttribute(const TzXmlAttribute& attribute) const;
@@ -93,7 +93,7 @@ public:
     virtual TzXmlAttributeSet& getAttributes();
     /// The attribute list.
     virtual const TzXmlAttributeSet& getAttributes() const;
-    /// Whether there is no attribute. Not virtual, for it is asked most often.
+    /// Whether the list is empty. Not virtual, because it is the most frequent call.
     bool isBare() const noexcept { return attributes_->empty(); }
 
 protected:
@@ -111,5 +111,5 @@ protected:
 private:
     TzXmlName name_;
     TzXmlAttributeSet* attributes_;
-    bool ownsAttributes_; // not where a derived class holds the list
+    bool ownsAttributes_; // false where a derived class holds the list
 };

@@ -49,7 +49,7 @@ public:
     void setPrefix(std::string_view prefix);
     /// Replaces prefix and URI, the local part stays.
     void setNamespace(const TzXmlNamespace& nameSpace);
-    /// Whether there is no local part.
+    /// Whether the local part is empty.
     bool isEmpty() const noexcept { return getLocalName().empty(); }
 
     /// Whether the qualified name is a name of XML 1.0, which elements and attributes can have.
@@ -67,7 +67,7 @@ public:
     TzCString getQualifiedName() const;
     /// Appends what `getQualifiedName` returns to `text`.
     void appendQualifiedName(TzCString& text) const;
-    /// The same text as `getQualifiedName`.
+    /// The text that `getQualifiedName` returns.
     TzCString asString() const { return getQualifiedName(); }
     /// URI, ":" and local part; the local part alone without URI.
     TzCString getUniqueName() const;
@@ -117,7 +117,7 @@ private:
     TzSharedRecord<Parts> parts_;
 };
 
-/// Makes names many at a time, for readers: a few of them share their memory.
+/// Makes names many at a time: a few of them share a block of memory. Serves readers.
 ///
 /// One maker belongs to one thread; the names may outlive it and live on any thread.
 class TzXmlNameMaker {

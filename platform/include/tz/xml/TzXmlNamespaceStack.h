@@ -26,18 +26,18 @@ public:
     /// Number of open scopes.
     std::size_t depth() const noexcept { return scopes_.size(); }
 
-    /// Declares a namespace in the innermost scope (opening one if there is none); a prefix
+    /// Declares a namespace in the innermost scope (opening one if necessary); a prefix
     /// declared there already takes the new URI.
     void add(const TzXmlNamespace& declared);
     /// The URI bound to `prefix`, innermost scope first; "" when unbound. O(log declarations).
     const TzCString& getURIForPrefix(std::string_view prefix) const noexcept;
-    /// The declaration of `prefix`, innermost scope first; null when there is none; valid until the
+    /// The declaration of `prefix`, innermost scope first; null if absent; valid until the
     /// next change. O(log declarations).
     const TzXmlNamespace* find(std::string_view prefix) const noexcept;
 
     /// First declaration of the innermost scope, in order of addition.
     const_iterator begin() const noexcept;
-    /// Behind the last declaration of the innermost scope, and of all.
+    /// Position after the last declaration of the innermost scope, and of all.
     const_iterator end() const noexcept { return declarations_.end(); }
 
     /// The declarations of all scopes, outermost first, in order of addition; those that others

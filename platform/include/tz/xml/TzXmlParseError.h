@@ -6,7 +6,7 @@
 
 #include <cstddef>
 
-/// Text that is not the XML that was asked for, with the place where it went wrong.
+/// Text that is not the XML that was expected, with the place of the mistake.
 class TZ_PLATFORM_API TzXmlParseError : public TzXmlError {
 public:
     /// An error that says `message` about `line` and `column` (from 1; 0 unknown) of `source`.
@@ -19,9 +19,9 @@ public:
     TzXmlParseError& operator=(const TzXmlParseError&) = default;
     ~TzXmlParseError() override;
 
-    /// The name of the text that was read, "" when it has none.
+    /// The name of the text that was read, "" without one.
     const TzCString& getSource() const noexcept { return source_; }
-    /// As for every error, after the name of the text that was read if it has one:
+    /// The text with place and detail, after the name of the text that was read if it has one:
     /// "file.xml: mismatched tag, line 3, column 9".
     TzCString describe() const override;
 

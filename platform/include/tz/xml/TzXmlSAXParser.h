@@ -12,7 +12,7 @@
 class TzXmlContentHandler;
 class TzXmlNamespace;
 
-/// Reads XML text and tells a content handler what it meets.
+/// Reads XML text and reports its events to a content handler.
 ///
 /// Namespaces are resolved (an unbound prefix gives the empty URI), declarations are delivered
 /// among the attributes. The prefixes "xml" and "xmlns" keep their namespaces: a declaration that
@@ -27,11 +27,11 @@ class TzXmlNamespace;
 /// to 4 KiB keeps what that took, 10 to 100 KB, for the next one until it ends.
 class TZ_PLATFORM_API TzXmlSAXParser {
 public:
-    /// Depth of elements that is accepted unless told otherwise.
+    /// Depth of elements that is accepted unless set.
     static constexpr std::size_t DefaultDepthLimit = TzXmlDefaultLimits::Depth;
-    /// Number of attributes of one element that is accepted unless told otherwise.
+    /// Number of attributes of one element that is accepted unless set.
     static constexpr std::size_t DefaultAttributeLimit = TzXmlDefaultLimits::Attributes;
-    /// Length of a namespace's URI in bytes that is accepted unless told otherwise.
+    /// Length of a namespace's URI in bytes that is accepted unless set.
     static constexpr std::size_t DefaultUriLimit = TzXmlDefaultLimits::UriLength;
     /// Length of a declared prefix in bytes that is accepted unless told otherwise.
     static constexpr std::size_t DefaultPrefixLimit = TzXmlDefaultLimits::PrefixLength;
@@ -56,7 +56,7 @@ public:
     void setAttributeLimit(std::size_t limit) noexcept { attributeLimit_ = limit; }
     /// Attribute limit in force.
     std::size_t getAttributeLimit() const noexcept { return attributeLimit_; }
-    /// Declarations of longer URIs (in bytes) are refused, for every name below them may be
+    /// Declarations of longer URIs (in bytes) are refused, because every name below them may be
     /// compared with them; holds from the next element on.
     void setUriLimit(std::size_t limit) noexcept { uriLimit_ = limit; }
     /// Limit of URIs in force.
@@ -81,10 +81,10 @@ public:
     /// nothing is parsed; valid until the next event. O(log(prefixes)).
     const TzXmlNamespace* findNamespace(std::string_view prefix) const noexcept;
     /// Line of the event under way, from 1; after a failed parse, of the event it ended at;
-    /// otherwise 0. A text event has the place of the tag that ends the text. Counted when asked
-    /// for.
+    /// otherwise 0. A text event has the place of the tag that ends the text. Computed by
+    /// the call.
     std::size_t getLine() const noexcept;
-    /// Column (in characters) of that event, from 1; otherwise 0. Counted when asked for.
+    /// Column (in characters) of that event, from 1; otherwise 0. Computed by the call.
     std::size_t getColumn() const noexcept;
 
 private:

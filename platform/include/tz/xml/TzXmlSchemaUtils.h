@@ -6,8 +6,8 @@
 
 #include <concepts>
 
-/// Lexical forms of XML Schema. Static operations without state, usable from any thread; the locale
-/// is never looked at.
+/// Lexical forms of XML Schema. Static operations without state, usable from any thread; they
+/// ignore the locale.
 class TZ_PLATFORM_API TzXmlSchemaUtils {
 public:
     TzXmlSchemaUtils() = delete;

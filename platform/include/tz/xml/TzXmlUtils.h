@@ -11,7 +11,7 @@ class TzDateTime;
 
 /// White space of XML, qualified names in text and the ISO 8601 forms of dates.
 ///
-/// Static operations without state, usable from any thread; the locale is never looked at.
+/// Static operations without state, usable from any thread; they ignore the locale.
 class TZ_PLATFORM_API TzXmlUtils {
 public:
     static constexpr char BlankUtf8 = ' ';    ///< The blank.
@@ -20,7 +20,7 @@ public:
 
     /// The white space of XML: blank, line feed, tab, carriage return.
     static constexpr std::string_view WhiteSpace = " \n\t\r";
-    /// Whether `character` is one of these.
+    /// Whether `character` is white space of XML.
     static constexpr bool isWhiteSpace(char character) noexcept {
         return character == ' ' || character == '\n' || character == '\t' || character == '\r';
     }
@@ -51,9 +51,9 @@ public:
     /// "YYYY-MM-DD", and the offset if the date has one; `TzXmlBadArgError` for an invalid date.
     static TzCString convertDateToISOString(const TzDate& date);
     /// `dateTime` in `format`: %Y %m %d %H %M %S, %F for the date, %X and %T for the 24-hour time,
-    /// %% for
-    /// '%', other characters as they stand. A fraction that is not 0 follows the seconds, the
-    /// offset if there is one ends the text. `TzXmlBadArgError` for an invalid time or another
+    /// %% for '%', other characters unchanged.
+    /// A fraction that is not 0 follows the seconds; the offset, if the time has one, ends the
+    /// text. `TzXmlBadArgError` for an invalid time or another
     /// directive.
     static TzCString convertDateTimeToISOString(const TzDateTime& dateTime,
                                                 std::string_view format = ISO8601Format);
@@ -63,7 +63,7 @@ public:
     static TzDate convertISODateStringToDate(std::string_view text);
     /// The time "YYYY-MM-DDThh:mm:ss", optionally with a fraction and with "Z", "+hh:mm" or
     /// "-hh:mm"; "24:00:00" is the next midnight; "hh:mm:ss" and "Thh:mm:ss" alone are on
-    /// 1970-01-01. `TzXmlBadArgError` for any other text. Digits of the fraction behind the ninth
+    /// 1970-01-01. `TzXmlBadArgError` for any other text. Digits of the fraction after the ninth
     /// are dropped.
     static TzDateTime convertISODateStringToDateTime(std::string_view text);
 };

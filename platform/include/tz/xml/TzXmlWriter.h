@@ -68,15 +68,15 @@ public:
         writeMarkup(pieces...);
         writeNewLine();
     }
-    /// `content` as `write` would escape it; valid until the next escaping. `TzXmlBadArgError` as
-    /// there.
+    /// `content` as `write` would escape it; valid until the next escaping. `TzXmlBadArgError` for
+    /// what XML 1.0 cannot carry.
     std::string_view escaped(std::string_view content);
     /// Whether `text` needs no escaping anywhere. Only quick: false says nothing.
     static bool isPlain(std::string_view text) noexcept;
     /// Appends a blank, `name`, `="`, `value` and `"`. Escaping covers '"', TAB and LF as well;
     /// `TzXmlBadArgError` as for `write`.
     void writeAttribute(std::string_view name, std::string_view value, bool escape = true);
-    /// The same, escaped, for a name in two parts; an empty prefix is left out with its colon.
+    /// Appends an escaped attribute whose name is in two parts; without prefix no colon.
     void writeQualifiedAttribute(std::string_view prefix, std::string_view localName,
                                  std::string_view value);
     /// Ends the line; the next text is indented. Does nothing in compact layout.
