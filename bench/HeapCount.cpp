@@ -14,7 +14,7 @@ std::size_t liveBytes = 0;
 std::size_t liveAllocations = 0;
 std::size_t peak = 0;
 
-// What a block takes is asked of the allocator: a note of its own in front of each block would
+// The allocator reports what a block takes: a note before each block would
 // spread the values that are measured over more memory than they have in a program.
 void* allocate(std::size_t size) {
     void* const block = std::malloc(size);

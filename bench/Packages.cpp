@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t LargeSize = std::size_t{64} << 20;
 constexpr std::size_t SmallSize = 1024;
 
-/// Bytes of every value, the same ones in every run.
+/// Bytes of every value, equal in every run.
 std::string bytes(std::size_t size, std::mt19937_64& random) {
     std::string made(size, '\0');
     for (char& byte : made) {

@@ -160,7 +160,7 @@ void addArrays() {
         addOnText(std::string("read/") + name + "/expat", subject, peers::expatNoOp);
         addWriting(std::string("write/") + name, "", subject);
         addSerializing(std::string("serialize/") + name, subject);
-        // Last, for the peer's document stays.
+        // Last, because the peer's document stays.
         addPeerWriting(std::string("write/") + name, "", subject);
     }
     for (const int members : {1000, 10000, 100000}) {

@@ -49,7 +49,7 @@ void show(const char* title, const TzSoapHttpTransportContext& headers, const st
     std::cout << "--- " << title << " ---\n" << headers.asString() << '\n' << body << '\n';
 }
 
-/// Posts `body` and returns the answer. `std::runtime_error` when none comes in time: a service may
+/// Posts `body` and returns the answer. `std::runtime_error` without one in time: a service may
 /// be slow, or never end what it sends.
 httplib::Response exchange(const std::string& url, const httplib::Headers& headers,
                            const std::string& body) {
@@ -72,7 +72,7 @@ httplib::Response exchange(const std::string& url, const httplib::Headers& heade
 }
 
 /// Posts `request` to `url` and returns the answer, which may be a fault. `std::runtime_error` when
-/// there is none, or it is not a message.
+/// it is missing or not a message.
 TzSoapMessage post(const std::string& url, const TzSoapMessage& request, const char* action) {
     TzSoapHttpTransportContext sent;
     sent.setSoapAction(action);
@@ -150,8 +150,8 @@ TzSoapMessage makeRequest(TzSoapVersion::Version version, const char* file) {
     return message;
 }
 
-/// What is in the order, taken out by names: whatever another service answers, a value that is
-/// missing or of another kind is an error that says so.
+/// The contents of the order, found by names: a value that is missing or of another kind is an
+/// error that says so, whatever the service answers.
 std::string describe(const TzSoapType& order) {
     const auto value = [&](const char* name) { return TzSoapValueReader(order.getChild(name)); };
     std::ostringstream out;

@@ -44,7 +44,7 @@ const TzSoapNode& node() {
     return instance;
 }
 
-/// Keeps the header entries that are meant for us and understood, for the answer.
+/// Keeps the header entries that are meant for us and understood; the answer gets them.
 void answerHeader(TzSoapHeader& header) {
     for (auto entry = header.entriesBegin(); entry != header.entriesEnd();) {
         if (node().isTargetOf(*entry) && node().understands(entry->getName())) {
@@ -74,7 +74,7 @@ TzSoapMessage answerTo(TzSoapMessage& request) {
     if (!misunderstood.empty()) {
         return TzSoapFaultMessage::makeMustUnderstand(request.getVersion(), misunderstood);
     }
-    // Entries that say they are no root are values that others refer to.
+    // Entries with a false root attribute are values that others refer to.
     TzSoapBody& body = request.getSoapBody();
     const auto operation = std::find_if(body.begin(), body.end(), [](const TzSoapType& entry) {
         return entry.getRoot() || !entry.isRootAttributeSet();
@@ -119,8 +119,9 @@ void serve(const TzSoapHttpTransportContext& headers, const std::string& body,
     response.body = std::move(text);
 }
 
-/// Collects the body piece by piece, so that its size counts after it was unzipped, and serves it.
-/// A body that is too large is read to its end, within limits, or else the answer would be lost.
+/// Collects the body piece by piece, so that the limit applies to its unzipped size, and serves it.
+/// Reads a body that is too large to its end, within limits, because the answer would be lost
+/// otherwise.
 void receive(std::size_t largest, const httplib::Request& http, httplib::Response& response,
              const httplib::ContentReader& read) {
     constexpr int BadRequest = 400;
@@ -152,7 +153,7 @@ void receive(std::size_t largest, const httplib::Request& http, httplib::Respons
 int runUntilSignal(httplib::Server& server, const sigset_t& signals) {
     std::future<bool> listening = std::async(std::launch::async, [&server] {
         const bool good = server.listen_after_bind();
-        kill(getpid(), SIGTERM); // when it failed by itself, nobody else would wake us
+        kill(getpid(), SIGTERM); // after a failure nothing else wakes the main thread
         return good;
     });
     int signal = 0;

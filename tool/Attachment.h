@@ -7,9 +7,9 @@
 
 /// An attachment named by an argument: "PATH", "CID=PATH", either one with ";type=TYPE" after it.
 struct Attachment {
-    std::string contentId; ///< The file's name without its directories when there is no "CID=".
+    std::string contentId; ///< The file's name without its directories unless "CID=" is given.
     std::string path;
-    std::string type; ///< By the file's name when there is no ";type=".
+    std::string type; ///< By the file's name unless ";type=" is given.
 
     /// What `argument` names; `std::runtime_error` when it has another form.
     static Attachment parse(const std::string& argument);

@@ -79,7 +79,7 @@ bool print(const HttpReply& reply, const std::string& url) {
     }
     TzSoapMessage answer;
     reply.read(answer);
-    tellLosses(url, "", answer);
+    reportLosses(url, "", answer);
     TreePrinter printer(std::cout);
     MessageWalk walk(printer);
     answer.acceptVisitor(walk);

@@ -26,25 +26,25 @@ struct ReferenceFacts {
     std::string text;                ///< The reference as it was sent.
     std::optional<std::size_t> part; ///< The number of an attachment in the package.
     std::size_t size = 0;            ///< Bytes of that attachment.
-    std::string_view kind;           ///< The kind of a value; "" when it points at none.
+    std::string_view kind;           ///< The kind of a value; "" for any other target.
     TzXmlName name;                  ///< The value's name.
 };
 
-/// What a fault says beside its detail.
+/// What a fault says besides its detail.
 struct FaultFacts {
     TzXmlName code;
     std::vector<TzXmlName> subcodes;
     std::string reason;
     std::string node;
     std::string role;
-    std::string detailText; ///< Text in the detail, beside its entries.
+    std::string detailText; ///< Text in the detail, besides its entries.
 };
 
 /// What there is to say about one element of a message, apart from the elements in it.
 struct Element {
     std::string_view kind;     ///< Such as "Body" or "Simple".
-    std::string_view role;     ///< What it is to the element around it; "" for one of several.
-    std::string_view children; ///< What the elements in it are called; "" where none can be.
+    std::string_view role;     ///< Its role in the element around it; "" for one of several.
+    std::string_view children; ///< The name of the elements in it; "" where none can be.
     TzXmlName name;
     TzXmlName type;             ///< Empty when none is stated.
     std::string mustUnderstand; ///< "true" or "false", "" when not set.
@@ -82,6 +82,6 @@ public:
     virtual void begin(const Element& element) = 0;
     /// The element that began last ends.
     virtual void end() = 0;
-    /// A part of the package beside the envelope, after all elements.
+    /// A part of the package besides the envelope, after all elements.
     virtual void attachment(std::size_t number, const PartFacts& facts) = 0;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Escape.h"
 
+#include <tz/tools/TzTextTools.h>
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -10,7 +12,7 @@ namespace {
 constexpr std::string_view Digits = "0123456789abcdef";
 constexpr std::string_view Replacement = "\xEF\xBF\xBD"; // U+FFFD
 
-/// Characters with an escape of their own, in every form that is written.
+/// Characters with a short escape, in every form that is written.
 struct Named {
     char character;
     char letter;
@@ -20,55 +22,6 @@ constexpr std::array<Named, 3> Names = {{{'\n', 'n'}, {'\r', 'r'}, {'\t', 't'}}}
 
 constexpr unsigned char byteAt(std::string_view text, std::size_t position) {
     return static_cast<unsigned char>(text[position]);
-}
-
-constexpr bool isBetween(unsigned char byte, unsigned char low, unsigned char high) {
-    return byte >= low && byte <= high;
-}
-
-/// How a character of UTF-8 that begins with these bytes goes on (RFC 3629, 4).
-struct Sequence {
-    unsigned char first;
-    unsigned char last;
-    std::size_t length;
-    unsigned char secondLow;
-    unsigned char secondHigh;
-};
-
-constexpr std::array<Sequence, 9> Sequences = {{
-    {0x00, 0x7F, 1, 0x80, 0xBF},
-    {0xC2, 0xDF, 2, 0x80, 0xBF},
-    {0xE0, 0xE0, 3, 0xA0, 0xBF},
-    {0xE1, 0xEC, 3, 0x80, 0xBF},
-    {0xED, 0xED, 3, 0x80, 0x9F},
-    {0xEE, 0xEF, 3, 0x80, 0xBF},
-    {0xF0, 0xF0, 4, 0x90, 0xBF},
-    {0xF1, 0xF3, 4, 0x80, 0xBF},
-    {0xF4, 0xF4, 4, 0x80, 0x8F},
-}};
-
-bool continues(std::string_view text, std::size_t position, const Sequence& sequence) {
-    if (text.size() - position < sequence.length) {
-        return false;
-    }
-    for (std::size_t i = 1; i < sequence.length; ++i) {
-        const bool second = i == 1;
-        if (!isBetween(byteAt(text, position + i), second ? sequence.secondLow : 0x80,
-                       second ? sequence.secondHigh : 0xBF)) {
-            return false;
-        }
-    }
-    return true;
-}
-
-/// The length of the character at `position`, 0 when the byte there begins none.
-std::size_t characterAt(std::string_view text, std::size_t position) {
-    const unsigned char byte = byteAt(text, position);
-    const auto* const found =
-        std::find_if(Sequences.begin(), Sequences.end(), [byte](const Sequence& entry) {
-            return isBetween(byte, entry.first, entry.last);
-        });
-    return found != Sequences.end() && continues(text, position, *found) ? found->length : 0;
 }
 
 void appendHex(std::string& out, std::string_view prefix, unsigned char byte) {
@@ -98,7 +51,7 @@ bool isControl(char character) {
     return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
 }
 
-/// Adds the character, or the byte that is none, as it may stand on a terminal.
+/// Adds the character, or the byte that is not UTF-8, in a form that is safe on a terminal.
 void appendVisible(std::string& out, std::string_view character, bool isCharacter) {
     const unsigned char byte = byteAt(character, 0);
     if (!isCharacter || (isControl(character.front()) && !appendNamed(out, character.front()))) {
@@ -121,13 +74,14 @@ void appendJson(std::string& out, std::string_view character, bool isCharacter) 
 }
 
 /// Calls `append` with every character of `text`; with `marked`, quotes and backslashes get a
-/// backslash in front.
+/// backslash before them.
 template <typename Append>
 std::string translate(std::string_view text, bool marked, const Append& append) {
     std::string out;
     out.reserve(text.size() + 2);
     for (std::size_t position = 0; position < text.size();) {
-        const std::size_t length = characterAt(text, position);
+        const std::size_t length =
+            TzTextTools::characterLength(std::string_view(text).substr(position));
         const std::string_view character = text.substr(position, std::max<std::size_t>(length, 1));
         if (marked && (character == "\"" || character == "\\")) {
             out.push_back('\\');

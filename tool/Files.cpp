@@ -41,7 +41,7 @@ std::string readAll(std::FILE* in) {
     return text;
 }
 
-/// Writes `bytes` to the file that `mode` opens; what does not get there to the end is a failure.
+/// Writes `bytes` to the file that `mode` opens; an incomplete file is a failure.
 void writeAs(const char* file, const char* mode, std::string_view bytes) {
     Handle out = open(file, mode);
     if (std::fwrite(bytes.data(), 1, bytes.size(), out.get()) != bytes.size() ||

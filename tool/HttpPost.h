@@ -10,7 +10,7 @@ class TzSoapMessage;
 /// What came back for a request over HTTP.
 struct HttpReply {
     int status = 0;
-    TzSoapHttpTransportContext headers; ///< The content type, where there is one.
+    TzSoapHttpTransportContext headers; ///< The content type, if there is one.
     std::string body;
 
     /// Reads the message into `message`. Errors are those of `TzSoapHttpBinding::unpack`; a status

@@ -9,7 +9,7 @@ namespace CLI {
 class App;
 }
 
-/// What is known of packages beside their files.
+/// What is known of packages besides their files.
 struct PackageOptions {
     std::string contentType; ///< Of a package whose file has no header lines, "" otherwise.
     bool incomplete = false; ///< Whether a package may lack its end.
@@ -20,7 +20,7 @@ struct Input {
     std::string file = files::Standard;
     PackageOptions package;
 
-    /// How failures call the file.
+    /// The name of the file in reports of failures.
     std::string shownName() const { return files::shownName(file); }
     /// The text of the file, with a header line for the content type where there is one.
     std::string read() const;

@@ -15,7 +15,7 @@ public:
 
     /// Begins an object, as a value.
     void beginObject() { open('{'); }
-    /// Ends the object that began last. Behind the outermost one comes a line end.
+    /// Ends the object that began last. A line end follows the outermost one.
     void endObject() { close('}'); }
     /// Begins an array, as a value.
     void beginArray() { open('['); }

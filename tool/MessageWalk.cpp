@@ -41,7 +41,7 @@ std::size_t numberOf(const TzMimePart& part, const TzMimeMultipart& package) {
     return location ? package.findPartByLocation(*location) : TzMimePart::NotFound;
 }
 
-/// The text of the reference attribute, which has a name of its own in each version.
+/// The text of the reference attribute, whose name differs from version to version.
 std::string referenceText(const TzSoapReferenceType& value) {
     for (const auto version : {TzSoapVersion::V1_2, TzSoapVersion::V1_1}) {
         const TzXmlName& name = TzSoapVersion::getSoapAttributeName(TzSoapVersion::Ref, version);
@@ -66,7 +66,7 @@ std::vector<unsigned int> indexOf(unsigned int position, const std::vector<unsig
 
 } // namespace
 
-void MessageWalk::tell(const Element& element) {
+void MessageWalk::report(const Element& element) {
     sink_.begin(element);
     sink_.end();
 }
@@ -89,7 +89,7 @@ void MessageWalk::visit(const TzSoapMessage& message) {
     sink_.beginMessage(message.getVersion() == TzSoapVersion::V1_1 ? "1.1" : "1.2");
     Element envelope = describeElement("Envelope", message);
     envelope.role = "envelope";
-    tell(envelope);
+    report(envelope);
     if (message.getSoapHeader().entryCount() != 0) {
         message.getSoapHeader().acceptVisitor(*this);
     }
@@ -151,13 +151,13 @@ void MessageWalk::visit(const TzSoapFault& fault) {
 void MessageWalk::visit(const TzSoapSimpleType& value) {
     Element element = describe(value);
     element.text = value.getString();
-    tell(element);
+    report(element);
 }
 
 void MessageWalk::visit(const TzSoapUserDefinedType& value) {
     Element element = describe(value);
     element.text = value.getValue();
-    tell(element);
+    report(element);
 }
 
 void MessageWalk::visit(const TzSoapCompositeType& value) {
@@ -184,7 +184,7 @@ void MessageWalk::visit(const TzSoapReferenceType& value) {
         facts.kind = value.getSoapReference().getSoapTypeIdAsString();
         facts.name = value.getSoapReference().getName();
     }
-    tell(element);
+    report(element);
 }
 
 Element MessageWalk::describeArray(const TzSoapArrayType& array, std::size_t items) {
@@ -219,13 +219,13 @@ void MessageWalk::visit(const TzSoapCompactArrayType& value) {
 }
 
 void MessageWalk::visit(const TzSoapArrayType& value) {
-    tell(describeArray(value, value.entries()));
+    report(describeArray(value, value.entries()));
 }
 
 void MessageWalk::visit(const TzSoapMisunderstoodType& value) {
     Element element = describe(value);
     element.misunderstood = value.getQualifiedName();
-    tell(element);
+    report(element);
 }
 
-void MessageWalk::visit(const TzSoapType& value) { tell(describe(value)); }
+void MessageWalk::visit(const TzSoapType& value) { report(describe(value)); }

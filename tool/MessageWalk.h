@@ -7,9 +7,7 @@
 
 #include <vector>
 
-class TzMimeMultipart;
-
-/// Goes through a message that was read and tells a sink what is in it. Every value is reported
+/// Walks over a message that was read and reports to a sink what is in it. Every value is reported
 /// where it stands; references name their target and are not followed, so rings end.
 class MessageWalk : public TzSoapConstVisitor {
 public:
@@ -33,7 +31,7 @@ public:
 private:
     Element describe(const TzSoapType& value);
     Element describeArray(const TzSoapArrayType& array, std::size_t items);
-    void tell(const Element& element);
+    void report(const Element& element);
     void visitItem(const TzSoapType& item, std::vector<unsigned int> position);
     template <typename Container>
     void visitEntries(std::string_view kind, std::string_view role, const Container& container);

@@ -16,7 +16,7 @@
 
 namespace {
 
-/// Tells which references of an envelope no part answers.
+/// Reports the references of an envelope to which no part belongs.
 class DanglingReferences : public ElementSink {
 public:
     explicit DanglingReferences(std::string file) : file_(std::move(file)) {}
@@ -39,7 +39,7 @@ private:
 
 constexpr const char* Utf8 = "UTF-8";
 
-/// What stands in quotes after a name and "=" in an XML declaration, "" for nothing.
+/// The quoted text after a name and "=" in an XML declaration, "" if absent.
 std::string_view valueOf(std::string_view name, std::string_view declaration) {
     const std::size_t at = declaration.find(name);
     if (at == std::string_view::npos) {

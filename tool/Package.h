@@ -15,8 +15,8 @@ TzMimeMultipart around(std::string envelope);
 /// Adds the attachment that `argument` names. `std::runtime_error` when it has another form, its
 /// file cannot be read or its content id is taken.
 void insert(TzMimeMultipart& package, const std::string& argument);
-/// Reads the package `name` as a receiver will, with the receiver's errors. References that no part
-/// answers are reported on standard error.
+/// Reads the package `name` as a receiver will, with the receiver's errors. Reports references to
+/// missing parts on standard error.
 void check(const TzMimeMultipart& package, const std::string& name);
 
 } // namespace packages

@@ -16,15 +16,15 @@
 
 namespace {
 
-/// What `error` says beside the place, which stands before it already.
+/// What `error` says besides the place, which precedes it already.
 std::string textWithoutPlace(const Tzxmsg& error) {
     const auto* const known = dynamic_cast<const TzXmlError*>(&error);
     std::string text = known != nullptr ? known->getMessage().asString() : error.asString();
     return error.getDetail().empty() ? text : text + " (" + error.getDetail() + ')';
 }
 
-/// Tells a failure; `place` says where in the file lines are counted.
-void tell(const std::string& file, const char* place, const std::exception& error) {
+/// Reports a failure; `place` says where in the file lines are counted.
+void printFailure(const std::string& file, const char* place, const std::exception& error) {
     std::cerr << file;
     const auto* const known = dynamic_cast<const Tzxmsg*>(&error);
     std::string text = known != nullptr ? known->describe() : error.what();
@@ -40,7 +40,7 @@ ExitStatus report(const std::string& file, const char* place, const std::functio
         work();
         return Done;
     } catch (const std::exception& error) {
-        tell(file, place, error);
+        printFailure(file, place, error);
         return Failed;
     }
 }
@@ -68,12 +68,12 @@ ExitStatus withMessage(const Input& input, const std::function<void(const TzSoap
     return status == Failed ? status : report(name, isPackage ? " (envelope)" : "", [&] {
         isPackage ? message.extract(package) : message.extract(text);
         text = std::string();
-        tellLosses(name, isPackage ? " (envelope)" : "", message);
+        reportLosses(name, isPackage ? " (envelope)" : "", message);
         work(message);
     });
 }
 
-void tellLosses(const std::string& name, const char* place, const TzSoapMessage& message) {
+void reportLosses(const std::string& name, const char* place, const TzSoapMessage& message) {
     if (message.hasDroppedText()) {
         const TzSoapDroppedText dropped = message.getDroppedText();
         std::cerr << name << place << ':' << dropped.line << ':' << dropped.column

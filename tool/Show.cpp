@@ -56,7 +56,7 @@ int show(const Options& options) {
 void addShow(CLI::App& app, int& status) {
     CLI::App* const command = app.add_subcommand("show", "Prints messages as trees");
     const auto options = std::make_shared<Options>();
-    command->add_option("FILE", options->files, "Files to read; standard input when there is none");
+    command->add_option("FILE", options->files, "Files to read; standard input without any");
     addPackageOptions(*command, options->package);
     command->add_flag("--json", options->json,
                       "Print each message as a JSON document; docs/tool.md describes it");

@@ -46,7 +46,7 @@ bool mayStandInName(char character) {
            (character >= '0' && character <= '9') || others.find(character) != others.npos;
 }
 
-/// What a part calls itself: the begin of its content id, else the end of its location.
+/// The name that a part states: the begin of its content id, else the end of its location.
 std::string_view ownName(const PartFacts& facts) {
     std::string_view name = facts.contentId;
     if (!name.empty()) {
@@ -56,8 +56,8 @@ std::string_view ownName(const PartFacts& facts) {
     return name.substr(name.find_last_of('/') + 1);
 }
 
-/// A file name that nobody else's bytes can make a path or another part's name: the number comes
-/// first.
+/// A file name that received bytes can make neither a path nor another part's name: the number
+/// comes first.
 std::string fileName(std::size_t position, const PartFacts& facts) {
     const std::string_view own = ownName(facts).substr(0, LongestName);
     std::string name = std::to_string(position) + '-' + std::string(own.empty() ? "part" : own);
@@ -84,7 +84,7 @@ std::vector<Target> targets(const TzMimeMultipart& package, const std::string& d
     return found;
 }
 
-/// Makes way for the files, or refuses when one of them is there.
+/// Removes existing files, or refuses if one of them exists.
 ExitStatus makeWay(const std::vector<Target>& targets, bool force) {
     int status = Done;
     for (const Target& target : targets) {

@@ -34,9 +34,9 @@ public:
     bool matchSoapEnv(const TzXmlNamespace& candidate) const override;
     /// Whether `candidate` stands for the encoding namespace.
     bool matchSoapEnc(const TzXmlNamespace& candidate) const override;
-    /// The name of an attribute; empty for `ItemType`, `ArraySize` and what is no attribute.
+    /// The name of an attribute; empty for `ItemType`, `ArraySize` and unknown values.
     const TzXmlName& getSoapAttributeQName(SoapAttribute attribute) const override;
-    /// The name of an element; empty for what only 1.2 has and for what is no element.
+    /// The name of an element; empty for those of 1.2 alone and for unknown values.
     const TzXmlName& getSoapElementQName(SoapElement element) const override;
 
 protected:

@@ -31,9 +31,9 @@ public:
     /// The envelope URI and "/role/next", "/role/none" or "/role/ultimateReceiver"; "" for any
     /// other.
     const TzCString& getSoapRole(SoapRole role) const override;
-    /// The name of a fault code; `TzXmlError` INVALID_FAULT_CODE "Version1_2" for what is none.
+    /// The name of a fault code; `TzXmlError` INVALID_FAULT_CODE "Version1_2" for others.
     const TzXmlName& getFaultCode(SoapFaultCode code) const override;
-    /// The name of a fault subcode; `TzXmlError` INVALID_FAULT_CODE "Version1_2" for what is none.
+    /// The name of a fault subcode; `TzXmlError` INVALID_FAULT_CODE "Version1_2" for others.
     const TzXmlName& getSubFaultCode(SoapSubFaultCode code) const override;
     /// The URI of the encoding namespace.
     const TzCString& getSoapEncodingStyle() const override;
@@ -47,9 +47,9 @@ public:
     bool matchSoapFault(const TzXmlNamespace& candidate) const override;
     /// Whether `candidate` stands for the upgrade namespace.
     bool matchSoapUpgrade(const TzXmlNamespace& candidate) const override;
-    /// The name of an attribute; empty for `ArrayType` and what is no attribute.
+    /// The name of an attribute; empty for `ArrayType` and unknown values.
     const TzXmlName& getSoapAttributeQName(SoapAttribute attribute) const override;
-    /// The name of an element; empty for what is no element.
+    /// The name of an element; empty for unknown values.
     const TzXmlName& getSoapElementQName(SoapElement element) const override;
 
 protected:

@@ -25,7 +25,7 @@ public:
     TzSoapArrayType& operator=(TzSoapArrayType&&) noexcept = default;
     ~TzSoapArrayType() override;
 
-    /// A new array with the same items, which both share. O(items).
+    /// A new array that shares the items. O(items).
     TzSoapArrayType copy() const;
     /// Whether only positions that were given an item hold one.
     bool isSparse() const;
@@ -46,9 +46,9 @@ public:
     /// "setBounds" for another number of axes, `TzXmlBoundsError` BAD_INDEX_VECTOR for no shape or
     /// more items than 32 bits count, INDEX_RANGE_VEC for an item beyond them. O(items).
     void setBounds(const std::vector<unsigned int>& bounds);
-    /// The same for bounds as text; `TzXmlBadArgError` BAD_INDEX_STRING when they are none.
+    /// Changes the shape to bounds as text; `TzXmlBadArgError` BAD_INDEX_STRING for any other text.
     void setBounds(const TzCString& bounds);
-    /// The same for bounds in braces, such as `setBounds({2, 3})`.
+    /// Changes the shape to bounds in braces, such as `setBounds({2, 3})`.
     template <std::size_t Axes> void setBounds(const unsigned int (&bounds)[Axes]) {
         setBounds(std::vector<unsigned int>(bounds, bounds + Axes));
     }
@@ -58,51 +58,51 @@ public:
     /// The item at a position, made if need be. `TzXmlBoundsError` INDEX_RANGE_VEC outside of the
     /// shape.
     TzSoapType& operator[](unsigned int position);
-    /// The item at a position, a substitute where there is none; errors as above.
+    /// The item at a position, a substitute if it is missing. INDEX_RANGE_VEC outside of the shape.
     const TzSoapType& operator[](unsigned int position) const;
-    /// The item at an index, made if need be; errors as above.
+    /// The item at an index, made if need be. INDEX_RANGE_VEC outside of the shape.
     TzSoapType& operator[](const std::vector<unsigned int>& index);
-    /// The item at an index, a substitute where there is none; errors as above.
+    /// The item at an index, a substitute if it is missing. INDEX_RANGE_VEC outside of the shape.
     const TzSoapType& operator[](const std::vector<unsigned int>& index) const;
-    /// The item at an index of several numbers in braces, `array[{1, 2}]`, made if need be; errors
-    /// as above. One number in braces is a position.
+    /// The item at an index of several numbers in braces, `array[{1, 2}]`, made if need be.
+    /// INDEX_RANGE_VEC outside of the shape. One number in braces is a position.
     template <std::size_t Axes>
     requires(Axes > 1) TzSoapType& operator[](const unsigned int (&index)[Axes]) {
         return (*this)[std::vector<unsigned int>(index, index + Axes)];
     }
-    /// The item at an index in braces, a substitute where there is none; otherwise as above.
+    /// The item at an index in braces, a substitute if it is missing. INDEX_RANGE_VEC outside.
     template <std::size_t Axes>
     requires(Axes > 1) const TzSoapType& operator[](const unsigned int (&index)[Axes]) const {
         return (*this)[std::vector<unsigned int>(index, index + Axes)];
     }
-    /// The item at an index as text, made if need be; errors as above, and `TzXmlBadArgError`
-    /// BAD_INDEX_STRING for other texts.
+    /// The item at an index as text, made if need be. INDEX_RANGE_VEC outside of the shape,
+    /// `TzXmlBadArgError` BAD_INDEX_STRING for other texts.
     TzSoapType& operator[](const TzCString& index);
-    /// The item at an index as text, a substitute where there is none; errors as above.
+    /// The item at an index as text, a substitute if it is missing. Throws as for a missing one.
     const TzSoapType& operator[](const TzCString& index) const;
-    /// The item at a position, made if need be; the shape is not asked.
+    /// The item at a position, made if need be; the shape is not checked.
     TzSoapType& operator()(unsigned int position);
-    /// The item at a position, a substitute where there is none; the shape is not asked.
+    /// The item at a position, a substitute if it is missing; the shape is not checked.
     const TzSoapType& operator()(unsigned int position) const;
-    /// The item at an index, made if need be; the shape is not asked.
+    /// The item at an index, made if need be; the shape is not checked.
     TzSoapType& operator()(const std::vector<unsigned int>& index);
-    /// The item at an index, a substitute where there is none; the shape is not asked.
+    /// The item at an index, a substitute if it is missing; the shape is not checked.
     const TzSoapType& operator()(const std::vector<unsigned int>& index) const;
     /// The item at an index of several numbers in braces, `array({1, 2})`, made if need be; the
-    /// shape is not asked. One number in braces is a position.
+    /// shape is not checked. One number in braces is a position.
     template <std::size_t Axes>
     requires(Axes > 1) TzSoapType& operator()(const unsigned int (&index)[Axes]) {
         return (*this)(std::vector<unsigned int>(index, index + Axes));
     }
-    /// The item at an index in braces, a substitute where there is none; otherwise as above.
+    /// The item at an index in braces, a substitute if it is missing; the shape is not checked.
     template <std::size_t Axes>
     requires(Axes > 1) const TzSoapType& operator()(const unsigned int (&index)[Axes]) const {
         return (*this)(std::vector<unsigned int>(index, index + Axes));
     }
     /// The item at an index as text, made if need be; `TzXmlBadArgError` BAD_INDEX_STRING for other
-    /// texts. The shape is not asked.
+    /// texts. The shape is not checked.
     TzSoapType& operator()(const TzCString& index);
-    /// The item at an index as text, a substitute where there is none; errors as above.
+    /// The item at an index as text, a substitute if it is missing; the shape is not checked.
     const TzSoapType& operator()(const TzCString& index) const;
 
     /// Whether an open leftmost axis is written as "0"; false unless set.
@@ -117,9 +117,9 @@ public:
     TzCString getOffsetAttribute(TzSoapVersion::Version version) const;
     /// Sets the offset: the index of the first item that is written.
     void setOffset(const std::vector<unsigned int>& offset);
-    /// The same for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING when it is none.
+    /// Sets the offset to an index as text; `TzXmlBadArgError` BAD_INDEX_STRING for any other text.
     void setOffset(const TzCString& offset);
-    /// The same for an index in braces, such as `setOffset({0, 1})`.
+    /// Sets the offset to an index in braces, such as `setOffset({0, 1})`.
     template <std::size_t Axes> void setOffset(const unsigned int (&offset)[Axes]) {
         setOffset(std::vector<unsigned int>(offset, offset + Axes));
     }
@@ -143,7 +143,7 @@ public:
 protected:
     /// A handle to `body`, which may be null.
     explicit TzSoapArrayType(TzSoapArrayTypeImp* body) noexcept;
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     TzSoapArrayTypeImp& body() const;
 
 private:

@@ -19,7 +19,7 @@ public:
     TzSoapArrayTypeHandler();
     ~TzSoapArrayTypeHandler() override;
 
-    /// Starts reading the array `name` of items of `type` and the shape `size`, for `owner`.
+    /// Starts reading the array `name` of items of `type` and the shape `size`; `owner` gets it.
     void populate(const TzXmlName& name, const TzXmlAttributeSet& attributes, const TzCString& type,
                   const TzCString& size, TzSoapParseContext* context,
                   TzSoapGenericTypeHandler* owner);

@@ -37,7 +37,7 @@ public:
     TzSoapContentBase::SoapTypeId getSoapTypeId() const override;
     /// "Array".
     const TzCString& getSoapTypeIdAsString() const override;
-    /// A new body with the same shape; derived bodies share their items with it.
+    /// A new body with a copy of the shape; derived bodies share their items with it.
     TzSoapElementImp* clone() const override;
     /// Whether only positions that were given an item hold one; false here.
     virtual bool isSparse() const;
@@ -49,11 +49,11 @@ public:
     /// The item at a position, made if need be. Here `TzXmlDomainError` ILLEGAL_ARRAY "operator[]",
     /// as are all four.
     virtual TzSoapType& elementAt(unsigned int position);
-    /// The item at a position, a substitute where there is none.
+    /// The item at a position, a substitute if it is missing.
     virtual const TzSoapType& elementAt(unsigned int position) const;
     /// The item at an index, made if need be.
     virtual TzSoapType& elementAt(const Index& index);
-    /// The item at an index, a substitute where there is none.
+    /// The item at an index, a substitute if it is missing.
     virtual const TzSoapType& elementAt(const Index& index) const;
 
     /// `elementAt` for a position within the shape; `TzXmlBoundsError` INDEX_RANGE_VEC beyond it.
@@ -64,21 +64,21 @@ public:
     TzSoapType& at(const Index& index);
     /// `elementAt` for an index within the shape; `TzXmlBoundsError` INDEX_RANGE_VEC outside.
     const TzSoapType& at(const Index& index) const;
-    /// The same for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING when it is none.
+    /// `at` for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING for any other text.
     TzSoapType& at(const TzCString& index);
-    /// The same for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING when it is none.
+    /// `at` for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING for any other text.
     const TzSoapType& at(const TzCString& index) const;
-    /// `elementAt`, the shape not asked.
+    /// `elementAt` without the check of the shape.
     TzSoapType& bcat(unsigned int position) { return elementAt(position); }
-    /// `elementAt`, the shape not asked.
+    /// `elementAt` without the check of the shape.
     const TzSoapType& bcat(unsigned int position) const { return elementAt(position); }
-    /// `elementAt`, the shape not asked.
+    /// `elementAt` without the check of the shape.
     TzSoapType& bcat(const Index& index) { return elementAt(index); }
-    /// `elementAt`, the shape not asked.
+    /// `elementAt` without the check of the shape.
     const TzSoapType& bcat(const Index& index) const { return elementAt(index); }
-    /// The same for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING when it is none.
+    /// `bcat` for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING for any other text.
     TzSoapType& bcat(const TzCString& index);
-    /// The same for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING when it is none.
+    /// `bcat` for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING for any other text.
     const TzSoapType& bcat(const TzCString& index) const;
 
     /// The item type as a qualified name such as "xsd:int".
@@ -96,7 +96,7 @@ public:
     /// Changes the shape. `TzXmlDomainError` ILLEGAL_ARRAY "setBounds" for another number of axes,
     /// `TzXmlBoundsError` BAD_INDEX_VECTOR for no shape.
     void setBounds(const Index& bounds);
-    /// The same for bounds as text; `TzXmlBadArgError` BAD_INDEX_STRING when they are none.
+    /// Changes the shape to bounds as text; `TzXmlBadArgError` BAD_INDEX_STRING for any other text.
     void setBounds(const TzCString& bounds);
     /// The lower index of each axis.
     const Index& getStartIndex() const noexcept { return startIndex_; }
@@ -114,7 +114,7 @@ public:
     bool hasOffset() const noexcept { return offsetSet_; }
     /// Sets the offset: the index of the first item that is written, and of the first member read.
     void setOffset(const Index& offset);
-    /// The same for an index as text; `TzXmlBadArgError` BAD_INDEX_STRING when it is none.
+    /// Sets the offset to an index as text; `TzXmlBadArgError` BAD_INDEX_STRING for any other text.
     void setOffset(const TzCString& offset);
     /// How many items are written at most; 0, the default, for all.
     unsigned int getCountElementsToWrite() const noexcept { return countElementsToWrite_; }
@@ -140,13 +140,13 @@ public:
     /// The index or the bounds that a text such as "[2,3]" or "2 3" states; in bounds mode the
     /// first entry may be open. `TzXmlBadArgError` BAD_INDEX_STRING for any other text. O(text).
     static Index stringToVector(const TzCString& text, bool boundsMode);
-    /// The same for a text of SOAP 1.2 such as "2 3" or "* 3"; the mode makes no difference.
+    /// The vector of a text of SOAP 1.2 such as "2 3" or "* 3"; the mode makes no difference.
     static Index stringToVectorForLatestVersion(const TzCString& text, bool boundsMode);
     /// An index or bounds as text of `version`; a leftmost 0 as digit or as the mark of an open
     /// axis.
     static TzCString vectorToString(const Index& vector, bool zeroAsDigit,
                                     TzSoapVersion::Version version);
-    /// The same as SOAP 1.2 writes it.
+    /// An index or bounds as SOAP 1.2 writes them.
     static TzCString vectorToStringForLatestVersion(const Index& vector, bool zeroAsDigit);
     /// The sum of steps times entries, missing entries counting as 0 and surplus ones not at all;
     /// some number above `Largest` when it exceeds that. O(axes).
@@ -169,8 +169,8 @@ public:
     static bool isPlaceholder(const TzSoapType& value);
 
     /// Takes a member that was read: puts it at the index that its position attribute states, which
-    /// is removed from it, and otherwise behind the member before, the first one at the offset.
-    /// `TzXmlBadArgError` BAD_INDEX_STRING for a position that is none, `TzXmlBoundsError`
+    /// is removed from it, and otherwise after the member before, the first one at the offset.
+    /// `TzXmlBadArgError` BAD_INDEX_STRING for an invalid position, `TzXmlBoundsError`
     /// INDEX_RANGE_VEC for one outside of the shape.
     void addChild(const TzSoapType& child) override;
     /// Starts reading at the first member's start tag; the array's own name, attributes and offset
@@ -188,7 +188,7 @@ protected:
     /// MISMATCH_BOUNDS for different numbers of axes, MISMATCH_VECTOR for a start beyond its bound,
     /// BAD_INDEX_VECTOR for no shape.
     TzSoapArrayTypeImp(TzXmlName name, TzCString elementType, Index bounds, Index start);
-    /// The same for bounds and start as text; `TzXmlBadArgError` BAD_INDEX_STRING when one is none.
+    /// An array of a shape as text; `TzXmlBadArgError` BAD_INDEX_STRING for any other text.
     TzSoapArrayTypeImp(TzXmlName name, TzCString elementType, const TzCString& bounds,
                        const TzCString& start);
     /// Copies element and shape and shares the placeholder.
@@ -205,7 +205,7 @@ protected:
     /// `elementAt` takes it; `TzXmlBoundsError` INDEX_RANGE_VEC for a position beyond 32 bits.
     virtual void place(std::uint64_t position, TzSoapType&& member, TzSoapParseContext* context);
 
-    /// The placeholder that `getDefaultValue` answers with, not made before it is asked for.
+    /// The placeholder that `getDefaultValue` answers with, made at its first use.
     const TzSoapMadeOnce<TzSoapDefaultType>& placeholder() const noexcept { return defaultValue_; }
     /// The distance of neighbours on each axis.
     const Index& getStep() const noexcept { return step_; }
@@ -229,7 +229,7 @@ private:
     Index step_;
     Index offset_;
     TzSoapMadeOnce<TzSoapDefaultType> defaultValue_;
-    std::uint64_t cursor_ = 0; // position behind the last member that was read
+    std::uint64_t cursor_ = 0; // position after the last member that was read
     unsigned int countElementsToWrite_ = 0;
     bool stepInitialized_ = false;
     bool sizeShouldBeEncoded_ = false;

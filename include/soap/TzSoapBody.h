@@ -16,8 +16,8 @@ class TzSoapConstVisitor;
 class TzSoapFault;
 class TzSoapVisitor;
 
-/// Handle of the Body element of a message: body entries in document order, and a fault that counts
-/// as present when its code is set.
+/// Handle of the Body element of a message: body entries in document order, and a fault that is
+/// present when its code is set.
 ///
 /// Copies share the body, `copy()` makes a new one. Every operation on a handle without a body
 /// throws `TzTHRInvalidPointer` "Invalid pointer". Handles that share a body may be copied and
@@ -55,9 +55,9 @@ public:
     iterator entriesEnd();
     /// Behind the last entry.
     const_iterator entriesEnd() const;
-    /// The first entry, for loops over all of them.
+    /// The first entry of all; serves range-based loops.
     iterator begin() { return entriesBegin(); }
-    /// The first entry, for loops over all of them.
+    /// The first entry of all; serves range-based loops.
     const_iterator begin() const { return entriesBegin(); }
     /// The end of the entries.
     iterator end() { return entriesEnd(); }
@@ -65,7 +65,7 @@ public:
     const_iterator end() const { return entriesEnd(); }
     /// Number of entries.
     unsigned int entryCount() const;
-    /// The first entry, shared with the body; `TzSoapMissingError` when the body has none.
+    /// The first entry, shared with the body; `TzSoapMissingError` for an empty body.
     TzSoapType getFirstEntry() const;
     /// Adds `entry`, shared, at the end. An entry without a body throws `TzTHRInvalidPointer`, and
     /// nothing changed; so do all operations that add one.
@@ -74,9 +74,9 @@ public:
     void prependEntry(const TzSoapType& entry);
     /// Adds `entry`, shared, before `position`; returns where it stands.
     iterator insertEntry(iterator position, const TzSoapType& entry);
-    /// The first entry named `name`, `entriesEnd()` if there is none. O(entries).
+    /// The first entry named `name`, `entriesEnd()` if absent. O(entries).
     iterator findEntry(const TzXmlName& name);
-    /// The first entry named `name`, `entriesEnd()` if there is none. O(entries).
+    /// The first entry named `name`, `entriesEnd()` if absent. O(entries).
     const_iterator findEntry(const TzXmlName& name) const;
     /// Removes the first entry named `name`, if any. O(entries).
     void removeEntry(const TzXmlName& name);
@@ -87,8 +87,8 @@ public:
     /// Removes all entries; the fault stays.
     void clearEntries();
 
-    /// A body of its own with a copy of each entry and of the fault (without its subcodes, as for
-    /// every copy of a fault). O(content).
+    /// A new body with a copy of each entry and of the fault (without its subcodes, which no copy
+    /// of a fault has). O(content).
     TzSoapBody copy() const;
     /// Calls the visitor's operation for bodies.
     void acceptVisitor(TzSoapVisitor& visitor);
@@ -102,12 +102,12 @@ public:
     TZSOAP_API friend bool operator==(const TzSoapBody& left, const TzSoapBody& right);
 
 protected:
-    /// A body without entries under the name of `version`; `TzXmlError` UNKNOWN_VERSION for a value
-    /// that is no version.
+    /// A body without entries under the name of `version`; `TzXmlError` UNKNOWN_VERSION for an
+    /// unknown version.
     explicit TzSoapBody(TzSoapVersion::Version version);
     /// A handle to `body`, which may be null.
     explicit TzSoapBody(TzSoapBodyImp* body) noexcept;
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     TzSoapBodyImp& body() const;
 
 private:

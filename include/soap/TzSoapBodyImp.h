@@ -27,7 +27,7 @@ public:
     using const_iterator = TzSoapValueList::const_iterator;
 
     /// A body without entries and with an empty fault, under the names of `version`; `TzXmlError`
-    /// UNKNOWN_VERSION for a value that is no version.
+    /// UNKNOWN_VERSION for an unknown version.
     explicit TzSoapBodyImp(TzSoapVersion::Version version);
     /// Copies the element and the version, and each entry and the fault by their `copy()`.
     TzSoapBodyImp(const TzSoapBodyImp& other);
@@ -37,7 +37,7 @@ public:
     /// The version of the enclosing message.
     TzSoapVersion::Version getVersion() const noexcept { return version_; }
     /// Records the version and takes its names for the Body element and the fault; entries stay as
-    /// they are. `TzXmlError` UNKNOWN_VERSION, and nothing changed, for a value that is no version.
+    /// they are. `TzXmlError` UNKNOWN_VERSION, and nothing changed, for an unknown version.
     void setVersion(TzSoapVersion::Version version);
     /// A new body with copies of entries and fault; the caller's handle takes it over.
     virtual TzSoapBodyImp* clone() const;
@@ -71,7 +71,7 @@ public:
     void prependEntry(const TzSoapType& entry);
     /// Adds `entry`, shared, before `position`; returns where it stands.
     iterator insert(iterator position, const TzSoapType& entry);
-    /// The first entry named `name`, `entriesEnd()` if there is none. O(entries).
+    /// The first entry named `name`, `entriesEnd()` if absent. O(entries).
     iterator findEntry(const TzXmlName& name) { return entries_.find(name); }
     /// Removes the entry at `position`; returns the position of the next one.
     iterator removeEntry(iterator position) { return entries_.remove(position); }

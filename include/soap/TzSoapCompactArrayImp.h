@@ -44,12 +44,12 @@ public:
     /// memory is taken. Further errors as for the constructors.
     static TzSoapCompactArrayType forReading(const TzXmlName& name, const TzCString& elementType,
                                              const TzCString& size, TzSoapParseContext& context);
-    /// The array that a reading met without members, `size` as above: any shape is accepted, for
+    /// The array that a reading met without members, `size` as text: accepts any shape, because
     /// its positions take no memory. Errors as for the constructors.
     static TzSoapCompactArrayType
     withoutMembers(const TzXmlName& name, const TzCString& elementType, const TzCString& size);
 
-    /// A new body with the same shape and items; the values are shared. O(items reached).
+    /// A new body with a copy of the shape and shared values. O(items reached).
     TzSoapElementImp* clone() const override;
     /// Takes a member that was read.
     void takeChild(TzSoapType&& child) override;
@@ -59,11 +59,11 @@ public:
     bool isCompact() const override;
     /// Number of items, placeholders included.
     unsigned int entries() const override;
-    /// The item at a position; positions behind the last item are added block by block up to it.
+    /// The item at a position; positions after the last item are added block by block up to it.
     /// `TzXmlBoundsError`: INDEX_RANGE_VEC before the start index, BAD_INDEX_VECTOR for more items
     /// than 32 bits count.
     TzSoapType& elementAt(unsigned int position) override;
-    /// The item at a position, the placeholder behind the last item. `TzXmlBoundsError`
+    /// The item at a position, the placeholder after the last item. `TzXmlBoundsError`
     /// INDEX_RANGE_VEC before the start index.
     const TzSoapType& elementAt(unsigned int position) const override;
     /// The item at an index; as for its position.
@@ -91,7 +91,7 @@ public:
 
 protected:
     /// Installs bounds; items keep their index or are dropped, all other positions hold the
-    /// placeholder. On an open axis every old position that fits counts as reached.
+    /// placeholder. On an open axis every old position that fits is reached.
     /// `TzXmlBoundsError`: INDEX_RANGE_VEC for an item whose position exceeds 32 bits,
     /// BAD_INDEX_VECTOR for more items than 32 bits count. O(items reached).
     void doSetBounds(const Index& bounds) override;

@@ -12,7 +12,7 @@ class TzSoapCompactArrayImp;
 
 /// Handle of a compact array: one item for every position of its shape from the start index on.
 ///
-/// Positions never assigned hold a placeholder (`TzSoapDefaultType`). Reaching a position behind
+/// Positions never assigned hold a placeholder (`TzSoapDefaultType`). Reaching a position after
 /// the last one with `operator()` adds positions up to it, one more than the shape has at a time.
 ///
 /// References to items stay valid, and `a[1] = a[0]` is fine, until the array grows beyond the
@@ -67,7 +67,7 @@ public:
     /// `setBounds`. O(items).
     TzSoapCompactArrayType(const TzSoapCompactArrayType& other,
                            const std::vector<unsigned int>& newBounds);
-    /// The same, named `name`.
+    /// A copy of `other` with other bounds, named `name`.
     TzSoapCompactArrayType(const TzXmlName& name, const TzSoapCompactArrayType& other,
                            const std::vector<unsigned int>& newBounds);
     TzSoapCompactArrayType(const TzSoapCompactArrayType&) noexcept = default;
@@ -76,7 +76,7 @@ public:
     TzSoapCompactArrayType& operator=(TzSoapCompactArrayType&&) noexcept = default;
     ~TzSoapCompactArrayType() override;
 
-    /// A new array with the same items, which both share. O(items).
+    /// A new array that shares the items. O(items).
     TzSoapCompactArrayType copy() const;
     /// Number of items, placeholders included. What came from a peer may state a shape of many more
     /// positions than it has items: `assignedPositions` names those that hold something.
@@ -96,7 +96,7 @@ public:
 protected:
     /// A handle to `body`, which may be null.
     explicit TzSoapCompactArrayType(TzSoapCompactArrayImp* body) noexcept;
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     TzSoapCompactArrayImp& body() const;
 
 private:

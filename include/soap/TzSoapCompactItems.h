@@ -25,7 +25,7 @@ class TZSOAP_API TzSoapCompactItems : private TzTMonitor<TzMutexLock> {
 public:
     /// The item of a position.
     using Item = TzSoapDefaultType;
-    /// What stands for an item that was not assigned; asked for only where one is needed.
+    /// What stands for an item that was not assigned; called only where one is needed.
     using Placeholder = TzSoapMadeOnce<Item>;
     class Range;
 
@@ -58,15 +58,15 @@ public:
     /// The item at a position below the size, a copy of `placeholder` where none was. O(positions
     /// that come to life, too).
     Item& reach(std::uint64_t at, const Placeholder& placeholder);
-    /// Puts an item at a position below the size; cost as above.
+    /// Puts an item at a position below the size. O(positions that come to life).
     void put(std::uint64_t at, Item&& item, const Placeholder& placeholder);
     /// The first of all items as one block: those that were not alive are copies of `placeholder`
     /// now. Null without positions. O(positions) at the first call, then O(1).
     Item* block(const Placeholder& placeholder) const;
 
-    /// The first position from `at` on whose item is alive, the size if there is none.
+    /// The first position from `at` on whose item is alive, the size without one.
     std::uint64_t nextStored(std::uint64_t at) const noexcept;
-    /// One more than the last position before `end` whose item is alive, 0 if there is none.
+    /// One more than the last position before `end` whose item is alive, 0 without one.
     std::uint64_t storedBefore(std::uint64_t end) const noexcept;
     /// The items that are alive, in order.
     Range stored() const noexcept;
@@ -77,7 +77,7 @@ public:
 private:
     using Piece = std::vector<Item>;
     using Group = std::vector<Piece>;
-    /// Memory of a block; the lives of the items in it are somebody else's task.
+    /// Memory of a block; its user constructs and destroys the items in it.
     struct Release {
         std::uint64_t capacity = 0;
         void operator()(Item* memory) const noexcept;
@@ -109,7 +109,7 @@ private:
     void joinPieces(const Placeholder& placeholder) const;
     void complete(const Placeholder& placeholder) const;
 
-    // A block that was joined or completed is the same array in another form.
+    // Joining and completing a block change the form of the array, not its items.
     mutable Item* block_ = nullptr;
     mutable std::uint64_t capacity_ = 0;
     mutable std::atomic<std::uint64_t> from_{0}; // the run of items alive in the block
@@ -173,7 +173,7 @@ public:
     iterator begin() const noexcept { return {*this, from_}; }
     /// Behind the last item.
     iterator end() const noexcept { return {*this, to_}; }
-    /// Whether there is no item.
+    /// Whether there are no items.
     bool empty() const noexcept { return from_ == to_; }
 
 private:

@@ -7,7 +7,7 @@
 
 class TzSoapCompositeTypeImp;
 
-/// Handle of a composite value: a struct whose members are told apart by their element names.
+/// Handle of a composite value: a struct whose members differ by their element names.
 ///
 /// Several members may have the same name; all stay in the order in which they were added. A
 /// composite must not contain itself. Every operation on a handle without a body throws
@@ -29,7 +29,7 @@ public:
     TzSoapCompositeType& operator=(TzSoapCompositeType&&) noexcept = default;
     ~TzSoapCompositeType() override;
 
-    /// A new composite with the same name and attributes and a list of its own that refers to the
+    /// A new composite with a copy of name and attributes and a new list that refers to the
     /// same children: a child changed through the copy changes here too. O(children).
     TzSoapCompositeType copy() const;
 
@@ -43,9 +43,9 @@ public:
     iterator childrenEnd();
     /// Behind the last child.
     const_iterator childrenEnd() const;
-    /// The first child, for loops over all of them.
+    /// The first child of all; serves range-based loops.
     iterator begin() { return childrenBegin(); }
-    /// The first child, for loops over all of them.
+    /// The first child of all; serves range-based loops.
     const_iterator begin() const { return childrenBegin(); }
     /// The end of the children.
     iterator end() { return childrenEnd(); }
@@ -57,7 +57,7 @@ public:
     void prependChild(const TzSoapType& child);
     /// Adds a child before `position`; returns its position.
     iterator insertChild(iterator position, const TzSoapType& child);
-    /// Removes a child; returns the position behind it.
+    /// Removes a child; returns the position after it.
     iterator removeChild(iterator position);
     /// Removes the first child of that name, if any. O(children).
     void removeChild(const TzXmlName& name);
@@ -65,15 +65,15 @@ public:
     void removeAllChildren(const TzXmlName& name);
     /// Removes all children. O(children).
     void clearChildren();
-    /// The first child of that name, `childrenEnd()` if there is none. O(children).
+    /// The first child of that name, `childrenEnd()` if absent. O(children).
     iterator findChild(const TzXmlName& name);
-    /// The first child of that name, `childrenEnd()` if there is none. O(children).
+    /// The first child of that name, `childrenEnd()` if absent. O(children).
     const_iterator findChild(const TzXmlName& name) const;
 
 protected:
     /// A handle to `body`, which may be null.
     explicit TzSoapCompositeType(TzSoapCompositeTypeImp* body) noexcept;
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     TzSoapCompositeTypeImp& body() const;
 
 private:

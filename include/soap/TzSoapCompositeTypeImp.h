@@ -54,7 +54,7 @@ public:
     iterator insertChild(iterator position, const TzSoapType& child) {
         return children_.insert(position, child);
     }
-    /// Removes a child; returns the position behind it.
+    /// Removes a child; returns the position after it.
     iterator removeChild(iterator position) { return children_.remove(position); }
     /// Removes the first child of that name, if any. O(children).
     void removeChild(const TzXmlName& name) { children_.remove(name); }
@@ -62,9 +62,9 @@ public:
     void removeAllChildren(const TzXmlName& name) { children_.removeAll(name); }
     /// Removes all children. O(children).
     void clearChildren() noexcept { children_.clear(); }
-    /// The first child of that name, `childrenEnd()` if there is none. O(children).
+    /// The first child of that name, `childrenEnd()` if absent. O(children).
     iterator findChild(const TzXmlName& name) { return children_.find(name); }
-    /// The first child of that name, `childrenEnd()` if there is none. O(children).
+    /// The first child of that name, `childrenEnd()` if absent. O(children).
     const_iterator findChild(const TzXmlName& name) const { return children_.find(name); }
 
     /// Takes a child that was read: appends it.

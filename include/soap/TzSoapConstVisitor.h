@@ -20,7 +20,7 @@ class TzSoapUserDefinedType;
 
 /// A walk over a message by const handles: one operation for each kind of element.
 ///
-/// The more specific handle that a value is passed on as counts like any other: the value stays
+/// The more specific handle that a value is passed on as keeps it alive: the value stays
 /// until the visit ends, whatever happens to the visited handle and to its container meanwhile.
 /// Generic values, faults, bodies, headers and messages come as the visited handle itself, which
 /// must outlive the visit.

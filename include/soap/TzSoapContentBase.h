@@ -11,7 +11,7 @@ class TZSOAP_API TzSoapContentBase {
 public:
     /// What kind of value a body is.
     enum SoapTypeId : int {
-        Generic = 0,      ///< An element without content of its own, or a default value.
+        Generic = 0,      ///< An element without content, or a default value.
         Simple = 1,       ///< Text of one XML Schema built-in type.
         UserDefined = 2,  ///< Raw markup that the application decodes.
         Composite = 3,    ///< A struct: named child values.

@@ -4,8 +4,6 @@
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapType.h>
 
-class TzSoapDefaultTypeImp;
-
 /// Handle of a placeholder: used where a value must exist but none has been given.
 ///
 /// Nearly every operation throws `TzXmlError` BAD_USAGE naming "TzSoapDefaultType"; only the kind,
@@ -13,7 +11,7 @@ class TzSoapDefaultTypeImp;
 /// it. Threads: see `TzSoapType`.
 class TZSOAP_API TzSoapDefaultType : public TzSoapType {
 public:
-    /// A placeholder of its own.
+    /// A new placeholder.
     TzSoapDefaultType();
     TzSoapDefaultType(const TzSoapDefaultType&) noexcept = default;
     TzSoapDefaultType(TzSoapDefaultType&&) noexcept = default;

@@ -6,7 +6,7 @@
 /// What a reading left out because the model has no place for it: text beside child elements. A
 /// plain value.
 struct TzSoapDroppedText {
-    /// Number of texts that were left out. Text between two tags is one; white space alone is none.
+    /// Number of texts that were left out. Text between two tags is one, unless it is white space.
     std::size_t count = 0;
     /// Line of the tag that follows the first of them, from 1; 0 without any. In a package: of its
     /// root part.

@@ -16,7 +16,7 @@ class TzSoapElementImp;
 /// The operations on an element's name, attributes and namespaces that every element handle offers.
 ///
 /// `Handle` is the class that derives from this one; each operation acts on the handle's body and
-/// throws `TzTHRInvalidPointer` "Invalid pointer" when there is none. Handles that share a body see
+/// throws `TzTHRInvalidPointer` "Invalid pointer" without one. Handles that share a body see
 /// each other's changes. Operations that take a text take a `std::string_view` and a `const char*`
 /// as well; a null pointer is a `TzXmlBadArgError`. Holds no data. Threads: the rule of `Handle`.
 template <typename Handle> class TZSOAP_API TzSoapElementHandle {
@@ -44,13 +44,13 @@ public:
     const TzXmlAttribute* attributesEnd() const;
     /// Removes all attributes, declarations included.
     void clearAttributes();
-    /// The attribute of that name, `attributesEnd()` if there is none.
+    /// The attribute of that name, `attributesEnd()` if absent.
     TzXmlAttribute* findAttribute(const TzXmlName& name);
-    /// The attribute of that name, `attributesEnd()` if there is none.
+    /// The attribute of that name, `attributesEnd()` if absent.
     const TzXmlAttribute* findAttribute(const TzXmlName& name) const;
-    /// The attribute with that name and value, `attributesEnd()` if there is none.
+    /// The attribute with that name and value, `attributesEnd()` if absent.
     TzXmlAttribute* findAttribute(const TzXmlAttribute& attribute);
-    /// The attribute with that name and value, `attributesEnd()` if there is none.
+    /// The attribute with that name and value, `attributesEnd()` if absent.
     const TzXmlAttribute* findAttribute(const TzXmlAttribute& attribute) const;
     /// Whether there is an attribute of that name.
     bool hasAttribute(const TzXmlName& name) const;
@@ -71,15 +71,15 @@ public:
     }
     /// Declares a namespace; a prefix declared already takes the new URI.
     void addNamespaceAttribute(const TzXmlNamespace& declared);
-    /// The declaration of `prefix`, `attributesEnd()` if there is none.
+    /// The declaration of `prefix`, `attributesEnd()` if absent.
     TzXmlAttribute* findNamespaceAttribute(const TzCString& prefix);
-    /// The declaration of `prefix`, `attributesEnd()` if there is none.
+    /// The declaration of `prefix`, `attributesEnd()` if absent.
     const TzXmlAttribute* findNamespaceAttribute(const TzCString& prefix) const;
-    /// The declaration of `prefix`, `attributesEnd()` if there is none.
+    /// The declaration of `prefix`, `attributesEnd()` if absent.
     TzXmlAttribute* findNamespaceAttribute(TzXmlText auto prefix) {
         return findNamespaceAttribute(tzXmlText(prefix));
     }
-    /// The declaration of `prefix`, `attributesEnd()` if there is none.
+    /// The declaration of `prefix`, `attributesEnd()` if absent.
     const TzXmlAttribute* findNamespaceAttribute(TzXmlText auto prefix) const {
         return findNamespaceAttribute(tzXmlText(prefix));
     }

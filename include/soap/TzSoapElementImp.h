@@ -13,7 +13,7 @@
 
 /// Body of every SOAP element: an XML element with the attributes that SOAP defines.
 ///
-/// mustUnderstand, root, actor, encodingStyle and the type are properties of their own; id and
+/// mustUnderstand, root, actor, encodingStyle and the type are separate properties; id and
 /// offset live in the attribute set. Not locked: an element is used by one thread at a time.
 class TZSOAP_API TzSoapElementImp : public TzXmlElementImp {
 public:
@@ -88,8 +88,8 @@ public:
     /// "true" or "false", "" when mustUnderstand is not set.
     virtual TzCString getMustUnderstandAttribute() const;
     /// The text of `version`: "1" or "0" in SOAP 1.1, "true" or "false" in SOAP 1.2, "" when not
-    /// set. `Tzxmsg` "Unrecognized TzSoapVersion::Version" when set and the version is none of the
-    /// two.
+    /// set. `Tzxmsg` "Unrecognized TzSoapVersion::Version" when set and the version is
+    /// unknown.
     virtual TzCString getMustUnderstandAttribute(TzSoapVersion::Version version) const;
     /// The offset text, "" when absent.
     virtual TzCString getOffsetAttribute() const;

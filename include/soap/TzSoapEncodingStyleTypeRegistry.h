@@ -29,7 +29,7 @@ public:
     void registerType(const TzCString& encodingStyle, const TzXmlName& type);
     /// Whether there is an entry of exactly this URI and type name. O(entries).
     bool lookupType(const TzCString& encodingStyle, const TzXmlName& type) const;
-    /// Whether there is no entry.
+    /// Whether the registry is empty.
     bool empty() const noexcept { return styles_.empty(); }
 
 private:

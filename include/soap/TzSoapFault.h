@@ -31,7 +31,7 @@ public:
     TzSoapFault& operator=(TzSoapFault&&) noexcept = default;
     ~TzSoapFault() override;
 
-    /// A fault of its own with the same name, version, code, texts and detail (whose entries are
+    /// A new fault with a copy of name, version, code, texts and detail (whose entries are
     /// shared); subcodes do not travel with a copy.
     virtual TzSoapFault copy() const;
     /// Calls the visitor's operation for faults.
@@ -39,19 +39,19 @@ public:
     /// Calls the visitor's operation for faults.
     virtual void acceptVisitor(TzSoapConstVisitor& visitor) const;
 
-    /// Sets the code; a fault with a code counts as present.
+    /// Sets the code; a fault with a code is present.
     void setCode(const TzXmlName& code);
     /// The code, the empty name when not set.
     TzXmlName getCode() const;
     /// The code without the white space that stood around it when it was read, its prefix resolved
-    /// where it stood; otherwise the same as `getCode`.
+    /// where it stood; otherwise what `getCode` returns.
     TzXmlName getCodeValue() const;
-    /// The same as `setCode`.
+    /// Does what `setCode` does.
     void setFaultCode(const TzXmlName& code) { setCode(code); }
-    /// The same as `getCode`.
+    /// Does what `getCode` does.
     TzXmlName getFaultCode() const { return getCode(); }
 
-    /// Adds a subcode behind those there are.
+    /// Adds a subcode after the others.
     void addSubcode(const TzXmlName& subcode);
     /// The subcode at `index`, the empty name beyond the last one.
     TzXmlName getSubcode(unsigned int index) const;
@@ -64,40 +64,40 @@ public:
     /// Adds a subcode with the local part `qualifier` and no namespace: the way of SOAP 1.1 to
     /// refine a code.
     void addFaultCodeQualifier(const TzCString& qualifier);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void addFaultCodeQualifier(TzXmlText auto qualifier) {
         addFaultCodeQualifier(tzXmlText(qualifier));
     }
 
     /// Sets the reason.
     void setReason(const TzCString& reason);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void setReason(TzXmlText auto reason) { setReason(tzXmlText(reason)); }
     /// The reason, "" when not set.
     TzCString getReason() const;
-    /// The same as `setReason`.
+    /// Does what `setReason` does.
     void setFaultString(const TzCString& reason) { setReason(reason); }
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void setFaultString(TzXmlText auto reason) { setFaultString(tzXmlText(reason)); }
-    /// The same as `getReason`.
+    /// Does what `getReason` does.
     TzCString getFaultString() const { return getReason(); }
 
     /// Sets the node that reports the fault.
     void setNode(const TzCString& node);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void setNode(TzXmlText auto node) { setNode(tzXmlText(node)); }
     /// The node, "" when not set; valid until it changes.
     const TzCString& getNode() const;
-    /// The same as `setNode`.
+    /// Does what `setNode` does.
     void setFaultActor(const TzCString& node) { setNode(node); }
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void setFaultActor(TzXmlText auto node) { setFaultActor(tzXmlText(node)); }
-    /// The same as `getNode`.
+    /// Does what `getNode` does.
     const TzCString& getFaultActor() const { return getNode(); }
 
     /// Sets the role in which the node acted; written in SOAP 1.2 only.
     void setRole(const TzCString& role);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void setRole(TzXmlText auto role) { setRole(tzXmlText(role)); }
     /// The role, "" when not set; valid until it changes.
     const TzCString& getRole() const;
@@ -108,7 +108,7 @@ public:
     /// that nothing around it declares is written without a declaration, which receivers refuse.
     /// `TzTHRInvalidPointer`, and nothing changed, for a value without a body.
     void addDetailEntry(const TzCString& name, const TzSoapType& value);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void addDetailEntry(TzXmlText auto name, const TzSoapType& value) {
         addDetailEntry(tzXmlText(name), value);
     }
@@ -122,7 +122,7 @@ public:
     /// Sets the text directly inside of the detail; it is written before the entries. A detail is
     /// written when it has an entry or a text that is not white space.
     void setDetailText(const TzCString& text);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void setDetailText(TzXmlText auto text) { setDetailText(tzXmlText(text)); }
     /// The detail and its entries.
     const TzSoapCompositeType& getDetails() const;
@@ -137,11 +137,11 @@ public:
     TzCString asString() const;
 
 protected:
-    /// An empty fault of `version`; `TzXmlError` UNKNOWN_VERSION for a value that is no version.
+    /// An empty fault of `version`; `TzXmlError` UNKNOWN_VERSION for an unknown version.
     explicit TzSoapFault(TzSoapVersion::Version version);
     /// A handle to `body`, which may be null.
     explicit TzSoapFault(TzSoapFaultImp* body) noexcept;
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     TzSoapFaultImp& body() const;
 
 private:

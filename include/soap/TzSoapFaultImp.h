@@ -27,7 +27,7 @@ class TzXmlElementImp;
 class TZSOAP_API TzSoapFaultImp : public TzBodyBase, public TzSoapContentHandler {
 public:
     /// An empty fault named `name` with the detail element of `version`; `TzXmlError`
-    /// UNKNOWN_VERSION for a value that is no version.
+    /// UNKNOWN_VERSION for an unknown version.
     TzSoapFaultImp(const TzXmlName& name, TzSoapVersion::Version version);
     /// Copies name, version, code, texts and the detail (`TzSoapCompositeType::copy`), not the
     /// subcodes.
@@ -41,7 +41,7 @@ public:
     /// The version whose element names apply.
     TzSoapVersion::Version getVersion() const noexcept { return version_; }
     /// Records the version, moves the fault's name into its envelope namespace and names the detail
-    /// after it. `TzXmlError` UNKNOWN_VERSION, and nothing changed, for a value that is no version.
+    /// after it. `TzXmlError` UNKNOWN_VERSION, and nothing changed, for an unknown version.
     void setVersion(TzSoapVersion::Version version);
     /// The fault element's name.
     const TzXmlName& getName() const noexcept { return name_; }
@@ -55,7 +55,7 @@ public:
     /// The code without the white space that stood around it when it was read, its prefix resolved
     /// where it stood; otherwise the code.
     const TzXmlName& getCodeValue() const noexcept { return readCode_.valueOf(code_); }
-    /// Adds a subcode behind those there are.
+    /// Adds a subcode after the others.
     void addSubcode(const TzXmlName& subcode) { subcodes_.push_back(subcode); }
     /// The subcode at `index`, the empty name beyond the last one.
     const TzXmlName& getSubcode(unsigned int index) const;

@@ -20,12 +20,12 @@ public:
     TzSoapFaultMessage() = delete;
 
     /// A fault with a code and a reason. A code that `version` does not have, such as
-    /// DataEncodingUnknown in SOAP 1.1, becomes Client (Sender). `TzXmlError` UNKNOWN_VERSION for a
-    /// value that is no version.
+    /// DataEncodingUnknown in SOAP 1.1, becomes Client (Sender). `TzXmlError` UNKNOWN_VERSION for
+    /// an unknown version.
     static TzSoapMessage make(TzSoapVersion::Version version, TzSoapVersion::SoapFaultCode code,
                               const TzCString& reason);
-    /// The same with a subcode where `version` has subcodes. `TzXmlError` INVALID_FAULT_CODE for a
-    /// value that is no subcode there.
+    /// A fault that also has a subcode if `version` has subcodes. `TzXmlError` INVALID_FAULT_CODE
+    /// for an unknown subcode.
     static TzSoapMessage make(TzSoapVersion::Version version, TzSoapVersion::SoapFaultCode code,
                               TzSoapVersion::SoapSubFaultCode subcode, const TzCString& reason);
     /// The MustUnderstand fault for header entries that were not understood; in SOAP 1.2 with a
@@ -36,7 +36,7 @@ public:
     /// The fault for an error met while a request was read or its values were taken:
     /// VersionMismatch for the envelope of an unknown version, Client (Sender) for any other
     /// `TzXmlParseError` and for `TzXmlBoundsError` and `TzXmlBadArgError`, Server (Receiver) for
-    /// the rest. Its reason is the error's text, behind the line and column where the error has
+    /// the rest. Its reason is the error's text, after the line and column where the error has
     /// them.
     static TzSoapMessage makeFrom(TzSoapVersion::Version version, const Tzxmsg& error);
 };

@@ -28,7 +28,7 @@ public:
     virtual void addChild(const TzSoapType& child) = 0;
     /// Does nothing here.
     virtual void addPcdata();
-    /// As `addChild`, for a caller that needs its handle no more: `child` is left without a body.
+    /// Takes a child value out of `child`, which is left without a body.
     /// Calls `addChild` unless overridden.
     virtual void takeChild(TzSoapType&& child);
 
@@ -45,7 +45,7 @@ protected:
     /// Ends receiving: closes the scopes that `open` opened and gives the events back.
     void close();
     /// Takes the encoding style of the last child out of force. Called at each next event; an owner
-    /// that reads a child in a way of its own calls it first.
+    /// that reads a child in another way calls it first.
     void popChildStyle();
 
 private:

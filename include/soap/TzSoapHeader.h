@@ -47,7 +47,7 @@ public:
     void appendHeaderEntry(TzSoapType entry, bool mustUnderstand);
     /// Sets the entry's actor and adds the entry at the end.
     void appendHeaderEntry(TzSoapType entry, const TzCString& actor);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void appendHeaderEntry(TzSoapType entry, TzXmlText auto actor) {
         appendHeaderEntry(std::move(entry), tzXmlText(actor));
     }
@@ -55,7 +55,7 @@ public:
     void appendHeaderEntry(TzSoapType entry, TzStrayPointer auto actor) = delete;
     /// Sets the entry's mustUnderstand and actor and adds the entry at the end.
     void appendHeaderEntry(TzSoapType entry, bool mustUnderstand, const TzCString& actor);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void appendHeaderEntry(TzSoapType entry, std::same_as<bool> auto mustUnderstand,
                            TzXmlText auto actor) {
         appendHeaderEntry(std::move(entry), mustUnderstand, tzXmlText(actor));
@@ -67,7 +67,7 @@ public:
     void prependHeaderEntry(TzSoapType entry, bool mustUnderstand);
     /// Sets the entry's actor and adds the entry at the front.
     void prependHeaderEntry(TzSoapType entry, const TzCString& actor);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void prependHeaderEntry(TzSoapType entry, TzXmlText auto actor) {
         prependHeaderEntry(std::move(entry), tzXmlText(actor));
     }
@@ -75,7 +75,7 @@ public:
     void prependHeaderEntry(TzSoapType entry, TzStrayPointer auto actor) = delete;
     /// Sets the entry's mustUnderstand and actor and adds the entry at the front.
     void prependHeaderEntry(TzSoapType entry, bool mustUnderstand, const TzCString& actor);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void prependHeaderEntry(TzSoapType entry, std::same_as<bool> auto mustUnderstand,
                             TzXmlText auto actor) {
         prependHeaderEntry(std::move(entry), mustUnderstand, tzXmlText(actor));
@@ -88,7 +88,7 @@ public:
     iterator insertHeaderEntry(iterator position, TzSoapType entry, bool mustUnderstand);
     /// Sets the entry's actor and adds the entry before `position`; returns where it stands.
     iterator insertHeaderEntry(iterator position, TzSoapType entry, const TzCString& actor);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     iterator insertHeaderEntry(iterator position, TzSoapType entry, TzXmlText auto actor) {
         return insertHeaderEntry(position, std::move(entry), tzXmlText(actor));
     }
@@ -99,7 +99,7 @@ public:
     /// where it stands.
     iterator insertHeaderEntry(iterator position, TzSoapType entry, bool mustUnderstand,
                                const TzCString& actor);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     iterator insertHeaderEntry(iterator position, TzSoapType entry,
                                std::same_as<bool> auto mustUnderstand, TzXmlText auto actor) {
         return insertHeaderEntry(position, std::move(entry), mustUnderstand, tzXmlText(actor));
@@ -116,9 +116,9 @@ public:
     iterator entriesEnd();
     /// Behind the last entry.
     const_iterator entriesEnd() const;
-    /// The first entry, for loops over all of them.
+    /// The first entry of all; serves range-based loops.
     iterator begin() { return entriesBegin(); }
-    /// The first entry, for loops over all of them.
+    /// The first entry of all; serves range-based loops.
     const_iterator begin() const { return entriesBegin(); }
     /// The end of the entries.
     iterator end() { return entriesEnd(); }
@@ -126,9 +126,9 @@ public:
     const_iterator end() const { return entriesEnd(); }
     /// Number of entries.
     unsigned int entryCount() const;
-    /// The first entry named `name`, `entriesEnd()` if there is none. O(entries).
+    /// The first entry named `name`, `entriesEnd()` if absent. O(entries).
     iterator findHeaderEntry(const TzXmlName& name);
-    /// The first entry named `name`, `entriesEnd()` if there is none. O(entries).
+    /// The first entry named `name`, `entriesEnd()` if absent. O(entries).
     const_iterator findHeaderEntry(const TzXmlName& name) const;
     /// Removes the first entry named `name`, if any. O(entries).
     void removeHeaderEntry(const TzXmlName& name);
@@ -139,7 +139,7 @@ public:
     /// Removes all entries.
     void clearHeaderEntries();
 
-    /// A header of its own with a copy of each entry. O(content).
+    /// A new header with a copy of each entry. O(content).
     TzSoapHeader copy() const;
     /// Calls the visitor's operation for headers.
     void acceptVisitor(TzSoapVisitor& visitor);
@@ -153,12 +153,12 @@ public:
     TZSOAP_API friend bool operator==(const TzSoapHeader& left, const TzSoapHeader& right);
 
 protected:
-    /// A header without entries under the name of `version`; `TzXmlError` UNKNOWN_VERSION for a
-    /// value that is no version.
+    /// A header without entries under the name of `version`; `TzXmlError` UNKNOWN_VERSION for an
+    /// unknown version.
     explicit TzSoapHeader(TzSoapVersion::Version version);
     /// A handle to `body`, which may be null.
     explicit TzSoapHeader(TzSoapHeaderImp* body) noexcept;
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     TzSoapHeaderImp& body() const;
 
 private:

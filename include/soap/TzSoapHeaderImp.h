@@ -26,8 +26,8 @@ public:
     /// Position of an entry that is only looked at.
     using const_iterator = TzSoapValueList::const_iterator;
 
-    /// A header without entries under the name of `version`; `TzXmlError` UNKNOWN_VERSION for a
-    /// value that is no version.
+    /// A header without entries under the name of `version`; `TzXmlError` UNKNOWN_VERSION for an
+    /// unknown version.
     explicit TzSoapHeaderImp(TzSoapVersion::Version version);
     /// Copies the element and the version, and each entry by its `copy()`.
     TzSoapHeaderImp(const TzSoapHeaderImp& other);
@@ -37,7 +37,7 @@ public:
     /// The version of the enclosing message.
     TzSoapVersion::Version getVersion() const noexcept { return version_; }
     /// Records the version and takes its name for the Header element; entries stay as they are.
-    /// `TzXmlError` UNKNOWN_VERSION, and nothing changed, for a value that is no version.
+    /// `TzXmlError` UNKNOWN_VERSION, and nothing changed, for an unknown version.
     void setVersion(TzSoapVersion::Version version);
     /// A new body with copies of the entries; the caller's handle takes it over.
     virtual TzSoapHeaderImp* clone() const;

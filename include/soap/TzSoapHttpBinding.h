@@ -12,7 +12,7 @@ class TzSoapMessage;
 /// How messages travel over HTTP: from a message to the body and the header lines of a request or
 /// an answer, and back. The sending is the program's.
 ///
-/// Static, without state, usable from any thread on arguments of its own. Contexts name their
+/// Static, without state, usable from any thread on different arguments. Contexts name their
 /// properties as the header lines are named; letter case does not matter, so contexts may spell
 /// them as HTTP/2 does. What a context has already keeps its spelling.
 class TZSOAP_API TzSoapHttpBinding {
@@ -23,29 +23,29 @@ public:
     static TzCString getContentTypeLabel();
     /// The body that carries `message`; `context` gets the matching "Content-Type": text/xml for
     /// SOAP 1.1, application/soap+xml for SOAP 1.2, the package's own for a message that led to a
-    /// MIME part when it was written, even behind a reference to a value, or to which parts were
+    /// MIME part when it was written, even through a reference to a value, or to which parts were
     /// added. Each part is in the package once. The envelope is compact, without line ends and
     /// indentation, which some receivers take for content; a message of a derived class is written
     /// by its own operations.
     ///
     /// A SOAP action that `context` has, with or without quotes, is quoted for SOAP 1.1 and for
     /// packages and moves into the parameter "action" for a SOAP 1.2 envelope; requests have one,
-    /// be it "", answers have none. The action stays with the context, so it can serve again.
-    /// `TzXmlBadArgError` INVALID_HTTP_HEADER for an action that no header line can hold. Other
+    /// if only "", answers do not. The action stays with the context, so it can serve again.
+    /// `TzXmlBadArgError` INVALID_HTTP_HEADER for an action that no header line can contain. Other
     /// errors are those of `TzSoapMessage::asString`. O(message).
     static TzCString pack(const TzSoapMessage& message, TzSoapHttpTransportContext& context);
     /// The body that carries `package`, a message with its attachments; `context` gets the
-    /// package's content type, and a SOAP action that it has is quoted. Errors as above for the
-    /// action.
+    /// package's content type, and a SOAP action that it has is quoted. INVALID_HTTP_HEADER for
+    /// an action that does not fit into a header line.
     static TzCString pack(const TzMimeMultipart& package, TzSoapHttpTransportContext& context);
     /// Gives `context` what `pack` gives it for an envelope of `version`, without the body: for
-    /// texts that exist already, in the encoding `charset`. Errors as above for the action and for
-    /// a charset that is no name of one, `TzXmlError` UNKNOWN_VERSION for an unknown version; then
+    /// texts that exist already, in the encoding `charset`. INVALID_HTTP_HEADER for such an action
+    /// or an invalid name of a charset, `TzXmlError` UNKNOWN_VERSION for an unknown version; then
     /// `context` is as before.
     static void describe(TzSoapVersion::Version version, const TzCString& charset,
                          TzSoapHttpTransportContext& context);
     /// Replaces the content of `message` by the one that `body` carries according to the
-    /// "Content-Type" of `context`, whose charset counts for a text that does not state its own.
+    /// "Content-Type" of `context`, whose charset applies to a text that does not state one.
     /// Without a content type the text itself decides. A bare envelope under multipart/related, as
     /// some services send their faults, is read as what it is. `TzXmlParseError`
     /// INVALID_CONTENT_TYPE for anything but XML and multipart/related; other errors are those of

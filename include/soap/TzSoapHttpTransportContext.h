@@ -5,11 +5,11 @@
 #include <soap/TzSoapTransportContext.h>
 #include <tz/tools/TzCString.h>
 
-/// The properties of an HTTP exchange as header lines; the SOAP action is the one it knows by
-/// itself.
+/// The properties of an HTTP exchange as header lines; it has operations for the SOAP
+/// action.
 ///
 /// A value: copies copy the properties. Values are written as they stand, so a value with a line
-/// break writes a header line of its own: transports must not send properties that came from
+/// break writes another header line: transports must not send properties that came from
 /// elsewhere unchecked. Not locked: one context is used by one thread at a time.
 class TZSOAP_API TzSoapHttpTransportContext : public TzSoapTransportContext {
 public:
@@ -27,14 +27,14 @@ public:
 
     /// Sets the property "SOAPAction".
     void setSoapAction(const TzCString& action);
-    /// The property "SOAPAction", "" if there is none. O(log properties).
+    /// The property "SOAPAction", "" if absent. O(log properties).
     TzCString getSoapAction() const;
     /// "SOAPAction".
     static TzCString getSoapActionLabel();
 
     /// Takes the SOAP action out of header text: from the first line that holds "SOAPAction" and a
     /// colon, what follows the first colon, continuation lines included, exactly as it stands. The
-    /// other properties are kept, none is added if there is no such line. O(length).
+    /// other properties are kept; without such a line nothing is added. O(length).
     void extract(const TzCString& text) override;
     /// A line for each property in name order: name, ":", value and a line feed. O(length).
     TzCString asString() const override;

@@ -8,9 +8,9 @@
 #include <optional>
 #include <utility>
 
-/// A handle of a value that is made when it is first asked for; several threads may ask at once.
+/// A handle of a value that the first `get` makes; several threads may call `get` at once.
 ///
-/// A copy refers to the same value, so copying makes it.
+/// A copy shares the value, so copying makes it.
 template <typename Handle> class TzSoapMadeOnce : private TzTMonitor<TzMutexLock> {
 public:
     TzSoapMadeOnce() noexcept = default;
@@ -26,7 +26,7 @@ public:
         }
         return *handle_;
     }
-    /// The value, null when nobody has asked for it.
+    /// The value, null before the first `get`.
     const Handle* find() const noexcept {
         return made_.load(std::memory_order_acquire) ? &*handle_ : nullptr;
     }

@@ -16,12 +16,12 @@ class TzSoapType;
 /// is missing.
 ///
 /// Members are the children of a composite, the items of an array, the entries of a header or a
-/// body; other values have none. A path is a sequence of local names with "/" between them, such as
+/// body; others have no members. A path is a sequence of local names with "/" between, such as
 /// "placeOrder/lines/line[2]/amount"; "[2]" is the second of several members of that name, "line"
 /// alone the first. Every step follows references, except that the last value is the reference
-/// itself where one stands there (`TzSoapValueReader` follows it). Namespaces play no part in a
-/// path. `TzXmlBadArgError` for a text that is no path: empty, with an empty step, a prefix or an
-/// index that is no number from 1.
+/// itself where one stands there (`TzSoapValueReader` follows it). Namespaces do not matter in a
+/// path. `TzXmlBadArgError` for an invalid path: empty, with an empty step, a prefix or an
+/// index that is not a number from 1.
 ///
 /// The values returned are handles that share their bodies with the message: they stay good when
 /// the message goes. Linear in the members of the values on the way. Holds no data. Threads: the

@@ -29,7 +29,7 @@ class TzSoapVisitor;
 
 /// Handle of a whole message: the Envelope element with its header and its body.
 ///
-/// Copies share everything, `copy()` makes a message of its own. Every operation on a handle
+/// Copies share everything, `copy()` makes a new message. Every operation on a handle
 /// without a body throws `TzTHRInvalidPointer` "Invalid pointer". Handles that share a body may be
 /// copied and destroyed on different threads; the message itself is built, written and read by one
 /// thread at a time. Writing sets the type of simple values, so messages that share values are not
@@ -41,7 +41,7 @@ public:
     /// "Envelope", the local name of the envelope element.
     static const TzCString EnvelopeLabel;
 
-    /// An empty message of `version`; `TzXmlError` UNKNOWN_VERSION for a value that is no version.
+    /// An empty message of `version`; `TzXmlError` UNKNOWN_VERSION for an unknown version.
     explicit TzSoapMessage(TzSoapVersion::Version version = TzSoapVersion::getLatestVersion());
     TzSoapMessage(const TzSoapMessage&) noexcept = default;
     TzSoapMessage(TzSoapMessage&&) noexcept = default;
@@ -50,11 +50,11 @@ public:
     ~TzSoapMessage() override;
 
     /// The message as XML text; when `hasAttachments()`, the text of `asMimeMultipart()` instead.
-    /// What only a reference to a value leads to is not looked for: a part behind one is not in the
+    /// The search for parts does not follow references to values: such a part is not in the
     /// text, though the value's reference to it is. `asPackage` has it. `TzXmlDomainError` for a
     /// value that stands within itself. O(content).
     TzCString asString() const override;
-    /// The same in the layout that is asked for. Compact is how messages are best sent: some peers
+    /// The text of `asString` in `layout`. Compact is how messages are best sent: some peers
     /// take the line end in an indented value that holds nothing for its text. A derived class that
     /// has attachments makes its package in its own layout. O(content).
     TzCString asText(TzSoapLayout layout) const;
@@ -68,9 +68,9 @@ public:
     /// sent on with it. O(content).
     bool hasUserDefinedValues() const;
     /// Replaces the content by the message in the root part of a package: the part that its start
-    /// parameter names, the first one without that. The package is shared, for references to its
-    /// parts. A charset that the root part's Content-Type states counts for an envelope that does
-    /// not state its own. `TzXmlParseError` MIME_NOT_MULTIPART without a Content-Type header,
+    /// parameter names, the first one without that. The package is shared, because references need
+    /// its parts. A charset that the root part's Content-Type states applies to an envelope that
+    /// does not state one. `TzXmlParseError` MIME_NOT_MULTIPART without a Content-Type header,
     /// NO_MIME_SOAP_BODY_PART without a root part; one without a catalogue entry for a package
     /// without its closing line and for a Content-ID or Content-Location that is longer than the
     /// limits allow; otherwise as for a text.
@@ -88,13 +88,13 @@ public:
     /// - `TzXmlBadArgError`: BAD_INDEX_STRING for a size, offset or position that is no index;
     /// - `TzTHRIllegalUsage` when this message is being read already, and `std::bad_alloc`.
     virtual void extract(const TzCString& text);
-    /// The same for a text that stays the caller's: an envelope is not copied, a package once, for
-    /// its parts keep its text. A derived class gets a copy in its `extract(const TzCString&)`.
+    /// Reads a text that stays the caller's: does not copy an envelope, copies a package once,
+    /// for its parts. A derived class gets a copy in its `extract(const TzCString&)`.
     void extract(std::string_view text);
-    /// The same for a text that is given away: nothing is copied, a package becomes the message's.
+    /// Reads a text that it takes over: copies nothing, a package becomes the message's.
     /// A derived class gets the text in its `extract(const TzCString&)`.
     void extract(TzCString&& text);
-    /// The same for characters up to a NUL; `TzXmlBadArgError` for a null pointer.
+    /// Reads characters up to a NUL; `TzXmlBadArgError` for a null pointer.
     void extract(const char* text);
     /// Whether the last `extract` left text out because the model has no place for it: text other
     /// than white space beside the children of Envelope, Header, Body, a composite value or an
@@ -123,14 +123,14 @@ public:
     /// a reference refers to, in the order of the references and once for each of them, then the
     /// parts that were added.
     virtual TzMimeMultipart asMimeMultipart() const;
-    /// As above, inserted into `multipart`, whose boundary and start are kept if it has any;
+    /// Inserts message and attachments into `multipart`, which keeps its boundary and start;
     /// returns a handle that shares it. After an error, attachments met before stay inserted.
     virtual TzMimeMultipart asMimeMultipart(TzMimeMultipart& multipart) const;
     /// The message as it is best sent: `asMimeMultipart()` with each part once, however many
     /// references refer to it. When the root part is the only one, its body, the envelope, can
     /// travel alone. O(content).
     TzMimeMultipart asPackage() const;
-    /// The same with the envelope in the layout that is asked for; that of a derived class keeps
+    /// `asPackage` with the envelope in `layout`; that of a derived class keeps
     /// its own. O(content).
     TzMimeMultipart asPackage(TzSoapLayout layout) const;
 
@@ -140,7 +140,7 @@ public:
     TzSoapVersion& getSoapVersion() const;
     /// Makes this a message of `version`: envelope, header, body and fault take its names, and the
     /// soap prefix becomes its default. The encoding prefix and all entries stay. `TzXmlError`
-    /// UNKNOWN_VERSION, and nothing changed, for a value that is no version.
+    /// UNKNOWN_VERSION, and nothing changed, for an unknown version.
     void setVersion(TzSoapVersion::Version version);
     /// The header, shared with the message.
     TzSoapHeader& getSoapHeader();
@@ -153,14 +153,14 @@ public:
 
     /// Sets the prefix of the envelope namespace.
     void setSoapPrefix(const TzCString& prefix);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void setSoapPrefix(TzXmlText auto prefix) { setSoapPrefix(tzXmlText(prefix)); }
     /// The prefix of the envelope namespace: "SOAP-ENV" in a new SOAP 1.1 message, "env" in a new
     /// SOAP 1.2 message.
     TzCString getSoapPrefix() const;
     /// Sets the prefix of the encoding namespace.
     void setSoapEncodingPrefix(const TzCString& prefix);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void setSoapEncodingPrefix(TzXmlText auto prefix) { setSoapEncodingPrefix(tzXmlText(prefix)); }
     /// The prefix of the encoding namespace: "SOAP-ENC" in a new SOAP 1.1 message, "enc" in a new
     /// SOAP 1.2 message; not changed by `setVersion`.
@@ -192,7 +192,7 @@ public:
     /// What `extract` accepts.
     TzSoapReadLimits getReadLimits() const;
 
-    /// A message of its own with copies of header and body. O(content).
+    /// A new message with copies of header and body. O(content).
     TzSoapMessage copy() const;
     /// Calls the visitor's operation for messages.
     void acceptVisitor(TzSoapVisitor& visitor);
@@ -200,7 +200,7 @@ public:
     void acceptVisitor(TzSoapConstVisitor& visitor) const;
 
 protected:
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     virtual TzSoapMessageImp& body() const;
 
 private:

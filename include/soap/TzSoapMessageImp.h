@@ -34,8 +34,8 @@ class TZSOAP_API TzSoapMessageImp : public TzSoapElementImp,
                                     public TzSoapContentHandler,
                                     public TzBodyBase {
 public:
-    /// An empty message under the names of `version`; `TzXmlError` UNKNOWN_VERSION for a value that
-    /// is no version.
+    /// An empty message under the names of `version`; `TzXmlError` UNKNOWN_VERSION for an unknown
+    /// version.
     explicit TzSoapMessageImp(TzSoapVersion::Version version);
     /// Copies the envelope element, prolog, type registry, version, prefixes and limits, and header
     /// and body by their `copy()`; shares the kept package and the attachments.
@@ -56,7 +56,7 @@ public:
     TzSoapVersion& getSoapVersion() const { return TzSoapVersion::getSoapVersion(version_); }
     /// Records the version and takes its names for envelope, header, body and fault, prefixes
     /// included; the encoding prefix and all entries stay. `TzXmlError` UNKNOWN_VERSION, and
-    /// nothing changed, for a value that is no version.
+    /// nothing changed, for an unknown version.
     void setVersion(TzSoapVersion::Version version);
     /// The header.
     TzSoapHeader& getSoapHeader() noexcept { return header_; }
@@ -107,11 +107,11 @@ public:
     /// Replaces the content by the message read from the text of an envelope and forgets the kept
     /// package.
     void extract(const TzCString& text) { extractEnvelope(text); }
-    /// As `extract`, for a text that stays the caller's.
+    /// Replaces the content by the message read from a text that stays the caller's.
     void extractEnvelope(std::string_view text);
     /// Replaces the content by the message in the root part of `multipart`, which is kept for
     /// references to its parts. `TzXmlParseError` MIME_NOT_MULTIPART without a Content-Type header,
-    /// NO_MIME_SOAP_BODY_PART when there is no root part.
+    /// NO_MIME_SOAP_BODY_PART without a root part.
     void extract(const TzMimeMultipart& multipart);
     /// The Envelope or a child of it starts.
     void startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) override;

@@ -5,7 +5,7 @@
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlError.h>
 
-/// A message does not hold the element that a program asked for.
+/// A message lacks an element that a program wants.
 ///
 /// The text says which element and what stands there instead, as far as that helps:
 /// `placeOrder/lines/line[3]/amount is missing`, with the reason after a semicolon.
@@ -17,8 +17,8 @@ public:
     TzSoapMissingError& operator=(const TzSoapMissingError&) = default;
     ~TzSoapMissingError() override;
 
-    /// The first element that is missing, as local names from the value that was asked down to it,
-    /// such as "placeOrder/lines/line[3]". "" when a body without entries was asked for its first.
+    /// The first element that is missing, as local names from the value where the search began,
+    /// such as "placeOrder/lines/line[3]". "" for the first entry of a body without entries.
     const TzCString& getPath() const noexcept { return path_; }
 
 private:

@@ -25,7 +25,7 @@ public:
     TzSoapMisunderstoodType& operator=(TzSoapMisunderstoodType&&) noexcept = default;
     ~TzSoapMisunderstoodType() override;
 
-    /// A new report with the same content.
+    /// A new report with a copy of the content.
     TzSoapMisunderstoodType copy() const;
     /// The name of the entry that was not understood.
     TzXmlName getQualifiedName() const;
@@ -36,7 +36,7 @@ public:
 protected:
     /// A handle to `body`, which may be null.
     explicit TzSoapMisunderstoodType(TzSoapMisunderstoodTypeImp* body) noexcept;
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     TzSoapMisunderstoodTypeImp& body() const;
 
 private:

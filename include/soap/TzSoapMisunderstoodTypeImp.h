@@ -24,7 +24,7 @@ public:
     TzSoapContentBase::SoapTypeId getSoapTypeId() const override;
     /// "Misunderstood".
     const TzCString& getSoapTypeIdAsString() const override;
-    /// A new body with the same content.
+    /// A new body with a copy of the content.
     TzSoapElementImp* clone() const override;
 
     /// The name of the entry that was not understood.

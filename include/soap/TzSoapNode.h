@@ -21,7 +21,7 @@ public:
     /// those to the next node, also under the URI "http://schemas.xmlsoap.org/soap/actor/next" that
     /// SOAP 1.1 publishes, and for those to the ultimate receiver of SOAP 1.2.
     TzSoapNode();
-    /// The same with roles of its own, as if added by `addRole`, that understands these entries.
+    /// A receiver with further roles, as if added by `addRole`, that understands these entries.
     TzSoapNode(const std::vector<TzCString>& roles, const std::vector<TzXmlName>& understood);
 
     /// Acts also for entries whose actor (role) is `uri`.

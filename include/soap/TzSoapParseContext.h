@@ -58,11 +58,11 @@ public:
     const TzMimeMultipart& getMimeMultipart() const noexcept;
     /// Sets the message being filled; not owned, may be null.
     void setSoapMessageImp(TzSoapMessageImp* message) noexcept;
-    /// The message being filled, null when there is none.
+    /// The message being filled, null without one.
     TzSoapMessageImp* getSoapMessageImp() const noexcept;
     /// Sets the parser in use; not owned.
     void setParser(TzXmlSAXParser* parser) noexcept;
-    /// The parser in use, null when there is none.
+    /// The parser in use, null without one.
     TzXmlSAXParser* getParser() const noexcept;
 
     /// The version being read: that of the message, the latest without one.

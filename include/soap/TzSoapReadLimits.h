@@ -13,9 +13,9 @@ struct TzSoapReadLimits {
     std::size_t attributes = TzXmlDefaultLimits::Attributes;
     /// Most array positions of one text that are declared or passed over but hold no item, beside
     /// one for each byte of the text; more is a `TzXmlBoundsError` BAD_INDEX_VECTOR. Sparse arrays
-    /// and arrays without members do not count: they take no memory for their positions.
+    /// and arrays without members do not matter: they take no memory for their positions.
     std::size_t unfilledArrayPositions = 1048576;
-    /// Longest URI of a namespace and longest encodingStyle, in bytes, for each may be taken over
+    /// Longest URI of a namespace and longest encodingStyle, in bytes: each may be taken over
     /// by every value below; of a package also the longest Content-ID and Content-Location, which
     /// every reference may take over. More is a `TzXmlParseError`.
     std::size_t uriLength = TzXmlDefaultLimits::UriLength;

@@ -17,7 +17,7 @@ public:
     TzSoapReferenceToMimePartImp& operator=(const TzSoapReferenceToMimePartImp&) = delete;
     ~TzSoapReferenceToMimePartImp() override;
 
-    /// A new body that refers to the same part.
+    /// A new body that refers to the part, too.
     TzSoapElementImp* clone() const override;
     /// False.
     bool isSoapReference() const override;
@@ -32,7 +32,7 @@ public:
     /// Refers to `part` from now on, under `text`, which is what `textFor` says of it: all
     /// references to one part share it.
     void refer(const TzMimePart& part, const TzXmlAttribute::SharedValue& text);
-    /// The part referred to; `TzXmlBadArgError` BAD_REFERENCE "mime" when there is none.
+    /// The part referred to; `TzXmlBadArgError` BAD_REFERENCE "mime" without one.
     TzMimePart& getMimeReference() override;
 
 private:

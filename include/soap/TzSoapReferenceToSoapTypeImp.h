@@ -5,7 +5,7 @@
 #include <soap/TzSoapReferenceTypeImp.h>
 #include <soap/TzSoapType.h>
 
-/// Body of a reference to a value of the same message. Threads as for its base.
+/// Body of a reference to a value of its message. Threads as for its base.
 class TZSOAP_API TzSoapReferenceToSoapTypeImp : public TzSoapReferenceTypeImp {
 public:
     /// A reference without name, text and target.
@@ -17,22 +17,22 @@ public:
     TzSoapReferenceToSoapTypeImp& operator=(const TzSoapReferenceToSoapTypeImp&) = delete;
     ~TzSoapReferenceToSoapTypeImp() override;
 
-    /// A new body that refers to the same target.
+    /// A new body that refers to the target, too.
     TzSoapElementImp* clone() const override;
     /// True.
     bool isSoapReference() const override;
     using TzSoapReferenceTypeImp::setReference;
     /// Refers to `target` from now on, under the text "#" and the id that it has at this moment;
-    /// `TzXmlBadArgError` BAD_REFERENCE "identified" when it has none, and nothing changes.
+    /// `TzXmlBadArgError` BAD_REFERENCE "identified" without an id, and nothing changes.
     void setReference(const TzSoapType& target) override;
-    /// The value referred to; `TzXmlBadArgError` BAD_REFERENCE "soap" when there is none.
+    /// The value referred to; `TzXmlBadArgError` BAD_REFERENCE "soap" without one.
     TzSoapType& getSoapReference() override;
-    /// The value referred to, a handle without a body when there is none.
+    /// The value referred to, an empty handle without a target.
     const TzSoapType& getReference() const noexcept { return target_; }
     /// Lets go of the target and keeps the reference text: breaks a ring of values that hold each
     /// other.
     void clearReference() noexcept;
 
 private:
-    TzSoapType target_; // without a body while there is no target
+    TzSoapType target_; // empty without a target
 };

@@ -7,7 +7,7 @@
 class TzMimePart;
 class TzSoapReferenceTypeImp;
 
-/// Handle of a reference: an empty element that points at a value of the same message or at a MIME
+/// Handle of a reference: an empty element that points at a value of its message or at a MIME
 /// part of its package.
 ///
 /// Values that were read and refer to each other in a ring live as long as anybody else holds one
@@ -35,14 +35,14 @@ public:
     TzSoapReferenceType& operator=(TzSoapReferenceType&&) noexcept = default;
     ~TzSoapReferenceType() override;
 
-    /// A new reference to the same target.
+    /// A new reference to the target.
     TzSoapReferenceType copy() const;
     /// Whether a target has been set.
     bool hasReference() const;
     /// Whether this refers to a MIME part; otherwise it refers to a value.
     bool isMimeReference() const;
     /// Refers to the value `target` under "#" and its id. `TzXmlBadArgError` BAD_REFERENCE
-    /// "identified" when it has none, `TzXmlDomainError` BAD_REFERENCE "mime" on a reference to a
+    /// "identified" without an id, `TzXmlDomainError` BAD_REFERENCE "mime" on a reference to a
     /// MIME part; nothing changes then.
     void setReference(const TzSoapType& target);
     /// Refers to the MIME part `target` under "cid:" and its Content-ID, else under its
@@ -52,18 +52,18 @@ public:
     /// The value referred to. `TzXmlBadArgError`: BAD_SOAP_REFERENCE on a reference to a MIME part,
     /// BAD_REFERENCE "soap" without target.
     TzSoapType& getSoapReference();
-    /// The value referred to, as above.
+    /// The value referred to. `TzXmlBadArgError` as for the mutable overload.
     TzSoapType& getSoapReference() const;
     /// The MIME part referred to. `TzXmlBadArgError`: BAD_MIME_REFERENCE on a reference to a value,
     /// BAD_REFERENCE "mime" without target.
     TzMimePart& getMimeReference();
-    /// The MIME part referred to, as above.
+    /// The MIME part referred to. `TzXmlBadArgError` as for the mutable overload.
     TzMimePart& getMimeReference() const;
 
 protected:
     /// A handle to `body`, which may be null.
     explicit TzSoapReferenceType(TzSoapReferenceTypeImp* body) noexcept;
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     TzSoapReferenceTypeImp& body() const;
 
 private:

@@ -10,7 +10,7 @@
 class TzMimePart;
 class TzSoapType;
 
-/// Body of a reference: an empty element whose attribute names a value of the same message or a
+/// Body of a reference: an empty element whose attribute names a value of its message or a
 /// MIME part. What it refers to is the derived class's affair; reads itself.
 ///
 /// The target may be missing: then only the reference text, an attribute, is there. Not locked: one
@@ -24,7 +24,7 @@ public:
     TzSoapContentBase::SoapTypeId getSoapTypeId() const override;
     /// "Reference".
     const TzCString& getSoapTypeIdAsString() const override;
-    /// A new body with the same attributes and the same target; the caller's handle takes it over.
+    /// A new body with a copy of the attributes and the target; the caller's handle takes it over.
     TzSoapElementImp* clone() const override = 0;
 
     /// Whether this refers to a value of the message; otherwise it refers to a MIME part.
@@ -61,9 +61,9 @@ protected:
     /// Makes `text` the reference text, in place of one of either version, as the value of
     /// `attribute`; there is a target from now on.
     void accept(const TzCString& text, TzSoapVersion::SoapAttribute attribute);
-    /// As above, with a text that other references share.
+    /// Does the same with a `text` that other references share.
     void accept(const TzXmlAttribute::SharedValue& text, TzSoapVersion::SoapAttribute attribute);
-    /// There is no target any more; the reference text stays.
+    /// Forgets the target; the reference text stays.
     void forgetReference() noexcept { hasReference_ = false; }
 
 private:

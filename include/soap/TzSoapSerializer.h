@@ -23,7 +23,7 @@ class TZSOAP_API TzSoapSerializer : public TzSoapConstVisitor {
 public:
     /// The local name of the fault element, "Fault".
     static const TzCString Fault;
-    /// What generated prefixes are made from where there is none, "prefix".
+    /// What generated prefixes are made from if an element has no prefix, "prefix".
     static const TzCString Prefix;
     /// How values without name are called, "tznone:unnamed".
     static const TzXmlName UnknownName;
@@ -77,9 +77,9 @@ public:
 protected:
     /// Declares the namespace of `name` in the current scope where its prefix is unbound.
     void verifyQualifiedName(const TzXmlName& name);
-    /// The attribute as it is to be written: under this version's name within an envelope or a part
-    /// on its own, with a prefix that is bound to its namespace in the current scope. Without name
-    /// when this version has no such attribute.
+    /// The attribute as it is to be written: under this version's name within an envelope or a
+    /// block on its own, with a prefix that is bound to its namespace in the current scope. Without
+    /// name when this version has no such attribute.
     TzXmlAttribute getVerifiedAttribute(const TzXmlAttribute& attribute);
     /// Gives an attribute of another version the name of this version; false, and nothing done, for
     /// any other one.
@@ -89,37 +89,37 @@ protected:
 
     /// Opens the scope of an element: its style and its declarations.
     void pushNamesAndEncodings(const TzSoapMessage& message);
-    /// As above.
+    /// Opens the scope of a header: its style and its declarations.
     void pushNamesAndEncodings(const TzSoapHeader& header);
-    /// As above.
+    /// Opens the scope of a body: its style and its declarations.
     void pushNamesAndEncodings(const TzSoapBody& body);
-    /// As above.
+    /// Opens the scope of a value: its style and its declarations.
     void pushNamesAndEncodings(const TzSoapType& value);
     /// Closes the scope opened last by `pushNamesAndEncodings`. In a copy, also those that were
     /// open when it was made.
     void popNamesAndEncodings(const TzSoapMessage& message);
-    /// As above.
+    /// Closes the scope of a header, the one opened last.
     void popNamesAndEncodings(const TzSoapHeader& header);
-    /// As above.
+    /// Closes the scope of a body, the one opened last.
     void popNamesAndEncodings(const TzSoapBody& body);
-    /// As above.
+    /// Closes the scope of a value, the one opened last.
     void popNamesAndEncodings(const TzSoapType& value);
 
     /// Adds the attributes of an element to those of the start tag being prepared; the element must
     /// stay as it is until that tag is written.
     void populateAttributeSet(const TzSoapMessage& message);
-    /// As above.
+    /// Closes the scope of a header, the one opened last.
     void populateAttributeSet(const TzSoapHeader& header);
-    /// As above, with root.
+    /// Closes the scope of a body, the one opened last.
     void populateAttributeSet(const TzSoapBody& body);
-    /// As above, with the attributes that SOAP defines for values.
+    /// Closes the scope of a value, the one opened last.
     void populateAttributeSet(const TzSoapType& value);
     /// Forgets the attributes of the start tag being prepared.
     void clearAttributeSet();
 
     /// Whether `style` is in force around the current element.
     bool isEncodingStylePresent(const TzCString& style) const;
-    /// The style in force around the current element, "" when there is none.
+    /// The style in force around the current element, "" without one.
     TzCString getLastSpecifiedEncodingStyle() const;
     /// Whether the element around the current one stated its style: always true.
     bool getLastSpecifiedEncodingStyleState() const;

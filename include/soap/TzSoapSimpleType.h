@@ -101,7 +101,7 @@ public:
                                   bool typeShouldBeEncoded);
     /// @}
 
-    /// A new value with the same content.
+    /// A new value with a copy of the content.
     TzSoapSimpleType copy() const;
 
     /// The type of the text; `xsdUnknown` unless set. The element's type attribute is
@@ -116,13 +116,13 @@ public:
 
     /// Stores a text that is in its lexical form already, whatever its type: no check.
     void setEncodedString(const TzCString& text, SchemaType type);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void setEncodedString(TzXmlText auto text, SchemaType type) {
         setEncodedString(tzXmlText(text), type);
     }
     /// Stores a string; `TzXmlError` "wrong type" for any type but `xsdString`.
     void setString(const TzCString& text, SchemaType type);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void setString(TzXmlText auto text, SchemaType type) { setString(tzXmlText(text), type); }
     /// Stores "1" or "0" as `xsdBoolean`.
     void setBool(bool value);
@@ -175,25 +175,25 @@ public:
     /// Stores a duration as `xsdDuration`.
     void setDuration(const TzXmlDuration& value);
 
-    /// The text; the type plays no part in this and the other getters.
+    /// The text; the type does not matter to this and the other getters.
     TzCString getString() const;
     /// Whether the text is "1": "true" is false.
     bool getBool() const;
-    /// The number at the beginning of the text as `atoi` reads it; 0 when there is none.
+    /// The number at the beginning of the text as `atoi` reads it; 0 without one.
     int getInt() const;
-    /// The same, reinterpreted: "-1" gives the largest value.
+    /// The number that `getInt` returns, reinterpreted: "-1" gives the largest value.
     unsigned int getUnsignedInt() const;
-    /// The same, cut to the low bits.
+    /// The number that `getInt` returns, cut to the low bits.
     short getShort() const;
-    /// The same, cut to the low bits.
+    /// The number that `getInt` returns, cut to the low bits.
     unsigned short getUnsignedShort() const;
-    /// The number at the beginning of the text as `atol` reads it; 0 when there is none.
+    /// The number at the beginning of the text as `atol` reads it; 0 without one.
     long getLong() const;
-    /// The same, reinterpreted; a number above the largest `long` is lost.
+    /// The number that `getLong` returns, reinterpreted; one above the largest `long` is lost.
     unsigned long getUnsignedLong() const;
-    /// The number at the beginning of the text as `atof` reads it; 0 when there is none.
+    /// The number at the beginning of the text as `atof` reads it; 0 without one.
     float getFloat() const;
-    /// The number at the beginning of the text as `atof` reads it; 0 when there is none.
+    /// The number at the beginning of the text as `atof` reads it; 0 without one.
     double getDouble() const;
     /// The date that the text states; `TzXmlBadArgError` when it states none.
     TzDate getDate() const;
@@ -211,7 +211,7 @@ public:
     TzXmlDuration getDuration() const;
 
 protected:
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     TzSoapSimpleTypeImp& body() const;
 
 private:

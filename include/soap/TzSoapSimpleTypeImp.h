@@ -77,7 +77,7 @@ public:
     TzSoapContentBase::SoapTypeId getSoapTypeId() const override;
     /// "Simple".
     const TzCString& getSoapTypeIdAsString() const override;
-    /// A new body with the same content.
+    /// A new body with a copy of the content.
     TzSoapElementImp* clone() const override;
 
     /// The type of the text; `xsdUnknown` unless set.
@@ -137,25 +137,25 @@ public:
 
     /// The text as it is stored, without a copy; valid until the value changes.
     const TzCString& text() const noexcept { return value_; }
-    /// The text; `type` plays no part in this and the other getters.
+    /// The text; `type` does not matter to this and the other getters.
     TzCString getString() const { return value_; }
     /// Whether the text is "1": "true" is false.
     bool getBool() const;
-    /// The number at the beginning of the text as `atoi` reads it; 0 when there is none.
+    /// The number at the beginning of the text as `atoi` reads it; 0 without one.
     int getInt() const;
-    /// The same, reinterpreted: "-1" gives the largest value.
+    /// The number that `getInt` returns, reinterpreted: "-1" gives the largest value.
     unsigned int getUnsignedInt() const;
-    /// The same, cut to the low bits.
+    /// The number that `getInt` returns, cut to the low bits.
     short getShort() const;
-    /// The same, cut to the low bits.
+    /// The number that `getInt` returns, cut to the low bits.
     unsigned short getUnsignedShort() const;
-    /// The number at the beginning of the text as `atol` reads it; 0 when there is none.
+    /// The number at the beginning of the text as `atol` reads it; 0 without one.
     long getLong() const;
-    /// The same, reinterpreted; a number above the largest `long` is lost.
+    /// The number that `getLong` returns, reinterpreted; one above the largest `long` is lost.
     unsigned long getUnsignedLong() const;
-    /// The number at the beginning of the text as `atof` reads it; 0 when there is none.
+    /// The number at the beginning of the text as `atof` reads it; 0 without one.
     float getFloat() const;
-    /// The number at the beginning of the text as `atof` reads it; 0 when there is none.
+    /// The number at the beginning of the text as `atof` reads it; 0 without one.
     double getDouble() const;
     /// The date that the text states; `TzXmlBadArgError` when it states none.
     TzDate getDate() const;

@@ -40,20 +40,20 @@ public:
     static TzSoapSparseArrayType forReading(const TzXmlName& name, const TzCString& elementType,
                                             const TzCString& size);
 
-    /// A new body with the same shape and items; the values are shared. O(items).
+    /// A new body with a copy of the shape and shared values. O(items).
     TzSoapElementImp* clone() const override;
     /// True.
     bool isSparse() const override;
     /// Number of items.
     unsigned int entries() const override;
-    /// The item at a position; a copy of the template is added when there is none.
+    /// The item at a position; a copy of the template is added if it is missing.
     TzSoapType& elementAt(unsigned int position) override;
-    /// The item at a position, the template when there is none.
+    /// The item at a position, the template if it is missing.
     const TzSoapType& elementAt(unsigned int position) const override;
-    /// The item at an index, the first if there are several; a copy of the template is added when
-    /// there is none. The shape is not asked.
+    /// The item at an index, the first if there are several; a copy of the template is added if
+    /// it is missing. The shape is not checked.
     TzSoapType& elementAt(const Index& index) override;
-    /// The item at an index, the first if there are several; the template when there is none.
+    /// The item at an index, the first if there are several; the template if it is missing.
     const TzSoapType& elementAt(const Index& index) const override;
 
     /// The first item.

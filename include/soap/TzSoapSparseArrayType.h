@@ -12,7 +12,7 @@ class TzSoapSparseArrayImp;
 
 /// Handle of a sparse array: items at the indices that were given one, in order of insertion.
 ///
-/// `operator[]` and `operator()` on a non-const array add an item where there is none; on a const
+/// `operator[]` and `operator()` on a non-const array add an item if it is missing; on a const
 /// array they answer with a template and add nothing. Errors of the constructors:
 /// `TzXmlBoundsError` BAD_INDEX_VECTOR for an open axis that is not the leftmost or more than 32
 /// bits count, `TzXmlBadArgError` BAD_INDEX_STRING for a text that states no bounds. Threads as for
@@ -55,7 +55,7 @@ public:
     TzSoapSparseArrayType& operator=(TzSoapSparseArrayType&&) noexcept = default;
     ~TzSoapSparseArrayType() override;
 
-    /// A new array with the same items, whose values both share. O(items).
+    /// A new array with copies of the items; both share the values. O(items).
     TzSoapSparseArrayType copy() const;
     /// The first item. Indices may be changed through iterators; look-ups see that, and find the
     /// first of several items with one index. References to more than 16 indices must not be kept
@@ -71,7 +71,7 @@ public:
 protected:
     /// A handle to `body`, which may be null.
     explicit TzSoapSparseArrayType(TzSoapSparseArrayImp* body) noexcept;
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     TzSoapSparseArrayImp& body() const;
 
 private:

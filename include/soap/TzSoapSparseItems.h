@@ -50,13 +50,13 @@ public:
     /// Number of items.
     std::size_t size() const noexcept { return nodes_.size(); }
 
-    /// The value of the first item with that index, null when there is none.
+    /// The value of the first item with that index, null without one.
     TzSoapType* find(const Index& index);
-    /// The value of the first item with that index, null when there is none.
+    /// The value of the first item with that index, null without one.
     const TzSoapType* find(const Index& index) const;
     /// Adds an item at the end.
     TzSoapType& append(Index index, TzSoapType value);
-    /// Removes the items whose index `isUnwanted` tells, the others keep their order. Throws
+    /// Removes the items for whose index `isUnwanted` is true, the others keep their order. Throws
     /// nothing but what `isUnwanted` does. O(items).
     template <typename Predicate> void removeIf(const Predicate& isUnwanted) {
         dropIndex();
@@ -139,7 +139,7 @@ public:
     using reference = const Item&;
 
     const_iterator() noexcept = default;
-    /// The same position.
+    /// The position of `other`.
     const_iterator(const iterator& other) noexcept : at_(other.at_) {}
 
     reference operator*() const noexcept { return at_->item; }

@@ -43,17 +43,17 @@ public:
     void remove(const TzCString& name);
     /// Removes all properties. O(properties).
     void clear() noexcept;
-    /// Position of the property `name`, `end()` if there is none. O(log properties).
+    /// Position of the property `name`, `end()` if absent. O(log properties).
     iterator find(const TzCString& name);
-    /// Position of the property `name`, `end()` if there is none. O(log properties).
+    /// Position of the property `name`, `end()` if absent. O(log properties).
     const_iterator find(const TzCString& name) const;
     /// Position of the first property in name order.
     iterator begin() noexcept { return properties_.begin(); }
     /// Position of the first property in name order.
     const_iterator begin() const noexcept { return properties_.begin(); }
-    /// Position behind the last property.
+    /// Position after the last property.
     iterator end() noexcept { return properties_.end(); }
-    /// Position behind the last property.
+    /// Position after the last property.
     const_iterator end() const noexcept { return properties_.end(); }
 
 private:

@@ -47,7 +47,7 @@ public:
     TzCString getActorAttribute() const;
     /// Sets the actor (role); "" means absent.
     void setActor(const TzCString& actor);
-    /// The same for other texts; `TzXmlBadArgError` for a null pointer.
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void setActor(TzXmlText auto actor) { setActor(tzXmlText(actor)); }
     /// Removes the actor.
     void removeActorAttribute();
@@ -80,7 +80,7 @@ public:
     /// How the value's text is written; `EscapeOn` unless set.
     EscapeText getEscapeText() const;
 
-    /// A new value of the same kind with the same content. Composites and arrays share their
+    /// A new value of its kind with a copy of the content. Composites and arrays share their
     /// children with the original. O(content).
     TzSoapType copy() const;
     /// Calls the visitor's operation for this kind of value.
@@ -93,7 +93,7 @@ public:
 protected:
     /// A handle to `body`, which may be null.
     explicit TzSoapType(TzSoapTypeImp* body) noexcept;
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     TzSoapTypeImp& body() const;
 
 private:

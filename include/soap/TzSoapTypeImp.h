@@ -6,7 +6,7 @@
 #include <soap/TzSoapExport.h>
 #include <tz/pointer/TzBodyBase.h>
 
-/// Body of a generic value: an element with a name and attributes and no content of its own; base
+/// Body of a generic value: an element with a name and attributes and without content; base
 /// of the bodies of all other kinds of values. Only the reference count is locked.
 class TZSOAP_API TzSoapTypeImp : public TzSoapElementImp, public TzBodyBase {
 public:
@@ -23,7 +23,7 @@ public:
     virtual TzSoapContentBase::SoapTypeId getSoapTypeId() const;
     /// The kind as text: "Default" here.
     virtual const TzCString& getSoapTypeIdAsString() const;
-    /// A new body of the same class with the same content; the caller's handle takes it over.
+    /// A new body of its class with a copy of the content; the caller's handle takes it over.
     virtual TzSoapElementImp* clone() const;
     /// Sets the xsi "nil" attribute to "1" or "0".
     virtual void setNull(bool null);

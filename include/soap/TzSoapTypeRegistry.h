@@ -23,12 +23,12 @@ public:
     /// Gives elements named `element` the type `type`, unless they have one already: the first
     /// registration wins. O(log entries).
     void registerType(const TzXmlName& element, const TzXmlName& type);
-    /// The type of elements named `element`; `TzXmlBadArgError` NO_TYPE with the qualified name if
-    /// there is none. O(log entries).
+    /// The type of elements named `element`; `TzXmlBadArgError` NO_TYPE with the qualified name
+    /// otherwise. O(log entries).
     TzXmlName lookupType(const TzXmlName& element) const;
     /// Whether elements named `element` have a type. O(log entries).
     bool typeExists(const TzXmlName& element) const;
-    /// Whether there is no entry.
+    /// Whether the registry is empty.
     bool empty() const noexcept { return types_.empty(); }
 
 private:

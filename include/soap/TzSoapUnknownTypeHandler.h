@@ -12,7 +12,7 @@ class TzSoapGenericTypeHandler;
 class TzSoapSimpleTypeImp;
 
 /// Reads an element that nothing marks: a composite value if it has child elements, a simple value
-/// (or the report of a misunderstood header entry) if it has none.
+/// (or the report of a misunderstood header entry) otherwise.
 ///
 /// Belongs to one reading on one thread; reused for one element after the other.
 class TZSOAP_API TzSoapUnknownTypeHandler : public TzSoapContentHandler {

@@ -23,7 +23,7 @@ public:
     TzSoapUserDefinedType& operator=(TzSoapUserDefinedType&&) noexcept = default;
     ~TzSoapUserDefinedType() override;
 
-    /// A new value with the same content.
+    /// A new value with a copy of the content.
     TzSoapUserDefinedType copy() const;
     /// The markup: the element with its own tags as it was read, "" for a value made by a program.
     TzCString getValue() const;
@@ -31,7 +31,7 @@ public:
 protected:
     /// A handle to `body`, which may be null.
     explicit TzSoapUserDefinedType(TzSoapUserDefinedTypeImp* body) noexcept;
-    /// The body; `TzTHRInvalidPointer` "Invalid pointer" when there is none.
+    /// The body; `TzTHRInvalidPointer` "Invalid pointer" for an empty handle.
     TzSoapUserDefinedTypeImp& body() const;
 
 private:

@@ -14,15 +14,15 @@ class TzSoapGenericTypeHandler;
 
 /// Keeps an element that the application decodes itself as markup text.
 ///
-/// The text is what was read, its entities decoded and not escaped again: whoever writes it out
-/// again writes received text as markup. Belongs to one reading on one thread; reused for one
-/// element after the other.
+/// The text is what was read, its entities decoded and not escaped again: a program that writes
+/// it out again writes received text as markup. Belongs to one reading on one thread; reused for
+/// one element after the other.
 class TZSOAP_API TzSoapUserDefinedTypeHandler : public TzSoapContentHandler {
 public:
     TzSoapUserDefinedTypeHandler();
     ~TzSoapUserDefinedTypeHandler() override;
 
-    /// Starts keeping the element `name` of the given type and encoding style, for `owner`.
+    /// Starts keeping the element `name` of the given type and encoding style; `owner` gets it.
     void populate(const TzXmlName& name, const TzXmlAttributeSet& attributes, const TzXmlName& type,
                   const TzCString& encodingStyle, TzSoapParseContext* context,
                   TzSoapGenericTypeHandler* owner);

@@ -23,7 +23,7 @@ public:
     TzSoapContentBase::SoapTypeId getSoapTypeId() const override;
     /// "UserDefined".
     const TzCString& getSoapTypeIdAsString() const override;
-    /// A new body with the same content.
+    /// A new body with a copy of the content.
     TzSoapElementImp* clone() const override;
 
     /// The markup, "" unless set; valid until the value changes.

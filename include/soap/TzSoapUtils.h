@@ -18,7 +18,7 @@ class TzXmlAttributeSet;
 
 /// Operations and constant texts that reading, model and packaging share.
 ///
-/// Static, without state, usable from any thread on arguments of its own. The texts are made before
+/// Static, without state, usable from any thread on different arguments. The texts are made before
 /// any object of the program is constructed and outlive all of them.
 class TZSOAP_API TzSoapUtils {
 public:
@@ -82,24 +82,24 @@ public:
     /// when "Envelope" does, in this case; otherwise `NoEncoding`. O(text).
     static MessageEncoding getMessageEncoding(const TzCString& text);
     /// Whether the text is a MIME multipart: does not begin with "<" in its first two characters
-    /// and names "Multipart" anywhere behind "Content-Type:", both in any case. O(text).
+    /// and names "Multipart" anywhere after "Content-Type:", both in any case. O(text).
     static bool isMimeMultipart(const TzCString& text);
 
     /// Replaces `list` by the URIs of an encodingStyle value, white space between them: one empty
-    /// entry for an empty text, none for a text of white space.
+    /// entry for an empty text, an empty list for a text of white space.
     static void stringToEncodingList(const TzCString& text, std::list<TzCString>& list);
-    /// The first entry of that list, "" when it has none; a part of `text`.
+    /// The first URI of an encodingStyle value, "" for an empty list; a part of `text`.
     static std::string_view firstEncodingStyle(std::string_view text) noexcept;
 
     /// The value of the encodingStyle attribute in the element's attribute set, "" if absent.
     static TzCString getEncodingStyleAttributeUri(TzSoapElementImp* element);
     /// Removes the encodingStyle attribute from the element's attribute set unless it is empty.
     static void removeEncodingStyleAttribute(TzSoapElementImp* element);
-    /// Does the same and makes the removed value the element's encoding style.
+    /// Removes the encodingStyle attribute and makes its value the element's encoding style.
     static void removeAndFixEncodingStyleAttribute(TzSoapElementImp* element);
     /// Turns the offset attribute of an array's body into its offset, 0 on axes that it does not
     /// name, and removes the attributes that state its type and size. `TzXmlBadArgError`
-    /// BAD_INDEX_STRING for an offset that is none.
+    /// BAD_INDEX_STRING for an invalid offset.
     static void removeAndFixArrayTypeAttributes(TzSoapElementImp* array,
                                                 TzSoapVersion::Version version);
 
@@ -108,13 +108,13 @@ public:
     /// The type's prefix is resolved by `context`, the latest version is assumed without one.
     static void copyAttributes(const TzXmlAttributeSet& attributes, TzSoapElementImp& element,
                                TzSoapParseContext* context);
-    /// Does the same and takes the attributes out of the set instead of copying them: what is left
-    /// in it is unspecified.
+    /// Gives `element` the attributes by taking them out of the set instead of copying them: what
+    /// is left in it is unspecified.
     static void copyAttributes(TzXmlAttributeSet&& attributes, TzSoapElementImp& element,
                                TzSoapParseContext* context);
     /// Begins `element` at its start tag: takes the name, adds the attributes as they are and makes
     /// a non-empty encodingStyle among them the element's encoding style. The encodingStyle among
-    /// `attributes`, empty or not; null when there is none.
+    /// `attributes`, empty or not; null without one.
     static const TzCString* beginElement(TzSoapElementImp& element, const TzXmlName& name,
                                          const TzXmlAttributeSet& attributes);
 

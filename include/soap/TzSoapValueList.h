@@ -25,9 +25,9 @@ public:
     iterator begin() noexcept { return values_.begin(); }
     /// Position of the first value.
     const_iterator begin() const noexcept { return values_.begin(); }
-    /// Position behind the last value.
+    /// Position after the last value.
     iterator end() noexcept { return values_.end(); }
-    /// Position behind the last value.
+    /// Position after the last value.
     const_iterator end() const noexcept { return values_.end(); }
     /// Number of values.
     unsigned int size() const noexcept { return static_cast<unsigned int>(values_.size()); }
@@ -41,9 +41,9 @@ public:
     /// Adds `value`, shared, as the first one.
     void prepend(TzSoapType value) { values_.push_front(std::move(value)); }
 
-    /// The first value named `name`, `end()` if there is none. O(size).
+    /// The first value named `name`, `end()` if absent. O(size).
     iterator find(const TzXmlName& name);
-    /// The first value named `name`, `end()` if there is none. O(size).
+    /// The first value named `name`, `end()` if absent. O(size).
     const_iterator find(const TzXmlName& name) const;
     /// Removes the value at `position`; returns the position of the next one.
     iterator remove(const_iterator position) { return values_.erase(position); }

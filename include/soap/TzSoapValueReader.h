@@ -14,7 +14,7 @@ class TzDateTime;
 class TzDecimalPortable;
 class TzXmlDuration;
 
-/// Reads a simple value that somebody else wrote: every lexical form of XML Schema counts, white
+/// Reads a simple value of another program: it accepts every lexical form of XML Schema, white
 /// space around it does not matter, and what cannot be read is an error instead of 0.
 ///
 /// A reference stands for the value that it refers to. The getters look at the text only, not at
@@ -23,9 +23,9 @@ class TzXmlDuration;
 /// changed. Threads: as for the value.
 class TZSOAP_API TzSoapValueReader {
 public:
-    /// Looks at `value`, shared with it. `TzXmlBadArgError` when neither it nor what it refers to
-    /// is simple but a composite, an array, markup, an attachment or nothing; any value that is nil
-    /// counts as simple, as does an array position that holds no item. O(references in a row).
+    /// Reads `value`, shared with it. `TzXmlBadArgError` unless the value is, or refers to, a
+    /// simple or nil value. An array position that holds no item is nil, too.
+    /// O(references in a row).
     explicit TzSoapValueReader(const TzSoapType& value);
 
     /// The value that `value` stands for: itself, or what it refers to, through any number of

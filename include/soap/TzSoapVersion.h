@@ -56,7 +56,7 @@ public:
         Misunderstood = 11, ///< "Misunderstood", faults namespace, 1.2 only.
     };
 
-    /// Fault codes. Scoped, for `MustUnderstand` is an attribute too; the other enumerators are
+    /// Fault codes. Scoped, because `MustUnderstand` is an attribute too; the other enumerators are
     /// also members of the class itself.
     enum class SoapFaultCode : int {
         VersionMismatch = 0,     ///< "VersionMismatch".
@@ -105,11 +105,11 @@ public:
     virtual const TzXmlNamespace& getSoapRpc() const;
     /// The upgrade namespace; empty here and in 1.1.
     virtual const TzXmlNamespace& getSoapUpgrade() const;
-    /// The URI of `role`, "" where the version has none; "" here.
+    /// The URI of `role`, "" where the version lacks it; "" here.
     virtual const TzCString& getSoapRole(SoapRole role) const;
-    /// The name of a fault code; `TzXmlError` INVALID_FAULT_CODE where the version has none.
+    /// The name of a fault code; `TzXmlError` INVALID_FAULT_CODE where the version lacks it.
     virtual const TzXmlName& getFaultCode(SoapFaultCode code) const = 0;
-    /// The name of a fault subcode; `TzXmlError` INVALID_FAULT_CODE where the version has none.
+    /// The name of a fault subcode; `TzXmlError` INVALID_FAULT_CODE where the version lacks it.
     virtual const TzXmlName& getSubFaultCode(SoapSubFaultCode code) const = 0;
     /// The version's encoding style: the URI of its encoding namespace.
     virtual const TzCString& getSoapEncodingStyle() const = 0;
@@ -123,15 +123,15 @@ public:
     virtual bool matchSoapFault(const TzXmlNamespace& candidate) const;
     /// Whether `candidate` stands for the upgrade namespace; false here and in 1.1.
     virtual bool matchSoapUpgrade(const TzXmlNamespace& candidate) const;
-    /// The name of an attribute; the empty name where the version has none.
+    /// The name of an attribute; the empty name where the version lacks it.
     virtual const TzXmlName& getSoapAttributeQName(SoapAttribute attribute) const = 0;
-    /// The name of an element; the empty name where the version has none.
+    /// The name of an element; the empty name where the version lacks it.
     virtual const TzXmlName& getSoapElementQName(SoapElement element) const = 0;
     /// Whether `name` is this version's `element`: the same local part, the namespaces matched like
     /// those of envelopes. Never true for an element that the version lacks.
     bool matchSoapElement(const TzXmlName& name, SoapElement element) const;
 
-    /// The object of `version`; `TzXmlError` UNKNOWN_VERSION for a value that is no version.
+    /// The object of `version`; `TzXmlError` UNKNOWN_VERSION for an unknown version.
     static TzSoapVersion& getSoapVersion(Version version);
     /// The object of the latest version.
     static TzSoapVersion& getLatestSoapVersion();
@@ -149,7 +149,7 @@ public:
     static bool isSoapEnc(const TzCString& uri);
     /// Whether `uri` is the encoding namespace of a version, and of which (set only if it is).
     static bool isSoapEnc(const TzCString& uri, Version& version);
-    /// Whether `uri` is the encoding style of a version; the same as `isSoapEnc`.
+    /// Whether `uri` is the encoding style of a version; does what `isSoapEnc` does.
     static bool isSoapEncodingStyle(const TzCString& uri);
     /// Whether `uri` is the encoding style of a version, and of which (set only if it is).
     static bool isSoapEncodingStyle(const TzCString& uri, Version& version);
@@ -157,24 +157,24 @@ public:
     static bool isSoapAttribute(const TzXmlName& name);
     /// Which attribute of SOAP `name` is. The version is that of the namespace, and set as soon as
     /// that is one of SOAP, while the local part may be that of either version; `attribute` is left
-    /// alone if it is none.
+    /// alone if the local part is unknown.
     static bool isSoapAttribute(const TzXmlName& name, SoapAttribute& attribute, Version& version);
-    /// The name of an attribute in `version`; the empty name where the version has none,
-    /// `TzXmlError` UNKNOWN_VERSION for a value that is no version.
+    /// The name of an attribute in `version`; the empty name where the version lacks it,
+    /// `TzXmlError` UNKNOWN_VERSION for an unknown version.
     static const TzXmlName& getSoapAttributeName(SoapAttribute attribute, Version version);
-    /// The name of an element in `version`; the empty name where the version has none, `TzXmlError`
-    /// UNKNOWN_VERSION for a value that is no version.
+    /// The name of an element in `version`; the empty name where the version lacks it, `TzXmlError`
+    /// UNKNOWN_VERSION for an unknown version.
     static const TzXmlName& getSoapElementName(SoapElement element, Version version);
-    /// Whether `name` is the name of that attribute in `version`; false for a value that is no
-    /// attribute, `TzXmlError` UNKNOWN_VERSION for one that is no version.
+    /// Whether `name` is the name of that attribute in `version`; false for an unknown
+    /// attribute, `TzXmlError` UNKNOWN_VERSION for an unknown version.
     static bool matchSoapAttributeName(const TzXmlName& name, SoapAttribute attribute,
                                        Version version);
     /// Whether `name` is a fault code of either version in the envelope namespace of either
     /// version.
     static bool isSoapFaultCode(const TzXmlName& name);
-    /// Which fault code `name` is; `code` is left alone if it is none.
+    /// Which fault code `name` is; `code` is left alone if it is not one.
     static bool isSoapFaultCode(const TzXmlName& name, SoapFaultCode& code);
-    /// The fault code that `name` is; `TzXmlError` INVALID_FAULT_CODE if it is none.
+    /// The fault code that `name` is; `TzXmlError` INVALID_FAULT_CODE for any other name.
     static SoapFaultCode getSoapFaultCode(const TzXmlName& name);
 
 protected:

@@ -14,7 +14,7 @@ class TzSoapMessage;
 /// A plain value without state beyond the version; threads as for the message that is rewritten.
 class TZSOAP_API TzSoapVersionConverter {
 public:
-    /// A converter to `version`; `TzXmlError` UNKNOWN_VERSION for a value that is no version.
+    /// A converter to `version`; `TzXmlError` UNKNOWN_VERSION for an unknown version.
     explicit TzSoapVersionConverter(TzSoapVersion::Version version);
 
     /// The version that messages are rewritten for.
@@ -37,7 +37,7 @@ public:
     /// new version is renamed; all of them are losses.
     ///
     /// Each value is rewritten once, however many places share it, itself included; only an entry
-    /// that is to state another style than before becomes a copy of its own there. The package that
+    /// that is to state another style than before becomes a copy there. The package that
     /// the message was read from is left alone. A conversion that throws, such as `std::bad_alloc`
     /// or `TzTHRInvalidPointer` for a member without a body, leaves the message as it was.
     /// O(content).

@@ -21,11 +21,11 @@ class TzSoapUserDefinedType;
 /// A walk over a message by mutable handles: one operation for each kind of element.
 ///
 /// A visitor may do anything to what it visits and to the containers around it: the more specific
-/// handle that a value is passed on as counts like any other, so the value stays until the visit
+/// handle that a value is passed on as keeps it alive, so the value stays until the visit
 /// ends even where the visitor removes, replaces or moves it. What is assigned to that handle takes
 /// the place of the visited one when the visit ends, by an exception or not; the visited handle
 /// must still exist then. A value that is moved from the handle is shared with the visited one. Two
-/// exceptions: an array that is neither sparse nor compact comes in a handle of its own, to which
+/// exceptions: an array that is neither sparse nor compact comes in a new handle, to which
 /// assigning changes nothing else; and generic values, faults, bodies, headers and messages come as
 /// the visited handle itself, which must outlive the visit.
 ///

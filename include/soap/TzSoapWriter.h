@@ -25,7 +25,7 @@ struct TzSoapOutputPath;
 /// Errors: `TzXmlDomainError` for values nested deeper than `DepthLimit` and for a value that
 /// stands within itself (one that several places share is written at each of them),
 /// `TzXmlBadArgError` for text that XML cannot carry, for names of elements and attributes and
-/// declared prefixes that are no names of XML, and for a reference that changes its kind,
+/// declared prefixes that are not names of XML, and for a reference that changes its kind,
 /// `TzXmlInternalError` INTERNAL_ERROR for a kind of value that does not exist and for user-defined
 /// markup without a start tag. What was written before an error stays written.
 class TZSOAP_API TzSoapWriter : public TzSoapConstVisitor {
@@ -36,16 +36,16 @@ public:
     /// beside what they take themselves, and write no deeper than this, which is 1 MiB.
     static constexpr unsigned int DepthLimit = 2000;
 
-    /// A writer of its own to `writer`, for the latest version. MIME parts that references point at
+    /// An independent writer to `writer` in the latest version. MIME parts that references point at
     /// are inserted into `multipart`, unless that is null. Both must outlive this object.
     TzSoapWriter(TzXmlWriter* writer, TzMimeMultipart* multipart);
     /// A writer of an element within the one that `parent` writes: starts with its settings and
     /// shares its namespaces, its styles and what it wrote. `parent` must not be null.
     explicit TzSoapWriter(TzSoapWriter* parent);
-    /// A copy of a writer of its own has a copy of all that `other` remembers; a copy of a writer
+    /// A copy of an independent writer has a copy of all that `other` remembers; a copy of a writer
     /// within another shares it.
     TzSoapWriter(const TzSoapWriter& other);
-    /// As the copy constructor.
+    /// Copies like the copy constructor.
     TzSoapWriter& operator=(const TzSoapWriter& other);
 
     /// Writes messages in `version` from now on, whatever their own version.

@@ -19,8 +19,8 @@ namespace {
 
 using Reference = TzSoapElementConversion::Reference;
 
-/// The first prefix that `element` declares for `uri`, "" when there is none that is short: it is
-/// going to stand in every array.
+/// The first prefix that `element` declares for `uri`, "" without a short one: every
+/// array will contain it.
 TzCString prefixFor(const TzSoapElementImp& element, const TzCString& uri) {
     constexpr std::size_t Longest = 128;
     const auto* const found =
@@ -61,9 +61,9 @@ std::vector<TzCString> TzSoapConversion::run() {
 
 void TzSoapConversion::prepareEnvelope() {
     TzSoapDraft draft(TzSoapAccess::body(message_), changes_);
-    elements_.convert(draft, Reference::Part);
+    elements_.convert(draft, Reference::Block);
     TzSoapElementImp& state = draft.edit();
-    // A prefix that nobody declares is one that the old version proposed.
+    // An undeclared prefix is the default prefix of the old version.
     if (state.findNamespaceAttribute(state.getName().getPrefix()) == state.attributesEnd()) {
         state.getName().setNamespace(terms_.target().getSoapEnv());
     }
@@ -83,17 +83,17 @@ TzCString TzSoapConversion::takeStyle(TzSoapElementImp& container, const TzCStri
     return style.empty() ? around : style;
 }
 
-TzCString TzSoapConversion::preparePart(TzSoapElementImp& part,
-                                        TzSoapVersion::SoapElement element) {
-    TzSoapDraft draft(part, changes_);
+TzCString TzSoapConversion::prepareBlock(TzSoapElementImp& block,
+                                         TzSoapVersion::SoapElement element) {
+    TzSoapDraft draft(block, changes_);
     draft.edit().setName(terms_.target().getSoapElementQName(element));
-    elements_.convert(draft, Reference::Part);
+    elements_.convert(draft, Reference::Block);
     return takeStyle(draft.edit(), style_);
 }
 
 void TzSoapConversion::prepareHeader() {
     TzSoapHeader& header = message_.getSoapHeader();
-    const TzCString style = preparePart(TzSoapAccess::body(header), TzSoapVersion::Header);
+    const TzCString style = prepareBlock(TzSoapAccess::body(header), TzSoapVersion::Header);
     for (auto entry = header.entriesBegin(); entry != header.entriesEnd(); ++entry) {
         const bool report = entry->getSoapTypeId() == TzSoapContentBase::Misunderstood;
         if (report && !terms_.hasMisunderstood()) {
@@ -108,7 +108,7 @@ void TzSoapConversion::prepareHeader() {
 
 void TzSoapConversion::prepareBody() {
     TzSoapBody& body = message_.getSoapBody();
-    const TzCString style = preparePart(TzSoapAccess::body(body), TzSoapVersion::Body);
+    const TzCString style = prepareBlock(TzSoapAccess::body(body), TzSoapVersion::Body);
     if (body.hasSoapFault()) {
         const TzSoapFaultImp& fault = TzSoapAccess::body(body.getSoapFault());
         fault_.prepare(fault, soapPrefix_);
@@ -131,7 +131,7 @@ void TzSoapConversion::prepareDetail(TzSoapTypeImp& detail, const TzCString& sty
 }
 
 TzCString TzSoapConversion::styleOf(const TzSoapTypeImp& entry, const TzCString& style) const {
-    // SOAP's own style is stated by whoever writes.
+    // The writer states the encoding style of SOAP itself.
     return terms_.isOwnStyle(style) || entry.hasEncodingStyleAttribute() ? TzCString() : style;
 }
 
@@ -190,12 +190,12 @@ void TzSoapConversion::prepareValue(TzSoapTypeImp& value, TzSoapDraft& draft) {
     default:
         break;
     }
-    tzSoapForEachHeld(value, [this](const TzSoapType& held) { wait(held); });
-    // The first of the values in it comes next, for losses to be in the order of the message.
+    tzSoapForEachHeld(value, [this](const TzSoapType& held) { enqueue(held); });
+    // Reverse, so that the first child is popped next and losses come in document order.
     std::reverse(waiting_.begin() + static_cast<std::ptrdiff_t>(before), waiting_.end());
 }
 
-void TzSoapConversion::wait(const TzSoapType& value) {
+void TzSoapConversion::enqueue(const TzSoapType& value) {
     if (!TzSoapArrayTypeImp::isPlaceholder(value)) {
         TzSoapTypeImp& body = TzSoapAccess::body(value);
         if (met_.isNew(body)) {
@@ -214,7 +214,7 @@ void TzSoapConversion::walk() {
 }
 
 void TzSoapConversion::prepareArray(TzSoapArrayTypeImp& array) {
-    // The shape of inner arrays is stated by themselves.
+    // Inner arrays state their shape themselves.
     const TzCString& itemType = array.getElementType();
     if (terms_.itemTypeIsName() && itemType.find('[') != TzCString::npos) {
         itemTypes_.emplace_back(&array, encodingPrefix_ + ":Array");

@@ -21,8 +21,8 @@ class TzSoapUserDefinedTypeImp;
 
 /// One rewriting of one message for another version.
 ///
-/// Finds out first what is to become of everything, which may fail, and changes the message then,
-/// which does not. Values wait in a list instead of on the stack, so their depth does not matter;
+/// Prepares drafts of everything first, which may fail, and then changes the message, which does
+/// not. Values wait in a list instead of on the stack, so their depth does not matter;
 /// each is rewritten once however many places and references share it.
 class TzSoapConversion {
 public:
@@ -33,11 +33,11 @@ public:
     std::vector<TzCString> run();
 
 private:
-    // What is to become of everything
+    // Drafts of everything
     void prepareEnvelope();
     void prepareHeader();
     void prepareBody();
-    TzCString preparePart(TzSoapElementImp& part, TzSoapVersion::SoapElement element);
+    TzCString prepareBlock(TzSoapElementImp& block, TzSoapVersion::SoapElement element);
     void prepareDetail(TzSoapTypeImp& detail, const TzCString& style);
     void prepareEntry(TzSoapType& entry, const TzCString& style);
     void prepareName(TzSoapDraft& entry);
@@ -45,10 +45,10 @@ private:
     void prepareValue(TzSoapTypeImp& value, TzSoapDraft& draft);
     void prepareArray(TzSoapArrayTypeImp& array);
     void lookAtMarkup(const TzSoapUserDefinedTypeImp& value);
-    void wait(const TzSoapType& value);
+    void enqueue(const TzSoapType& value);
     void walk();
 
-    // Styles: what a container states is stated by its entries instead
+    // Styles: the entries of a container state its style in its place
     static TzCString takeStyle(TzSoapElementImp& container, const TzCString& around);
     TzCString styleOf(const TzSoapTypeImp& entry, const TzCString& style) const;
     static void stateStyle(TzSoapDraft& draft, const TzCString& style);

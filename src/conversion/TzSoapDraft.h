@@ -5,7 +5,7 @@
 
 #include <deque>
 
-/// An element and what it is to become.
+/// An element and its changed copy, once something changes.
 class TzSoapDraft {
 public:
     /// Where drafts that changed something keep it.
@@ -19,11 +19,11 @@ public:
     TzSoapDraft(TzSoapElementImp& element, Changes& changes) noexcept
         : element_(element), changes_(changes) {}
 
-    /// The element as it is to become.
+    /// The element after the changes so far.
     const TzSoapElementImp& state() const noexcept {
         return state_ != nullptr ? *state_ : element_;
     }
-    /// The same, to change it; a copy of the element at first.
+    /// The element for changes; the first call makes the copy.
     TzSoapElementImp& edit() {
         if (state_ == nullptr) {
             state_ = &changes_.emplace_back(Change{&element_, element_}).state;

@@ -98,12 +98,12 @@ bool TzSoapElementConversion::isOwnText(const TzXmlName& name, Reference referen
 
 bool TzSoapElementConversion::wouldRefer(const TzXmlName& name, Reference reference) const {
     const TzSoapVersion& target = terms_.target();
-    if (reference == Reference::Part) {
+    if (reference == Reference::Block) {
         return false;
     }
     if (reference == Reference::Waiting &&
         name == target.getSoapAttributeQName(TzSoapVersion::Ref)) {
-        return true; // where its own text is to stand
+        return true; // the reference text takes its place
     }
     return (name == target.getSoapAttributeQName(TzSoapVersion::Ref) ||
             name == target.getSoapAttributeQName(TzSoapVersion::Href)) &&
@@ -133,7 +133,7 @@ void TzSoapElementConversion::convertOwn(const TzXmlAttribute& attribute,
     }
     const TzXmlName& counterpart = terms_.target().getSoapAttributeQName(kind);
     if (!terms_.isSourceName(name, kind)) {
-        // It says nothing, so it must not begin to.
+        // It has no meaning, so it must not get one.
         if (moved == counterpart) {
             return loseAttribute(name, TzSoapLosses::LeftOut);
         }
@@ -150,7 +150,7 @@ void TzSoapElementConversion::convertOwn(const TzXmlAttribute& attribute,
 }
 
 void TzSoapElementConversion::convertForeign(const TzXmlAttribute& attribute) {
-    // Said nothing so far. The offset of an element has its name from the latest version always.
+    // Had no meaning so far. Deliberate: the offset of an element is always named as in SOAP 1.2.
     const TzXmlName& name = attribute.getName();
     const TzXmlName& offset =
         TzSoapVersion::getLatestSoapVersion().getSoapAttributeQName(TzSoapVersion::Offset);

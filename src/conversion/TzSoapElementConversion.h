@@ -13,9 +13,9 @@ class TzSoapElementConversion {
 public:
     /// What an unqualified attribute that makes a reference means to an element.
     enum class Reference {
-        Part,    ///< Nothing: the element is no value.
-        None,    ///< A value that is no reference.
-        Waiting, ///< A reference to a value, without target: its text is all there is.
+        Block,   ///< Nothing: the element is not a value.
+        None,    ///< A value other than a reference.
+        Waiting, ///< A reference to a value, without target: only its text.
         Settled, ///< A reference to a value, with its target.
         Mime,    ///< A reference to a MIME part.
     };
@@ -42,7 +42,7 @@ private:
 
     TzSoapVersionTerms& terms_;
     TzSoapLosses& losses_;
-    // Of the element at hand
+    // Of the current element
     const TzSoapElementImp* element_ = nullptr;
     TzSoapAttributeSet converted_;
     TzCString text_; // of a reference without target

@@ -36,7 +36,7 @@ void TzSoapFaultConversion::apply(TzSoapFaultImp& fault) noexcept {
 }
 
 void TzSoapFaultConversion::splitQualifiers() {
-    // Where a version has no subcodes, a reader leaves them in the code.
+    // The reader of a version without subcodes leaves qualifiers in the code.
     if (!terms_.hasSubcodes() || code_.getLocalName().find(Dot) == TzCString::npos) {
         return;
     }
@@ -63,7 +63,7 @@ void TzSoapFaultConversion::standardise() {
     if (!standard && !terms_.hasSubcodes()) {
         return; // any name may be a code
     }
-    // What no standard code stands for becomes a detail of one.
+    // A code that the target version lacks becomes a subcode of a standard one.
     const TzXmlName own = code_;
     code_ = nameOf(standard ? TzSoapVersion::Client : TzSoapVersion::Server);
     subcodes_.insert(subcodes_.begin(), standard ? TzXmlName(own.getLocalName()) : own);

@@ -16,9 +16,9 @@ public:
     TzSoapFaultConversion(TzSoapVersionTerms& terms, TzSoapLosses& losses)
         : terms_(terms), losses_(losses) {}
 
-    /// Finds out what is to become of `fault`; `prefix` is that of the envelope's namespace.
+    /// Prepares the rewriting of `fault`; `prefix` is that of the envelope's namespace.
     void prepare(const TzSoapFaultImp& fault, const TzCString& prefix);
-    /// Rewrites the fault that was prepared, but for its detail.
+    /// Rewrites the prepared fault, except for its detail.
     void apply(TzSoapFaultImp& fault) noexcept;
 
 private:

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-/// What a rewriting could not carry over, a text for each.
+/// The losses of a rewriting, one text each.
 class TzSoapLosses {
 public:
     static constexpr std::string_view LeftOut = "left out";
@@ -23,7 +23,7 @@ public:
     std::vector<TzCString> take() noexcept { return std::move(texts_); }
 
     /// A text of the message as losses show it: cut where it is long. What a message says once may
-    /// concern each of its values, and is not to be repeated in full for each of them.
+    /// concern each of its values; its full text must not be repeated for each of them.
     static TzCString shown(std::string_view text);
 
 private:

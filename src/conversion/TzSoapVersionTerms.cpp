@@ -5,13 +5,12 @@
 #include <soap/TzSoapUtils.h>
 #include <tz/xml/TzXmlBadArgError.h>
 
+#include "model/TzSoapVersionTable.h"
+
 #include <array>
 #include <list>
 
 namespace {
-
-/// What senders of SOAP 1.1 call the next receiver: the URI that its text prints in 4.2.2.
-constexpr char PublishedNextActor[] = "http://schemas.xmlsoap.org/soap/actor/next";
 
 /// Whether `name`, in a namespace of `version`, is what the version calls the attribute.
 bool isNameOf(const TzSoapVersion& version, const TzXmlName& name,
@@ -82,7 +81,8 @@ TzCString TzSoapVersionTerms::encodingStyle(const TzCString& text) const {
 
 TzSoapVersionTerms::Role TzSoapVersionTerms::role(const TzCString& uri) const {
     for (const TzSoapVersion::SoapRole role : Roles) {
-        const bool published = role == TzSoapVersion::Next && uri == PublishedNextActor;
+        const bool published =
+            role == TzSoapVersion::Next && uri == TzSoapVersionTable::PublishedNextRole;
         if (uri.empty() || (uri != source_.getSoapRole(role) && !published)) {
             continue;
         }

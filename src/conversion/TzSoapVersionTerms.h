@@ -8,10 +8,10 @@
 #include <map>
 #include <optional>
 
-/// What names, roles and styles of one version are called in another one.
+/// Names, roles and styles of one version in the terms of another one.
 class TzSoapVersionTerms {
 public:
-    /// What a role is called.
+    /// A role in the terms of the target.
     struct Role {
         TzCString uri;
         bool known; ///< Whether the target has it; otherwise it keeps its URI.
@@ -33,7 +33,7 @@ public:
     bool isTargetName(const TzXmlName& name) const;
     /// Whether the target reads an element named `name`, which the source does not, as a fault.
     bool isTargetFault(const TzXmlName& name) const;
-    /// Whether `nameSpace` is one that SOAP defines and that the target has nothing like.
+    /// Whether SOAP defines `nameSpace` and the target has no counterpart.
     bool isLost(const TzXmlNamespace& nameSpace) const;
     /// An encodingStyle text with the target's style in place of the source's.
     TzCString encodingStyle(const TzCString& text) const;
@@ -41,11 +41,11 @@ public:
     bool isOwnStyle(const TzCString& text) const { return text == target_.getSoapEncodingStyle(); }
     /// The role `uri`; "" stands for the ultimate receiver, which need not be stated.
     Role role(const TzCString& uri) const;
-    /// An index of an array as the target writes it; a text that is none stays.
+    /// An index of an array as the target writes it; any other text stays.
     TzCString index(const TzCString& text) const;
     /// Whether item types of arrays are names only, without the shape of inner arrays.
     bool itemTypeIsName() const;
-    /// Whether a fault has subcodes; otherwise qualifiers stand in its code.
+    /// Whether a fault has subcodes; otherwise its code contains qualifiers.
     bool hasSubcodes() const { return isNamed(TzSoapVersion::FaultSubcode); }
     /// Whether a fault has a role.
     bool hasFaultRole() const { return isNamed(TzSoapVersion::FaultRole); }

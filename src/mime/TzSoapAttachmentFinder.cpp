@@ -23,7 +23,7 @@ void TzSoapAttachmentFinder::visit(const TzSoapReferenceType& value) {
     if (value.isMimeReference()) {
         found_ = true;
     } else if (targets_ == Targets::Visited) {
-        wait(value.getSoapReference());
+        enqueue(value.getSoapReference());
         walk();
     }
 }
@@ -33,27 +33,27 @@ void TzSoapAttachmentFinder::visit(const TzSoapUserDefinedType&) { foundUserDefi
 void TzSoapAttachmentFinder::visit(const TzSoapSimpleType&) {}
 
 void TzSoapAttachmentFinder::visit(const TzSoapFault& fault) {
-    wait(fault.getDetails());
+    enqueue(fault.getDetails());
     walk();
 }
 
 void TzSoapAttachmentFinder::visit(const TzSoapCompositeType& value) {
     for (auto child = value.childrenBegin(); child != value.childrenEnd(); ++child) {
-        wait(*child);
+        enqueue(*child);
     }
     walk();
 }
 
 void TzSoapAttachmentFinder::visit(const TzSoapSparseArrayType& value) {
     for (const auto& [index, item] : value) {
-        wait(item);
+        enqueue(item);
     }
     walk();
 }
 
 void TzSoapAttachmentFinder::visit(const TzSoapCompactArrayType& value) {
     for (const TzSoapDefaultType& item : TzSoapAccess::body(value).storedItems()) {
-        wait(item);
+        enqueue(item);
     }
     walk();
 }
@@ -67,14 +67,14 @@ void TzSoapAttachmentFinder::visit(const TzSoapBody& body) {
         body.getSoapFault().acceptVisitor(*this);
     }
     for (auto entry = body.entriesBegin(); entry != body.entriesEnd(); ++entry) {
-        wait(*entry);
+        enqueue(*entry);
     }
     walk();
 }
 
 void TzSoapAttachmentFinder::visit(const TzSoapHeader& header) {
     for (auto entry = header.entriesBegin(); entry != header.entriesEnd(); ++entry) {
-        wait(*entry);
+        enqueue(*entry);
     }
     walk();
 }
@@ -84,8 +84,8 @@ void TzSoapAttachmentFinder::visit(const TzSoapMessage& message) {
     message.getSoapBody().acceptVisitor(*this);
 }
 
-void TzSoapAttachmentFinder::wait(const TzSoapType& value) {
-    // Most values are simple: they need no turn of their own.
+void TzSoapAttachmentFinder::enqueue(const TzSoapType& value) {
+    // Most values are simple: visit them without the list.
     const TzSoapTypeImp& body = TzSoapAccess::body(value);
     if (body.getSoapTypeId() != TzSoapContentBase::Simple && met_.isNew(body)) {
         waiting_.push_back(&value);

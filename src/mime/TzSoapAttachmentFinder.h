@@ -10,11 +10,11 @@
 /// Looks through a message, or a part of one, for references to MIME parts that have their part,
 /// and for user-defined values.
 ///
-/// Always walks the whole of it, each value once, however many places share it. Values wait in a
+/// Always walks all of it, each value once even if several places share it. Values wait in a
 /// list instead of on the stack, so their depth does not matter. For one walk.
 class TzSoapAttachmentFinder final : public TzSoapConstVisitor {
 public:
-    /// What becomes of references to values.
+    /// What the walk does with references to values.
     enum class Targets : bool { LeftOut, Visited };
 
     explicit TzSoapAttachmentFinder(Targets targets) noexcept : targets_(targets) {}
@@ -39,7 +39,7 @@ public:
     void visit(const TzSoapMessage& message) override;
 
 private:
-    void wait(const TzSoapType& value);
+    void enqueue(const TzSoapType& value);
     void walk();
 
     Targets targets_;

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Whether the text begins with a tag: a text in another form says by itself what it is.
+/// Whether the text begins with a tag: any other text shows its encoding itself.
 bool beginsWithTag(std::string_view text) noexcept {
     return text.size() > 1 && text[0] == '<' && text[1] != '?' && text[1] != '\0';
 }

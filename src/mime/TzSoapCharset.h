@@ -13,8 +13,8 @@ namespace TzSoapCharset {
 
 /// Whether `name` has the form of a charset's name.
 bool isName(std::string_view name) noexcept;
-/// `text` with an XML declaration for the charset of `content`; nothing when `text` says what it is
-/// by itself, or `content` says nothing that has to be added. O(text).
+/// `text` with an XML declaration for the charset of `content`; nothing when `text` shows its
+/// encoding itself, or `content` states nothing to add. O(text).
 std::optional<TzCString> declare(const TzMimeContentType& content, std::string_view text);
 
 } // namespace TzSoapCharset

@@ -46,7 +46,7 @@ TzCString TzSoapHttpTransportContext::getSoapActionLabel() { return SoapActionLa
 void TzSoapHttpTransportContext::extract(const TzCString& text) {
     TzCTokenizer lines(text);
     TzCString line = lines.next(TzXmlWriter::Newline);
-    // Any line that mentions the label will do, whatever else its name holds.
+    // Deliberate: any line that mentions the label matches, even inside of another name.
     while (!line.empty() && (line.find(SoapActionLabel) == TzCString::npos ||
                              line.find(TzXmlWriter::Colon) == TzCString::npos)) {
         line = lines.next(TzXmlWriter::Newline);

@@ -26,7 +26,7 @@
 
 namespace {
 
-/// The media type that `part` states, text/plain for none.
+/// The media type that `part` states, text/plain without one.
 TzMimeContentType contentTypeOf(const TzMimePart& part) {
     const std::size_t position = part.findHeader(TzMimeContentTypeHeader::Label);
     return position == TzMimePart::NotFound
@@ -71,7 +71,7 @@ bool TzSoapMessage::hasUserDefinedValues() const {
 TzCString TzSoapMessage::asString() const { return asText(TzSoapLayout::Indented); }
 
 TzCString TzSoapMessage::asText(TzSoapLayout layout) const {
-    // A derived message may look for attachments and make its package in its own way.
+    // A derived message may override how it finds attachments and makes its package.
     const bool derived = isDerived();
     if (derived && hasAttachments()) {
         return asMimeMultipart().asString();

@@ -14,22 +14,21 @@
 namespace {
 
 constexpr char RootId[] = "<soap.xml@mime.representation>";
-constexpr char Boundary[] = "MIME_boundary";
 constexpr char RootType[] = "text/xml";
 
 /// Makes `package` a multipart/related one, keeping its boundary and its start; returns the start.
 TzCString describe(TzMimeMultipart& package) {
     const std::size_t position = package.findHeader(TzMimeContentTypeHeader::Label);
     if (position == TzMimePart::NotFound) {
-        package.insertHeader(TzMimeContentTypeHeader(
-            TzMimeMultipartRelatedType(TzCString(), RootType, RootId, Boundary)));
+        package.insertHeader(TzMimeContentTypeHeader(TzMimeMultipartRelatedType(
+            TzCString(), RootType, RootId, TzMimeMultipartRelatedType::DefaultBoundary)));
         return RootId;
     }
     // Shared with the header, which changes with it.
     TzMimeMultipartRelatedType type(
         TzMimeContentTypeHeader(package.getHeader(position)).getContentType());
     if (type.getBoundary().empty()) {
-        type.setBoundary(Boundary);
+        type.setBoundary(TzMimeMultipartRelatedType::DefaultBoundary);
     }
     type.setType(RootType);
     if (type.getStart().empty()) {

@@ -6,15 +6,15 @@
 #include <type_traits>
 #include <utility>
 
-/// The one door from the library's own sources to the bodies behind handles.
+/// The only access of the library's sources to the bodies of handles.
 ///
 /// Every handle class befriends it; programs that use the library never see it.
 struct TzSoapAccess {
-    /// The body of `handle`, as its class declares it; `TzTHRInvalidPointer` when there is none.
+    /// The body of `handle`, as its class declares it; `TzTHRInvalidPointer` for an empty handle.
     template <typename Handle> static decltype(auto) body(const Handle& handle) {
         return handle.body();
     }
-    /// A handle of class `Handle` by the constructor that it keeps to itself: on a body, for a
+    /// A handle of class `Handle` by its protected constructor, from a body or a
     /// version.
     template <typename Handle, typename Source> static Handle handle(Source source) {
         return Handle(source);
@@ -28,7 +28,7 @@ struct TzSoapAccess {
     template <typename Handle> static bool hasBody(const Handle& handle) noexcept {
         return handle.bodyPointer() != nullptr;
     }
-    /// A handle of class `Handle` that takes over the body of `other`, which is left without one.
+    /// A handle of class `Handle` that takes over the body of `other`, which becomes empty.
     template <typename Handle, typename Other> static Handle take(Other& other) noexcept {
         Handle taken(static_cast<std::remove_reference_t<decltype(other.body())>*>(nullptr));
         taken.attachBody(other.detachBody());

@@ -15,7 +15,7 @@ using Attribute = TzSoapVersion::SoapAttribute;
 
 namespace {
 
-// A carriage return is no white space here.
+// Deliberate: without the carriage return, which therefore becomes part of a URI.
 constexpr std::array<char, 3> StyleSeparators = {TzXmlUtils::BlankUtf8, TzXmlUtils::NewlineUtf8,
                                                  TzXmlUtils::TabUtf8};
 constexpr std::string_view WhiteSpace(StyleSeparators.data(), StyleSeparators.size());
@@ -250,8 +250,8 @@ const TzXmlAttribute* TzSoapAttributeSet::getSoapAttribute(Attribute attribute) 
     return getSoapAttribute(attribute, ignored);
 }
 
-// The look-up of the base for changes drops the index, which is too much where nothing is found;
-// the position only serves to erase, which drops it anyhow.
+// The look-up of the base for changes drops the index, even if it finds nothing. The position
+// only serves to erase, which drops the index anyway.
 TzXmlAttribute* TzSoapAttributeSet::getSoapAttribute(Attribute attribute, Version& found) {
     return const_cast<TzXmlAttribute*>(std::as_const(*this).getSoapAttribute(attribute, found));
 }

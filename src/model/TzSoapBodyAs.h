@@ -14,7 +14,7 @@
         TzMessage(std::string(handle) + ": the handle refers to a value of another kind")));
 }
 
-/// `body` as a `Body`; `TzXmlDomainError` that names the class of the handle when it is none.
+/// `body` as a `Body`; `TzXmlDomainError` that names the class of the handle for another body.
 ///
 /// A handle of a specific kind gets a body of another kind when something is assigned to it as a
 /// `TzSoapType&`. Comparisons find the class itself and the `Usual` ones derived from it, a cast

@@ -31,7 +31,7 @@ static_assert(hasEnumerator<LastType>() && !hasEnumerator<NoType>(),
               "the table of schema types does not end with the last of them");
 
 /// The types whose names have one first letter and one length are few: a table by length and first
-/// letter would be larger than the walk it saves, so the common types are simply looked at first.
+/// letter would be larger than the walk it saves, so the walk simply begins with the common types.
 constexpr std::array<TzSoapContentBase::SchemaType, 8> CommonTypes = {
     TzSoapContentBase::xsdString,  TzSoapContentBase::xsdInt,      TzSoapContentBase::xsdBoolean,
     TzSoapContentBase::xsdDouble,  TzSoapContentBase::xsdDateTime, TzSoapContentBase::xsdLong,

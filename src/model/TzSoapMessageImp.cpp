@@ -8,7 +8,7 @@
 
 #include "model/TzSoapAccess.h"
 
-/// What reading needs; a message that is only written goes without.
+/// What reading needs; a message that is only written does not allocate it.
 struct TzSoapMessageImp::Parsing {
     TzXmlSAXParser parser;
     TzSoapParseContext context;
@@ -45,7 +45,7 @@ void TzSoapMessageImp::setVersion(TzSoapVersion::Version version) {
     TzXmlName name = getName();
     name.setNamespace(TzSoapVersion::getSoapVersion(version).getSoapEnv());
     TzSoapAccess::body(body_).setVersion(version);
-    // From here on nothing can fail.
+    // Nothing fails after this line.
     TzSoapAccess::body(header_).setVersion(version);
     setName(name);
     version_ = version;

@@ -5,13 +5,13 @@
 
 #include <unordered_set>
 
-/// The values that a walk through a message has met, for it to go into each of them once.
+/// The values that a walk through a message has met, so that it enters each of them once.
 ///
-/// A value that only one handle refers to is met once anyway and costs nothing. So the walk must
-/// not hold handles of its own, and nobody may change the message meanwhile.
+/// A value that only one handle refers to is met once anyway and is not stored. So the walk must
+/// not hold further handles, and the message must not change meanwhile.
 class TzSoapMetValues {
 public:
-    /// Whether `value` is met for the first time.
+    /// Whether this is the first call for `value`.
     bool isNew(const TzSoapTypeImp& value) {
         return value.referenceCount() < 2 || met_.insert(&value).second;
     }

@@ -9,7 +9,7 @@
 
 /// Which getter reads the texts of a schema type.
 enum class TzSoapGetter {
-    None,        ///< None: the type is unknown.
+    None,        ///< No getter: the type is unknown.
     String,      ///< `getString`; `setString` accepts the type.
     Text,        ///< `getString`; only `setEncodedString` accepts the type.
     Boolean,     ///< `getBool`.

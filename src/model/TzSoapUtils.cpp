@@ -78,7 +78,7 @@ void TzSoapUtils::getElementTypeAndSize(const TzCString& arrayType, TzCString& t
     if (bracket == TzCString::npos) {
         return;
     }
-    // Both are complete before an output that may be the input changes.
+    // Complete both before assigning: an output may be the input.
     TzCString typePart = arrayType.substr(0, bracket);
     TzCString sizePart = arrayType.substr(bracket);
     type = std::move(typePart);

@@ -32,7 +32,7 @@ void TzSoapValueList::remove(const TzXmlName& name) {
 }
 
 void TzSoapValueList::removeAll(const TzXmlName& name) {
-    // The name may be that of a value which goes.
+    // A copy: the name may belong to a value that is removed.
     std::list<TzSoapType> removed;
     for (auto position = begin(); position != end();) {
         const auto next = std::next(position);

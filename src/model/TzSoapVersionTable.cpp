@@ -19,8 +19,8 @@ void makeNames(std::array<TzXmlName, Size>& names,
     }
 }
 
-/// Entry `number`, or `absent` if there is no such number or its entry is empty. A negative number
-/// is beyond every table once it is unsigned.
+/// Entry `number`, or `absent` if the number is out of range or its entry is empty. A negative
+/// number becomes a large one, which is out of range.
 template <std::size_t Size, typename Number>
 const TzXmlName& entryAt(const std::array<TzXmlName, Size>& names, Number number,
                          const TzXmlName& absent) {
@@ -99,7 +99,7 @@ const TzSoapVersionTable& TzSoapVersionTable::soap11() {
                 {Tags::ClientTag, Envelope},
             }},
             .subFaultCodes = {},
-            // Not the published role, but what this version has always been sent with.
+            // Deliberate: not the published role; programs compare roles with this URI.
             .roleSuffixes = {{"actor/next"}},
         });
     });
@@ -204,7 +204,7 @@ int TzSoapVersionTable::findFaultCode(std::string_view localName) const noexcept
 
 bool TzSoapVersionTable::matchUris(std::string_view left, std::string_view right) noexcept {
     const std::size_t longer = std::max(left.size(), right.size());
-    // Equal texts are equal without their last character too, so one comparison answers for both.
+    // Equal texts are also equal without their last character: one comparison serves both cases.
     return longer == 0 || left.substr(0, longer - 1) == right.substr(0, longer - 1);
 }
 

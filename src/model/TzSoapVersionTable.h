@@ -16,7 +16,7 @@ public:
     /// Where a name lives; numbers the namespaces.
     enum Home : std::size_t { Unqualified, Envelope, Encoding, Faults, Rpc, Upgrade, Homes };
 
-    /// A name as constant text; without local part the version has no such name.
+    /// A name as constant text; without local part the version lacks the name.
     struct NameText {
         std::string_view localName;
         Home home = Unqualified;
@@ -26,7 +26,7 @@ public:
         std::string_view prefix;
         std::string_view uri;
     };
-    /// The texts of a version; what is left out the version does not have.
+    /// The texts of a version; it lacks what is left out.
     struct Texts {
         const char* errorName;
         std::array<NamespaceText, Homes> namespaces;
@@ -41,32 +41,37 @@ public:
     TzSoapVersionTable& operator=(const TzSoapVersionTable&) = delete;
     ~TzSoapVersionTable() = default;
 
+    /// The role of the next receiver as SOAP 1.1 publishes it (4.2.2); its URI does not begin with
+    /// that of the envelope, unlike the one in the table.
+    static constexpr char PublishedNextRole[] = "http://schemas.xmlsoap.org/soap/actor/next";
+
     /// The table of SOAP 1.1.
     static const TzSoapVersionTable& soap11();
     /// The table of SOAP 1.2.
     static const TzSoapVersionTable& soap12();
 
-    /// The namespace, empty where the version has none.
+    /// The namespace, empty if the version lacks it.
     const TzXmlNamespace& nameSpace(Home home) const noexcept { return namespaces_[home]; }
     /// The name of an attribute or `TzSoapVersion::DummyXmlName`.
     const TzXmlName& attribute(TzSoapVersion::SoapAttribute attribute) const;
     /// The name of an element or `TzSoapVersion::DummyXmlName`.
     const TzXmlName& element(TzSoapVersion::SoapElement element) const;
-    /// The name of a fault code; `TzXmlError` INVALID_FAULT_CODE where there is none.
+    /// The name of a fault code; `TzXmlError` INVALID_FAULT_CODE if absent.
     const TzXmlName& faultCode(TzSoapVersion::SoapFaultCode code) const;
-    /// The name of a fault subcode; `TzXmlError` INVALID_FAULT_CODE where there is none.
+    /// The name of a fault subcode; `TzXmlError` INVALID_FAULT_CODE if absent.
     const TzXmlName& subFaultCode(TzSoapVersion::SoapSubFaultCode code) const;
     /// The URI of a role or "".
     const TzCString& role(TzSoapVersion::SoapRole role) const;
 
-    /// Number of the attribute with that local part, -1 if there is none.
+    /// Number of the attribute with that local part, -1 if absent.
     int findAttribute(std::string_view localName) const noexcept;
-    /// Number of the fault code with that local part, -1 if there is none.
+    /// Number of the fault code with that local part, -1 if absent.
     int findFaultCode(std::string_view localName) const noexcept;
 
-    /// Whether two URIs stand for the same namespace: equal, or unequal in the last place only.
+    /// Whether two URIs stand for the same namespace: equal, or equal except for the last
+    /// character.
     static bool matchUris(std::string_view left, std::string_view right) noexcept;
-    /// Which version's namespace `home` `uri` is, the latest version tried first.
+    /// The version whose namespace `home` is `uri`; tries the latest version first.
     static bool findVersion(std::string_view uri, Home home, TzSoapVersion::Version& version);
     /// Throws INVALID_FAULT_CODE for `versions`.
     [[noreturn]] static void refuseFaultCode(const char* versions);

@@ -14,8 +14,8 @@
 #include <limits>
 #include <utility>
 
-/// Writes what a container holds, whatever containers that opens; when an error passes, closes
-/// all that were opened meanwhile.
+/// Writes the contents of a container and of all containers within; when an error passes, closes
+/// the containers that it opened.
 class TzSoapContainerOutput::Run {
 public:
     explicit Run(TzSoapContainerOutput& output)
@@ -88,7 +88,7 @@ template <typename Rest>
 void TzSoapContainerOutput::enter(const TzXmlName& name, const TzSoapTypeImp& value,
                                   const Rest& rest) {
     if (open_.empty()) {
-        open_.reserve(16); // as many as most messages need
+        open_.reserve(16); // enough for most messages
     }
     open_.push_back({&name, context_.scope().depth(), rest});
     context_.scope().openHolder(&value);
@@ -182,8 +182,8 @@ bool TzSoapContainerOutput::openArray(TzSoapTypeImp& value, std::string_view pos
 }
 
 bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed) {
-    // What is written next may open another container and move this one: each of these takes its
-    // step before it writes.
+    // Writing may open another container and move this one: take the step before
+    // writing.
     return std::visit([&](auto& rest) { return writeNext(visitor, isServed, rest); },
                       open_.back().rest);
 }
@@ -224,7 +224,7 @@ bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed
 
 template <typename Position>
 Position TzSoapContainerOutput::writeSimples(Position next, Position end) {
-    // Most values are simple: writing one opens no container, so it needs no step of its own.
+    // Fast path: most values are simple; writing one opens no container.
     for (; next != end; ++next) {
         TzSoapTypeImp& body = TzSoapAccess::body(*next);
         if (body.getSoapTypeId() != TzSoapContentBase::Simple) {
@@ -255,7 +255,7 @@ bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed
 
 void TzSoapContainerOutput::visitAt(TzSoapConstVisitor& visitor, const TzSoapType& item,
                                     const TzCString& position) {
-    // The visitor gets to see the position, and the item stays as it is.
+    // The visitor sees the position in a copy; the item stays unchanged.
     const TzSoapType placed = item.copy();
     TzXmlName name = context_.soap().getSoapAttributeQName(TzSoapVersion::Position);
     name.setPrefix(context_.scope().encodingPrefix());
@@ -289,6 +289,6 @@ void TzSoapContainerOutput::writeServed(TzSoapConstVisitor& visitor, const TzSoa
             return;
         }
     }
-    // The visitor says what becomes of a kind that only claims to be one of these.
+    // A body of another class that claims one of these kinds goes to the visitor.
     value.acceptVisitor(visitor);
 }

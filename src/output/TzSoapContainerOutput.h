@@ -24,9 +24,9 @@ class TzSoapTypeImp;
 
 /// Writes composites and arrays with all that they hold.
 ///
-/// `visitor` is the visitor on whose behalf that is done. One whose class is derived is given every
-/// value and calls back for it. All others are served without that and without recursion: the
-/// containers that are open stand in a list.
+/// `visitor` is the visitor that asks for it. If its class is derived, it gets every value and
+/// calls back for it. All others need neither calls nor recursion: a list holds the containers that
+/// are open.
 class TzSoapContainerOutput {
 public:
     /// The containers written in `context` with `startTag` and `values`, which must outlive this
@@ -50,7 +50,7 @@ public:
     void writeChild(TzSoapConstVisitor& visitor, const TzSoapType& child);
 
 private:
-    /// What a container holds and is still to be written, from one position to another.
+    /// The rest of a container that is still to be written, from one position to another.
     template <typename Position> struct Remaining {
         Position next;
         Position end;

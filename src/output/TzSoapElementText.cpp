@@ -8,7 +8,7 @@
 
 namespace {
 
-/// The text that a writer of its own produces for `element`.
+/// The text that a new writer produces for `element`.
 template <typename Element> TzCString textOf(const Element& element) {
     TzXmlStringWriter text;
     TzSoapWriter writer(&text, nullptr);

@@ -136,7 +136,7 @@ void TzSoapFaultOutput::writeDetail(TzSoapConstVisitor& visitor, const TzSoapTag
     if (!fault.hasDetail()) {
         return;
     }
-    // Other handles may share the composite: it is written under the version's name, not renamed.
+    // Other handles may share the composite: write it under the version's name without renaming it.
     const TzSoapTagName child = childName(name, TzSoapVersion::FaultDetail);
     const TzXmlNamespace nameSpace =
         child.prefix.empty() ? TzXmlNamespace()

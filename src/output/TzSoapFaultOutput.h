@@ -17,7 +17,7 @@ class TzSoapFaultImp;
 /// Writes faults.
 class TzSoapFaultOutput {
 public:
-    /// The faults written in `context` with `startTag` and `containers`, which must outlive this
+    /// Writes faults in `context` with `startTag` and `containers`, which must outlive this
     /// object.
     TzSoapFaultOutput(TzSoapOutputContext& context, TzSoapStartTag& startTag,
                       TzSoapContainerOutput& containers) noexcept

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Lets a message that was read be written as deep as it could be read, as long as it lives.
+/// While it lives, a message that was read may be written as deep as it could be read.
 class DepthAllowance {
 public:
     DepthAllowance(TzSoapScope& scope, std::size_t depth)
@@ -34,7 +34,7 @@ private:
 } // namespace
 
 void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessageImp& message) {
-    // Whatever depth is allowed takes no stack, unless a derived visitor is called in between.
+    // Any depth needs no stack, unless a derived visitor is called in between.
     const DepthAllowance allowance(context_.scope(),
                                    context_.isServed(visitor) ? message.getReadLimits().depth : 0);
     if (!context_.isVersionFixed()) {
@@ -53,7 +53,7 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessage
         context_.xml().write(message.getProlog().asString());
         context_.xml().writeNewLine();
     }
-    const TzCString prefix = scope.envelopePrefix(); // a message within would replace it
+    const TzCString prefix = scope.envelopePrefix(); // a copy: a message within would replace it
     const TzSoapTagName name = TzSoapTagName::withColon(prefix, message.getName().getLocalName());
     startTag_.writeBlock(name);
     if (TzSoapAccess::body(message.getSoapHeader()).entryCount() != 0) {

@@ -18,7 +18,7 @@ class TzSoapValueList;
 /// Writes envelopes, headers and bodies.
 class TzSoapMessageOutput {
 public:
-    /// What is written in `context` with `startTag` and `containers`, which must outlive this
+    /// Writes in `context` with `startTag` and `containers`, which must outlive this
     /// object.
     TzSoapMessageOutput(TzSoapOutputContext& context, TzSoapStartTag& startTag,
                         TzSoapContainerOutput& containers) noexcept

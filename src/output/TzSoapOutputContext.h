@@ -18,25 +18,25 @@ class TzMimeMultipart;
 class TzSoapConstVisitor;
 class TzSoapScopeRules;
 
-/// What all output of one writer or serializer works with: where it goes, in which version, by
-/// which rules, and the scope and the books that it shares with the writers within it.
+/// What all output of one writer or serializer needs: its destination, version and rules, and the
+/// scope and the reference book that it shares with the writers within it.
 class TzSoapOutputContext {
 public:
     /// What distinguishes the two paths of output from each other.
     struct Kind {
         const TzSoapScopeRules& rules;
-        const std::type_info& visitor; ///< The class whose visits all end here.
+        const std::type_info& visitor; ///< The visitor class that is not derived.
         const char* unit;              ///< The source that internal errors name.
     };
 
-    /// Output to `xml` in the latest version, with a scope of its own. MIME parts go into
+    /// Output to `xml` in the latest version, with a new scope. MIME parts go into
     /// `multipart` unless that is null.
     TzSoapOutputContext(const Kind& kind, TzXmlWriter* xml, TzMimeMultipart* multipart);
 
-    /// Gives a context that was copied a scope and books of its own, copies too, unless it is one
-    /// of a writer within another.
+    /// Gives a copied context copies of scope and reference book, unless it belongs to a
+    /// writer within another.
     void separate();
-    /// Makes a context that was copied the one of a writer within.
+    /// Makes a copied context that of a writer within.
     void becomeWithin() noexcept { isWithin_ = true; }
 
     /// Where the text goes.
@@ -48,7 +48,7 @@ public:
             xml->setCompact(*compact_);
         }
     }
-    /// Makes this and every later XML writer write without line ends and indentation, or with them.
+    /// Makes this and every later XML writer write in compact layout, or not.
     void setCompact(bool compact) noexcept {
         compact_ = compact;
         xml_->setCompact(compact);
@@ -66,7 +66,7 @@ public:
     void setVersion(TzSoapVersion::Version version);
     /// Writes messages in `version` from now on, whatever their own.
     void fixVersion(TzSoapVersion::Version version);
-    /// Whether messages are written in a version that was fixed.
+    /// Whether `fixVersion` fixed the version of messages.
     bool isVersionFixed() const noexcept { return versionFixed_; }
     /// Takes the prefixes that a message wants for the namespaces of SOAP, unless this is the
     /// context of a writer within another.
@@ -79,16 +79,16 @@ public:
 
     /// The scope, shared with outer and inner writers.
     TzSoapScope& scope() const noexcept { return shared_->scope; }
-    /// The books, shared with outer and inner writers.
+    /// The reference book, shared with outer and inner writers.
     TzSoapReferenceBook& book() const noexcept { return shared_->book; }
     /// How declarations, prefixes and styles are written.
     const TzSoapScopeRules& rules() const noexcept { return kind_->rules; }
     /// The source that internal errors name.
     const char* unit() const noexcept { return kind_->unit; }
-    /// Whether all that `visitor` is asked to visit comes back here: its class is not derived.
+    /// Whether every visit of `visitor` comes back here, because its class is not derived.
     bool isServed(const TzSoapConstVisitor& visitor) const noexcept;
 
-    /// Sets one of the flags for as long as it lives, if it is to be set at all.
+    /// Sets one of the flags as long as it lives; one made for false sets nothing.
     class Flag {
     public:
         Flag(bool& flag, bool set) noexcept : flag_(set ? &flag : nullptr) {
@@ -125,7 +125,7 @@ private:
     TzMimeMultipart* multipart_;
     const TzSoapVersion* soap_;
     std::shared_ptr<Shared> shared_;
-    std::optional<bool> compact_; // the XML writer's own layout unless set
+    std::optional<bool> compact_; // empty: the layout of the XML writer
     bool isWithin_ = false;
     bool versionFixed_ = false;
     bool inEnvelope_ = false;
@@ -133,7 +133,7 @@ private:
 };
 
 /// An element that is being written: its scope and the indentation of its line, which the
-/// destructor brings back.
+/// destructor restores.
 class TzSoapOpenElement {
 public:
     /// Opens the element; `TzXmlDomainError` when it is nested too deeply.

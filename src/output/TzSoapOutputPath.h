@@ -24,21 +24,21 @@ class TzSoapUserDefinedType;
 
 /// What one writer or one serializer is made of.
 struct TzSoapOutputPath {
-    /// Output by `kind` to `xml`, with a scope of its own. MIME parts go into `multipart` unless
+    /// Output by `kind` to `xml`, with a new scope. MIME parts go into `multipart` unless
     /// that is null.
     TzSoapOutputPath(const TzSoapOutputContext::Kind& kind, TzXmlWriter* xml,
                      TzMimeMultipart* multipart)
         : context(kind, xml, multipart) {}
-    /// Output in a copy of `other`, which shares its scope and books.
+    /// Output in a copy of `other`, which shares its scope and reference book.
     explicit TzSoapOutputPath(const TzSoapOutputContext& other) : context(other) {}
     TzSoapOutputPath(const TzSoapOutputPath&) = delete;
     TzSoapOutputPath& operator=(const TzSoapOutputPath&) = delete;
 
-    /// Goes on as `other` does, with copies of its scope and books unless it shares them itself.
+    /// Becomes a copy of `other`, with copies of scope and reference book unless it shares them.
     void assign(const TzSoapOutputPath& other);
 
-    // What a visitor does for an element of each kind; those that hold others are written on behalf
-    // of `visitor`, which is given what they hold.
+    // What a visitor does for an element of each kind; `visitor` gets the contents of those that
+    // hold others.
     void write(const TzSoapMisunderstoodType& value);
     void write(const TzSoapReferenceType& value);
     void write(const TzSoapUserDefinedType& value);

@@ -11,7 +11,7 @@ void TzSoapReferenceBook::noteWritten(const TzSoapTypeImp& value) {
     }
     const TzCString& id = value.getIdAttribute();
     if (!id.empty()) {
-        // The map holds a handle, and handles are made on bodies that may be changed.
+        // The map holds a handle, and only a body that is not const can have a handle.
         auto& body = const_cast<TzSoapTypeImp&>(value);
         writtenIds_.emplace(id, TzSoapAccess::handle<TzSoapType>(&body));
     }

@@ -13,8 +13,8 @@
 
 class TzSoapTypeImp;
 
-/// Keeps the books on references: which values with an id are written, which targets still have to
-/// be, and whether the way led to MIME parts.
+/// Remembers of references: which values with an id are written, which targets are not written yet,
+/// and whether any led to a MIME part.
 class TzSoapReferenceBook {
 public:
     /// A value, its id when it was referred to.
@@ -28,8 +28,8 @@ public:
     std::size_t targetCount() const noexcept { return targets_.size(); }
     /// The target noted as number `position`. A copy: more may be noted while it is written.
     Target target(std::size_t position) const { return targets_[position]; }
-    /// Whether `target` is not written yet. A value that has lost its id meanwhile is due only
-    /// once, or a ring would never end.
+    /// Whether `target` is not written yet. A value that has lost its id meanwhile must also be
+    /// written only once, or a ring would never end.
     bool isDue(const Target& target);
     /// Forgets the targets noted.
     void clearTargets() noexcept { targets_.clear(); }

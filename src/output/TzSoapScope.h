@@ -16,18 +16,18 @@
 class TzSoapTypeImp;
 class TzSoapVersion;
 
-/// What is in force where the output is: the open elements, their declarations and encoding styles,
-/// and the prefixes that a message wants for the namespaces of SOAP.
+/// What is in force at the end of the output: the open elements, their declarations and encoding
+/// styles, and the prefixes that a message wants for the namespaces of SOAP.
 ///
 /// A writer shares its scope with the writers within it. The two counters of changes let others
-/// remember what they found out: it is valid while the counter is the same.
+/// cache facts: these are valid while the counter is unchanged.
 class TzSoapScope {
 public:
     /// Nothing is open, and no more than `depthLimit` elements may be; the prefixes are those of
     /// `soap`.
     TzSoapScope(const TzSoapVersion& soap, std::size_t depthLimit)
         : depthLimit_(depthLimit), soap_(&soap) {
-        open_.reserve(16); // as many as most messages need
+        open_.reserve(16); // enough for most messages
     }
 
     /// Opens an element; `TzXmlDomainError` when it is nested too deeply.
@@ -91,7 +91,7 @@ public:
     bool hasDeclarations() const noexcept { return namespaces_.depth() != around_.scopes; }
     /// The declarations of the innermost element when it has some, in order of addition.
     const TzXmlNamespaceStack& declarations() const noexcept { return namespaces_; }
-    /// Changes with every declaration that comes or goes.
+    /// Grows with every declaration that is added or removed.
     std::uint64_t declarationChanges() const noexcept { return declarationChanges_; }
 
     /// Whether the innermost element states an encoding style.
@@ -100,7 +100,7 @@ public:
     std::string_view ownStyle() const noexcept {
         return isStyleStated() ? styleAfter(stylesUsed_) : std::string_view();
     }
-    /// The style in force around the innermost element, "" when there is none.
+    /// The style in force around the innermost element, "" without one.
     std::string_view outerStyle() const noexcept { return styleAfter(around_.styles); }
     /// Makes `style` the one that the innermost element states; "" means that it states none.
     void setOwnStyle(std::string_view style);
@@ -119,7 +119,7 @@ public:
     const TzCString& encodingPrefix() const;
 
 private:
-    /// What was there when an element was opened.
+    /// The sizes at the start of an element.
     struct Mark {
         std::size_t scopes = 0;
         std::size_t styles = 0;
@@ -155,7 +155,7 @@ private:
     [[noreturn]] static void refuseRing();
 
     TzXmlNamespaceStack namespaces_;          // only elements that declare something have a scope
-    mutable TzSoapNumberedPrefixes numbered_; // empty until a number is asked for
+    mutable TzSoapNumberedPrefixes numbered_; // empty until a number is needed
     mutable std::size_t numberedUpTo_ = 0;    // first so many declarations are as it saw them
     std::vector<TzCString> styles_; // only of elements that state one; the rest is kept memory
     std::size_t stylesUsed_ = 0;

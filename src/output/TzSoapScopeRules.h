@@ -11,7 +11,7 @@ class TzSoapStartTag;
 class TzXmlAttribute;
 class TzXmlAttributeSet;
 
-/// What the writer and the serializer do differently: where an element's own declarations go, how
+/// What the writer and the serializer do differently: where an element's declarations go, how
 /// prefixes are invented, and where the encoding style is written. Holds no state.
 class TzSoapScopeRules {
 public:
@@ -32,7 +32,7 @@ public:
     virtual void qualifyStyle(TzSoapStartTag& tag) const = 0;
     /// Writes the style, which the element states, when it is not among the collected attributes.
     virtual void writeStyle(TzSoapStartTag& tag) const = 0;
-    /// Collects what the body of a message has beside the attributes of every part.
+    /// Collects what the body of a message has besides the attributes of every block.
     virtual void collectBodyProperties(TzSoapStartTag& tag, const TzSoapElementImp& body) const = 0;
 
 protected:

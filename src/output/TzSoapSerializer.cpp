@@ -43,8 +43,8 @@ const TzSoapOutputContext::Kind& serializerKind() noexcept {
     return kind;
 }
 
-/// A package of its own with the parts of `package`: handles to one share it, and the parts that
-/// are still to come must not appear in copies.
+/// A new package with the parts of `package`: handles share a package, and parts that are added
+/// later must not appear in copies.
 TzMimeMultipart copyOf(const TzMimeMultipart& package) {
     TzMimeMultipart copy;
     for (std::size_t i = 0; i < package.getPartCount(); ++i) {
@@ -109,7 +109,7 @@ private:
         path.context.setXml(&text);
         path.context.setMultipart(&parts);
     }
-    // What is open when a serializer is copied, nobody else will close in the copy.
+    // Nothing else would close the elements that are open while a serializer is copied.
     std::vector<std::size_t> allOpen() const {
         std::vector<std::size_t> depths(path.context.scope().depth());
         std::iota(depths.begin(), depths.end(), std::size_t{1});

@@ -3,8 +3,8 @@
 
 #include "output/TzSoapScopeRules.h"
 
-/// The rules of the serializer: an element's own declarations hold before anything else of it is
-/// looked at, prefixes are numbered only where they clash, an encoding style that is in force
+/// The rules of the serializer: an element's declarations are in force before anything else of it
+/// is handled, prefixes are numbered only where they clash, an encoding style that is in force
 /// already is left out, and a body's root is written.
 class TzSoapSerializerRules final : public TzSoapScopeRules {
 public:

@@ -23,11 +23,11 @@ class TzSoapTypeImp;
 /// The start tag being prepared: finds out what the innermost element has to declare, collects its
 /// attributes, and writes them.
 ///
-/// Most values have nothing to declare or to state but their type; these take a short path,
+/// Most values declare and state nothing but their type; these take a short path,
 /// `Brief`.
 class TzSoapStartTag {
 public:
-    /// What prefixes are made from where there is none.
+    /// What prefixes of names without prefix are made from.
     static constexpr std::string_view PrefixBase = "prefix";
 
     /// What follows the name on the start tag of a brief value, up to the end of the tag; the first
@@ -73,13 +73,13 @@ public:
     void collectValue(const TzSoapTypeImp& value, const TzXmlName& type, std::string_view position);
     /// Collects root when it is set.
     void collectRoot(const TzSoapElementImp& element);
-    /// Collects the attributes that an array has beside those of every value.
+    /// Collects the attributes that an array has besides those of every value.
     void collectShape(const TzSoapArrayTypeImp& array);
     /// Collects the position in a sparse array, unless it is "".
     void collectPosition(std::string_view position);
     /// Collects the xsi attribute `name`.
     void collectSchemaInstance(const TzXmlName& name, std::string_view value);
-    /// Collects an attribute of SOAP; nothing happens where the version has no such attribute.
+    /// Collects an attribute of SOAP; does nothing if the version lacks it.
     void collectSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value);
     /// Spells the attribute of a reference, collected before, as this version names it.
     void renameReference(const TzSoapReferenceTypeImp& reference);
@@ -114,7 +114,7 @@ public:
     /// Writes the tag, ends the line and indents what follows.
     void writeBlock(const TzSoapTagName& name);
     /// Writes the name of the element; one for a value without name is declared on this tag.
-    /// `TzXmlBadArgError` for what is no name of XML.
+    /// `TzXmlBadArgError` for what is not a name of XML.
     void writeElementName(const TzSoapTagName& name);
     /// Writes the declarations of the element.
     void writeDeclarations();
@@ -142,6 +142,6 @@ private:
     TzSoapTagAttributes attributes_;
     std::string_view stylePrefix_;
     bool needsDefault_ = false;               // the default namespace is that of the element's name
-    std::uint64_t schemaInstanceBoundAt_ = 0; // where the usual prefix was bound to that namespace
-    std::uint64_t encodedAt_ = 0;             // where the version's own style was in force
+    std::uint64_t schemaInstanceBoundAt_ = 0; // changes when the prefix was bound
+    std::uint64_t encodedAt_ = 0;             // changes when the style was in force
 };

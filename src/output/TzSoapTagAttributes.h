@@ -23,7 +23,7 @@ public:
     };
 
     TzSoapTagAttributes() noexcept = default;
-    /// A list of its own, empty: what `other` holds belongs to the tag that it prepares.
+    /// An empty list: the contents of `other` belong to the tag that it prepares.
     TzSoapTagAttributes(const TzSoapTagAttributes&) noexcept {}
     TzSoapTagAttributes& operator=(const TzSoapTagAttributes&) = delete;
     ~TzSoapTagAttributes() = default;

@@ -24,8 +24,8 @@ struct TzSoapTagName {
                                     false,
                                 };
     }
-    /// The name of a part of an envelope. Deliberate: the colon is written even when the prefix is
-    /// empty, so that a part never seems to be an unqualified element.
+    /// The name of a block of an envelope. Deliberate: the colon is written even when the prefix is
+    /// empty, so that a block never seems to be an unqualified element.
     static TzSoapTagName withColon(std::string_view prefix, std::string_view local) noexcept {
         return {prefix, TzXmlWriter::Colon, local, false};
     }

@@ -173,7 +173,7 @@ void TzSoapValueOutput::writeReference(TzSoapReferenceTypeImp& value, std::strin
 }
 
 void TzSoapValueOutput::keepTarget(TzSoapReferenceTypeImp& reference) {
-    // Deliberate: the kind is asked twice, because a derived body may change its answer.
+    // Deliberate: checks the kind twice, because a derived body may change its answer.
     if (reference.isSoapReference()) {
         if (!reference.isSoapReference()) {
             TzThrow(TzXmlBadArgError(TzMessage(tzsoap_BAD_SOAP_REFERENCE())));

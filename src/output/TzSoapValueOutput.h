@@ -19,7 +19,7 @@ class TzXmlName;
 
 /// Writes values that hold no others.
 ///
-/// `position` is the position in a sparse array, "" for a value that is no item of one.
+/// `position` is the position in a sparse array, "" for any other value.
 class TzSoapValueOutput {
 public:
     /// The values written in `context` with `startTag`, which must outlive this object.
@@ -35,7 +35,8 @@ public:
     void writeSimple(TzSoapSimpleTypeImp& value);
     /// Writes a simple value on one line, in full; the value stays as it is.
     void writeSimpleAt(TzSoapSimpleTypeImp& value, std::string_view position);
-    /// Writes a user-defined value: its markup as it stands, or its text as that of a simple value.
+    /// Writes a user-defined value: its markup as it stands, or its text like that of a simple
+    /// value.
     void writeUserDefined(TzSoapUserDefinedTypeImp& value, std::string_view position);
     /// Writes a reference as an empty tag and notes what it refers to.
     void writeReference(TzSoapReferenceTypeImp& value, std::string_view position);

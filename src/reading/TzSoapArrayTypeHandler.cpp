@@ -16,6 +16,8 @@
 
 namespace {
 
+/// Deliberate: internal errors name this source and fixed line numbers, so that their texts never
+/// change from one version to the next.
 constexpr const char* Unit = "..\\TzSoapArrayTypeHandler";
 
 } // namespace
@@ -66,7 +68,7 @@ void TzSoapArrayTypeHandler::finishStartElement(const TzSoapArrayType& array,
 void TzSoapArrayTypeHandler::populateArray(const TzSoapArrayType& array) {
     TzSoapArrayTypeImp& body = TzSoapAccess::body(array);
     TzSoapReadingState& reading = TzSoapAccess::reading(*context());
-    // Its own declarations may bind the prefix of its type.
+    // The declarations on the element may bind the prefix of its type.
     reading.names.open(body);
     TzSoapUtils::copyAttributes(std::move(attributes_), body, context());
     reading.names.close();

@@ -37,12 +37,12 @@ const TzXmlAttribute* findEncodingStyle(const TzXmlAttributeSet& attributes) {
     return nullptr;
 }
 
-/// The name that `text` spells, its prefix resolved as far as there is a reading.
+/// The name that `text` spells, its prefix resolved if `context` is not null.
 TzXmlName resolve(std::string_view text, TzSoapParseContext* context) {
     return context != nullptr ? TzSoapAccess::reading(*context).resolveName(text) : TzXmlName(text);
 }
 
-/// Whether a received boolean says yes.
+/// Whether a received boolean is true.
 bool isTrue(const TzCString& text) {
     return text == TzSoapUtils::TrueTag || text == TzSoapAttributeSet::getTrueAttributeValue();
 }
@@ -84,7 +84,7 @@ public:
                 others_.add(attribute);
             }
         }
-        // Last, for the declarations among the others may bind its prefix.
+        // Last, because the declarations among the others may bind its prefix.
         if (type != nullptr) {
             element_.setTypeAttribute(resolve(type->getValue(), context_));
         }
@@ -152,13 +152,13 @@ void TzSoapUtils::copyAttributes(TzXmlAttributeSet&& attributes, TzSoapElementIm
 const TzCString* TzSoapUtils::beginElement(TzSoapElementImp& element, const TzXmlName& name,
                                            const TzXmlAttributeSet& attributes) {
     element.setName(name);
-    // Never among the attributes of an element that goes on: to take it out again costs as much as
-    // there are.
+    // Skip encodingStyle here: erasing it later is O(attributes).
+    // The element keeps it as its style instead.
     const TzXmlAttribute* style = findEncodingStyle(attributes);
     const bool stated = style != nullptr && !style->getValue().empty();
     TzSoapAttributeSet& others = element.getAttributeSet();
-    // Only for the first of many elements of one name: room made for each would be copied each
-    // time.
+    // Reserve once: exact reserves for every repeated element would reallocate
+    // each time.
     if (const std::size_t count = attributes.size() - (stated ? 1 : 0);
         others.empty() && count > 0) {
         others.reserve(count);

@@ -19,6 +19,7 @@ void TzSoapBodyImp::startElement(const TzXmlName& name, const TzXmlAttributeSet&
     if (!names.matchSoapElement(name, TzSoapVersion::Fault)) {
         return TzSoapGenericTypeHandler::startElement(name, attributes);
     }
+    // Deliberate: a fixed line number, so that the text of the error never changes.
     TzSoapParseContext& reading = this->reading("..\\TzSoapBodyImp", 80);
     popChildStyle();
     hasFaultElement_ = true;

@@ -25,6 +25,7 @@ TzSoapContentHandler::~TzSoapContentHandler() = default;
 [[gnu::hot]] void TzSoapContentHandler::acceptEvents(TzSoapParseContext* context) {
     TzXmlSAXParser* const parser = context != nullptr ? context->getParser() : nullptr;
     if (parser == nullptr) {
+        // Deliberate: a fixed line number, so that the text of the error never changes.
         refuseEvent("..\\TzSoapContentHandler", 21);
     }
     context_ = context;

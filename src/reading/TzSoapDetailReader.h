@@ -8,8 +8,8 @@ class TzSoapCompositeTypeImp;
 class TzSoapParseContext;
 class TzXmlAttributeSet;
 
-/// Stands before the detail of a fault while that is read: hands its elements on and keeps the text
-/// directly inside of it, which a composite has no place for.
+/// Receives the events of the detail of a fault: passes its elements on and keeps the text directly
+/// inside of it, because a composite has no place for it.
 class TzSoapDetailReader final : public TzSoapContentHandler {
 public:
     /// A reader that adds to `text` what is not white space, a line for each text between two tags;

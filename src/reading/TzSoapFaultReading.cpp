@@ -3,6 +3,7 @@
 
 #include <soap/TzSoapCompositeTypeImp.h>
 #include <soap/TzSoapParseContext.h>
+#include <tz/tools/TzTextTools.h>
 #include <tz/xml/TzXmlElementImp.h>
 #include <tz/xml/TzXmlUtils.h>
 
@@ -15,11 +16,13 @@
 
 namespace {
 
+/// Deliberate: internal errors name this source and fixed line numbers, so that their texts never
+/// change from one version to the next.
 constexpr const char* Unit = "..\\TzSoapFaultImp";
 
 } // namespace
 
-// In the order in which an element is compared with them.
+// In the order of the comparisons with an element.
 const TzSoapFaultImp::Transition TzSoapFaultImp::Transitions[] = {
     {TzSoapVersion::FaultCode, State::Code},       {TzSoapVersion::FaultValue, State::SubcodeValue},
     {TzSoapVersion::FaultSubcode, State::Subcode}, {TzSoapVersion::FaultString, State::Reason},
@@ -61,7 +64,7 @@ TzSoapFaultImp::State TzSoapFaultImp::stateAfter(const TzXmlName& name) const {
 }
 
 void TzSoapFaultImp::readDetail(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
-    // The detail's end comes to the detail, which receives from here on.
+    // The detail receives the events from here on, its end included.
     scopes_.pop_back();
     state_ = State::None;
     detailReader_ = std::make_unique<TzSoapDetailReader>(TzSoapAccess::body(details_), detailText_);
@@ -102,7 +105,7 @@ void TzSoapFaultImp::endElement(const TzXmlName&) {
 bool TzSoapFaultImp::takesText() const noexcept {
     switch (state_) {
     case State::Code:
-        // A version with an element for the value has nothing to say here.
+        // A version with an element for the value has no code in this place.
         return TzSoapVersion::getSoapElementName(TzSoapVersion::FaultValue, version_).isEmpty();
     case State::CodeValue:
     case State::SubcodeValue:
@@ -155,12 +158,12 @@ TzSoapFaultImp::ReadName TzSoapFaultImp::codeFromText() const {
 }
 
 TzXmlName TzSoapFaultImp::convertToFaultcode(const TzCString& text) const {
-    const std::size_t colon = text.find(':');
-    if (colon == TzCString::npos) {
+    const TzTextTools::SplitName split = TzTextTools::splitName(text);
+    if (!split.hasColon) {
         return TzXmlName(text, TzXmlNamespace::getEmptyNamespace());
     }
-    const TzCString prefix = text.substr(0, colon);
-    return TzXmlName(text.substr(colon + 1), TzXmlNamespace(prefix, uriForPrefix(prefix)));
+    const TzCString prefix(split.prefix);
+    return TzXmlName(split.localName, TzXmlNamespace(prefix, uriForPrefix(prefix)));
 }
 
 TzCString TzSoapFaultImp::uriForPrefix(const TzCString& prefix) const {

@@ -18,9 +18,11 @@
 
 namespace {
 
+/// Deliberate: internal errors name this source and fixed line numbers, so that their texts never
+/// change from one version to the next.
 constexpr const char* Unit = "..\\TzSoapGenericTypeHandler";
 
-/// The attribute of `version` that `attribute` stands for, null when it is not there.
+/// The attribute of `version` that `attribute` stands for, null if absent.
 const TzXmlAttribute* findSoap(const TzXmlAttributeSet& attributes,
                                TzSoapVersion::SoapAttribute attribute,
                                TzSoapVersion::Version version) {
@@ -32,8 +34,8 @@ const TzXmlAttribute* findSoap(const TzXmlAttributeSet& attributes,
     return found == attributes.end() ? nullptr : found;
 }
 
-/// Whether an attribute can be one that SOAP gives a meaning here: most elements have none that
-/// can.
+/// Whether an attribute can have a meaning in SOAP here: most elements have no such
+/// attribute.
 bool mayMark(const TzXmlAttributeSet& attributes, const TzSoapVersion& names) {
     for (const TzXmlAttribute& attribute : attributes) {
         const TzXmlNamespace& nameSpace = attribute.getName().getNamespace();
@@ -64,7 +66,7 @@ void TzSoapGenericTypeHandler::addPcdata() {}
 void TzSoapGenericTypeHandler::open(TzXmlElementImp& element, TzSoapParseContext* context,
                                     const TzCString* style) {
     acceptEvents(context);
-    // A reading that failed may have left the marks of its scopes behind.
+    // A failed reading may have left the marks of its scopes.
     childStylePushed_ = false;
     ownStylePushed_ = style != nullptr;
     TzSoapReadingState& state = TzSoapAccess::reading(*context);
@@ -162,7 +164,7 @@ TzSoapGenericTypeHandler::getType(const TzXmlAttributeSet& attributes, TzCString
     const TzSoapVersion::Version version = state().version();
     const TzXmlAttribute* href = findSoap(attributes, TzSoapVersion::Href, version);
     if (const TzXmlAttribute* ref = findSoap(attributes, TzSoapVersion::Ref, version)) {
-        // Where one attribute serves both kinds of reference, its text tells them apart.
+        // If one attribute serves both kinds of reference, its text shows which kind it is.
         return ref == href && !ref->getValue().starts_with('#') ? MimeReference : SoapReference;
     }
     if (href != nullptr) {

@@ -12,6 +12,7 @@ void TzSoapHeaderImp::populate(const TzXmlName& name, const TzXmlAttributeSet& a
 }
 
 void TzSoapHeaderImp::endElement(const TzXmlName&) {
+    // Deliberate: a fixed line number, so that the text of the error never changes.
     reading("..\\TzSoapHeaderImp", 74).resolveAndClearIdReferences();
     close();
 }

@@ -19,6 +19,10 @@ using namespace std::string_view_literals;
 
 namespace {
 
+/// Deliberate: internal errors name this source and fixed line numbers, so that their texts never
+/// change from one version to the next.
+constexpr const char* Unit = "..\\TzSoapMessageImp";
+
 /// Start of a text in a wide encoding: its first four bytes, and how far before the "<" it begins.
 struct WideStart {
     std::string_view bytes;
@@ -52,7 +56,7 @@ std::size_t findByteOrderMark(std::string_view text, std::size_t end) {
     return std::string_view::npos;
 }
 
-/// Where the document begins whose first "<" stands at `tag`.
+/// Where the document with the first "<" at `tag` begins.
 std::size_t findDocument(std::string_view text, std::size_t tag) {
     const std::size_t mark = findByteOrderMark(text, tag);
     if (mark != std::string_view::npos) {
@@ -71,7 +75,7 @@ std::size_t findDocument(std::string_view text, std::size_t tag) {
 /// Ends a reading, however it ends: nothing of it outlives the text.
 class TzSoapMessageImp::Reading {
 public:
-    // Context and parser are made here, if need be: its end takes no memory.
+    // Make context and parser here, if necessary: the destructor must not allocate.
     explicit Reading(TzSoapMessageImp& message)
         : message_(message), state_(TzSoapAccess::reading(message.context())),
           parser_(message.parser()) {}
@@ -84,7 +88,7 @@ public:
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
 
-    /// The reading succeeded: what was referred to stays.
+    /// The reading succeeded: keep the targets of references.
     void succeed() { state_.references.keepTargets(); }
 
 private:
@@ -124,7 +128,7 @@ void TzSoapMessageImp::refuse(const TzMessage& message, const TzXmlName& element
 
 void TzSoapMessageImp::startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
     if (context().getParser() == nullptr) {
-        refuseEvent("..\\TzSoapMessageImp", 252);
+        refuseEvent(Unit, 252);
     }
     switch (readState_) {
     case AwaitingEnvelope:
@@ -137,7 +141,7 @@ void TzSoapMessageImp::startElement(const TzXmlName& name, const TzXmlAttributeS
     case InEnvelope:
         return startPart(name, attributes);
     default:
-        refuseEvent("..\\TzSoapMessageImp", 252);
+        refuseEvent(Unit, 252);
     }
 }
 
@@ -174,7 +178,7 @@ void TzSoapMessageImp::characters(const TzCString& text) {
 void TzSoapMessageImp::endElement(const TzXmlName&) {
     TzSoapTypeNames& names = TzSoapAccess::reading(context()).names;
     if (readState_ != InEnvelope || names.isEmpty()) {
-        refuseEvent("..\\TzSoapMessageImp", 271);
+        refuseEvent(Unit, 271);
     }
     readState_ = EnvelopeEnded;
     names.close();

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view ContentIdScheme = "cid:";
 
-/// Most writers put the id into the URL as it is, others encode it as URLs want it.
+/// Most writers put the id into the URL unchanged, others percent-encode it (RFC 2392).
 std::size_t positionById(const TzMimeMultipart& package, std::string_view id) {
     const std::size_t position = package.findPartById(id);
     return position != TzMimePart::NotFound || id.find('%') == std::string_view::npos

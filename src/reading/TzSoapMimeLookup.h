@@ -13,9 +13,9 @@
 
 /// Finds the parts of a package that reference texts mean.
 ///
-/// What is asked of the package for one reference is remembered for all others: its own location,
+/// Answers of the package are remembered for all references: its own location,
 /// where a text below that leads, and the text under which each part is referred to. For one
-/// resolution: the package must not change, and the texts asked for must live meanwhile.
+/// resolution: the package must not change, and the reference texts must live meanwhile.
 class TzSoapMimeLookup {
 public:
     /// A part that was found.
@@ -28,7 +28,7 @@ public:
 
     /// The part that `href` means: by Content-ID after "cid:", as it stands or else with its
     /// percent signs decoded; otherwise by Content-Location, as it stands or below the package's
-    /// own location. Nothing when there is none. O(log n) in parts, headers and texts.
+    /// own location. Empty without one. O(log n) in parts, headers and texts.
     std::optional<Found> find(std::string_view href);
 
 private:

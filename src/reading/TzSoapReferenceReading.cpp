@@ -15,7 +15,7 @@
 void TzSoapReferenceTypeImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                                       TzSoapParseContext* context) {
     setName(name);
-    // The element's own declarations serve its own type.
+    // The declarations on the element may bind the prefix of its type.
     TzSoapReadingState& reading = TzSoapAccess::reading(*context);
     reading.names.open(*this);
     TzSoapUtils::copyAttributes(attributes, *this, context);

@@ -18,7 +18,7 @@ std::string_view idOf(std::string_view href) noexcept {
     return href.starts_with('#') ? href.substr(1) : href;
 }
 
-/// Gives a reference its part. A derived class takes it in its own way.
+/// Gives a reference its part, which a derived class may handle differently.
 void referToPart(TzSoapReferenceTypeImp& reference, const TzSoapMimeLookup::Found& found) {
     if (typeid(reference) == typeid(TzSoapReferenceToMimePartImp)) {
         static_cast<TzSoapReferenceToMimePartImp&>(reference).refer(found.part, found.text);
@@ -84,7 +84,7 @@ bool TzSoapReferenceTable::resolveOne(const TzCString& href, TzSoapReferenceType
         referToPart(reference, *found);
     }
     forgetId(TzCString(idOf(href)));
-    return true; // the package does not change: there is nothing to try again later
+    return true; // the package does not change: a later attempt would find nothing either
 }
 
 void TzSoapReferenceTable::resolveEarlier() {

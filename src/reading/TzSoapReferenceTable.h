@@ -37,12 +37,12 @@ public:
     /// Gives each reference met so far its target, in the message or in `package`; forgets the
     /// references and the ids they name.
     ///
-    /// References without a target are left as they are; a later call, for the next part of the
-    /// same message, gives them a target that was filed since, and its references still find the
+    /// References without a target are left as they are; a later call, for the next block of the
+    /// message, gives them a target that was filed since, and its references still find the
     /// ids forgotten here. O((references + ids filed since the last call) * log).
     void resolve(const TzMimeMultipart& package);
     /// The reading succeeded: the targets of its references stay, and values that hold each other
-    /// through them go when nobody else holds one of them. `std::bad_alloc` without memory.
+    /// through them go when nothing else holds one of them. `std::bad_alloc` without memory.
     /// O(values referred to), no recursion.
     void keepTargets();
     /// Takes the targets of all resolved references away: for a reading that failed.

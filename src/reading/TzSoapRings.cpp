@@ -27,7 +27,7 @@ bool canBeInRing(const TzSoapTypeImp& value) {
 }
 
 /// Divides values into groups whose members all lead to each other, through what they hold and what
-/// they refer to: Tarjan's walk in depth, with a stack of its own.
+/// they refer to: Tarjan's strongly connected components, with a list in place of recursion.
 class GroupFinder {
 public:
     void walkFrom(TzSoapTypeImp& value) {
@@ -45,7 +45,7 @@ public:
 
     /// Makes a ring of each group whose members hold each other.
     void closeRings() {
-        // The members of a group lie together.
+        // The members of a group are adjacent.
         for (auto first = found_.begin(); first != found_.end();) {
             const std::size_t group = nodes_[*first].group;
             const auto last = std::find_if(first, found_.end(), [&](std::size_t number) {
@@ -81,7 +81,7 @@ private:
             nodes_.push_back({number, Open, step.parent, step.value});
             open_.push_back(number);
             steps_.push_back({step.value, number, true});
-            tzSoapForEachHeld(*step.value, [&](const TzSoapType& held) { wait(held, number); });
+            tzSoapForEachHeld(*step.value, [&](const TzSoapType& held) { enqueue(held, number); });
         } else if (nodes_[number].group == Open) {
             noteReached(step.parent, number);
         }
@@ -108,7 +108,7 @@ private:
         }
     }
 
-    void wait(const TzSoapType& value, std::size_t number) {
+    void enqueue(const TzSoapType& value, std::size_t number) {
         TzSoapTypeImp& body = TzSoapAccess::body(value);
         if (canBeInRing(body)) {
             steps_.push_back({&body, number, false});
@@ -132,7 +132,7 @@ private:
                 }
             });
         }
-        // A value that nothing leads back to is a group of its own.
+        // Without a way back the value alone makes a group.
         if (!links.empty()) {
             TzBodyRing::close(bodies, links);
         }
@@ -145,10 +145,10 @@ private:
     std::vector<Step> steps_;
 };
 
-/// Whether a value may lead to another one, told from its members alone: most targets are structs
+/// Whether a value may lead to another one, judging by its members alone: most targets are structs
 /// of simple values.
 bool mayLead(const TzSoapTypeImp& value) {
-    // Asked for each reference: many of them may point at one large value.
+    // Called for each reference: many of them may point at one large value.
     constexpr unsigned int FewChildren = 16;
     if (value.getSoapTypeId() != TzSoapContentBase::Composite) {
         return canBeInRing(value);

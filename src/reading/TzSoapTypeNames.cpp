@@ -2,6 +2,7 @@
 #include "reading/TzSoapTypeNames.h"
 
 #include <soap/TzSoapAttributeSet.h>
+#include <tz/tools/TzTextTools.h>
 #include <tz/xml/TzXmlElementImp.h>
 #include <tz/xml/TzXmlNamespace.h>
 #include <tz/xml/TzXmlSAXParser.h>
@@ -96,11 +97,9 @@ const TzCString& TzSoapTypeNames::uriFor(std::string_view prefix, const TzXmlSAX
 }
 
 TzSoapTypeNames::RecentName& TzSoapTypeNames::resolveAnew(std::string_view text) {
-    const std::size_t colon = text.find(':');
-    const bool prefixed = colon != std::string_view::npos;
-    const std::string_view prefix = prefixed ? text.substr(0, colon) : std::string_view();
-    const TzXmlNamespace* const declared = exposed_ ? nullptr : index_.find(prefix);
-    const TzCString& uri = exposed_ ? walkFor(prefix) : index_.getURIForPrefix(prefix);
+    const TzTextTools::SplitName split = TzTextTools::splitName(text);
+    const TzXmlNamespace* const declared = exposed_ ? nullptr : index_.find(split.prefix);
+    const TzCString& uri = exposed_ ? walkFor(split.prefix) : index_.getURIForPrefix(split.prefix);
     for (RecentName& recent : recent_) {
         if (recent.text == text && recent.name.getUri() == uri) {
             return recent;
@@ -109,8 +108,8 @@ TzSoapTypeNames::RecentName& TzSoapTypeNames::resolveAnew(std::string_view text)
     RecentName& place = recent_[nextRecent_++ % recent_.size()];
     place.scope = 0;
     place.text = text;
-    place.name = maker_.make(prefixed ? text.substr(colon + 1) : text,
-                             declared != nullptr ? *declared : TzXmlNamespace(prefix, uri));
+    place.name = maker_.make(split.localName,
+                             declared != nullptr ? *declared : TzXmlNamespace(split.prefix, uri));
     return place;
 }
 

@@ -20,6 +20,8 @@
 
 namespace {
 
+/// Deliberate: internal errors name this source and fixed line numbers, so that their texts never
+/// change from one version to the next.
 constexpr const char* Unit = "..\\TzSoapUnknownTypeHandler";
 
 const TzXmlName& misunderstoodElement() {
@@ -64,7 +66,7 @@ TzSoapUnknownTypeHandler::~TzSoapUnknownTypeHandler() = default;
     if (attributes.empty()) {
         return;
     }
-    // Its own declarations may bind the prefix of its type.
+    // The declarations on the element may bind the prefix of its type.
     reading.names.open(*element_);
     TzSoapUtils::copyAttributes(attributes, *element_, context());
     reading.names.close();

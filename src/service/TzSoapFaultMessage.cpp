@@ -41,7 +41,7 @@ const TzXmlName& nameOf(const TzSoapVersion& version, TzSoapVersion::SoapFaultCo
     }
 }
 
-/// Whether `prefix` stands for something else than names of headers where a report is written.
+/// Whether `prefix` has another meaning in the place where a report is written.
 bool isTaken(const TzCString& prefix, const TzSoapMessage& message) {
     const TzCString& report =
         TzSoapVersion::getSoapElementName(TzSoapVersion::Misunderstood, message.getVersion())
@@ -52,7 +52,7 @@ bool isTaken(const TzCString& prefix, const TzSoapMessage& message) {
            prefix == TzXmlNamespace::getXsi().getPrefix();
 }
 
-/// The name under a prefix that is its own where a report of it is written.
+/// The name with a prefix that means nothing else in the place where its report is written.
 TzXmlName withFreePrefix(const TzXmlName& name, const TzSoapMessage& message) {
     constexpr char Base[] = "h";
     if (name.getUri().empty()) {

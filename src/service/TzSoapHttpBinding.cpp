@@ -41,7 +41,7 @@ constexpr MediaType MediaTypes[] = {
     {"application", "xml", TzSoapVersion::V1_1, false},
 };
 
-/// The first entry for which `wanted` holds, null when there is none.
+/// The first entry for which `wanted` holds, null without one.
 template <typename Wanted> const MediaType* findMediaType(const Wanted& wanted) {
     const auto* const found = std::find_if(std::begin(MediaTypes), std::end(MediaTypes), wanted);
     return found == std::end(MediaTypes) ? nullptr : found;
@@ -52,8 +52,8 @@ const MediaType* mediaTypeOf(const TzMimeContentType& content) {
         [&](const MediaType& entry) { return content.matches(entry.type, entry.subtype); });
 }
 
-/// The property that `label` names. Header names have no letter case: programs and HTTP/2 spell
-/// them differently; the usual spelling goes first.
+/// The property that `label` names. Letter case does not matter in header names: programs and
+/// HTTP/2 spell them differently; the usual spelling goes first.
 template <typename Context> auto findProperty(Context& context, const TzCString& label) {
     const auto exact = context.find(label);
     return exact != context.end()
@@ -124,7 +124,7 @@ std::optional<TzCString> checkedAction(const TzSoapHttpTransportContext& context
     return action;
 }
 
-/// Gives the action the form of the header line "SOAPAction"; none stays none.
+/// Gives the action the form of the header line "SOAPAction"; nothing stays nothing.
 void quoteAction(TzSoapHttpTransportContext& context) {
     if (const std::optional<TzCString> action = checkedAction(context)) {
         setProperty(context, TzSoapHttpTransportContext::getSoapActionLabel(), '"' + *action + '"');
@@ -162,7 +162,7 @@ TzCString TzSoapHttpBinding::getContentTypeLabel() { return TzMimeContentTypeHea
 TzCString TzSoapHttpBinding::pack(const TzSoapMessage& message,
                                   TzSoapHttpTransportContext& context) {
     if (typeid(message) != typeid(TzSoapMessage)) {
-        // A derived message may make its text and its package in its own way.
+        // A derived message may override how it makes its text and its package.
         const TzMimeMultipart package = message.asPackage();
         if (package.getPartCount() > 1 || message.hasAttachments()) {
             return pack(package, context);
@@ -192,11 +192,11 @@ TzCString TzSoapHttpBinding::pack(const TzMimeMultipart& package,
 
 void TzSoapHttpBinding::describe(TzSoapVersion::Version version, const TzCString& charset,
                                  TzSoapHttpTransportContext& context) {
-    // Refuses what is no version.
+    // Refuses an unknown version.
     const TzSoapVersion::Version known = TzSoapVersion::getSoapVersion(version).getVersion();
     const MediaType& media =
         *findMediaType([&](const MediaType& entry) { return entry.version == known; });
-    // Without quotes, because not every peer knows them.
+    // Without quotes, because some peers do not understand them.
     if (!TzSoapCharset::isName(charset)) {
         refuseHeader();
     }

@@ -38,7 +38,7 @@ template <typename Index> const TzSoapType& valueOf(const std::pair<Index, TzSoa
 }
 
 /// The first of `values` for which `test` holds, null without one. Array positions without an item
-/// have no name, so nobody asks for them.
+/// have no name, so no path leads to them.
 template <typename Values, typename Test>
 const TzSoapType* firstOf(const Values& values, const Test& test) {
     for (const auto& element : values) {
@@ -74,7 +74,7 @@ template <typename Test> const TzSoapType* firstMember(const TzSoapType& value, 
     return nullptr;
 }
 
-// How a path calls the value that it begins at: header and body go without saying.
+// The name of the value that a path begins at; header and body are left out.
 
 TzCString nameOf(const TzSoapHeader&) { return {}; }
 
@@ -84,7 +84,7 @@ TzCString nameOf(const TzSoapType& value) {
     return TzSoapArrayTypeImp::isPlaceholder(value) ? TzCString() : value.getName().getLocalName();
 }
 
-// Why there is no member at all, where that is known.
+// Why the value has no members, if known.
 
 TzCString whyNone(const TzSoapHeader&) { return {}; }
 

@@ -6,15 +6,14 @@
 #include <soap/TzSoapUtils.h>
 #include <soap/TzSoapVersion.h>
 
+#include "model/TzSoapVersionTable.h"
+
 #include <algorithm>
 
 namespace {
 
-/// SOAP 1.1 publishes the role under a URI that is not below that of its envelope.
-constexpr char PublishedNext[] = "http://schemas.xmlsoap.org/soap/actor/next";
-
 /// Whether `name` is what a version calls the attribute, in a namespace that stands for that of the
-/// version without being spelt like it: what is spelt like it was understood when it was read.
+/// version but is spelt differently: an equal spelling was understood while reading.
 bool isSpeltDifferently(const TzXmlName& name, TzSoapVersion::SoapAttribute attribute) {
     TzSoapVersion::SoapAttribute found{};
     TzSoapVersion::Version version{};
@@ -26,7 +25,7 @@ bool isSpeltDifferently(const TzXmlName& name, TzSoapVersion::SoapAttribute attr
            TzSoapVersion::isSoapEnv(name.getUri());
 }
 
-/// The value of such an attribute, null when the entry has none.
+/// The value of such an attribute, null without one.
 const TzCString* findSpeltDifferently(const TzSoapType& entry,
                                       TzSoapVersion::SoapAttribute attribute) {
     const auto* const end = entry.attributesEnd();
@@ -48,7 +47,7 @@ bool mustBeUnderstood(const TzSoapType& entry) {
 
 } // namespace
 
-TzSoapNode::TzSoapNode() : roles_{"", PublishedNext} {
+TzSoapNode::TzSoapNode() : roles_{"", TzSoapVersionTable::PublishedNextRole} {
     for (const TzSoapVersion::Version version : {TzSoapVersion::V1_1, TzSoapVersion::V1_2}) {
         const TzSoapVersion& names = TzSoapVersion::getSoapVersion(version);
         addRole(names.getSoapRole(TzSoapVersion::Next));

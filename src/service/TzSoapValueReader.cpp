@@ -9,6 +9,7 @@
 #include <tz/tools/TzBadValueError.h>
 #include <tz/tools/TzDateTime.h>
 #include <tz/tools/TzDecimalPortable.h>
+#include <tz/tools/TzTextTools.h>
 #include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlBadArgError.h>
 #include <tz/xml/TzXmlDuration.h>
@@ -62,7 +63,7 @@ bool isNullAttribute(const TzXmlAttribute& attribute) {
 
 [[noreturn]] void fail(TzCString text) { TzThrow(TzXmlBadArgError(TzMessage(std::move(text)))); }
 
-/// The digits of a number behind its sign.
+/// The digits of a number after its sign.
 struct Signed {
     std::string_view digits;
     bool negative;
@@ -84,14 +85,15 @@ template <typename Number> std::optional<Number> whole(std::string_view text) no
 
 template <typename Number> constexpr Number Infinite = std::numeric_limits<Number>::infinity();
 
-/// The same for numbers with a point. One outside of the type's range is infinite or 0.
+/// The number with a point that the whole of `text` states. One outside of the type's range is
+/// infinite or 0.
 template <typename Number> std::optional<Number> point(std::string_view text) noexcept {
     if (tzEqualIgnoreCase(text, "inf")) {
         return Infinite<Number>;
     }
     Number number{};
     const char* const end = text.data() + text.size();
-    // The library function takes words and another sign.
+    // from_chars also accepts "inf", "nan" and a second '-'.
     const bool begins = !text.empty() && (text[0] == '.' || (text[0] >= '0' && text[0] <= '9'));
     const auto [ptr, error] = std::from_chars(text.data(), end, number);
     if (!begins || ptr != end) {
@@ -112,19 +114,18 @@ TzDateTime toDateTime(std::string_view text) {
 std::optional<TzCString> fromHex(std::string_view text) {
     TzCString bytes;
     for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
-        unsigned char byte = 0;
-        const char* const end = text.data() + i + 2;
-        if (std::from_chars(end - 2, end, byte, 16).ptr != end) {
+        const std::optional<char> byte = TzTextTools::hexByte(text.substr(i));
+        if (!byte) {
             return {};
         }
-        bytes += static_cast<char>(byte);
+        bytes += *byte;
     }
     return text.size() % 2 == 0 ? std::optional(bytes) : std::nullopt;
 }
 
 } // namespace
 
-// Texts are refused in the words of this class, not in those of the classes that read them.
+// Replaces the errors of the classes that read texts by those of this class.
 template <typename Reader>
 auto TzSoapValueReader::parsed(const char* wanted, const Reader& reader) const {
     const std::string_view text = trimmed(wanted);

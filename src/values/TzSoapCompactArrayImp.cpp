@@ -55,7 +55,7 @@ void TzSoapCompactArrayImp::initialize() {
     TzSoapCompactItems(block_).swap(items_);
 }
 
-// Afterwards nothing is left to be made by constant operations.
+// Afterwards constant operations make nothing any more.
 void TzSoapCompactArrayImp::prepare() {
     items_.reserve(items_.size());
     getDefaultValue();
@@ -79,7 +79,7 @@ unsigned int TzSoapCompactArrayImp::entries() const {
 }
 
 TzSoapDefaultType& TzSoapCompactArrayImp::slot(unsigned int position) {
-    // A position before the base wraps around to one behind the last.
+    // A position before the base wraps around to one after the last.
     if (TzSoapDefaultType* stored = items_.find(position - base_)) {
         return *stored;
     }
@@ -126,8 +126,8 @@ void TzSoapCompactArrayImp::expandIfNeeded(unsigned int position) {
     if (offset < size) {
         return;
     }
-    // Room is made ahead once growCount_ has left 0, which only this does: the growth of the items'
-    // own memory serves all arrays.
+    // Deliberate: growCount_ starts at 0 and only this raises it, so this reserves nothing: users
+    // see memory grow with the items alone.
     if (items_.capacity() < growCount_ * block_ + size) {
         items_.reserve((growCount_ + 1) * block_ + size);
         ++growCount_;
@@ -150,7 +150,7 @@ TzSoapDefaultType* TzSoapCompactArrayImp::begin() { return items_.block(placehol
 TzSoapDefaultType* TzSoapCompactArrayImp::end() { return begin() + items_.size(); }
 
 bool TzSoapCompactArrayImp::isVacant(const TzSoapType& item) const {
-    // Nearly always the array's own placeholder, which needs no closer look.
+    // Fast path: nearly always the placeholder of this array.
     const TzSoapType* own = placeholder().find();
     return (own != nullptr && TzSoapAccess::sameBody(item, *own)) || isPlaceholder(item);
 }

@@ -39,7 +39,7 @@ void TzSoapCompactItems::swap(TzSoapCompactItems& other) noexcept {
     std::swap(size_, other.size_);
 }
 
-// The items of the old block end with it, those that were moved elsewhere included.
+// Destroys the items of the old block, including those that were moved from.
 void TzSoapCompactItems::takeBlock(Memory memory) const noexcept {
     std::destroy(block_ + from_, block_ + to_);
     const Memory old(block_, Release{capacity_});
@@ -85,7 +85,7 @@ void TzSoapCompactItems::moveIntoBlock(std::uint64_t capacity) {
 }
 
 void TzSoapCompactItems::moveIntoPieces(std::uint64_t reached, const Placeholder& placeholder) {
-    TzSoapCompactItems pieces(size_); // so that nothing remains of it when memory is short
+    TzSoapCompactItems pieces(size_); // destroys what was made if memory runs out
     pieces.piece(reached, placeholder);
     for (std::uint64_t at = from_ & ~PieceMask; at < to_; at += PieceSize) {
         pieces.piece(at, placeholder);
@@ -142,13 +142,13 @@ void TzSoapCompactItems::put(std::uint64_t at, Item&& item, const Placeholder& p
     if (at != to_ || at >= capacity_) {
         reach(at, placeholder) = std::move(item);
     } else {
-        // Most members that are read come behind the last one.
+        // Most members that are read follow the last one.
         std::construct_at(block_ + at, std::move(item));
         to_ = at + 1;
     }
 }
 
-// Others may read meanwhile: what they are told of is complete.
+// Other threads may read meanwhile: publish complete blocks only.
 void TzSoapCompactItems::fill(std::uint64_t from, std::uint64_t to,
                               const Placeholder& placeholder) const {
     const Item& fresh = placeholder.get();
@@ -205,7 +205,7 @@ std::uint64_t TzSoapCompactItems::nextStored(std::uint64_t at) const noexcept {
         return from < to_ ? from : size_;
     }
     while (at < size_ && storedInPiece(at) == nullptr) {
-        // To the next piece, of another group where this one ends.
+        // Go on to the next piece, of the next group at the end of this one.
         const std::uint64_t group = at >> GroupBits;
         const bool groupEnds =
             group >= groups_.size() || (at >> PieceBits & GroupMask) >= groups_[group].size();

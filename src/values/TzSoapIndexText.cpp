@@ -20,7 +20,7 @@ using Index = TzSoapIndexText::Index;
 constexpr long long Largest = std::numeric_limits<unsigned int>::max();
 
 /// Characters of the number at the beginning of `text` as the C library's conversions read it:
-/// white space, an optional sign, digits; 0 when there are no digits.
+/// white space, an optional sign, digits; 0 without digits.
 std::size_t numberLength(std::string_view text) noexcept {
     std::size_t digits = std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size());
     if (digits < text.size() && (text[digits] == '+' || text[digits] == '-')) {
@@ -30,7 +30,7 @@ std::size_t numberLength(std::string_view text) noexcept {
     return end == digits ? 0 : end;
 }
 
-/// Reads a text in brackets; every failure is one and the same error about the whole text.
+/// Reads a text in brackets; every failure gives one error about the whole text.
 class BracketReader {
 public:
     BracketReader(std::string_view text, bool boundsMode) : text_(text), boundsMode_(boundsMode) {

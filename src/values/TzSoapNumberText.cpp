@@ -22,7 +22,7 @@ Unsigned passSign(std::string_view text) noexcept {
         number.negative = text.front() == '-';
         number.digits.remove_prefix(1);
     }
-    // One sign only: what reads the digits would take another '-'.
+    // One sign only: from_chars would accept another '-'.
     if (number.digits.starts_with('-')) {
         number.digits = {};
     }

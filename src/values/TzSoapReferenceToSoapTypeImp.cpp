@@ -42,7 +42,7 @@ void TzSoapReferenceToSoapTypeImp::setReference(const TzSoapType& target) {
     }
     accept("#" + id, TzSoapVersion::Ref);
     target_ = target;
-    TzBodyRing::join(*this, target_); // what was read together still goes together
+    TzBodyRing::join(*this, target_); // a ring of the reading stays a ring
 }
 
 TzSoapType& TzSoapReferenceToSoapTypeImp::getSoapReference() {

@@ -63,14 +63,14 @@ void TzSoapReferenceTypeImp::accept(const TzXmlAttribute::SharedValue& text,
     accept(std::move(made));
 }
 
-// The attribute is made before: from here on nothing can fail half-way.
+// Make the attribute first: nothing fails after that.
 void TzSoapReferenceTypeImp::accept(TzXmlAttribute text) {
     const TzSoapVersion& latest = TzSoapVersion::getLatestSoapVersion();
     const TzXmlName& ref = latest.getSoapAttributeQName(TzSoapVersion::Ref);
     const TzXmlName& href = latest.getSoapAttributeQName(TzSoapVersion::Href);
     TzSoapAttributeSet& attributes = getAttributeSet();
     if (attributes.size() == 1 && isOneOf(attributes.begin()->getName(), ref, href)) {
-        *attributes.begin() = std::move(text); // what most references are
+        *attributes.begin() = std::move(text); // the usual form of a reference
     } else {
         TzSoapAttributeSet changed = attributes;
         changed.erase(ref);

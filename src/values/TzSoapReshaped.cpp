@@ -41,8 +41,8 @@ std::uint64_t TzSoapReshaped::positionOf(const Index& index) const {
     return position;
 }
 
-// Makes the index the greatest one that is not greater and lies within both shapes; false when
-// there is none.
+// Makes the index the greatest one that is not greater and lies within both shapes; false without
+// one.
 bool TzSoapReshaped::stepBackIntoShape(Index& index, const Index& oldBounds) const {
     const auto end = [&](std::size_t at) { return std::min(bounds_[at], oldBounds[at]); };
     bool clipped = false;
@@ -54,7 +54,7 @@ bool TzSoapReshaped::stepBackIntoShape(Index& index, const Index& oldBounds) con
             index[at] = end(at) - 1;
             clipped = true;
         } else if (index[at] < start_[at]) {
-            // The end of the row before, starting over behind the axis that has one.
+            // Step back to the end of the previous row.
             do {
                 if (at-- == 0) {
                     return false;

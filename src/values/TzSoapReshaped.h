@@ -12,7 +12,7 @@ public:
     using Index = TzSoapArrayTypeImp::Index;
 
     /// Nothing yet, in the shape of `bounds` and `start`; bounds and placeholder outlive this
-    /// object. `TzXmlBoundsError` BAD_INDEX_VECTOR for no shape.
+    /// object. `TzXmlBoundsError` BAD_INDEX_VECTOR for an invalid shape.
     TzSoapReshaped(const Index& bounds, Index start,
                    const TzSoapCompactItems::Placeholder& placeholder);
 
@@ -20,7 +20,7 @@ public:
     /// position beyond 32 bits, BAD_INDEX_VECTOR for more items than 32 bits count.
     void take(const Index& index, const TzSoapDefaultType& item);
     /// Takes positions over that may hold nothing, up to the one of index `last` in a shape of
-    /// `oldBounds`: on an open axis they make room as items do. Errors as above.
+    /// `oldBounds`: on an open axis they make room as items do. Throws like `take`.
     void takeEmpty(Index last, const Index& oldBounds);
 
     /// What was taken over.

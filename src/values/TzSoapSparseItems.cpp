@@ -12,7 +12,7 @@
 /// change under it: items that were given out are compared with what it remembers.
 class TzSoapSparseItems::Lookup {
 public:
-    /// Knows the nodes only when it is first asked; those of a list that has just become long may
+    /// Learns the nodes at the first search; those of a list that has just become long may
     /// all have been given out before.
     explicit Lookup(Nodes& nodes) : nodes_(nodes) {
         given_.reserve(4 * Watched);
@@ -23,17 +23,17 @@ public:
         }
     }
 
-    /// The first node of that index, null if there is none.
+    /// The first node of that index, null if absent.
     Node* find(const Index& index) {
         settle();
         const auto found = entries_.lower_bound(Wanted{Key::leadingOf(index), &index});
         return found != entries_.end() && found->key.equals(index) ? found->node : nullptr;
     }
 
-    /// Adds the node that comes to the end.
+    /// Adds the node that is appended.
     void add(Node& node) {
         if (!known_) {
-            return; // learnt with the others
+            return; // the first search will learn it
         }
         if (places_.size() == places_.capacity()) {
             places_.reserve(2 * places_.size()); // so that entering is all or nothing
@@ -60,7 +60,7 @@ public:
     /// Forgets a node that is about to be removed; the index has been dropped.
     void forget(Node& node) noexcept { std::erase(given_, &node); }
 
-    /// Gives back what was made by the first question.
+    /// Frees what the first search made.
     void drop() noexcept {
         entries_.clear();
         std::vector<Place>().swap(places_);
@@ -168,7 +168,7 @@ private:
     Entries entries_;
     std::vector<Place> places_; // by number
     std::vector<Node*> given_;  // to be looked at before the next answer, the latest last
-    bool allGiven_ = false;     // the same holds for all others
+    bool allGiven_ = false;     // all others may have changed, too
     bool known_ = false;
 };
 

@@ -229,7 +229,7 @@ private:
     void compareArray(const TzSoapType& value, const Json& described) {
         const auto array = tzSoapCast<TzSoapArrayType>(value);
         if (version_.getVersion() == TzSoapVersion::V1_2 && !described.contains("arraySize")) {
-            // "arrayType" is no attribute of SOAP 1.2: the sender's array is a struct to its
+            // "arrayType" is unknown to SOAP 1.2: the sender's array is a struct to its
             // reader.
             EXPECT_FALSE(array.has_value());
             EXPECT_EQ(attributeOf(value, "{" + version_.getSoapEnc().getUri() + "}arrayType"),
@@ -237,7 +237,7 @@ private:
             return;
         }
         if (tzSoapCast<TzSoapReferenceType>(value)) {
-            // The reference counts, what it says about its target stays an attribute.
+            // The reference decides, what it says about its target stays an attribute.
             EXPECT_EQ(attributeOf(value, bracedName(version_.getSoapAttributeQName(
                                              TzSoapVersion::ArrayType))),
                       described["raw"].get<std::string>());
@@ -247,7 +247,7 @@ private:
         EXPECT_EQ(array->getArrayType(), withOpenAxis(described["raw"].get<std::string>()));
     }
 
-    /// A size of 0 and no size at all are the same open axis to a reader.
+    /// Readers take a size of 0 and no size at all for one open axis.
     static std::string withOpenAxis(std::string arrayType) {
         constexpr std::string_view zero = "[0]";
         const std::size_t found = arrayType.rfind(zero);

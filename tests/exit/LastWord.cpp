@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "LastWord.h"
 
-// A library of its own: what it registers while libraries are loaded, before the program has been
+// A separate library: what it registers while libraries are loaded, before the program has been
 // told how to unload them, is called when that is done. Belonging to no library it is left alone
 // when this one goes.
 

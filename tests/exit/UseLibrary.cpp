@@ -100,7 +100,7 @@ TzCString say(TzSoapVersion::Version version) {
 } // namespace
 
 void useLibrary(const char* place) {
-    // Never destroyed: this is asked for when the process has all but ended.
+    // Never destroyed: used when the process has nearly ended.
     static const std::string& first =
         *new std::string(say(TzSoapVersion::V1_1) + say(TzSoapVersion::V1_2));
     std::string failure;

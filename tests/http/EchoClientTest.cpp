@@ -55,7 +55,7 @@ std::string failureOf(const std::string& entries) {
     return failure(200, "text/xml", envelope(TzSoapVersion::V1_1, entries));
 }
 
-/// An answer whose order has these members in place of its own, or beside them.
+/// An answer whose order has these members in place of the usual ones, or besides them.
 std::string orderWith(const std::string& name, const std::string& member) {
     const std::pair<const char*, const char*> members[] = {
         {"customer", "<customer>c</customer>"},

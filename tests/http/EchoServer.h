@@ -16,7 +16,7 @@ struct HttpAnswer {
     std::string body;
 };
 
-/// The echo service of the examples, running on a port of its own.
+/// The echo service of the examples, running on a free port.
 class EchoServer {
 public:
     /// Starts one that takes requests of up to `largestRequest` bytes.
@@ -35,7 +35,8 @@ public:
     httplib::Client client() const;
     /// What it answers to a body.
     HttpAnswer post(const std::string& contentType, const std::string& body) const;
-    /// What it answers to a message, read. Fails the test when that is none in the same version.
+    /// What it answers to a message, read. Fails the test unless that is a message in the version
+    /// of the request.
     TzSoapMessage call(const TzSoapMessage& request) const;
 
 private:
@@ -44,7 +45,7 @@ private:
     int port_ = 0;
 };
 
-/// The message in an answer; fails the test when there is none.
+/// The message in an answer; fails the test without one.
 TzSoapMessage messageIn(const HttpAnswer& answer);
 
 /// Local name of the code of the fault that the answer has to hold.

@@ -29,18 +29,18 @@ TzSoapCompositeType makeNested(const char* name);
 TzSoapCompactArrayType makeInts(const char* name, const std::vector<int>& numbers);
 TzSoapCompactArrayType makeStrings(const char* name, const std::vector<std::string>& texts);
 TzSoapCompactArrayType makePersons(const char* name, unsigned int count);
-/// Every character that XML can carry, but the carriage return, which has a case of its own.
+/// Every character that XML can carry, but the carriage return, which has another case.
 std::string allOfUnicode();
 /// The code points without character that XML can carry nevertheless.
 std::string noncharacters();
 
 /// The type of a simple value, `xsdUnknown` of any other.
 Base::SchemaType schemaTypeOf(const TzSoapType& value);
-/// `value`, or what it refers to, as a struct. `std::runtime_error` when it is none.
+/// `value`, or what it refers to, as a struct. `std::runtime_error` for another value.
 TzSoapCompositeType structOf(const TzSoapType& value);
-/// The member of that local name, whatever its namespace. `std::runtime_error` when there is none.
+/// The member of that local name, whatever its namespace. `std::runtime_error` without one.
 TzSoapType member(const TzSoapCompositeType& parent, const std::string& name);
-/// The text of the first element of that local name in the tree, "" when there is none.
+/// The text of the first element of that local name in the tree, "" without one.
 std::string findDeep(const TzSoapType& value, const std::string& name);
 /// Whether both are, or refer to, one value.
 bool sameValue(const TzSoapType& left, const TzSoapType& right);

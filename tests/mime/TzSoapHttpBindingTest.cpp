@@ -335,7 +335,7 @@ TEST(TzSoapHttpBindingTest, EnvelopesAreReadFromEveryXmlType) {
 }
 
 TEST(TzSoapHttpBindingTest, AnEnvelopeIsNeverTakenForAPackage) {
-    // "Multipart" behind "Content-Type:" before the document would otherwise make it one.
+    // "Multipart" after "Content-Type:" before the document would otherwise make it one.
     const std::string text =
         "  Content-Type: multipart/related " + messageWith(TzSoapVersion::V1_1, "a").asString();
     EXPECT_EQ(unpackedText(contextOf("text/xml"), text), "a");

@@ -18,7 +18,7 @@ struct Case {
 const char* const Nothing = nullptr;
 
 const Case cases[] = {
-    // The value is everything behind the colon.
+    // The value is everything after the colon.
     {"Host: a\nSOAPAction: \"urn:do\"\n\n", " \"urn:do\""},
     {"SOAPAction:urn:do\n", "urn:do"},
     {"SOAPAction:urn:do", "urn:do"},
@@ -27,14 +27,14 @@ const Case cases[] = {
     {"SOAPAction: urn:do  \t", " urn:do  \t"},
     {"SOAPAction: urn:do\r\nHost: a\r\n\r\n", " urn:do\r"},
     {"\n\n\nSOAPAction: urn:do", " urn:do"},
-    // Any line that holds the label counts.
+    // Any line that contains the label matches.
     {"X-SOAPAction-Id: 5\n", " 5"},
     {"Note: see SOAPAction\n", " see SOAPAction"},
     {"  SOAPAction: a", " a"},
     {"Host: a\n\nbody with SOAPAction: b", " b"},
     {"Host: a\r\n\r\nbody with SOAPAction: b", " b"},
     {"Note: a: SOAPAction: b\n", " a: SOAPAction: b"},
-    // The first hit ends the search; a line without a colon is none.
+    // The first hit ends the search; a line without a colon does not match.
     {"SOAPAction: a\nSOAPAction: b\n", " a"},
     {"SOAPAction\nSOAPAction: b\n", " b"},
     {"SOAPAction\n: b\n", Nothing},

@@ -73,7 +73,7 @@ TzMimeMultipart packageOf(const TzMimeMultipartRelatedType& type,
     return package;
 }
 
-/// A message of a program that signs its packages and makes one whenever it is told to.
+/// A message of a program that signs its packages and makes one for every call.
 class SignedMessage : public TzSoapMessage {
 public:
     explicit SignedMessage(bool packed) : packed_(packed) {}

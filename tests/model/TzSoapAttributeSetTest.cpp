@@ -290,7 +290,7 @@ TEST(TzSoapAttributeSetTest, EncodingStylesAreSeparatedBySingleBlanks) {
         {"a  b\tc\nd", "a b c d"},
         {" a", "a"},
         {"a ", "a"},
-        {"\r", "\r"}, // a carriage return is no white space here
+        {"\r", "\r"}, // a carriage return is not white space here
         {"a\r\nb", "a\r b"},
     };
     for (const Case& entry : cases) {

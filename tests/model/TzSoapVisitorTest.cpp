@@ -60,7 +60,7 @@ template <typename Handle> const TzBodyBase* bodyOf(const Handle& handle) {
     }
 }
 
-/// Text of a simple value behind any handle.
+/// Text of a simple value that any handle refers to.
 TzCString textOf(const TzSoapType& value) {
     return dynamic_cast<TzSoapSimpleTypeImp&>(TzSoapAccess::body(value)).text();
 }
@@ -102,7 +102,7 @@ private:
     }
 };
 
-/// The const family. Throws out of the visit of a simple value when told to.
+/// The const family. Throws out of the visit of a simple value on demand.
 class ConstVisitor : public TzSoapConstVisitor {
 public:
     void visit(const TzSoapMisunderstoodType& value) override { note("misunderstood", value); }
@@ -134,7 +134,7 @@ private:
     }
 };
 
-/// An array of no storage that answers as told.
+/// An array without storage, with preset answers.
 class ToldArray : public TzSoapArrayTypeImp {
 public:
     ToldArray(bool sparse, bool compact) : sparse_(sparse), compact_(compact) {}
@@ -146,7 +146,7 @@ private:
     bool compact_;
 };
 
-/// A body of a kind that nobody knows.
+/// A body of an unknown kind.
 class StrangeBody : public TzSoapTypeImp {
 public:
     explicit StrangeBody(int kind) : kind_(kind) {}

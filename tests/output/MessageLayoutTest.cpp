@@ -52,7 +52,7 @@ TEST(MessageLayout, TheEnvelopeOfAPackageIsCompact) {
     EXPECT_EQ(message.asText(TzSoapLayout::Compact), package.asString());
 }
 
-/// Makes its package in a way of its own.
+/// Overrides how it makes its package.
 class DerivedMessage : public TzSoapMessage {
 public:
     using TzSoapMessage::TzSoapMessage;

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Longer than a text that needs no memory of its own, so that every prefix tried is counted.
+/// Longer than a text that fits into a string itself, so that every prefix tried is counted.
 const std::string LongPrefix = "aPrefixOfMoreThanFifteenCharacters";
 
 template <typename Element> std::string serialized(const Element& element) {

@@ -72,7 +72,7 @@ std::string misunderstoodNames(const TzSoapMessage& message) {
     return names;
 }
 
-/// `text` behind the start tag of its envelope, or that start tag.
+/// `text` after the start tag of its envelope, or that start tag.
 std::string content(const std::string& text) {
     return text.substr(text.find('>', text.find("Envelope")));
 }
@@ -328,7 +328,7 @@ TEST(TzSoapSerializer, WritesAFaultReplyWithMisunderstoodEntries) {
     read.extract(expected);
     EXPECT_EQ(misunderstoodNames(read), "{urn:1}Lock {urn:2}Key ");
     EXPECT_EQ(serialized(read), expected);
-    // On the way somebody takes the prefix for something else and spells the names with one of his.
+    // Another tool uses the prefix for something else and spells the names with another one.
     read.extract(
         R"(<x:Envelope xmlns:x="http://www.w3.org/2002/06/soap-envelope" xmlns:a="urn:else" xmlns:b="urn:2">
   <x:Header>

@@ -253,7 +253,7 @@ TEST(TzSoapWriterArray, WritesNothingForAnArrayThatHoldsNoItems) {
     EXPECT_EQ(wire(bare), "");
 }
 
-/// Writes `value` with a writer of its own class and returns the text.
+/// Writes `value` with a writer of a derived class and returns the text.
 template <typename Writer> std::string writtenBy(const TzSoapMessage& message) {
     TzXmlStringWriter text;
     Writer writer(&text, nullptr);

@@ -204,7 +204,7 @@ TEST(TzSoapWriter, KnowsWhetherEntriesLedToParts) {
     EXPECT_EQ(attached(attachment, true), true);
     EXPECT_EQ(attached(holder, true), true);
     EXPECT_EQ(attached(attachment, false), false);
-    // What is written because something refers to it is no entry.
+    // What is written because something refers to it is not an entry.
     EXPECT_EQ(attached(TzSoapReferenceType(TzXmlName("to"), holder), true), std::nullopt);
 }
 
@@ -224,7 +224,7 @@ TEST(TzSoapWriter, TargetsThatAreLeftSurviveOneThatCannotBeWritten) {
     EXPECT_THROW(encodedMessage(TzSoapVersion::V1_1, {to(broken), to(unnoted), to(left)})
                      .acceptVisitor(writer),
                  TzXmlBadArgError);
-    // Its start tag was written, so the first one counts as written; the second one does not.
+    // Its start tag was written, so the first one is written; the second one is not.
     text.setString("");
     EXPECT_THROW(encodedMessage(TzSoapVersion::V1_1, {}).acceptVisitor(writer), TzXmlBadArgError);
     EXPECT_EQ(text.getString().find("<b "), std::string::npos) << text.getString();

@@ -21,7 +21,7 @@ inline TzXmlName nameIn(const char* local, const char* prefix, const char* uri) 
     return {local, TzXmlNamespace(prefix, uri)};
 }
 
-/// What a writer of its own writes for a message, header, body, fault or value.
+/// What a new writer writes for a message, header, body, fault or value.
 template <typename Element> std::string wire(const Element& element) {
     TzXmlStringWriter text;
     TzSoapWriter writer(&text, nullptr);

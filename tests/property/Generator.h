@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-/// Makes messages by chance, the same ones for the same seed.
+/// Makes random messages, equal ones for equal seeds.
 class Generator {
 public:
     explicit Generator(std::uint32_t seed) : random_(seed) {}

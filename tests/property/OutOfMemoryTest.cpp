@@ -330,7 +330,7 @@ Outcome firstUse(std::size_t nth) {
     return Succeeded;
 }
 
-/// `firstUse` in a process of its own; its exit status, -1 when a signal ended it.
+/// `firstUse` in a new process; its exit status, -1 when a signal ended it.
 int firstUseElsewhere(std::size_t nth) {
     const pid_t child = fork();
     if (child == 0) {
@@ -343,7 +343,7 @@ int firstUseElsewhere(std::size_t nth) {
 
 } // namespace
 
-// Meant to run in a process of its own, in which nothing is there from other tests.
+// Meant to run in a new process, where other tests left nothing.
 TEST(OutOfMemory, theFirstUseReportsIt) {
     std::size_t nth = 1;
     int outcome = OutOfMemoryReported;

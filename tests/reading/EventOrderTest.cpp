@@ -27,7 +27,7 @@
 #include <functional>
 #include <string>
 
-// Events that no parser sends: to handlers that nothing told of their element, or of its end twice.
+// Events that no parser sends: to handlers before their element, or after its end.
 
 namespace {
 

@@ -85,7 +85,7 @@ void readDamaged(TzSoapMessage& message, const std::string& text) {
     }
 }
 
-/// Reads `text` with each byte in turn changed, left out and doubled by chance, the same each time.
+/// Reads `text` with each byte in turn changed, left out and doubled by chance, equally each time.
 void readMutated(const std::string& text, std::uint32_t seed) {
     std::mt19937 random(seed);
     TzSoapMessage message;

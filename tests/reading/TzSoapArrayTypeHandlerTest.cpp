@@ -28,7 +28,7 @@ protected:
         return read("<a " + wire.array("xsd:int", size) + " " + attributes + ">" + members +
                     "</a>");
     }
-    /// The same with several axes, which the versions separate differently.
+    /// Arrays with several axes, which the versions separate differently.
     TzSoapType array2(const char* rows, const char* columns, const std::string& members,
                       const std::string& attributes = {}) const {
         return array(axes(rows, columns), members, attributes);

@@ -87,7 +87,7 @@ TEST(TzSoapEncodingStyleTypeRegistryTest, TheProcessHasOne) {
     Registry* const registry = Registry::getRegistry();
     ASSERT_NE(registry, nullptr);
     EXPECT_EQ(Registry::getRegistry(), registry);
-    // A style of this test's own, for the entry stays as long as the process.
+    // A style of this test alone, because the entry stays as long as the process.
     EXPECT_FALSE(registry->lookupType("urn:test:shared", type("Map")));
     Registry::getRegistry()->registerType("urn:test:shared", type("Map"));
     EXPECT_TRUE(registry->lookupType("urn:test:shared", type("Map")));

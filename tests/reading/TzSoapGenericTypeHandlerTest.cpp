@@ -248,7 +248,7 @@ TEST_P(TzSoapGenericTypeHandlerReading, theStyleOfADetailHoldsForItsEntries) {
     const struct {
         std::string text;
         const char* detail;
-        const char* entry; // behind the fault
+        const char* entry; // after the fault
     } cases[] = {
         {wire.body(fault("><d/>") + "<a/>"), "Simple", "Simple"},
         {wire.body(fault(foreign + "><d/>") + "<a/>"), "UserDefined", "Simple"},

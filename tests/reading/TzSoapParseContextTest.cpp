@@ -342,7 +342,7 @@ TEST(TzSoapParseContext, theSchemeOfAContentIdCountsWithCaseAndTheRestWithoutBra
     }
     context.resolveAndClearIdReferences();
     for (const auto& [href, reference] : references) {
-        // Brackets around the id of a header are no part of it: those of the href make another id.
+        // Brackets around the id of a header are not part of it: those of the href make another id.
         EXPECT_FALSE(reference.hasReference()) << href;
     }
 }

@@ -231,7 +231,7 @@ TEST_P(TzSoapRings, aTargetSetAnewWithinTheRingIsPartOfIt) {
         const TzSoapType first = bodyEntry(message);
         reference(child(first, "r")).setReference(next(next(first))); // around the second
         EXPECT_EQ(numberOf(next(first)), "2");
-        reference(child(first, "r")).setReference(next(first)); // the same again
+        reference(child(first, "r")).setReference(next(first)); // once more
         message = TzSoapMessage();
         EXPECT_TRUE(sameValue(after(2, first), first));
     });

@@ -10,7 +10,7 @@
 enum class OutOfMemory { Once, FromThenOn };
 
 /// As long as it lives, the n-th allocation (from 1) that this thread makes by operator new fails,
-/// and all later ones if told so.
+/// and all later ones on demand.
 class AllocationFailure {
 public:
     explicit AllocationFailure(std::size_t nth, OutOfMemory kind = OutOfMemory::Once) noexcept;
@@ -18,7 +18,7 @@ public:
     AllocationFailure& operator=(const AllocationFailure&) = delete;
     ~AllocationFailure();
 
-    /// Whether that many allocations were asked for.
+    /// Whether that many allocations happened.
     bool happened() const noexcept;
 };
 
@@ -28,7 +28,7 @@ std::ptrdiff_t liveAllocations() noexcept;
 /// Blocks that this thread took by operator new so far.
 std::size_t madeAllocations() noexcept;
 
-/// Bytes that this thread asked operator new for so far.
+/// Bytes that this thread got from operator new so far.
 std::size_t askedBytes() noexcept;
 
 /// Runs `action` with its 1st, 2nd ... allocation failing until it needs no more. Each failure must

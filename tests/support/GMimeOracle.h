@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-/// What GMime, a MIME library that is none of ours, makes of a package.
+/// What GMime, an independent MIME library, makes of a package.
 namespace GMimeOracle {
 
 /// A part as label and value of each header, values unfolded and trimmed, and the decoded body.

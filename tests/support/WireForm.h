@@ -113,7 +113,7 @@ Handle as(const TzSoapType& value, const Substitute&... substitute) {
     return *handle;
 }
 
-/// Whether two handles refer to one value: each value has an attribute list of its own.
+/// Whether two handles refer to one value: different values have different attribute lists.
 inline bool sameValue(const TzSoapType& left, const TzSoapType& right) {
     return &left.getName() == &right.getName();
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Every captured SOAP 1.1 message, read and written again by the tool, says what it said before:
-// another XML parser finds the same elements, attributes and texts in both.
+// another XML parser finds equal elements, attributes and texts in both.
 #include "tool/RunTool.h"
 #include "tool/XmlFacts.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the model has no place for is told, whatever the command.
+// Every command reports what the model has no place for.
 #include "tool/RunTool.h"
 #include "values/EnvelopeTesting.h"
 

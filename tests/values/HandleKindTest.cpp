@@ -119,7 +119,7 @@ TEST(HandleKind, APlaceholderTakesAnyKind) {
 }
 
 TEST(HandleKind, BodiesThatAProgramDerivesAreOfTheirKind) {
-    /// A struct of a class of its own.
+    /// A struct of a derived class.
     class Imp : public TzSoapCompositeTypeImp {};
     /// Its handle.
     class Handle : public TzSoapCompositeType {

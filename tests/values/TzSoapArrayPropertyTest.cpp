@@ -20,7 +20,7 @@ std::string shown(const Index& index) {
     return TzSoapArrayType::vectorToString(index, true, TzSoapVersion::V1_1);
 }
 
-/// Random shapes and indices, the same in every run.
+/// Random shapes and indices, equal in every run.
 class Chance {
 public:
     explicit Chance(unsigned int seed) : engine_(seed) {}
@@ -86,7 +86,7 @@ unsigned int positionOf(const Index& index, const Index& bounds) {
     return position;
 }
 
-/// Calls `action` for every index of a shape; open axes end four behind the start.
+/// Calls `action` for every index of a shape; open axes end four after the start.
 template <typename Action>
 void forEachIndex(const Index& bounds, const Index& start, const Action& action) {
     Index index = start;
@@ -208,7 +208,7 @@ TEST(TzSoapArrayProperty, CompactArraysGrowByTheRule) {
         std::vector<Index> reached;
         for (unsigned int step = 0; step < 10; ++step) {
             Index index = chance.index(bounds, start);
-            index[0] += chance.below(4); // sometimes behind the bounds
+            index[0] += chance.below(4); // sometimes beyond the bounds
             reached.push_back(index);
             array(index) = valueOf("x");
             ASSERT_EQ(array.entries(), sizeAfter(bounds, start, reached));

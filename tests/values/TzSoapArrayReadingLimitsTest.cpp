@@ -127,7 +127,7 @@ TEST_P(ArrayReadingLimits, AllArraysOfAMessageDrawOnOneLimit) {
     expectBadEntry([&many] { readBody(version(), many); }, 0, 1000000);
 }
 
-/// Reads a body under a limit of its own.
+/// Reads a body under another limit.
 TzSoapMessage readLimited(TzSoapVersion::Version version, std::size_t limit,
                           const std::string& body) {
     TzSoapMessage message;

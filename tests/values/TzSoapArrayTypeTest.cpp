@@ -296,7 +296,7 @@ TEST(TzSoapArrayTypeImp, OpenAxisTakesEveryIndex) {
     EXPECT_TRUE(array.boundsCheck({4294967295U, 2}, true));
     EXPECT_FALSE(array.boundsCheck({0, 3}, false));
     const GenericArray shifted(Index{0, 3}, Index{5, 1});
-    EXPECT_TRUE(shifted.boundsCheck({0, 1}, true)); // not even the start counts
+    EXPECT_TRUE(shifted.boundsCheck({0, 1}, true)); // not even the start matters
     EXPECT_FALSE(shifted.boundsCheck({0, 0}, false));
 }
 
@@ -406,7 +406,7 @@ TEST(TzSoapArrayTypeImp, GenericArrayReachesNoItems) {
     expectIllegal([&] { constant.bcat(Index{9}); }, "operator[]");
     expectIllegal([&] { constant.bcat(text); }, "operator[]");
     expectIllegal([&] { array.addChild(valueOf("a")); }, "operator[]");
-    // the shape is asked first
+    // checks the shape first
     expectOutOfRange([&] { array.at(2U); }, "2", "0", "2");
     expectOutOfRange([&] { array.at(Index{2}); }, "2", "0", "2");
     expectBadText([&] { array.at(TzCString("[]")); }, "[]");

@@ -67,7 +67,7 @@ TEST_P(TzSoapCompactArrayAddresses, ConstAccessMakesNothing) {
     TzSoapCompactArrayType array = TzSoapCompactArrayAddresses::array();
     array[1] = valueOf("b");
     const TzSoapCompactArrayType& constant = array;
-    (void)constant[0]; // the placeholder is made when it is first asked for
+    (void)constant[0]; // the first use makes the placeholder
     const std::size_t made = madeAllocations();
     EXPECT_TRUE(TzSoapAccess::hasBody(constant[1]));
     EXPECT_TRUE(TzSoapAccess::hasBody(constant[last()]));
@@ -187,7 +187,7 @@ TEST(TzSoapCompactArray, GrowthKeepsTheItems) {
     EXPECT_EQ(itemText(array[3]), "d");
 }
 
-/// Reaches a position behind the last one while the n-th allocation fails, for every n.
+/// Reaches a position after the last one while the n-th allocation fails, for every n.
 void expectGrowthOrNothing(const TzSoapCompactArrayType& array, unsigned int position) {
     bool failed = true;
     for (std::size_t nth = 1; failed; ++nth) {

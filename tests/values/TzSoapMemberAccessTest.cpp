@@ -53,7 +53,7 @@ std::string missing(const Start& start, const Texts&... texts) {
     return text;
 }
 
-/// The error about a text that is no path.
+/// The error about an invalid path.
 std::string refused(const char* path) {
     return textThrown<TzXmlBadArgError>([&] { TzSoapCompositeType("s").getChild(path); });
 }

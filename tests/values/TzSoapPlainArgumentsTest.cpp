@@ -32,7 +32,7 @@ struct Other {
     int member;
 };
 
-// Whether a form compiles; asked of types, so that one which does not is no error.
+// Whether a form compiles; depends on types, so that one which does not is not an error.
 
 template <typename Handle, typename Value>
 concept MadeFrom = requires(Value value) {
@@ -71,7 +71,7 @@ concept Refers = requires(Value value) {
     TzSoapReferenceType(value);
 };
 
-/// Pointers that are no texts: taken for a boolean, all of them would be true.
+/// Pointers to other things than texts: taken for a boolean, all of them would be true.
 template <template <typename> typename Check> constexpr bool anyPointerPasses() {
     return Check<const char8_t*>::value || Check<const char16_t*>::value ||
            Check<const wchar_t*>::value || Check<const unsigned char*>::value ||

@@ -260,7 +260,7 @@ TEST(TzSoapSparseArray, ChangesThroughIteratorsAreSeen) {
     EXPECT_EQ(array.entries(), 100U);
     const TzSoapSparseArrayType& constant = array;
     EXPECT_EQ(itemText(constant[7]), "");
-    // the position behind the last leads to items, too
+    // the position after the last leads to items, too
     std::prev(array.end())->first = Index{501}; // was 93
     EXPECT_EQ(itemText(constant[501]), "93");
     EXPECT_EQ(itemText(constant[93]), "");

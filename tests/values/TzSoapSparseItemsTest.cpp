@@ -240,7 +240,7 @@ TEST(TzSoapSparseItemsLong, ALookUpThatFailsCanBeTriedAgain) {
             const AllocationFailure failure(nth);
             try {
                 (void)array(wanted);
-            } catch (const std::bad_alloc&) { // asked again below
+            } catch (const std::bad_alloc&) { // checked again below
             }
             failed = failure.happened();
         }

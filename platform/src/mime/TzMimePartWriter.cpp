@@ -6,6 +6,7 @@
 #include "mime/TzMimeText.h"
 
 #include <tz/mime/TzMimeContentTypeHeader.h>
+#include <tz/mime/TzMimeMultipartRelatedType.h>
 
 #include <utility>
 
@@ -13,7 +14,6 @@ namespace {
 
 using TzMimeTransferEncoding::Kind;
 
-constexpr std::string_view DefaultBoundary = "MIME_boundary";
 constexpr std::string_view BoundaryName = "boundary";
 
 /// Prefetches the parts after the one at `at`. No cache holds a large package, and its parts are
@@ -35,7 +35,7 @@ void prefetch(const std::vector<TzMimePart>& parts, std::size_t at) noexcept {
 TzMimePartWriter::TzMimePartWriter(const TzMimePartBody& part)
     : part_(part), delimiter_(part.isPackage() ? part.boundary() : TzCString()) {
     if (part.isPackage() && delimiter_.isEmpty() && !part.parts().all().empty()) {
-        delimiter_ = TzMimeDelimiter(DefaultBoundary);
+        delimiter_ = TzMimeDelimiter(TzMimeMultipartRelatedType::DefaultBoundary);
         ownBoundary_ = true;
     }
 }
@@ -117,7 +117,7 @@ void TzMimePartWriter::appendHeaders(TzCString& out) const {
     }
     if (ownBoundary_ && type == TzMimePart::NotFound) {
         TzMimeContentType mixed("multipart", "mixed");
-        mixed.setParameter(BoundaryName, DefaultBoundary);
+        mixed.setParameter(BoundaryName, TzMimeMultipartRelatedType::DefaultBoundary);
         TzMimeHeaderValue::append(out, TzMimeContentTypeHeader::Label, mixed.asString());
     }
 }
@@ -125,7 +125,7 @@ void TzMimePartWriter::appendHeaders(TzCString& out) const {
 void TzMimePartWriter::appendBoundaryHeader(TzCString& out, std::size_t position) const {
     TzCString kept;
     TzMimeContentType type{TzCString(part_.headers().valueAt(position, kept))};
-    type.setParameter(BoundaryName, DefaultBoundary);
+    type.setParameter(BoundaryName, TzMimeMultipartRelatedType::DefaultBoundary);
     TzMimeHeaderValue::append(out, TzMimeContentTypeHeader::Label, type.asString());
 }
 

@@ -11,7 +11,7 @@
 /// Finds the attributes of one list by name. Trees and not hash tables, so that chosen names cannot
 /// make it slow.
 ///
-/// It remembers the names it knows, and the attributes tell it when somebody may be renaming them:
+/// It remembers the names it knows, and the attributes report to it when a caller may rename them:
 /// the next question compares these with what it remembers. Attributes that another one tells
 /// apart only by an unbound prefix are found by that prefix, otherwise the first of them.
 class TzXmlAttributeIndex {
@@ -22,7 +22,7 @@ public:
     TzXmlAttributeIndex& operator=(const TzXmlAttributeIndex&) = delete;
     ~TzXmlAttributeIndex();
 
-    /// The position of the attribute of that name, the number of attributes if there is none.
+    /// The position of the attribute of that name, the number of attributes if absent.
     /// Useless after a failure for want of memory, as is every operation that may fail.
     std::size_t find(const TzXmlNamespace& nameSpace, std::string_view localName);
     /// Enters a name that the list is about to add at the end.

@@ -95,7 +95,7 @@ void TzXmlAttributeSet::reserve(std::size_t count) {
     }
     std::vector<TzXmlAttribute> larger;
     larger.reserve(count);
-    // Moving is no renaming.
+    // Moving does not rename.
     if (list.index != nullptr) {
         list.index->ignoreFrom(0);
     }
@@ -131,7 +131,7 @@ void TzXmlAttributeSet::erase(iterator position) {
     const auto at = static_cast<std::size_t>(position - first());
     if (index != nullptr) {
         index->remove(at);
-        index->ignoreFrom(at); // closing up is no renaming
+        index->ignoreFrom(at); // closing up does not rename
     }
     attributes.erase(attributes.begin() + static_cast<std::ptrdiff_t>(at));
     if (index != nullptr) {

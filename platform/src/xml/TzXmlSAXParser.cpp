@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <tz/xml/TzXmlSAXParser.h>
 
-#include "TzXmlEventSink.h"
-#include "TzXmlEventSource.h"
-#include "TzXmlNameResolver.h"
-#include "TzXmlPieces.h"
-#include "TzXmlTagScan.h"
-#include "TzXmlTranscoder.h"
+#include "xml/TzXmlEventSink.h"
+#include "xml/TzXmlEventSource.h"
+#include "xml/TzXmlNameResolver.h"
+#include "xml/TzXmlPieces.h"
+#include "xml/TzXmlTagScan.h"
+#include "xml/TzXmlTranscoder.h"
 
 #include <tz/thread/TzTHRIllegalUsage.h>
 #include <tz/xml/TzXmlContentHandler.h>

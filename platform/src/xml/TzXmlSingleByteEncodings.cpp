@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Written by scripts/encodings.
-#include "TzXmlSingleByteEncodings.h"
+#include "xml/TzXmlSingleByteEncodings.h"
 
 // clang-format off
 const std::array<TzXmlSingleByteEncoding, TzXmlSingleByteEncoding::Count> TzXmlSingleByteEncoding::All = {{

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "TzXmlTagScan.h"
+#include "xml/TzXmlTagScan.h"
 
 #include <algorithm>
 

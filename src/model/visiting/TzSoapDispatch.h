@@ -32,7 +32,7 @@ struct TzSoapDispatchSite {
     int line;
 };
 
-/// Passes a value on as a handle of its own class, which counts: whatever a visitor does to the
+/// Passes a value on as a handle of its class, which keeps it alive: whatever a visitor does to the
 /// visited handle or to its container, the value stays until the visit ends.
 template <typename Handle> class TzSoapVisitedConst {
 public:
@@ -44,15 +44,16 @@ private:
     const Handle handle_;
 };
 
-/// The same as a mutable handle: what a visitor assigns to it takes the visited one's place when
-/// the visit ends, by an exception or not.
+/// Passes a value on as a mutable handle: what a visitor assigns to it takes the visited one's
+/// place when the visit ends, by an exception or not.
 template <typename Handle> class TzSoapVisitedMutable {
 public:
     explicit TzSoapVisitedMutable(TzSoapType& value)
         : value_(value), visited_(&TzSoapAccess::body(value)),
           handle_(TzSoapAccess::share<Handle>(*visited_)) {}
     ~TzSoapVisitedMutable() {
-        // Unless something was assigned, the visited handle may be gone: it is not touched then.
+        // The visited handle may be gone unless the visitor assigned something: leave it alone
+        // then.
         if (TzSoapAccess::hasBody(handle_) && !TzSoapAccess::refersTo(handle_, visited_)) {
             value_ = std::move(handle_);
         }
@@ -112,7 +113,7 @@ private:
         }
     }
 
-    /// `Handle` as the family passes it on: const where values are.
+    /// `Handle` as the family passes it on: const for constant values.
     template <typename Handle>
     using Passed = std::conditional_t<std::is_const_v<Value>, const Handle, Handle>;
 };

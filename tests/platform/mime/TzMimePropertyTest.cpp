@@ -27,7 +27,7 @@ struct Part {
     std::string body;
 };
 
-/// Makes up packages; the same ones on every machine.
+/// Makes up packages, equal ones on every machine.
 class Generator {
 public:
     explicit Generator(unsigned seed) : random_(seed) {}

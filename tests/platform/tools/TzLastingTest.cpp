@@ -16,7 +16,7 @@ namespace {
 TzLastingList list;
 std::string destroyed;
 
-/// Ends the list as the end of its library would, for the next test to begin with an empty one.
+/// Ends the list as the end of its library would, so that the next test begins with an empty one.
 std::string endOfList() {
     destroyed.clear();
     std::destroy_at(&list);

@@ -42,7 +42,7 @@ std::vector<int> charactersByIconv(const std::string& encoding) {
 
 std::vector<int> characters(std::string_view encoding) {
     int codes[256] = {};
-    if (!tzFillCharacterTable(encoding, codes)) {
+    if (!TzXmlCharacterTable::fill(encoding, codes)) {
         return {};
     }
     return {std::begin(codes), std::end(codes)};

@@ -7,6 +7,9 @@
 /// `TzMimeContentType`.
 class TZ_PLATFORM_API TzMimeMultipartRelatedType : public TzMimeContentType {
 public:
+    /// The boundary of a package for which none is set, "MIME_boundary".
+    static constexpr char DefaultBoundary[] = "MIME_boundary";
+
     /// The type multipart/related with these parameters; an empty one is left out.
     TzMimeMultipartRelatedType(const TzCString& startInfo, const TzCString& type,
                                const TzCString& start, const TzCString& boundary);

@@ -52,7 +52,7 @@ private:
     struct Block;
     struct Record {
         Count references{1};
-        Block* block; // null for a record with memory of its own
+        Block* block; // null for a record outside of blocks
         Value value;
     };
     /// Memory of several records, which goes with the last of them.
