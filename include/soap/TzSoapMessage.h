@@ -85,7 +85,7 @@ public:
     ///   carriage return within a line; those of `extract(const TzMimeMultipart&)`;
     /// - `TzXmlBoundsError`: BAD_INDEX_VECTOR for an array that declares more positions than the
     ///   limits allow, INDEX_RANGE_VEC for a position outside of the declared size;
-    /// - `TzXmlBadArgError`: BAD_INDEX_STRING for a size, offset or position that is no index;
+    /// - `TzXmlBadArgError`: BAD_INDEX_STRING for an invalid size, offset or position;
     /// - `TzTHRIllegalUsage` when this message is being read already, and `std::bad_alloc`.
     virtual void extract(const TzCString& text);
     /// Reads a text that stays the caller's: does not copy an envelope, copies a package once,

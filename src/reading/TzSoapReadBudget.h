@@ -9,7 +9,7 @@
 /// What a text may still have of that which `TzSoapReadLimits` bounds and the parser does not see.
 class TzSoapReadBudget {
 public:
-    /// The default limits, for a text without length.
+    /// The default limits of a text of length 0.
     TzSoapReadBudget() noexcept : TzSoapReadBudget(TzSoapReadLimits(), 0) {}
     /// What `limits` allow a text of `textSize` bytes.
     TzSoapReadBudget(const TzSoapReadLimits& limits, std::size_t textSize) noexcept

@@ -55,7 +55,7 @@ public:
         }
     }
     /// The handlers of child elements. One set serves the whole reading: a handler has given the
-    /// events back before the value that it made starts to read children of its own.
+    /// events back before the value that it made starts to read its children.
     TzSoapTypeHandlers& handlers() {
         if (handlers_ == nullptr) {
             handlers_ = std::make_unique<TzSoapTypeHandlers>();

@@ -36,9 +36,9 @@ public:
         return texts_ != nullptr ? texts_->size() : meanings_.size();
     }
     /// The texts, to push and pop. From then on each look-up compares the innermost one with what
-    /// is remembered, because whoever holds the stack may change it unnoticed.
+    /// is remembered, because the holder of the stack may change it unnoticed.
     Texts& expose();
-    /// What holds under the innermost text; what holds without any style when there is none. Valid
+    /// What holds under the innermost text; what holds without any style if none is open. Valid
     /// until the next call, push or pop. O(1), O(length) after `expose`.
     TzSoapStyleInForce& inForce() {
         if (texts_ != nullptr) {

@@ -35,7 +35,7 @@ public:
     /// Whether no element is open.
     bool isEmpty() const noexcept { return elements_.empty(); }
     /// The open elements, to push and pop. From then on nothing is remembered about them, because
-    /// whoever holds the list may change them unnoticed: each look-up walks over them.
+    /// the holder of the list may change them unnoticed: each look-up walks over them.
     Elements& expose() noexcept {
         exposed_ = true;
         return elements_;

@@ -65,8 +65,8 @@ std::uint64_t drawSecret() noexcept {
     return secret;
 }
 
-/// A salt that nobody outside can guess: drawn from the system once, then changed with each parser,
-/// which would otherwise draw one of its own for every text.
+/// A salt that a sender cannot guess: drawn from the system once, then changed for each parser.
+/// Expat would otherwise draw a new one for every text.
 unsigned long nextSalt() {
     static const std::uint64_t secret = drawSecret();
     static std::atomic<std::uint64_t> drawn{0};

@@ -8,7 +8,7 @@ namespace {
 /// Length of the shortest attribute: a blank, a name, "=" and two quotes.
 constexpr std::size_t ShortestAttribute = 5;
 
-/// What follows the "<" of markup that is no start tag.
+/// What follows the "<" of markup other than a start tag.
 constexpr std::string_view notStartTags = "!?/";
 
 constexpr bool isQuote(char byte) noexcept { return byte == '"' || byte == '\''; }

@@ -29,5 +29,5 @@ private:
     std::size_t after(std::string_view mark, std::size_t from) const noexcept;
 
     std::string_view text_;
-    std::size_t lexed_ = 0; // markup and text before are told apart
+    std::size_t lexed_ = 0; // the scan has separated markup from text up to here
 };

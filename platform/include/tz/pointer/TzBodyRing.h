@@ -8,7 +8,7 @@
 
 class TzHandleBase;
 
-/// Bodies that hold each other in a circle and still go when nobody else holds them.
+/// Bodies that hold each other in a circle and still go when nothing else holds them.
 ///
 /// Counts alone never free a circle. Cycle collection by trial deletion, as Bacon and Rajan
 /// describe it ("Concurrent Cycle Collection in Reference Counted Systems", 2001), subtracts the

@@ -33,7 +33,7 @@ public:
     static constexpr std::size_t DefaultAttributeLimit = TzXmlDefaultLimits::Attributes;
     /// Length of a namespace's URI in bytes that is accepted unless set.
     static constexpr std::size_t DefaultUriLimit = TzXmlDefaultLimits::UriLength;
-    /// Length of a declared prefix in bytes that is accepted unless told otherwise.
+    /// Length of a declared prefix in bytes that is accepted unless set.
     static constexpr std::size_t DefaultPrefixLimit = TzXmlDefaultLimits::PrefixLength;
 
     /// A parser without handler, with the default limits.
