@@ -19,7 +19,7 @@ std::string contentOf(const std::filesystem::path& file) {
 
 } // namespace
 
-TEST(UmbrellaHeader, includesEveryPublicHeader) {
+TEST(UmbrellaHeader, IncludesEveryPublicHeader) {
     const std::string umbrella = contentOf(Folder / "TzSoap.h");
     std::size_t headers = 0;
     for (const auto& entry : std::filesystem::directory_iterator(Folder)) {
@@ -32,7 +32,7 @@ TEST(UmbrellaHeader, includesEveryPublicHeader) {
     EXPECT_GT(headers, 60U);
 }
 
-TEST(UmbrellaHeader, isAllThatAProgramIncludes) {
+TEST(UmbrellaHeader, IsAllThatAProgramIncludes) {
     TzSoapMessage message(TzSoapVersion::V1_1);
     TzSoapCompositeType order("order");
     order.appendChild(TzSoapSimpleType("on", TzDate(2026, 11, 22), TzSoapType::xsdDate, true));

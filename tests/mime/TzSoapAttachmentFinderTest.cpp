@@ -71,17 +71,17 @@ TzSoapMessage messageOfAllKinds() {
     return message;
 }
 
-TEST(TzSoapAttachmentFinder, nothingIsFoundWithoutAttachments) {
+TEST(TzSoapAttachmentFinder, NothingIsFoundWithoutAttachments) {
     EXPECT_FALSE(found(TzSoapMessage()));
     EXPECT_FALSE(found(messageOfAllKinds()));
 }
 
-TEST(TzSoapAttachmentFinder, aReferenceStandingAloneIsFound) {
+TEST(TzSoapAttachmentFinder, AReferenceStandingAloneIsFound) {
     EXPECT_TRUE(found(attachment()));
     EXPECT_TRUE(found(around(around(attachment()))));
 }
 
-TEST(TzSoapAttachmentFinder, everyPlaceOfAMessageIsLookedAt) {
+TEST(TzSoapAttachmentFinder, EveryPlaceOfAMessageIsLookedAt) {
     const TzSoapReferenceType reference = attachment();
     TzSoapMessage inHeader = messageOfAllKinds();
     inHeader.getSoapHeader().prependHeaderEntry(reference, true);
@@ -97,7 +97,7 @@ TEST(TzSoapAttachmentFinder, everyPlaceOfAMessageIsLookedAt) {
     EXPECT_TRUE(found(inHeaderStruct));
 }
 
-TEST(TzSoapAttachmentFinder, arraysAreLookedInto) {
+TEST(TzSoapAttachmentFinder, ArraysAreLookedInto) {
     TzSoapCompactArrayType compact("ref", 5, 0);
     compact[1] = named("a");
     compact[3] = attachment();
@@ -109,13 +109,13 @@ TEST(TzSoapAttachmentFinder, arraysAreLookedInto) {
     EXPECT_TRUE(found(sparse));
 }
 
-TEST(TzSoapAttachmentFinder, theDetailOfAFaultIsLookedInto) {
+TEST(TzSoapAttachmentFinder, TheDetailOfAFaultIsLookedInto) {
     TzSoapMessage message = messageOfAllKinds();
     message.getSoapBody().getSoapFault().addDetailEntry("d", attachment());
     EXPECT_TRUE(found(message));
 }
 
-TEST(TzSoapAttachmentFinder, aFaultWithoutACodeIsNoneOfTheBody) {
+TEST(TzSoapAttachmentFinder, AFaultWithoutACodeIsNoneOfTheBody) {
     TzSoapMessage message;
     TzSoapFault& fault = message.getSoapBody().getSoapFault();
     fault.addDetailEntry("d", attachment());
@@ -124,7 +124,7 @@ TEST(TzSoapAttachmentFinder, aFaultWithoutACodeIsNoneOfTheBody) {
     EXPECT_TRUE(found(message));
 }
 
-TEST(TzSoapAttachmentFinder, entriesBesideAFaultAreLookedAt) {
+TEST(TzSoapAttachmentFinder, EntriesBesideAFaultAreLookedAt) {
     TzSoapMessage message;
     message.getSoapBody().getSoapFault().setCode(TzXmlName("code"));
     EXPECT_FALSE(found(message));
@@ -132,18 +132,18 @@ TEST(TzSoapAttachmentFinder, entriesBesideAFaultAreLookedAt) {
     EXPECT_TRUE(found(message));
 }
 
-TEST(TzSoapAttachmentFinder, aReferenceWithoutATargetDoesNotCount) {
+TEST(TzSoapAttachmentFinder, AReferenceWithoutATargetDoesNotCount) {
     EXPECT_FALSE(found(TzSoapReferenceType(false)));
     EXPECT_FALSE(found(around(TzSoapReferenceType(false))));
 }
 
-TEST(TzSoapAttachmentFinder, referencesToValuesAreNotFollowed) {
+TEST(TzSoapAttachmentFinder, ReferencesToValuesAreNotFollowed) {
     TzSoapCompositeType target = around(attachment());
     target.setIdAttribute("i1");
     EXPECT_FALSE(found(TzSoapReferenceType(TzXmlName("ref"), target)));
 }
 
-TEST(TzSoapAttachmentFinder, ringsOfReferencesEnd) {
+TEST(TzSoapAttachmentFinder, RingsOfReferencesEnd) {
     TzSoapCompositeType target(TzXmlName("a"));
     target.setIdAttribute("i1");
     TzSoapReferenceType back(TzXmlName("ref"), target);
@@ -152,7 +152,7 @@ TEST(TzSoapAttachmentFinder, ringsOfReferencesEnd) {
     target.clearChildren();
 }
 
-TEST(TzSoapAttachmentFinder, depthDoesNotMatter) {
+TEST(TzSoapAttachmentFinder, DepthDoesNotMatter) {
     TzSoapType value = attachment();
     for (int level = 0; level < 200000; ++level) {
         TzSoapCompositeType composite(TzXmlName("a"));
@@ -162,7 +162,7 @@ TEST(TzSoapAttachmentFinder, depthDoesNotMatter) {
     EXPECT_TRUE(found(value));
 }
 
-TEST(TzSoapAttachmentFinder, valuesWithinThemselvesAreWalkedOnce) {
+TEST(TzSoapAttachmentFinder, ValuesWithinThemselvesAreWalkedOnce) {
     TzSoapCompositeType inner(TzXmlName("b"));
     TzSoapCompositeType outer = around(inner);
     inner.appendChild(outer);
@@ -177,7 +177,7 @@ TEST(TzSoapAttachmentFinder, valuesWithinThemselvesAreWalkedOnce) {
     inner.clearChildren();
 }
 
-TEST(TzSoapAttachmentFinder, arraysWithinThemselvesAreWalkedOnce) {
+TEST(TzSoapAttachmentFinder, ArraysWithinThemselvesAreWalkedOnce) {
     TzSoapCompactArrayType compact("a", 2, 0);
     TzSoapSparseArrayType sparse("a", 9);
     compact[0] = sparse;
@@ -188,7 +188,7 @@ TEST(TzSoapAttachmentFinder, arraysWithinThemselvesAreWalkedOnce) {
     compact[0] = named("end");
 }
 
-TEST(TzSoapAttachmentFinder, sharedValuesAreWalkedOnce) {
+TEST(TzSoapAttachmentFinder, SharedValuesAreWalkedOnce) {
     // Thirty levels, each of which holds the next one twice.
     TzSoapType value = attachment();
     for (int level = 0; level < 30; ++level) {
@@ -200,7 +200,7 @@ TEST(TzSoapAttachmentFinder, sharedValuesAreWalkedOnce) {
     EXPECT_TRUE(found(value));
 }
 
-TEST(TzSoapAttachmentFinder, userDefinedValuesAreFoundWhereverTheyAre) {
+TEST(TzSoapAttachmentFinder, UserDefinedValuesAreFoundWhereverTheyAre) {
     EXPECT_FALSE(TzSoapMessage().hasUserDefinedValues());
     EXPECT_TRUE(messageOfAllKinds().hasUserDefinedValues());
     TzSoapMessage inBody;
@@ -216,7 +216,7 @@ TEST(TzSoapAttachmentFinder, userDefinedValuesAreFoundWhereverTheyAre) {
     EXPECT_TRUE(inHeader.hasUserDefinedValues());
 }
 
-TEST(TzSoapAttachmentFinder, userDefinedValuesAreFoundWhereReferencesLead) {
+TEST(TzSoapAttachmentFinder, UserDefinedValuesAreFoundWhereReferencesLead) {
     TzSoapCompositeType target = around(named("x"));
     target.setIdAttribute("i1");
     const TzSoapReferenceType reference(TzXmlName("ref"), target);

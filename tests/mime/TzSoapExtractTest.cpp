@@ -59,7 +59,7 @@ public:
 
 } // namespace
 
-TEST(TzSoapExtract, everyFormOfTextIsRead) {
+TEST(TzSoapExtract, EveryFormOfTextIsRead) {
     TzSoapMessage message;
     const auto read = [&] {
         return TzSoapValueReader(message.getSoapBody().getFirstEntry()).getInt();
@@ -77,13 +77,13 @@ TEST(TzSoapExtract, everyFormOfTextIsRead) {
     EXPECT_EQ(read(), 5);
 }
 
-TEST(TzSoapExtract, aNullPointerIsRefused) {
+TEST(TzSoapExtract, ANullPointerIsRefused) {
     const char* const null = nullptr;
     EXPECT_EQ(textThrown<TzXmlBadArgError>([&] { TzSoapMessage().extract(null); }),
               "a null pointer is not a text");
 }
 
-TEST(TzSoapExtract, anEnvelopeIsNeverCopied) {
+TEST(TzSoapExtract, AnEnvelopeIsNeverCopied) {
     std::string text = largeEnvelope();
     EXPECT_LT(bytesOf([&](TzSoapMessage& message) { message.extract(std::as_const(text)); }),
               Large / 16);
@@ -93,7 +93,7 @@ TEST(TzSoapExtract, anEnvelopeIsNeverCopied) {
               Large / 16);
 }
 
-TEST(TzSoapExtract, aPackageThatStaysTheCallersIsCopiedOnce) {
+TEST(TzSoapExtract, APackageThatStaysTheCallersIsCopiedOnce) {
     const std::string text = largePackage();
     const std::size_t asText = bytesOf([&](TzSoapMessage& message) { message.extract(text); });
     EXPECT_GE(asText, Large);
@@ -104,20 +104,20 @@ TEST(TzSoapExtract, aPackageThatStaysTheCallersIsCopiedOnce) {
     EXPECT_LT(asView, Large + Large / 16);
 }
 
-TEST(TzSoapExtract, aPackageThatIsGivenAwayIsNotCopied) {
+TEST(TzSoapExtract, APackageThatIsGivenAwayIsNotCopied) {
     std::string text = largePackage();
     EXPECT_LT(bytesOf([&](TzSoapMessage& message) { message.extract(std::move(text)); }),
               Large / 16);
 }
 
-TEST(TzSoapExtract, thePartsOfAPackageThatWasGivenAwayAreThere) {
+TEST(TzSoapExtract, ThePartsOfAPackageThatWasGivenAwayAreThere) {
     TzSoapMessage message;
     message.extract(largePackage());
     const auto reference = tzSoapAs<TzSoapReferenceType>(message.getSoapBody().getFirstEntry());
     EXPECT_EQ(reference.getMimeReference().getBody(), std::string(Large, 'x'));
 }
 
-TEST(TzSoapExtract, everyFormReachesTheOverride) {
+TEST(TzSoapExtract, EveryFormReachesTheOverride) {
     Derived derived;
     derived.extract(std::string_view("view"));
     derived.extract("characters");
@@ -128,7 +128,7 @@ TEST(TzSoapExtract, everyFormReachesTheOverride) {
     EXPECT_EQ(derived.received, "[view][characters][given][<][Content-Type: multipart/related]");
 }
 
-TEST(TzSoapExtract, aMessageGivenAwayToAnOverrideIsIntact) {
+TEST(TzSoapExtract, AMessageGivenAwayToAnOverrideIsIntact) {
     Derived derived;
     std::string text = "text of some length, longer than what a string holds in itself";
     derived.extract(std::move(text));

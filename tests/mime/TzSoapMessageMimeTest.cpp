@@ -93,7 +93,7 @@ std::string entries(const TzSoapMessage& message) {
     return namesOf(body.entriesBegin(), body.entriesEnd());
 }
 
-TEST(TzSoapMessageMime, aMessageWithoutAttachmentsIsPlainXml) {
+TEST(TzSoapMessageMime, AMessageWithoutAttachmentsIsPlainXml) {
     TzSoapMessage message(TzSoapVersion::V1_1);
     message.getSoapBody().appendEntry(named("a"));
     EXPECT_FALSE(message.hasAttachments());
@@ -101,13 +101,13 @@ TEST(TzSoapMessageMime, aMessageWithoutAttachmentsIsPlainXml) {
     EXPECT_EQ(message.asString().rfind("<SOAP-ENV:Envelope", 0), 0u);
 }
 
-TEST(TzSoapMessageMime, aReferenceWithoutATargetIsNoAttachment) {
+TEST(TzSoapMessageMime, AReferenceWithoutATargetIsNoAttachment) {
     TzSoapMessage message;
     message.getSoapBody().appendEntry(TzSoapReferenceType(false));
     EXPECT_FALSE(message.hasAttachments());
 }
 
-TEST(TzSoapMessageMime, attachmentsAreFoundInDetailAndArray) {
+TEST(TzSoapMessageMime, AttachmentsAreFoundInDetailAndArray) {
     const TzSoapReferenceType reference(TzXmlName("ref"), part("p1", "x"));
     TzSoapMessage inDetail;
     inDetail.getSoapBody().getSoapFault().setCode(TzXmlName("code"));
@@ -123,7 +123,7 @@ TEST(TzSoapMessageMime, attachmentsAreFoundInDetailAndArray) {
     EXPECT_TRUE(inHeader.hasAttachments());
 }
 
-TEST(TzSoapMessageMime, attachmentsInWhatIsNotWrittenMakeAPackageAllTheSame) {
+TEST(TzSoapMessageMime, AttachmentsInWhatIsNotWrittenMakeAPackageAllTheSame) {
     const TzSoapReferenceType reference(TzXmlName("ref"), part("p1", "x"));
     const auto textOf = [](const TzSoapType& entry) {
         TzSoapMessage message;
@@ -151,7 +151,7 @@ TEST(TzSoapMessageMime, attachmentsInWhatIsNotWrittenMakeAPackageAllTheSame) {
     EXPECT_EQ(textOf(counted).rfind("MIME-Version", 0), 0u);
 }
 
-TEST(TzSoapMessageMime, attachmentsOfValuesReferredToAloneMakeNoPackage) {
+TEST(TzSoapMessageMime, AttachmentsOfValuesReferredToAloneMakeNoPackage) {
     TzSoapCompositeType target{TzXmlName("target")};
     target.setIdAttribute("t");
     target.appendChild(TzSoapReferenceType(TzXmlName("ref"), part("p1", "x")));
@@ -161,7 +161,7 @@ TEST(TzSoapMessageMime, attachmentsOfValuesReferredToAloneMakeNoPackage) {
     EXPECT_EQ(message.asString().rfind("<env:Envelope", 0), 0u);
 }
 
-TEST(TzSoapMessageMime, aDerivedMessageDecidesAboutItsPackage) {
+TEST(TzSoapMessageMime, ADerivedMessageDecidesAboutItsPackage) {
     const SignedMessage packed(true);
     EXPECT_EQ(packed.asString().rfind("X-Signature: signed\r\nContent-Type: multipart/related", 0),
               0u);
@@ -175,7 +175,7 @@ TEST(TzSoapMessageMime, aDerivedMessageDecidesAboutItsPackage) {
     EXPECT_EQ(both.asString(), both.asMimeMultipart().asString());
 }
 
-TEST(TzSoapMessageMime, thePackageOfAMessageWithoutAttachmentsHoldsItsRootOnly) {
+TEST(TzSoapMessageMime, ThePackageOfAMessageWithoutAttachmentsHoldsItsRootOnly) {
     TzSoapMessage message(TzSoapVersion::V1_1);
     message.getSoapBody().appendEntry(named("a"));
     const TzMimeMultipart package = message.asMimeMultipart();
@@ -183,7 +183,7 @@ TEST(TzSoapMessageMime, thePackageOfAMessageWithoutAttachmentsHoldsItsRootOnly) 
     EXPECT_EQ(package.getPart(0).getBody(), message.asString());
 }
 
-TEST(TzSoapMessageMime, thePackageDescribesItself) {
+TEST(TzSoapMessageMime, ThePackageDescribesItself) {
     const TzMimeMultipart package = messageWith({"p1"}).asMimeMultipart();
     ASSERT_EQ(package.getHeaderCount(), 2u);
     EXPECT_EQ(package.getHeader(0).asString(), "MIME-Version: 1.0");
@@ -196,7 +196,7 @@ TEST(TzSoapMessageMime, thePackageDescribesItself) {
     EXPECT_EQ(type.getStartInfo(), "");
 }
 
-TEST(TzSoapMessageMime, theRootPartDescribesItself) {
+TEST(TzSoapMessageMime, TheRootPartDescribesItself) {
     const TzMimePart root = messageWith({"p1"}).asMimeMultipart().getPart(0);
     ASSERT_EQ(root.getHeaderCount(), 2u);
     const TzMimeTextType type(TzMimeContentTypeHeader(root.getHeader(0)).getContentType());
@@ -205,7 +205,7 @@ TEST(TzSoapMessageMime, theRootPartDescribesItself) {
     EXPECT_EQ(root.getHeader(1).asString(), "Content-ID: <soap.xml@mime.representation>");
 }
 
-TEST(TzSoapMessageMime, theTextOfAPackage) {
+TEST(TzSoapMessageMime, TheTextOfAPackage) {
     TzSoapMessage message(TzSoapVersion::V1_1);
     message.getSoapBody().appendEntry(
         TzSoapReferenceType(TzXmlName("ref"), part("p1", "the bytes")));
@@ -230,7 +230,7 @@ TEST(TzSoapMessageMime, theTextOfAPackage) {
     EXPECT_NE(root.find("<ref href=\"cid:p1\"/>"), std::string::npos);
 }
 
-TEST(TzSoapMessageMime, attachmentsFollowInTheOrderOfTheirReferences) {
+TEST(TzSoapMessageMime, AttachmentsFollowInTheOrderOfTheirReferences) {
     TzSoapMessage message = messageWith({"p1", "p2"});
     message.getSoapHeader().appendHeaderEntry(
         TzSoapReferenceType(TzXmlName("ref"), part("p0", "x")), true);
@@ -242,7 +242,7 @@ TEST(TzSoapMessageMime, attachmentsFollowInTheOrderOfTheirReferences) {
     EXPECT_EQ(header(package.getPart(3), "Content-ID"), "<p2>");
 }
 
-TEST(TzSoapMessageMime, aPartReferredToTwiceTravelsTwice) {
+TEST(TzSoapMessageMime, APartReferredToTwiceTravelsTwice) {
     const TzMimePart shared = part("p1", "x");
     TzSoapMessage message;
     message.getSoapBody().appendEntry(TzSoapReferenceType(TzXmlName("a"), shared));
@@ -250,7 +250,7 @@ TEST(TzSoapMessageMime, aPartReferredToTwiceTravelsTwice) {
     EXPECT_EQ(message.asMimeMultipart().getPartCount(), 3u);
 }
 
-TEST(TzSoapMessageMime, boundaryAndStartOfTheCallerAreKept) {
+TEST(TzSoapMessageMime, BoundaryAndStartOfTheCallerAreKept) {
     TzMimeMultipart package =
         packageOf(TzMimeMultipartRelatedType("", "text/plain", "<root-part-id>", "xyz"), {});
     const TzMimeMultipart returned = messageWith({"p1"}).asMimeMultipart(package);
@@ -264,7 +264,7 @@ TEST(TzSoapMessageMime, boundaryAndStartOfTheCallerAreKept) {
     EXPECT_EQ(returned.getPartCount(), 2u);
 }
 
-TEST(TzSoapMessageMime, whatTheCallersTypeLacksIsFilledIn) {
+TEST(TzSoapMessageMime, WhatTheCallersTypeLacksIsFilledIn) {
     TzMimeMultipart package = packageOf(TzMimeMultipartRelatedType("", "", "", ""), {});
     TzSoapMessage().asMimeMultipart(package);
     const TzMimeMultipartRelatedType type = typeOf(package);
@@ -274,7 +274,7 @@ TEST(TzSoapMessageMime, whatTheCallersTypeLacksIsFilledIn) {
     EXPECT_EQ(header(package.getPart(0), "Content-ID"), "<soap.xml@mime.representation>");
 }
 
-TEST(TzSoapMessageMime, anEmptyPackageOfTheCallerGetsAContentTypeOnly) {
+TEST(TzSoapMessageMime, AnEmptyPackageOfTheCallerGetsAContentTypeOnly) {
     TzMimeMultipart package;
     TzSoapMessage().asMimeMultipart(package);
     ASSERT_EQ(package.getHeaderCount(), 1u);
@@ -283,7 +283,7 @@ TEST(TzSoapMessageMime, anEmptyPackageOfTheCallerGetsAContentTypeOnly) {
               "start=\"<soap.xml@mime.representation>\"");
 }
 
-TEST(TzSoapMessageMime, anyContentTypeOfTheCallerIsKeptAndCompleted) {
+TEST(TzSoapMessageMime, AnyContentTypeOfTheCallerIsKeptAndCompleted) {
     TzMimeMultipart package;
     package.insertHeader(TzMimeHeader("X-Own", "1"));
     package.insertHeader(TzMimeHeader("content-type", "multipart/mixed; boundary=xyz; type=a"));
@@ -296,7 +296,7 @@ TEST(TzSoapMessageMime, anyContentTypeOfTheCallerIsKeptAndCompleted) {
     EXPECT_EQ(package.asString().rfind("X-Own: 1\r\ncontent-type: multipart/mixed; ", 0), 0u);
 }
 
-TEST(TzSoapMessageMime, aPackageFilledTwiceBeginsWithTheLaterRoot) {
+TEST(TzSoapMessageMime, APackageFilledTwiceBeginsWithTheLaterRoot) {
     TzMimeMultipart package;
     TzSoapMessage(TzSoapVersion::V1_1).asMimeMultipart(package);
     TzSoapMessage(TzSoapVersion::V1_2).asMimeMultipart(package);
@@ -306,7 +306,7 @@ TEST(TzSoapMessageMime, aPackageFilledTwiceBeginsWithTheLaterRoot) {
     EXPECT_EQ(package.getPart(1).getBody().rfind("<SOAP-ENV:Envelope", 0), 0u);
 }
 
-TEST(TzSoapMessageMime, partsOfTheCallerStandBetweenRootAndAttachments) {
+TEST(TzSoapMessageMime, PartsOfTheCallerStandBetweenRootAndAttachments) {
     TzMimeMultipart package;
     package.insertPart(part("mine", "x"));
     messageWith({"p1"}).asMimeMultipart(package);
@@ -316,7 +316,7 @@ TEST(TzSoapMessageMime, partsOfTheCallerStandBetweenRootAndAttachments) {
     EXPECT_EQ(header(package.getPart(2), "Content-ID"), "<p1>");
 }
 
-TEST(TzSoapMessageMime, anErrorOfWritingLeavesTheAttachmentsMetBefore) {
+TEST(TzSoapMessageMime, AnErrorOfWritingLeavesTheAttachmentsMetBefore) {
     TzSoapMessage message = messageWith({"p1"});
     message.getSoapBody().appendEntry(
         TzSoapSimpleType("bad", "\x01", TzSoapContentBase::xsdString, true));
@@ -327,7 +327,7 @@ TEST(TzSoapMessageMime, anErrorOfWritingLeavesTheAttachmentsMetBefore) {
     EXPECT_EQ(package.getHeaderCount(), 0u);
 }
 
-TEST(TzSoapMessageMime, theRootIsThePartThatTheStartNames) {
+TEST(TzSoapMessageMime, TheRootIsThePartThatTheStartNames) {
     TzSoapMessage message;
     message.extract(packageOf(TzMimeMultipartRelatedType("", "text/xml", "<root>", "b"),
                               {part("other", "no xml"), part("root", envelope.c_str())}));
@@ -335,14 +335,14 @@ TEST(TzSoapMessageMime, theRootIsThePartThatTheStartNames) {
     EXPECT_EQ(entries(message), "a");
 }
 
-TEST(TzSoapMessageMime, withoutAStartTheRootIsTheFirstPart) {
+TEST(TzSoapMessageMime, WithoutAStartTheRootIsTheFirstPart) {
     TzSoapMessage message;
     message.extract(packageOf(TzMimeMultipartRelatedType("", "text/xml", "", "b"),
                               {part("first", envelope.c_str()), part("other", "no xml")}));
     EXPECT_EQ(entries(message), "a");
 }
 
-TEST(TzSoapMessageMime, anyContentTypeMakesAPackage) {
+TEST(TzSoapMessageMime, AnyContentTypeMakesAPackage) {
     TzMimeMultipart package;
     package.insertHeader(TzMimeHeader("content-type", "text/plain"));
     package.insertPart(part("first", envelope.c_str()));
@@ -364,7 +364,7 @@ void expectPackageError(const Action& action, std::uint32_t id, const std::strin
     }
 }
 
-TEST(TzSoapMessageMime, aPackageWithoutContentTypeIsRefused) {
+TEST(TzSoapMessageMime, APackageWithoutContentTypeIsRefused) {
     TzMimeMultipart package;
     package.insertPart(part("first", envelope.c_str()));
     TzSoapMessage message;
@@ -380,7 +380,7 @@ TEST(TzSoapMessageMime, aPackageWithoutContentTypeIsRefused) {
     EXPECT_EQ(entries(message), "a");
 }
 
-TEST(TzSoapMessageMime, aStartThatNamesNoPartIsRefused) {
+TEST(TzSoapMessageMime, AStartThatNamesNoPartIsRefused) {
     const TzMimeMultipart package =
         packageOf(TzMimeMultipartRelatedType("", "text/xml", "<none>", "b"),
                   {part("first", envelope.c_str())});
@@ -390,7 +390,7 @@ TEST(TzSoapMessageMime, aStartThatNamesNoPartIsRefused) {
     EXPECT_EQ(message.getMimeMultipart().getPartCount(), 1u);
 }
 
-TEST(TzSoapMessageMime, aPackageWithoutPartsIsRefused) {
+TEST(TzSoapMessageMime, APackageWithoutPartsIsRefused) {
     const TzMimeMultipart package =
         packageOf(TzMimeMultipartRelatedType("", "text/xml", "", "b"), {});
     TzSoapMessage message;
@@ -398,7 +398,7 @@ TEST(TzSoapMessageMime, aPackageWithoutPartsIsRefused) {
                        "[NO_MIME_SOAP_BODY_PART][The SOAP XML body part could not be found]");
 }
 
-TEST(TzSoapMessageMime, errorsOfTheEnvelopePassThrough) {
+TEST(TzSoapMessageMime, ErrorsOfTheEnvelopePassThrough) {
     TzSoapMessage message;
     expectCatalogued<TzXmlParseError>(
         [&] {
@@ -410,7 +410,7 @@ TEST(TzSoapMessageMime, errorsOfTheEnvelopePassThrough) {
     EXPECT_EQ(entries(message), "a");
 }
 
-TEST(TzSoapMessageMime, theTextOfAPackageIsReadAgain) {
+TEST(TzSoapMessageMime, TheTextOfAPackageIsReadAgain) {
     TzSoapMessage sent(TzSoapVersion::V1_2);
     sent.getSoapBody().appendEntry(
         TzSoapReferenceType(TzXmlName("ref"), part("p1", "one\r\n--two")));
@@ -425,7 +425,7 @@ TEST(TzSoapMessageMime, theTextOfAPackageIsReadAgain) {
     EXPECT_EQ(reference->getMimeReference().getBody(), "one\r\n--two");
 }
 
-TEST(TzSoapMessageMime, aBareEnvelopeForgetsThePackage) {
+TEST(TzSoapMessageMime, ABareEnvelopeForgetsThePackage) {
     const TzMimeMultipart package =
         packageOf(TzMimeMultipartRelatedType("", "text/xml", "<root>", "b"),
                   {part("root", envelope.c_str()), part("p1", "x")});
@@ -439,7 +439,7 @@ TEST(TzSoapMessageMime, aBareEnvelopeForgetsThePackage) {
     EXPECT_FALSE(message.hasAttachments());
 }
 
-TEST(TzSoapMessageMime, theKeptPackageIsThatOfTheCallerAndOfCopies) {
+TEST(TzSoapMessageMime, TheKeptPackageIsThatOfTheCallerAndOfCopies) {
     TzMimeMultipart package = packageOf(TzMimeMultipartRelatedType("", "text/xml", "<root>", "b"),
                                         {part("root", envelope.c_str())});
     TzSoapMessage message;
@@ -450,7 +450,7 @@ TEST(TzSoapMessageMime, theKeptPackageIsThatOfTheCallerAndOfCopies) {
     EXPECT_EQ(copy.getMimeMultipart().getPartCount(), 2u);
 }
 
-TEST(TzSoapMessageMime, theKeptPackageMayBeExtractedAgain) {
+TEST(TzSoapMessageMime, TheKeptPackageMayBeExtractedAgain) {
     TzSoapMessage message;
     message.extract(packageOf(TzMimeMultipartRelatedType("", "text/xml", "<root>", "b"),
                               {part("root", envelope.c_str())}));
@@ -459,7 +459,7 @@ TEST(TzSoapMessageMime, theKeptPackageMayBeExtractedAgain) {
     EXPECT_EQ(entries(message), "a");
 }
 
-TEST(TzSoapMessageMime, textBeforeThePackageIsSkipped) {
+TEST(TzSoapMessageMime, TextBeforeThePackageIsSkipped) {
     TzSoapMessage message;
     message.extract("POST /x HTTP/1.1\r\n"
                     "Content-Type: multipart/related; boundary=b; type=\"text/xml\"\r\n"
@@ -472,7 +472,7 @@ TEST(TzSoapMessageMime, textBeforeThePackageIsSkipped) {
     EXPECT_EQ(entries(message), "a");
 }
 
-TEST(TzSoapMessageMime, aRootInATransferEncodingIsDecoded) {
+TEST(TzSoapMessageMime, ARootInATransferEncodingIsDecoded) {
     TzSoapMessage message;
     message.extract("Content-Type: multipart/related; boundary=b\r\n"
                     "\r\n"

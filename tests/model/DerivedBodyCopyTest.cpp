@@ -29,7 +29,7 @@ TYPED_TEST_SUITE(DerivedBodyCopy, Kinds);
 
 } // namespace
 
-TYPED_TEST(DerivedBodyCopy, isMadeByTheBodysOwnClass) {
+TYPED_TEST(DerivedBodyCopy, IsMadeByTheBodysOwnClass) {
     using Handle = typename TypeParam::Handle;
     using Body = typename TypeParam::Body;
     const auto own = TzSoapAccess::handle<Handle>(new Body(TzSoapVersion::V1_1));

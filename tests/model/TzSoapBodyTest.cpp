@@ -29,7 +29,7 @@ std::string names(const TzSoapBody& body) {
     return namesOf(body.entriesBegin(), body.entriesEnd());
 }
 
-TEST(TzSoapBody, newBodyIsNamedByItsVersionAndEmpty) {
+TEST(TzSoapBody, NewBodyIsNamedByItsVersionAndEmpty) {
     const TzSoapBody old = body(V::V1_1);
     EXPECT_EQ(old.getName().getQualifiedName(), "SOAP-ENV:Body");
     EXPECT_EQ(old.getName().getUri(), "http://schemas.xmlsoap.org/soap/envelope/");
@@ -42,20 +42,20 @@ TEST(TzSoapBody, newBodyIsNamedByItsVersionAndEmpty) {
     EXPECT_EQ(latest.attributeCount(), 0u);
 }
 
-TEST(TzSoapBody, unknownVersionIsRefused) {
+TEST(TzSoapBody, UnknownVersionIsRefused) {
     expectCatalogued<TzXmlError>(
         [] { body(static_cast<V::Version>(3)); }, 0x7011,
         "[UNKNOWN_VERSION][SOAP Version specified by URI \"\" is unknown ]");
 }
 
-TEST(TzSoapBody, theFaultOfANewBodyIsOfItsVersion) {
+TEST(TzSoapBody, TheFaultOfANewBodyIsOfItsVersion) {
     EXPECT_EQ(body(V::V1_1).getSoapFault().getName().getQualifiedName(), "SOAP-ENV:Fault");
     const TzSoapBody latest = body(V::V1_2);
     EXPECT_EQ(latest.getSoapFault().getName().getQualifiedName(), "env:Fault");
     EXPECT_EQ(TzSoapAccess::body(latest.getSoapFault()).getVersion(), V::V1_2);
 }
 
-TEST(TzSoapBody, aFaultCountsWhenItsCodeHasALocalName) {
+TEST(TzSoapBody, AFaultCountsWhenItsCodeHasALocalName) {
     TzSoapBody b = body();
     b.getSoapFault().setReason("reason");
     b.getSoapFault().addSubcode(TzXmlName("sub"));
@@ -69,7 +69,7 @@ TEST(TzSoapBody, aFaultCountsWhenItsCodeHasALocalName) {
     EXPECT_FALSE(b.hasSoapFault());
 }
 
-TEST(TzSoapBody, entriesStandWhereTheyWereAdded) {
+TEST(TzSoapBody, EntriesStandWhereTheyWereAdded) {
     TzSoapBody b = body();
     b.appendEntry(named("b"));
     b.appendEntry(named("c"));
@@ -80,7 +80,7 @@ TEST(TzSoapBody, entriesStandWhereTheyWereAdded) {
     EXPECT_EQ(b.entryCount(), 4u);
 }
 
-TEST(TzSoapBody, removingByNameTakesTheFirstOrAll) {
+TEST(TzSoapBody, RemovingByNameTakesTheFirstOrAll) {
     TzSoapBody b = body();
     for (const char* name : {"a", "b", "a"}) {
         b.appendEntry(named(name));
@@ -96,7 +96,7 @@ TEST(TzSoapBody, removingByNameTakesTheFirstOrAll) {
     EXPECT_EQ(all.entryCount(), 1u);
 }
 
-TEST(TzSoapBody, removingAPositionReturnsTheNext) {
+TEST(TzSoapBody, RemovingAPositionReturnsTheNext) {
     TzSoapBody b = body();
     b.appendEntry(named("a"));
     b.appendEntry(named("b"));
@@ -104,7 +104,7 @@ TEST(TzSoapBody, removingAPositionReturnsTheNext) {
     EXPECT_EQ(b.removeEntry(b.entriesBegin()), b.entriesEnd());
 }
 
-TEST(TzSoapBody, findsTheFirstOfAName) {
+TEST(TzSoapBody, FindsTheFirstOfAName) {
     TzSoapBody b = body();
     for (const char* name : {"a", "b", "a"}) {
         b.appendEntry(named(name));
@@ -116,7 +116,7 @@ TEST(TzSoapBody, findsTheFirstOfAName) {
     EXPECT_EQ(constant.findEntry("x"), constant.entriesEnd());
 }
 
-TEST(TzSoapBody, clearingEntriesKeepsTheFault) {
+TEST(TzSoapBody, ClearingEntriesKeepsTheFault) {
     TzSoapBody b = body();
     b.appendEntry(named("a"));
     b.getSoapFault().setCode(TzXmlName("code"));
@@ -125,7 +125,7 @@ TEST(TzSoapBody, clearingEntriesKeepsTheFault) {
     EXPECT_TRUE(b.hasSoapFault());
 }
 
-TEST(TzSoapBody, oneValueAddedTwiceIsTwoEntriesOfOneBody) {
+TEST(TzSoapBody, OneValueAddedTwiceIsTwoEntriesOfOneBody) {
     TzSoapBody b = body();
     TzSoapType value = named("a");
     b.appendEntry(value);
@@ -136,7 +136,7 @@ TEST(TzSoapBody, oneValueAddedTwiceIsTwoEntriesOfOneBody) {
     EXPECT_EQ(value.getName(), TzXmlName("renamed"));
 }
 
-TEST(TzSoapBody, entriesAreSharedWhereverTheyAreAdded) {
+TEST(TzSoapBody, EntriesAreSharedWhereverTheyAreAdded) {
     TzSoapBody b = body();
     TzSoapType first = named("a");
     TzSoapType middle = named("b");
@@ -150,7 +150,7 @@ TEST(TzSoapBody, entriesAreSharedWhereverTheyAreAdded) {
     EXPECT_EQ(names(b), "x y z");
 }
 
-TEST(TzSoapBody, copiesShareAndCopyDoesNot) {
+TEST(TzSoapBody, CopiesShareAndCopyDoesNot) {
     TzSoapBody b = body(V::V1_1);
     b.appendEntry(named("a"));
     b.setEncodingStyle("urn:style");
@@ -176,7 +176,7 @@ TEST(TzSoapBody, copiesShareAndCopyDoesNot) {
     EXPECT_EQ(own.getSoapFault().getReason(), "reason");
 }
 
-TEST(TzSoapBody, copyOfACompositeEntrySharesItsChildren) {
+TEST(TzSoapBody, CopyOfACompositeEntrySharesItsChildren) {
     TzSoapCompositeType entry(TzXmlName("a"));
     TzSoapType child = named("child");
     entry.appendChild(child);
@@ -190,7 +190,7 @@ TEST(TzSoapBody, copyOfACompositeEntrySharesItsChildren) {
     EXPECT_EQ(copied.childCount(), 1u);
 }
 
-TEST(TzSoapBody, equalityComparesSharedEntriesOnly) {
+TEST(TzSoapBody, EqualityComparesSharedEntriesOnly) {
     const TzSoapType a = named("a");
     TzSoapBody left = body(V::V1_1);
     TzSoapBody right = body(V::V1_2);
@@ -209,7 +209,7 @@ TEST(TzSoapBody, equalityComparesSharedEntriesOnly) {
     EXPECT_TRUE(TzSoapAccess::body(left) != TzSoapAccess::body(right));
 }
 
-TEST(TzSoapBody, setVersionRenamesElementAndFaultAndLeavesEntries) {
+TEST(TzSoapBody, SetVersionRenamesElementAndFaultAndLeavesEntries) {
     TzSoapBody b = body(V::V1_2);
     b.appendEntry(TzSoapType(TzXmlName("a", V::getSoapVersion(V::V1_2).getSoapEnv())));
     TzSoapBodyImp& imp = TzSoapAccess::body(b);
@@ -226,7 +226,7 @@ TEST(TzSoapBody, setVersionRenamesElementAndFaultAndLeavesEntries) {
     EXPECT_EQ(b.getName().getPrefix(), "SOAP-ENV");
 }
 
-TEST(TzSoapBody, clearEmptiesEntriesAttributesAndFault) {
+TEST(TzSoapBody, ClearEmptiesEntriesAttributesAndFault) {
     TzSoapBody b = body(V::V1_1);
     b.appendEntry(named("a"));
     b.addNamespaceAttribute("p", "urn:p");
@@ -253,7 +253,7 @@ TEST(TzSoapBody, clearEmptiesEntriesAttributesAndFault) {
     EXPECT_EQ(fault.getDetails().getName(), TzXmlName("detail"));
 }
 
-TEST(TzSoapBody, elementOperationsReachTheBody) {
+TEST(TzSoapBody, ElementOperationsReachTheBody) {
     TzSoapBody b = body();
     b.addAttribute(TzXmlAttribute(TzXmlName("x"), "1"));
     b.addNamespaceAttribute(TzXmlNamespace("p", "urn:p"));
@@ -270,7 +270,7 @@ TEST(TzSoapBody, elementOperationsReachTheBody) {
     EXPECT_EQ(b.getRootAttribute(), "0");
 }
 
-TEST(TzSoapBody, anEntryWithoutABodyIsRefusedAndNothingAdded) {
+TEST(TzSoapBody, AnEntryWithoutABodyIsRefusedAndNothingAdded) {
     TzSoapBody b = body();
     TzSoapType moved = named("a");
     const TzSoapType taken = std::move(moved);
@@ -285,7 +285,7 @@ TEST(TzSoapBody, anEntryWithoutABodyIsRefusedAndNothingAdded) {
     EXPECT_EQ(b.entryCount(), 0u);
 }
 
-TEST(TzSoapBody, everyOperationWithoutABodyIsRefused) {
+TEST(TzSoapBody, EveryOperationWithoutABodyIsRefused) {
     TzSoapBody none = TzSoapAccess::handle<TzSoapBody>(static_cast<TzSoapBodyImp*>(nullptr));
     const TzSoapBody& constant = none;
     const TzSoapBody other = body();

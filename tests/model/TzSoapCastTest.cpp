@@ -23,7 +23,7 @@ template <typename Handle> std::string refused(const TzSoapType& value) {
 
 } // namespace
 
-TEST(TzSoapCast, anotherKindIsAnErrorWithNameAndKind) {
+TEST(TzSoapCast, AnotherKindIsAnErrorWithNameAndKind) {
     EXPECT_EQ(refused<TzSoapCompositeType>(text()),
               "element \"m:t\" is not a composite but of kind \"Simple\"");
     EXPECT_EQ(refused<TzSoapArrayType>(text()),
@@ -42,18 +42,18 @@ TEST(TzSoapCast, anotherKindIsAnErrorWithNameAndKind) {
               "element \"c\" is not a simple value but of kind \"Composite\"");
 }
 
-TEST(TzSoapCast, aPositionWithoutItemIsNamedSo) {
+TEST(TzSoapCast, APositionWithoutItemIsNamedSo) {
     EXPECT_EQ(refused<TzSoapSimpleType>(TzSoapDefaultType()),
               "an array position without item is not a simple value but of kind \"Default\"");
 }
 
-TEST(TzSoapCast, theHandleSharesTheBody) {
+TEST(TzSoapCast, TheHandleSharesTheBody) {
     const TzSoapType value = text();
     tzSoapAs<TzSoapSimpleType>(value).setInt(5);
     EXPECT_EQ(textOf(value), "5");
 }
 
-TEST(TzSoapCast, aReferenceStandsForItsValueUnlessItIsAskedFor) {
+TEST(TzSoapCast, AReferenceStandsForItsValueUnlessItIsAskedFor) {
     const TzSoapMessage message =
         messageOf(envelope(TzSoapVersion::V1_1, "<r href='#b'/><b id='b'><x/></b>"));
     const TzSoapType reference = message.getSoapBody().getFirstEntry();
@@ -61,7 +61,7 @@ TEST(TzSoapCast, aReferenceStandsForItsValueUnlessItIsAskedFor) {
     EXPECT_TRUE(tzSoapAs<TzSoapReferenceType>(reference).hasReference());
 }
 
-TEST(TzSoapCast, aHandleWithoutBodyIsRefused) {
+TEST(TzSoapCast, AHandleWithoutBodyIsRefused) {
     TzSoapType moved = text();
     const TzSoapType taken(std::move(moved));
     // NOLINTNEXTLINE(bugprone-use-after-move): that is what this is about

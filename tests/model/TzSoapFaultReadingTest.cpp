@@ -55,7 +55,7 @@ std::string detailOf(const TzSoapFault& fault) {
     return namesOf(details.childrenBegin(), details.childrenEnd());
 }
 
-TEST(TzSoapFaultReading, allPartsOfAFaultOfSoap11) {
+TEST(TzSoapFaultReading, AllPartsOfAFaultOfSoap11) {
     TzSoapMessage message = read(message11("<S:Fault><faultcode>S:Client</faultcode>"
                                            "<faultstring>went wrong</faultstring>"
                                            "<faultactor>urn:actor</faultactor>"
@@ -74,7 +74,7 @@ TEST(TzSoapFaultReading, allPartsOfAFaultOfSoap11) {
     EXPECT_EQ(detailOf(fault), "a b");
 }
 
-TEST(TzSoapFaultReading, allPartsOfAFaultOfSoap12) {
+TEST(TzSoapFaultReading, AllPartsOfAFaultOfSoap12) {
     const TzSoapFault fault = fault12("<e:Code><e:Value>e:Sender</e:Value></e:Code>"
                                       "<e:Reason>went wrong</e:Reason>"
                                       "<e:Node>urn:node</e:Node><e:Role>urn:role</e:Role>"
@@ -88,7 +88,7 @@ TEST(TzSoapFaultReading, allPartsOfAFaultOfSoap12) {
     EXPECT_EQ(detailOf(fault), "a b");
 }
 
-TEST(TzSoapFaultReading, nestedSubcodesKeepDocumentOrder) {
+TEST(TzSoapFaultReading, NestedSubcodesKeepDocumentOrder) {
     const TzSoapFault fault =
         fault12("<e:Code xmlns:p=\"urn:p\"><e:Value>e:Sender</e:Value>"
                 "<e:Subcode><e:Value>p:First</e:Value>"
@@ -101,7 +101,7 @@ TEST(TzSoapFaultReading, nestedSubcodesKeepDocumentOrder) {
     EXPECT_EQ(fault.getReason(), "r");
 }
 
-TEST(TzSoapFaultReading, whiteSpaceBetweenTheElementsDoesNotMatter) {
+TEST(TzSoapFaultReading, WhiteSpaceBetweenTheElementsDoesNotMatter) {
     const TzSoapFault fault = fault12("\n <e:Code>\n  <e:Value>e:Sender</e:Value>\n  "
                                       "<e:Subcode>\n   <e:Value>e:Sub</e:Value>\n  "
                                       "</e:Subcode>\n </e:Code>\n "
@@ -116,7 +116,7 @@ TEST(TzSoapFaultReading, whiteSpaceBetweenTheElementsDoesNotMatter) {
     EXPECT_EQ(detailOf(fault), "a");
 }
 
-TEST(TzSoapFaultReading, theOrderOfTheChildrenDoesNotMatter) {
+TEST(TzSoapFaultReading, TheOrderOfTheChildrenDoesNotMatter) {
     const TzSoapFault fault = fault11("<detail><a/></detail><faultactor>n</faultactor>"
                                       "<faultstring>r</faultstring><faultcode>c</faultcode>");
     EXPECT_EQ(detailOf(fault), "a");
@@ -125,7 +125,7 @@ TEST(TzSoapFaultReading, theOrderOfTheChildrenDoesNotMatter) {
     EXPECT_EQ(fault.getCode(), TzXmlName("c"));
 }
 
-TEST(TzSoapFaultReading, aCodeWithoutAColonIsUnqualified) {
+TEST(TzSoapFaultReading, ACodeWithoutAColonIsUnqualified) {
     const TzSoapFault fault =
         faultOf(read("<S:Envelope xmlns:S=\"" + uri11 +
                      "\" xmlns=\"urn:default\"><S:Body><S:Fault>"
@@ -135,14 +135,14 @@ TEST(TzSoapFaultReading, aCodeWithoutAColonIsUnqualified) {
     EXPECT_EQ(fault.getCode().getPrefix(), "");
 }
 
-TEST(TzSoapFaultReading, onlyTheFirstColonSeparates) {
+TEST(TzSoapFaultReading, OnlyTheFirstColonSeparates) {
     const TzSoapFault fault = fault11("<faultcode>S:a:b</faultcode>");
     EXPECT_EQ(fault.getCode().getPrefix(), "S");
     EXPECT_EQ(fault.getCode().getLocalName(), "a:b");
     EXPECT_EQ(fault.getCode().getUri(), uri11);
 }
 
-TEST(TzSoapFaultReading, prefixOfTheEnvelopeResolvesACode) {
+TEST(TzSoapFaultReading, PrefixOfTheEnvelopeResolvesACode) {
     const TzSoapFault fault = faultOf(read("<SOAP-ENV:Envelope xmlns:SOAP-ENV=\"" + uri11 +
                                            "\"><SOAP-ENV:Body><SOAP-ENV:Fault>"
                                            "<faultcode>SOAP-ENV:Client</faultcode>"
@@ -151,7 +151,7 @@ TEST(TzSoapFaultReading, prefixOfTheEnvelopeResolvesACode) {
     EXPECT_EQ(fault.getCode(), TzXmlName("Client", TzXmlNamespace("SOAP-ENV", uri11)));
 }
 
-TEST(TzSoapFaultReading, prefixOfTheBodyOrTheFaultResolvesACode) {
+TEST(TzSoapFaultReading, PrefixOfTheBodyOrTheFaultResolvesACode) {
     const TzSoapFault onBody =
         faultOf(read("<S:Envelope xmlns:S=\"" + uri11 +
                      "\"><S:Body xmlns:p=\"urn:p\"><S:Fault>"
@@ -162,14 +162,14 @@ TEST(TzSoapFaultReading, prefixOfTheBodyOrTheFaultResolvesACode) {
     EXPECT_EQ(onFault.getCode().getUri(), "urn:f");
 }
 
-TEST(TzSoapFaultReading, prefixOfTheCodeItselfWins) {
+TEST(TzSoapFaultReading, PrefixOfTheCodeItselfWins) {
     const TzSoapFault fault =
         fault11("<faultcode xmlns:S=\"urn:inner\" xmlns:p=\"urn:p\">S:c</faultcode>");
     EXPECT_EQ(fault.getCode().getUri(), "urn:inner");
     EXPECT_EQ(fault.getCode().getPrefix(), "S");
 }
 
-TEST(TzSoapFaultReading, innerDeclarationsWinOverOuterOnes) {
+TEST(TzSoapFaultReading, InnerDeclarationsWinOverOuterOnes) {
     const TzSoapFault fault = fault12("<e:Code xmlns:p=\"urn:outer\">"
                                       "<e:Value xmlns:p=\"urn:inner\">p:c</e:Value>"
                                       "<e:Subcode><e:Value>p:s</e:Value></e:Subcode></e:Code>");
@@ -178,32 +178,32 @@ TEST(TzSoapFaultReading, innerDeclarationsWinOverOuterOnes) {
     EXPECT_EQ(fault.getSubcode(0).getUri(), "urn:outer");
 }
 
-TEST(TzSoapFaultReading, anEmptyBindingLeavesThePrefixToTheElementsAround) {
+TEST(TzSoapFaultReading, AnEmptyBindingLeavesThePrefixToTheElementsAround) {
     const TzSoapFault fault = faultOf(read(
         message11("<S:Fault xmlns:p=\"urn:p\"><faultcode xmlns:p=\"\">p:c</faultcode></S:Fault>")));
     EXPECT_EQ(fault.getCode().getUri(), "urn:p");
 }
 
-TEST(TzSoapFaultReading, anUnboundPrefixGivesTheEmptyUri) {
+TEST(TzSoapFaultReading, AnUnboundPrefixGivesTheEmptyUri) {
     const TzSoapFault fault = fault11("<faultcode>nowhere:c</faultcode>");
     EXPECT_EQ(fault.getCode().getPrefix(), "nowhere");
     EXPECT_EQ(fault.getCode().getLocalName(), "c");
     EXPECT_EQ(fault.getCode().getUri(), "");
 }
 
-TEST(TzSoapFaultReading, declarationsOfAClosedSiblingAreForgotten) {
+TEST(TzSoapFaultReading, DeclarationsOfAClosedSiblingAreForgotten) {
     const TzSoapFault fault = fault11("<faultstring xmlns:p=\"urn:p\">r</faultstring>"
                                       "<faultcode>p:c</faultcode>");
     EXPECT_EQ(fault.getCode().getUri(), "");
 }
 
-TEST(TzSoapFaultReading, declarationsOfTheDetailAreForgotten) {
+TEST(TzSoapFaultReading, DeclarationsOfTheDetailAreForgotten) {
     const TzSoapFault fault =
         fault11("<detail xmlns:p=\"urn:p\"><a/></detail><faultcode>p:c</faultcode>");
     EXPECT_EQ(fault.getCode().getUri(), "");
 }
 
-TEST(TzSoapFaultReading, declarationsOfTheFaultEndWithIt) {
+TEST(TzSoapFaultReading, DeclarationsOfTheFaultEndWithIt) {
     TzSoapMessage message = read(message11("<S:Fault xmlns:p=\"urn:p\"><faultcode>p:c</faultcode>"
                                            "</S:Fault><a xmlns:xsi=\"http://www.w3.org/2001/"
                                            "XMLSchema-instance\" xsi:type=\"p:t\">x</a>"));
@@ -211,13 +211,13 @@ TEST(TzSoapFaultReading, declarationsOfTheFaultEndWithIt) {
     EXPECT_EQ(message.getSoapBody().entriesBegin()->getType().getUri(), "");
 }
 
-TEST(TzSoapFaultReading, textDirectlyInACodeOfSoap12IsIgnored) {
+TEST(TzSoapFaultReading, TextDirectlyInACodeOfSoap12IsIgnored) {
     const TzSoapFault fault = fault12("<e:Code>e:Sender</e:Code><e:Reason>r</e:Reason>");
     EXPECT_TRUE(fault.getCode().isEmpty());
     EXPECT_EQ(fault.getReason(), "r");
 }
 
-TEST(TzSoapFaultReading, emptyPartsAreEmpty) {
+TEST(TzSoapFaultReading, EmptyPartsAreEmpty) {
     const TzSoapFault fault = fault11("<faultcode>c</faultcode><faultstring></faultstring>"
                                       "<faultactor/>");
     EXPECT_EQ(fault.getCode(), TzXmlName("c"));
@@ -225,25 +225,25 @@ TEST(TzSoapFaultReading, emptyPartsAreEmpty) {
     EXPECT_EQ(fault.getNode(), "");
 }
 
-TEST(TzSoapFaultReading, textIsWholeAcrossEntitiesAndSections) {
+TEST(TzSoapFaultReading, TextIsWholeAcrossEntitiesAndSections) {
     const TzSoapFault fault =
         fault11("<faultstring>a &amp; b<![CDATA[ < c]]><!-- x --> d</faultstring>");
     EXPECT_EQ(fault.getReason(), "a & b < c d");
 }
 
-TEST(TzSoapFaultReading, theReasonMayStandInAnElementOfItsOwn) {
+TEST(TzSoapFaultReading, TheReasonMayStandInAnElementOfItsOwn) {
     const TzSoapFault fault =
         fault12("<e:Reason>\n <e:Text xml:lang=\"en\">why</e:Text>\n</e:Reason>");
     EXPECT_EQ(fault.getReason(), "why");
 }
 
-TEST(TzSoapFaultReading, theLastTextOfAPartCounts) {
+TEST(TzSoapFaultReading, TheLastTextOfAPartCounts) {
     const TzSoapFault fault = fault12("<e:Reason><e:Text>one</e:Text></e:Reason>"
                                       "<e:Reason>two</e:Reason>");
     EXPECT_EQ(fault.getReason(), "two");
 }
 
-TEST(TzSoapFaultReading, unknownElementsAreIgnored) {
+TEST(TzSoapFaultReading, UnknownElementsAreIgnored) {
     const TzSoapFault fault = fault11("<other>lost</other><faultcode>c</faultcode>"
                                       "<x><y>deep</y></x><faultstring>r</faultstring>");
     EXPECT_EQ(fault.getCode(), TzXmlName("c"));
@@ -251,7 +251,7 @@ TEST(TzSoapFaultReading, unknownElementsAreIgnored) {
     EXPECT_EQ(fault.getNode(), "");
 }
 
-TEST(TzSoapFaultReading, soap11PartsAreUnqualified) {
+TEST(TzSoapFaultReading, Soap11PartsAreUnqualified) {
     const TzSoapFault fault = fault11("<S:faultcode>c</S:faultcode><Value>v</Value>"
                                       "<Role>o</Role><Subcode>s</Subcode>");
     EXPECT_TRUE(fault.getCode().isEmpty());
@@ -259,7 +259,7 @@ TEST(TzSoapFaultReading, soap11PartsAreUnqualified) {
     EXPECT_EQ(fault.getSubcodeCount(), 0u);
 }
 
-TEST(TzSoapFaultReading, soap12PartsAreInTheEnvelopeNamespace) {
+TEST(TzSoapFaultReading, Soap12PartsAreInTheEnvelopeNamespace) {
     const TzSoapFault fault = fault12("<Code><Value>e:Sender</Value></Code><Reason>r</Reason>"
                                       "<faultstring>f</faultstring>");
     EXPECT_TRUE(fault.getCode().isEmpty());
@@ -267,14 +267,14 @@ TEST(TzSoapFaultReading, soap12PartsAreInTheEnvelopeNamespace) {
     EXPECT_EQ(fault.getSubcodeCount(), 0u);
 }
 
-TEST(TzSoapFaultReading, aValueOutsideOfACodeIsASubcode) {
+TEST(TzSoapFaultReading, AValueOutsideOfACodeIsASubcode) {
     const TzSoapFault fault = fault12("<e:Value>e:lonely</e:Value>");
     EXPECT_TRUE(fault.getCode().isEmpty());
     ASSERT_EQ(fault.getSubcodeCount(), 1u);
     EXPECT_EQ(fault.getSubcode(0), TzXmlName("lonely", TzXmlNamespace("e", uri12)));
 }
 
-TEST(TzSoapFaultReading, onlyTheFirstValueOfACodeIsTheCode) {
+TEST(TzSoapFaultReading, OnlyTheFirstValueOfACodeIsTheCode) {
     const TzSoapFault fault =
         fault12("<e:Code><e:Value>e:One</e:Value><e:Value>e:Two</e:Value></e:Code>");
     EXPECT_EQ(fault.getCode().getLocalName(), "One");
@@ -282,19 +282,19 @@ TEST(TzSoapFaultReading, onlyTheFirstValueOfACodeIsTheCode) {
     EXPECT_EQ(fault.getSubcode(0).getLocalName(), "Two");
 }
 
-TEST(TzSoapFaultReading, theEndOfAnyElementEndsTheCode) {
+TEST(TzSoapFaultReading, TheEndOfAnyElementEndsTheCode) {
     const TzSoapFault fault = fault12("<e:Code><x>lost</x><e:Value>e:Late</e:Value></e:Code>");
     EXPECT_TRUE(fault.getCode().isEmpty());
     ASSERT_EQ(fault.getSubcodeCount(), 1u);
     EXPECT_EQ(fault.getSubcode(0).getLocalName(), "Late");
 }
 
-TEST(TzSoapFaultReading, anUnknownElementEndsTheOneItStandsIn) {
+TEST(TzSoapFaultReading, AnUnknownElementEndsTheOneItStandsIn) {
     const TzSoapFault fault = fault11("<faultcode>S:lost<x>S:found</x>S:late</faultcode>");
     EXPECT_EQ(fault.getCode(), TzXmlName("found", TzXmlNamespace("S", uri11)));
 }
 
-TEST(TzSoapFaultReading, anElementNamedLikeTheFaultDoesNotEndIt) {
+TEST(TzSoapFaultReading, AnElementNamedLikeTheFaultDoesNotEndIt) {
     TzSoapMessage message = read(message11("<S:Fault><x><S:Fault><faultcode>c</faultcode>"
                                            "</S:Fault></x><faultstring>r</faultstring>"
                                            "</S:Fault><a/>"));
@@ -304,14 +304,14 @@ TEST(TzSoapFaultReading, anElementNamedLikeTheFaultDoesNotEndIt) {
     EXPECT_EQ(message.getSoapBody().entryCount(), 1u);
 }
 
-TEST(TzSoapFaultReading, partsAfterTheDetailAreRead) {
+TEST(TzSoapFaultReading, PartsAfterTheDetailAreRead) {
     const TzSoapFault fault = fault11("<detail><a>1</a></detail>\n<x>lost</x>"
                                       "<faultcode>c</faultcode>");
     EXPECT_EQ(fault.getCode(), TzXmlName("c"));
     EXPECT_EQ(detailOf(fault), "a");
 }
 
-TEST(TzSoapFaultReading, theDetailIsReadLikeAComposite) {
+TEST(TzSoapFaultReading, TheDetailIsReadLikeAComposite) {
     const TzSoapFault fault =
         fault11("<detail x=\"1\" xmlns:d=\"urn:d\" S:encodingStyle=\"urn:style\">"
                 "<d:a S:encodingStyle=\"http://schemas.xmlsoap.org/soap/encoding/\"><b>2</b></d:a>"
@@ -324,7 +324,7 @@ TEST(TzSoapFaultReading, theDetailIsReadLikeAComposite) {
     EXPECT_EQ(details.childrenBegin()->getSoapTypeId(), TzSoapContentBase::Composite);
 }
 
-TEST(TzSoapFaultReading, theStyleOfAnEarlierEntryDoesNotReachTheDetail) {
+TEST(TzSoapFaultReading, TheStyleOfAnEarlierEntryDoesNotReachTheDetail) {
     TzSoapMessage message =
         read("<S:Envelope xmlns:S=\"" + uri11 +
              "\"><S:Body S:encodingStyle=\"urn:other\">"
@@ -336,14 +336,14 @@ TEST(TzSoapFaultReading, theStyleOfAnEarlierEntryDoesNotReachTheDetail) {
     EXPECT_EQ(details.childrenBegin()->getSoapTypeId(), TzSoapContentBase::UserDefined);
 }
 
-TEST(TzSoapFaultReading, theFaultsOwnAttributesAreNotKept) {
+TEST(TzSoapFaultReading, TheFaultsOwnAttributesAreNotKept) {
     const TzSoapFault fault =
         faultOf(read(message11("<S:Fault x=\"1\" id=\"i\"><faultcode>c</faultcode></S:Fault>")));
     EXPECT_EQ(fault.getDetails().attributeCount(), 0u);
     EXPECT_EQ(fault.getName().getQualifiedName(), "S:Fault");
 }
 
-TEST(TzSoapFaultReading, aFaultMayStandBesideEntries) {
+TEST(TzSoapFaultReading, AFaultMayStandBesideEntries) {
     TzSoapMessage message =
         read(message12("<a>1</a><e:Fault><e:Code><e:Value>e:Sender</e:Value></e:Code></e:Fault>"
                        "<b>2</b>"));
@@ -352,7 +352,7 @@ TEST(TzSoapFaultReading, aFaultMayStandBesideEntries) {
               "a b");
 }
 
-TEST(TzSoapFaultReading, onlyTheEnvelopeNamespaceMakesAFault) {
+TEST(TzSoapFaultReading, OnlyTheEnvelopeNamespaceMakesAFault) {
     TzSoapMessage message = read(message11("<Fault><faultcode>c</faultcode></Fault>"
                                            "<o:Fault xmlns:o=\"" +
                                            uri12 + "\"/>"));
@@ -361,7 +361,7 @@ TEST(TzSoapFaultReading, onlyTheEnvelopeNamespaceMakesAFault) {
               "Fault Fault");
 }
 
-TEST(TzSoapFaultReading, anEnvelopeNamespaceWithoutItsLastSlashIsTheSame) {
+TEST(TzSoapFaultReading, AnEnvelopeNamespaceWithoutItsLastSlashIsTheSame) {
     TzSoapMessage message =
         read("<S:Envelope xmlns:S=\"http://schemas.xmlsoap.org/soap/envelope\"><S:Body><S:Fault>"
              "<faultcode>S:Client</faultcode></S:Fault></S:Body></S:Envelope>");
@@ -369,7 +369,7 @@ TEST(TzSoapFaultReading, anEnvelopeNamespaceWithoutItsLastSlashIsTheSame) {
     EXPECT_EQ(message.getSoapBody().entryCount(), 0u);
 }
 
-TEST(TzSoapFaultReading, aSecondFaultAddsToTheFirst) {
+TEST(TzSoapFaultReading, ASecondFaultAddsToTheFirst) {
     const TzSoapFault fault = faultOf(read(message12(
         "<e:Fault><e:Code><e:Value>e:One</e:Value><e:Subcode><e:Value>e:s1</e:Value>"
         "</e:Subcode></e:Code><e:Reason>one</e:Reason><e:Node>n</e:Node>"
@@ -385,7 +385,7 @@ TEST(TzSoapFaultReading, aSecondFaultAddsToTheFirst) {
     EXPECT_EQ(detailOf(fault), "a b");
 }
 
-TEST(TzSoapFaultReading, nothingOfAnEarlierMessageIsLeft) {
+TEST(TzSoapFaultReading, NothingOfAnEarlierMessageIsLeft) {
     TzSoapMessage message = read(message12(
         "<e:Fault><e:Code><e:Value>e:One</e:Value><e:Subcode><e:Value>e:s1</e:Value>"
         "</e:Subcode></e:Code><e:Reason>one</e:Reason><e:Node>n</e:Node><e:Role>r</e:Role>"
@@ -402,7 +402,7 @@ TEST(TzSoapFaultReading, nothingOfAnEarlierMessageIsLeft) {
     EXPECT_EQ(fault.getDetails().getName(), TzXmlName("detail"));
 }
 
-TEST(TzSoapFaultReading, aMessageCutWithinAFaultCanBeReplaced) {
+TEST(TzSoapFaultReading, AMessageCutWithinAFaultCanBeReplaced) {
     const std::string whole = message12(
         "<e:Fault xmlns:p=\"urn:p\"><e:Code xmlns:p=\"urn:c\"><e:Value>p:One</e:Value><e:Subcode>"
         "<e:Value>e:s1</e:Value></e:Subcode></e:Code><e:Reason>one</e:Reason>"
@@ -422,7 +422,7 @@ TEST(TzSoapFaultReading, aMessageCutWithinAFaultCanBeReplaced) {
     }
 }
 
-TEST(TzSoapFaultReading, whatIsWrittenIsReadAgain) {
+TEST(TzSoapFaultReading, WhatIsWrittenIsReadAgain) {
     for (const V::Version version : {V::V1_1, V::V1_2}) {
         TzSoapMessage message(version);
         TzSoapFault& fault = message.getSoapBody().getSoapFault();
@@ -439,14 +439,14 @@ TEST(TzSoapFaultReading, whatIsWrittenIsReadAgain) {
     }
 }
 
-TEST(TzSoapFaultReading, theValueOfACodeHasNoWhiteSpaceAroundIt) {
+TEST(TzSoapFaultReading, TheValueOfACodeHasNoWhiteSpaceAroundIt) {
     const TzSoapFault fault = fault11("<faultcode>\n S:Client\n\t</faultcode>");
     EXPECT_EQ(fault.getCode().getLocalName(), "Client\n\t");
     EXPECT_EQ(fault.getCodeValue(), TzXmlName("Client", TzXmlNamespace("S", uri11)));
     EXPECT_EQ(fault.getCodeValue().getPrefix(), "S");
 }
 
-TEST(TzSoapFaultReading, theValueOfACodeIsResolvedWhereItStands) {
+TEST(TzSoapFaultReading, TheValueOfACodeIsResolvedWhereItStands) {
     EXPECT_EQ(fault11("<faultcode xmlns:c='urn:code'> c:Full </faultcode>").getCodeValue(),
               TzXmlName("Full", TzXmlNamespace("c", "urn:code")));
     EXPECT_EQ(
@@ -454,7 +454,7 @@ TEST(TzSoapFaultReading, theValueOfACodeIsResolvedWhereItStands) {
         TzXmlName("Full", TzXmlNamespace("c", "urn:code")));
 }
 
-TEST(TzSoapFaultReading, theValuesOfSubcodesHaveNoWhiteSpaceAroundThem) {
+TEST(TzSoapFaultReading, TheValuesOfSubcodesHaveNoWhiteSpaceAroundThem) {
     const TzSoapFault fault =
         fault12("<e:Code xmlns:c='urn:code'><e:Value>e:Sender</e:Value>"
                 "<e:Subcode><e:Value> c:One </e:Value><e:Subcode><e:Value>c:Two</e:Value>"
@@ -467,7 +467,7 @@ TEST(TzSoapFaultReading, theValuesOfSubcodesHaveNoWhiteSpaceAroundThem) {
     EXPECT_EQ(fault.getCodeValue(), TzXmlName("Sender", TzXmlNamespace("e", uri12)));
 }
 
-TEST(TzSoapFaultReading, theValueOfACodeThatWasSetIsTheCode) {
+TEST(TzSoapFaultReading, TheValueOfACodeThatWasSetIsTheCode) {
     TzSoapFault fault = fault11("<faultcode> S:Client </faultcode>");
     fault.setCode(TzXmlName(" own "));
     EXPECT_EQ(fault.getCodeValue(), TzXmlName(" own "));
@@ -477,7 +477,7 @@ TEST(TzSoapFaultReading, theValueOfACodeThatWasSetIsTheCode) {
     EXPECT_EQ(fault.getCodeValue(), TzXmlName());
 }
 
-TEST(TzSoapFaultReading, theValueOfASubcodeAddedAfterOthersWereRemovedIsTheSubcode) {
+TEST(TzSoapFaultReading, TheValueOfASubcodeAddedAfterOthersWereRemovedIsTheSubcode) {
     TzSoapFault fault =
         fault12("<e:Code><e:Value>e:Sender</e:Value><e:Subcode><e:Value> a </e:Value></e:Subcode>"
                 "</e:Code>");
@@ -487,43 +487,43 @@ TEST(TzSoapFaultReading, theValueOfASubcodeAddedAfterOthersWereRemovedIsTheSubco
     EXPECT_EQ(fault.getSubcodeValue(0), TzXmlName("b"));
 }
 
-TEST(TzSoapFaultReading, aCopyKeepsTheValueOfItsCode) {
+TEST(TzSoapFaultReading, ACopyKeepsTheValueOfItsCode) {
     EXPECT_EQ(fault11("<faultcode> S:Client </faultcode>").copy().getCodeValue(),
               TzXmlName("Client", TzXmlNamespace("S", uri11)));
 }
 
-TEST(TzSoapFaultReading, textDirectlyInsideOfTheDetailIsKept) {
+TEST(TzSoapFaultReading, TextDirectlyInsideOfTheDetailIsKept) {
     EXPECT_EQ(fault11("<detail>out of money</detail>").getDetailText(), "out of money");
     EXPECT_EQ(fault12("<e:Detail>out of <![CDATA[<money>]]></e:Detail>").getDetailText(),
               "out of <money>");
     EXPECT_EQ(fault11("<detail/>").getDetailText(), "");
 }
 
-TEST(TzSoapFaultReading, textBesideTheEntriesOfTheDetailIsKeptInLines) {
+TEST(TzSoapFaultReading, TextBesideTheEntriesOfTheDetailIsKeptInLines) {
     const TzSoapFault fault =
         fault11("<detail>\n one <a/>\n<b><c/>not this</b> two\n lines <d>nor this</d>\n</detail>");
     EXPECT_EQ(fault.getDetailText(), "one\ntwo\n lines");
     EXPECT_EQ(detailOf(fault), "a b d");
 }
 
-TEST(TzSoapFaultReading, theTextOfTheDetailIsKeptUntilItIsCleared) {
+TEST(TzSoapFaultReading, TheTextOfTheDetailIsKeptUntilItIsCleared) {
     TzSoapFault fault = fault11("<detail>cause</detail>");
     EXPECT_EQ(fault.copy().getDetailText(), "cause");
     fault.clear();
     EXPECT_EQ(fault.getDetailText(), "");
 }
 
-TEST(TzSoapFaultReading, whiteSpaceInTheDetailIsNoText) {
+TEST(TzSoapFaultReading, WhiteSpaceInTheDetailIsNoText) {
     EXPECT_EQ(fault11("<detail>\n <a/>\t</detail>").getDetailText(), "");
 }
 
-TEST(TzSoapFaultReading, textInTheDetailIsNotReportedAsDropped) {
+TEST(TzSoapFaultReading, TextInTheDetailIsNotReportedAsDropped) {
     EXPECT_FALSE(read(message11("<S:Fault><detail>a<b/>c</detail></S:Fault>")).hasDroppedText());
     EXPECT_TRUE(
         read(message11("<S:Fault><detail><b>a<c/></b></detail></S:Fault>")).hasDroppedText());
 }
 
-TEST(TzSoapFaultReading, whatFollowsADetailWithTextIsRead) {
+TEST(TzSoapFaultReading, WhatFollowsADetailWithTextIsRead) {
     TzSoapMessage message =
         read(message11("<S:Fault><detail>a<b><c/></b></detail><faultstring>r</faultstring>"
                        "</S:Fault><x><y/></x>"));
@@ -531,13 +531,13 @@ TEST(TzSoapFaultReading, whatFollowsADetailWithTextIsRead) {
     EXPECT_EQ(message.getSoapBody().getChild("x/y").getName(), TzXmlName("y"));
 }
 
-TEST(TzSoapFaultReading, theTextOfTheDetailIsForgottenByTheNextReading) {
+TEST(TzSoapFaultReading, TheTextOfTheDetailIsForgottenByTheNextReading) {
     TzSoapMessage message = read(message11("<S:Fault><detail>a</detail></S:Fault>"));
     message.extract(message11("<S:Fault><detail/></S:Fault>"));
     EXPECT_EQ(message.getSoapBody().getSoapFault().getDetailText(), "");
 }
 
-TEST(TzSoapFaultReading, aReadingThatEndsWithinADetailLeavesTheMessageUsable) {
+TEST(TzSoapFaultReading, AReadingThatEndsWithinADetailLeavesTheMessageUsable) {
     TzSoapMessage message;
     EXPECT_THROW(message.extract(message11("<S:Fault><detail>a<b>")), TzXmlParseError);
     message.extract(message11("<S:Fault><detail>c</detail></S:Fault>"));

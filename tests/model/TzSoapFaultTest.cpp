@@ -30,7 +30,7 @@ std::string detailOf(const TzSoapFault& fault) {
     return namesOf(details.childrenBegin(), details.childrenEnd());
 }
 
-TEST(TzSoapFault, newFaultIsEmptyAndOfTheLatestVersion) {
+TEST(TzSoapFault, NewFaultIsEmptyAndOfTheLatestVersion) {
     const TzSoapFault f;
     EXPECT_EQ(versionOf(f), V::V1_2);
     EXPECT_EQ(f.getName().getQualifiedName(), "env:Fault");
@@ -44,7 +44,7 @@ TEST(TzSoapFault, newFaultIsEmptyAndOfTheLatestVersion) {
     EXPECT_EQ(f.getDetails().getName().getQualifiedName(), "env:Detail");
 }
 
-TEST(TzSoapFault, versionDecidesTheNames) {
+TEST(TzSoapFault, VersionDecidesTheNames) {
     const TzSoapFault f = fault(V::V1_1);
     EXPECT_EQ(f.getName().getQualifiedName(), "SOAP-ENV:Fault");
     EXPECT_EQ(f.getName().getUri(), "http://schemas.xmlsoap.org/soap/envelope/");
@@ -55,7 +55,7 @@ TEST(TzSoapFault, versionDecidesTheNames) {
         "[UNKNOWN_VERSION][SOAP Version specified by URI \"\" is unknown ]");
 }
 
-TEST(TzSoapFault, fieldsHaveTheNamesOfBothVersions) {
+TEST(TzSoapFault, FieldsHaveTheNamesOfBothVersions) {
     TzSoapFault f;
     const TzXmlName code("Sender", TzXmlNamespace("env", "urn:env"));
     f.setCode(code);
@@ -75,14 +75,14 @@ TEST(TzSoapFault, fieldsHaveTheNamesOfBothVersions) {
     EXPECT_EQ(f.getRole(), "urn:role");
 }
 
-TEST(TzSoapFault, codesAreNotCheckedAgainstTheVersion) {
+TEST(TzSoapFault, CodesAreNotCheckedAgainstTheVersion) {
     TzSoapFault f = fault(V::V1_1);
     const TzXmlName code("DataEncodingUnknown", TzXmlNamespace("x", "urn:x"));
     f.setCode(code);
     EXPECT_EQ(f.getCode(), code);
 }
 
-TEST(TzSoapFault, subcodesKeepTheirOrder) {
+TEST(TzSoapFault, SubcodesKeepTheirOrder) {
     TzSoapFault f;
     f.addSubcode(TzXmlName("first", TzXmlNamespace("p", "urn:p")));
     f.addSubcode(TzXmlName("second"));
@@ -96,7 +96,7 @@ TEST(TzSoapFault, subcodesKeepTheirOrder) {
     EXPECT_TRUE(f.getSubcode(0).isEmpty());
 }
 
-TEST(TzSoapFault, aQualifierIsASubcodeWithoutNamespace) {
+TEST(TzSoapFault, AQualifierIsASubcodeWithoutNamespace) {
     TzSoapFault f;
     f.addSubcode(TzXmlName("first"));
     for (const char* text : {"plain", "with:colon", "", "two words"}) {
@@ -110,7 +110,7 @@ TEST(TzSoapFault, aQualifierIsASubcodeWithoutNamespace) {
     EXPECT_EQ(f.getSubcode(0), TzXmlName("first"));
 }
 
-TEST(TzSoapFault, detailEntriesAreNamedSharedAndLast) {
+TEST(TzSoapFault, DetailEntriesAreNamedSharedAndLast) {
     TzSoapFault f;
     TzSoapType value = named("before");
     f.addDetailEntry("first", named("x"));
@@ -121,7 +121,7 @@ TEST(TzSoapFault, detailEntriesAreNamedSharedAndLast) {
     EXPECT_EQ(value.getName().getUri(), "");
 }
 
-TEST(TzSoapFault, aDetailEntryWithoutABodyIsRefused) {
+TEST(TzSoapFault, ADetailEntryWithoutABodyIsRefused) {
     TzSoapFault f;
     TzSoapType moved = named("a");
     const TzSoapType taken = std::move(moved);
@@ -130,7 +130,7 @@ TEST(TzSoapFault, aDetailEntryWithoutABodyIsRefused) {
     EXPECT_EQ(f.getDetails().childCount(), 0u);
 }
 
-TEST(TzSoapFault, aDetailWithoutABodyIsRefused) {
+TEST(TzSoapFault, ADetailWithoutABodyIsRefused) {
     TzSoapFault f;
     f.addDetailEntry("x", named("a"));
     TzSoapCompositeType moved;
@@ -139,7 +139,7 @@ TEST(TzSoapFault, aDetailWithoutABodyIsRefused) {
     EXPECT_EQ(f.getDetails().childCount(), 1u);
 }
 
-TEST(TzSoapFault, setDetailsSharesTheComposite) {
+TEST(TzSoapFault, SetDetailsSharesTheComposite) {
     TzSoapFault f = fault(V::V1_1);
     TzSoapCompositeType details(TzXmlName("mine"));
     details.appendChild(named("a"));
@@ -153,7 +153,7 @@ TEST(TzSoapFault, setDetailsSharesTheComposite) {
     EXPECT_EQ(details.childCount(), 0u);
 }
 
-TEST(TzSoapFault, clearKeepsSubcodesAndNames) {
+TEST(TzSoapFault, ClearKeepsSubcodesAndNames) {
     TzSoapFault f = fault(V::V1_1);
     f.setCode(TzXmlName("Client"));
     f.addSubcode(TzXmlName("sub"));
@@ -179,7 +179,7 @@ TEST(TzSoapFault, clearKeepsSubcodesAndNames) {
     EXPECT_EQ(f.getDetails().getName(), TzXmlName("detail"));
 }
 
-TEST(TzSoapFault, setVersionMovesTheNameAndRenamesTheDetail) {
+TEST(TzSoapFault, SetVersionMovesTheNameAndRenamesTheDetail) {
     TzSoapFault f(fault(V::V1_2));
     f.addDetailEntry("d", named("x"));
     TzSoapFaultImp& body = TzSoapAccess::body(f);
@@ -194,7 +194,7 @@ TEST(TzSoapFault, setVersionMovesTheNameAndRenamesTheDetail) {
     EXPECT_EQ(f.getName().getPrefix(), "SOAP-ENV");
 }
 
-TEST(TzSoapFault, setVersionKeepsTheLocalName) {
+TEST(TzSoapFault, SetVersionKeepsTheLocalName) {
     const TzSoapFault f = TzSoapAccess::handle<TzSoapFault>(
         new TzSoapFaultImp(TzXmlName("Mistake", TzXmlNamespace("p", "urn:p")), V::V1_1));
     EXPECT_EQ(f.getName().getQualifiedName(), "p:Mistake");
@@ -202,7 +202,7 @@ TEST(TzSoapFault, setVersionKeepsTheLocalName) {
     EXPECT_EQ(f.getName().getQualifiedName(), "env:Mistake");
 }
 
-TEST(TzSoapFault, copiesShareTheBody) {
+TEST(TzSoapFault, CopiesShareTheBody) {
     TzSoapFault f;
     TzSoapFault shared = f;
     TzSoapFault assigned = fault(V::V1_1);
@@ -212,7 +212,7 @@ TEST(TzSoapFault, copiesShareTheBody) {
     EXPECT_EQ(assigned.getReason(), "reason");
 }
 
-TEST(TzSoapFault, copyHasEverythingButTheSubcodes) {
+TEST(TzSoapFault, CopyHasEverythingButTheSubcodes) {
     TzSoapFault f = fault(V::V1_1);
     f.setCode(TzXmlName("Client", TzXmlNamespace("p", "urn:p")));
     f.addSubcode(TzXmlName("sub"));
@@ -258,7 +258,7 @@ public:
     void visit(TzSoapMessage&) override {}
 };
 
-TEST(TzSoapFault, acceptVisitorIsVirtual) {
+TEST(TzSoapFault, AcceptVisitorIsVirtual) {
     struct Silent : TzSoapFault {
         using TzSoapFault::acceptVisitor;
         void acceptVisitor(TzSoapVisitor&) override {}
@@ -273,7 +273,7 @@ TEST(TzSoapFault, acceptVisitorIsVirtual) {
     EXPECT_EQ(visitor.faults, 1);
 }
 
-TEST(TzSoapFault, everyOperationWithoutABodyIsRefused) {
+TEST(TzSoapFault, EveryOperationWithoutABodyIsRefused) {
     TzSoapFault none = TzSoapAccess::handle<TzSoapFault>(static_cast<TzSoapFaultImp*>(nullptr));
     const TzSoapFault& constant = none;
     const std::function<void()> actions[] = {
@@ -309,7 +309,7 @@ TEST(TzSoapFault, everyOperationWithoutABodyIsRefused) {
     }
 }
 
-TEST(TzSoapFault, aDetailEntryKeepsTheNamespaceOfItsPrefix) {
+TEST(TzSoapFault, ADetailEntryKeepsTheNamespaceOfItsPrefix) {
     TzSoapFault f;
     TzSoapType value(TzXmlName("x", TzXmlNamespace("e", "urn:errors")));
     f.addDetailEntry("e:cause", value);
@@ -317,7 +317,7 @@ TEST(TzSoapFault, aDetailEntryKeepsTheNamespaceOfItsPrefix) {
     EXPECT_EQ(value.getName().getPrefix(), "e");
 }
 
-TEST(TzSoapFault, aDetailEntryUnderAnotherPrefixIsInNoNamespace) {
+TEST(TzSoapFault, ADetailEntryUnderAnotherPrefixIsInNoNamespace) {
     TzSoapFault f;
     TzSoapType value(TzXmlName("x", TzXmlNamespace("e", "urn:errors")));
     f.addDetailEntry("f:cause", value);

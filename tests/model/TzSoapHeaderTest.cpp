@@ -29,7 +29,7 @@ std::string names(const TzSoapHeader& header) {
     return namesOf(header.entriesBegin(), header.entriesEnd());
 }
 
-TEST(TzSoapHeader, newHeaderIsNamedByItsVersionAndEmpty) {
+TEST(TzSoapHeader, NewHeaderIsNamedByItsVersionAndEmpty) {
     const TzSoapHeader old = header(V::V1_1);
     EXPECT_EQ(old.getName().getQualifiedName(), "SOAP-ENV:Header");
     EXPECT_EQ(old.getName().getUri(), "http://schemas.xmlsoap.org/soap/envelope/");
@@ -42,13 +42,13 @@ TEST(TzSoapHeader, newHeaderIsNamedByItsVersionAndEmpty) {
     EXPECT_FALSE(latest.hasEncodingStyleAttribute());
 }
 
-TEST(TzSoapHeader, unknownVersionIsRefused) {
+TEST(TzSoapHeader, UnknownVersionIsRefused) {
     expectCatalogued<TzXmlError>(
         [] { header(static_cast<V::Version>(3)); }, 0x7011,
         "[UNKNOWN_VERSION][SOAP Version specified by URI \"\" is unknown ]");
 }
 
-TEST(TzSoapHeader, appendingSetsMustUnderstandOnTheCallersEntry) {
+TEST(TzSoapHeader, AppendingSetsMustUnderstandOnTheCallersEntry) {
     TzSoapHeader h = header();
     TzSoapType entry = named("a");
     h.appendHeaderEntry(entry, true);
@@ -60,7 +60,7 @@ TEST(TzSoapHeader, appendingSetsMustUnderstandOnTheCallersEntry) {
     EXPECT_EQ(h.entryCount(), 2u);
 }
 
-TEST(TzSoapHeader, appendingWithAnActorOnlyLeavesMustUnderstandAbsent) {
+TEST(TzSoapHeader, AppendingWithAnActorOnlyLeavesMustUnderstandAbsent) {
     TzSoapHeader h = header();
     TzSoapType entry = named("a");
     h.appendHeaderEntry(entry, TzCString("urn:actor"));
@@ -68,7 +68,7 @@ TEST(TzSoapHeader, appendingWithAnActorOnlyLeavesMustUnderstandAbsent) {
     EXPECT_EQ(entry.getMustUnderstandAttribute(), "");
 }
 
-TEST(TzSoapHeader, appendingWithBothSetsBoth) {
+TEST(TzSoapHeader, AppendingWithBothSetsBoth) {
     TzSoapHeader h = header();
     TzSoapType entry = named("a");
     h.appendHeaderEntry(entry, true, "urn:actor");
@@ -76,7 +76,7 @@ TEST(TzSoapHeader, appendingWithBothSetsBoth) {
     EXPECT_EQ(entry.getMustUnderstandAttribute(), "true");
 }
 
-TEST(TzSoapHeader, whatIsNotGivenStaysAsItIs) {
+TEST(TzSoapHeader, WhatIsNotGivenStaysAsItIs) {
     TzSoapHeader h = header();
     TzSoapType entry = named("a");
     h.appendHeaderEntry(entry, TzCString("urn:actor"));
@@ -90,7 +90,7 @@ TEST(TzSoapHeader, whatIsNotGivenStaysAsItIs) {
     EXPECT_EQ(entry.getMustUnderstandAttribute(), "false");
 }
 
-TEST(TzSoapHeader, aTextLiteralIsAnActor) {
+TEST(TzSoapHeader, ATextLiteralIsAnActor) {
     TzSoapHeader h = header();
     TzSoapType entry = named("a");
     h.appendHeaderEntry(entry, "urn:one");
@@ -104,7 +104,7 @@ TEST(TzSoapHeader, aTextLiteralIsAnActor) {
     EXPECT_EQ(h.entryCount(), 3u);
 }
 
-TEST(TzSoapHeader, theLastFlagsOfAnEntryWin) {
+TEST(TzSoapHeader, TheLastFlagsOfAnEntryWin) {
     TzSoapHeader h = header();
     const TzSoapType entry = named("a");
     h.appendHeaderEntry(entry, true, "urn:first");
@@ -115,7 +115,7 @@ TEST(TzSoapHeader, theLastFlagsOfAnEntryWin) {
     }
 }
 
-TEST(TzSoapHeader, prependedEntriesComeFirst) {
+TEST(TzSoapHeader, PrependedEntriesComeFirst) {
     TzSoapHeader h = header();
     h.appendHeaderEntry(named("a"), true);
     TzSoapType flagged = named("b");
@@ -131,7 +131,7 @@ TEST(TzSoapHeader, prependedEntriesComeFirst) {
     EXPECT_EQ(names(h), "d c b a");
 }
 
-TEST(TzSoapHeader, insertedEntriesComeBeforeThePosition) {
+TEST(TzSoapHeader, InsertedEntriesComeBeforeThePosition) {
     TzSoapHeader h = header();
     h.appendHeaderEntry(named("a"), true);
     h.appendHeaderEntry(named("z"), true);
@@ -150,7 +150,7 @@ TEST(TzSoapHeader, insertedEntriesComeBeforeThePosition) {
     EXPECT_EQ(names(h), "a b c d z end");
 }
 
-TEST(TzSoapHeader, anEntryWithoutABodyIsRefusedAndNothingAdded) {
+TEST(TzSoapHeader, AnEntryWithoutABodyIsRefusedAndNothingAdded) {
     TzSoapHeader h = header();
     TzSoapType moved = named("a");
     const TzSoapType taken = std::move(moved);
@@ -171,7 +171,7 @@ TEST(TzSoapHeader, anEntryWithoutABodyIsRefusedAndNothingAdded) {
     EXPECT_EQ(h.entryCount(), 0u);
 }
 
-TEST(TzSoapHeader, findsAndRemovesByName) {
+TEST(TzSoapHeader, FindsAndRemovesByName) {
     TzSoapHeader h = header();
     for (const char* name : {"a", "b", "a", "c"}) {
         h.appendHeaderEntry(named(name), false);
@@ -193,7 +193,7 @@ TEST(TzSoapHeader, findsAndRemovesByName) {
     EXPECT_EQ(h.entryCount(), 0u);
 }
 
-TEST(TzSoapHeader, copiesShareAndCopyDoesNot) {
+TEST(TzSoapHeader, CopiesShareAndCopyDoesNot) {
     TzSoapHeader h = header(V::V1_1);
     h.appendHeaderEntry(named("a"), true, "urn:actor");
     h.setEncodingStyle("urn:style");
@@ -219,7 +219,7 @@ TEST(TzSoapHeader, copiesShareAndCopyDoesNot) {
     EXPECT_EQ(TzSoapAccess::body(own).getVersion(), V::V1_1);
 }
 
-TEST(TzSoapHeader, copyOfAnEntryKeepsItsKindAndText) {
+TEST(TzSoapHeader, CopyOfAnEntryKeepsItsKindAndText) {
     TzSoapHeader h = header();
     h.appendHeaderEntry(TzSoapSimpleType("a", "text", TzSoapContentBase::xsdString, true), true);
     const TzSoapHeader own = h.copy();
@@ -228,7 +228,7 @@ TEST(TzSoapHeader, copyOfAnEntryKeepsItsKindAndText) {
     EXPECT_FALSE(TzSoapAccess::sameBody(entry, std::as_const(*h.entriesBegin())));
 }
 
-TEST(TzSoapHeader, equalityComparesSharedEntriesOnly) {
+TEST(TzSoapHeader, EqualityComparesSharedEntriesOnly) {
     const TzSoapType a = named("a");
     TzSoapHeader left = header(V::V1_1);
     TzSoapHeader right = header(V::V1_2);
@@ -246,7 +246,7 @@ TEST(TzSoapHeader, equalityComparesSharedEntriesOnly) {
     EXPECT_TRUE(TzSoapAccess::body(left) != TzSoapAccess::body(right));
 }
 
-TEST(TzSoapHeader, setVersionRenamesTheElementAndLeavesEntries) {
+TEST(TzSoapHeader, SetVersionRenamesTheElementAndLeavesEntries) {
     TzSoapHeader h = header(V::V1_2);
     h.appendHeaderEntry(TzSoapType(TzXmlName("a", V::getSoapVersion(V::V1_2).getSoapEnv())), true);
     TzSoapHeaderImp& body = TzSoapAccess::body(h);
@@ -260,7 +260,7 @@ TEST(TzSoapHeader, setVersionRenamesTheElementAndLeavesEntries) {
     EXPECT_EQ(h.getName().getPrefix(), "SOAP-ENV");
 }
 
-TEST(TzSoapHeader, clearEmptiesEverythingButNameAndVersion) {
+TEST(TzSoapHeader, ClearEmptiesEverythingButNameAndVersion) {
     TzSoapHeader h = header(V::V1_1);
     h.appendHeaderEntry(named("a"), true);
     h.addNamespaceAttribute("p", "urn:p");
@@ -282,7 +282,7 @@ TEST(TzSoapHeader, clearEmptiesEverythingButNameAndVersion) {
     EXPECT_EQ(body.getVersion(), V::V1_1);
 }
 
-TEST(TzSoapHeader, aChildThatWasReadKeepsItsFlags) {
+TEST(TzSoapHeader, AChildThatWasReadKeepsItsFlags) {
     TzSoapHeader h = header();
     TzSoapType entry = named("a");
     TzSoapAccess::body(h).addChild(entry);
@@ -293,7 +293,7 @@ TEST(TzSoapHeader, aChildThatWasReadKeepsItsFlags) {
     EXPECT_EQ(names(h), "a a");
 }
 
-TEST(TzSoapHeader, elementOperationsReachTheHeader) {
+TEST(TzSoapHeader, ElementOperationsReachTheHeader) {
     TzSoapHeader h = header();
     h.addAttribute(TzXmlName("x"), "1");
     h.setIdAttribute("i1");
@@ -310,7 +310,7 @@ TEST(TzSoapHeader, elementOperationsReachTheHeader) {
     EXPECT_EQ(h.attributeCount(), 0u);
 }
 
-TEST(TzSoapHeader, everyOperationWithoutABodyIsRefused) {
+TEST(TzSoapHeader, EveryOperationWithoutABodyIsRefused) {
     TzSoapHeader none = TzSoapAccess::handle<TzSoapHeader>(static_cast<TzSoapHeaderImp*>(nullptr));
     const TzSoapHeader& constant = none;
     const TzSoapHeader other = header();

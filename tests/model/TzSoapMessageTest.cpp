@@ -37,7 +37,7 @@ const V::Version both[] = {V::V1_1, V::V1_2};
 const std::string uri11 = "http://schemas.xmlsoap.org/soap/envelope/";
 const std::string uri12 = "http://www.w3.org/2002/06/soap-envelope";
 
-TEST(TzSoapMessage, newMessageIsOfTheLatestVersion) {
+TEST(TzSoapMessage, NewMessageIsOfTheLatestVersion) {
     const TzSoapMessage message;
     EXPECT_EQ(message.getVersion(), V::V1_2);
     EXPECT_EQ(message.getName().getQualifiedName(), "env:Envelope");
@@ -46,7 +46,7 @@ TEST(TzSoapMessage, newMessageIsOfTheLatestVersion) {
     EXPECT_TRUE((std::is_same_v<decltype(TzSoapMessage::EnvelopeLabel), const TzCString>));
 }
 
-TEST(TzSoapMessage, newMessageIsNamedByItsVersionAndEmpty) {
+TEST(TzSoapMessage, NewMessageIsNamedByItsVersionAndEmpty) {
     for (const V::Version version : both) {
         TzSoapMessage message(version);
         const TzXmlNamespace& envelope = V::getSoapVersion(version).getSoapEnv();
@@ -68,13 +68,13 @@ TEST(TzSoapMessage, newMessageIsNamedByItsVersionAndEmpty) {
     }
 }
 
-TEST(TzSoapMessage, unknownVersionIsRefused) {
+TEST(TzSoapMessage, UnknownVersionIsRefused) {
     expectCatalogued<TzXmlError>(
         [] { TzSoapMessage message(static_cast<V::Version>(3)); }, 0x7011,
         "[UNKNOWN_VERSION][SOAP Version specified by URI \"\" is unknown ]");
 }
 
-TEST(TzSoapMessage, typeNamesTheEnvelopeNamespace) {
+TEST(TzSoapMessage, TypeNamesTheEnvelopeNamespace) {
     EXPECT_EQ(TzSoapMessage().getMessageType(),
               "SOAPMessage:http://www.w3.org/2002/06/soap-envelope");
     EXPECT_EQ(TzSoapMessage(V::V1_1).getMessageType(),
@@ -84,14 +84,14 @@ TEST(TzSoapMessage, typeNamesTheEnvelopeNamespace) {
     EXPECT_EQ(prefixed.getMessageType(), "SOAPMessage:http://www.w3.org/2002/06/soap-envelope");
 }
 
-TEST(TzSoapMessage, newMessagesHaveThePrefixesOfTheirVersion) {
+TEST(TzSoapMessage, NewMessagesHaveThePrefixesOfTheirVersion) {
     EXPECT_EQ(TzSoapMessage(V::V1_1).getSoapPrefix(), "SOAP-ENV");
     EXPECT_EQ(TzSoapMessage(V::V1_1).getSoapEncodingPrefix(), "SOAP-ENC");
     EXPECT_EQ(TzSoapMessage(V::V1_2).getSoapPrefix(), "env");
     EXPECT_EQ(TzSoapMessage(V::V1_2).getSoapEncodingPrefix(), "enc");
 }
 
-TEST(TzSoapMessage, soapPrefixIsThatOfTheEnvelopeName) {
+TEST(TzSoapMessage, SoapPrefixIsThatOfTheEnvelopeName) {
     TzSoapMessage message(V::V1_1);
     message.setSoapPrefix("soap");
     EXPECT_EQ(message.getSoapPrefix(), "soap");
@@ -102,7 +102,7 @@ TEST(TzSoapMessage, soapPrefixIsThatOfTheEnvelopeName) {
     EXPECT_EQ(message.getSoapPrefix(), "soap");
 }
 
-TEST(TzSoapMessage, prologIsAbsentPresentAndAbsentAgain) {
+TEST(TzSoapMessage, PrologIsAbsentPresentAndAbsentAgain) {
     TzSoapMessage message;
     EXPECT_FALSE(message.hasProlog());
     EXPECT_EQ(message.getProlog(), TzXmlProlog());
@@ -116,7 +116,7 @@ TEST(TzSoapMessage, prologIsAbsentPresentAndAbsentAgain) {
     EXPECT_EQ(message.getProlog(), TzXmlProlog());
 }
 
-TEST(TzSoapMessage, typeRegistryIsItsOwn) {
+TEST(TzSoapMessage, TypeRegistryIsItsOwn) {
     TzSoapMessage message;
     TzSoapTypeRegistry registry;
     registry.registerType(TzXmlName("a"), TzXmlName("t"));
@@ -128,7 +128,7 @@ TEST(TzSoapMessage, typeRegistryIsItsOwn) {
     EXPECT_TRUE(std::as_const(message).getTypeRegistry().typeExists(TzXmlName("c")));
 }
 
-TEST(TzSoapMessage, readLimitsAreKept) {
+TEST(TzSoapMessage, ReadLimitsAreKept) {
     TzSoapMessage message;
     EXPECT_EQ(message.getReadLimits().depth, TzSoapReadLimits().depth);
     EXPECT_EQ(message.getReadLimits().attributes, TzSoapReadLimits().attributes);
@@ -139,7 +139,7 @@ TEST(TzSoapMessage, readLimitsAreKept) {
     EXPECT_EQ(message.getReadLimits().unfilledArrayPositions, 7u);
 }
 
-TEST(TzSoapMessage, elementOperationsReachTheEnvelope) {
+TEST(TzSoapMessage, ElementOperationsReachTheEnvelope) {
     TzSoapMessage message;
     message.setEncodingStyle("urn:style");
     message.addNamespaceAttribute("p", "urn:p");
@@ -153,7 +153,7 @@ TEST(TzSoapMessage, elementOperationsReachTheEnvelope) {
     EXPECT_FALSE(message.hasEncodingStyleAttribute());
 }
 
-TEST(TzSoapMessage, setVersionRenamesAllThatDependsOnIt) {
+TEST(TzSoapMessage, SetVersionRenamesAllThatDependsOnIt) {
     for (const V::Version from : both) {
         const V::Version to = from == V::V1_1 ? V::V1_2 : V::V1_1;
         TzSoapMessage message(from);
@@ -179,7 +179,7 @@ TEST(TzSoapMessage, setVersionRenamesAllThatDependsOnIt) {
     }
 }
 
-TEST(TzSoapMessage, settingAnUnknownVersionChangesNothing) {
+TEST(TzSoapMessage, SettingAnUnknownVersionChangesNothing) {
     TzSoapMessage message(V::V1_1);
     expectCatalogued<TzXmlError>(
         [&] { message.setVersion(static_cast<V::Version>(0)); }, 0x7011,
@@ -189,7 +189,7 @@ TEST(TzSoapMessage, settingAnUnknownVersionChangesNothing) {
     EXPECT_EQ(message.getSoapBody().getName().getUri(), uri11);
 }
 
-TEST(TzSoapMessage, headerAndBodyAreSharedWithTheirHandles) {
+TEST(TzSoapMessage, HeaderAndBodyAreSharedWithTheirHandles) {
     TzSoapMessage message;
     TzSoapHeader header = message.getSoapHeader();
     TzSoapBody body = message.getSoapBody();
@@ -201,7 +201,7 @@ TEST(TzSoapMessage, headerAndBodyAreSharedWithTheirHandles) {
     EXPECT_EQ(std::as_const(message).getSoapBody().entryCount(), 1u);
 }
 
-TEST(TzSoapMessage, copyingTheHandleShares) {
+TEST(TzSoapMessage, CopyingTheHandleShares) {
     TzSoapMessage message;
     TzSoapMessage shared = message;
     TzSoapMessage assigned(V::V1_1);
@@ -229,7 +229,7 @@ TzSoapMessage fullMessage() {
     return message;
 }
 
-TEST(TzSoapMessage, copyHasEverythingAndSharesNothing) {
+TEST(TzSoapMessage, CopyHasEverythingAndSharesNothing) {
     TzSoapMessage message = fullMessage();
     TzSoapMessage own = message.copy();
     EXPECT_EQ(own.getVersion(), V::V1_1);
@@ -260,7 +260,7 @@ TEST(TzSoapMessage, copyHasEverythingAndSharesNothing) {
     EXPECT_TRUE(message.getSoapBody().hasSoapFault());
 }
 
-TEST(TzSoapMessage, clearEmptiesInPlace) {
+TEST(TzSoapMessage, ClearEmptiesInPlace) {
     TzSoapMessage message = fullMessage();
     TzSoapHeader header = message.getSoapHeader();
     TzSoapBody body = message.getSoapBody();
@@ -281,7 +281,7 @@ TEST(TzSoapMessage, clearEmptiesInPlace) {
     EXPECT_EQ(message.getReadLimits().depth, 5u);
 }
 
-TEST(TzSoapMessage, extractReplacesTheContentInPlace) {
+TEST(TzSoapMessage, ExtractReplacesTheContentInPlace) {
     TzSoapMessage message = fullMessage();
     message.getSoapBody().getSoapFault().clear();
     TzSoapHeader header = message.getSoapHeader();
@@ -298,7 +298,7 @@ TEST(TzSoapMessage, extractReplacesTheContentInPlace) {
     EXPECT_TRUE(message.getTypeRegistry().typeExists(TzXmlName("a")));
 }
 
-TEST(TzSoapMessage, prefixesThatNothingDeclaresAreNoError) {
+TEST(TzSoapMessage, PrefixesThatNothingDeclaresAreNoError) {
     for (const V::Version version : {V::V1_1, V::V1_2}) {
         TzSoapMessage message;
         message.extract("<S:Envelope xmlns:S=\"" +
@@ -317,7 +317,7 @@ TEST(TzSoapMessage, prefixesThatNothingDeclaresAreNoError) {
     }
 }
 
-TEST(TzSoapMessage, aSecondHeaderAndASecondBodyAddToTheFirst) {
+TEST(TzSoapMessage, ASecondHeaderAndASecondBodyAddToTheFirst) {
     TzSoapMessage message;
     message.extract("<E:Envelope xmlns:E=\"" + uri12 +
                     "\"><E:Header a=\"1\" b=\"1\"><h1/></E:Header><E:Body c=\"1\"><b1/></E:Body>"
@@ -333,7 +333,7 @@ TEST(TzSoapMessage, aSecondHeaderAndASecondBodyAddToTheFirst) {
     EXPECT_TRUE(body.hasAttribute(TzXmlName("d")));
 }
 
-TEST(TzSoapMessage, headerAndBodyTakeTheirNamesAttributesAndStyleFromTheText) {
+TEST(TzSoapMessage, HeaderAndBodyTakeTheirNamesAttributesAndStyleFromTheText) {
     TzSoapMessage message;
     message.extract("<E:Envelope xmlns:E=\"" + uri11 + "\"><H:Header xmlns:H=\"" + uri11 +
                     "\" H:encodingStyle=\"urn:header\" x=\"1\"/>"
@@ -351,7 +351,7 @@ TEST(TzSoapMessage, headerAndBodyTakeTheirNamesAttributesAndStyleFromTheText) {
     EXPECT_TRUE(body.hasAttribute(TzXmlAttribute("y", "2")));
 }
 
-TEST(TzSoapMessage, styleAndPrefixesOfTheHeaderEndWithIt) {
+TEST(TzSoapMessage, StyleAndPrefixesOfTheHeaderEndWithIt) {
     TzSoapMessage message;
     message.extract("<E:Envelope xmlns:E=\"" + uri11 +
                     "\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">"
@@ -364,7 +364,7 @@ TEST(TzSoapMessage, styleAndPrefixesOfTheHeaderEndWithIt) {
     EXPECT_EQ(entry.getType().getUri(), "");
 }
 
-TEST(TzSoapMessage, anEmptyStyleOfTheBodyIsInForce) {
+TEST(TzSoapMessage, AnEmptyStyleOfTheBodyIsInForce) {
     TzSoapMessage message;
     message.extract("<E:Envelope xmlns:E=\"" + uri11 +
                     "\" E:encodingStyle=\"urn:other\"><E:Header><h/></E:Header>"
@@ -374,7 +374,7 @@ TEST(TzSoapMessage, anEmptyStyleOfTheBodyIsInForce) {
     EXPECT_EQ(message.getSoapBody().entriesBegin()->getSoapTypeId(), TzSoapContentBase::Simple);
 }
 
-TEST(TzSoapMessage, flagsOfHeaderEntriesAreThoseOfTheText) {
+TEST(TzSoapMessage, FlagsOfHeaderEntriesAreThoseOfTheText) {
     TzSoapMessage message;
     message.extract("<E:Envelope xmlns:E=\"" + uri11 +
                     "\"><E:Header><a E:mustUnderstand=\"1\" E:actor=\"urn:actor\"/><b/>"
@@ -389,7 +389,7 @@ TEST(TzSoapMessage, flagsOfHeaderEntriesAreThoseOfTheText) {
     EXPECT_EQ(entry->getMustUnderstandAttribute(), "false");
 }
 
-TEST(TzSoapMessage, everyOperationWithoutABodyIsRefused) {
+TEST(TzSoapMessage, EveryOperationWithoutABodyIsRefused) {
     TzSoapMessage none;
     const TzSoapMessage taken = std::move(none);
     const TzSoapMessage& constant = none; // NOLINT(bugprone-use-after-move): wanted without a body

@@ -25,13 +25,13 @@ TzSoapValueList listOf(std::initializer_list<const char*> values) {
     return list;
 }
 
-TEST(TzSoapValueList, newListIsEmpty) {
+TEST(TzSoapValueList, NewListIsEmpty) {
     const TzSoapValueList list;
     EXPECT_EQ(list.size(), 0u);
     EXPECT_EQ(list.begin(), list.end());
 }
 
-TEST(TzSoapValueList, valuesStandWhereTheyWereAdded) {
+TEST(TzSoapValueList, ValuesStandWhereTheyWereAdded) {
     TzSoapValueList list;
     list.append(named("b"));
     list.append(named("c"));
@@ -43,7 +43,7 @@ TEST(TzSoapValueList, valuesStandWhereTheyWereAdded) {
     EXPECT_EQ(list.size(), 5u);
 }
 
-TEST(TzSoapValueList, addedValuesAreShared) {
+TEST(TzSoapValueList, AddedValuesAreShared) {
     TzSoapType value = named("a");
     TzSoapValueList list;
     list.append(value);
@@ -55,7 +55,7 @@ TEST(TzSoapValueList, addedValuesAreShared) {
     }
 }
 
-TEST(TzSoapValueList, findsTheFirstOfAName) {
+TEST(TzSoapValueList, FindsTheFirstOfAName) {
     TzSoapValueList list = listOf({"a", "b", "a"});
     EXPECT_EQ(list.find("a"), list.begin());
     EXPECT_EQ(std::as_const(list).find("b"), std::next(std::as_const(list).begin()));
@@ -63,7 +63,7 @@ TEST(TzSoapValueList, findsTheFirstOfAName) {
     EXPECT_EQ(std::as_const(list).find("c"), std::as_const(list).end());
 }
 
-TEST(TzSoapValueList, findsByUriAndLocalPart) {
+TEST(TzSoapValueList, FindsByUriAndLocalPart) {
     TzSoapValueList list;
     list.append(TzSoapType(TzXmlName("a", TzXmlNamespace("p", "urn:one"))));
     list.append(TzSoapType(TzXmlName("a", TzXmlNamespace("p", "urn:two"))));
@@ -71,7 +71,7 @@ TEST(TzSoapValueList, findsByUriAndLocalPart) {
     EXPECT_EQ(list.find("a"), list.end());
 }
 
-TEST(TzSoapValueList, removesTheFirstOfAName) {
+TEST(TzSoapValueList, RemovesTheFirstOfAName) {
     TzSoapValueList list = listOf({"a", "b", "a"});
     list.remove(TzXmlName("a"));
     EXPECT_EQ(names(list), "b a");
@@ -80,7 +80,7 @@ TEST(TzSoapValueList, removesTheFirstOfAName) {
     EXPECT_EQ(list.size(), 2u);
 }
 
-TEST(TzSoapValueList, removesAPositionAndReturnsTheNext) {
+TEST(TzSoapValueList, RemovesAPositionAndReturnsTheNext) {
     TzSoapValueList list = listOf({"a", "b", "c"});
     const auto next = list.remove(std::next(list.begin()));
     EXPECT_EQ(next->getName(), TzXmlName("c"));
@@ -88,7 +88,7 @@ TEST(TzSoapValueList, removesAPositionAndReturnsTheNext) {
     EXPECT_EQ(list.remove(next), list.end());
 }
 
-TEST(TzSoapValueList, removesAllOfANameAndKeepsTheOrder) {
+TEST(TzSoapValueList, RemovesAllOfANameAndKeepsTheOrder) {
     TzSoapValueList list = listOf({"a", "b", "a", "c", "a"});
     list.removeAll(TzXmlName("a"));
     EXPECT_EQ(names(list), "b c");
@@ -97,7 +97,7 @@ TEST(TzSoapValueList, removesAllOfANameAndKeepsTheOrder) {
     EXPECT_EQ(names(list), "b c");
 }
 
-TEST(TzSoapValueList, theNameToRemoveMayBeThatOfAValueThatGoes) {
+TEST(TzSoapValueList, TheNameToRemoveMayBeThatOfAValueThatGoes) {
     TzSoapValueList list = listOf({"a", "b", "a", "a"});
     list.removeAll(std::as_const(*list.begin()).getName());
     EXPECT_EQ(names(list), "b");
@@ -105,7 +105,7 @@ TEST(TzSoapValueList, theNameToRemoveMayBeThatOfAValueThatGoes) {
     EXPECT_EQ(list.size(), 0u);
 }
 
-TEST(TzSoapValueList, emptyListStaysEmpty) {
+TEST(TzSoapValueList, EmptyListStaysEmpty) {
     TzSoapValueList list;
     list.remove(TzXmlName("a"));
     list.removeAll(TzXmlName("a"));
@@ -114,7 +114,7 @@ TEST(TzSoapValueList, emptyListStaysEmpty) {
     EXPECT_EQ(list.size(), 0u);
 }
 
-TEST(TzSoapValueList, copyingTheListSharesItsValues) {
+TEST(TzSoapValueList, CopyingTheListSharesItsValues) {
     TzSoapValueList list = listOf({"a", "b"});
     const TzSoapValueList copy = list;
     EXPECT_TRUE(copy.sharesValues(list));
@@ -122,7 +122,7 @@ TEST(TzSoapValueList, copyingTheListSharesItsValues) {
     EXPECT_EQ(names(copy), "a b");
 }
 
-TEST(TzSoapValueList, copiedValuesAreValuesOfTheirOwn) {
+TEST(TzSoapValueList, CopiedValuesAreValuesOfTheirOwn) {
     TzSoapValueList list = listOf({"a", "b"});
     const TzSoapValueList copy = list.copyValues();
     EXPECT_EQ(names(copy), "a b");
@@ -131,7 +131,7 @@ TEST(TzSoapValueList, copiedValuesAreValuesOfTheirOwn) {
     EXPECT_FALSE(copy.begin()->getRoot());
 }
 
-TEST(TzSoapValueList, sharesValuesPositionByPosition) {
+TEST(TzSoapValueList, SharesValuesPositionByPosition) {
     const TzSoapType a = named("a");
     const TzSoapType b = named("b");
     TzSoapValueList ab;
@@ -148,7 +148,7 @@ TEST(TzSoapValueList, sharesValuesPositionByPosition) {
     EXPECT_TRUE(TzSoapValueList().sharesValues(TzSoapValueList()));
 }
 
-TEST(TzSoapValueList, searchingMeetsAValueWithoutABody) {
+TEST(TzSoapValueList, SearchingMeetsAValueWithoutABody) {
     TzSoapType moved = named("a");
     const TzSoapType taken = std::move(moved);
     TzSoapValueList list;
@@ -157,7 +157,7 @@ TEST(TzSoapValueList, searchingMeetsAValueWithoutABody) {
     EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&] { list.find("a"); }), "Invalid pointer");
 }
 
-TEST(TzSoapValueList, placeholdersCannotBeCopied) {
+TEST(TzSoapValueList, PlaceholdersCannotBeCopied) {
     TzSoapValueList list;
     list.append(named("a"));
     list.append(TzSoapDefaultType());

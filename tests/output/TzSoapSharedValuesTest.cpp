@@ -59,7 +59,7 @@ TzSoapCompositeType around(const TzSoapType& value) {
 
 } // namespace
 
-TEST_P(TzSoapSharedValues, areWrittenInEachPlace) {
+TEST_P(TzSoapSharedValues, AreWrittenInEachPlace) {
     const TzSoapSimpleType leaf("leaf", "text", TzSoapContentBase::xsdString, false);
     TzSoapCompositeType pair = around(leaf);
     pair.appendChild(leaf);
@@ -72,7 +72,7 @@ TEST_P(TzSoapSharedValues, areWrittenInEachPlace) {
     EXPECT_EQ(countOf(">text<", write(message)), 10U);
 }
 
-TEST_P(TzSoapSharedValues, itemsAreWrittenInEachPosition) {
+TEST_P(TzSoapSharedValues, ItemsAreWrittenInEachPosition) {
     const TzSoapSimpleType leaf("leaf", "text", TzSoapContentBase::xsdString, false);
     TzSoapCompactArrayType compact("x", 3, 0);
     TzSoapSparseArrayType sparse("x", 9);
@@ -85,7 +85,7 @@ TEST_P(TzSoapSharedValues, itemsAreWrittenInEachPosition) {
     EXPECT_EQ(countOf(">text<", write(both)), 6U);
 }
 
-TEST_P(TzSoapSharedValues, withAnIdAreWrittenInEachPlaceToo) {
+TEST_P(TzSoapSharedValues, WithAnIdAreWrittenInEachPlaceToo) {
     TzSoapSimpleType leaf("leaf", "text", TzSoapContentBase::xsdString, false);
     leaf.setIdAttribute("i");
     TzSoapCompositeType value = around(leaf);
@@ -94,14 +94,14 @@ TEST_P(TzSoapSharedValues, withAnIdAreWrittenInEachPlaceToo) {
     EXPECT_EQ(countOf(">text<", write(value)), 2U);
 }
 
-TEST_P(TzSoapSharedValues, aStructWithinItselfIsRefused) {
+TEST_P(TzSoapSharedValues, AStructWithinItselfIsRefused) {
     TzSoapCompositeType value(TzXmlName("a"));
     value.appendChild(around(around(value)));
     EXPECT_THROW(write(value), TzXmlDomainError);
     value.clearChildren();
 }
 
-TEST_P(TzSoapSharedValues, arraysWithinThemselvesAreRefused) {
+TEST_P(TzSoapSharedValues, ArraysWithinThemselvesAreRefused) {
     TzSoapCompactArrayType compact("x", 2, 0);
     TzSoapSparseArrayType sparse("x", 9);
     compact[0] = sparse;
@@ -110,7 +110,7 @@ TEST_P(TzSoapSharedValues, arraysWithinThemselvesAreRefused) {
     compact[0] = TzSoapType(TzXmlName("end"));
 }
 
-TEST_P(TzSoapSharedValues, aNilStructWithinItselfIsWrittenWithoutContent) {
+TEST_P(TzSoapSharedValues, ANilStructWithinItselfIsWrittenWithoutContent) {
     TzSoapCompositeType value(TzXmlName("a"));
     value.appendChild(value);
     value.setNull(true);
@@ -118,7 +118,7 @@ TEST_P(TzSoapSharedValues, aNilStructWithinItselfIsWrittenWithoutContent) {
     value.clearChildren();
 }
 
-TEST_P(TzSoapSharedValues, aStructThatRefersToItselfIsWrittenOnce) {
+TEST_P(TzSoapSharedValues, AStructThatRefersToItselfIsWrittenOnce) {
     TzSoapCompositeType value(TzXmlName("a"));
     value.setIdAttribute("i");
     value.appendChild(TzSoapReferenceType(TzXmlName("r"), value));
@@ -127,7 +127,7 @@ TEST_P(TzSoapSharedValues, aStructThatRefersToItselfIsWrittenOnce) {
     value.clearChildren();
 }
 
-TEST_P(TzSoapSharedValues, aRingThatLostItsIdsIsWrittenOnce) {
+TEST_P(TzSoapSharedValues, ARingThatLostItsIdsIsWrittenOnce) {
     const WireForm wire(TzSoapVersion::V1_1);
     const TzSoapMessage message = readMessage(wire.body(
         "<a id=\"1\"><r " + wire.ref("2") + "/></a><b id=\"2\"><r " + wire.ref("1") + "/></b>"));
@@ -143,7 +143,7 @@ TEST_P(TzSoapSharedValues, aRingThatLostItsIdsIsWrittenOnce) {
 }
 
 // A large value within itself must not be unrolled until the elements are nested too deeply.
-TEST_P(TzSoapSharedValues, aValueWithinItselfIsRefusedAtItsSecondStart) {
+TEST_P(TzSoapSharedValues, AValueWithinItselfIsRefusedAtItsSecondStart) {
     TzSoapCompositeType value(TzXmlName("a"));
     for (int i = 0; i < 10000; ++i) {
         value.appendChild(TzSoapType(TzXmlName("b")));

@@ -47,12 +47,12 @@ TzSoapMessage numbers() {
 
 } // namespace
 
-TEST(ForeignLocaleUse, theLocaleOfTheTestWouldBeSeen) {
+TEST(ForeignLocaleUse, TheLocaleOfTheTestWouldBeSeen) {
     const ForeignLocale foreign;
     EXPECT_EQ(inStream(1234.5), "1.234,5");
 }
 
-TEST(ForeignLocaleUse, messagesAreWrittenAsEver) {
+TEST(ForeignLocaleUse, MessagesAreWrittenAsEver) {
     const std::string written = numbers().asString();
     EXPECT_NE(written.find(">1234567<"), std::string::npos) << written;
     EXPECT_NE(written.find(">1234.5<"), std::string::npos) << written;
@@ -62,7 +62,7 @@ TEST(ForeignLocaleUse, messagesAreWrittenAsEver) {
     EXPECT_EQ(numbers().asString(), written);
 }
 
-TEST(ForeignLocaleUse, messagesAreReadAsEver) {
+TEST(ForeignLocaleUse, MessagesAreReadAsEver) {
     const std::string written = numbers().asString();
     const ForeignLocale foreign;
     const TzSoapMessage message = readMessage(written);
@@ -80,7 +80,7 @@ TEST(ForeignLocaleUse, messagesAreReadAsEver) {
     EXPECT_EQ(simple(sparseArray(12345U)).getInt(), 1000);
 }
 
-TEST(ForeignLocaleUse, messagesOfAllKindsAreWrittenAndReadAsEver) {
+TEST(ForeignLocaleUse, MessagesOfAllKindsAreWrittenAndReadAsEver) {
     for (std::uint32_t seed = 1; seed <= 100; ++seed) {
         TzSoapMessage message = Generator(seed).message();
         const std::string written = message.asString();
@@ -94,7 +94,7 @@ TEST(ForeignLocaleUse, messagesOfAllKindsAreWrittenAndReadAsEver) {
     }
 }
 
-TEST(ForeignLocaleUse, errorsNameNumbersAsEver) {
+TEST(ForeignLocaleUse, ErrorsNameNumbersAsEver) {
     const ForeignLocale foreign;
     try {
         readMessage(
@@ -107,7 +107,7 @@ TEST(ForeignLocaleUse, errorsNameNumbersAsEver) {
     }
 }
 
-TEST(ForeignLocaleUse, datesDecimalsAndTheirTextsAreAsEver) {
+TEST(ForeignLocaleUse, DatesDecimalsAndTheirTextsAreAsEver) {
     const ForeignLocale foreign;
     TzSoapSimpleType value(TzXmlName("a"), "2026-11-21T12:34:56.5Z", Base::xsdDateTime, true);
     EXPECT_EQ(

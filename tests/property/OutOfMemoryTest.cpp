@@ -136,28 +136,28 @@ void extract(const std::string& text) {
 
 } // namespace
 
-TEST_P(OutOfMemoryIn, building) {
+TEST_P(OutOfMemoryIn, Building) {
     failEach([this] { build(version(), true); }, 50);
 }
 
-TEST_P(OutOfMemoryIn, writing) {
+TEST_P(OutOfMemoryIn, Writing) {
     failEach([this] { build(version()).asString(); }, 100);
 }
 
-TEST_P(OutOfMemoryIn, writingAPackage) {
+TEST_P(OutOfMemoryIn, WritingAPackage) {
     failEach([this] { build(version(), true).asMimeMultipart().asString(); }, 100);
 }
 
-TEST_P(OutOfMemoryIn, serializing) {
+TEST_P(OutOfMemoryIn, Serializing) {
     failEach([this] { serialize(build(version())); }, 100);
 }
 
-TEST_P(OutOfMemoryIn, extracting) {
+TEST_P(OutOfMemoryIn, Extracting) {
     const std::string text = build(version()).asString();
     failEach([&text] { extract(text); }, 50);
 }
 
-TEST_P(OutOfMemoryIn, extractingArrays) {
+TEST_P(OutOfMemoryIn, ExtractingArrays) {
     const std::string text =
         wire.body("<a " + wire.array("xsd:int", "3") + "><i>1</i><i>2</i></a><b " +
                   wire.array("xsd:int", "900") + "><i " + wire.position("700") + ">1</i></b><c " +
@@ -165,25 +165,25 @@ TEST_P(OutOfMemoryIn, extractingArrays) {
     failEach([&text] { extract(text); }, 20);
 }
 
-TEST_P(OutOfMemoryIn, extractingReferences) {
+TEST_P(OutOfMemoryIn, ExtractingReferences) {
     const std::string text = wire.message(
         "<a " + wire.ref("one") + "/><ring id='ring'><r " + wire.ref("ring") + "/></ring>",
         "<b " + wire.ref("none") + "/><c id='one'><d " + wire.ref("one") + "/></c>");
     failEach([&text] { extract(text); }, 30);
 }
 
-TEST_P(OutOfMemoryIn, extractingAPackage) {
+TEST_P(OutOfMemoryIn, ExtractingAPackage) {
     const std::string text = build(version(), true).asString();
     failEach([&text] { extract(text); }, 50);
 }
 
-TEST_P(OutOfMemoryIn, extractingMarkupOfOthers) {
+TEST_P(OutOfMemoryIn, ExtractingMarkupOfOthers) {
     const std::string text =
         wire.body("<a e:encodingStyle='urn:style'><b c='d'>" + std::string(LongText) + "</b></a>");
     failEach([&text] { extract(text); }, 10);
 }
 
-TEST_P(OutOfMemoryIn, converting) {
+TEST_P(OutOfMemoryIn, Converting) {
     failEach(
         [this] {
             TzSoapMessage message = build(version(), true);
@@ -192,12 +192,12 @@ TEST_P(OutOfMemoryIn, converting) {
         100);
 }
 
-TEST_P(OutOfMemoryIn, copying) {
+TEST_P(OutOfMemoryIn, Copying) {
     const TzSoapMessage message = build(version(), true);
     failEach([&message] { message.copy(); }, 40);
 }
 
-TEST_P(OutOfMemoryIn, refusingAText) {
+TEST_P(OutOfMemoryIn, RefusingAText) {
     failEach(
         [this] {
             try {
@@ -209,7 +209,7 @@ TEST_P(OutOfMemoryIn, refusingAText) {
         20);
 }
 
-TEST_P(OutOfMemoryIn, answeringWithAFault) {
+TEST_P(OutOfMemoryIn, AnsweringWithAFault) {
     const TzSoapMessage message = build(version());
     failEach(
         [&] {
@@ -220,7 +220,7 @@ TEST_P(OutOfMemoryIn, answeringWithAFault) {
         20);
 }
 
-TEST_P(OutOfMemoryIn, callingOverHttp) {
+TEST_P(OutOfMemoryIn, CallingOverHttp) {
     const TzSoapMessage message = build(version(), true);
     failEach(
         [&] {
@@ -233,7 +233,7 @@ TEST_P(OutOfMemoryIn, callingOverHttp) {
         100);
 }
 
-TEST_P(OutOfMemoryIn, changingAttributes) {
+TEST_P(OutOfMemoryIn, ChangingAttributes) {
     failEach(
         [] {
             TzSoapType value("element");
@@ -251,19 +251,19 @@ TEST_P(OutOfMemoryIn, changingAttributes) {
         100);
 }
 
-TEST_P(OutOfMemoryIn, aMessageThatCouldNotBeWrittenIsWrittenLater) {
+TEST_P(OutOfMemoryIn, AMessageThatCouldNotBeWrittenIsWrittenLater) {
     const TzSoapMessage message = build(version());
     const std::string written = build(version()).asString();
     afterEach([&] { message.asString(); }, [&] { ASSERT_EQ(message.asString(), written); });
 }
 
-TEST_P(OutOfMemoryIn, aMessageThatCouldNotBeSerializedIsSerializedLater) {
+TEST_P(OutOfMemoryIn, AMessageThatCouldNotBeSerializedIsSerializedLater) {
     const TzSoapMessage message = build(version());
     const std::string written = serialize(build(version()));
     afterEach([&] { serialize(message); }, [&] { ASSERT_EQ(serialize(message), written); });
 }
 
-TEST_P(OutOfMemoryIn, aMessageThatCouldNotBeReadReadsTheNextText) {
+TEST_P(OutOfMemoryIn, AMessageThatCouldNotBeReadReadsTheNextText) {
     const std::string text = build(version(), true).asString();
     TzSoapMessage read;
     read.extract(text);
@@ -276,13 +276,13 @@ TEST_P(OutOfMemoryIn, aMessageThatCouldNotBeReadReadsTheNextText) {
               });
 }
 
-TEST_P(OutOfMemoryIn, aMessageThatCouldNotBeCopiedStaysAsItIs) {
+TEST_P(OutOfMemoryIn, AMessageThatCouldNotBeCopiedStaysAsItIs) {
     const TzSoapMessage message = build(version());
     const std::string written = message.asString();
     afterEach([&] { message.copy(); }, [&] { ASSERT_EQ(message.asString(), written); });
 }
 
-TEST_P(OutOfMemoryIn, anEntryThatCouldNotBeAddedIsNotThere) {
+TEST_P(OutOfMemoryIn, AnEntryThatCouldNotBeAddedIsNotThere) {
     TzSoapMessage message(version());
     TzSoapBody& body = message.getSoapBody();
     const TzSoapCompositeType entry = record();
@@ -344,7 +344,7 @@ int firstUseElsewhere(std::size_t nth) {
 } // namespace
 
 // Meant to run in a new process, where other tests left nothing.
-TEST(OutOfMemory, theFirstUseReportsIt) {
+TEST(OutOfMemory, TheFirstUseReportsIt) {
     std::size_t nth = 1;
     int outcome = OutOfMemoryReported;
     for (; outcome == OutOfMemoryReported; ++nth) {

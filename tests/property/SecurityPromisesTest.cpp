@@ -184,7 +184,7 @@ std::vector<std::function<std::string(std::size_t)>> families() {
 
 } // namespace
 
-TEST(SecurityPromises, whateverItsBytesAreReadingEndsWithAMessageOrAnException) {
+TEST(SecurityPromises, WhateverItsBytesAreReadingEndsWithAMessageOrAnException) {
     std::size_t refused = 0;
     for (const auto& file : sampleFiles()) {
         const std::string text = readFile(file);
@@ -197,7 +197,7 @@ TEST(SecurityPromises, whateverItsBytesAreReadingEndsWithAMessageOrAnException) 
     EXPECT_GT(refused, 100U);
 }
 
-TEST(SecurityPromises, anExceptionRaisedByAnEnvelopeSaysLineAndColumn) {
+TEST(SecurityPromises, AnExceptionRaisedByAnEnvelopeSaysLineAndColumn) {
     for (const std::string wrong :
          {"<a></b>", "<a b='1' b='2'/>", "<a>\xFF</a>", "<a href='#x'><b/></a>",
           "<a c:arrayType='x[1,]'/>", "<a c:arrayType='x[9999999]'><i/></a>"}) {
@@ -211,14 +211,14 @@ TEST(SecurityPromises, anExceptionRaisedByAnEnvelopeSaysLineAndColumn) {
     }
 }
 
-TEST(SecurityPromises, textThatTheModelHasNoPlaceForIsLeftOutAndCounted) {
+TEST(SecurityPromises, TextThatTheModelHasNoPlaceForIsLeftOutAndCounted) {
     const TzSoapMessage message = read(soap11().body("<a>text<b/></a>"));
     EXPECT_TRUE(message.hasDroppedText());
     EXPECT_EQ(message.asString().find("text"), std::string::npos);
     EXPECT_FALSE(read(soap11().body("<a>text</a>")).hasDroppedText());
 }
 
-TEST(SecurityPromises, aDocumentTypeDeclarationIsRefused) {
+TEST(SecurityPromises, ADocumentTypeDeclarationIsRefused) {
     for (const char* declaration :
          {"<!DOCTYPE a>", "<!DOCTYPE a [<!ENTITY e 'x'>]>", "<!DOCTYPE a SYSTEM 'file:///x'>"}) {
         EXPECT_EQ(refusal(declaration + soap11().body("<a/>")).find("a document type declaration"),
@@ -227,11 +227,11 @@ TEST(SecurityPromises, aDocumentTypeDeclarationIsRefused) {
     }
 }
 
-TEST(SecurityPromises, thereAreNoEntitiesToExpand) {
+TEST(SecurityPromises, ThereAreNoEntitiesToExpand) {
     EXPECT_EQ(refusal(soap11().body("<a>&e;</a>")).find("undefined entity"), 0U);
 }
 
-TEST(SecurityPromisesDeathTest, theLibraryOpensNoFileAndNoConnection) {
+TEST(SecurityPromisesDeathTest, TheLibraryOpensNoFileAndNoConnection) {
     std::vector<std::string> texts;
     for (const auto& file : sampleFiles()) {
         texts.push_back(readFile(file));
@@ -258,7 +258,7 @@ TEST(SecurityPromisesDeathTest, theLibraryOpensNoFileAndNoConnection) {
 }
 
 // Without it the test above could not fail.
-TEST(SecurityPromisesDeathTest, openingAFileWouldBeSeen) {
+TEST(SecurityPromisesDeathTest, OpeningAFileWouldBeSeen) {
     const auto open = [] {
         if (!forbidOpening()) {
             std::_Exit(3);
@@ -269,7 +269,7 @@ TEST(SecurityPromisesDeathTest, openingAFileWouldBeSeen) {
     EXPECT_EXIT(open(), testing::KilledBySignal(SIGSYS), "");
 }
 
-TEST(SecurityPromises, theLimitsBoundTheDepthOfElements) {
+TEST(SecurityPromises, TheLimitsBoundTheDepthOfElements) {
     const auto deep = [](std::size_t depth) {
         return soap11().body(repeated("<a>", depth - 2) + repeated("</a>", depth - 2));
     };
@@ -277,7 +277,7 @@ TEST(SecurityPromises, theLimitsBoundTheDepthOfElements) {
     EXPECT_EQ(refusal(deep(1001)).find("elements are nested too deeply"), 0U);
 }
 
-TEST(SecurityPromises, theLimitsBoundTheAttributesOfOneElement) {
+TEST(SecurityPromises, TheLimitsBoundTheAttributesOfOneElement) {
     TzSoapReadLimits limits;
     limits.attributes = 5;
     EXPECT_EQ(refusal(soap11().body("<a" + numbered(" k", "=''", 5) + "/>"), limits), "");
@@ -286,7 +286,7 @@ TEST(SecurityPromises, theLimitsBoundTheAttributesOfOneElement) {
               0U);
 }
 
-TEST(SecurityPromises, theLimitsBoundPrefixesUrisAndEncodingStyles) {
+TEST(SecurityPromises, TheLimitsBoundPrefixesUrisAndEncodingStyles) {
     const auto text = [](std::size_t prefix, std::size_t uri, std::size_t style) {
         return soap11().body("<a xmlns:" + std::string(prefix, 'p') + "='" + std::string(uri, 'u') +
                              "' e:encodingStyle='" + std::string(style, 's') + "'/>");
@@ -298,7 +298,7 @@ TEST(SecurityPromises, theLimitsBoundPrefixesUrisAndEncodingStyles) {
     EXPECT_NE(refusal(text(1, 1, limits.uriLength + 1)), "");
 }
 
-TEST(SecurityPromises, theLimitsBoundContentIdsAndContentLocations) {
+TEST(SecurityPromises, TheLimitsBoundContentIdsAndContentLocations) {
     const std::size_t limit = TzSoapReadLimits().uriLength;
     for (const std::string name : {"Content-ID: <", "Content-Location: <"}) {
         const auto text = [&](std::size_t length) {
@@ -312,7 +312,7 @@ TEST(SecurityPromises, theLimitsBoundContentIdsAndContentLocations) {
     }
 }
 
-TEST(SecurityPromises, theLimitsBoundArrayPositionsWithoutItems) {
+TEST(SecurityPromises, TheLimitsBoundArrayPositionsWithoutItems) {
     const auto text = [](const std::string& size) {
         return soap11().body("<a " + soap11().array("xsd:int", size) + "><i>1</i></a>");
     };
@@ -321,7 +321,7 @@ TEST(SecurityPromises, theLimitsBoundArrayPositionsWithoutItems) {
     EXPECT_THROW(read(text("2000000")), TzXmlBoundsError);
 }
 
-TEST(SecurityPromisesDeathTest, whatBreaksALimitIsRefusedBeforeMemoryIsTakenForIt) {
+TEST(SecurityPromisesDeathTest, WhatBreaksALimitIsRefusedBeforeMemoryIsTakenForIt) {
     TzSoapReadLimits limits;
     limits.attributes = 10;
     const std::string broken[] = {
@@ -345,7 +345,7 @@ TEST(SecurityPromisesDeathTest, whatBreaksALimitIsRefusedBeforeMemoryIsTakenForI
     }
 }
 
-TEST(SecurityPromises, theWorkAndTheMemoryOfReadingGrowLinearlyWithTheText) {
+TEST(SecurityPromises, TheWorkAndTheMemoryOfReadingGrowLinearlyWithTheText) {
     constexpr std::size_t Size = 2000;
     for (const auto& family : families()) {
         read(family(1));
@@ -357,7 +357,7 @@ TEST(SecurityPromises, theWorkAndTheMemoryOfReadingGrowLinearlyWithTheText) {
     }
 }
 
-TEST(SecurityPromises, readingAndDestroyingNeedAStackOfBoundedSize) {
+TEST(SecurityPromises, ReadingAndDestroyingNeedAStackOfBoundedSize) {
     constexpr std::size_t Stack = (Instrumented ? 512U : 128U) * 1024U;
     constexpr std::size_t Depth = 50'000;
     TzSoapReadLimits limits;
@@ -376,7 +376,7 @@ TEST(SecurityPromises, readingAndDestroyingNeedAStackOfBoundedSize) {
     EXPECT_TRUE(isRead);
 }
 
-TEST(SecurityPromises, bytesThatAreNotValidInTheStatedEncodingAreRefused) {
+TEST(SecurityPromises, BytesThatAreNotValidInTheStatedEncodingAreRefused) {
     const std::pair<const char*, const char*> cases[] = {
         {"UTF-8", "\xFF"},    {"UTF-8", "\xC0\x80"},    {"UTF-8", "\xED\xA0\x80"},
         {"US-ASCII", "\x80"}, {"windows-1252", "\x81"}, {"ISO-8859-7", "\xFF"}};
@@ -387,7 +387,7 @@ TEST(SecurityPromises, bytesThatAreNotValidInTheStatedEncodingAreRefused) {
     }
 }
 
-TEST(SecurityPromises, thePrefixesXmlAndXmlnsKeepTheirNamespaces) {
+TEST(SecurityPromises, ThePrefixesXmlAndXmlnsKeepTheirNamespaces) {
     for (const char* declaration : {"xmlns:xml='urn:x'", "xmlns:xmlns='urn:x'",
                                     "xmlns:p='http://www.w3.org/XML/1998/namespace'",
                                     "xmlns='http://www.w3.org/2000/xmlns/'"}) {
@@ -397,7 +397,7 @@ TEST(SecurityPromises, thePrefixesXmlAndXmlnsKeepTheirNamespaces) {
     EXPECT_EQ(refusal(soap11().body("<a xmlns:xml='http://www.w3.org/XML/1998/namespace'/>")), "");
 }
 
-TEST(SecurityPromises, aPackageThatLacksItsClosingLineIsRefusedUnlessSet) {
+TEST(SecurityPromises, APackageThatLacksItsClosingLineIsRefusedUnlessSet) {
     const std::string text = package(soap11().body("<a/>"), "", "");
     EXPECT_EQ(refusal(text), "the package is cut short: it has no closing line");
     TzSoapReadLimits limits;
@@ -405,13 +405,13 @@ TEST(SecurityPromises, aPackageThatLacksItsClosingLineIsRefusedUnlessSet) {
     EXPECT_EQ(refusal(text, limits), "");
 }
 
-TEST(SecurityPromises, aMimeHeaderWithACarriageReturnWithinALineIsRefused) {
+TEST(SecurityPromises, AMimeHeaderWithACarriageReturnWithinALineIsRefused) {
     EXPECT_EQ(refusal(package(soap11().body("<a/>"), "X-A: 1\rX-B: 2\r\n"))
                   .find("a MIME header has a carriage return within a line"),
               0U);
 }
 
-TEST(SecurityPromises, theResultDoesNotDependOnTheGlobalLocale) {
+TEST(SecurityPromises, TheResultDoesNotDependOnTheGlobalLocale) {
     const std::string text = soap11().body("<a xsi:type='xsd:double'>1234.5</a>");
     const std::string written = read(text).asString();
     const ForeignLocale locale;
@@ -420,7 +420,7 @@ TEST(SecurityPromises, theResultDoesNotDependOnTheGlobalLocale) {
     EXPECT_EQ(simple(bodyEntry(message)).getDouble(), 1234.5);
 }
 
-TEST(SecurityPromises, theResultDoesNotDependOnEnvironmentVariables) {
+TEST(SecurityPromises, TheResultDoesNotDependOnEnvironmentVariables) {
     const std::string text = declared("koi8-r", soap11().body("<a>\xC1</a>"));
     const std::string written = read(text).asString();
     const char* const names[] = {"GCONV_PATH", "LANG", "LC_ALL", "TZ", "LOCPATH", "TMPDIR"};
@@ -436,13 +436,13 @@ TEST(SecurityPromises, theResultDoesNotDependOnEnvironmentVariables) {
 
 // What the caller has to know.
 
-TEST(SecurityPromises, theLibraryReadsATextOfAnySize) {
+TEST(SecurityPromises, TheLibraryReadsATextOfAnySize) {
     constexpr std::size_t Size = 20'000'000;
     const TzSoapMessage message = read(soap11().body("<a>" + std::string(Size, 'x') + "</a>"));
     EXPECT_EQ(textOf(bodyEntry(message)).size(), Size);
 }
 
-TEST(SecurityPromises, theTextOfAUserDefinedValueIsWrittenAsItStands) {
+TEST(SecurityPromises, TheTextOfAUserDefinedValueIsWrittenAsItStands) {
     const TzSoapMessage message =
         read(soap11().body("<a e:encodingStyle='urn:f'>&lt;injected/></a>"));
     EXPECT_EQ(userDefined(bodyEntry(message)).getValue(),
@@ -450,12 +450,12 @@ TEST(SecurityPromises, theTextOfAUserDefinedValueIsWrittenAsItStands) {
     EXPECT_NE(message.asString().find("<injected/>"), std::string::npos);
 }
 
-TEST(SecurityPromises, aMessageSaysWhetherItHasUserDefinedValues) {
+TEST(SecurityPromises, AMessageSaysWhetherItHasUserDefinedValues) {
     EXPECT_TRUE(read(soap11().body("<a e:encodingStyle='urn:f'/>")).hasUserDefinedValues());
     EXPECT_FALSE(read(soap11().body("<a/>")).hasUserDefinedValues());
 }
 
-TEST(SecurityPromises, aMessageWhoseExtractThrewHoldsWhatWasReadUpToThere) {
+TEST(SecurityPromises, AMessageWhoseExtractThrewHoldsWhatWasReadUpToThere) {
     TzSoapMessage message;
     EXPECT_THROW(message.extract(soap11().body("<a/><b>") + "</c>"), TzXmlParseError);
     EXPECT_EQ(bodyEntry(message).getName(), TzXmlName("a"));
@@ -463,20 +463,20 @@ TEST(SecurityPromises, aMessageWhoseExtractThrewHoldsWhatWasReadUpToThere) {
     EXPECT_EQ(bodyEntry(message).getName(), TzXmlName("d"));
 }
 
-TEST(SecurityPromises, transportPropertiesAreHandedOverAsTheyAre) {
+TEST(SecurityPromises, TransportPropertiesAreHandedOverAsTheyAre) {
     TzSoapHttpTransportContext context;
     context.add("X-Anything", "a\r\nInjected: b");
     TzSoapHttpBinding::pack(TzSoapMessage(), context);
     EXPECT_EQ(context.find("X-Anything")->second, "a\r\nInjected: b");
 }
 
-TEST(SecurityPromises, theHttpBindingRefusesAnActionThatNoHeaderLineCanHold) {
+TEST(SecurityPromises, TheHttpBindingRefusesAnActionThatNoHeaderLineCanHold) {
     TzSoapHttpTransportContext context;
     context.add("SOAPAction", "a\r\nInjected: b");
     EXPECT_THROW(TzSoapHttpBinding::pack(TzSoapMessage(V::V1_1), context), TzXmlBadArgError);
 }
 
-TEST(SecurityPromises, onlyPackageAndHttpBindingWriteEachPartOnce) {
+TEST(SecurityPromises, OnlyPackageAndHttpBindingWriteEachPartOnce) {
     const TzSoapMessage message = read(package(soap11().body(repeated("<r href='cid:a'/>", 3))));
     EXPECT_EQ(message.asMimeMultipart().getPartCount(), 4U);
     EXPECT_EQ(read(message.asString()).getMimeMultipart().getPartCount(), 4U);
@@ -488,7 +488,7 @@ TEST(SecurityPromises, onlyPackageAndHttpBindingWriteEachPartOnce) {
     EXPECT_EQ(received.getMimeMultipart().getPartCount(), 2U);
 }
 
-TEST(SecurityPromises, aValueAppendedToItselfCannotBeWrittenAndIsFreedWhenItIsTakenOut) {
+TEST(SecurityPromises, AValueAppendedToItselfCannotBeWrittenAndIsFreedWhenItIsTakenOut) {
     EXPECT_NE(read(soap11().body("<a><b/></a>")).asString(), ""); // statics of the first use stay
     const std::ptrdiff_t before = liveAllocations();
     {
@@ -510,7 +510,7 @@ TEST(SecurityPromises, aValueAppendedToItselfCannotBeWrittenAndIsFreedWhenItIsTa
     EXPECT_EQ(liveAllocations(), before);
 }
 
-TEST(SecurityPromises, handlesMayBeCopiedAndDroppedOnAnyThread) {
+TEST(SecurityPromises, HandlesMayBeCopiedAndDroppedOnAnyThread) {
     TzSoapType value = bodyEntry(read(soap11().body("<a><b>1</b></a>")));
     std::vector<std::thread> threads;
     for (int number = 0; number < 4; ++number) {
@@ -527,7 +527,7 @@ TEST(SecurityPromises, handlesMayBeCopiedAndDroppedOnAnyThread) {
     }
 }
 
-TEST(SecurityPromises, writingCountsAsChanging) {
+TEST(SecurityPromises, WritingCountsAsChanging) {
     TzSoapMessage message;
     const TzSoapSimpleType value(TzXmlName("a"), 1, TzSoapContentBase::xsdInt, true);
     message.getSoapBody().appendEntry(value);

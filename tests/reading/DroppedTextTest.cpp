@@ -48,16 +48,16 @@ std::size_t countFrom(const std::string& text) {
 
 } // namespace
 
-TEST(DroppedText, aNewMessageHasNone) {
+TEST(DroppedText, ANewMessageHasNone) {
     EXPECT_FALSE(TzSoapMessage().hasDroppedText());
     EXPECT_EQ(TzSoapMessage().getDroppedText().count, 0U);
 }
 
-TEST(DroppedText, simpleValuesKeepTheirText) {
+TEST(DroppedText, SimpleValuesKeepTheirText) {
     EXPECT_EQ(droppedFrom(body("<a>x</a><b>&lt;<![CDATA[y]]>z</b>")), "none");
 }
 
-TEST(DroppedText, whiteSpaceIsNone) {
+TEST(DroppedText, WhiteSpaceIsNone) {
     EXPECT_EQ(droppedFrom(Start +
                           "\n<s:Header> </s:Header>\n<s:Body>\r\n\t<a> <b/>&#13; </a></s:Body>"
                           "\n" +
@@ -65,27 +65,27 @@ TEST(DroppedText, whiteSpaceIsNone) {
               "none");
 }
 
-TEST(DroppedText, isCountedBesideTheChildrenOfAComposite) {
+TEST(DroppedText, IsCountedBesideTheChildrenOfAComposite) {
     EXPECT_EQ(droppedFrom(body("\n<a>one<b/>\ntwo<c>kept</c></a>")), "2@2:7");
     EXPECT_EQ(countFrom(body("<a><b/>after</a>")), 1U);
     EXPECT_EQ(countFrom(body("<a><b><c/>inside</b></a>")), 1U);
 }
 
-TEST(DroppedText, isCountedBesideTheItemsOfAnArray) {
+TEST(DroppedText, IsCountedBesideTheItemsOfAnArray) {
     EXPECT_EQ(countFrom(body("<a e:arrayType='x[2]'>1<i/>2<i/>3</a>")), 3U);
     EXPECT_EQ(countFrom(body("<a e:arrayType='x[2]'>1<i e:position='[0]'/>2</a>")), 2U);
     EXPECT_EQ(countFrom(body("<a e:arrayType='x[2]'>1</a>")), 1U);
 }
 
-TEST(DroppedText, isCountedBesideTheChildrenOfTheEnvelope) {
+TEST(DroppedText, IsCountedBesideTheChildrenOfTheEnvelope) {
     EXPECT_EQ(countFrom(Start + "1<s:Header>2<h/>3</s:Header>4<s:Body>5<b/>6</s:Body>7" + End), 7U);
 }
 
-TEST(DroppedText, isCountedInReferences) {
+TEST(DroppedText, IsCountedInReferences) {
     EXPECT_EQ(countFrom(body("<a href='#b'>x</a><b id='b'/>")), 1U);
 }
 
-TEST(DroppedText, isCountedInMisunderstoodEntries) {
+TEST(DroppedText, IsCountedInMisunderstoodEntries) {
     const std::string text = "<s:Envelope xmlns:s='http://www.w3.org/2002/06/soap-envelope' "
                              "xmlns:f='http://www.w3.org/2002/06/soap-faults'><s:Header>"
                              "<f:Misunderstood qname='a'>x</f:Misunderstood></s:Header>"
@@ -93,11 +93,11 @@ TEST(DroppedText, isCountedInMisunderstoodEntries) {
     EXPECT_EQ(countFrom(text), 1U);
 }
 
-TEST(DroppedText, userDefinedValuesKeepTheirs) {
+TEST(DroppedText, UserDefinedValuesKeepTheirs) {
     EXPECT_EQ(countFrom(body("<a s:encodingStyle='urn:x'>1<b/>2</a>")), 0U);
 }
 
-TEST(DroppedText, isCountedInAFault) {
+TEST(DroppedText, IsCountedInAFault) {
     EXPECT_EQ(countFrom(fault("1<faultcode>s:Client</faultcode>2<faultstring>r</faultstring>3")),
               3U);
     EXPECT_EQ(countFrom(fault("<faultcode>a</faultcode> <faultactor>b</faultactor>\n")), 0U);
@@ -105,14 +105,14 @@ TEST(DroppedText, isCountedInAFault) {
     EXPECT_EQ(countFrom(fault("<faultstring>1<b/>2</faultstring>")), 2U);
 }
 
-TEST(DroppedText, isCountedInTheChildrenOfAFaultThatHoldElements) {
+TEST(DroppedText, IsCountedInTheChildrenOfAFaultThatHoldElements) {
     EXPECT_EQ(countFrom(fault12("<s:Code><s:Value>s:Sender</s:Value></s:Code>")), 0U);
     EXPECT_EQ(countFrom(fault12("<s:Code>1<s:Value>s:Sender</s:Value>2<s:Subcode>3"
                                 "<s:Value>a</s:Value></s:Subcode></s:Code><s:Reason>r</s:Reason>")),
               3U);
 }
 
-TEST(DroppedText, isForgottenByTheNextReading) {
+TEST(DroppedText, IsForgottenByTheNextReading) {
     TzSoapMessage message;
     message.extract(body("<a>1<b/></a>"));
     EXPECT_TRUE(message.hasDroppedText());
@@ -120,19 +120,19 @@ TEST(DroppedText, isForgottenByTheNextReading) {
     EXPECT_FALSE(message.hasDroppedText());
 }
 
-TEST(DroppedText, ofAReadingThatFailedIsKnown) {
+TEST(DroppedText, OfAReadingThatFailedIsKnown) {
     TzSoapMessage message;
     EXPECT_ANY_THROW(message.extract(body("<a>1<b/></c>")));
     EXPECT_EQ(message.getDroppedText().count, 1U);
 }
 
-TEST(DroppedText, isCopiedWithTheMessage) {
+TEST(DroppedText, IsCopiedWithTheMessage) {
     TzSoapMessage message;
     message.extract(body("<a>1<b/></a>"));
     EXPECT_EQ(message.copy().getDroppedText().count, 1U);
 }
 
-TEST(FaultElement, isKnownWithoutACode) {
+TEST(FaultElement, IsKnownWithoutACode) {
     TzSoapMessage message;
     message.extract(fault("<faultstring>out of money</faultstring>"));
     EXPECT_FALSE(message.getSoapBody().hasSoapFault());
@@ -140,21 +140,21 @@ TEST(FaultElement, isKnownWithoutACode) {
     EXPECT_TRUE(message.copy().getSoapBody().hasFaultElement());
 }
 
-TEST(FaultElement, isKnownWithACode) {
+TEST(FaultElement, IsKnownWithACode) {
     TzSoapMessage message;
     message.extract(fault("<faultcode>s:Client</faultcode>"));
     EXPECT_TRUE(message.getSoapBody().hasSoapFault());
     EXPECT_TRUE(message.getSoapBody().hasFaultElement());
 }
 
-TEST(FaultElement, isAbsentFromOtherBodies) {
+TEST(FaultElement, IsAbsentFromOtherBodies) {
     TzSoapMessage message;
     EXPECT_FALSE(message.getSoapBody().hasFaultElement());
     message.extract(body("<Fault/>"));
     EXPECT_FALSE(message.getSoapBody().hasFaultElement());
 }
 
-TEST(FaultElement, isForgottenByTheNextReading) {
+TEST(FaultElement, IsForgottenByTheNextReading) {
     TzSoapMessage message;
     message.extract(fault(""));
     message.extract(body("<a/>"));

@@ -40,56 +40,56 @@ const std::string NoEnvelope = "[NO_SOAP_ENVELOPE][Soap message must have a Enve
 
 } // namespace
 
-TEST(ErrorDescription, namesTheElementThatCameInsteadOfEnvelope) {
+TEST(ErrorDescription, NamesTheElementThatCameInsteadOfEnvelope) {
     EXPECT_EQ(descriptionOf("<html/>"),
               NoEnvelope + ", line 1, column 1 (the element is \"html\" in no namespace)");
     EXPECT_EQ(descriptionOf("<?xml version='1.0'?>\n<x:html xmlns:x='urn:x'/>"),
               NoEnvelope + ", line 2, column 1 (the element is \"x:html\" in namespace \"urn:x\")");
 }
 
-TEST(ErrorDescription, quotesTextThatIsNoXml) {
+TEST(ErrorDescription, QuotesTextThatIsNoXml) {
     EXPECT_EQ(descriptionOf(""), NoEnvelope + ", line 1, column 1 (the text is empty)");
     EXPECT_EQ(descriptionOf("{\"error\": 1}"),
               NoEnvelope + ", line 1, column 1 (the text begins with \"{\"error\": 1}\")");
 }
 
-TEST(ErrorDescription, quotesWhatALogCanTake) {
+TEST(ErrorDescription, QuotesWhatALogCanTake) {
     EXPECT_EQ(descriptionOf("a\n\x1B[2J\xC3\xA4~ " + std::string(100, 'x')),
               NoEnvelope + ", line 1, column 1 (the text begins with \"a??[2J??~ " +
                   std::string(70, 'x') + "...\")");
 }
 
-TEST(ErrorDescription, namesTheChildOfTheEnvelopeThatIsUnknown) {
+TEST(ErrorDescription, NamesTheChildOfTheEnvelopeThatIsUnknown) {
     EXPECT_EQ(descriptionOf(envelope("<Body/>")),
               "[UNKNOWN_SOAP_ELEMENT][Element \"Body\" is NOT in the SOAP Grammar ], line 2, "
               "column 1 (the element is \"Body\" in no namespace)");
 }
 
-TEST(ErrorDescription, namesTheEnvelopeOfAnUnknownVersion) {
+TEST(ErrorDescription, NamesTheEnvelopeOfAnUnknownVersion) {
     EXPECT_EQ(descriptionOf("<e:Envelope xmlns:e='urn:x'/>"),
               "[UNKNOWN_VERSION][SOAP Version specified by URI \"urn:x\" is unknown ], line 1, "
               "column 1 (the element is \"e:Envelope\" in namespace \"urn:x\")");
 }
 
-TEST(ErrorDescription, textOfTheParserEndsWithItsPlace) {
+TEST(ErrorDescription, TextOfTheParserEndsWithItsPlace) {
     EXPECT_EQ(descriptionOf(body("<a></b>")), "mismatched tag, line 2, column 14");
 }
 
-TEST(ErrorDescription, namesTheDepthLimit) {
+TEST(ErrorDescription, NamesTheDepthLimit) {
     TzSoapReadLimits limits;
     limits.depth = 3;
     EXPECT_EQ(descriptionOf(body("<a>\n<b/></a>"), limits),
               "elements are nested too deeply, line 3, column 1 (the limit is 3)");
 }
 
-TEST(ErrorDescription, namesTheAttributeLimit) {
+TEST(ErrorDescription, NamesTheAttributeLimit) {
     TzSoapReadLimits limits;
     limits.attributes = 2;
     EXPECT_EQ(descriptionOf(body("<a b='' c='' d=''/>"), limits),
               "an element has too many attributes, line 2, column 9 (the limit is 2)");
 }
 
-TEST(ErrorDescription, namesTheLimitOfUris) {
+TEST(ErrorDescription, NamesTheLimitOfUris) {
     TzSoapReadLimits limits;
     limits.uriLength = 60;
     EXPECT_EQ(descriptionOf(body("<a xmlns='" + std::string(61, 'u') + "'/>"), limits),
@@ -98,19 +98,19 @@ TEST(ErrorDescription, namesTheLimitOfUris) {
               "an encoding style is too long, line 2, column 9 (the limit is 60)");
 }
 
-TEST(ErrorDescription, errorsOfArraysHaveTheirPlace) {
+TEST(ErrorDescription, ErrorsOfArraysHaveTheirPlace) {
     EXPECT_EQ(descriptionOf(body("<a e:arrayType='x[2;]'>\n<i e:position='x'/></a>")),
               "[BAD_INDEX_STRING][Illegal SOAP array index string: \"[2;]\"], line 3, column 1");
 }
 
-TEST(ErrorDescription, errorsOfReferencesHaveTheirPlace) {
+TEST(ErrorDescription, ErrorsOfReferencesHaveTheirPlace) {
     EXPECT_EQ(
         descriptionOf(body("<a href='#b'>\n <b/></a>")),
         "[ILLEGAL_REFERENCE][Per SOAP, reference accessor(element with a href attribute) is an "
         "empty element.], line 3, column 2");
 }
 
-TEST(ErrorDescription, saysThatItIsAboutTheRootPart) {
+TEST(ErrorDescription, SaysThatItIsAboutTheRootPart) {
     const std::string package = "Content-Type: multipart/related; boundary=b\r\n\r\n--b\r\n\r\n"
                                 "<a>\n</b>\r\n--b--\r\n";
     EXPECT_EQ(descriptionOf(package),
@@ -118,7 +118,7 @@ TEST(ErrorDescription, saysThatItIsAboutTheRootPart) {
                            "part of the package)");
 }
 
-TEST(ErrorDescription, quotesTheContentTypeOfAPackageWithoutRootPart) {
+TEST(ErrorDescription, QuotesTheContentTypeOfAPackageWithoutRootPart) {
     EXPECT_EQ(
         descriptionOf("Content-Type: multipart/related; boundary=b; start=\"<r>\"\r\n\r\n"
                       "--b\r\n\r\n<a/>\r\n--b--\r\n"),
@@ -126,7 +126,7 @@ TEST(ErrorDescription, quotesTheContentTypeOfAPackageWithoutRootPart) {
         "\"multipart/related; boundary=b; start=\"<r>\"\")");
 }
 
-TEST(ErrorDescription, leavesTheTextAlone) {
+TEST(ErrorDescription, LeavesTheTextAlone) {
     TzSoapMessage message;
     try {
         message.extract("<html/>");

@@ -62,7 +62,7 @@ TzXmlName faultName() { return V::getSoapElementName(V::Fault, V::V1_2); }
 
 } // namespace
 
-TEST(EventOrder, aHeaderThatIsNotReadRefusesEvents) {
+TEST(EventOrder, AHeaderThatIsNotReadRefusesEvents) {
     TzSoapHeaderImp header(V::V1_2);
     expectRefused("TzSoapGenericTypeHandler", 132,
                   [&] { header.startElement(anElement, noAttributes); });
@@ -70,7 +70,7 @@ TEST(EventOrder, aHeaderThatIsNotReadRefusesEvents) {
     EXPECT_EQ(header.entryCount(), 0U);
 }
 
-TEST(EventOrder, aBodyThatIsNotReadRefusesEvents) {
+TEST(EventOrder, ABodyThatIsNotReadRefusesEvents) {
     TzSoapBodyImp body(V::V1_2);
     expectRefused("TzSoapGenericTypeHandler", 132,
                   [&] { body.startElement(anElement, noAttributes); });
@@ -80,7 +80,7 @@ TEST(EventOrder, aBodyThatIsNotReadRefusesEvents) {
     EXPECT_FALSE(body.hasSoapFault());
 }
 
-TEST(EventOrder, aFaultThatIsNotReadRefusesEvents) {
+TEST(EventOrder, AFaultThatIsNotReadRefusesEvents) {
     TzSoapFaultImp fault(faultName(), V::V1_2);
     fault.setReason("kept");
     expectRefused("TzSoapFaultImp", 88, [&] {
@@ -91,7 +91,7 @@ TEST(EventOrder, aFaultThatIsNotReadRefusesEvents) {
     EXPECT_EQ(fault.getReason(), "kept");
 }
 
-TEST(EventOrder, aValueThatIsNotReadRefusesEvents) {
+TEST(EventOrder, AValueThatIsNotReadRefusesEvents) {
     TzSoapCompositeTypeImp composite;
     expectBothRefused(composite, "TzSoapGenericTypeHandler", 132, 97);
     EXPECT_EQ(composite.childCount(), 0U);
@@ -101,7 +101,7 @@ TEST(EventOrder, aValueThatIsNotReadRefusesEvents) {
     expectRefused("TzSoapGenericTypeHandler", 97, [&] { reference.endElement(anElement); });
 }
 
-TEST(EventOrder, typeHandlersThatReadNothingRefuseEvents) {
+TEST(EventOrder, TypeHandlersThatReadNothingRefuseEvents) {
     TzSoapUnknownTypeHandler unknown;
     expectBothRefused(unknown, "TzSoapUnknownTypeHandler", 72, 81);
     TzSoapArrayTypeHandler array;
@@ -110,7 +110,7 @@ TEST(EventOrder, typeHandlersThatReadNothingRefuseEvents) {
     expectBothRefused(userDefined, "TzSoapUserDefinedTypeHandler", 40, 49);
 }
 
-TEST(EventOrder, aMessageThatIsNotReadRefusesEvents) {
+TEST(EventOrder, AMessageThatIsNotReadRefusesEvents) {
     const TzSoapMessage message;
     TzSoapMessageImp& imp = TzSoapAccess::body(message);
     const TzXmlName envelope = V::getSoapElementName(V::Envelope, V::V1_1);
@@ -119,7 +119,7 @@ TEST(EventOrder, aMessageThatIsNotReadRefusesEvents) {
     EXPECT_EQ(message.getVersion(), V::V1_2);
 }
 
-TEST(EventOrder, theEndOfAnElementComesOnce) {
+TEST(EventOrder, TheEndOfAnElementComesOnce) {
     Reading reading;
     TzSoapHeaderImp header(V::V1_2);
     header.populate(header.getName(), noAttributes, &reading.context);
@@ -133,7 +133,7 @@ TEST(EventOrder, theEndOfAnElementComesOnce) {
     EXPECT_TRUE(reading.context.getNamespaces().empty());
 }
 
-TEST(EventOrder, anElementWhoseScopeIsGoneDoesNotEnd) {
+TEST(EventOrder, AnElementWhoseScopeIsGoneDoesNotEnd) {
     Reading reading;
     TzSoapHeaderImp header(V::V1_2);
     header.populate(header.getName(), noAttributes, &reading.context);
@@ -146,7 +146,7 @@ TEST(EventOrder, anElementWhoseScopeIsGoneDoesNotEnd) {
     expectRefused("TzSoapFaultImp", 123, [&] { fault.endElement(faultName()); });
 }
 
-TEST(EventOrder, anElementWhoseStyleIsGoneDoesNotEnd) {
+TEST(EventOrder, AnElementWhoseStyleIsGoneDoesNotEnd) {
     Reading reading;
     TzSoapHeaderImp header(V::V1_2);
     TzXmlAttributeSet attributes;
@@ -156,7 +156,7 @@ TEST(EventOrder, anElementWhoseStyleIsGoneDoesNotEnd) {
     expectRefused("TzSoapGenericTypeHandler", 98, [&] { header.endElement(header.getName()); });
 }
 
-TEST(EventOrder, whatAFailedReadingLeftRefusesEvents) {
+TEST(EventOrder, WhatAFailedReadingLeftRefusesEvents) {
     TzSoapMessage message;
     EXPECT_THROW(message.extract(TzCString(
                      "<e:Envelope xmlns:e='http://schemas.xmlsoap.org/soap/envelope/'><e:Body>"
@@ -168,7 +168,7 @@ TEST(EventOrder, whatAFailedReadingLeftRefusesEvents) {
     expectRefused("TzSoapMessageImp", 271, [&] { imp.endElement(imp.getName()); });
 }
 
-TEST(EventOrder, nothingIsReadWithoutAParser) {
+TEST(EventOrder, NothingIsReadWithoutAParser) {
     TzSoapParseContext context;
     TzSoapHeaderImp header(V::V1_2);
     TzSoapFaultImp fault(faultName(), V::V1_2);

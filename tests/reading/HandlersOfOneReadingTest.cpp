@@ -104,7 +104,7 @@ void expectRead(const Kind& kind) {
 
 } // namespace
 
-TEST(HandlersOfOneReading, readEveryKindInEveryKind) {
+TEST(HandlersOfOneReading, ReadEveryKindInEveryKind) {
     for (const Kind& first : leaves("one")) {
         for (const Kind& second : leaves("two")) {
             for (const Kind& outer : around({first, second})) {
@@ -114,7 +114,7 @@ TEST(HandlersOfOneReading, readEveryKindInEveryKind) {
     }
 }
 
-TEST(HandlersOfOneReading, readOnAfterEveryKindOfContainer) {
+TEST(HandlersOfOneReading, ReadOnAfterEveryKindOfContainer) {
     for (const Kind& inner : leaves("in")) {
         for (const Kind& middle : around({inner})) {
             for (const Kind& after : leaves("after")) {
@@ -126,7 +126,7 @@ TEST(HandlersOfOneReading, readOnAfterEveryKindOfContainer) {
     }
 }
 
-TEST(HandlersOfOneReading, readFirstChildrenThatAreContainersThemselves) {
+TEST(HandlersOfOneReading, ReadFirstChildrenThatAreContainersThemselves) {
     std::vector<Kind> nested = leaves("in");
     for (int depth = 0; depth < 4; ++depth) {
         std::vector<Kind> next;
@@ -142,7 +142,7 @@ TEST(HandlersOfOneReading, readFirstChildrenThatAreContainersThemselves) {
     }
 }
 
-TEST(HandlersOfOneReading, leaveNothingOfAReadingThatFailed) {
+TEST(HandlersOfOneReading, LeaveNothingOfAReadingThatFailed) {
     const std::string rest = "</broken></e:Body></e:Envelope>";
     for (const Kind& half : leaves("half")) {
         for (const Kind& whole : leaves("whole")) {
@@ -158,7 +158,7 @@ TEST(HandlersOfOneReading, leaveNothingOfAReadingThatFailed) {
     }
 }
 
-TEST(HandlersOfOneReading, readMisunderstoodEntriesBesideOthers) {
+TEST(HandlersOfOneReading, ReadMisunderstoodEntriesBesideOthers) {
     const std::string misunderstood =
         "<f:Misunderstood xmlns:f='http://www.w3.org/2002/06/soap-faults' qname='e:a'/>";
     const TzSoapMessage message = messageOf(

@@ -146,7 +146,7 @@ void expectLinear(const std::function<std::string(std::size_t)>& textOfSize, std
 
 TZSOAP_BOTH_VERSIONS(HostileInput);
 
-TEST_P(HostileInput, aTextCutAtEveryByteIsRefusedWithItsPlace) {
+TEST_P(HostileInput, ATextCutAtEveryByteIsRefusedWithItsPlace) {
     const std::string text = everything();
     const std::string written = readMessage(text).asString();
     TzSoapMessage message;
@@ -169,7 +169,7 @@ TEST_P(HostileInput, aTextCutAtEveryByteIsRefusedWithItsPlace) {
     }
 }
 
-TEST_P(HostileInput, aWideTextCutAtEveryByteIsRefused) {
+TEST_P(HostileInput, AWideTextCutAtEveryByteIsRefused) {
     std::string text = "\xFF\xFE";
     for (const char character : wire.body("<a k=\"v\">1</a>")) {
         text += character;
@@ -183,13 +183,13 @@ TEST_P(HostileInput, aWideTextCutAtEveryByteIsRefused) {
     EXPECT_EQ(textOf(bodyEntry(message)), "1");
 }
 
-TEST_P(HostileInput, aTextWithAnyByteDamagedDoesNoHarm) {
+TEST_P(HostileInput, ATextWithAnyByteDamagedDoesNoHarm) {
     for (std::uint32_t seed = 1; seed <= 6; ++seed) {
         readMutated(everything(), seed);
     }
 }
 
-TEST(HostileInputSamples, cutAtEveryByteDoNoHarm) {
+TEST(HostileInputSamples, CutAtEveryByteDoNoHarm) {
     TzSoapMessage message;
     for (const std::string& text : sampleTexts()) {
         for (std::size_t size = 0; size < text.size(); ++size) {
@@ -198,14 +198,14 @@ TEST(HostileInputSamples, cutAtEveryByteDoNoHarm) {
     }
 }
 
-TEST(HostileInputSamples, withAnyByteDamagedDoNoHarm) {
+TEST(HostileInputSamples, WithAnyByteDamagedDoNoHarm) {
     std::uint32_t seed = 1;
     for (const std::string& text : sampleTexts()) {
         readMutated(text, seed++);
     }
 }
 
-TEST_P(HostileInput, bytesThatAreNoCharactersAreRefused) {
+TEST_P(HostileInput, BytesThatAreNoCharactersAreRefused) {
     for (const std::string& bytes : {"\xFF"s,
                                      "\xC0\x80"s,
                                      "\xC1\xBF"s,
@@ -237,7 +237,7 @@ TEST_P(HostileInput, bytesThatAreNoCharactersAreRefused) {
     }
 }
 
-TEST_P(HostileInput, aWrongDeclarationOfTheEncodingIsRefused) {
+TEST_P(HostileInput, AWrongDeclarationOfTheEncodingIsRefused) {
     const std::string text = wire.body("<a>1</a>");
     for (const char* encoding : {"UTF-16", "no-such-encoding", "UTF-7", ""}) {
         EXPECT_THROW(readMessage("<?xml version=\"1.0\" encoding=\"" + std::string(encoding) +
@@ -254,7 +254,7 @@ TEST_P(HostileInput, aWrongDeclarationOfTheEncodingIsRefused) {
     }
 }
 
-TEST_P(HostileInput, aDocumentTypeIsRefusedWithItsPlace) {
+TEST_P(HostileInput, ADocumentTypeIsRefusedWithItsPlace) {
     for (const char* type : {"<!DOCTYPE a>", "<!DOCTYPE e:Envelope [<!ENTITY x \"y\">]>",
                              "<!DOCTYPE a [<!ENTITY a \"1\"><!ENTITY b \"&a;&a;\">]>",
                              "<!DOCTYPE a SYSTEM \"file:///etc/passwd\">",
@@ -269,7 +269,7 @@ TEST_P(HostileInput, aDocumentTypeIsRefusedWithItsPlace) {
     }
 }
 
-TEST_P(HostileInput, nestingWithoutEndIsRefused) {
+TEST_P(HostileInput, NestingWithoutEndIsRefused) {
     for (const std::string& tag :
          {"<a>"s, "<a e:encodingStyle=\"urn:f\">"s, "<a " + wire.array("xsd:int", "1") + ">",
           "<a " + wire.array("xsd:int", "1") + " " + wire.position("0") + ">",
@@ -280,7 +280,7 @@ TEST_P(HostileInput, nestingWithoutEndIsRefused) {
     }
 }
 
-TEST_P(HostileInput, deepNestingIsReadAndFreedWhereTheProgramAllowsIt) {
+TEST_P(HostileInput, DeepNestingIsReadAndFreedWhereTheProgramAllowsIt) {
     const std::pair<std::string, std::size_t> cases[] = {
         {"<a>", 100000},
         {"<a e:encodingStyle=\"\">", 10000},
@@ -299,7 +299,7 @@ TEST_P(HostileInput, deepNestingIsReadAndFreedWhereTheProgramAllowsIt) {
     }
 }
 
-TEST_P(HostileInput, whatADeepTextNeededIsNotKeptForTheNext) {
+TEST_P(HostileInput, WhatADeepTextNeededIsNotKeptForTheNext) {
     const std::string shallow = wire.body("<a/>");
     TzSoapMessage message;
     message.extract(wire.body(repeated("<a>", 20) + repeated("</a>", 20)));
@@ -310,7 +310,7 @@ TEST_P(HostileInput, whatADeepTextNeededIsNotKeptForTheNext) {
     EXPECT_LT(liveAllocations() - before, 100);
 }
 
-TEST_P(HostileInput, anElementMayHaveAHundredThousandAttributes) {
+TEST_P(HostileInput, AnElementMayHaveAHundredThousandAttributes) {
     std::string attributes;
     for (int i = 0; i < 100000; ++i) {
         attributes += " k" + std::to_string(i) + "=\"" + std::to_string(i) + "\"";
@@ -320,7 +320,7 @@ TEST_P(HostileInput, anElementMayHaveAHundredThousandAttributes) {
     EXPECT_EQ(value.findAttribute(TzXmlName("k99999"))->getValue(), "99999");
 }
 
-TEST_P(HostileInput, anyElementMayHaveManyAttributes) {
+TEST_P(HostileInput, AnyElementMayHaveManyAttributes) {
     std::string attributes;
     for (int i = 0; i < 10000; ++i) {
         attributes += " k" + std::to_string(i) + "=\"\"";
@@ -342,7 +342,7 @@ TEST_P(HostileInput, anyElementMayHaveManyAttributes) {
         10000U);
 }
 
-TEST_P(HostileInput, thereMayBeAHundredThousandDeclarations) {
+TEST_P(HostileInput, ThereMayBeAHundredThousandDeclarations) {
     std::string declarations;
     std::string entries;
     for (int i = 0; i < 100000; ++i) {
@@ -359,7 +359,7 @@ TEST_P(HostileInput, thereMayBeAHundredThousandDeclarations) {
     EXPECT_EQ(composite(inner).childrenBegin()->getName().getUri(), "urn:p99");
 }
 
-TEST_P(HostileInput, oneDeclarationOnEachOfManyElements) {
+TEST_P(HostileInput, OneDeclarationOnEachOfManyElements) {
     std::string entries;
     for (int i = 0; i < 100000; ++i) {
         entries += "<a xmlns:p" + std::to_string(i) + "=\"urn:" + std::to_string(i) + "\"/>";
@@ -370,7 +370,7 @@ TEST_P(HostileInput, oneDeclarationOnEachOfManyElements) {
 // The work grows with the text and no faster; ids are long so that each look at one is an
 // allocation.
 
-TEST_P(HostileInput, workIsLinearForReferencesToNothingInManyBodies) {
+TEST_P(HostileInput, WorkIsLinearForReferencesToNothingInManyBodies) {
     expectLinear(
         [this](std::size_t count) {
             std::string bodies;
@@ -383,7 +383,7 @@ TEST_P(HostileInput, workIsLinearForReferencesToNothingInManyBodies) {
         3000);
 }
 
-TEST_P(HostileInput, workIsLinearForIdsThatNobodyNamesInManyBodies) {
+TEST_P(HostileInput, WorkIsLinearForIdsThatNobodyNamesInManyBodies) {
     expectLinear(
         [this](std::size_t count) {
             std::string bodies;
@@ -396,7 +396,7 @@ TEST_P(HostileInput, workIsLinearForIdsThatNobodyNamesInManyBodies) {
         3000);
 }
 
-TEST_P(HostileInput, workIsLinearForAttributesOfManyBodies) {
+TEST_P(HostileInput, WorkIsLinearForAttributesOfManyBodies) {
     expectLinear(
         [this](std::size_t count) {
             std::string bodies;
@@ -409,7 +409,7 @@ TEST_P(HostileInput, workIsLinearForAttributesOfManyBodies) {
         2000);
 }
 
-TEST_P(HostileInput, workIsLinearForAttributesOfManyHeadersAndFaults) {
+TEST_P(HostileInput, WorkIsLinearForAttributesOfManyHeadersAndFaults) {
     expectLinear(
         [this](std::size_t count) {
             const std::string detail = GetParam() == V::V1_1 ? "detail" : "e:Detail";
@@ -427,7 +427,7 @@ TEST_P(HostileInput, workIsLinearForAttributesOfManyHeadersAndFaults) {
         2000);
 }
 
-TEST_P(HostileInput, namespacesOfTypesAreSharedHoweverManyThereAre) {
+TEST_P(HostileInput, NamespacesOfTypesAreSharedHoweverManyThereAre) {
     std::string declarations;
     for (int i = 0; i < 50; ++i) {
         declarations += " xmlns:p" + std::to_string(i) + "=\"" +
@@ -445,7 +445,7 @@ TEST_P(HostileInput, namespacesOfTypesAreSharedHoweverManyThereAre) {
         << "for each value";
 }
 
-TEST_P(HostileInput, workIsLinearForReferencesToOneValue) {
+TEST_P(HostileInput, WorkIsLinearForReferencesToOneValue) {
     expectLinear(
         [this](std::size_t count) {
             return wire.body("<l>" + repeated(ref("x"), count) + "</l><a id=\"x\"/>");
@@ -453,7 +453,7 @@ TEST_P(HostileInput, workIsLinearForReferencesToOneValue) {
         5000);
 }
 
-TEST_P(HostileInput, workIsLinearForRingsOfManyValues) {
+TEST_P(HostileInput, WorkIsLinearForRingsOfManyValues) {
     expectLinear(
         [this](std::size_t count) {
             std::string values;
@@ -467,7 +467,7 @@ TEST_P(HostileInput, workIsLinearForRingsOfManyValues) {
         3000);
 }
 
-TEST_P(HostileInput, workIsLinearForMembersOfArrays) {
+TEST_P(HostileInput, WorkIsLinearForMembersOfArrays) {
     const std::string kinds[] = {wire.array("xsd:int", ""), wire.array("xsd:int", "1"),
                                  wire.array("xsd:int", "100000")};
     for (const std::string& kind : kinds) {
@@ -491,7 +491,7 @@ TEST_P(HostileInput, workIsLinearForMembersOfArrays) {
         4096);
 }
 
-TEST_P(HostileInput, manyMembersOfAnArrayOfManyAxesAreReadInTime) {
+TEST_P(HostileInput, ManyMembersOfAnArrayOfManyAxesAreReadInTime) {
     // Each axis but the leftmost has one position, so that the array grows with nearly every
     // member.
     constexpr std::size_t Axes = 200000;
@@ -502,7 +502,7 @@ TEST_P(HostileInput, manyMembersOfAnArrayOfManyAxesAreReadInTime) {
     EXPECT_GE(compact(bodyEntry(message)).entries(), 200000U);
 }
 
-TEST_P(HostileInput, manyMembersOfASparseArrayAreReadInTime) {
+TEST_P(HostileInput, ManyMembersOfASparseArrayAreReadInTime) {
     // A walk over the members for each of them would take minutes.
     constexpr std::size_t Members = 300000;
     std::string members;
@@ -519,7 +519,7 @@ TEST_P(HostileInput, manyMembersOfASparseArrayAreReadInTime) {
     EXPECT_EQ(array[static_cast<unsigned int>(Members)].getName(), TzXmlName());
 }
 
-TEST_P(HostileInput, anyFailingAllocationIsReportedAndGivesAllBack) {
+TEST_P(HostileInput, AnyFailingAllocationIsReportedAndGivesAllBack) {
     const std::string text = everything();
     EXPECT_GT(failEachAllocation([&] {
                   TzSoapMessage message;
@@ -528,7 +528,7 @@ TEST_P(HostileInput, anyFailingAllocationIsReportedAndGivesAllBack) {
               100U);
 }
 
-TEST_P(HostileInput, afterAFailingAllocationTheMessageReadsTheNextText) {
+TEST_P(HostileInput, AfterAFailingAllocationTheMessageReadsTheNextText) {
     const std::string text = everything();
     const std::string written = readMessage(text).asString();
     TzSoapMessage message;
@@ -548,7 +548,7 @@ TEST_P(HostileInput, afterAFailingAllocationTheMessageReadsTheNextText) {
     }
 }
 
-TEST_P(HostileInput, readingLeavesNothingBehind) {
+TEST_P(HostileInput, ReadingLeavesNothingBehind) {
     const std::string text = everything();
     readMessage(text).asString();
     const std::ptrdiff_t before = liveAllocations();

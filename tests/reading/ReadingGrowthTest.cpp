@@ -42,7 +42,7 @@ std::size_t bytesPerEntry(const std::string& around, const std::string& entries)
 
 } // namespace
 
-TEST(ReadingGrowth, valuesUnderOneEncodingStyleShareIt) {
+TEST(ReadingGrowth, ValuesUnderOneEncodingStyleShareIt) {
     const std::string style = "urn:" + std::string(2000, 'x');
     const std::string onEnvelope =
         Start + "s:encodingStyle='" + style + "'><s:Body>$</s:Body></s:Envelope>";

@@ -65,7 +65,7 @@ std::string positionsOf(const TzSoapType& value) {
 
 TZSOAP_BOTH_VERSIONS(TzSoapArrayTypeHandlerReading);
 
-TEST_P(TzSoapArrayTypeHandlerReading, membersWithoutPositionMakeACompactArray) {
+TEST_P(TzSoapArrayTypeHandlerReading, MembersWithoutPositionMakeACompactArray) {
     const TzSoapType value = array("3", "<i>1</i><i>2</i><i>3</i>");
     EXPECT_EQ(compact(value).getElementType(), "xsd:int");
     EXPECT_EQ(compact(value).getBounds(), Index{3});
@@ -73,17 +73,17 @@ TEST_P(TzSoapArrayTypeHandlerReading, membersWithoutPositionMakeACompactArray) {
     EXPECT_EQ(itemsOf(value), "123");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, fewerMembersThanPositionsLeaveTheRestEmpty) {
+TEST_P(TzSoapArrayTypeHandlerReading, FewerMembersThanPositionsLeaveTheRestEmpty) {
     EXPECT_EQ(itemsOf(array("3", "<i>1</i>")), "1--");
     EXPECT_EQ(itemsOf(array("3", "")), "---");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, moreMembersThanPositionsAreNoError) {
+TEST_P(TzSoapArrayTypeHandlerReading, MoreMembersThanPositionsAreNoError) {
     // The array grows by one more than its size.
     EXPECT_EQ(itemsOf(array("2", "<i>1</i><i>2</i><i>3</i>")), "123--");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, anOpenArrayTakesAllMembers) {
+TEST_P(TzSoapArrayTypeHandlerReading, AnOpenArrayTakesAllMembers) {
     const TzSoapType value = array("", "<i>1</i><i>2</i><i>3</i>");
     EXPECT_EQ(compact(value).getBounds(), Index{0});
     EXPECT_EQ(itemsOf(value), "123");
@@ -91,7 +91,7 @@ TEST_P(TzSoapArrayTypeHandlerReading, anOpenArrayTakesAllMembers) {
     EXPECT_EQ(itemsOf(array("0", "<i>1</i>")), "1");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, severalAxesAreFilledRowByRow) {
+TEST_P(TzSoapArrayTypeHandlerReading, SeveralAxesAreFilledRowByRow) {
     const TzSoapType value = array2("2", "3", repeated("<i>x</i>", 4) + "<i>5</i>");
     EXPECT_EQ(compact(value).getBounds(), (Index{2, 3}));
     const TzSoapCompactArrayType items = compact(value);
@@ -99,7 +99,7 @@ TEST_P(TzSoapArrayTypeHandlerReading, severalAxesAreFilledRowByRow) {
     EXPECT_EQ(items(Index{1, 2}).getSoapTypeId(), Base::Generic);
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, anOffsetSaysWhereTheFirstMemberGoes) {
+TEST_P(TzSoapArrayTypeHandlerReading, AnOffsetSaysWhereTheFirstMemberGoes) {
     const TzSoapType value = array("5", "<i>1</i><i>2</i>", wire.offset("2"));
     EXPECT_EQ(itemsOf(value), "--12-");
     EXPECT_EQ(compact(value).getOffsetIndex(), Index{2});
@@ -108,11 +108,11 @@ TEST_P(TzSoapArrayTypeHandlerReading, anOffsetSaysWhereTheFirstMemberGoes) {
     EXPECT_EQ(itemsOf(table), "----1-");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, anOffsetBeyondTheSizeGrowsTheArray) {
+TEST_P(TzSoapArrayTypeHandlerReading, AnOffsetBeyondTheSizeGrowsTheArray) {
     EXPECT_EQ(itemsOf(array("2", "<i>1</i>", wire.offset("3"))), "---1-");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, theAttributesOfTheShapeDoNotStay) {
+TEST_P(TzSoapArrayTypeHandlerReading, TheAttributesOfTheShapeDoNotStay) {
     for (const char* members : {"", "<i>1</i>"}) {
         const TzSoapType value = array("5", members,
                                        wire.offset("1") +
@@ -129,12 +129,12 @@ TEST_P(TzSoapArrayTypeHandlerReading, theAttributesOfTheShapeDoNotStay) {
     }
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, itsOwnDeclarationsServeItsType) {
+TEST_P(TzSoapArrayTypeHandlerReading, ItsOwnDeclarationsServeItsType) {
     const TzSoapType value = array("", "", "xmlns:t=\"urn:t\" xsi:type=\"t:List\"");
     EXPECT_EQ(value.getType(), TzXmlName("List", TzXmlNamespace("t", "urn:t")));
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, aPositionOnTheFirstMemberMakesASparseArray) {
+TEST_P(TzSoapArrayTypeHandlerReading, APositionOnTheFirstMemberMakesASparseArray) {
     const TzSoapType value = array("9", member("7", "a") + member("2", "b"));
     EXPECT_EQ(sparse(value).getElementType(), "xsd:int");
     EXPECT_EQ(sparse(value).getBounds(), Index{9});
@@ -143,13 +143,13 @@ TEST_P(TzSoapArrayTypeHandlerReading, aPositionOnTheFirstMemberMakesASparseArray
     EXPECT_EQ(items(7U).attributeCount(), 0U) << "the position is that of the item now";
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, theFirstMemberAloneDecides) {
+TEST_P(TzSoapArrayTypeHandlerReading, TheFirstMemberAloneDecides) {
     const TzSoapType value = array("5", "<i>1</i>" + member("3", "2") + "<i>3</i>");
     EXPECT_EQ(itemsOf(value), "1--23");
     EXPECT_EQ(compact(value)(3U).attributeCount(), 0U) << "the position is that of the item now";
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, membersOfEveryKindHavePositions) {
+TEST_P(TzSoapArrayTypeHandlerReading, MembersOfEveryKindHavePositions) {
     const std::string at = wire.position("1");
     const struct {
         std::string member;
@@ -172,7 +172,7 @@ TEST_P(TzSoapArrayTypeHandlerReading, membersOfEveryKindHavePositions) {
     }
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, membersOfEveryKindFillCompactArrays) {
+TEST_P(TzSoapArrayTypeHandlerReading, MembersOfEveryKindFillCompactArrays) {
     const TzSoapCompactArrayType items = compact(
         array("5", "<i>x</i><i><b>y</b></i><i " + wire.ref("x") + "/><i " +
                        wire.array("xsd:int", "2") + "><j>1</j></i><i e:encodingStyle=\"urn:f\"/>"));
@@ -185,33 +185,33 @@ TEST_P(TzSoapArrayTypeHandlerReading, membersOfEveryKindFillCompactArrays) {
     EXPECT_EQ(itemsOf(items(3U)), "1-");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, oneMoreMemberAtAPositionReplacesTheOneBefore) {
+TEST_P(TzSoapArrayTypeHandlerReading, OneMoreMemberAtAPositionReplacesTheOneBefore) {
     EXPECT_EQ(positionsOf(array("9", member("7", "a") + member("2", "b") + member("7", "c"))),
               "[7]c[2]b");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, aReplacedMemberWithReferencesDoesNoHarm) {
+TEST_P(TzSoapArrayTypeHandlerReading, AReplacedMemberWithReferencesDoesNoHarm) {
     const TzSoapMessage message = readMessage(wire.body(
         "<a " + wire.array("xsd:int", "9") + "><i " + wire.position("1") + "><b " + wire.ref("x") +
         "/><b " + wire.ref("y") + "/></i><i " + wire.position("1") + ">c</i></a><d id=\"x\"/>"));
     EXPECT_EQ(positionsOf(bodyEntry(message)), "[1]c");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, aValueReplacedInItsArrayIsStillFoundByItsId) {
+TEST_P(TzSoapArrayTypeHandlerReading, AValueReplacedInItsArrayIsStillFoundByItsId) {
     const TzSoapMessage message = readMessage(
         wire.body("<a " + wire.array("xsd:int", "9") + "><i id=\"x\" " + wire.position("1") +
                   ">old</i>" + member("1", "new") + "</a><d " + wire.ref("x") + "/>"));
     EXPECT_EQ(textOf(reference(bodyEntry(message, 1)).getSoapReference()), "old");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, aMemberWithoutPositionInASparseArrayComesNext) {
+TEST_P(TzSoapArrayTypeHandlerReading, AMemberWithoutPositionInASparseArrayComesNext) {
     EXPECT_EQ(positionsOf(array("9", member("1", "a") + "<i>b</i>")), "[1]a[2]b");
     expectCatalogued<TzXmlBoundsError>([&] { array("9", member("8", "a") + "<i>b</i>"); },
                                        tzsoap_INDEX_RANGE_VEC()->id,
                                        "[INDEX_RANGE_VEC][Index vector 9 out of range 0 -> 9]");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, aPositionOutsideOfTheShapeIsOutOfRange) {
+TEST_P(TzSoapArrayTypeHandlerReading, APositionOutsideOfTheShapeIsOutOfRange) {
     expectCatalogued<TzXmlBoundsError>([&] { array("9", member("9", "a")); },
                                        tzsoap_INDEX_RANGE_VEC()->id,
                                        "[INDEX_RANGE_VEC][Index vector 9 out of range 0 -> 9]");
@@ -224,7 +224,7 @@ TEST_P(TzSoapArrayTypeHandlerReading, aPositionOutsideOfTheShapeIsOutOfRange) {
     EXPECT_EQ(positionsOf(array("", member("4000000000", "a"))), "[4000000000]a");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, aPositionThatIsNoneIsABadIndex) {
+TEST_P(TzSoapArrayTypeHandlerReading, APositionThatIsNoneIsABadIndex) {
     expectCatalogued<TzXmlBadArgError>(
         [&] { read("<a " + wire.array("xsd:int", "9") + "><i c:position=\"[1\">a</i></a>"); },
         tzsoap_BAD_INDEX_STRING()->id,
@@ -235,7 +235,7 @@ TEST_P(TzSoapArrayTypeHandlerReading, aPositionThatIsNoneIsABadIndex) {
         "[BAD_INDEX_STRING][Illegal SOAP array index string: \"-1\"]");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, aShapeThatIsNoneIsABadIndex) {
+TEST_P(TzSoapArrayTypeHandlerReading, AShapeThatIsNoneIsABadIndex) {
     const std::string text = GetParam() == V::V1_1
                                  ? "<a c:arrayType=\"xsd:int[-1]\">"
                                  : "<a c:itemType=\"xsd:int\" c:arraySize=\"-1\">";
@@ -247,17 +247,17 @@ TEST_P(TzSoapArrayTypeHandlerReading, aShapeThatIsNoneIsABadIndex) {
     }
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, anOffsetThatIsNoneIsABadIndex) {
+TEST_P(TzSoapArrayTypeHandlerReading, AnOffsetThatIsNoneIsABadIndex) {
     expectCatalogued<TzXmlBadArgError>(
         [&] { array("9", "<i/>", "c:offset=\"[,1]\""); }, tzsoap_BAD_INDEX_STRING()->id,
         "[BAD_INDEX_STRING][Illegal SOAP array index string: \"[,1]\"]");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, anEmptyOffsetSaysNothing) {
+TEST_P(TzSoapArrayTypeHandlerReading, AnEmptyOffsetSaysNothing) {
     EXPECT_EQ(itemsOf(array("2", "<i>1</i>", "c:offset=\"\"")), "1-");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, anArrayCanBeReferredToByItsId) {
+TEST_P(TzSoapArrayTypeHandlerReading, AnArrayCanBeReferredToByItsId) {
     for (const char* members : {"", "<i>1</i>"}) {
         const TzSoapMessage message =
             readMessage(wire.body("<b " + wire.ref("x") + "/><a id=\"x\" " +
@@ -267,12 +267,12 @@ TEST_P(TzSoapArrayTypeHandlerReading, anArrayCanBeReferredToByItsId) {
     }
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, textBetweenMembersIsDropped) {
+TEST_P(TzSoapArrayTypeHandlerReading, TextBetweenMembersIsDropped) {
     EXPECT_EQ(itemsOf(array("2", "\n  <i>1</i>text<i>2</i>\n")), "12");
     EXPECT_EQ(itemsOf(array("2", "only text")), "--");
 }
 
-TEST_P(TzSoapArrayTypeHandlerReading, arraysOfArraysKeepTheirMembersApart) {
+TEST_P(TzSoapArrayTypeHandlerReading, ArraysOfArraysKeepTheirMembersApart) {
     const std::string inner = "<i " + wire.array("xsd:int", "2") + ">";
     const TzSoapCompactArrayType outer = compact(
         array("3", inner + "<j>1</j><j>2</j></i>" + inner + "<j>3</j></i>" + inner + "</i>"));
@@ -281,7 +281,7 @@ TEST_P(TzSoapArrayTypeHandlerReading, arraysOfArraysKeepTheirMembersApart) {
     EXPECT_EQ(itemsOf(outer(2U)), "--");
 }
 
-TEST(TzSoapArrayTypeHandler12, theFormOfSoap11IsReadToo) {
+TEST(TzSoapArrayTypeHandler12, TheFormOfSoap11IsReadToo) {
     const WireForm wire(V::V1_2);
     const auto array = compact(bodyEntry(readMessage(wire.body(
         "<a c:itemType=\"xsd:int\" c:arraySize=\"[2,3]\" c:offset=\"[1,0]\"><i>1</i></a>"))));

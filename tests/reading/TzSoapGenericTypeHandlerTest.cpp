@@ -52,7 +52,7 @@ std::string registeredStyle(V::Version version) {
 
 TZSOAP_BOTH_VERSIONS(TzSoapGenericTypeHandlerReading);
 
-TEST_P(TzSoapGenericTypeHandlerReading, withoutMarksTheContentDecides) {
+TEST_P(TzSoapGenericTypeHandlerReading, WithoutMarksTheContentDecides) {
     EXPECT_EQ(kindOf("<a/>"), "Simple");
     EXPECT_EQ(kindOf("<a>text</a>"), "Simple");
     EXPECT_EQ(kindOf("<a><b/></a>"), "Composite");
@@ -60,13 +60,13 @@ TEST_P(TzSoapGenericTypeHandlerReading, withoutMarksTheContentDecides) {
     EXPECT_EQ(kindOf("<a><!--b--></a>"), "Simple");
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, aReferenceAttributeMakesAReference) {
+TEST_P(TzSoapGenericTypeHandlerReading, AReferenceAttributeMakesAReference) {
     const auto read = reference(bodyEntry(readMessage(wire.body("<a " + wire.ref("x") + "/>"))));
     EXPECT_FALSE(read.isMimeReference());
     EXPECT_FALSE(read.hasReference());
 }
 
-TEST(TzSoapGenericTypeHandler11, hrefIsAReferenceToAValueWithAMarkOfAFragmentAndToAPartWithout) {
+TEST(TzSoapGenericTypeHandler11, HrefIsAReferenceToAValueWithAMarkOfAFragmentAndToAPartWithout) {
     for (const char* href : {"#x", "#"}) {
         const auto read =
             bodyEntry(readMessage(wire11.body("<a href=\"" + TzCString(href) + "\"/>")));
@@ -79,11 +79,11 @@ TEST(TzSoapGenericTypeHandler11, hrefIsAReferenceToAValueWithAMarkOfAFragmentAnd
     }
 }
 
-TEST(TzSoapGenericTypeHandler11, refSaysNothing) {
+TEST(TzSoapGenericTypeHandler11, RefSaysNothing) {
     EXPECT_EQ(bodyEntry(readMessage(wire11.body("<a ref=\"#x\"/>"))).getSoapTypeId(), Base::Simple);
 }
 
-TEST(TzSoapGenericTypeHandler12, refIsAReferenceToAValueWhateverItSays) {
+TEST(TzSoapGenericTypeHandler12, RefIsAReferenceToAValueWhateverItSays) {
     for (const char* ref : {"#x", "x", "cid:x", ""}) {
         const auto read =
             bodyEntry(readMessage(wire12.body("<a ref=\"" + TzCString(ref) + "\"/>")));
@@ -91,7 +91,7 @@ TEST(TzSoapGenericTypeHandler12, refIsAReferenceToAValueWhateverItSays) {
     }
 }
 
-TEST(TzSoapGenericTypeHandler12, hrefIsAReferenceToAPartWhateverItSays) {
+TEST(TzSoapGenericTypeHandler12, HrefIsAReferenceToAPartWhateverItSays) {
     for (const char* href : {"#x", "x", "cid:x", ""}) {
         const auto read =
             bodyEntry(readMessage(wire12.body("<a href=\"" + TzCString(href) + "\"/>")));
@@ -99,46 +99,46 @@ TEST(TzSoapGenericTypeHandler12, hrefIsAReferenceToAPartWhateverItSays) {
     }
 }
 
-TEST(TzSoapGenericTypeHandler12, refComesBeforeHref) {
+TEST(TzSoapGenericTypeHandler12, RefComesBeforeHref) {
     const auto read = bodyEntry(readMessage(wire12.body("<a href=\"cid:x\" ref=\"#x\"/>")));
     EXPECT_FALSE(reference(read).isMimeReference());
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, onlyUnqualifiedReferenceAttributesCount) {
+TEST_P(TzSoapGenericTypeHandlerReading, OnlyUnqualifiedReferenceAttributesCount) {
     EXPECT_EQ(kindOf("<a c:href=\"#x\" c:ref=\"#x\" e:href=\"#x\"/>"), "Simple");
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, aReferenceComesBeforeAnArray) {
+TEST_P(TzSoapGenericTypeHandlerReading, AReferenceComesBeforeAnArray) {
     EXPECT_EQ(kindOf("<a " + wire.array("xsd:int", "2") + " " + wire.ref("x") + "/>"), "Reference");
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, arrayAttributesMakeAnArray) {
+TEST_P(TzSoapGenericTypeHandlerReading, ArrayAttributesMakeAnArray) {
     const auto array =
         compact(bodyEntry(readMessage(wire.body("<a " + wire.array("xsd:int", "2") + "/>"))));
     EXPECT_EQ(array.getElementType(), "xsd:int");
     EXPECT_EQ(array.getBounds(), std::vector<unsigned int>{2});
 }
 
-TEST(TzSoapGenericTypeHandler11, theAttributesOfSoap12MakeNoArray) {
+TEST(TzSoapGenericTypeHandler11, TheAttributesOfSoap12MakeNoArray) {
     const auto read = bodyEntry(
         readMessage(wire11.body("<a c:itemType=\"xsd:int\" c:arraySize=\"2\" xmlns:n=\"" +
                                 wire12.style() + "\" n:itemType=\"xsd:int\" n:arraySize=\"2\"/>")));
     EXPECT_EQ(read.getSoapTypeId(), Base::Simple);
 }
 
-TEST(TzSoapGenericTypeHandler12, theAttributeOfSoap11MakesNoArray) {
+TEST(TzSoapGenericTypeHandler12, TheAttributeOfSoap11MakesNoArray) {
     const auto read =
         bodyEntry(readMessage(wire12.body("<a c:arrayType=\"xsd:int[2]\" xmlns:n=\"" +
                                           wire11.style() + "\" n:arrayType=\"xsd:int[2]\"/>")));
     EXPECT_EQ(read.getSoapTypeId(), Base::Simple);
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, unqualifiedArrayAttributesSayNothing) {
+TEST_P(TzSoapGenericTypeHandlerReading, UnqualifiedArrayAttributesSayNothing) {
     EXPECT_EQ(kindOf("<a arrayType=\"xsd:int[2]\" itemType=\"xsd:int\" arraySize=\"2\"/>"),
               "Simple");
 }
 
-TEST(TzSoapGenericTypeHandler12, itemTypeOrArraySizeAloneMakesAnArray) {
+TEST(TzSoapGenericTypeHandler12, ItemTypeOrArraySizeAloneMakesAnArray) {
     const auto typed = compact(bodyEntry(readMessage(wire12.body("<a c:itemType=\"xsd:int\"/>"))));
     EXPECT_EQ(typed.getElementType(), "xsd:int");
     EXPECT_EQ(typed.getBounds(), std::vector<unsigned int>{0});
@@ -147,13 +147,13 @@ TEST(TzSoapGenericTypeHandler12, itemTypeOrArraySizeAloneMakesAnArray) {
     EXPECT_EQ(sized.getBounds(), (std::vector<unsigned int>{2, 3}));
 }
 
-TEST(TzSoapGenericTypeHandler11, anArrayTypeWithoutSizeIsAnOpenArrayOfNoType) {
+TEST(TzSoapGenericTypeHandler11, AnArrayTypeWithoutSizeIsAnOpenArrayOfNoType) {
     const auto array = compact(bodyEntry(readMessage(wire11.body("<a c:arrayType=\"xsd:int\"/>"))));
     EXPECT_EQ(array.getElementType(), "");
     EXPECT_EQ(array.getBounds(), std::vector<unsigned int>{0});
 }
 
-TEST(TzSoapGenericTypeHandler11, theLastBracketsOfAnArrayTypeAreItsSize) {
+TEST(TzSoapGenericTypeHandler11, TheLastBracketsOfAnArrayTypeAreItsSize) {
     const auto array =
         compact(bodyEntry(readMessage(wire11.body("<a c:arrayType=\"xsd:int[][3]\"/>"))));
     EXPECT_EQ(array.getElementType(), "xsd:int[]");
@@ -162,7 +162,7 @@ TEST(TzSoapGenericTypeHandler11, theLastBracketsOfAnArrayTypeAreItsSize) {
 
 // Encoding styles.
 
-TEST_P(TzSoapGenericTypeHandlerReading, theNearestStyleDecides) {
+TEST_P(TzSoapGenericTypeHandlerReading, TheNearestStyleDecides) {
     const std::string foreign = style("urn:foreign");
     const std::string soap = style(wire.style());
     const std::string none = style("");
@@ -208,7 +208,7 @@ TEST_P(TzSoapGenericTypeHandlerReading, theNearestStyleDecides) {
     }
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, aStyleHoldsForAllItsElementHoldsAndForNothingBehindIt) {
+TEST_P(TzSoapGenericTypeHandlerReading, AStyleHoldsForAllItsElementHoldsAndForNothingBehindIt) {
     const TzSoapMessage message =
         readMessage(wire.body("<a " + style(wire.style()) + "><b " + style("urn:foreign") +
                                   "/><c><d/></c></a><f/>"
@@ -222,7 +222,7 @@ TEST_P(TzSoapGenericTypeHandlerReading, aStyleHoldsForAllItsElementHoldsAndForNo
     EXPECT_EQ(bodyEntry(message, 3).getSoapTypeId(), Base::UserDefined);
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, theStyleOfEachKindOfChildEndsWithIt) {
+TEST_P(TzSoapGenericTypeHandlerReading, TheStyleOfEachKindOfChildEndsWithIt) {
     const std::string soap = style(wire.style());
     for (const std::string& first :
          {"<a " + soap + "/>", "<a " + soap + "><b/></a>",
@@ -237,7 +237,7 @@ TEST_P(TzSoapGenericTypeHandlerReading, theStyleOfEachKindOfChildEndsWithIt) {
     }
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, theStyleOfADetailHoldsForItsEntries) {
+TEST_P(TzSoapGenericTypeHandlerReading, TheStyleOfADetailHoldsForItsEntries) {
     const auto fault = [](const std::string& detail) {
         return GetParam() == V::V1_1
                    ? "<e:Fault><faultcode>x</faultcode><detail " + detail + "</detail></e:Fault>"
@@ -268,7 +268,7 @@ TEST_P(TzSoapGenericTypeHandlerReading, theStyleOfADetailHoldsForItsEntries) {
         << "the style of the entry before has ended";
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, aStyleServesTheMembersOfArrays) {
+TEST_P(TzSoapGenericTypeHandlerReading, AStyleServesTheMembersOfArrays) {
     const TzSoapMessage message =
         readMessage(wire.body("<a " + style(wire.style()) + " " + wire.array("xsd:int", "2") +
                                   "><b>1</b><b " + style("urn:x") + ">2</b></a>",
@@ -278,27 +278,27 @@ TEST_P(TzSoapGenericTypeHandlerReading, aStyleServesTheMembersOfArrays) {
     EXPECT_EQ(array(1U).getSoapTypeId(), Base::UserDefined);
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, aForeignStyleComesBeforeAllMarks) {
+TEST_P(TzSoapGenericTypeHandlerReading, AForeignStyleComesBeforeAllMarks) {
     const std::string foreign = style("urn:foreign");
     EXPECT_EQ(kindOf("<a " + foreign + " " + wire.ref("x") + "/>"), "UserDefined");
     EXPECT_EQ(kindOf("<a " + foreign + " " + wire.array("xsd:int", "2") + "/>"), "UserDefined");
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, theStylesOfBothVersionsAreSoap) {
+TEST_P(TzSoapGenericTypeHandlerReading, TheStylesOfBothVersionsAreSoap) {
     EXPECT_EQ(kindOf("<a " + style(wire11.style()) + "/>"), "Simple");
     EXPECT_EQ(kindOf("<a " + style(wire12.style()) + "/>"), "Simple");
     EXPECT_EQ(kindOf("<a " + style("http://schemas.xmlsoap.org/soap/encoding") + "/>"), "Simple");
 }
 
 TEST_P(TzSoapGenericTypeHandlerReading,
-       theEncodingStyleOfTheOtherVersionIsAnAttributeLikeAnyOther) {
+       TheEncodingStyleOfTheOtherVersionIsAnAttributeLikeAnyOther) {
     const WireForm& other = GetParam() == V::V1_1 ? wire12 : wire11;
     EXPECT_EQ(
         kindOf("<a xmlns:o=\"" + other.envelopeUri() + "\" o:encodingStyle=\"urn:foreign\"/>"),
         "Simple");
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, aRegisteredTypeOfASoapStyleIsLeftToTheApplication) {
+TEST_P(TzSoapGenericTypeHandlerReading, ARegisteredTypeOfASoapStyleIsLeftToTheApplication) {
     const std::string registered = style(registeredStyle(GetParam()));
     const std::string mine = " xmlns:t=\"urn:t\" xsi:type=\"t:mine\"";
     EXPECT_EQ(kindOf("<a " + registered + mine + "/>"), "UserDefined");
@@ -313,14 +313,14 @@ TEST_P(TzSoapGenericTypeHandlerReading, aRegisteredTypeOfASoapStyleIsLeftToTheAp
     EXPECT_EQ(kindOf("<a " + registered + "/>"), "UserDefined");
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, theEmptyStyleNeverAsksTheRegistry) {
+TEST_P(TzSoapGenericTypeHandlerReading, TheEmptyStyleNeverAsksTheRegistry) {
     TzSoapEncodingStyleTypeRegistry::getRegistry()->registerType(
         "", TzXmlName("int", TzXmlNamespace::getXsd()));
     EXPECT_EQ(kindOf("<a " + style("") + " xsi:type=\"xsd:int\"/>"), "Simple");
     EXPECT_EQ(kindOf("<a xsi:type=\"xsd:int\"/>"), "Simple");
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, theTypeOfTheMessagesRegistryStandsInForAMissingOne) {
+TEST_P(TzSoapGenericTypeHandlerReading, TheTypeOfTheMessagesRegistryStandsInForAMissingOne) {
     const std::string registered = style(registeredStyle(GetParam()));
     TzSoapMessage message;
     message.getTypeRegistry().registerType(TzXmlName("a"),
@@ -335,7 +335,7 @@ TEST_P(TzSoapGenericTypeHandlerReading, theTypeOfTheMessagesRegistryStandsInForA
     EXPECT_EQ(bodyEntry(message, 3).getSoapTypeId(), Base::UserDefined);
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, thePrefixOfATypeIsLookedUpOutsideFirst) {
+TEST_P(TzSoapGenericTypeHandlerReading, ThePrefixOfATypeIsLookedUpOutsideFirst) {
     const std::string registered = style(registeredStyle(GetParam()));
     // Deliberately: what decides the handler is the outer binding, what the value keeps its own.
     const std::string text = wire.body("<a xmlns:t=\"urn:inner\" xsi:type=\"t:mine\"/>",
@@ -345,7 +345,7 @@ TEST_P(TzSoapGenericTypeHandlerReading, thePrefixOfATypeIsLookedUpOutsideFirst) 
 
 // References as values.
 
-TEST_P(TzSoapGenericTypeHandlerReading, aReferenceKeepsNameAndAttributes) {
+TEST_P(TzSoapGenericTypeHandlerReading, AReferenceKeepsNameAndAttributes) {
     const auto read = reference(bodyEntry(readMessage(wire.body(
         "<p:a xmlns:p=\"urn:p\" " + wire.ref("x") +
         " id=\"r\" k=\"v\" xmlns:t=\"urn:t\" xsi:type=\"t:T\" e:mustUnderstand=\"1\"/>"))));
@@ -356,7 +356,7 @@ TEST_P(TzSoapGenericTypeHandlerReading, aReferenceKeepsNameAndAttributes) {
     EXPECT_TRUE(read.getMustUnderstand());
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, aReferenceIsAnEmptyElement) {
+TEST_P(TzSoapGenericTypeHandlerReading, AReferenceIsAnEmptyElement) {
     const std::string begin = wire.envelope("<e:Body><a " + wire.ref("x") + ">");
     const std::string text = "[ILLEGAL_REFERENCE][Per SOAP, reference accessor(element with a href "
                              "attribute) is an empty element.]";
@@ -371,7 +371,7 @@ TEST_P(TzSoapGenericTypeHandlerReading, aReferenceIsAnEmptyElement) {
     EXPECT_EQ(kindOf("<a " + wire.ref("x") + "> <!-- --> \n</a>"), "Reference");
 }
 
-TEST_P(TzSoapGenericTypeHandlerReading, contentOfAReferenceIsRefusedWithItsPlace) {
+TEST_P(TzSoapGenericTypeHandlerReading, ContentOfAReferenceIsRefusedWithItsPlace) {
     TzSoapMessage message;
     try {
         message.extract(wire.body("\n <a " + wire.ref("x") + ">\n   <b/></a>"));

@@ -95,7 +95,7 @@ const WideForm WideForms[] = {
 
 TZSOAP_BOTH_VERSIONS(TzSoapMessageReading);
 
-TEST_P(TzSoapMessageReading, envelopeHeaderAndBodyAreRead) {
+TEST_P(TzSoapMessageReading, EnvelopeHeaderAndBodyAreRead) {
     const TzSoapMessage message =
         read("<?xml version=\"1.0\"?>\n" + wire.message("<h/>", "<a/><b/>"));
     EXPECT_EQ(message.getVersion(), GetParam());
@@ -103,7 +103,7 @@ TEST_P(TzSoapMessageReading, envelopeHeaderAndBodyAreRead) {
     EXPECT_EQ(message.getName(), TzXmlName("Envelope", wire.names().getSoapEnv()));
 }
 
-TEST_P(TzSoapMessageReading, theVersionIsThatOfTheEnvelope) {
+TEST_P(TzSoapMessageReading, TheVersionIsThatOfTheEnvelope) {
     for (const auto before : {V::V1_1, V::V1_2}) {
         TzSoapMessage message(before);
         message.extract(wire.body("<a/>"));
@@ -114,7 +114,7 @@ TEST_P(TzSoapMessageReading, theVersionIsThatOfTheEnvelope) {
     }
 }
 
-TEST_P(TzSoapMessageReading, prefixesAreThoseOfTheText) {
+TEST_P(TzSoapMessageReading, PrefixesAreThoseOfTheText) {
     const TzSoapMessage message =
         read("<P:Envelope xmlns:P=\"" + wire.envelopeUri() + "\" xmlns:Q=\"" + wire.envelopeUri() +
              "\"><Q:Header/><P:Body/></P:Envelope>");
@@ -124,14 +124,14 @@ TEST_P(TzSoapMessageReading, prefixesAreThoseOfTheText) {
     EXPECT_EQ(message.getSoapEncodingPrefix(), TzSoapMessage().getSoapEncodingPrefix());
 }
 
-TEST_P(TzSoapMessageReading, anEnvelopeMayHaveNoPrefix) {
+TEST_P(TzSoapMessageReading, AnEnvelopeMayHaveNoPrefix) {
     const TzSoapMessage message = read("<Envelope xmlns=\"" + wire.envelopeUri() +
                                        "\"><Body><a xmlns=\"\"/></Body></Envelope>");
     EXPECT_EQ(message.getSoapPrefix(), "");
     EXPECT_EQ(entriesOf(message), "|a");
 }
 
-TEST_P(TzSoapMessageReading, attributesOfTheEnvelopeAreKept) {
+TEST_P(TzSoapMessageReading, AttributesOfTheEnvelopeAreKept) {
     const TzSoapMessage message =
         read(wire.envelope("", "xmlns:p=\"urn:p\" p:k=\"v\" e:encodingStyle=\"urn:a  urn:b\""));
     EXPECT_EQ(message.findNamespaceAttribute("p")->getValue(), "urn:p");
@@ -142,7 +142,7 @@ TEST_P(TzSoapMessageReading, attributesOfTheEnvelopeAreKept) {
     EXPECT_EQ(message.attributeCount(), 6U); // e, c, xsi, xsd, p, k
 }
 
-TEST_P(TzSoapMessageReading, attributesOfHeaderAndBodyAreKept) {
+TEST_P(TzSoapMessageReading, AttributesOfHeaderAndBodyAreKept) {
     const TzSoapMessage message =
         read(wire.envelope("<e:Header k=\"v\" e:encodingStyle=\"urn:h\"/>"
                            "<e:Body xmlns:p=\"urn:p\" id=\"b\" e:encodingStyle=\"urn:b\"/>"));
@@ -157,7 +157,7 @@ TEST_P(TzSoapMessageReading, attributesOfHeaderAndBodyAreKept) {
     EXPECT_EQ(body.attributeCount(), 2U);
 }
 
-TEST_P(TzSoapMessageReading, aSecondHeaderOrBodyAddsToTheFirst) {
+TEST_P(TzSoapMessageReading, ASecondHeaderOrBodyAddsToTheFirst) {
     const TzSoapMessage message = read(wire.envelope(
         "<e:Body k=\"1\" e:encodingStyle=\"\"><a/></e:Body><e:Header l=\"1\"><h/></e:Header>"
         "<e:Body k=\"2\" m=\"3\" e:encodingStyle=\"\"><b/></e:Body>"
@@ -168,19 +168,19 @@ TEST_P(TzSoapMessageReading, aSecondHeaderOrBodyAddsToTheFirst) {
     EXPECT_EQ(message.getSoapHeader().findAttribute(TzXmlName("l"))->getValue(), "2");
 }
 
-TEST_P(TzSoapMessageReading, theOrderOfHeaderAndBodyDoesNotMatter) {
+TEST_P(TzSoapMessageReading, TheOrderOfHeaderAndBodyDoesNotMatter) {
     EXPECT_EQ(entriesOf(read(wire.envelope("<e:Body><a/></e:Body><e:Header><h/></e:Header>"))),
               "h|a");
 }
 
-TEST_P(TzSoapMessageReading, headerAndBodyMayBeMissing) {
+TEST_P(TzSoapMessageReading, HeaderAndBodyMayBeMissing) {
     EXPECT_EQ(entriesOf(read(wire.envelope("<e:Header><h/></e:Header>"))), "h|");
     EXPECT_EQ(entriesOf(read(wire.envelope("<e:Body><a/></e:Body>"))), "|a");
     EXPECT_EQ(entriesOf(read(wire.envelope(""))), "|");
     EXPECT_EQ(entriesOf(read(wire.envelope("\n text \n"))), "|");
 }
 
-TEST_P(TzSoapMessageReading, aFaultBesideEntriesIsRead) {
+TEST_P(TzSoapMessageReading, AFaultBesideEntriesIsRead) {
     const std::string code = GetParam() == V::V1_1
                                  ? "<faultcode>e:Server</faultcode>"
                                  : "<e:Code><e:Value>e:Receiver</e:Value></e:Code>";
@@ -191,11 +191,11 @@ TEST_P(TzSoapMessageReading, aFaultBesideEntriesIsRead) {
     EXPECT_EQ(entriesOf(message), "|ab");
 }
 
-TEST_P(TzSoapMessageReading, aFaultInTheHeaderIsAnEntry) {
+TEST_P(TzSoapMessageReading, AFaultInTheHeaderIsAnEntry) {
     EXPECT_EQ(entriesOf(read(wire.message("<e:Fault/>", ""))), "Fault|");
 }
 
-TEST_P(TzSoapMessageReading, theEnvelopesOfSimilarNamespacesAreTheSame) {
+TEST_P(TzSoapMessageReading, TheEnvelopesOfSimilarNamespacesAreTheSame) {
     // With another last character, or without it.
     const std::string uri = wire.envelopeUri().substr(0, wire.envelopeUri().size() - 1);
     for (const std::string& similar : {uri, uri + "X"}) {
@@ -208,13 +208,13 @@ TEST_P(TzSoapMessageReading, theEnvelopesOfSimilarNamespacesAreTheSame) {
     }
 }
 
-TEST_P(TzSoapMessageReading, aTextWithoutATagHoldsNoEnvelope) {
+TEST_P(TzSoapMessageReading, ATextWithoutATagHoldsNoEnvelope) {
     for (const char* text : {"", "x", "Envelope", "&lt;Envelope/>", "\xFF\xFE", "\xEF\xBB\xBF"}) {
         expectRefused(text, tzsoap_NO_SOAP_ENVELOPE(), NoEnvelope, 1, 1);
     }
 }
 
-TEST_P(TzSoapMessageReading, theFirstElementIsTheEnvelope) {
+TEST_P(TzSoapMessageReading, TheFirstElementIsTheEnvelope) {
     expectRefused("<a>\n" + wire.envelope("") + "</a>", tzsoap_NO_SOAP_ENVELOPE(), NoEnvelope, 1,
                   1);
     expectRefused("<?xml version=\"1.0\"?>\n <e:envelope xmlns:e=\"" + wire.envelopeUri() + "\"/>",
@@ -223,7 +223,7 @@ TEST_P(TzSoapMessageReading, theFirstElementIsTheEnvelope) {
                   NoEnvelope, 1, 1);
 }
 
-TEST_P(TzSoapMessageReading, anEnvelopeOfAnotherNamespaceIsOfAnUnknownVersion) {
+TEST_P(TzSoapMessageReading, AnEnvelopeOfAnotherNamespaceIsOfAnUnknownVersion) {
     for (const char* uri : {"http://www.w3.org/2003/05/soap-envelope", "urn:x",
                             "http://www.w3.org/2002/06/soap-envel"}) {
         expectRefused("\n<e:Envelope xmlns:e=\"" + std::string(uri) + "\"/>",
@@ -238,7 +238,7 @@ TEST_P(TzSoapMessageReading, anEnvelopeOfAnotherNamespaceIsOfAnUnknownVersion) {
     }
 }
 
-TEST_P(TzSoapMessageReading, otherChildrenOfTheEnvelopeAreRefused) {
+TEST_P(TzSoapMessageReading, OtherChildrenOfTheEnvelopeAreRefused) {
     const struct {
         std::string children;
         const char* name;
@@ -261,14 +261,14 @@ TEST_P(TzSoapMessageReading, otherChildrenOfTheEnvelopeAreRefused) {
     }
 }
 
-TEST_P(TzSoapMessageReading, partsOfTheOtherVersionAreRefused) {
+TEST_P(TzSoapMessageReading, PartsOfTheOtherVersionAreRefused) {
     const WireForm other(GetParam() == V::V1_1 ? V::V1_2 : V::V1_1);
     expectRefused(wire.envelope("\n<o:Body xmlns:o=\"" + other.envelopeUri() + "\"/>"),
                   tzsoap_UNKNOWN_SOAP_ELEMENT(),
                   "[UNKNOWN_SOAP_ELEMENT][Element \"Body\" is NOT in the SOAP Grammar ]", 2, 1);
 }
 
-TEST_P(TzSoapMessageReading, whatTheParserFindsIsPassedOnWithItsPlace) {
+TEST_P(TzSoapMessageReading, WhatTheParserFindsIsPassedOnWithItsPlace) {
     for (const std::string& text :
          {wire.envelope("\n<e:Body>\n</a>"),
           "\n<e:Envelope xmlns:e=\"" + wire.envelopeUri() + "\">\n<",
@@ -285,7 +285,7 @@ TEST_P(TzSoapMessageReading, whatTheParserFindsIsPassedOnWithItsPlace) {
     }
 }
 
-TEST_P(TzSoapMessageReading, anEventInAnImpossibleStateIsAnInternalError) {
+TEST_P(TzSoapMessageReading, AnEventInAnImpossibleStateIsAnInternalError) {
     TzSoapMessage message = read(wire.body("<a/>"));
     expectCatalogued<TzXmlInternalError>(
         [&] {
@@ -295,7 +295,7 @@ TEST_P(TzSoapMessageReading, anEventInAnImpossibleStateIsAnInternalError) {
         "[INTERNAL_ERROR][Internal Logic Error in file \"..\\TzSoapMessageImp\", line \"252\" ]");
 }
 
-TEST_P(TzSoapMessageReading, aPartWithoutABodyIsNotReadInto) {
+TEST_P(TzSoapMessageReading, APartWithoutABodyIsNotReadInto) {
     TzSoapMessage headless;
     const TzSoapHeader header = std::move(headless.getSoapHeader());
     EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&] { headless.extract(wire.message("", "")); }),
@@ -306,7 +306,7 @@ TEST_P(TzSoapMessageReading, aPartWithoutABodyIsNotReadInto) {
               "Invalid pointer");
 }
 
-TEST_P(TzSoapMessageReading, aSecondTextReplacesTheFirst) {
+TEST_P(TzSoapMessageReading, ASecondTextReplacesTheFirst) {
     TzSoapMessage message;
     const WireForm other(GetParam() == V::V1_1 ? V::V1_2 : V::V1_1);
     message.setProlog(TzXmlProlog());
@@ -328,7 +328,7 @@ TEST_P(TzSoapMessageReading, aSecondTextReplacesTheFirst) {
     EXPECT_FALSE(message.getSoapBody().hasAttribute(TzXmlName("k")));
 }
 
-TEST_P(TzSoapMessageReading, readingKeepsRegistryEncodingPrefixAndLimits) {
+TEST_P(TzSoapMessageReading, ReadingKeepsRegistryEncodingPrefixAndLimits) {
     TzSoapMessage message;
     message.getTypeRegistry().registerType(TzXmlName("a"), TzXmlName("t"));
     message.setSoapEncodingPrefix("mine");
@@ -341,7 +341,7 @@ TEST_P(TzSoapMessageReading, readingKeepsRegistryEncodingPrefixAndLimits) {
     EXPECT_EQ(message.getReadLimits().depth, 7U);
 }
 
-TEST_P(TzSoapMessageReading, handlesOfHeaderAndBodyStayThoseOfTheMessage) {
+TEST_P(TzSoapMessageReading, HandlesOfHeaderAndBodyStayThoseOfTheMessage) {
     TzSoapMessage message;
     const TzSoapBody body = message.getSoapBody();
     const TzSoapMessage shared = message;
@@ -350,13 +350,13 @@ TEST_P(TzSoapMessageReading, handlesOfHeaderAndBodyStayThoseOfTheMessage) {
     EXPECT_EQ(entriesOf(shared), "|a");
 }
 
-TEST_P(TzSoapMessageReading, whatIsNotASoapMessageLeavesTheContent) {
+TEST_P(TzSoapMessageReading, WhatIsNotASoapMessageLeavesTheContent) {
     TzSoapMessage message = read(wire.body("<a/>"));
     EXPECT_THROW(message.extract("<Envelope xmlns=\"urn:x\"/>"), TzXmlParseError);
     EXPECT_EQ(entriesOf(message), "|a");
 }
 
-TEST_P(TzSoapMessageReading, afterAnErrorTheMessageReadsTheNextText) {
+TEST_P(TzSoapMessageReading, AfterAnErrorTheMessageReadsTheNextText) {
     TzSoapMessage message;
     const std::string good = wire.message("<h>1</h>", "<a><b>2</b></a>");
     const std::string whole = read(good).asString();
@@ -374,7 +374,7 @@ TEST_P(TzSoapMessageReading, afterAnErrorTheMessageReadsTheNextText) {
 
 // Where the document begins.
 
-TEST_P(TzSoapMessageReading, whatStandsBeforeTheDocumentIsSkipped) {
+TEST_P(TzSoapMessageReading, WhatStandsBeforeTheDocumentIsSkipped) {
     const std::string text = wire.body("<a>1</a>");
     const std::string declared = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>" + text;
     for (const std::string& before :
@@ -385,7 +385,7 @@ TEST_P(TzSoapMessageReading, whatStandsBeforeTheDocumentIsSkipped) {
     }
 }
 
-TEST_P(TzSoapMessageReading, wideTextIsReadInBothOrdersWithAMark) {
+TEST_P(TzSoapMessageReading, WideTextIsReadInBothOrdersWithAMark) {
     for (const WideForm& form : WideForms) {
         for (const std::string& declaration :
              {""s, "<?xml version=\"1.0\"?>"s,
@@ -398,7 +398,7 @@ TEST_P(TzSoapMessageReading, wideTextIsReadInBothOrdersWithAMark) {
     }
 }
 
-TEST_P(TzSoapMessageReading, wideTextWithADeclarationIsReadInBothOrdersWithoutAMark) {
+TEST_P(TzSoapMessageReading, WideTextWithADeclarationIsReadInBothOrdersWithoutAMark) {
     for (const WideForm& form : WideForms) {
         const std::string text = widened("<?xml version=\"1.0\"?>" + wire.body("<a>1</a>"),
                                          form.size, form.littleEndian);
@@ -406,7 +406,7 @@ TEST_P(TzSoapMessageReading, wideTextWithADeclarationIsReadInBothOrdersWithoutAM
     }
 }
 
-TEST_P(TzSoapMessageReading, wideTextThatNothingMarksIsReadWhereItBeginsWithATag) {
+TEST_P(TzSoapMessageReading, WideTextThatNothingMarksIsReadWhereItBeginsWithATag) {
     for (const WideForm& form : WideForms) {
         const std::string text = widened(wire.body("<a>1</a>"), form.size, form.littleEndian);
         if (form.name == "UTF-16BE"s) { // its first byte says nothing
@@ -417,12 +417,12 @@ TEST_P(TzSoapMessageReading, wideTextThatNothingMarksIsReadWhereItBeginsWithATag
     }
 }
 
-TEST_P(TzSoapMessageReading, theLastMarkBeforeTheDocumentCounts) {
+TEST_P(TzSoapMessageReading, TheLastMarkBeforeTheDocumentCounts) {
     const std::string text = "\xFF\xFE"s + widened(wire.body("<a>1</a>"), 2, true);
     EXPECT_EQ(textOf(bodyEntry(read("\xFE\xFF\xFF\xFE x"s + text))), "1");
 }
 
-TEST_P(TzSoapMessageReading, theWideFormsOfACharacterOutsideOfAsciiAreTheSame) {
+TEST_P(TzSoapMessageReading, TheWideFormsOfACharacterOutsideOfAsciiAreTheSame) {
     const std::string plain = wire.body("<a>|</a>");
     const std::size_t at = plain.find('|');
     const std::string utf16 = "\xFF\xFE"s + widened(plain.substr(0, at), 2, true) + "\xAC\x20"s +
@@ -430,7 +430,7 @@ TEST_P(TzSoapMessageReading, theWideFormsOfACharacterOutsideOfAsciiAreTheSame) {
     EXPECT_EQ(textOf(bodyEntry(read(utf16))), "\xE2\x82\xAC\xF0\x9F\x98\x80");
 }
 
-TEST_P(TzSoapMessageReading, otherEncodingsAreReadAsDeclared) {
+TEST_P(TzSoapMessageReading, OtherEncodingsAreReadAsDeclared) {
     for (const auto& [encoding, bytes, text] :
          {std::tuple("ISO-8859-1", "\xFC", "\xC3\xBC"),
           std::tuple("windows-1252", "\x80", "\xE2\x82\xAC"),
@@ -442,7 +442,7 @@ TEST_P(TzSoapMessageReading, otherEncodingsAreReadAsDeclared) {
     }
 }
 
-TEST_P(TzSoapMessageReading, textsOfAFewBytesAreRefused) {
+TEST_P(TzSoapMessageReading, TextsOfAFewBytesAreRefused) {
     for (const std::string& text : {"<"s, "<?"s, "<\0"s, "\0<"s, "\0<\0"s, "\0\0<"s, "\0\0\0<"s,
                                     "\xFF\xFE<"s, "\xFF\xFE<\0"s, "\xFE\xFF\0<"s, "<a"s, "<>"s}) {
         EXPECT_THROW(readMessage(text), TzXmlParseError) << testing::PrintToString(text);

@@ -51,33 +51,33 @@ std::size_t countOf(const std::string& part, const std::string& text) {
 
 TZSOAP_BOTH_VERSIONS(TzSoapMessageReadingReferences);
 
-TEST_P(TzSoapMessageReadingReferences, betweenEntries) {
+TEST_P(TzSoapMessageReadingReferences, BetweenEntries) {
     readAndForget(wire.body(ref("x") + "<a id=\"x\">1</a>" + ref("x")), [](const auto& message) {
         EXPECT_TRUE(sameValue(target(bodyEntry(message, 0)), bodyEntry(message, 1)));
         EXPECT_TRUE(sameValue(target(bodyEntry(message, 2)), bodyEntry(message, 1)));
     });
 }
 
-TEST_P(TzSoapMessageReadingReferences, fromTheHeaderToTheBody) {
+TEST_P(TzSoapMessageReadingReferences, FromTheHeaderToTheBody) {
     readAndForget(wire.message(ref("x"), "<a id=\"x\">1</a>"), [](const auto& message) {
         EXPECT_TRUE(sameValue(target(headerEntry(message)), bodyEntry(message)));
     });
 }
 
-TEST_P(TzSoapMessageReadingReferences, fromTheBodyToTheHeader) {
+TEST_P(TzSoapMessageReadingReferences, FromTheBodyToTheHeader) {
     readAndForget(wire.message("<a id=\"x\">1</a>", ref("x")), [](const auto& message) {
         EXPECT_TRUE(sameValue(target(bodyEntry(message)), headerEntry(message)));
     });
 }
 
-TEST_P(TzSoapMessageReadingReferences, fromHeaderAndBodyToTheHeader) {
+TEST_P(TzSoapMessageReadingReferences, FromHeaderAndBodyToTheHeader) {
     readAndForget(wire.message("<a id=\"x\">1</a>" + ref("x"), ref("x")), [](const auto& message) {
         EXPECT_TRUE(sameValue(target(headerEntry(message, 1)), headerEntry(message, 0)));
         EXPECT_TRUE(sameValue(target(bodyEntry(message)), headerEntry(message, 0)));
     });
 }
 
-TEST_P(TzSoapMessageReadingReferences, overSeveralBodies) {
+TEST_P(TzSoapMessageReadingReferences, OverSeveralBodies) {
     const std::string text =
         wire.envelope("<e:Body>" + ref("z") + ref("x") + "</e:Body><e:Body><a id=\"x\"/>" +
                       ref("y") + "</e:Body><e:Body><b id=\"y\"/>" + ref("x") + "</e:Body>");
@@ -89,14 +89,14 @@ TEST_P(TzSoapMessageReadingReferences, overSeveralBodies) {
     });
 }
 
-TEST_P(TzSoapMessageReadingReferences, toNothingIsNoError) {
+TEST_P(TzSoapMessageReadingReferences, ToNothingIsNoError) {
     readAndForget(wire.body(ref("x") + "<a id=\"y\"/>"), [](const auto& message) {
         EXPECT_FALSE(reference(bodyEntry(message)).hasReference());
         EXPECT_THROW(target(bodyEntry(message)), TzXmlBadArgError);
     });
 }
 
-TEST_P(TzSoapMessageReadingReferences, toAnIdThatIsThereTwiceMeansTheFirst) {
+TEST_P(TzSoapMessageReadingReferences, ToAnIdThatIsThereTwiceMeansTheFirst) {
     for (const std::string& text :
          {wire.body(ref("x") + "<a id=\"x\">1</a><a id=\"x\">2</a>"),
           wire.message(ref("x") + "<a id=\"x\">1</a>", ref("x") + "<a id=\"x\">2</a>"),
@@ -116,7 +116,7 @@ TEST_P(TzSoapMessageReadingReferences, toAnIdThatIsThereTwiceMeansTheFirst) {
     }
 }
 
-TEST_P(TzSoapMessageReadingReferences, toEveryKindOfValue) {
+TEST_P(TzSoapMessageReadingReferences, ToEveryKindOfValue) {
     for (const std::string& value :
          {"<a id=\"x\">1</a>"s, "<a id=\"x\"><b/></a>"s, "<a id=\"x\" e:encodingStyle=\"urn:f\"/>"s,
           "<a id=\"x\" " + wire.array("xsd:int", "1") + "><i/></a>",
@@ -131,7 +131,7 @@ TEST_P(TzSoapMessageReadingReferences, toEveryKindOfValue) {
     }
 }
 
-TEST_P(TzSoapMessageReadingReferences, throughCompositesAndArrays) {
+TEST_P(TzSoapMessageReadingReferences, ThroughCompositesAndArrays) {
     const std::string text = wire.body(
         "<a><b><c id=\"x\">1</c></b>" + ref("y") + "</a><d " + wire.array("xsd:int", "2") + ">" +
         ref("x") + "<i id=\"y\">2</i></d><s " + wire.array("xsd:int", "5") + "><i " +
@@ -146,7 +146,7 @@ TEST_P(TzSoapMessageReadingReferences, throughCompositesAndArrays) {
     });
 }
 
-TEST_P(TzSoapMessageReadingReferences, fromTheDetailOfAFault) {
+TEST_P(TzSoapMessageReadingReferences, FromTheDetailOfAFault) {
     const std::string fault =
         GetParam() == TzSoapVersion::V1_1
             ? "<e:Fault><faultcode>e:Server</faultcode><detail>" + ref("x") + "</detail></e:Fault>"
@@ -158,7 +158,7 @@ TEST_P(TzSoapMessageReadingReferences, fromTheDetailOfAFault) {
     });
 }
 
-TEST(TzSoapMessageReadingReferences12, theMarkOfAFragmentMayBeMissing) {
+TEST(TzSoapMessageReadingReferences12, TheMarkOfAFragmentMayBeMissing) {
     const WireForm wire(TzSoapVersion::V1_2);
     const TzSoapMessage message =
         readMessage(wire.body("<r ref=\"x\"/><r ref=\"#x\"/><a id=\"x\">1</a>"));
@@ -166,7 +166,7 @@ TEST(TzSoapMessageReadingReferences12, theMarkOfAFragmentMayBeMissing) {
     EXPECT_EQ(textOf(target(bodyEntry(message, 1))), "1");
 }
 
-TEST_P(TzSoapMessageReadingReferences, oneValueSharedByManyIsWrittenOnce) {
+TEST_P(TzSoapMessageReadingReferences, OneValueSharedByManyIsWrittenOnce) {
     const TzSoapMessage message =
         readMessage(wire.body(repeated(ref("x"), 10) + "<a id=\"x\">shared</a>"));
     EXPECT_EQ(countOf("shared", message.asString()), 1U);
@@ -174,13 +174,13 @@ TEST_P(TzSoapMessageReadingReferences, oneValueSharedByManyIsWrittenOnce) {
 
 // Rings.
 
-TEST_P(TzSoapMessageReadingReferences, aReferenceToItself) {
+TEST_P(TzSoapMessageReadingReferences, AReferenceToItself) {
     readAndForget(wire.body("<r id=\"x\" " + wire.ref("x") + "/>"), [](const auto& message) {
         EXPECT_TRUE(sameValue(target(bodyEntry(message)), bodyEntry(message)));
     });
 }
 
-TEST_P(TzSoapMessageReadingReferences, aValueThatRefersToItself) {
+TEST_P(TzSoapMessageReadingReferences, AValueThatRefersToItself) {
     readAndForget(wire.body("<a id=\"x\">" + ref("x") + "</a>"), [](const auto& message) {
         const TzSoapType again = target(child(bodyEntry(message), "r"));
         EXPECT_TRUE(sameValue(again, bodyEntry(message)));
@@ -188,7 +188,7 @@ TEST_P(TzSoapMessageReadingReferences, aValueThatRefersToItself) {
     });
 }
 
-TEST_P(TzSoapMessageReadingReferences, aValueThatRefersToAnAncestor) {
+TEST_P(TzSoapMessageReadingReferences, AValueThatRefersToAnAncestor) {
     readAndForget(wire.body("<a id=\"x\"><b><c>" + ref("x") + "</c></b></a>"),
                   [](const auto& message) {
                       const TzSoapType inner = child(child(bodyEntry(message), "b"), "c");
@@ -196,7 +196,7 @@ TEST_P(TzSoapMessageReadingReferences, aValueThatRefersToAnAncestor) {
                   });
 }
 
-TEST_P(TzSoapMessageReadingReferences, valuesThatReferToEachOther) {
+TEST_P(TzSoapMessageReadingReferences, ValuesThatReferToEachOther) {
     readAndForget(wire.body("<a id=\"x\">" + ref("y") + "</a><b id=\"y\">" + ref("x") + "</b>"),
                   [](const auto& message) {
                       EXPECT_TRUE(sameValue(target(child(bodyEntry(message, 0), "r")),
@@ -206,7 +206,7 @@ TEST_P(TzSoapMessageReadingReferences, valuesThatReferToEachOther) {
                   });
 }
 
-TEST_P(TzSoapMessageReadingReferences, aRingThroughHeaderAndBody) {
+TEST_P(TzSoapMessageReadingReferences, ARingThroughHeaderAndBody) {
     readAndForget(
         wire.message("<a id=\"x\">" + ref("y") + "</a>", "<b id=\"y\">" + ref("x") + "</b>"),
         [](const auto& message) {
@@ -215,7 +215,7 @@ TEST_P(TzSoapMessageReadingReferences, aRingThroughHeaderAndBody) {
         });
 }
 
-TEST_P(TzSoapMessageReadingReferences, aRingThroughArrays) {
+TEST_P(TzSoapMessageReadingReferences, ARingThroughArrays) {
     readAndForget(wire.body("<a id=\"x\" " + wire.array("xsd:int", "3") + ">" + ref("y") +
                             "</a><b id=\"y\" " + wire.array("xsd:int", "9") + "><i " +
                             wire.position("7") + " " + wire.ref("x") + "/></b>"),
@@ -225,7 +225,7 @@ TEST_P(TzSoapMessageReadingReferences, aRingThroughArrays) {
                   });
 }
 
-TEST_P(TzSoapMessageReadingReferences, aRingOfReferences) {
+TEST_P(TzSoapMessageReadingReferences, ARingOfReferences) {
     readAndForget(wire.body("<r id=\"x\" " + wire.ref("y") + "/><r id=\"y\" " + wire.ref("z") +
                             "/><r id=\"z\" " + wire.ref("x") + "/>"),
                   [](const auto& message) {
@@ -233,7 +233,7 @@ TEST_P(TzSoapMessageReadingReferences, aRingOfReferences) {
                   });
 }
 
-TEST_P(TzSoapMessageReadingReferences, aRingThatIsEnteredAtAMember) {
+TEST_P(TzSoapMessageReadingReferences, ARingThatIsEnteredAtAMember) {
     // The ring is met first inside: at the member that another reference names.
     readAndForget(wire.body(ref("a") + "<o id=\"b\"><i id=\"a\">" + ref("b") + "</i></o>"),
                   [](const auto& message) {
@@ -243,7 +243,7 @@ TEST_P(TzSoapMessageReadingReferences, aRingThatIsEnteredAtAMember) {
                   });
 }
 
-TEST_P(TzSoapMessageReadingReferences, ringsThatShareTheirWays) {
+TEST_P(TzSoapMessageReadingReferences, RingsThatShareTheirWays) {
     // Two ways from the member to the value around it, a third one from outside.
     readAndForget(
         wire.body(ref("a") + "<o id=\"b\"><i id=\"a\"><p>" + ref("b") + "</p><q>" + ref("b") +
@@ -254,7 +254,7 @@ TEST_P(TzSoapMessageReadingReferences, ringsThatShareTheirWays) {
         });
 }
 
-TEST_P(TzSoapMessageReadingReferences, aRingThroughTheDetailOfAFault) {
+TEST_P(TzSoapMessageReadingReferences, ARingThroughTheDetailOfAFault) {
     const std::string value = "<a id=\"x\">" + ref("y") + "</a>";
     const std::string fault =
         GetParam() == TzSoapVersion::V1_1
@@ -264,7 +264,7 @@ TEST_P(TzSoapMessageReadingReferences, aRingThroughTheDetailOfAFault) {
     readAndForget(wire.body(fault + "<b id=\"y\">" + ref("x") + "</b>"), [](const auto&) {});
 }
 
-TEST_P(TzSoapMessageReadingReferences, everyShapeOfAFewValuesAndReferencesIsFreed) {
+TEST_P(TzSoapMessageReadingReferences, EveryShapeOfAFewValuesAndReferencesIsFreed) {
     // Values 0 and 2 stand in the body, 1 in 0, 3 in 2; each holds a reference to each of the
     // others or not, all combinations.
     readMessage(wire.body("<v id=\"i0\">" + ref("i0") + "</v>")); // whatever is made once
@@ -287,7 +287,7 @@ TEST_P(TzSoapMessageReadingReferences, everyShapeOfAFewValuesAndReferencesIsFree
     }
 }
 
-TEST_P(TzSoapMessageReadingReferences, aReadingThatFailsLeavesNoRing) {
+TEST_P(TzSoapMessageReadingReferences, AReadingThatFailsLeavesNoRing) {
     const std::string whole = wire.message("<a id=\"x\">" + ref("x") + "</a>",
                                            "<b id=\"y\">" + ref("x") + ref("y") + "</b>");
     TzSoapMessage reused;
@@ -301,7 +301,7 @@ TEST_P(TzSoapMessageReadingReferences, aReadingThatFailsLeavesNoRing) {
     }
 }
 
-TEST_P(TzSoapMessageReadingReferences, manyReferencesToOneValue) {
+TEST_P(TzSoapMessageReadingReferences, ManyReferencesToOneValue) {
     const TzSoapMessage message =
         readMessage(wire.body("<l>" + repeated(ref("x"), 100000) + "</l><a id=\"x\">1</a>"));
     auto list = composite(bodyEntry(message));
@@ -311,7 +311,7 @@ TEST_P(TzSoapMessageReadingReferences, manyReferencesToOneValue) {
     }
 }
 
-TEST_P(TzSoapMessageReadingReferences, aLongRing) {
+TEST_P(TzSoapMessageReadingReferences, ALongRing) {
     constexpr int Length = 20000;
     std::string text;
     for (int i = 0; i < Length; ++i) {

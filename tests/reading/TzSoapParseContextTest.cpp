@@ -60,7 +60,7 @@ public:
 
 } // namespace
 
-TEST(TzSoapParseContext, isEmptyAtFirst) {
+TEST(TzSoapParseContext, IsEmptyAtFirst) {
     TzSoapParseContext context;
     EXPECT_TRUE(context.getEncodingStyles().empty());
     EXPECT_TRUE(context.getNamespaces().empty());
@@ -71,7 +71,7 @@ TEST(TzSoapParseContext, isEmptyAtFirst) {
     EXPECT_EQ(context.getParser(), nullptr);
 }
 
-TEST(TzSoapParseContext, encodingStylesAreAStackOfTexts) {
+TEST(TzSoapParseContext, EncodingStylesAreAStackOfTexts) {
     TzSoapParseContext context;
     std::stack<TzCString>& styles = context.getEncodingStyles();
     styles.push("urn:outer");
@@ -82,7 +82,7 @@ TEST(TzSoapParseContext, encodingStylesAreAStackOfTexts) {
     EXPECT_EQ(context.getEncodingStyles().size(), 1U);
 }
 
-TEST(TzSoapParseContext, keepsWhatItIsGiven) {
+TEST(TzSoapParseContext, KeepsWhatItIsGiven) {
     TzSoapParseContext context;
     TzXmlSAXParser parser;
     context.setParser(&parser);
@@ -98,7 +98,7 @@ TEST(TzSoapParseContext, keepsWhatItIsGiven) {
     EXPECT_TRUE(context.getMimeMultipart().hasParts());
 }
 
-TEST(TzSoapParseContext, readsTheLatestVersionWithoutAMessageAndThatOfTheMessageOtherwise) {
+TEST(TzSoapParseContext, ReadsTheLatestVersionWithoutAMessageAndThatOfTheMessageOtherwise) {
     TzSoapParseContext context;
     EXPECT_EQ(context.getVersion(), TzSoapVersion::V1_2);
     const TzSoapMessage message(TzSoapVersion::V1_1);
@@ -106,7 +106,7 @@ TEST(TzSoapParseContext, readsTheLatestVersionWithoutAMessageAndThatOfTheMessage
     EXPECT_EQ(context.getVersion(), TzSoapVersion::V1_1);
 }
 
-TEST(TzSoapParseContext, theInnermostDeclarationOfAPrefixCounts) {
+TEST(TzSoapParseContext, TheInnermostDeclarationOfAPrefixCounts) {
     Scope envelope("p", "urn:outer");
     Scope other("q", "urn:other");
     Scope entry("p", "urn:inner");
@@ -120,7 +120,7 @@ TEST(TzSoapParseContext, theInnermostDeclarationOfAPrefixCounts) {
     EXPECT_EQ(context.getNsUriForPrefix("p"), "urn:outer");
 }
 
-TEST(TzSoapParseContext, aPrefixThatNobodyDeclaresHasTheEmptyUri) {
+TEST(TzSoapParseContext, APrefixThatNobodyDeclaresHasTheEmptyUri) {
     Scope envelope("p", "urn:p");
     TzSoapParseContext context;
     EXPECT_EQ(context.getNsUriForPrefix("p"), "");
@@ -129,14 +129,14 @@ TEST(TzSoapParseContext, aPrefixThatNobodyDeclaresHasTheEmptyUri) {
     EXPECT_EQ(context.getNsUriForPrefix(""), "");
 }
 
-TEST(TzSoapParseContext, theEmptyPrefixMeansTheDefaultNamespace) {
+TEST(TzSoapParseContext, TheEmptyPrefixMeansTheDefaultNamespace) {
     Scope envelope("", "urn:default");
     TzSoapParseContext context;
     context.getNamespaces() = {&envelope};
     EXPECT_EQ(context.getNsUriForPrefix(""), "urn:default");
 }
 
-TEST(TzSoapParseContext, aDeclarationOfNoUriHidesAnOuterOne) {
+TEST(TzSoapParseContext, ADeclarationOfNoUriHidesAnOuterOne) {
     Scope envelope("p", "urn:p");
     Scope entry("p", "");
     TzSoapParseContext context;
@@ -144,7 +144,7 @@ TEST(TzSoapParseContext, aDeclarationOfNoUriHidesAnOuterOne) {
     EXPECT_EQ(context.getNsUriForPrefix("p"), "");
 }
 
-TEST(TzSoapParseContext, resolvesTheNameThatATextSpells) {
+TEST(TzSoapParseContext, ResolvesTheNameThatATextSpells) {
     Scope envelope("p", "urn:p");
     Scope entry("", "urn:default");
     TzSoapParseContext context;
@@ -174,7 +174,7 @@ TEST(TzSoapParseContext, resolvesTheNameThatATextSpells) {
     EXPECT_EQ(stateOf(context).resolveName("p:a"), TzXmlName("a", TzXmlNamespace("p", "urn:p")));
 }
 
-TEST(TzSoapParseContext, filesValuesUnderTheirIdTheFirstOneStays) {
+TEST(TzSoapParseContext, FilesValuesUnderTheirIdTheFirstOneStays) {
     TzSoapParseContext context;
     const TzSoapType first = identified("first", "x");
     stateOf(context).references.fileId(first);
@@ -184,7 +184,7 @@ TEST(TzSoapParseContext, filesValuesUnderTheirIdTheFirstOneStays) {
     EXPECT_TRUE(sameValue(context.getIdEntries().at("x"), first));
 }
 
-TEST(TzSoapParseContext, givesReferencesTheirTargets) {
+TEST(TzSoapParseContext, GivesReferencesTheirTargets) {
     TzSoapParseContext context;
     const TzSoapType value = identified("value", "x");
     const TzSoapReferenceType marked(true);
@@ -197,7 +197,7 @@ TEST(TzSoapParseContext, givesReferencesTheirTargets) {
     EXPECT_TRUE(sameValue(bare.getSoapReference(), value));
 }
 
-TEST(TzSoapParseContext, anIdPutInDirectlyIsFoundToo) {
+TEST(TzSoapParseContext, AnIdPutInDirectlyIsFoundToo) {
     TzSoapParseContext context;
     const TzSoapReferenceType reference(true);
     file(context, "#x", reference);
@@ -206,7 +206,7 @@ TEST(TzSoapParseContext, anIdPutInDirectlyIsFoundToo) {
     EXPECT_TRUE(reference.hasReference());
 }
 
-TEST(TzSoapParseContext, resolvingForgetsReferencesAndTheIdsTheyName) {
+TEST(TzSoapParseContext, ResolvingForgetsReferencesAndTheIdsTheyName) {
     for (const bool toValues : {true, false}) {
         TzSoapParseContext context;
         const TzSoapReferenceType marked(toValues);
@@ -223,7 +223,7 @@ TEST(TzSoapParseContext, resolvingForgetsReferencesAndTheIdsTheyName) {
     }
 }
 
-TEST(TzSoapParseContext, aReferenceToNothingStaysWithoutTarget) {
+TEST(TzSoapParseContext, AReferenceToNothingStaysWithoutTarget) {
     TzSoapParseContext context;
     const TzSoapReferenceType reference(true);
     file(context, "#nowhere", reference);
@@ -232,7 +232,7 @@ TEST(TzSoapParseContext, aReferenceToNothingStaysWithoutTarget) {
     EXPECT_TRUE(context.getReferences().empty());
 }
 
-TEST(TzSoapParseContext, onlyOneMarkOfAFragmentIsDropped) {
+TEST(TzSoapParseContext, OnlyOneMarkOfAFragmentIsDropped) {
     TzSoapParseContext context;
     const TzSoapReferenceType reference(true);
     file(context, "##x", reference);
@@ -241,7 +241,7 @@ TEST(TzSoapParseContext, onlyOneMarkOfAFragmentIsDropped) {
     EXPECT_FALSE(reference.hasReference());
 }
 
-TEST(TzSoapParseContext, laterPartsOfAMessageServeEarlierReferences) {
+TEST(TzSoapParseContext, LaterPartsOfAMessageServeEarlierReferences) {
     TzSoapParseContext context;
     const TzSoapReferenceType early(true);
     file(context, "#x", early);
@@ -253,7 +253,7 @@ TEST(TzSoapParseContext, laterPartsOfAMessageServeEarlierReferences) {
     EXPECT_TRUE(context.getIdEntries().empty());
 }
 
-TEST(TzSoapParseContext, earlierPartsOfAMessageServeLaterReferences) {
+TEST(TzSoapParseContext, EarlierPartsOfAMessageServeLaterReferences) {
     TzSoapParseContext context;
     const TzSoapType value = identified("value", "x");
     const TzSoapReferenceType early(true);
@@ -266,7 +266,7 @@ TEST(TzSoapParseContext, earlierPartsOfAMessageServeLaterReferences) {
     EXPECT_TRUE(sameValue(late.getSoapReference(), value));
 }
 
-TEST(TzSoapParseContext, theFirstValueOfAnIdStaysThroughAllPartsOfAMessage) {
+TEST(TzSoapParseContext, TheFirstValueOfAnIdStaysThroughAllPartsOfAMessage) {
     TzSoapParseContext context;
     const TzSoapType first = identified("first", "x");
     const TzSoapReferenceType early(true);
@@ -281,7 +281,7 @@ TEST(TzSoapParseContext, theFirstValueOfAnIdStaysThroughAllPartsOfAMessage) {
     EXPECT_TRUE(sameValue(late.getSoapReference(), first));
 }
 
-TEST(TzSoapParseContext, clearEmptiesTheCollections) {
+TEST(TzSoapParseContext, ClearEmptiesTheCollections) {
     TzSoapParseContext context;
     Scope scope("p", "urn:p");
     const TzSoapReferenceType reference(true);
@@ -301,7 +301,7 @@ TEST(TzSoapParseContext, clearEmptiesTheCollections) {
     EXPECT_FALSE(reference.hasReference());
 }
 
-TEST(TzSoapParseContext, droppingTargetsUndoesWhatWasResolvedKeepingThemDoesNot) {
+TEST(TzSoapParseContext, DroppingTargetsUndoesWhatWasResolvedKeepingThemDoesNot) {
     TzSoapParseContext context;
     const TzSoapReferenceType kept(true);
     const TzSoapReferenceType dropped(true);
@@ -317,7 +317,7 @@ TEST(TzSoapParseContext, droppingTargetsUndoesWhatWasResolvedKeepingThemDoesNot)
     EXPECT_FALSE(dropped.hasReference());
 }
 
-TEST(TzSoapParseContext, aReferenceByContentIdFindsItsPart) {
+TEST(TzSoapParseContext, AReferenceByContentIdFindsItsPart) {
     TzMimeMultipart package;
     package.insertPart(partWith(TzMimeContentIdHeader("<other>"), "other"));
     package.insertPart(partWith(TzMimeContentIdHeader("<part1>"), "first"));
@@ -331,7 +331,7 @@ TEST(TzSoapParseContext, aReferenceByContentIdFindsItsPart) {
     EXPECT_EQ(reference.getMimeReference().getBody(), "first");
 }
 
-TEST(TzSoapParseContext, theSchemeOfAContentIdCountsWithCaseAndTheRestWithoutBrackets) {
+TEST(TzSoapParseContext, TheSchemeOfAContentIdCountsWithCaseAndTheRestWithoutBrackets) {
     TzMimeMultipart package;
     package.insertPart(partWith(TzMimeContentIdHeader("<a b>"), "blank"));
     TzSoapParseContext context;
@@ -347,7 +347,7 @@ TEST(TzSoapParseContext, theSchemeOfAContentIdCountsWithCaseAndTheRestWithoutBra
     }
 }
 
-TEST(TzSoapParseContext, aReferenceByLocationFindsItsPartAsItStandsOrBelowThePackage) {
+TEST(TzSoapParseContext, AReferenceByLocationFindsItsPartAsItStandsOrBelowThePackage) {
     TzMimeMultipart package;
     package.insertHeader(TzMimeContentLocationHeader("http://example.org/base/index"));
     package.insertPart(partWith(TzMimeContentLocationHeader("http://example.org/base/a"), "below"));
@@ -371,7 +371,7 @@ TEST(TzSoapParseContext, aReferenceByLocationFindsItsPartAsItStandsOrBelowThePac
     }
 }
 
-TEST(TzSoapParseContext, aMimeReferenceWithoutPackageStaysWithoutTarget) {
+TEST(TzSoapParseContext, AMimeReferenceWithoutPackageStaysWithoutTarget) {
     TzSoapParseContext context;
     const TzSoapReferenceType reference(false);
     file(context, "cid:part1", reference);
@@ -380,7 +380,7 @@ TEST(TzSoapParseContext, aMimeReferenceWithoutPackageStaysWithoutTarget) {
     EXPECT_TRUE(context.getReferences().empty());
 }
 
-TEST(TzSoapParseContext, aMimeReferenceNeverFindsAValue) {
+TEST(TzSoapParseContext, AMimeReferenceNeverFindsAValue) {
     TzSoapParseContext context;
     const TzSoapReferenceType reference(false);
     stateOf(context).references.fileId(identified("value", "x"));
@@ -389,7 +389,7 @@ TEST(TzSoapParseContext, aMimeReferenceNeverFindsAValue) {
     EXPECT_FALSE(reference.hasReference());
 }
 
-TEST(TzSoapParseContext, handlersReceiveOneInsideTheOther) {
+TEST(TzSoapParseContext, HandlersReceiveOneInsideTheOther) {
     TzXmlSAXParser parser;
     TzSoapParseContext context;
     context.setParser(&parser);
@@ -409,7 +409,7 @@ TEST(TzSoapParseContext, handlersReceiveOneInsideTheOther) {
     EXPECT_EQ(outer.context(), nullptr);
 }
 
-TEST(TzSoapParseContext, aHandlerDoesNothingOfItsOwnAndItsCopyIsIdle) {
+TEST(TzSoapParseContext, AHandlerDoesNothingOfItsOwnAndItsCopyIsIdle) {
     TzXmlSAXParser parser;
     TzSoapParseContext context;
     context.setParser(&parser);

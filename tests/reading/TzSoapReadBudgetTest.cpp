@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-TEST(TzSoapReadBudget, unfilledPositionsAreLimitedByLimitAndText) {
+TEST(TzSoapReadBudget, UnfilledPositionsAreLimitedByLimitAndText) {
     TzSoapReadLimits limits;
     limits.unfilledArrayPositions = 10;
     TzSoapReadBudget budget(limits, 5);
@@ -19,14 +19,14 @@ TEST(TzSoapReadBudget, unfilledPositionsAreLimitedByLimitAndText) {
     EXPECT_TRUE(budget.takeUnfilledPositions(2));
 }
 
-TEST(TzSoapReadBudget, aLimitOfAllPositionsDoesNotOverflow) {
+TEST(TzSoapReadBudget, ALimitOfAllPositionsDoesNotOverflow) {
     constexpr std::size_t Most = static_cast<std::size_t>(-1);
     TzSoapReadLimits limits;
     limits.unfilledArrayPositions = Most;
     EXPECT_TRUE(TzSoapReadBudget(limits, 5).takeUnfilledPositions(Most));
 }
 
-TEST(TzSoapReadBudget, hasTheDefaultLimitsWithoutAText) {
+TEST(TzSoapReadBudget, HasTheDefaultLimitsWithoutAText) {
     EXPECT_TRUE(TzSoapReadBudget().takeUnfilledPositions(1048576));
     EXPECT_FALSE(TzSoapReadBudget().takeUnfilledPositions(1048577));
     EXPECT_EQ(TzSoapReadBudget().uriLength(), 2048U);

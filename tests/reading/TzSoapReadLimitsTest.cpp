@@ -67,7 +67,7 @@ void expectPlace(const std::string& text, const TzSoapReadLimits& limits, std::s
 
 TZSOAP_BOTH_VERSIONS(TzSoapReadLimitsReading);
 
-TEST(TzSoapReadLimits, areGenerousUnlessSet) {
+TEST(TzSoapReadLimits, AreGenerousUnlessSet) {
     const TzSoapReadLimits limits = TzSoapMessage().getReadLimits();
     EXPECT_EQ(limits.depth, 1000U);
     EXPECT_EQ(limits.attributes, 200000U);
@@ -76,13 +76,13 @@ TEST(TzSoapReadLimits, areGenerousUnlessSet) {
     EXPECT_EQ(limits.prefixLength, 128U);
 }
 
-TEST(TzSoapReadLimits, travelWithCopiesOfAMessage) {
+TEST(TzSoapReadLimits, TravelWithCopiesOfAMessage) {
     TzSoapMessage message;
     message.setReadLimits(positions(7));
     EXPECT_EQ(message.copy().getReadLimits().unfilledArrayPositions, 7U);
 }
 
-TEST_P(TzSoapReadLimitsReading, elementsNestAsDeepAsTheLimit) {
+TEST_P(TzSoapReadLimitsReading, ElementsNestAsDeepAsTheLimit) {
     TzSoapReadLimits limits;
     limits.depth = 4; // Envelope, Body, a, b
     EXPECT_NO_THROW(read(wire.body("<a><b/></a>"), limits));
@@ -91,7 +91,7 @@ TEST_P(TzSoapReadLimitsReading, elementsNestAsDeepAsTheLimit) {
     expectPlace(wire.body("\n" + repeated("<a>", 999) + repeated("</a>", 999)), {}, 2, 998 * 3 + 1);
 }
 
-TEST_P(TzSoapReadLimitsReading, depthCountsWhateverHoldsTheElements) {
+TEST_P(TzSoapReadLimitsReading, DepthCountsWhateverHoldsTheElements) {
     const std::string deep = repeated("<b>", 999) + repeated("</b>", 999);
     EXPECT_THROW(read(wire.message(deep, "")), TzXmlParseError);
     EXPECT_THROW(read(wire.body("<a e:encodingStyle=\"urn:f\">" + deep + "</a>")), TzXmlParseError);
@@ -100,14 +100,14 @@ TEST_P(TzSoapReadLimitsReading, depthCountsWhateverHoldsTheElements) {
                  TzXmlParseError);
 }
 
-TEST_P(TzSoapReadLimitsReading, anElementHasAsManyAttributesAsTheLimit) {
+TEST_P(TzSoapReadLimitsReading, AnElementHasAsManyAttributesAsTheLimit) {
     TzSoapReadLimits limits;
     limits.attributes = 5;
     EXPECT_NO_THROW(read(wire.body("<a b=\"\" c=\"\" d=\"\" xmlns:e1=\"\" f=\"\"/>"), limits));
     expectPlace(wire.body("\n<a b=\"\" c=\"\" d=\"\" xmlns:e1=\"\" f=\"\" g=\"\"/>"), limits, 2, 1);
 }
 
-TEST_P(TzSoapReadLimitsReading, limitsHoldForTheNextTextEachTime) {
+TEST_P(TzSoapReadLimitsReading, LimitsHoldForTheNextTextEachTime) {
     TzSoapMessage message;
     TzSoapReadLimits limits;
     limits.depth = 3;
@@ -119,7 +119,7 @@ TEST_P(TzSoapReadLimitsReading, limitsHoldForTheNextTextEachTime) {
     EXPECT_THROW(message.extract(wire.body("<a><b/></a>")), TzXmlParseError);
 }
 
-TEST_P(TzSoapReadLimitsReading, theUriOfANamespaceIsAsLongAsTheLimit) {
+TEST_P(TzSoapReadLimitsReading, TheUriOfANamespaceIsAsLongAsTheLimit) {
     const std::string uri(2048, 'u');
     for (const char* name : {"xmlns", "xmlns:p"}) {
         const std::string declaration = std::string(name) + "=\"" + uri;
@@ -133,7 +133,7 @@ TEST_P(TzSoapReadLimitsReading, theUriOfANamespaceIsAsLongAsTheLimit) {
     EXPECT_NO_THROW(read(wire.body("<a k=\"" + std::string(5000, 'u') + "\"/>")));
 }
 
-TEST_P(TzSoapReadLimitsReading, thePrefixOfANamespaceIsAsLongAsTheLimit) {
+TEST_P(TzSoapReadLimitsReading, ThePrefixOfANamespaceIsAsLongAsTheLimit) {
     const auto text = [this](std::size_t length) {
         return wire.body("<a xmlns:" + std::string(length, 'p') + "='urn:p'/>");
     };
@@ -144,7 +144,7 @@ TEST_P(TzSoapReadLimitsReading, thePrefixOfANamespaceIsAsLongAsTheLimit) {
     EXPECT_NO_THROW(read(text(1000), limits));
 }
 
-TEST_P(TzSoapReadLimitsReading, anEncodingStyleIsAsLongAsTheLimit) {
+TEST_P(TzSoapReadLimitsReading, AnEncodingStyleIsAsLongAsTheLimit) {
     TzSoapReadLimits limits;
     limits.uriLength = 100;
     for (const std::size_t length : {std::size_t{100}, std::size_t{101}}) {
@@ -168,7 +168,7 @@ TEST_P(TzSoapReadLimitsReading, anEncodingStyleIsAsLongAsTheLimit) {
 
 // Arrays.
 
-TEST_P(TzSoapReadLimitsReading, aDeclaredSizeIsRefusedBeforeItIsTaken) {
+TEST_P(TzSoapReadLimitsReading, ADeclaredSizeIsRefusedBeforeItIsTaken) {
     const char* member = "<i>1</i>";
     expectTooLarge([&] { read(wire.body(array("2147483647", member))); }, "0", "2147483647");
     expectTooLarge([&] { read(wire.body(array("4294967295", member))); }, "0", "4294967295");
@@ -177,7 +177,7 @@ TEST_P(TzSoapReadLimitsReading, aDeclaredSizeIsRefusedBeforeItIsTaken) {
     expectTooLarge([&] { read(wire.body(array(axes("2000", "3000"), member))); }, "1", "3000");
 }
 
-TEST_P(TzSoapReadLimitsReading, aDeclaredSizeWithoutMembersTakesNothing) {
+TEST_P(TzSoapReadLimitsReading, ADeclaredSizeWithoutMembersTakesNothing) {
     const std::string text = wire.body(repeated(array("2147483647"), 1000));
     const std::size_t empty = askedBytes();
     read(wire.body(repeated(array("0"), 1000)));
@@ -186,7 +186,7 @@ TEST_P(TzSoapReadLimitsReading, aDeclaredSizeWithoutMembersTakesNothing) {
     EXPECT_LT(askedBytes() - before, before - empty + 200000);
 }
 
-TEST_P(TzSoapReadLimitsReading, aSizeBeyond32BitsIsRefusedWhateverTheLimit) {
+TEST_P(TzSoapReadLimitsReading, ASizeBeyond32BitsIsRefusedWhateverTheLimit) {
     for (const char* members : {"", "<i>1</i>", "<i c:position=\"[1,1]\">1</i>"}) {
         for (const std::size_t limit : {std::size_t{1048576}, static_cast<std::size_t>(-1)}) {
             expectTooLarge(
@@ -202,7 +202,7 @@ TEST_P(TzSoapReadLimitsReading, aSizeBeyond32BitsIsRefusedWhateverTheLimit) {
     }
 }
 
-TEST_P(TzSoapReadLimitsReading, anOffsetFarAwayIsRefusedBeforeItIsReached) {
+TEST_P(TzSoapReadLimitsReading, AnOffsetFarAwayIsRefusedBeforeItIsReached) {
     expectTooLarge([&] { read(wire.body(array("", "<i>1</i>", wire.offset("4294967294")))); }, "0",
                    "4294967294");
     expectTooLarge([&] { read(wire.body(array("5", "<i>1</i>", wire.offset("2000000000")))); }, "0",
@@ -212,20 +212,20 @@ TEST_P(TzSoapReadLimitsReading, anOffsetFarAwayIsRefusedBeforeItIsReached) {
         "2000000000");
 }
 
-TEST_P(TzSoapReadLimitsReading, anOffsetAtTheEndOfTheNumbersIsRefusedWhateverTheLimit) {
+TEST_P(TzSoapReadLimitsReading, AnOffsetAtTheEndOfTheNumbersIsRefusedWhateverTheLimit) {
     EXPECT_THROW(read(wire.body(array("", "<i>1</i><i>2</i>", wire.offset("4294967295"))),
                       positions(static_cast<std::size_t>(-1))),
                  TzXmlBoundsError);
 }
 
-TEST_P(TzSoapReadLimitsReading, allArraysOfATextShareTheLimit) {
+TEST_P(TzSoapReadLimitsReading, AllArraysOfATextShareTheLimit) {
     const std::string text = wire.body(repeated(array("500000", "<i/>"), 3));
     EXPECT_THROW(read(text), TzXmlBoundsError);
     EXPECT_NO_THROW(read(wire.body(array("1000000", "<i/>"))));
     EXPECT_NO_THROW(read(wire.body(repeated(array("1000", "<i/>"), 1000))));
 }
 
-TEST_P(TzSoapReadLimitsReading, everyByteOfTheTextPaysForAPosition) {
+TEST_P(TzSoapReadLimitsReading, EveryByteOfTheTextPaysForAPosition) {
     std::string text = wire.body(array("1000", "<i/>"));
     const std::string size = std::to_string(10 + text.size());
     ASSERT_EQ(size.size(), 3U) << "as long as the largest that is tried";
@@ -234,14 +234,14 @@ TEST_P(TzSoapReadLimitsReading, everyByteOfTheTextPaysForAPosition) {
     expectTooLarge([&] { read(text, positions(9)); }, "0", size.c_str());
 }
 
-TEST_P(TzSoapReadLimitsReading, filledPositionsDoNotCount) {
+TEST_P(TzSoapReadLimitsReading, FilledPositionsDoNotCount) {
     const std::string text = wire.body(repeated(array("1000", repeated("<i/>", 1000)), 10));
     EXPECT_NO_THROW(read(text, positions(1000)));
     const std::string grown = wire.body(array("", repeated("<i/>", 10000)));
     EXPECT_NO_THROW(read(grown, positions(0)));
 }
 
-TEST_P(TzSoapReadLimitsReading, aRaisedLimitAcceptsDeclaredSizesCheaply) {
+TEST_P(TzSoapReadLimitsReading, ARaisedLimitAcceptsDeclaredSizesCheaply) {
     const auto unlimited = positions(static_cast<std::size_t>(-1));
     for (const auto& [text, entries] :
          {std::pair(array("2147483647"), 2147483647U),
@@ -261,7 +261,7 @@ TEST_P(TzSoapReadLimitsReading, aRaisedLimitAcceptsDeclaredSizesCheaply) {
     EXPECT_LT(askedBytes() - before, 10 * 1000000 * sizeof(TzSoapDefaultType) + 200000);
 }
 
-TEST_P(TzSoapReadLimitsReading, aLargeArrayIsStillCheapWhenReferencesPointAtIt) {
+TEST_P(TzSoapReadLimitsReading, ALargeArrayIsStillCheapWhenReferencesPointAtIt) {
     const std::string text =
         wire.body("<r " + wire.ref("x") + "/>" +
                   array("2147483647", "<i " + wire.ref("x") + "/>", "id=\"x\""));
@@ -271,7 +271,7 @@ TEST_P(TzSoapReadLimitsReading, aLargeArrayIsStillCheapWhenReferencesPointAtIt) 
     EXPECT_LT(askedBytes() - before, 200000U);
 }
 
-TEST_P(TzSoapReadLimitsReading, aLargeArrayIsWrittenAndCopiedCheaply) {
+TEST_P(TzSoapReadLimitsReading, ALargeArrayIsWrittenAndCopiedCheaply) {
     const TzSoapMessage message =
         read(wire.body(array("2147483647", "<i>1</i>")), positions(static_cast<std::size_t>(-1)));
     const std::size_t before = askedBytes();
@@ -280,7 +280,7 @@ TEST_P(TzSoapReadLimitsReading, aLargeArrayIsWrittenAndCopiedCheaply) {
     EXPECT_LT(askedBytes() - before, 200000U);
 }
 
-TEST_P(TzSoapReadLimitsReading, aSparseArrayCostsItsMembersOnly) {
+TEST_P(TzSoapReadLimitsReading, ASparseArrayCostsItsMembersOnly) {
     const std::size_t before = askedBytes();
     const TzSoapMessage message =
         read(wire.body(array("4294967295", "<i " + wire.position("4294967294") + ">1</i>")));
@@ -288,7 +288,7 @@ TEST_P(TzSoapReadLimitsReading, aSparseArrayCostsItsMembersOnly) {
     EXPECT_LT(askedBytes() - before, 200000U);
 }
 
-TEST_P(TzSoapReadLimitsReading, theLimitStartsAnewWithEachText) {
+TEST_P(TzSoapReadLimitsReading, TheLimitStartsAnewWithEachText) {
     TzSoapMessage message;
     for (int i = 0; i < 5; ++i) {
         EXPECT_NO_THROW(message.extract(wire.body(array("1000000", "<i/>"))));

@@ -62,7 +62,7 @@ TzSoapType after(int steps, TzSoapType value) {
 
 TZSOAP_BOTH_VERSIONS(TzSoapRings);
 
-TEST_P(TzSoapRings, lastAsLongAsAnyHandleOfTheMessage) {
+TEST_P(TzSoapRings, LastAsLongAsAnyHandleOfTheMessage) {
     expectNothingLeft(wire.body(ring(1)), [](TzSoapMessage message) {
         const TzSoapMessage second = message;
         message = TzSoapMessage();
@@ -70,7 +70,7 @@ TEST_P(TzSoapRings, lastAsLongAsAnyHandleOfTheMessage) {
     });
 }
 
-TEST_P(TzSoapRings, lastAsLongAsACopyOfTheMessage) {
+TEST_P(TzSoapRings, LastAsLongAsACopyOfTheMessage) {
     expectNothingLeft(wire.body(ring(2)), [](TzSoapMessage message) {
         const TzSoapMessage copy = message.copy();
         message = TzSoapMessage();
@@ -78,7 +78,7 @@ TEST_P(TzSoapRings, lastAsLongAsACopyOfTheMessage) {
     });
 }
 
-TEST_P(TzSoapRings, everyValueKeepsAllOfThem) {
+TEST_P(TzSoapRings, EveryValueKeepsAllOfThem) {
     for (unsigned int kept = 0; kept < 3; ++kept) {
         expectNothingLeft(wire.body(ring(3)), [kept](TzSoapMessage message) {
             const TzSoapType value = bodyEntry(message, kept);
@@ -89,7 +89,7 @@ TEST_P(TzSoapRings, everyValueKeepsAllOfThem) {
     }
 }
 
-TEST_P(TzSoapRings, aReferenceKeepsThemToo) {
+TEST_P(TzSoapRings, AReferenceKeepsThemToo) {
     expectNothingLeft(wire.body(ring(2)), [](TzSoapMessage message) {
         const TzSoapReferenceType kept = reference(child(bodyEntry(message), "r"));
         message = TzSoapMessage();
@@ -98,7 +98,7 @@ TEST_P(TzSoapRings, aReferenceKeepsThemToo) {
     });
 }
 
-TEST_P(TzSoapRings, aValueThatLeadsNowhereKeepsNothing) {
+TEST_P(TzSoapRings, AValueThatLeadsNowhereKeepsNothing) {
     expectNothingLeft(wire.body(ring(2)), [](TzSoapMessage message) {
         const TzSoapType number = child(bodyEntry(message), "n");
         const auto& first = TzSoapAccess::body(bodyEntry(message));
@@ -110,7 +110,7 @@ TEST_P(TzSoapRings, aValueThatLeadsNowhereKeepsNothing) {
     });
 }
 
-TEST_P(TzSoapRings, whatLeadsToARingKeepsIt) {
+TEST_P(TzSoapRings, WhatLeadsToARingKeepsIt) {
     expectNothingLeft(wire.body("<o>" + ref("i0") + "</o>" + ring(2)), [](TzSoapMessage message) {
         const TzSoapType outer = bodyEntry(message);
         message = TzSoapMessage();
@@ -118,7 +118,7 @@ TEST_P(TzSoapRings, whatLeadsToARingKeepsIt) {
     });
 }
 
-TEST_P(TzSoapRings, areWholeAfterTheNextReading) {
+TEST_P(TzSoapRings, AreWholeAfterTheNextReading) {
     expectNothingLeft(wire.body(ring(2)), [this](TzSoapMessage message) {
         const TzSoapType kept = bodyEntry(message);
         message.extract(wire.body("<b/>"));
@@ -129,7 +129,7 @@ TEST_P(TzSoapRings, areWholeAfterTheNextReading) {
     });
 }
 
-TEST_P(TzSoapRings, areWholeAfterAReadingThatFailed) {
+TEST_P(TzSoapRings, AreWholeAfterAReadingThatFailed) {
     expectNothingLeft(wire.body(ring(2)), [this](TzSoapMessage message) {
         const TzSoapType kept = bodyEntry(message);
         EXPECT_THROW(message.extract(wire.body(ring(2)).substr(0, 200)), TzXmlParseError);
@@ -137,7 +137,7 @@ TEST_P(TzSoapRings, areWholeAfterAReadingThatFailed) {
     });
 }
 
-TEST_P(TzSoapRings, travelWithAValueToAnotherMessage) {
+TEST_P(TzSoapRings, TravelWithAValueToAnotherMessage) {
     for (unsigned int moved = 0; moved < 3; ++moved) {
         expectNothingLeft(wire.body(ring(3)), [this, moved](TzSoapMessage message) {
             TzSoapMessage reply(GetParam());
@@ -151,7 +151,7 @@ TEST_P(TzSoapRings, travelWithAValueToAnotherMessage) {
     }
 }
 
-TEST_P(TzSoapRings, throughHeaderAndBodyOutliveTheMessage) {
+TEST_P(TzSoapRings, ThroughHeaderAndBodyOutliveTheMessage) {
     const std::string text =
         wire.message("<a id=\"x\">" + ref("y") + "</a>", "<b id=\"y\">" + ref("x") + "</b>");
     expectNothingLeft(text, [](TzSoapMessage message) {
@@ -162,7 +162,7 @@ TEST_P(TzSoapRings, throughHeaderAndBodyOutliveTheMessage) {
     });
 }
 
-TEST_P(TzSoapRings, throughArraysOutliveTheMessage) {
+TEST_P(TzSoapRings, ThroughArraysOutliveTheMessage) {
     const std::string text = wire.body(
         "<a id=\"x\" " + wire.array("xsd:int", "3") + "><n>0</n>" + ref("y") + "</a><b id=\"y\" " +
         wire.array("xsd:int", "9") + "><i " + wire.position("7") + " " + wire.ref("x") + "/></b>");
@@ -175,7 +175,7 @@ TEST_P(TzSoapRings, throughArraysOutliveTheMessage) {
     });
 }
 
-TEST_P(TzSoapRings, sharingValuesAreOne) {
+TEST_P(TzSoapRings, SharingValuesAreOne) {
     const std::string text =
         wire.body("<o id=\"b\"><p id=\"a\">" + ref("b") + "</p>" + ref("c") +
                   "</o><s id=\"c\"><t>" + ref("b") + "</t>" + ref("a") + "</s>");
@@ -189,7 +189,7 @@ TEST_P(TzSoapRings, sharingValuesAreOne) {
     });
 }
 
-TEST_P(TzSoapRings, holdUserDefinedValues) {
+TEST_P(TzSoapRings, HoldUserDefinedValues) {
     const std::string text =
         wire.body("<a id=\"x\"><u e:encodingStyle=\"urn:f\"><v/></u>" + ref("x") + "</a>");
     expectNothingLeft(text, [](TzSoapMessage message) {
@@ -201,7 +201,7 @@ TEST_P(TzSoapRings, holdUserDefinedValues) {
 
 // Rings that the program changes.
 
-TEST_P(TzSoapRings, aTargetThatTheProgramSetStays) {
+TEST_P(TzSoapRings, ATargetThatTheProgramSetStays) {
     expectNothingLeft(wire.body(ring(1)), [](TzSoapMessage message) {
         const TzSoapType kept = bodyEntry(message);
         TzSoapType other{TzXmlName("other")};
@@ -213,7 +213,7 @@ TEST_P(TzSoapRings, aTargetThatTheProgramSetStays) {
     });
 }
 
-TEST_P(TzSoapRings, whatNothingLeadsToAnyMoreGoesAtOnce) {
+TEST_P(TzSoapRings, WhatNothingLeadsToAnyMoreGoesAtOnce) {
     expectNothingLeft(wire.body(ring(3)), [](TzSoapMessage message) {
         const TzSoapType first = bodyEntry(message);
         const TzSoapType number = child(next(first), "n");
@@ -226,7 +226,7 @@ TEST_P(TzSoapRings, whatNothingLeadsToAnyMoreGoesAtOnce) {
     });
 }
 
-TEST_P(TzSoapRings, aTargetSetAnewWithinTheRingIsPartOfIt) {
+TEST_P(TzSoapRings, ATargetSetAnewWithinTheRingIsPartOfIt) {
     expectNothingLeft(wire.body(ring(3)), [](TzSoapMessage message) {
         const TzSoapType first = bodyEntry(message);
         reference(child(first, "r")).setReference(next(next(first))); // around the second
@@ -237,7 +237,7 @@ TEST_P(TzSoapRings, aTargetSetAnewWithinTheRingIsPartOfIt) {
     });
 }
 
-TEST_P(TzSoapRings, childrenMayBeTakenOutOfThem) {
+TEST_P(TzSoapRings, ChildrenMayBeTakenOutOfThem) {
     expectNothingLeft(wire.body(ring(2)), [](TzSoapMessage message) {
         TzSoapCompositeType first = composite(bodyEntry(message));
         message = TzSoapMessage();
@@ -248,7 +248,7 @@ TEST_P(TzSoapRings, childrenMayBeTakenOutOfThem) {
     });
 }
 
-TEST_P(TzSoapRings, manyReferencesMayBeRemovedAtOnce) {
+TEST_P(TzSoapRings, ManyReferencesMayBeRemovedAtOnce) {
     const std::string text = wire.body("<a id=\"x\">" + repeated(ref("x"), 1000) + "</a>");
     expectNothingLeft(text, [](TzSoapMessage message) {
         TzSoapCompositeType value = composite(bodyEntry(message));
@@ -260,7 +260,7 @@ TEST_P(TzSoapRings, manyReferencesMayBeRemovedAtOnce) {
     });
 }
 
-TEST_P(TzSoapRings, copiesOfTheirValuesAreNoPartOfThem) {
+TEST_P(TzSoapRings, CopiesOfTheirValuesAreNoPartOfThem) {
     expectNothingLeft(wire.body(ring(2)), [](TzSoapMessage message) {
         TzSoapCompositeType copy = composite(bodyEntry(message)).copy();
         const TzSoapReferenceType second = reference(child(copy, "r")).copy();
@@ -272,7 +272,7 @@ TEST_P(TzSoapRings, copiesOfTheirValuesAreNoPartOfThem) {
     });
 }
 
-TEST_P(TzSoapRings, valuesMayBeReplacedWhereTheyStand) {
+TEST_P(TzSoapRings, ValuesMayBeReplacedWhereTheyStand) {
     expectNothingLeft(wire.body(ring(2)), [](TzSoapMessage message) {
         TzSoapCompositeType first = composite(bodyEntry(message));
         *first.findChild(TzXmlName("r")) = TzSoapType(TzXmlName("other"));
@@ -285,13 +285,13 @@ TEST_P(TzSoapRings, valuesMayBeReplacedWhereTheyStand) {
 
 // Memory.
 
-TEST_P(TzSoapRings, aReadingWithoutMemoryLeavesNoRing) {
+TEST_P(TzSoapRings, AReadingWithoutMemoryLeavesNoRing) {
     const std::string text = wire.message("<h id=\"h\">" + ref("i1") + ref("h") + "</h>",
                                           ring(3) + "<b>" + ref("h") + "</b>");
     EXPECT_GT(failEachAllocation([&text] { readMessage(text); }), 100U);
 }
 
-TEST_P(TzSoapRings, aMessageThatWasNotReadForWantOfMemoryIsReadTheNextTime) {
+TEST_P(TzSoapRings, AMessageThatWasNotReadForWantOfMemoryIsReadTheNextTime) {
     const std::string text = wire.body(ring(3));
     TzSoapMessage message;
     message.extract(text);

@@ -11,13 +11,13 @@ const std::string Soap = "http://schemas.xmlsoap.org/soap/encoding/";
 
 } // namespace
 
-TEST(TzSoapStylesInForce, withoutAStyleValuesAreSoapEncoded) {
+TEST(TzSoapStylesInForce, WithoutAStyleValuesAreSoapEncoded) {
     TzSoapStylesInForce styles;
     EXPECT_TRUE(styles.inForce().soapEncoding);
     EXPECT_EQ(styles.inForce().first, "");
 }
 
-TEST(TzSoapStylesInForce, theFirstUriOfTheInnermostTextDecides) {
+TEST(TzSoapStylesInForce, TheFirstUriOfTheInnermostTextDecides) {
     TzSoapStylesInForce styles;
     styles.push(" urn:a\n" + Soap);
     EXPECT_FALSE(styles.inForce().soapEncoding);
@@ -33,7 +33,7 @@ TEST(TzSoapStylesInForce, theFirstUriOfTheInnermostTextDecides) {
     EXPECT_EQ(styles.inForce().first, "urn:a");
 }
 
-TEST(TzSoapStylesInForce, aTextReplacedByHandIsSeen) {
+TEST(TzSoapStylesInForce, ATextReplacedByHandIsSeen) {
     TzSoapStylesInForce styles;
     TzSoapStylesInForce::Texts& texts = styles.expose();
     texts.push("urn:a");
@@ -49,7 +49,7 @@ TEST(TzSoapStylesInForce, aTextReplacedByHandIsSeen) {
     EXPECT_EQ(styles.inForce().first, "urn:d");
 }
 
-TEST(TzSoapStylesInForce, textsByHandAndOthersGoTogether) {
+TEST(TzSoapStylesInForce, TextsByHandAndOthersGoTogether) {
     TzSoapStylesInForce styles;
     styles.push("urn:a");
     EXPECT_EQ(styles.inForce().first, "urn:a");
@@ -62,7 +62,7 @@ TEST(TzSoapStylesInForce, textsByHandAndOthersGoTogether) {
     EXPECT_EQ(styles.inForce().first, "urn:a");
 }
 
-TEST(TzSoapStylesInForce, valuesUnderOneStyleShareItsRecord) {
+TEST(TzSoapStylesInForce, ValuesUnderOneStyleShareItsRecord) {
     TzSoapStylesInForce styles;
     styles.push("urn:a urn:b");
     const auto first = styles.share("urn:a");
@@ -75,7 +75,7 @@ TEST(TzSoapStylesInForce, valuesUnderOneStyleShareItsRecord) {
     EXPECT_EQ(*styles.share("urn:z"), "urn:z");
 }
 
-TEST(TzSoapStylesInForce, clearEndsAllScopes) {
+TEST(TzSoapStylesInForce, ClearEndsAllScopes) {
     TzSoapStylesInForce styles;
     styles.push("urn:a");
     styles.push("urn:b");

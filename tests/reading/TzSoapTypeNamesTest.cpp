@@ -51,7 +51,7 @@ void fill(Scope& scope) {
 
 } // namespace
 
-TEST(TzSoapTypeNames, theInnermostDeclarationDecides) {
+TEST(TzSoapTypeNames, TheInnermostDeclarationDecides) {
     Scope outer("p", "urn:outer");
     Scope other("q", "urn:q");
     Scope inner("p", "urn:inner");
@@ -69,7 +69,7 @@ TEST(TzSoapTypeNames, theInnermostDeclarationDecides) {
     EXPECT_EQ(names.uriFor("p"), "");
 }
 
-TEST(TzSoapTypeNames, resolvesTheNameThatATextSpells) {
+TEST(TzSoapTypeNames, ResolvesTheNameThatATextSpells) {
     Scope scope("p", "urn:p");
     scope.declare("", "urn:default");
     TzSoapTypeNames names;
@@ -82,7 +82,7 @@ TEST(TzSoapTypeNames, resolvesTheNameThatATextSpells) {
     EXPECT_EQ(resolved(names, ""), "||urn:default");
 }
 
-TEST(TzSoapTypeNames, reservedPrefixesAreBoundByDeclarationsOnly) {
+TEST(TzSoapTypeNames, ReservedPrefixesAreBoundByDeclarationsOnly) {
     Scope scope("xml", "http://www.w3.org/XML/1998/namespace");
     TzSoapTypeNames names;
     EXPECT_EQ(resolved(names, "xml:a"), "xml|a|");
@@ -91,7 +91,7 @@ TEST(TzSoapTypeNames, reservedPrefixesAreBoundByDeclarationsOnly) {
     EXPECT_EQ(resolved(names, "xml:a"), "xml|a|http://www.w3.org/XML/1998/namespace");
 }
 
-TEST(TzSoapTypeNames, aDeclarationOfNoUriHidesAnOuterOne) {
+TEST(TzSoapTypeNames, ADeclarationOfNoUriHidesAnOuterOne) {
     Scope outer("p", "urn:p");
     Scope inner("p", "");
     TzSoapTypeNames names;
@@ -101,7 +101,7 @@ TEST(TzSoapTypeNames, aDeclarationOfNoUriHidesAnOuterOne) {
     EXPECT_EQ(resolved(names, "p:a"), "p|a|");
 }
 
-TEST(TzSoapTypeNames, anElementMayBeReplacedByAnotherOneAtItsAddress) {
+TEST(TzSoapTypeNames, AnElementMayBeReplacedByAnotherOneAtItsAddress) {
     Scope outer("p", "urn:outer");
     Scope inner;
     TzSoapTypeNames names;
@@ -118,7 +118,7 @@ TEST(TzSoapTypeNames, anElementMayBeReplacedByAnotherOneAtItsAddress) {
     EXPECT_EQ(resolved(names, "p:a"), "p|a|urn:outer");
 }
 
-TEST(TzSoapTypeNames, namesShareOneRecord) {
+TEST(TzSoapTypeNames, NamesShareOneRecord) {
     Scope scope("p", "urn:p");
     TzSoapTypeNames names;
     names.open(scope);
@@ -128,7 +128,7 @@ TEST(TzSoapTypeNames, namesShareOneRecord) {
     EXPECT_EQ(&first.getNamespace().getUri(), &second.getNamespace().getUri());
 }
 
-TEST(TzSoapTypeNames, elementsWithoutALookUpAreNotLookedAt) {
+TEST(TzSoapTypeNames, ElementsWithoutALookUpAreNotLookedAt) {
     Scope scope("p", "urn:p");
     TzSoapTypeNames names;
     for (int i = 0; i < 10; ++i) {
@@ -138,7 +138,7 @@ TEST(TzSoapTypeNames, elementsWithoutALookUpAreNotLookedAt) {
     EXPECT_EQ(scope.looks(), 0U);
 }
 
-TEST(TzSoapTypeNames, workDoesNotGrowWithTheOpenElements) {
+TEST(TzSoapTypeNames, WorkDoesNotGrowWithTheOpenElements) {
     constexpr std::size_t Depth = 900;
     std::vector<std::unique_ptr<Scope>> open;
     TzSoapTypeNames names;
@@ -167,7 +167,7 @@ TEST(TzSoapTypeNames, workDoesNotGrowWithTheOpenElements) {
     EXPECT_EQ(looks, Depth + leaves.size());
 }
 
-TEST(TzSoapTypeNames, elementsPushedByHandAreSeenAtOnce) {
+TEST(TzSoapTypeNames, ElementsPushedByHandAreSeenAtOnce) {
     Scope outer("p", "urn:outer");
     Scope inner("p", "urn:inner");
     TzSoapTypeNames names;
@@ -185,7 +185,7 @@ TEST(TzSoapTypeNames, elementsPushedByHandAreSeenAtOnce) {
     EXPECT_EQ(resolved(names, "p:a"), "p|a|");
 }
 
-TEST(TzSoapTypeNames, clearForgetsAllElements) {
+TEST(TzSoapTypeNames, ClearForgetsAllElements) {
     Scope outer("p", "urn:outer");
     Scope inner("p", "urn:inner");
     TzSoapTypeNames names;
@@ -198,7 +198,7 @@ TEST(TzSoapTypeNames, clearForgetsAllElements) {
 }
 
 // Whatever opens and closes between the look-ups, they answer as a walk over the open elements.
-TEST(TzSoapTypeNames, answersAsAWalkOverTheOpenElements) {
+TEST(TzSoapTypeNames, AnswersAsAWalkOverTheOpenElements) {
     std::mt19937 random(7); // NOLINT(cert-msc51-cpp): the same walk each time
     std::vector<std::unique_ptr<Scope>> scopes;
     for (int i = 0; i < 60; ++i) {

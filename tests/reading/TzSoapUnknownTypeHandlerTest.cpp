@@ -38,7 +38,7 @@ TzSoapMisunderstoodType misunderstood(const std::string& attributes,
 
 TZSOAP_BOTH_VERSIONS(TzSoapUnknownTypeHandlerReading);
 
-TEST_P(TzSoapUnknownTypeHandlerReading, anElementWithoutChildrenIsASimpleValueWithItsText) {
+TEST_P(TzSoapUnknownTypeHandlerReading, AnElementWithoutChildrenIsASimpleValueWithItsText) {
     EXPECT_EQ(textOf(read("<a>text</a>")), "text");
     EXPECT_EQ(textOf(read("<a></a>")), "");
     EXPECT_EQ(textOf(read("<a/>")), "");
@@ -47,7 +47,7 @@ TEST_P(TzSoapUnknownTypeHandlerReading, anElementWithoutChildrenIsASimpleValueWi
               "1 < 2<b/>\xE2\x82\xAC!");
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, textDoesNotRunFromOneElementIntoTheNext) {
+TEST_P(TzSoapUnknownTypeHandlerReading, TextDoesNotRunFromOneElementIntoTheNext) {
     const TzSoapMessage message =
         readMessage(wire.body("<a>first</a><b/><c>x<d/>y</c><e>last</e>"));
     EXPECT_EQ(textOf(bodyEntry(message, 0)), "first");
@@ -56,7 +56,7 @@ TEST_P(TzSoapUnknownTypeHandlerReading, textDoesNotRunFromOneElementIntoTheNext)
     EXPECT_EQ(textOf(bodyEntry(message, 3)), "last");
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, theTypeAttributeGivesTypeAndSchemaType) {
+TEST_P(TzSoapUnknownTypeHandlerReading, TheTypeAttributeGivesTypeAndSchemaType) {
     const std::pair<const char*, Base::SchemaType> types[] = {
         {"string", Base::xsdString},       {"int", Base::xsdInt},
         {"boolean", Base::xsdBoolean},     {"dateTime", Base::xsdDateTime},
@@ -75,7 +75,7 @@ TEST_P(TzSoapUnknownTypeHandlerReading, theTypeAttributeGivesTypeAndSchemaType) 
     }
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, theLocalNameOfATypeDecidesWhateverItsNamespace) {
+TEST_P(TzSoapUnknownTypeHandlerReading, TheLocalNameOfATypeDecidesWhateverItsNamespace) {
     for (const char* type : {"t:int", "int", "unbound:int"}) {
         const auto value =
             simple(read("<a xmlns:t=\"urn:t\" xsi:type=\"" + TzCString(type) + "\">1</a>"));
@@ -87,7 +87,7 @@ TEST_P(TzSoapUnknownTypeHandlerReading, theLocalNameOfATypeDecidesWhateverItsNam
     }
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, theTypesOfOlderSchemasCount) {
+TEST_P(TzSoapUnknownTypeHandlerReading, TheTypesOfOlderSchemasCount) {
     for (const char* year : {"1999", "2000/10"}) {
         const auto value = simple(read("<a xmlns:s=\"http://www.w3.org/" + TzCString(year) +
                                        "/XMLSchema-instance\" s:type=\"xsd:int\">1</a>"));
@@ -95,13 +95,13 @@ TEST_P(TzSoapUnknownTypeHandlerReading, theTypesOfOlderSchemasCount) {
     }
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, withoutTypeTheSchemaTypeIsUnknown) {
+TEST_P(TzSoapUnknownTypeHandlerReading, WithoutTypeTheSchemaTypeIsUnknown) {
     const auto value = simple(read("<a>1</a>"));
     EXPECT_EQ(value.getType(), Base::xsdUnknown);
     EXPECT_TRUE(TzSoapType(value).getType().isEmpty());
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, theRegistryOfTheMessageStandsInForAMissingType) {
+TEST_P(TzSoapUnknownTypeHandlerReading, TheRegistryOfTheMessageStandsInForAMissingType) {
     TzSoapMessage message;
     message.getTypeRegistry().registerType(TzXmlName("a"), xsd("int"));
     message.extract(wire.body("<a>1</a><a xsi:type=\"xsd:string\">1</a><b><a>2</a></b><c>3</c>"
@@ -116,7 +116,7 @@ TEST_P(TzSoapUnknownTypeHandlerReading, theRegistryOfTheMessageStandsInForAMissi
     EXPECT_EQ(simple(bodyEntry(message, 4)).getType(), Base::xsdUnknown);
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, thePrefixOfATypeIsThatOfTheNearestDeclaration) {
+TEST_P(TzSoapUnknownTypeHandlerReading, ThePrefixOfATypeIsThatOfTheNearestDeclaration) {
     const TzSoapMessage message =
         readMessage(wire.body("<a xmlns:t=\"urn:a\"><b xsi:type=\"t:T\"/>"
                               "<b xmlns:t=\"urn:b\" xsi:type=\"t:T\"><d xsi:type=\"t:T\"/></b>"
@@ -132,7 +132,7 @@ TEST_P(TzSoapUnknownTypeHandlerReading, thePrefixOfATypeIsThatOfTheNearestDeclar
     EXPECT_EQ(bodyEntry(message, 1).getType().getUri(), "urn:envelope");
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, declarationsOfHeaderAndBodyServeTheirEntries) {
+TEST_P(TzSoapUnknownTypeHandlerReading, DeclarationsOfHeaderAndBodyServeTheirEntries) {
     const TzSoapMessage message =
         readMessage(wire.envelope("<e:Header xmlns:t=\"urn:h\"><a xsi:type=\"t:T\"/></e:Header>"
                                   "<e:Body xmlns:t=\"urn:b\"><a xsi:type=\"t:T\"/></e:Body>"));
@@ -140,19 +140,19 @@ TEST_P(TzSoapUnknownTypeHandlerReading, declarationsOfHeaderAndBodyServeTheirEnt
     EXPECT_EQ(bodyEntry(message).getType().getUri(), "urn:b");
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, aTypeWithoutPrefixIsOfTheDefaultNamespace) {
+TEST_P(TzSoapUnknownTypeHandlerReading, ATypeWithoutPrefixIsOfTheDefaultNamespace) {
     const TzXmlName type = read("<a xmlns=\"urn:d\" xsi:type=\"T\"/>").getType();
     EXPECT_EQ(type, TzXmlName("T", TzXmlNamespace("", "urn:d")));
     EXPECT_EQ(type.getPrefix(), "");
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, anUnboundPrefixOfATypeHasTheEmptyUri) {
+TEST_P(TzSoapUnknownTypeHandlerReading, AnUnboundPrefixOfATypeHasTheEmptyUri) {
     const TzSoapType value = read("<a xsi:type=\"t:T\"/>");
     EXPECT_EQ(value.getType(), TzXmlName("T", TzXmlNamespace("t", "")));
     EXPECT_EQ(value.getTypeAttribute(), "t:T");
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, attributesBecomePropertiesOrStay) {
+TEST_P(TzSoapUnknownTypeHandlerReading, AttributesBecomePropertiesOrStay) {
     const std::string role = GetParam() == V::V1_1 ? "actor" : "role";
     for (const char* content : {"", "<b/>"}) {
         const TzSoapType value = read("<a e:mustUnderstand=\"1\" e:" + role +
@@ -172,7 +172,7 @@ TEST_P(TzSoapUnknownTypeHandlerReading, attributesBecomePropertiesOrStay) {
     }
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, flagsAreReadAsOneOrTrueAndAreThereInAnyCase) {
+TEST_P(TzSoapUnknownTypeHandlerReading, FlagsAreReadAsOneOrTrueAndAreThereInAnyCase) {
     for (const auto& [text, yes] :
          {std::pair("1", true), std::pair("true", true), std::pair("0", false),
           std::pair("false", false), std::pair("TRUE", false), std::pair("", false)}) {
@@ -186,7 +186,7 @@ TEST_P(TzSoapUnknownTypeHandlerReading, flagsAreReadAsOneOrTrueAndAreThereInAnyC
     }
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, aFirstChildMakesACompositeValueWithNameAndAttributes) {
+TEST_P(TzSoapUnknownTypeHandlerReading, AFirstChildMakesACompositeValueWithNameAndAttributes) {
     const TzSoapType value = read("<p:a xmlns:p=\"urn:p\" id=\"x\" xsi:type=\"p:T\">1<b>2</b>3"
                                   "<c><d>4</d></c></p:a>");
     EXPECT_EQ(value.getName(), TzXmlName("a", TzXmlNamespace("p", "urn:p")));
@@ -198,7 +198,7 @@ TEST_P(TzSoapUnknownTypeHandlerReading, aFirstChildMakesACompositeValueWithNameA
     EXPECT_EQ(textOf(child(child(value, "c"), "d")), "4");
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, childrenKeepTheirOrderAndMayRepeat) {
+TEST_P(TzSoapUnknownTypeHandlerReading, ChildrenKeepTheirOrderAndMayRepeat) {
     auto value = composite(read("<a><b>1</b><c>2</c><b>3</b></a>"));
     std::string texts;
     for (auto child = value.childrenBegin(); child != value.childrenEnd(); ++child) {
@@ -207,12 +207,12 @@ TEST_P(TzSoapUnknownTypeHandlerReading, childrenKeepTheirOrderAndMayRepeat) {
     EXPECT_EQ(texts, "b1c2b3");
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, oneElementMayHaveTheNameOfItsParent) {
+TEST_P(TzSoapUnknownTypeHandlerReading, OneElementMayHaveTheNameOfItsParent) {
     const TzSoapType value = read("<a><a><a>x</a></a></a>");
     EXPECT_EQ(textOf(child(child(value, "a"), "a")), "x");
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, manyAttributesAreKeptInOrder) {
+TEST_P(TzSoapUnknownTypeHandlerReading, ManyAttributesAreKeptInOrder) {
     std::string attributes;
     for (int i = 0; i < 100; ++i) {
         attributes += " k" + std::to_string(i) + "=\"" + std::to_string(i) + "\"";
@@ -224,7 +224,7 @@ TEST_P(TzSoapUnknownTypeHandlerReading, manyAttributesAreKeptInOrder) {
     }
 }
 
-TEST(TzSoapUnknownTypeHandlerMisunderstood, namesTheEntryThatWasNotUnderstood) {
+TEST(TzSoapUnknownTypeHandlerMisunderstood, NamesTheEntryThatWasNotUnderstood) {
     const auto report = misunderstood("qname=\"p:entry\" xmlns:p=\"urn:p\"");
     EXPECT_EQ(report.getQualifiedName(), TzXmlName("entry", TzXmlNamespace("p", "urn:p")));
     EXPECT_EQ(report.getQualifiedName().getPrefix(), "p");
@@ -233,7 +233,7 @@ TEST(TzSoapUnknownTypeHandlerMisunderstood, namesTheEntryThatWasNotUnderstood) {
     EXPECT_EQ(report.findNamespaceAttribute("p")->getValue(), "urn:p");
 }
 
-TEST(TzSoapUnknownTypeHandlerMisunderstood, itsOwnDeclarationComesBeforeThoseAround) {
+TEST(TzSoapUnknownTypeHandlerMisunderstood, ItsOwnDeclarationComesBeforeThoseAround) {
     EXPECT_EQ(misunderstood("qname=\"p:entry\" xmlns:p=\"urn:p\"", "xmlns:p=\"urn:outer\"")
                   .getQualifiedName()
                   .getUri(),
@@ -243,7 +243,7 @@ TEST(TzSoapUnknownTypeHandlerMisunderstood, itsOwnDeclarationComesBeforeThoseAro
         "urn:outer");
 }
 
-TEST(TzSoapUnknownTypeHandlerMisunderstood, aNameThatIsNotBoundOrNotThereIsNoError) {
+TEST(TzSoapUnknownTypeHandlerMisunderstood, ANameThatIsNotBoundOrNotThereIsNoError) {
     EXPECT_EQ(misunderstood("qname=\"p:entry\"").getQualifiedName(),
               TzXmlName("entry", TzXmlNamespace("p", "")));
     EXPECT_EQ(misunderstood("qname=\"entry\"").getQualifiedName(), TzXmlName("entry"));
@@ -252,7 +252,7 @@ TEST(TzSoapUnknownTypeHandlerMisunderstood, aNameThatIsNotBoundOrNotThereIsNoErr
     EXPECT_TRUE(misunderstood("").getQualifiedName().isEmpty());
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, onlyTheElementOfSoap12IsAReport) {
+TEST_P(TzSoapUnknownTypeHandlerReading, OnlyTheElementOfSoap12IsAReport) {
     const std::string faults = "xmlns:f=\"http://www.w3.org/2002/06/soap-faults\"";
     EXPECT_EQ(read("<f:Misunderstood " + faults + "/>").getSoapTypeId(), Base::Misunderstood);
     EXPECT_EQ(read("<Misunderstood qname=\"a\"/>").getSoapTypeId(), Base::Simple);
@@ -262,6 +262,6 @@ TEST_P(TzSoapUnknownTypeHandlerReading, onlyTheElementOfSoap12IsAReport) {
               Base::Composite);
 }
 
-TEST_P(TzSoapUnknownTypeHandlerReading, emptyCompositesReadAsTheWhiteSpaceBetweenTheirTags) {
+TEST_P(TzSoapUnknownTypeHandlerReading, EmptyCompositesReadAsTheWhiteSpaceBetweenTheirTags) {
     EXPECT_EQ(textOf(read("<a>\n</a>")), "\n");
 }

@@ -23,43 +23,43 @@ protected:
 
 TZSOAP_BOTH_VERSIONS(TzSoapUserDefinedTypeHandlerReading);
 
-TEST_P(TzSoapUserDefinedTypeHandlerReading, theElementWithItsTagsIsKept) {
+TEST_P(TzSoapUserDefinedTypeHandlerReading, TheElementWithItsTagsIsKept) {
     EXPECT_EQ(markupOf("<a>text</a>"), "<a >text</a>");
     EXPECT_EQ(markupOf("<a/>"), "<a ></a>");
     EXPECT_EQ(markupOf("<a k=\"v\" l='w'/>"), "<a  k=\"v\" l=\"w\"></a>");
     EXPECT_EQ(markupOf("<a> <b k=\"v\">1</b>\n<c/></a>"), "<a > <b  k=\"v\">1</b>\n<c ></c></a>");
 }
 
-TEST_P(TzSoapUserDefinedTypeHandlerReading, namesAndDeclarationsAreKeptAsTheyWere) {
+TEST_P(TzSoapUserDefinedTypeHandlerReading, NamesAndDeclarationsAreKeptAsTheyWere) {
     EXPECT_EQ(markupOf("<p:a xmlns:p=\"urn:p\" p:k=\"v\"><p:b xmlns=\"urn:d\"/></p:a>"),
               "<p:a  xmlns:p=\"urn:p\" p:k=\"v\"><p:b  xmlns=\"urn:d\"></p:b></p:a>");
 }
 
-TEST_P(TzSoapUserDefinedTypeHandlerReading, textIsKeptDecoded) {
+TEST_P(TzSoapUserDefinedTypeHandlerReading, TextIsKeptDecoded) {
     EXPECT_EQ(markupOf("<a k=\"&quot;\">&amp;&lt;x/&gt;<![CDATA[<y>]]><!-- z --></a>"),
               "<a  k=\"\"\">&<x/><y></a>");
 }
 
-TEST_P(TzSoapUserDefinedTypeHandlerReading, elementsOfItsOwnNameInsideDoNotEndIt) {
+TEST_P(TzSoapUserDefinedTypeHandlerReading, ElementsOfItsOwnNameInsideDoNotEndIt) {
     const std::string text = "<a ><a ><a >x</a></a><b ><a ></a></b></a>";
     const TzSoapMessage message = readAll("<a><a><a>x</a></a><b><a/></b></a><c/>");
     EXPECT_EQ(userDefined(bodyEntry(message)).getValue(), text);
     EXPECT_EQ(userDefined(bodyEntry(message, 1)).getValue(), "<c ></c>");
 }
 
-TEST_P(TzSoapUserDefinedTypeHandlerReading, aNameIsItsNamespaceAndItsLocalPart) {
+TEST_P(TzSoapUserDefinedTypeHandlerReading, ANameIsItsNamespaceAndItsLocalPart) {
     EXPECT_EQ(markupOf("<p:a xmlns:p=\"urn:p\" xmlns:q=\"urn:p\"><q:a/><a/></p:a>"),
               "<p:a  xmlns:p=\"urn:p\" xmlns:q=\"urn:p\"><q:a ></q:a><a ></a></p:a>");
 }
 
-TEST_P(TzSoapUserDefinedTypeHandlerReading, whatStandsInsideIsNotDecoded) {
+TEST_P(TzSoapUserDefinedTypeHandlerReading, WhatStandsInsideIsNotDecoded) {
     EXPECT_EQ(markupOf("<a><b " + wire.ref("x") + "><c/></b><d e:encodingStyle=\"" + wire.style() +
                        "\"/></a>"),
               "<a ><b  " + wire.ref("x") + "><c ></c></b><d  e:encodingStyle=\"" + wire.style() +
                   "\"></d></a>");
 }
 
-TEST_P(TzSoapUserDefinedTypeHandlerReading, nameTypeStyleAndAttributesAreThoseOfTheElement) {
+TEST_P(TzSoapUserDefinedTypeHandlerReading, NameTypeStyleAndAttributesAreThoseOfTheElement) {
     const auto value = userDefined(bodyEntry(readAll(
         "<p:a xmlns:p=\"urn:p\" xsi:type=\"p:T\" id=\"x\" k=\"v\" e:mustUnderstand=\"1\"/>")));
     EXPECT_EQ(value.getName(), TzXmlName("a", TzXmlNamespace("p", "urn:p")));
@@ -71,13 +71,13 @@ TEST_P(TzSoapUserDefinedTypeHandlerReading, nameTypeStyleAndAttributesAreThoseOf
     EXPECT_TRUE(value.getMustUnderstand());
 }
 
-TEST_P(TzSoapUserDefinedTypeHandlerReading, theStyleIsTheFirstOfTheListInForce) {
+TEST_P(TzSoapUserDefinedTypeHandlerReading, TheStyleIsTheFirstOfTheListInForce) {
     const auto value =
         userDefined(bodyEntry(readAll("<a e:encodingStyle=\" urn:one  urn:two\"/>")));
     EXPECT_EQ(value.getEncodingStyleAttribute(), "urn:one");
 }
 
-TEST_P(TzSoapUserDefinedTypeHandlerReading, aTypeIsTakenFromTheRegistryOfTheMessage) {
+TEST_P(TzSoapUserDefinedTypeHandlerReading, ATypeIsTakenFromTheRegistryOfTheMessage) {
     TzSoapMessage message;
     message.getTypeRegistry().registerType(TzXmlName("a"),
                                            TzXmlName("T", TzXmlNamespace("t", "urn:t")));
@@ -86,13 +86,13 @@ TEST_P(TzSoapUserDefinedTypeHandlerReading, aTypeIsTakenFromTheRegistryOfTheMess
     EXPECT_EQ(bodyEntry(message, 1).getTypeAttribute(), "");
 }
 
-TEST_P(TzSoapUserDefinedTypeHandlerReading, itsIdServesReferences) {
+TEST_P(TzSoapUserDefinedTypeHandlerReading, ItsIdServesReferences) {
     const TzSoapMessage message =
         readAll("<r " + wire.ref("x") + " e:encodingStyle=\"\"/><a id=\"x\"/><a id=\"\"/>");
     EXPECT_TRUE(sameValue(reference(bodyEntry(message)).getSoapReference(), bodyEntry(message, 1)));
 }
 
-TEST_P(TzSoapUserDefinedTypeHandlerReading, oneValueFollowsTheOther) {
+TEST_P(TzSoapUserDefinedTypeHandlerReading, OneValueFollowsTheOther) {
     const TzSoapMessage message = readAll("<a>1</a><b k=\"v\"/><a>2</a>");
     EXPECT_EQ(userDefined(bodyEntry(message, 0)).getValue(), "<a >1</a>");
     EXPECT_EQ(userDefined(bodyEntry(message, 1)).getValue(), "<b  k=\"v\"></b>");
@@ -100,7 +100,7 @@ TEST_P(TzSoapUserDefinedTypeHandlerReading, oneValueFollowsTheOther) {
     EXPECT_EQ(bodyEntry(message, 2).attributeCount(), 0U);
 }
 
-TEST_P(TzSoapUserDefinedTypeHandlerReading, membersAndChildrenCanBeUserDefined) {
+TEST_P(TzSoapUserDefinedTypeHandlerReading, MembersAndChildrenCanBeUserDefined) {
     const TzSoapMessage message = readMessage(
         wire.body("<a><b e:encodingStyle=\"urn:f\"><x/></b><c>1</c></a><d " +
                   wire.array("xsd:int", "2") + "><i e:encodingStyle=\"urn:f\">2</i><i>3</i></d>"));
@@ -112,7 +112,7 @@ TEST_P(TzSoapUserDefinedTypeHandlerReading, membersAndChildrenCanBeUserDefined) 
     EXPECT_EQ(textOf(array(1U)), "3");
 }
 
-TEST_P(TzSoapUserDefinedTypeHandlerReading, headerEntriesKeepTheirFlags) {
+TEST_P(TzSoapUserDefinedTypeHandlerReading, HeaderEntriesKeepTheirFlags) {
     const TzSoapMessage message = readMessage(wire.envelope(
         "<e:Header e:encodingStyle=\"urn:foreign\"><h e:mustUnderstand=\"1\"/></e:Header>"));
     EXPECT_EQ(userDefined(headerEntry(message)).getValue(), "<h  e:mustUnderstand=\"1\"></h>");

@@ -23,7 +23,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(BothVersions, UnboundPrefixes, testing::ValuesIn(BothVersions),
                          [](const auto& tested) { return "V" + std::to_string(tested.param); });
 
-TEST_P(UnboundPrefixes, eachAttributeIsRead) {
+TEST_P(UnboundPrefixes, EachAttributeIsRead) {
     const TzSoapMessage message = read("p:a='1' q:a='2' a='3'");
     const TzSoapType value = *message.getSoapBody().entriesBegin();
     EXPECT_EQ(value.attributeCount(), 3U);
@@ -32,7 +32,7 @@ TEST_P(UnboundPrefixes, eachAttributeIsRead) {
     EXPECT_EQ(valueOf(value, "a"), "3");
 }
 
-TEST_P(UnboundPrefixes, eachAttributeOfManyIsRead) {
+TEST_P(UnboundPrefixes, EachAttributeOfManyIsRead) {
     std::string attributes;
     for (int i = 0; i < 40; ++i) {
         attributes += "p" + std::to_string(i) + ":a='" + std::to_string(i) + "' ";
@@ -44,7 +44,7 @@ TEST_P(UnboundPrefixes, eachAttributeOfManyIsRead) {
     EXPECT_EQ(valueOf(value, "a"), "x");
 }
 
-TEST_P(UnboundPrefixes, eachAttributeIsWrittenAndReadAgain) {
+TEST_P(UnboundPrefixes, EachAttributeIsWrittenAndReadAgain) {
     const TzSoapMessage message = read("p:a='1' q:a='2' a='3'");
     const std::string text = message.asString();
     EXPECT_NE(text.find("p:a=\"1\" q:a=\"2\" a=\"3\""), std::string::npos) << text;
@@ -52,7 +52,7 @@ TEST_P(UnboundPrefixes, eachAttributeIsWrittenAndReadAgain) {
     EXPECT_EQ(again.asString(), text);
 }
 
-TEST_P(UnboundPrefixes, theSerializerWritesEachAttribute) {
+TEST_P(UnboundPrefixes, TheSerializerWritesEachAttribute) {
     TzSoapMessage message = read("p:a='1' q:a='2' a='3'");
     TzSoapSerializer serializer;
     message.acceptVisitor(serializer);

@@ -27,13 +27,13 @@ Simple holding(const std::string& text) { return {"n", text, Simple::xsdDateTime
 
 } // namespace
 
-TEST(TzSoapCalendarValues, datesAreMadeFromTheCalendar) {
+TEST(TzSoapCalendarValues, DatesAreMadeFromTheCalendar) {
     EXPECT_EQ(written(NewYearsEve, Simple::xsdDate), "2026-12-31");
     EXPECT_EQ(written(sys_days(NewYearsEve), Simple::xsdDate), "2026-12-31");
     EXPECT_EQ(written(2026y / December / last, Simple::xsdDate), "2026-12-31");
 }
 
-TEST(TzSoapCalendarValues, timesAreMadeFromInstants) {
+TEST(TzSoapCalendarValues, TimesAreMadeFromInstants) {
     EXPECT_EQ(written(Noon, Simple::xsdDateTime), "2026-12-31T12:00:00.25Z");
     EXPECT_EQ(written(sys_seconds(-1s), Simple::xsdDateTime), "1969-12-31T23:59:59Z");
     EXPECT_EQ(
@@ -41,7 +41,7 @@ TEST(TzSoapCalendarValues, timesAreMadeFromInstants) {
         "1970-01-01T00:00:00Z");
 }
 
-TEST(TzSoapCalendarValues, settersTakeTheCalendar) {
+TEST(TzSoapCalendarValues, SettersTakeTheCalendar) {
     Simple value;
     value.setDate(NewYearsEve, Simple::xsdDate);
     EXPECT_EQ(value.getString(), "2026-12-31");
@@ -53,7 +53,7 @@ TEST(TzSoapCalendarValues, settersTakeTheCalendar) {
     EXPECT_EQ(value.getType(), Simple::xsdDateTime);
 }
 
-TEST(TzSoapCalendarValues, aDateThatDoesNotExistIsRefused) {
+TEST(TzSoapCalendarValues, ADateThatDoesNotExistIsRefused) {
     Simple value;
     EXPECT_EQ(
         textThrown<TzXmlBadArgError>(
@@ -65,19 +65,19 @@ TEST(TzSoapCalendarValues, aDateThatDoesNotExistIsRefused) {
                   [] { written(TzDateTime(0, 0, 0, 0, 0, 0), Simple::xsdDateTime); }));
 }
 
-TEST(TzSoapCalendarValues, dateAndInstantAreReadBack) {
+TEST(TzSoapCalendarValues, DateAndInstantAreReadBack) {
     EXPECT_EQ(holding("2026-12-31").getSysDays(), sys_days(NewYearsEve));
     EXPECT_EQ(holding("2026-12-31T12:00:00.25Z").getSysTime(), Noon);
     EXPECT_EQ(holding("2026-12-31T12:00:00.25").getSysTime(), Noon);
     EXPECT_EQ(holding("2026-12-31T14:30:00.25+02:30").getSysTime(), Noon);
 }
 
-TEST(TzSoapCalendarValues, anInstantBeyondTheNanosecondsIsAnError) {
+TEST(TzSoapCalendarValues, AnInstantBeyondTheNanosecondsIsAnError) {
     EXPECT_EQ(textThrown<TzBadValueError>([] { holding("2300-01-01T00:00:00Z").getSysTime(); }),
               "64 bits of nanoseconds do not reach the year 2300");
 }
 
-TEST(TzSoapCalendarValues, aReaderTakesEveryForm) {
+TEST(TzSoapCalendarValues, AReaderTakesEveryForm) {
     EXPECT_EQ(TzSoapValueReader(holding(" 2026-12-31+14:00 ")).getSysDays(), sys_days(NewYearsEve));
     EXPECT_EQ(TzSoapValueReader(holding("2026-12-31T23:00:00-05:00")).getSysDays(),
               sys_days(NewYearsEve));
@@ -85,7 +85,7 @@ TEST(TzSoapCalendarValues, aReaderTakesEveryForm) {
     EXPECT_EQ(TzSoapValueReader(holding("2026-12-31")).getSysTime(), sys_days(NewYearsEve));
 }
 
-TEST(TzSoapCalendarValues, aReaderRefusesInItsOwnWords) {
+TEST(TzSoapCalendarValues, AReaderRefusesInItsOwnWords) {
     EXPECT_EQ(
         textThrown<TzXmlBadArgError>([] { TzSoapValueReader(holding("2300-01-01")).getSysTime(); }),
         "element \"n\": \"2300-01-01\" is not a date and time from 1678 to 2261");

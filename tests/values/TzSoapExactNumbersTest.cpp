@@ -47,7 +47,7 @@ template <typename Number> void expectExtremesReadBack() {
 
 } // namespace
 
-TEST(TzSoapExactNumbers, areTheShortestTextThatReadsBack) {
+TEST(TzSoapExactNumbers, AreTheShortestTextThatReadsBack) {
     EXPECT_EQ(exact(12345678.0).getString(), "12345678");
     EXPECT_EQ(exact(0.1).getString(), "0.1");
     EXPECT_EQ(exact(0.1F).getString(), "0.1");
@@ -59,7 +59,7 @@ TEST(TzSoapExactNumbers, areTheShortestTextThatReadsBack) {
     EXPECT_EQ(exact(-0.0).getString(), "-0");
 }
 
-TEST(TzSoapExactNumbers, spellWhatIsNoFiniteNumberAsSchemasDo) {
+TEST(TzSoapExactNumbers, SpellWhatIsNoFiniteNumberAsSchemasDo) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     EXPECT_EQ(exact(infinity).getString(), "INF");
     EXPECT_EQ(exact(-infinity).getString(), "-INF");
@@ -67,7 +67,7 @@ TEST(TzSoapExactNumbers, spellWhatIsNoFiniteNumberAsSchemasDo) {
     EXPECT_EQ(exact(-std::nan("")).getString(), "NaN");
 }
 
-TEST(TzSoapExactNumbers, theEndsOfEachTypeReadBack) {
+TEST(TzSoapExactNumbers, TheEndsOfEachTypeReadBack) {
     expectExtremesReadBack<float>();
     expectExtremesReadBack<double>();
     expectExtremesReadBack<long double>();
@@ -75,7 +75,7 @@ TEST(TzSoapExactNumbers, theEndsOfEachTypeReadBack) {
     EXPECT_EQ(readBack<double>(exact(smallest)), smallest);
 }
 
-TEST(TzSoapExactNumbers, anyBitsReadBack) {
+TEST(TzSoapExactNumbers, AnyBitsReadBack) {
     std::mt19937_64 random(20261122);
     for (int i = 0; i < 20000; ++i) {
         const auto number = std::bit_cast<double>(static_cast<std::uint64_t>(random()));
@@ -85,14 +85,14 @@ TEST(TzSoapExactNumbers, anyBitsReadBack) {
     }
 }
 
-TEST(TzSoapExactNumbers, typeAndFlagAreKeptAsGiven) {
+TEST(TzSoapExactNumbers, TypeAndFlagAreKeptAsGiven) {
     const Simple value = Simple::exact("p:n", 0.5F, Simple::xsdDecimal, true);
     EXPECT_EQ(value.getName().getQualifiedName(), "p:n");
     EXPECT_EQ(value.getType(), Simple::xsdDecimal);
     EXPECT_TRUE(value.getTypeShouldBeEncoded());
 }
 
-TEST(TzSoapExactNumbers, areLabelledByTheirSetter) {
+TEST(TzSoapExactNumbers, AreLabelledByTheirSetter) {
     Simple value;
     value.setExactFloat(16777217.0F);
     EXPECT_EQ(value.getString(), "16777216");
@@ -105,7 +105,7 @@ TEST(TzSoapExactNumbers, areLabelledByTheirSetter) {
     EXPECT_EQ(value.getType(), Simple::xsdDouble);
 }
 
-TEST(TzSoapExactNumbers, theGlobalLocaleDoesNotMatter) {
+TEST(TzSoapExactNumbers, TheGlobalLocaleDoesNotMatter) {
     const ForeignLocale locale;
     EXPECT_EQ(exact(1234567.5).getString(), "1234567.5");
     EXPECT_EQ(readBack<long double>(exact(1234567.5L)), 1234567.5L);

@@ -60,22 +60,22 @@ std::string refused(const char* path) {
 
 } // namespace
 
-TEST(TzSoapMemberAccess, aPathLeadsFromTheBodyToAMember) {
+TEST(TzSoapMemberAccess, APathLeadsFromTheBodyToAMember) {
     EXPECT_EQ(textOf(body().getChild("placeOrder/lines/line/amount")), "7");
     EXPECT_EQ(textOf(body().findChildValue("placeOrder/lines/line/amount").value()), "7");
 }
 
-TEST(TzSoapMemberAccess, anIndexCountsMembersOfOneNameFromOne) {
+TEST(TzSoapMemberAccess, AnIndexCountsMembersOfOneNameFromOne) {
     EXPECT_EQ(textOf(body().getChild("placeOrder/lines/line[1]/amount[2]")), "9");
     EXPECT_EQ(body().getChild("placeOrder/lines/line[3]").getName().getLocalName(), "line");
 }
 
-TEST(TzSoapMemberAccess, stepsMayBeTakenOneByOne) {
+TEST(TzSoapMemberAccess, StepsMayBeTakenOneByOne) {
     EXPECT_EQ(textOf(body().getChild("placeOrder").getChild("lines/line").getChild("amount[2]")),
               "9");
 }
 
-TEST(TzSoapMemberAccess, everyKindOfTextIsAPath) {
+TEST(TzSoapMemberAccess, EveryKindOfTextIsAPath) {
     const TzSoapType entry = body().getChild("placeOrder");
     EXPECT_EQ(textOf(entry.getChild(std::string("price"))), "2");
     EXPECT_EQ(textOf(entry.getChild(std::string_view("price"))), "2");
@@ -83,7 +83,7 @@ TEST(TzSoapMemberAccess, everyKindOfTextIsAPath) {
     EXPECT_EQ(textOf(entry.findChildValue(std::string_view("price")).value()), "2");
 }
 
-TEST(TzSoapMemberAccess, nameAndNamespaceAreComparedExactly) {
+TEST(TzSoapMemberAccess, NameAndNamespaceAreComparedExactly) {
     const TzSoapType entry = body().getChild("placeOrder", "urn:stock");
     EXPECT_EQ(textOf(entry.getChild("price", "urn:stock")), "2");
     EXPECT_EQ(textOf(entry.getChild("price", "")), "3");
@@ -94,21 +94,21 @@ TEST(TzSoapMemberAccess, nameAndNamespaceAreComparedExactly) {
     EXPECT_FALSE(entry.findChildValue("price", "urn:other").has_value());
 }
 
-TEST(TzSoapMemberAccess, anExactNameIsNoPath) {
+TEST(TzSoapMemberAccess, AnExactNameIsNoPath) {
     EXPECT_EQ(missing(body(), "placeOrder/lines", ""),
               "placeOrder/lines in no namespace is missing");
 }
 
-TEST(TzSoapMemberAccess, stepsFollowReferences) {
+TEST(TzSoapMemberAccess, StepsFollowReferences) {
     EXPECT_EQ(textOf(body().getChild("placeOrder/by/name")), "Ann");
     EXPECT_EQ(textOf(body().getChild("placeOrder/by").getChild("name")), "Ann");
 }
 
-TEST(TzSoapMemberAccess, theLastValueIsTheReferenceItself) {
+TEST(TzSoapMemberAccess, TheLastValueIsTheReferenceItself) {
     EXPECT_EQ(body().getChild("placeOrder/by").getSoapTypeId(), TzSoapContentBase::Reference);
 }
 
-TEST(TzSoapMemberAccess, itemsOfArraysAreMembers) {
+TEST(TzSoapMemberAccess, ItemsOfArraysAreMembers) {
     TzSoapMessage message = messageOf(
         envelope(TzSoapVersion::V1_1, "<a c:arrayType='xsd:int[4]'><i>1</i><i>2</i></a>"
                                       "<s c:arrayType='xsd:int[9]'><i c:position='[5]'>5</i>"
@@ -118,34 +118,34 @@ TEST(TzSoapMemberAccess, itemsOfArraysAreMembers) {
     EXPECT_EQ(missing(message.getSoapBody(), "a/i[3]"), "a/i[3] is missing; there are 2");
 }
 
-TEST(TzSoapMemberAccess, arrayPositionsWithoutItemArePassedOver) {
+TEST(TzSoapMemberAccess, ArrayPositionsWithoutItemArePassedOver) {
     TzSoapCompactArrayType array("xsd:int", 9U, 0U);
     array[7] = TzSoapSimpleType("i", 7, TzSoapContentBase::xsdInt, false);
     array[2] = TzSoapSimpleType("i", 2, TzSoapContentBase::xsdInt, false);
     EXPECT_EQ(textOf(array.getChild("i[2]")), "7");
 }
 
-TEST(TzSoapMemberAccess, headerEntriesAreMembersOfTheHeader) {
+TEST(TzSoapMemberAccess, HeaderEntriesAreMembersOfTheHeader) {
     TzSoapMessage message =
         messageOf(envelope(TzSoapVersion::V1_1, "", "<t><id>5</id></t><t><id>6</id></t>"));
     EXPECT_EQ(textOf(message.getSoapHeader().getChild("t[2]/id")), "6");
     EXPECT_EQ(missing(message.getSoapHeader(), "t[3]/id"), "t[3] is missing; there are 2");
 }
 
-TEST(TzSoapMemberAccess, theErrorNamesThePathDownToWhatIsMissing) {
+TEST(TzSoapMemberAccess, TheErrorNamesThePathDownToWhatIsMissing) {
     EXPECT_EQ(missing(body(), "placeOrder/lines/line[1]/weight"),
               "placeOrder/lines/line[1]/weight is missing");
     EXPECT_EQ(missing(body(), "placeOrder/rows/row/amount"), "placeOrder/rows is missing");
 }
 
-TEST(TzSoapMemberAccess, theErrorSaysHowManyOfThatNameThereAre) {
+TEST(TzSoapMemberAccess, TheErrorSaysHowManyOfThatNameThereAre) {
     EXPECT_EQ(missing(body(), "placeOrder/lines/line[4]/amount"),
               "placeOrder/lines/line[4] is missing; there are 3");
     EXPECT_EQ(missing(body(), "placeOrder/lines/note[2]"),
               "placeOrder/lines/note[2] is missing; there is 1");
 }
 
-TEST(TzSoapMemberAccess, theErrorSaysWhichNamespaceTheElementIsIn) {
+TEST(TzSoapMemberAccess, TheErrorSaysWhichNamespaceTheElementIsIn) {
     EXPECT_EQ(missing(body(), "placeOrder", "urn:shop"),
               "placeOrder in namespace \"urn:shop\" is missing; there is one in namespace "
               "\"urn:stock\"");
@@ -154,18 +154,18 @@ TEST(TzSoapMemberAccess, theErrorSaysWhichNamespaceTheElementIsIn) {
               "\"urn:stock\"");
 }
 
-TEST(TzSoapMemberAccess, theErrorSaysOfWhichKindTheParentIs) {
+TEST(TzSoapMemberAccess, TheErrorSaysOfWhichKindTheParentIs) {
     EXPECT_EQ(missing(body(), "placeOrder/price/cents"),
               "placeOrder/price/cents is missing; its parent is of kind \"Simple\"");
 }
 
-TEST(TzSoapMemberAccess, theErrorBeginsAtTheValueThatWasAsked) {
+TEST(TzSoapMemberAccess, TheErrorBeginsAtTheValueThatWasAsked) {
     const TzSoapType line = body().getChild("placeOrder/lines/line");
     EXPECT_EQ(missing(line, "weight/kilos"), "line/weight is missing");
     EXPECT_EQ(missing(TzSoapCompositeType(), "weight"), "weight is missing");
 }
 
-TEST(TzSoapMemberAccess, theErrorTellsOfAFaultInTheBody) {
+TEST(TzSoapMemberAccess, TheErrorTellsOfAFaultInTheBody) {
     TzSoapMessage message(TzSoapVersion::V1_1);
     EXPECT_EQ(missing(message.getSoapBody(), "placed"), "placed is missing");
     message.getSoapBody().getSoapFault().setCode(TzXmlName("Server"));
@@ -174,13 +174,13 @@ TEST(TzSoapMemberAccess, theErrorTellsOfAFaultInTheBody) {
               "placed is missing; the body holds the fault \"closed\"");
 }
 
-TEST(TzSoapMemberAccess, valuesOfOtherKindsHaveNoMembers) {
+TEST(TzSoapMemberAccess, ValuesOfOtherKindsHaveNoMembers) {
     EXPECT_EQ(missing(TzSoapType(TzXmlName("g")), "x"),
               "g/x is missing; its parent is of kind \"Default\"");
     EXPECT_EQ(missing(TzSoapDefaultType(), "x"), "x is missing; its parent is of kind \"Default\"");
 }
 
-TEST(TzSoapMemberAccess, whatIsNoPathIsRefused) {
+TEST(TzSoapMemberAccess, WhatIsNoPathIsRefused) {
     for (const char* path : {"", "/a", "a/", "a//b", "a[0]", "a[]", "a[", "a[1", "a[-1]", "a[+1]",
                              "a[1]b", "a[1][2]", "a[4294967296]", "a[x]", "[1]", "m:a", "a/m:b"}) {
         EXPECT_TRUE(
@@ -191,12 +191,12 @@ TEST(TzSoapMemberAccess, whatIsNoPathIsRefused) {
               "\"b[0]\" is not a step of a path: a local name, \"[n]\" may follow");
 }
 
-TEST(TzSoapMemberAccess, aPathIsRefusedWhereverItLeads) {
+TEST(TzSoapMemberAccess, APathIsRefusedWhereverItLeads) {
     EXPECT_EQ(textThrown<TzXmlBadArgError>([] { body().findChildValue("nothing/b[0]"); }),
               "\"b[0]\" is not a step of a path: a local name, \"[n]\" may follow");
 }
 
-TEST(TzSoapMemberAccess, aNullPointerIsRefused) {
+TEST(TzSoapMemberAccess, ANullPointerIsRefused) {
     const TzSoapCompositeType value("s");
     const char* const null = nullptr;
     const std::string text = "a null pointer is not a text";
@@ -207,32 +207,32 @@ TEST(TzSoapMemberAccess, aNullPointerIsRefused) {
     EXPECT_EQ(textThrown<TzXmlBadArgError>([&] { value.findChildValue("a", null); }), text);
 }
 
-TEST(TzSoapMemberAccess, aHandleWithoutBodyIsRefused) {
+TEST(TzSoapMemberAccess, AHandleWithoutBodyIsRefused) {
     TzSoapCompositeType moved("s");
     const TzSoapCompositeType taken(std::move(moved));
     // NOLINTNEXTLINE(bugprone-use-after-move): that is what this is about
     EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&] { moved.getChild("a"); }), "Invalid pointer");
 }
 
-TEST(TzSoapMemberAccess, aValueOutlivesItsMessage) {
+TEST(TzSoapMemberAccess, AValueOutlivesItsMessage) {
     const TzSoapType amount = order().getSoapBody().getChild("placeOrder/lines/line/amount");
     EXPECT_EQ(textOf(amount), "7");
 }
 
-TEST(TzSoapMemberAccess, aValueIsSharedWithItsMessage) {
+TEST(TzSoapMemberAccess, AValueIsSharedWithItsMessage) {
     const TzSoapMessage message = order();
     message.getSoapBody().getChild("placeOrder/price").setIdAttribute("p");
     EXPECT_EQ(message.getSoapBody().getChild("placeOrder/price").getIdAttribute(), "p");
 }
 
-TEST(TzSoapMemberAccess, nothingIsAssignedToAReturnedHandle) {
+TEST(TzSoapMemberAccess, NothingIsAssignedToAReturnedHandle) {
     EXPECT_FALSE((std::assignable_from<TzSoapType&&, const TzSoapType&>));
     EXPECT_FALSE((std::assignable_from<TzSoapType&&, TzSoapType>));
     EXPECT_TRUE((std::assignable_from<TzSoapType&, const TzSoapType&>));
     EXPECT_TRUE((std::assignable_from<TzSoapType&, TzSoapType>));
 }
 
-TEST(TzSoapMemberAccess, loopsOverBodyHeaderAndComposite) {
+TEST(TzSoapMemberAccess, LoopsOverBodyHeaderAndComposite) {
     TzSoapMessage message =
         messageOf(envelope(TzSoapVersion::V1_1, "<a><x/><y/></a><b/>", "<h/><i/>"));
     std::string names;
@@ -249,7 +249,7 @@ TEST(TzSoapMemberAccess, loopsOverBodyHeaderAndComposite) {
     EXPECT_EQ(names, "abhixy");
 }
 
-TEST(TzSoapMemberAccess, loopsOverConstBodyHeaderAndComposite) {
+TEST(TzSoapMemberAccess, LoopsOverConstBodyHeaderAndComposite) {
     const TzSoapMessage message =
         messageOf(envelope(TzSoapVersion::V1_1, "<a><x/><y/></a><b/>", "<h/><i/>"));
     std::string names;
@@ -267,11 +267,11 @@ TEST(TzSoapMemberAccess, loopsOverConstBodyHeaderAndComposite) {
     EXPECT_EQ(names, "abhixy");
 }
 
-TEST(TzSoapMemberAccess, theFirstEntry) {
+TEST(TzSoapMemberAccess, TheFirstEntry) {
     EXPECT_EQ(body().getFirstEntry().getName().getLocalName(), "placeOrder");
 }
 
-TEST(TzSoapMemberAccess, aBodyWithoutEntriesHasNoFirst) {
+TEST(TzSoapMemberAccess, ABodyWithoutEntriesHasNoFirst) {
     TzSoapMessage message(TzSoapVersion::V1_2);
     const auto first = [&] { message.getSoapBody().getFirstEntry(); };
     EXPECT_EQ(textThrown<TzSoapMissingError>(first), "the body has no entry");

@@ -109,38 +109,38 @@ template <typename Action> void expectNullRefused(const Action& action) {
 
 } // namespace
 
-TEST(TzSoapPlainArguments, noStrayPointerMakesAValue) {
+TEST(TzSoapPlainArguments, NoStrayPointerMakesAValue) {
     EXPECT_FALSE(anyPointerPasses<MakesHandle>());
     EXPECT_FALSE(anyPointerPasses<MakesBody>());
 }
 
-TEST(TzSoapPlainArguments, noPointerSetsABoolean) {
+TEST(TzSoapPlainArguments, NoPointerSetsABoolean) {
     EXPECT_FALSE(anyPointerPasses<SetsBool>());
     EXPECT_FALSE((BoolSetFrom<Simple, const char*>));
     EXPECT_FALSE((BoolSetFrom<Simple, std::nullptr_t>));
     EXPECT_TRUE((BoolSetFrom<Simple, bool>));
 }
 
-TEST(TzSoapPlainArguments, noPointerSetsAFlag) {
+TEST(TzSoapPlainArguments, NoPointerSetsAFlag) {
     EXPECT_FALSE(anyPointerPasses<SetsFlag>());
     EXPECT_FALSE(FlagsSetFrom<const char*>);
     EXPECT_TRUE(FlagsSetFrom<bool>);
 }
 
-TEST(TzSoapPlainArguments, noStrayPointerFlagsAHeaderEntry) {
+TEST(TzSoapPlainArguments, NoStrayPointerFlagsAHeaderEntry) {
     EXPECT_FALSE(anyPointerPasses<Flags>());
     EXPECT_TRUE(FlaggedBy<const char*>);
     EXPECT_TRUE(FlaggedBy<std::string>);
     EXPECT_TRUE(FlaggedBy<bool>);
 }
 
-TEST(TzSoapPlainArguments, noPointerIsTheFlagBesideAnActor) {
+TEST(TzSoapPlainArguments, NoPointerIsTheFlagBesideAnActor) {
     EXPECT_FALSE(anyPointerPasses<FlagsFirst>());
     EXPECT_FALSE(FlaggedFirstBy<const char*>);
     EXPECT_TRUE(FlaggedFirstBy<bool>);
 }
 
-TEST(TzSoapPlainArguments, noPointerMakesAReference) {
+TEST(TzSoapPlainArguments, NoPointerMakesAReference) {
     EXPECT_FALSE(Refers<TzSoapType*>);
     EXPECT_FALSE(Refers<const TzSoapSimpleType*>);
     EXPECT_FALSE(Refers<const char*>);
@@ -150,7 +150,7 @@ TEST(TzSoapPlainArguments, noPointerMakesAReference) {
     EXPECT_TRUE(Refers<TzXmlName>);
 }
 
-TEST(TzSoapPlainArguments, valuesAreMadeFromEveryText) {
+TEST(TzSoapPlainArguments, ValuesAreMadeFromEveryText) {
     char buffer[] = "false";
     EXPECT_EQ(made("literal"), "literal");
     EXPECT_EQ(made(std::string("string")), "string");
@@ -159,7 +159,7 @@ TEST(TzSoapPlainArguments, valuesAreMadeFromEveryText) {
     EXPECT_EQ(made(static_cast<const char*>("text")), "text");
 }
 
-TEST(TzSoapPlainArguments, valuesAreMadeFromEveryNumber) {
+TEST(TzSoapPlainArguments, ValuesAreMadeFromEveryNumber) {
     EXPECT_EQ(made(true), "1");
     EXPECT_EQ(made(-7), "-7");
     EXPECT_EQ(made(7U), "7");
@@ -171,7 +171,7 @@ TEST(TzSoapPlainArguments, valuesAreMadeFromEveryNumber) {
     EXPECT_EQ(made(1234567.0L), "1234567");
 }
 
-TEST(TzSoapPlainArguments, settersTakeEveryText) {
+TEST(TzSoapPlainArguments, SettersTakeEveryText) {
     Simple value;
     value.setString("a", Simple::xsdString);
     EXPECT_EQ(value.getString(), "a");
@@ -184,7 +184,7 @@ TEST(TzSoapPlainArguments, settersTakeEveryText) {
     EXPECT_EQ(value.getType(), Simple::xsdToken);
 }
 
-TEST(TzSoapPlainArguments, longNumbersAreLabelledByTheirSetter) {
+TEST(TzSoapPlainArguments, LongNumbersAreLabelledByTheirSetter) {
     Simple value;
     value.setLongLong(-5000000000LL);
     EXPECT_EQ(value.getString(), "-5000000000");
@@ -194,7 +194,7 @@ TEST(TzSoapPlainArguments, longNumbersAreLabelledByTheirSetter) {
     EXPECT_EQ(value.getType(), Simple::xsdUnsignedLong);
 }
 
-TEST(TzSoapPlainArguments, anElementTakesEveryText) {
+TEST(TzSoapPlainArguments, AnElementTakesEveryText) {
     TzSoapType value = named("v");
     value.addAttribute("a", "1");
     value.addAttribute("b", "2"sv);
@@ -217,14 +217,14 @@ TEST(TzSoapPlainArguments, anElementTakesEveryText) {
     EXPECT_EQ(value.getActorAttribute(), "urn:a");
 }
 
-TEST(TzSoapPlainArguments, aMessageTakesEveryText) {
+TEST(TzSoapPlainArguments, AMessageTakesEveryText) {
     TzSoapMessage message;
     message.setSoapPrefix("s"sv);
     message.setSoapEncodingPrefix("c"sv);
     EXPECT_EQ(message.getSoapPrefix() + message.getSoapEncodingPrefix(), "sc");
 }
 
-TEST(TzSoapPlainArguments, aHeaderTakesEveryText) {
+TEST(TzSoapPlainArguments, AHeaderTakesEveryText) {
     TzSoapMessage message;
     TzSoapHeader& header = message.getSoapHeader();
     header.appendHeaderEntry(named("a"), "urn:a"sv);
@@ -241,7 +241,7 @@ TEST(TzSoapPlainArguments, aHeaderTakesEveryText) {
     EXPECT_EQ(all, "urn:dtrue urn:c urn:a urn:btrue urn:e urn:ftrue urn:gfalse ");
 }
 
-TEST(TzSoapPlainArguments, aFaultTakesEveryText) {
+TEST(TzSoapPlainArguments, AFaultTakesEveryText) {
     TzSoapFault fault;
     fault.setReason("r"sv);
     fault.setNode("n"sv);
@@ -256,7 +256,7 @@ TEST(TzSoapPlainArguments, aFaultTakesEveryText) {
     EXPECT_EQ(fault.getReason() + fault.getNode(), "sa");
 }
 
-TEST(TzSoapPlainArguments, aNullPointerIsNoValue) {
+TEST(TzSoapPlainArguments, ANullPointerIsNoValue) {
     Simple value;
     expectNullRefused([] { Simple("n", Null, Simple::xsdString, false); });
     expectNullRefused([] { TzSoapSimpleTypeImp("n", Null, Simple::xsdString, false); });
@@ -264,7 +264,7 @@ TEST(TzSoapPlainArguments, aNullPointerIsNoValue) {
     expectNullRefused([&] { value.setEncodedString(Null, Simple::xsdString); });
 }
 
-TEST(TzSoapPlainArguments, aNullPointerIsNoPropertyOfAnElement) {
+TEST(TzSoapPlainArguments, ANullPointerIsNoPropertyOfAnElement) {
     TzSoapType value = named("v");
     expectNullRefused([&] { value.addAttribute("a", Null); });
     expectNullRefused([&] { value.addNamespaceAttribute("p", Null); });
@@ -279,7 +279,7 @@ TEST(TzSoapPlainArguments, aNullPointerIsNoPropertyOfAnElement) {
     EXPECT_EQ(value.attributeCount(), 0U);
 }
 
-TEST(TzSoapPlainArguments, aNullPointerIsNoPartOfAMessage) {
+TEST(TzSoapPlainArguments, ANullPointerIsNoPartOfAMessage) {
     TzSoapMessage message;
     TzSoapHeader& header = message.getSoapHeader();
     TzSoapFault& fault = message.getSoapBody().getSoapFault();

@@ -32,14 +32,14 @@ using Record = TzSharedRecord<Counted>;
 
 } // namespace
 
-TEST(TzSharedRecord, withoutAValueStandsForTheEmptyOne) {
+TEST(TzSharedRecord, WithoutAValueStandsForTheEmptyOne) {
     const Record none;
     EXPECT_EQ(none->text, "");
     EXPECT_TRUE(none.isSame(Record()));
     EXPECT_FALSE(none.isSame(Record(Counted(""))));
 }
 
-TEST(TzSharedRecord, copiesShareAndTheLastOneFrees) {
+TEST(TzSharedRecord, CopiesShareAndTheLastOneFrees) {
     static_cast<void>(Record()->text); // the empty value is made once and stays
     const int before = Counted::alive;
     {
@@ -61,7 +61,7 @@ TEST(TzSharedRecord, copiesShareAndTheLastOneFrees) {
     EXPECT_EQ(Counted::alive, before);
 }
 
-TEST(TzSharedRecord, movesLeaveTheSourceEmpty) {
+TEST(TzSharedRecord, MovesLeaveTheSourceEmpty) {
     Record from(Counted("a"));
     Record to(std::move(from));
     EXPECT_EQ(to->text, "a");
@@ -74,7 +74,7 @@ TEST(TzSharedRecord, movesLeaveTheSourceEmpty) {
     EXPECT_EQ(Counted::alive, alive - 1);
 }
 
-TEST(TzSharedRecord, madeManyAtATimeLiveAsLongAsTheyAreUsed) {
+TEST(TzSharedRecord, MadeManyAtATimeLiveAsLongAsTheyAreUsed) {
     static_cast<void>(Record()->text);
     const int before = Counted::alive;
     std::vector<Record> kept;
@@ -97,7 +97,7 @@ TEST(TzSharedRecord, madeManyAtATimeLiveAsLongAsTheyAreUsed) {
     EXPECT_EQ(Counted::alive, before);
 }
 
-TEST(TzSharedRecord, madeManyAtATimeTakeFewAllocations) {
+TEST(TzSharedRecord, MadeManyAtATimeTakeFewAllocations) {
     Record::Maker maker;
     std::vector<Record> kept;
     kept.reserve(64);
@@ -108,7 +108,7 @@ TEST(TzSharedRecord, madeManyAtATimeTakeFewAllocations) {
     EXPECT_EQ(madeAllocations(), made + 4);
 }
 
-TEST(TzSharedRecord, aFailedAllocationLeavesNothingBehind) {
+TEST(TzSharedRecord, AFailedAllocationLeavesNothingBehind) {
     static_cast<void>(Record()->text);
     const int before = Counted::alive;
     EXPECT_GE(failEachAllocation([] {
@@ -122,7 +122,7 @@ TEST(TzSharedRecord, aFailedAllocationLeavesNothingBehind) {
     EXPECT_EQ(Counted::alive, before);
 }
 
-TEST(TzSharedRecordThread, madeManyAtATimeAreDroppedByMany) {
+TEST(TzSharedRecordThread, MadeManyAtATimeAreDroppedByMany) {
     static_cast<void>(Record()->text);
     const int before = Counted::alive;
     {
@@ -142,7 +142,7 @@ TEST(TzSharedRecordThread, madeManyAtATimeAreDroppedByMany) {
     EXPECT_EQ(Counted::alive, before);
 }
 
-TEST(TzSharedRecordThread, oneValueIsCopiedAndDroppedByMany) {
+TEST(TzSharedRecordThread, OneValueIsCopiedAndDroppedByMany) {
     static_cast<void>(Record()->text);
     const int before = Counted::alive;
     {

@@ -14,14 +14,14 @@ std::string declaring(const char* name, std::size_t length) {
 
 } // namespace
 
-TEST(TzXmlSAXParserUriLimit, isGenerousUnlessSet) {
+TEST(TzXmlSAXParserUriLimit, IsGenerousUnlessSet) {
     TzXmlSAXParser parser;
     EXPECT_EQ(parser.getUriLimit(), 2048U);
     parser.setUriLimit(7);
     EXPECT_EQ(parser.getUriLimit(), 7U);
 }
 
-TEST(TzXmlSAXParserUriLimit, refusesLongerDeclarationsWithTheirPlace) {
+TEST(TzXmlSAXParserUriLimit, RefusesLongerDeclarationsWithTheirPlace) {
     TzXmlSAXParser parser;
     parser.setUriLimit(100);
     for (const char* name : {"xmlns", "xmlns:p"}) {
@@ -41,7 +41,7 @@ TEST(TzXmlSAXParserUriLimit, refusesLongerDeclarationsWithTheirPlace) {
     EXPECT_NO_THROW(parser.parse(declaring("p:xmlns", 101)));
 }
 
-TEST(TzXmlSAXParserPrefixLimit, refusesLongerDeclaredPrefixesWithTheirPlace) {
+TEST(TzXmlSAXParserPrefixLimit, RefusesLongerDeclaredPrefixesWithTheirPlace) {
     TzXmlSAXParser parser;
     EXPECT_EQ(parser.getPrefixLimit(), 128U);
     const auto declaring = [](std::size_t length) {
