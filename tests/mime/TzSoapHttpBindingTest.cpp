@@ -141,9 +141,11 @@ TEST(TzSoapHttpBindingTest, ATextThatExistsIsDescribed) {
     TzSoapHttpBinding::describe(TzSoapVersion::V1_2, "utf-16", second);
     EXPECT_EQ(second.asString(),
               "Content-Type:application/soap+xml; charset=utf-16; action=\"urn:do\"\n");
-    EXPECT_THROW(
-        TzSoapHttpBinding::describe(static_cast<TzSoapVersion::Version>(0), "utf-8", second),
-        TzXmlError);
+    expectCatalogued<TzXmlError>(
+        [&] {
+            TzSoapHttpBinding::describe(static_cast<TzSoapVersion::Version>(0), "utf-8", second);
+        },
+        0x7011, "[UNKNOWN_VERSION][SOAP Version specified by URI \"\" is unknown ]");
 }
 
 TEST(TzSoapHttpBindingTest, ACharsetThatIsNoNameIsRefused) {
@@ -351,9 +353,13 @@ TEST(TzSoapHttpBindingTest, TheCharsetCountsForATextThatDoesNotStateItsOwn) {
                            "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>" + text),
               "\xC3\xA9");
     TzSoapMessage message;
-    EXPECT_THROW(TzSoapHttpBinding::unpack(contextOf("text/xml"), text, message), TzXmlParseError);
-    EXPECT_THROW(TzSoapHttpBinding::unpack(contextOf("text/xml; charset=\"x'?>\""), text, message),
-                 TzXmlParseError);
+    for (const char* type : {"text/xml", "text/xml; charset=\"x'?>\""}) {
+        EXPECT_EQ(textThrown<TzXmlParseError>(
+                      [&] { TzSoapHttpBinding::unpack(contextOf(type), text, message); }),
+                  "not well-formed (invalid token), line 1, column " +
+                      std::to_string(text.find('\xE9') + 1))
+            << type;
+    }
 }
 
 TEST(TzSoapHttpBindingTest, OtherContentTypesAreRefused) {

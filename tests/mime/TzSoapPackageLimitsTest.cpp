@@ -11,6 +11,7 @@
 #include <tz/mime/TzMimeMultipart.h>
 #include <tz/xml/TzXmlParseError.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -161,8 +162,10 @@ TEST(TzSoapPackageLimits, APackageCutAnywhereIsRefused) {
         EXPECT_EQ(refusal(text.substr(0, size)), cut) << text.substr(0, size);
     }
     for (std::size_t size = 0; size < closed; ++size) {
-        TzSoapMessage message;
-        EXPECT_THROW(message.extract(text.substr(0, size)), TzXmlParseError) << size;
+        EXPECT_THAT(refusal(text.substr(0, size)),
+                    testing::AnyOf(cut, testing::StartsWith("[NO_SOAP_ENVELOPE]"),
+                                   testing::StartsWith("[NO_MIME_SOAP_BODY_PART]")))
+            << size;
     }
     for (std::size_t size = closed; size <= text.size(); ++size) {
         EXPECT_TRUE(referenceAt(messageOf(text.substr(0, size)), 0).hasReference()) << size;

@@ -207,10 +207,15 @@ TEST_P(TzSoapPackageReading, TheWordMultipartMakesATextAPackage) {
 
 TEST_P(TzSoapPackageReading, AfterARefusalTheNextPackageIsRead) {
     TzSoapMessage message;
-    EXPECT_THROW(message.extract(typeLine + "\r\n--b--\r\n"), TzXmlParseError);
-    EXPECT_THROW(message.extract(package("<a>", "")), TzXmlParseError);
-    EXPECT_THROW(message.extract(package(inBody("<a></b>"), part("Content-ID: <p>", "x"))),
-                 TzXmlParseError);
+    const auto refusal = [&](const std::string& text) {
+        return textThrown<TzXmlParseError>([&] { message.extract(text); });
+    };
+    EXPECT_EQ(refusal(typeLine + "\r\n--b--\r\n"),
+              "[NO_MIME_SOAP_BODY_PART][The SOAP XML body part could not be found]");
+    EXPECT_EQ(refusal(package("<a>", "")),
+              "[NO_SOAP_ENVELOPE][Soap message must have a Envelope element]");
+    EXPECT_EQ(refusal(package(inBody("\n<a></b>"), part("Content-ID: <p>", "x"))),
+              "mismatched tag, line 2, column 6");
     message.extract(package(inBody("<a href=\"cid:p\"/>"), part("Content-ID: <p>", "1")));
     EXPECT_EQ(bytesOf(*message.getSoapBody().entriesBegin()), "1");
 }

@@ -86,9 +86,12 @@ TEST(TzSoapFaultMessageTest, SubcodesAreOfTheLaterVersion) {
 }
 
 TEST(TzSoapFaultMessageTest, RefusesWhatIsNoVersion) {
-    EXPECT_THROW(TzSoapFaultMessage::make(static_cast<TzSoapVersion::Version>(7),
-                                          TzSoapVersion::Client, "no"),
-                 TzXmlError);
+    expectCatalogued<TzXmlError>(
+        [] {
+            TzSoapFaultMessage::make(static_cast<TzSoapVersion::Version>(7), TzSoapVersion::Client,
+                                     "no");
+        },
+        0x7011, "[UNKNOWN_VERSION][SOAP Version specified by URI \"\" is unknown ]");
 }
 
 TEST(TzSoapFaultMessageTest, NamesWhatWasNotUnderstood) {

@@ -189,7 +189,9 @@ TEST(TzSoapFault, SetVersionMovesTheNameAndRenamesTheDetail) {
     EXPECT_EQ(f.getName().getUri(), "http://schemas.xmlsoap.org/soap/envelope/");
     EXPECT_EQ(f.getDetails().getName(), TzXmlName("detail"));
     EXPECT_EQ(detailOf(f), "d");
-    EXPECT_THROW(body.setVersion(static_cast<V::Version>(0)), TzXmlError);
+    expectCatalogued<TzXmlError>(
+        [&] { body.setVersion(static_cast<V::Version>(0)); }, 0x7011,
+        "[UNKNOWN_VERSION][SOAP Version specified by URI \"\" is unknown ]");
     EXPECT_EQ(versionOf(f), V::V1_1);
     EXPECT_EQ(f.getName().getPrefix(), "SOAP-ENV");
 }

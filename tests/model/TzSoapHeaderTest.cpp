@@ -255,7 +255,9 @@ TEST(TzSoapHeader, SetVersionRenamesTheElementAndLeavesEntries) {
     EXPECT_EQ(h.getName().getQualifiedName(), "SOAP-ENV:Header");
     EXPECT_EQ(h.getName().getUri(), "http://schemas.xmlsoap.org/soap/envelope/");
     EXPECT_EQ(h.entriesBegin()->getName().getPrefix(), "env");
-    EXPECT_THROW(body.setVersion(static_cast<V::Version>(0)), TzXmlError);
+    expectCatalogued<TzXmlError>(
+        [&] { body.setVersion(static_cast<V::Version>(0)); }, 0x7011,
+        "[UNKNOWN_VERSION][SOAP Version specified by URI \"\" is unknown ]");
     EXPECT_EQ(body.getVersion(), V::V1_1);
     EXPECT_EQ(h.getName().getPrefix(), "SOAP-ENV");
 }

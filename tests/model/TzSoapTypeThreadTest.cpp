@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <functional>
 #include <thread>
 #include <utility>
@@ -26,6 +27,16 @@ void onThreads(const std::function<void()>& action) {
         thread.join();
     }
 }
+
+/// A body that counts its end.
+class Witness : public TzSoapSimpleTypeImp {
+public:
+    explicit Witness(std::atomic<int>& freed) : freed_(freed) {}
+    ~Witness() override { ++freed_; }
+
+private:
+    std::atomic<int>& freed_;
+};
 
 } // namespace
 
@@ -63,9 +74,10 @@ TEST(TzSoapTypeThread, ContainersOfOneThreadShareAValueOfAll) {
 }
 
 TEST(TzSoapTypeThread, TheLastThreadFreesTheValue) {
+    std::atomic<int> freed = 0;
     for (int round = 0; round < 100; ++round) {
         std::vector<TzSoapType> handles(Threads,
-                                        TzSoapSimpleType("v", round, TzSoapType::xsdInt, false));
+                                        TzSoapAccess::handle<TzSoapSimpleType>(new Witness(freed)));
         std::vector<std::thread> threads;
         for (TzSoapType& handle : handles) {
             threads.emplace_back([mine = std::move(handle)]() mutable { mine = TzSoapType(); });
@@ -73,5 +85,6 @@ TEST(TzSoapTypeThread, TheLastThreadFreesTheValue) {
         for (std::thread& thread : threads) {
             thread.join();
         }
+        EXPECT_EQ(freed, round + 1) << "freed once, whichever thread was the last";
     }
 }

@@ -98,8 +98,12 @@ TEST(TzSoapUtils, DatesAreConvertedByTheXmlLibrary) {
     EXPECT_EQ(
         textThrown<TzXmlBadArgError>([] { Utils::convertISODateStringToDate("7 June"); }),
         textThrown<TzXmlBadArgError>([] { TzXmlUtils::convertISODateStringToDate("7 June"); }));
-    textThrown<TzXmlBadArgError>([] { Utils::convertISODateStringToDateTime("2002-06-07"); });
-    textThrown<TzXmlBadArgError>([] { Utils::convertDateToISOString(TzDate(2002, 2, 30)); });
+    EXPECT_EQ(
+        textThrown<TzXmlBadArgError>([] { Utils::convertISODateStringToDateTime("2002-06-07"); }),
+        "\"2002-06-07\" is not a date and time of the form YYYY-MM-DDThh:mm:ss");
+    EXPECT_EQ(
+        textThrown<TzXmlBadArgError>([] { Utils::convertDateToISOString(TzDate(2002, 2, 30)); }),
+        "a date or time that does not exist cannot be written");
 }
 
 TEST(TzSoapUtils, DatesDoNotLookAtTheLocale) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/CataloguedError.h"
 #include "support/Named.h"
 #include "support/Throws.h"
 
@@ -161,7 +162,9 @@ TEST(TzSoapValueList, PlaceholdersCannotBeCopied) {
     TzSoapValueList list;
     list.append(named("a"));
     list.append(TzSoapDefaultType());
-    EXPECT_THROW(list.copyValues(), TzXmlError);
+    expectCatalogued<TzXmlError>([&] { list.copyValues(); }, 0x7019,
+                                 "[BAD_USAGE][Illegal use of this Class/Method "
+                                 "\"TzSoapDefaultType\". Check the documentation]");
 }
 
 } // namespace

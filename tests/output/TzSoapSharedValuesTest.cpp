@@ -11,6 +11,7 @@
 
 #include "support/AllocationFailure.h"
 #include "support/ReadValues.h"
+#include "support/Throws.h"
 
 #include <gtest/gtest.h>
 
@@ -36,7 +37,12 @@ protected:
         message.getSoapBody().appendEntry(entry);
         return write(message);
     }
+    static std::string refusal(const TzSoapType& entry) {
+        return textThrown<TzXmlDomainError>([&] { write(entry); });
+    }
 };
+
+const char* const withinItself = "A value that stands within itself is not written";
 
 INSTANTIATE_TEST_SUITE_P(Output, TzSoapSharedValues, testing::Values(&written, &serialized),
                          [](const auto& tested) {
@@ -97,7 +103,7 @@ TEST_P(TzSoapSharedValues, WithAnIdAreWrittenInEachPlaceToo) {
 TEST_P(TzSoapSharedValues, AStructWithinItselfIsRefused) {
     TzSoapCompositeType value(TzXmlName("a"));
     value.appendChild(around(around(value)));
-    EXPECT_THROW(write(value), TzXmlDomainError);
+    EXPECT_EQ(refusal(value), withinItself);
     value.clearChildren();
 }
 
@@ -106,7 +112,7 @@ TEST_P(TzSoapSharedValues, ArraysWithinThemselvesAreRefused) {
     TzSoapSparseArrayType sparse("x", 9);
     compact[0] = sparse;
     sparse[3] = compact;
-    EXPECT_THROW(write(compact), TzXmlDomainError);
+    EXPECT_EQ(refusal(compact), withinItself);
     compact[0] = TzSoapType(TzXmlName("end"));
 }
 
@@ -150,7 +156,7 @@ TEST_P(TzSoapSharedValues, AValueWithinItselfIsRefusedAtItsSecondStart) {
     }
     value.appendChild(value);
     const std::size_t before = askedBytes();
-    EXPECT_THROW(write(value), TzXmlDomainError);
+    EXPECT_EQ(refusal(value), withinItself);
     EXPECT_LT(askedBytes() - before, 4000000U);
     value.clearChildren();
 }

@@ -3,6 +3,7 @@
 // How long values live that were read and refer to each other in a ring.
 #include "support/AllocationFailure.h"
 #include "support/ReadValues.h"
+#include "support/Throws.h"
 
 #include <soap/TzSoapDefaultType.h>
 #include <soap/TzSoapTypeImp.h>
@@ -132,7 +133,10 @@ TEST_P(TzSoapRings, AreWholeAfterTheNextReading) {
 TEST_P(TzSoapRings, AreWholeAfterAReadingThatFailed) {
     expectNothingLeft(wire.body(ring(2)), [this](TzSoapMessage message) {
         const TzSoapType kept = bodyEntry(message);
-        EXPECT_THROW(message.extract(wire.body(ring(2)).substr(0, 200)), TzXmlParseError);
+        const std::string text = wire.body(ring(2));
+        EXPECT_EQ(lineThrown<TzXmlParseError>(
+                      [&] { message.extract(text.substr(0, text.find("</a>"))); }),
+                  1U);
         EXPECT_TRUE(sameValue(after(2, kept), kept));
     });
 }

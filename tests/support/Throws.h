@@ -5,6 +5,7 @@
 
 #include <tz/tools/Tzxmsg.h>
 
+#include <cstddef>
 #include <string>
 #include <typeinfo>
 
@@ -20,4 +21,18 @@ template <typename Error, typename Action> std::string textThrown(const Action& 
     }
     ADD_FAILURE() << "nothing was thrown";
     return {};
+}
+
+/// The line of the text being read that the `Error` states, 0 for none; see `textThrown`.
+template <typename Error, typename Action> std::size_t lineThrown(const Action& action) {
+    std::size_t line = 0;
+    textThrown<Error>([&] {
+        try {
+            action();
+        } catch (const Tzxmsg& error) {
+            line = error.getLine();
+            throw;
+        }
+    });
+    return line;
 }

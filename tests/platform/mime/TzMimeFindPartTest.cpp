@@ -230,9 +230,7 @@ TEST(TzMimeFindPart, TellsIdsOfOneHashApart) {
     constexpr std::uint64_t count = 20000;
     const CollidingIds ids;
     const std::hash<std::string> hash;
-    if (hash(ids[0]) != hash(ids[count])) {
-        GTEST_SKIP() << "the library hashes in another way";
-    }
+    ASSERT_EQ(hash(ids[0]), hash(ids[count])) << "the standard library hashes in another way";
     TzMimeMultipart made;
     for (std::uint64_t at = 0; at < count; ++at) {
         made.insertPart(identified('<' + ids[at] + '>'));

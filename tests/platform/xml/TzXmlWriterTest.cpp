@@ -165,9 +165,11 @@ TEST(TzXmlWriter, RefusedTextLeavesNothingBehind) {
     writer.setIndentation(2);
     writer.write("<a>");
     writer.writeNewLine();
-    EXPECT_THROW(writer.write("good < \x01", true), TzXmlBadArgError);
+    const std::string refusal = "the character U+0001 at offset 7 cannot stand in XML";
+    EXPECT_EQ(textThrown<TzXmlBadArgError>([&] { writer.write("good < \x01", true); }), refusal);
     EXPECT_EQ(writer.getString(), "<a>\n");
-    EXPECT_THROW(writer.writeAttribute("name", "good < \x01"), TzXmlBadArgError);
+    EXPECT_EQ(textThrown<TzXmlBadArgError>([&] { writer.writeAttribute("name", "good < \x01"); }),
+              refusal);
     EXPECT_EQ(writer.getString(), "<a>\n");
     // The line is still to be indented.
     writer.write("text", true);
