@@ -12,6 +12,11 @@ if(TZSOAP_BUILD_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
+# Each block of code that runs calls a function of the program, which counts: see tests/growth.
+if(TZSOAP_COUNT_WORK)
+    add_compile_options(-fsanitize-coverage=trace-pc)
+endif()
+
 # Indices and iterators of standard containers are checked wherever speed does not matter.
 if(TZSOAP_SANITIZERS OR CMAKE_BUILD_TYPE STREQUAL "Debug")
     add_compile_definitions(_GLIBCXX_ASSERTIONS)
