@@ -22,7 +22,7 @@ Families joined(const std::vector<Theme>& themes) {
 
 Families read() {
     return joined({attributes, prefixes, references, depth, styles, arrays, sparseArrays, texts,
-                   encodings, values, headers, faults, parts, partHeaders, prologs});
+                   encodings, values, headers, faults, parts, partHeaders, prologs, prefixClashes});
 }
 
 /// Those that cost far more than the others, or that conversion makes into what is not written.
@@ -44,8 +44,6 @@ Families accepted() {
 Families untested() {
     Families dear = read();
     dear.erase(std::remove_if(dear.begin(), dear.end(), std::not_fn(isDear)), dear.end());
-    const Families clashes = prefixClashes();
-    dear.insert(dear.end(), clashes.begin(), clashes.end());
     return dear;
 }
 

@@ -150,11 +150,11 @@ double Measured::peakPerLargerByte() const noexcept {
 std::vector<Operation> operations() {
     return {
         {"Read", reading, 2500, 90},
-        {"Write", writing, 700, 90},
-        {"WriteCompact", writingCompact, 700, 90},
+        {"Write", writing, 1200, 90},
+        {"WriteCompact", writingCompact, 1200, 90},
         {"Serialize", serializing, 700, 90},
         {"Convert", converting, 1700, 60},
-        {"WriteConverted", writingConverted, 700, 90},
+        {"WriteConverted", writingConverted, 1200, 90},
     };
 }
 
