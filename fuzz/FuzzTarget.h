@@ -3,6 +3,7 @@
 
 #include <tz/tools/Tzxmsg.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -16,6 +17,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 /// The bytes as the library takes them.
 inline std::string textOf(const std::uint8_t* data, std::size_t size) {
     return {reinterpret_cast<const char*>(data), size};
+}
+
+/// Takes the first line out of `text`, without its end.
+inline std::string takeLine(std::string& text) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    const std::string line = text.substr(0, end);
+    text.erase(0, end + 1);
+    return line;
 }
 
 /// Whether the library did it; false after one of its errors. Every other exception is a finding.

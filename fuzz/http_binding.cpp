@@ -7,19 +7,6 @@
 #include <soap/TzSoapHttpTransportContext.h>
 #include <soap/TzSoapMessage.h>
 
-#include <algorithm>
-
-namespace {
-
-std::string takeLine(std::string& text) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    const std::string line = text.substr(0, end);
-    text.erase(0, end + 1);
-    return line;
-}
-
-} // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::string body = textOf(data, size);
     TzSoapHttpTransportContext context;
