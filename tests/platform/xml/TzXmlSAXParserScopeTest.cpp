@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <tz/xml/TzXmlSAXParser.h>
 
+#include <tz/xml/TzXmlAttributeSet.h>
+#include <tz/xml/TzXmlContentHandler.h>
+#include <tz/xml/TzXmlName.h>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
