@@ -22,7 +22,7 @@ std::string numbered(std::string_view before, std::size_t number, std::string_vi
 /// What an envelope is made of.
 struct Envelope {
     std::string body;            ///< Content of the Body.
-    std::string header = {};     ///< Content of the Header; without, there is none.
+    std::string header = {};     ///< Content of the Header; empty: no Header.
     std::string attributes = {}; ///< Of the Envelope, each after a blank.
     std::string ofBody = {};     ///< Attributes of the Body.
     std::string prefix = "s";    ///< Of the envelope namespace.

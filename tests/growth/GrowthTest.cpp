@@ -72,7 +72,7 @@ void print(const Operation& operation, const Family& family) {
     }
 }
 
-/// Whether `name` begins like one of `beginnings`, or there are none.
+/// Whether `name` begins like one of `beginnings`; true when `beginnings` is empty.
 bool isAsked(const char* name, const std::vector<std::string>& beginnings) {
     const auto fits = [&](const std::string& beginning) {
         return std::string_view(name).starts_with(beginning);

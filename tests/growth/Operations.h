@@ -26,7 +26,7 @@ struct Measured {
 /// What is done with a text, and what that may cost.
 struct Operation {
     const char* name;                         ///< An identifier.
-    Measured (*run)(const std::string& text); ///< Does and counts it.
+    Measured (*run)(const std::string& text); ///< Runs the operation and measures it.
     double work;                              ///< Most work for each larger byte.
     double peak;                              ///< Most bytes of the heap for each.
 };

@@ -129,7 +129,7 @@ TEST_P(TzSoapSharedValues, AStructThatRefersToItselfIsWrittenOnce) {
     value.setIdAttribute("i");
     value.appendChild(TzSoapReferenceType(TzXmlName("r"), value));
     EXPECT_EQ(countOf("<a ", write(value)), 1U);
-    EXPECT_EQ(countOf("<a ", write(*value.childrenBegin())), 1U) << "behind the reference";
+    EXPECT_EQ(countOf("<a ", write(*value.childrenBegin())), 1U) << "the target of the reference";
     value.clearChildren();
 }
 

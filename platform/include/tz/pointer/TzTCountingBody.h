@@ -70,8 +70,8 @@ private:
     friend class TzTRing<Lock>;
     struct Waiting;
 
-    // No count comes near the highest bit. Where the ring counts must be read under the lock, as
-    // others change it for a moment before they notice.
+    // No count reaches the highest bit. The address of a ring's count is read under the lock only,
+    // because other threads change the field for a moment before they notice the ring.
     static bool isCount(std::uintptr_t count) noexcept {
         return static_cast<std::intptr_t>(count) >= 0;
     }
@@ -79,8 +79,8 @@ private:
     static bool removeInRing(std::uintptr_t ring) noexcept;
     static std::uintptr_t countInRing(std::uintptr_t ring) noexcept;
 
-    // Counts while the body lives, or says where its ring counts, with the highest bit set; links
-    // to the next one that waits for deletion when it does not.
+    // While the body lives: its count, or the address of its ring's count with the highest bit set.
+    // Afterwards: the next body that waits for deletion.
     std::uintptr_t count_ = 0;
 };
 

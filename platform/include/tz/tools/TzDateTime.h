@@ -75,7 +75,7 @@ public:
     }
 
 private:
-    /// The time `sinceEpoch` on clocks that are `ahead` of the one that counts it.
+    /// The time `sinceEpoch` as clocks show it that are `ahead` of the clock it was read from.
     template <typename Duration>
     TzDateTime(Duration sinceEpoch, std::chrono::minutes ahead,
                std::optional<TzUtcOffset> offset) noexcept

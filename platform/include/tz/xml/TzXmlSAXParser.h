@@ -24,7 +24,7 @@ class TzXmlNamespace;
 /// no environment variable is read for them. Handlers always see UTF-8.
 ///
 /// Not locked: one parser is used by one thread at a time. Each thread that has read a text of up
-/// to 4 KiB keeps what that took, 10 to 100 KB, for the next one until it ends.
+/// to 4 KiB keeps the memory of that, 10 to 100 KB, and reuses it until the thread ends.
 class TZ_PLATFORM_API TzXmlSAXParser {
 public:
     /// Depth of elements that is accepted unless set.
