@@ -5,6 +5,7 @@
 #include "support/AllocationFailure.h"
 #include "support/CataloguedError.h"
 #include "support/ForeignLocale.h"
+#include "support/Instrumented.h"
 #include "support/ReadValues.h"
 #include "support/Samples.h"
 #include "support/Throws.h"
@@ -44,12 +45,6 @@
 #include <vector>
 
 namespace {
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool Instrumented = true;
-#else
-constexpr bool Instrumented = false;
-#endif
 
 using V = TzSoapVersion;
 

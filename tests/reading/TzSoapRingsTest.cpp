@@ -143,7 +143,7 @@ TEST_P(TzSoapRings, AreWholeAfterAReadingThatFailed) {
 
 TEST_P(TzSoapRings, TravelWithAValueToAnotherMessage) {
     for (unsigned int moved = 0; moved < 3; ++moved) {
-        expectNothingLeft(wire.body(ring(3)), [this, moved](TzSoapMessage message) {
+        expectNothingLeft(wire.body(ring(3)), [moved](TzSoapMessage message) {
             TzSoapMessage reply(GetParam());
             reply.getSoapBody().appendEntry(bodyEntry(message, moved));
             message = TzSoapMessage();

@@ -6,6 +6,11 @@
 
 #include <gtest/gtest.h>
 
+// One number in braces is what these tests are about.
+#ifdef __clang__
+#pragma clang diagnostic ignored "-Wbraced-scalar-init"
+#endif
+
 namespace {
 
 template <typename Array> void expectIndices(Array& array) {

@@ -64,9 +64,9 @@ std::chrono::sys_seconds TzDateTime::getSysSeconds() const {
 std::chrono::sys_time<std::chrono::nanoseconds> TzDateTime::getSysTime() const {
     const sys_seconds instant = getSysSeconds();
     // The first and the last second are there in part: they are left out.
-    constexpr auto first = ceil<seconds>(nanoseconds::min());
-    constexpr auto last = floor<seconds>(nanoseconds::max());
-    if (instant.time_since_epoch() < first || instant.time_since_epoch() >= last) {
+    constexpr auto earliest = ceil<seconds>(nanoseconds::min());
+    constexpr auto latest = floor<seconds>(nanoseconds::max());
+    if (instant.time_since_epoch() < earliest || instant.time_since_epoch() >= latest) {
         throw TzBadValueError("64 bits of nanoseconds do not reach the year " +
                               std::to_string(getYear()));
     }
