@@ -44,6 +44,8 @@ public:
     /// As `setEncodingStyle`, but shares the text `style` instead of copying it: for readers, where
     /// one long text may hold for many elements.
     void shareEncodingStyle(const TzSharedRecord<TzCString>& style);
+    /// The encodingStyle text as `shareEncodingStyle` takes it, which copies nothing.
+    TzSharedRecord<TzCString> sharedEncodingStyle() const noexcept;
     /// Whether the encodingStyle text is not empty.
     virtual bool hasEncodingStyleAttribute() const;
     /// Empties the encodingStyle text.

@@ -73,18 +73,19 @@ void TzSoapConversion::prepareEnvelope() {
     if (encodingPrefix_.empty()) {
         encodingPrefix_ = encoding.getPrefix();
     }
-    style_ = takeStyle(state, TzCString());
+    style_ = takeStyle(state, Style());
 }
 
-TzCString TzSoapConversion::takeStyle(TzSoapElementImp& container, const TzCString& around) {
-    const TzCString style = container.getEncodingStyleAttribute();
+TzSoapConversion::Style TzSoapConversion::takeStyle(TzSoapElementImp& container,
+                                                    const Style& around) {
+    Style style = container.sharedEncodingStyle();
     container.removeEncodingStyleAttribute();
     container.getAttributeSet().removeEncodingStyleAttribute();
-    return style.empty() ? around : style;
+    return style->empty() ? around : style;
 }
 
-TzCString TzSoapConversion::prepareBlock(TzSoapElementImp& block,
-                                         TzSoapVersion::SoapElement element) {
+TzSoapConversion::Style TzSoapConversion::prepareBlock(TzSoapElementImp& block,
+                                                       TzSoapVersion::SoapElement element) {
     TzSoapDraft draft(block, changes_);
     draft.edit().setName(terms_.target().getSoapElementQName(element));
     elements_.convert(draft, Reference::Block);
@@ -93,7 +94,7 @@ TzCString TzSoapConversion::prepareBlock(TzSoapElementImp& block,
 
 void TzSoapConversion::prepareHeader() {
     TzSoapHeader& header = message_.getSoapHeader();
-    const TzCString style = prepareBlock(TzSoapAccess::body(header), TzSoapVersion::Header);
+    const Style style = prepareBlock(TzSoapAccess::body(header), TzSoapVersion::Header);
     for (auto entry = header.entriesBegin(); entry != header.entriesEnd(); ++entry) {
         const bool report = entry->getSoapTypeId() == TzSoapContentBase::Misunderstood;
         if (report && !terms_.hasMisunderstood()) {
@@ -108,7 +109,7 @@ void TzSoapConversion::prepareHeader() {
 
 void TzSoapConversion::prepareBody() {
     TzSoapBody& body = message_.getSoapBody();
-    const TzCString style = prepareBlock(TzSoapAccess::body(body), TzSoapVersion::Body);
+    const Style style = prepareBlock(TzSoapAccess::body(body), TzSoapVersion::Body);
     if (body.hasSoapFault()) {
         const TzSoapFaultImp& fault = TzSoapAccess::body(body.getSoapFault());
         fault_.prepare(fault, soapPrefix_);
@@ -120,7 +121,7 @@ void TzSoapConversion::prepareBody() {
     }
 }
 
-void TzSoapConversion::prepareDetail(TzSoapTypeImp& detail, const TzCString& style) {
+void TzSoapConversion::prepareDetail(TzSoapTypeImp& detail, const Style& style) {
     if (met_.isNew(detail)) {
         TzSoapDraft draft(detail, changes_);
         draft.edit().setName(terms_.target().getSoapElementQName(TzSoapVersion::FaultDetail));
@@ -130,31 +131,32 @@ void TzSoapConversion::prepareDetail(TzSoapTypeImp& detail, const TzCString& sty
     }
 }
 
-TzCString TzSoapConversion::styleOf(const TzSoapTypeImp& entry, const TzCString& style) const {
+TzSoapConversion::Style TzSoapConversion::styleOf(const TzSoapTypeImp& entry,
+                                                  const Style& style) const {
     // The writer states the encoding style of SOAP itself.
-    return terms_.isOwnStyle(style) || entry.hasEncodingStyleAttribute() ? TzCString() : style;
+    return terms_.isOwnStyle(*style) || entry.hasEncodingStyleAttribute() ? Style() : style;
 }
 
-void TzSoapConversion::stateStyle(TzSoapDraft& draft, const TzCString& style) {
-    if (!style.empty()) {
-        draft.edit().setEncodingStyle(style);
+void TzSoapConversion::stateStyle(TzSoapDraft& draft, const Style& style) {
+    if (!style->empty()) {
+        draft.edit().shareEncodingStyle(style);
     }
 }
 
-void TzSoapConversion::prepareEntry(TzSoapType& entry, const TzCString& style) {
+void TzSoapConversion::prepareEntry(TzSoapType& entry, const Style& style) {
     if (TzSoapArrayTypeImp::isPlaceholder(entry)) {
         return;
     }
     TzSoapTypeImp& value = TzSoapAccess::body(entry);
-    const TzCString stated = styleOf(value, style);
+    const Style stated = styleOf(value, style);
     if (met_.isNew(value)) {
-        if (!stated.empty()) {
+        if (!stated->empty()) {
             stated_.emplace(&value, stated);
         }
         prepareEntryValue(value, stated);
         walk();
     } else if (const auto before = stated_.find(&value);
-               stated != (before == stated_.end() ? TzCString() : before->second)) {
+               *stated != *(before == stated_.end() ? Style() : before->second)) {
         // One value cannot state two styles; what it holds stays shared.
         replaced_.emplace_back(&entry, entry.copy());
         prepareEntryValue(TzSoapAccess::body(replaced_.back().second), stated);
@@ -162,7 +164,7 @@ void TzSoapConversion::prepareEntry(TzSoapType& entry, const TzCString& style) {
     }
 }
 
-void TzSoapConversion::prepareEntryValue(TzSoapTypeImp& value, const TzCString& style) {
+void TzSoapConversion::prepareEntryValue(TzSoapTypeImp& value, const Style& style) {
     TzSoapDraft draft(value, changes_);
     prepareName(draft);
     prepareValue(value, draft);

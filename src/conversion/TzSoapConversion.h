@@ -33,15 +33,17 @@ public:
     std::vector<TzCString> run();
 
 private:
+    using Style = TzSharedRecord<TzCString>; // one text for all entries that state it
+
     // Drafts of everything
     void prepareEnvelope();
     void prepareHeader();
     void prepareBody();
-    TzCString prepareBlock(TzSoapElementImp& block, TzSoapVersion::SoapElement element);
-    void prepareDetail(TzSoapTypeImp& detail, const TzCString& style);
-    void prepareEntry(TzSoapType& entry, const TzCString& style);
+    Style prepareBlock(TzSoapElementImp& block, TzSoapVersion::SoapElement element);
+    void prepareDetail(TzSoapTypeImp& detail, const Style& style);
+    void prepareEntry(TzSoapType& entry, const Style& style);
     void prepareName(TzSoapDraft& entry);
-    void prepareEntryValue(TzSoapTypeImp& value, const TzCString& style);
+    void prepareEntryValue(TzSoapTypeImp& value, const Style& style);
     void prepareValue(TzSoapTypeImp& value, TzSoapDraft& draft);
     void prepareArray(TzSoapArrayTypeImp& array);
     void lookAtMarkup(const TzSoapUserDefinedTypeImp& value);
@@ -49,9 +51,9 @@ private:
     void walk();
 
     // Styles: the entries of a container state its style in its place
-    static TzCString takeStyle(TzSoapElementImp& container, const TzCString& around);
-    TzCString styleOf(const TzSoapTypeImp& entry, const TzCString& style) const;
-    static void stateStyle(TzSoapDraft& draft, const TzCString& style);
+    static Style takeStyle(TzSoapElementImp& container, const Style& around);
+    Style styleOf(const TzSoapTypeImp& entry, const Style& style) const;
+    static void stateStyle(TzSoapDraft& draft, const Style& style);
 
     void apply() noexcept;
 
@@ -60,14 +62,14 @@ private:
     TzSoapLosses losses_;
     TzSoapElementConversion elements_;
     TzSoapFaultConversion fault_;
-    TzCString style_; // stated by the envelope
+    Style style_; // stated by the envelope
     TzCString soapPrefix_;
     TzCString encodingPrefix_;
 
     bool inBody_ = false;
     TzSoapMetValues met_;
     std::vector<TzSoapTypeImp*> waiting_;
-    std::unordered_map<const TzSoapTypeImp*, TzCString> stated_; // styles of entries
+    std::unordered_map<const TzSoapTypeImp*, Style> stated_; // styles of entries
 
     TzSoapDraft::Changes changes_;
     std::vector<std::pair<TzSoapArrayTypeImp*, TzCString>> itemTypes_;

@@ -37,7 +37,7 @@ void TzSoapElementConversion::convertNames(TzSoapDraft& draft) {
 void TzSoapElementConversion::convertProperties(TzSoapDraft& draft) {
     element_ = &draft.state();
     if (element_->hasEncodingStyleAttribute()) {
-        draft.edit().setEncodingStyle(terms_.encodingStyle(element_->getEncodingStyleAttribute()));
+        draft.edit().shareEncodingStyle(style(element_->sharedEncodingStyle()));
     }
     if (!element_->getActorAttribute().empty()) {
         draft.edit().setActor(role(element_->getActorAttribute()));
@@ -69,11 +69,10 @@ void TzSoapElementConversion::convertAttributes(TzSoapDraft& draft, Reference re
 
 void TzSoapElementConversion::convertPlain(const TzXmlAttribute& attribute, Reference reference) {
     const TzXmlName& name = attribute.getName();
-    if (reference == Reference::Waiting && isOwnText(name, reference)) {
+    const bool isOwn = isOwnText(name, reference);
+    if (isOwn && reference == Reference::Waiting) {
         text_ = withMark(attribute.getValue());
-    } else if (isOwnText(name, reference)) {
-        converted_.add(attribute);
-    } else if (wouldRefer(name, reference)) {
+    } else if (!isOwn && wouldRefer(name, reference)) {
         const TzXmlName free = freeName(name);
         loseAttribute(name, "became " + free.getLocalName());
         converted_.add(free, attribute.getValue());
@@ -159,6 +158,14 @@ void TzSoapElementConversion::convertForeign(const TzXmlAttribute& attribute) {
     } else {
         converted_.add(attribute);
     }
+}
+
+const TzSoapElementConversion::Style& TzSoapElementConversion::style(const Style& text) {
+    const auto [known, isNew] = styles_.try_emplace(&*text, text, Style());
+    if (isNew) {
+        known->second.second = Style(terms_.encodingStyle(*text));
+    }
+    return known->second.second;
 }
 
 TzCString TzSoapElementConversion::valueOf(TzSoapVersion::SoapAttribute attribute,

@@ -5,6 +5,11 @@
 #include "conversion/TzSoapLosses.h"
 #include "conversion/TzSoapVersionTerms.h"
 
+#include <tz/pointer/TzSharedRecord.h>
+
+#include <unordered_map>
+#include <utility>
+
 class TzSoapAttributeSet;
 class TzXmlAttribute;
 
@@ -27,6 +32,8 @@ public:
     void convert(TzSoapDraft& draft, Reference reference);
 
 private:
+    using Style = TzSharedRecord<TzCString>;
+
     void convertNames(TzSoapDraft& draft);
     void convertProperties(TzSoapDraft& draft);
     void convertAttributes(TzSoapDraft& draft, Reference reference);
@@ -36,12 +43,16 @@ private:
     bool isOwnText(const TzXmlName& name, Reference reference) const;
     bool wouldRefer(const TzXmlName& name, Reference reference) const;
     TzXmlName freeName(const TzXmlName& name) const;
+    const Style& style(const Style& text);
     TzCString valueOf(TzSoapVersion::SoapAttribute attribute, const TzCString& value);
     TzCString role(const TzCString& uri);
     void loseAttribute(const TzXmlName& name, std::string_view how);
 
     TzSoapVersionTerms& terms_;
     TzSoapLosses& losses_;
+    // What texts that elements share became, so that they share it again; with the text, which must
+    // live as long
+    std::unordered_map<const TzCString*, std::pair<Style, Style>> styles_;
     // Of the current element
     const TzSoapElementImp* element_ = nullptr;
     TzSoapAttributeSet converted_;

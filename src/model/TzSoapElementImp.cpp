@@ -106,6 +106,10 @@ void TzSoapElementImp::shareEncodingStyle(const TzSharedRecord<TzCString>& style
     }
 }
 
+TzSharedRecord<TzCString> TzSoapElementImp::sharedEncodingStyle() const noexcept {
+    return texts_ != nullptr ? texts_->encodingStyle : TzSharedRecord<TzCString>();
+}
+
 bool TzSoapElementImp::hasEncodingStyleAttribute() const {
     return texts_ != nullptr && !texts_->encodingStyle->empty();
 }

@@ -291,7 +291,7 @@ private:
     std::map<const TzXmlName*, std::string> positions_; // by where a body keeps its name
 };
 
-class SamplesTest : public testing::TestWithParam<std::filesystem::path> {
+class EverySample : public testing::TestWithParam<std::filesystem::path> {
 protected:
     Json description() const {
         auto file = GetParam();
@@ -299,7 +299,7 @@ protected:
     }
 };
 
-TEST_P(SamplesTest, ReadsAsDescribed) {
+TEST_P(EverySample, ReadsAsDescribed) {
     const Json described = description();
     const Json& wire = described["wire"];
     TzSoapMessage message;
@@ -330,6 +330,6 @@ std::string nameOfSample(const testing::TestParamInfo<std::filesystem::path>& in
     return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(All, SamplesTest, testing::ValuesIn(sampleFiles()), nameOfSample);
+INSTANTIATE_TEST_SUITE_P(All, EverySample, testing::ValuesIn(sampleFiles()), nameOfSample);
 
 } // namespace

@@ -40,7 +40,7 @@ std::string failure(const CannedService& service) {
 
 } // namespace
 
-TEST(CallTest, PrintsTheAnswer) {
+TEST(Call, PrintsTheAnswer) {
     const EchoServer server;
     const ToolDirectory here;
     for (const TzSoapVersion::Version version : BothVersions) {
@@ -51,7 +51,7 @@ TEST(CallTest, PrintsTheAnswer) {
     }
 }
 
-TEST(CallTest, AFaultHasAStatusOfItsOwn) {
+TEST(Call, AFaultHasAStatusOfItsOwn) {
     const EchoServer server;
     const ToolDirectory here;
     const ToolRun run =
@@ -61,7 +61,7 @@ TEST(CallTest, AFaultHasAStatusOfItsOwn) {
     expectGolden(run.out, "call_fault12.txt");
 }
 
-TEST(CallTest, AFaultWithoutACodeIsAFault) {
+TEST(Call, AFaultWithoutACodeIsAFault) {
     const CannedService service(
         500, "text/xml",
         envelope(TzSoapVersion::V1_1,
@@ -74,7 +74,7 @@ TEST(CallTest, AFaultWithoutACodeIsAFault) {
                              "is \"out of money\"\n");
 }
 
-TEST(CallTest, SendsTheFileAsItStands) {
+TEST(Call, SendsTheFileAsItStands) {
     const CannedService service(200, "text/xml", answerText());
     const std::string first = "<?xml version='1.0' encoding='ISO-8859-1'?><!-- \xE9 -->\n" +
                               envelope(TzSoapVersion::V1_1, operation) + "\n\n";
@@ -94,7 +94,7 @@ TEST(CallTest, SendsTheFileAsItStands) {
     EXPECT_EQ(service.header("SOAPAction"), "\"\"");
 }
 
-TEST(CallTest, ThePathGoesAlong) {
+TEST(Call, ThePathGoesAlong) {
     const CannedService service(200, "text/xml", answerText());
     for (const std::string path : {"", "/", "/a/b?c=d", "?c=d", "/a#b"}) {
         const ToolDirectory here;
@@ -104,7 +104,7 @@ TEST(CallTest, ThePathGoesAlong) {
     }
 }
 
-TEST(CallTest, AttachmentsTravelInAPackage) {
+TEST(Call, AttachmentsTravelInAPackage) {
     const EchoServer server;
     const CannedService service(200, "text/xml", answerText());
     const ToolDirectory here;
@@ -129,7 +129,7 @@ TEST(CallTest, AttachmentsTravelInAPackage) {
     EXPECT_EQ(countOf("\r\nContent-ID: <b.txt>\r\n\r\ntext\r\n--", service.body()), 1U);
 }
 
-TEST(CallTest, APackageIsSentWithItsContentType) {
+TEST(Call, APackageIsSentWithItsContentType) {
     const CannedService service(200, "text/xml", answerText());
     const std::string parts = "--b\r\n\r\n" + answerText() + "\r\n--b--\r\n";
     callWith(service, "Content-Type: multipart/related; boundary=b\r\n\r\n" + parts);
@@ -137,7 +137,7 @@ TEST(CallTest, APackageIsSentWithItsContentType) {
     EXPECT_EQ(service.body(), parts);
 }
 
-TEST(CallTest, WhatCannotBeSentIsAFailure) {
+TEST(Call, WhatCannotBeSentIsAFailure) {
     const CannedService service(200, "text/xml", answerText());
     const ToolDirectory here;
     const auto error = [&](const std::vector<std::string>& options, const std::string& text) {
@@ -160,7 +160,7 @@ TEST(CallTest, WhatCannotBeSentIsAFailure) {
     EXPECT_GT(here.run({"call", service.url()}).status, 100);
 }
 
-TEST(CallTest, NoAnswerIsAFailure) {
+TEST(Call, NoAnswerIsAFailure) {
     std::string gone;
     {
         const CannedService service(200, "", "");
@@ -172,7 +172,7 @@ TEST(CallTest, NoAnswerIsAFailure) {
     EXPECT_EQ(run.error, gone + ": no answer: Connection\n");
 }
 
-TEST(CallTest, AnAnswerThatIsNoMessageIsAFailure) {
+TEST(Call, AnAnswerThatIsNoMessageIsAFailure) {
     EXPECT_EQ(failure({200, "text/html", "<html/>"}),
               ": [INVALID_CONTENT_TYPE][Content-Type is invalid] (Content-Type is "
               "\"text/html\")\n");
@@ -187,7 +187,7 @@ TEST(CallTest, AnAnswerThatIsNoMessageIsAFailure) {
     EXPECT_EQ(failure({200, "text/xml", "<?xml version='1.0'?>\n<"}).substr(0, 3), ":2:");
 }
 
-TEST(CallTest, AnAnswerWithoutMessageIsNone) {
+TEST(Call, AnAnswerWithoutMessageIsNone) {
     const CannedService service(202, "", "");
     const ToolDirectory here;
     const ToolRun run = here.run({"call", service.url(), "-"}, answerText());

@@ -89,7 +89,7 @@ constexpr char Order[] = "--- the order in the answer ---\n"
 
 } // namespace
 
-TEST(EchoClientTest, ShowsBothEnvelopesAndTheValues) {
+TEST(EchoClient, ShowsBothEnvelopesAndTheValues) {
     const EchoServer server;
     for (const char* version : {"1.1", "1.2"}) {
         const Finished run = runClient({server.url(), version});
@@ -101,7 +101,7 @@ TEST(EchoClientTest, ShowsBothEnvelopesAndTheValues) {
     }
 }
 
-TEST(EchoClientTest, SendsAnAttachment) {
+TEST(EchoClient, SendsAnAttachment) {
     const EchoServer server;
     const std::string file = TZSOAP_SAMPLES_DIR "/php/multiref.xml";
     const Finished run = runClient({server.url(), "1.1", file});
@@ -110,13 +110,13 @@ TEST(EchoClientTest, SendsAnAttachment) {
     EXPECT_TRUE(run.output.ends_with(Order + ("document of " + size + " bytes\n"))) << run.output;
 }
 
-TEST(EchoClientTest, AnAnswerOfOthersIsShown) {
+TEST(EchoClient, AnAnswerOfOthersIsShown) {
     const CannedService service(200, "text/xml",
                                 envelope(TzSoapVersion::V1_1, orderWith("none", "")));
     EXPECT_EQ(runClient({service.url()}).status, 0);
 }
 
-TEST(EchoClientTest, NoAnswerIsAFailure) {
+TEST(EchoClient, NoAnswerIsAFailure) {
     std::string gone;
     {
         const EchoServer server;
@@ -128,7 +128,7 @@ TEST(EchoClientTest, NoAnswerIsAFailure) {
     EXPECT_EQ(runClient({gone, "1.1", "/no/such/file"}).status, 1);
 }
 
-TEST(EchoClientTest, AFaultIsAFailure) {
+TEST(EchoClient, AFaultIsAFailure) {
     const TzSoapMessage fault =
         TzSoapFaultMessage::make(TzSoapVersion::V1_1, TzSoapVersion::Server, "out of paper");
     EXPECT_EQ(failure(500, "text/xml", fault.asString()),
@@ -140,7 +140,7 @@ TEST(EchoClientTest, AFaultIsAFailure) {
               "echo_client: fault e:Server: out of paper");
 }
 
-TEST(EchoClientTest, AnAnswerThatIsNoMessageIsAFailure) {
+TEST(EchoClient, AnAnswerThatIsNoMessageIsAFailure) {
     const std::string good = envelope(TzSoapVersion::V1_1, orderWith("none", ""));
     const std::string head = "echo_client: the answer with status 200 is not a message: ";
     const auto wrongType = [](const std::string& type) {
@@ -172,7 +172,7 @@ TEST(EchoClientTest, AnAnswerThatIsNoMessageIsAFailure) {
                     .starts_with(head + "[UNKNOWN_VERSION]"));
 }
 
-TEST(EchoClientTest, AnAnswerWithoutTheOrderIsAFailure) {
+TEST(EchoClient, AnAnswerWithoutTheOrderIsAFailure) {
     for (const std::string entries :
          {"", "<m:other xmlns:m='urn:m'/>", "<a>text</a>", "<a><b/></a>", "<a><order/></a>",
           "<a><order>text</order></a>", "<a c:arrayType='c:int[0]'/>", "<a href='#b'/>",
@@ -186,7 +186,7 @@ TEST(EchoClientTest, AnAnswerWithoutTheOrderIsAFailure) {
                     .starts_with("echo_client: "));
 }
 
-TEST(EchoClientTest, AMemberThatIsMissingIsAFailure) {
+TEST(EchoClient, AMemberThatIsMissingIsAFailure) {
     for (const char* name :
          {"customer", "amount", "price", "express", "until", "seal", "remark", "sizes"}) {
         EXPECT_NE(failureWith(name, "").find(std::string("/") + name + " is missing"),
@@ -195,7 +195,7 @@ TEST(EchoClientTest, AMemberThatIsMissingIsAFailure) {
     }
 }
 
-TEST(EchoClientTest, AMemberOfAnotherKindIsAFailure) {
+TEST(EchoClient, AMemberOfAnotherKindIsAFailure) {
     const std::pair<const char*, const char*> members[] = {
         {"customer", "<customer><first>a</first></customer>"},
         {"customer", "<customer href='#none'/>"},
@@ -221,7 +221,7 @@ TEST(EchoClientTest, AMemberOfAnotherKindIsAFailure) {
     }
 }
 
-TEST(EchoClientTest, WhatIsNoHttpIsAFailure) {
+TEST(EchoClient, WhatIsNoHttpIsAFailure) {
     for (const std::string bytes : {"", "hello\r\n\r\n", "HTTP/1.1 200 OK\r\n",
                                     "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\n<a/>"}) {
         const RawService service(bytes, "");
@@ -231,7 +231,7 @@ TEST(EchoClientTest, WhatIsNoHttpIsAFailure) {
     }
 }
 
-TEST(EchoClientTest, AnAnswerWithoutEndIsAFailure) {
+TEST(EchoClient, AnAnswerWithoutEndIsAFailure) {
     const RawService lines("HTTP/1.1 200 OK\r\n", "X: y\r\n");
     const RawService line("HTTP/1.1 200 OK\r\nX: ", "yyyy");
     const RawService body("HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\n\r\n", "<a/>");

@@ -20,7 +20,7 @@ void expectAlive(const EchoServer& server) {
 
 } // namespace
 
-TEST(EchoServerHostileTest, BadRequestsAreTheSendersFault) {
+TEST(EchoServerHostile, BadRequestsAreTheSendersFault) {
     EchoServer server;
     for (const HostileRequest& request : hostileRequests()) {
         const HttpAnswer answer = server.post(request.contentType, request.body);
@@ -30,7 +30,7 @@ TEST(EchoServerHostileTest, BadRequestsAreTheSendersFault) {
     EXPECT_EQ(server.stop(SIGTERM), 0);
 }
 
-TEST(EchoServerHostileTest, ATruncatedRequestIsAnsweredInItsVersion) {
+TEST(EchoServerHostile, ATruncatedRequestIsAnsweredInItsVersion) {
     const EchoServer server;
     for (const TzSoapVersion::Version version : BothVersions) {
         const std::string whole = envelope(version, GoodRequest);
@@ -39,7 +39,7 @@ TEST(EchoServerHostileTest, ATruncatedRequestIsAnsweredInItsVersion) {
     }
 }
 
-TEST(EchoServerHostileTest, LargeRequestsAreRefused) {
+TEST(EchoServerHostile, LargeRequestsAreRefused) {
     const EchoServer server("4096");
     const std::string large =
         envelope(TzSoapVersion::V1_1, "<echoIt><a>" + std::string(4096, 'x') + "</a></echoIt>");
@@ -68,7 +68,7 @@ TEST(EchoServerHostileTest, LargeRequestsAreRefused) {
     expectAlive(server);
 }
 
-TEST(EchoServerHostileTest, WhatIsLeftOfABodyIsNoRequest) {
+TEST(EchoServerHostile, WhatIsLeftOfABodyIsNoRequest) {
     const EchoServer server("1000");
     const std::string hidden = "POST / HTTP/1.1\r\nContent-Length: 0\r\n\r\n";
     const std::string head = "POST / HTTP/1.1\r\nContent-Type: ";
@@ -89,7 +89,7 @@ TEST(EchoServerHostileTest, WhatIsLeftOfABodyIsNoRequest) {
     expectAlive(server);
 }
 
-TEST(EchoServerHostileTest, ZippedRequestsAreServed) {
+TEST(EchoServerHostile, ZippedRequestsAreServed) {
     const EchoServer server;
     httplib::Client http = server.client();
     http.set_compress(true);
@@ -99,7 +99,7 @@ TEST(EchoServerHostileTest, ZippedRequestsAreServed) {
     EXPECT_EQ(answer->status, 200);
 }
 
-TEST(EchoServerHostileTest, WhatIsNotHttpGetsABadRequestOrNothing) {
+TEST(EchoServerHostile, WhatIsNotHttpGetsABadRequestOrNothing) {
     EchoServer server;
     for (const std::string& text : brokenHttp()) {
         RawConnection connection(server.port());
@@ -115,7 +115,7 @@ TEST(EchoServerHostileTest, WhatIsNotHttpGetsABadRequestOrNothing) {
     EXPECT_EQ(server.stop(SIGTERM), 0);
 }
 
-TEST(EchoServerHostileTest, HalfOpenConnectionsDoNotKeepItFromEnding) {
+TEST(EchoServerHostile, HalfOpenConnectionsDoNotKeepItFromEnding) {
     EchoServer server;
     RawConnection silent(server.port());
     RawConnection halfway(server.port());

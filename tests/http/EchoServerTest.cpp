@@ -36,7 +36,7 @@ TzSoapSimpleType text(const char* name, const std::string& value) {
 }
 
 /// One server for all tests of a case that does not end it.
-class EchoServerTest : public testing::Test {
+class EchoServerRequests : public testing::Test {
 protected:
     EchoServer server_;
 
@@ -50,7 +50,7 @@ constexpr char Operation[] = "<m:echoIt xmlns:m='urn:example:echo'><a>1</a></m:e
 
 } // namespace
 
-TEST_F(EchoServerTest, AnswersTheParameterInTheVersionAskedIn) {
+TEST_F(EchoServerRequests, AnswersTheParameterInTheVersionAskedIn) {
     for (const TzSoapVersion::Version version : BothVersions) {
         const TzSoapMessage answer =
             server_.call(echoRequest(version, text("a", " Zoë & <b>\n\U0001F600 ")));
@@ -61,14 +61,14 @@ TEST_F(EchoServerTest, AnswersTheParameterInTheVersionAskedIn) {
     }
 }
 
-TEST_F(EchoServerTest, TheContentTypeIsThatOfTheVersion) {
+TEST_F(EchoServerRequests, TheContentTypeIsThatOfTheVersion) {
     for (const TzSoapVersion::Version version : BothVersions) {
         EXPECT_EQ(post(version, Operation).contentType, contentTypeOf(version));
         EXPECT_EQ(post(version, "").contentType, contentTypeOf(version));
     }
 }
 
-TEST_F(EchoServerTest, ValuesKeepWhatTheyReferTo) {
+TEST_F(EchoServerRequests, ValuesKeepWhatTheyReferTo) {
     const HttpAnswer answer = post(
         TzSoapVersion::V1_1, "<m:echoIt xmlns:m='urn:m' xmlns:own='urn:own'>"
                              "<a href='#x'/><b href='#x'/><c c:arrayType='own:T[1]'><i>1</i></c>"
@@ -82,7 +82,7 @@ TEST_F(EchoServerTest, ValuesKeepWhatTheyReferTo) {
     EXPECT_EQ(countOf("=\"urn:own\"", answer.body), 1U);
 }
 
-TEST_F(EchoServerTest, AttachmentsAreEchoed) {
+TEST_F(EchoServerRequests, AttachmentsAreEchoed) {
     TzMimePart part;
     part.insertHeader(TzMimeContentIdHeader("<data>"));
     const std::string bytes("\0\r\n\xFF--MIME_boundary\n", 20);
@@ -95,7 +95,7 @@ TEST_F(EchoServerTest, AttachmentsAreEchoed) {
     }
 }
 
-TEST_F(EchoServerTest, HeaderEntriesThatAreUnderstoodAreAnswered) {
+TEST_F(EchoServerRequests, HeaderEntriesThatAreUnderstoodAreAnswered) {
     const HttpAnswer answer =
         post(TzSoapVersion::V1_1, Operation,
              "<echo xmlns='urn:example:echo' e:mustUnderstand='1' e:actor='urn:example:echo'>hi"
@@ -108,7 +108,7 @@ TEST_F(EchoServerTest, HeaderEntriesThatAreUnderstoodAreAnswered) {
     EXPECT_EQ(entry.getMustUnderstandAttribute(), "");
 }
 
-TEST_F(EchoServerTest, MandatoryEntriesThatAreNotUnderstoodAreAFault) {
+TEST_F(EchoServerRequests, MandatoryEntriesThatAreNotUnderstoodAreAFault) {
     const std::string entry = "<t xmlns='urn:t' e:mustUnderstand='1'/>";
     const HttpAnswer first = post(TzSoapVersion::V1_1, Operation, entry);
     EXPECT_EQ(first.status, 500);
@@ -124,7 +124,7 @@ TEST_F(EchoServerTest, MandatoryEntriesThatAreNotUnderstoodAreAFault) {
               TzXmlName("t", TzXmlNamespace("", "urn:t")));
 }
 
-TEST_F(EchoServerTest, ActorAndRoleAreHonoured) {
+TEST_F(EchoServerRequests, ActorAndRoleAreHonoured) {
     const auto status = [&](TzSoapVersion::Version version, const std::string& target) {
         return post(version, Operation, "<t xmlns='urn:t' e:mustUnderstand='1' " + target + "/>")
             .status;
@@ -140,7 +140,7 @@ TEST_F(EchoServerTest, ActorAndRoleAreHonoured) {
     EXPECT_EQ(status(TzSoapVersion::V1_2, "e:role='urn:other'"), 200);
 }
 
-TEST_F(EchoServerTest, AnUnknownEnvelopeIsAVersionMismatch) {
+TEST_F(EchoServerRequests, AnUnknownEnvelopeIsAVersionMismatch) {
     const std::string later =
         "<e:Envelope xmlns:e='http://www.w3.org/2003/05/soap-envelope'><e:Body/></e:Envelope>";
     for (const char* type : {"text/xml", "application/soap+xml"}) {
@@ -152,7 +152,7 @@ TEST_F(EchoServerTest, AnUnknownEnvelopeIsAVersionMismatch) {
     }
 }
 
-TEST_F(EchoServerTest, OtherOperationsAreTheClientsFault) {
+TEST_F(EchoServerRequests, OtherOperationsAreTheClientsFault) {
     for (const char* body :
          {"<m:add xmlns:m='urn:m'><a>1</a></m:add>", "", "<a href='#b'/>",
           "<e:Fault><faultcode>e:Client</faultcode></e:Fault>", "<r c:root='0'>1</r>"}) {
@@ -168,7 +168,7 @@ TEST_F(EchoServerTest, OtherOperationsAreTheClientsFault) {
     EXPECT_EQ(fault.getReason(), "There is no operation add");
 }
 
-TEST_F(EchoServerTest, ValuesInAnotherEncodingAreNotEchoedAsMarkup) {
+TEST_F(EchoServerRequests, ValuesInAnotherEncodingAreNotEchoedAsMarkup) {
     const std::string foreign =
         "<echoIt><a e:encodingStyle='urn:own'>&lt;/a>&lt;forged/></a></echoIt>";
     EXPECT_EQ(faultCodeIn(post(TzSoapVersion::V1_1, foreign)), "Client");
@@ -178,12 +178,12 @@ TEST_F(EchoServerTest, ValuesInAnotherEncodingAreNotEchoedAsMarkup) {
               "Client");
 }
 
-TEST_F(EchoServerTest, OperationsWithoutParameters) {
+TEST_F(EchoServerRequests, OperationsWithoutParameters) {
     const TzSoapMessage answer = messageIn(post(TzSoapVersion::V1_1, "<echoNothing/>"));
     EXPECT_EQ(answer.getSoapBody().entriesBegin()->getName(), TzXmlName("echoNothingResponse"));
 }
 
-TEST(EchoServerEndTest, EndsOnSignals) {
+TEST(EchoServerEnd, EndsOnSignals) {
     for (const int number : {SIGTERM, SIGINT}) {
         EchoServer server;
         httplib::Client client = server.client();
@@ -194,14 +194,14 @@ TEST(EchoServerEndTest, EndsOnSignals) {
     }
 }
 
-TEST(EchoServerEndTest, EndsRightAfterItBegan) {
+TEST(EchoServerEnd, EndsRightAfterItBegan) {
     for (int i = 0; i < 20; ++i) {
         EchoServer server;
         EXPECT_EQ(server.stop(SIGTERM), 0);
     }
 }
 
-TEST(EchoServerEndTest, RefusesAPortThatIsTaken) {
+TEST(EchoServerEnd, RefusesAPortThatIsTaken) {
     const EchoServer first;
     ChildProcess second({TZSOAP_ECHO_SERVER, std::to_string(first.port())});
     EXPECT_EQ(second.readAll(), "");

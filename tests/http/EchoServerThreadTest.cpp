@@ -226,7 +226,7 @@ std::ptrdiff_t openFiles(pid_t process) {
 
 } // namespace
 
-TEST(EchoServerThreadTest, ServesManyClientsAmongHostileOnes) {
+TEST(EchoServerThread, ServesManyClientsAmongHostileOnes) {
     // The server may end a connection on which a client still sends.
     std::signal(SIGPIPE, SIG_IGN);
     EchoServer server(std::to_string(LargestRequest));

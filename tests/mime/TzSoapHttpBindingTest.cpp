@@ -75,11 +75,11 @@ std::string unpackedText(const TzSoapHttpTransportContext& context, const std::s
 
 } // namespace
 
-TEST(TzSoapHttpBindingTest, TheLabelOfTheContentType) {
+TEST(TzSoapHttpBinding, TheLabelOfTheContentType) {
     EXPECT_EQ(TzSoapHttpBinding::getContentTypeLabel(), "Content-Type");
 }
 
-TEST(TzSoapHttpBindingTest, AnAnswerHasItsContentType) {
+TEST(TzSoapHttpBinding, AnAnswerHasItsContentType) {
     const TzSoapMessage first = messageWith(TzSoapVersion::V1_1, "a");
     EXPECT_EQ(packed(first, {}), "Content-Type:text/xml; charset=utf-8\n");
     const TzSoapMessage second = messageWith(TzSoapVersion::V1_2, "a");
@@ -88,7 +88,7 @@ TEST(TzSoapHttpBindingTest, AnAnswerHasItsContentType) {
     EXPECT_EQ(TzSoapHttpBinding::pack(second, context), compact(second));
 }
 
-TEST(TzSoapHttpBindingTest, TheEnvelopeHasNoWhiteSpaceBetweenItsTags) {
+TEST(TzSoapHttpBinding, TheEnvelopeHasNoWhiteSpaceBetweenItsTags) {
     TzSoapMessage message = messageWithAttachment(TzSoapVersion::V1_1);
     message.getSoapBody().appendEntry(TzSoapCompositeType("empty"));
     TzSoapHttpTransportContext context;
@@ -99,7 +99,7 @@ TEST(TzSoapHttpBindingTest, TheEnvelopeHasNoWhiteSpaceBetweenItsTags) {
         << compact(message);
 }
 
-TEST(TzSoapHttpBindingTest, TheActionGoesWhereTheVersionHasIt) {
+TEST(TzSoapHttpBinding, TheActionGoesWhereTheVersionHasIt) {
     const TzSoapMessage first = messageWith(TzSoapVersion::V1_1, "a");
     const TzSoapMessage second = messageWith(TzSoapVersion::V1_2, "a");
     for (const char* action : {"urn:do", "\"urn:do\"", " \"urn:do\"\r"}) {
@@ -114,7 +114,7 @@ TEST(TzSoapHttpBindingTest, TheActionGoesWhereTheVersionHasIt) {
               "Content-Type:application/soap+xml; charset=utf-8\n");
 }
 
-TEST(TzSoapHttpBindingTest, APackageHasItsOwnContentType) {
+TEST(TzSoapHttpBinding, APackageHasItsOwnContentType) {
     for (const TzSoapVersion::Version version : BothVersions) {
         TzSoapHttpTransportContext context = contextWithAction("urn:do");
         const std::string body = TzSoapHttpBinding::pack(messageWithAttachment(version), context);
@@ -132,7 +132,7 @@ TEST(TzSoapHttpBindingTest, APackageHasItsOwnContentType) {
     }
 }
 
-TEST(TzSoapHttpBindingTest, ATextThatExistsIsDescribed) {
+TEST(TzSoapHttpBinding, ATextThatExistsIsDescribed) {
     TzSoapHttpTransportContext first = contextWithAction("urn:do");
     TzSoapHttpBinding::describe(TzSoapVersion::V1_1, "iso-8859-1", first);
     EXPECT_EQ(first.asString(),
@@ -148,7 +148,7 @@ TEST(TzSoapHttpBindingTest, ATextThatExistsIsDescribed) {
         0x7011, "[UNKNOWN_VERSION][SOAP Version specified by URI \"\" is unknown ]");
 }
 
-TEST(TzSoapHttpBindingTest, ACharsetThatIsNoNameIsRefused) {
+TEST(TzSoapHttpBinding, ACharsetThatIsNoNameIsRefused) {
     for (const TzSoapVersion::Version version : BothVersions) {
         for (const char* charset :
              {"utf-8\r\nX-Evil: 1", "utf-8\n", "a b", "a;b=c", "\"utf-8\"", ""}) {
@@ -161,7 +161,7 @@ TEST(TzSoapHttpBindingTest, ACharsetThatIsNoNameIsRefused) {
     }
 }
 
-TEST(TzSoapHttpBindingTest, TheActionServesEveryRequestOfAContext) {
+TEST(TzSoapHttpBinding, TheActionServesEveryRequestOfAContext) {
     TzSoapHttpTransportContext context = contextWithAction("urn:do");
     const TzSoapMessage second = messageWith(TzSoapVersion::V1_2, "a");
     for (int round = 0; round < 3; ++round) {
@@ -176,7 +176,7 @@ TEST(TzSoapHttpBindingTest, TheActionServesEveryRequestOfAContext) {
     EXPECT_EQ(context.asString(), "Content-Type:text/xml; charset=utf-8\nSOAPAction:\"urn:do\"\n");
 }
 
-TEST(TzSoapHttpBindingTest, AnActionGivenAnewReplacesTheLastOne) {
+TEST(TzSoapHttpBinding, AnActionGivenAnewReplacesTheLastOne) {
     TzSoapHttpTransportContext context = contextWithAction("urn:do");
     const TzSoapMessage second = messageWith(TzSoapVersion::V1_2, "a");
     TzSoapHttpBinding::pack(second, context);
@@ -187,7 +187,7 @@ TEST(TzSoapHttpBindingTest, AnActionGivenAnewReplacesTheLastOne) {
     EXPECT_EQ(packed(second, context), "Content-Type:application/soap+xml; charset=utf-8\n");
 }
 
-TEST(TzSoapHttpBindingTest, HeaderNamesHaveNoLetterCase) {
+TEST(TzSoapHttpBinding, HeaderNamesHaveNoLetterCase) {
     const TzSoapMessage first = messageWith(TzSoapVersion::V1_1, "a");
     TzSoapHttpTransportContext context;
     context.add("content-type", "text/xml; charset=ISO-8859-1");
@@ -202,7 +202,7 @@ TEST(TzSoapHttpBindingTest, HeaderNamesHaveNoLetterCase) {
     EXPECT_EQ(TzSoapHttpBinding::getVersion(context), TzSoapVersion::V1_2);
 }
 
-TEST(TzSoapHttpBindingTest, OneSpellingOfAHeaderNameIsLeft) {
+TEST(TzSoapHttpBinding, OneSpellingOfAHeaderNameIsLeft) {
     TzSoapHttpTransportContext context;
     context.add("CONTENT-TYPE", "text/html");
     context.add("Content-Type", "text/xml");
@@ -215,7 +215,7 @@ TEST(TzSoapHttpBindingTest, OneSpellingOfAHeaderNameIsLeft) {
               "Content-Type:text/xml; charset=utf-8\nSOAPAction:\"urn:do\"\n");
 }
 
-TEST(TzSoapHttpBindingTest, ABareEnvelopeUnderThePackagesTypeIsRead) {
+TEST(TzSoapHttpBinding, ABareEnvelopeUnderThePackagesTypeIsRead) {
     const std::string text = messageWith(TzSoapVersion::V1_1, "a").asString();
     const char* const type =
         "multipart/related; type=\"application/xop+xml\"; start=\"<r>\"; boundary=b";
@@ -225,14 +225,14 @@ TEST(TzSoapHttpBindingTest, ABareEnvelopeUnderThePackagesTypeIsRead) {
     EXPECT_EQ(unpackedText(contextOf("multipart/related"), text), "a");
 }
 
-TEST(TzSoapHttpBindingTest, APackageAfterTextThatLooksLikeXmlIsAPackage) {
+TEST(TzSoapHttpBinding, APackageAfterTextThatLooksLikeXmlIsAPackage) {
     const std::string text = messageWith(TzSoapVersion::V1_1, "a").asString();
     EXPECT_EQ(unpackedText(contextOf("multipart/related; boundary=b"),
                            "<preamble>\r\n--b\r\n\r\n" + text + "\r\n--b--\r\n"),
               "a");
 }
 
-TEST(TzSoapHttpBindingTest, PlacesInAPackageAreThoseOfItsBody) {
+TEST(TzSoapHttpBinding, PlacesInAPackageAreThoseOfItsBody) {
     TzSoapMessage message;
     try {
         TzSoapHttpBinding::unpack(contextOf("multipart/related; boundary=b"),
@@ -244,7 +244,7 @@ TEST(TzSoapHttpBindingTest, PlacesInAPackageAreThoseOfItsBody) {
     }
 }
 
-TEST(TzSoapHttpBindingTest, EachPartTravelsOnce) {
+TEST(TzSoapHttpBinding, EachPartTravelsOnce) {
     TzMimePart part;
     part.insertHeader(TzMimeContentIdHeader("data"));
     part.setBody("the bytes");
@@ -259,7 +259,7 @@ TEST(TzSoapHttpBindingTest, EachPartTravelsOnce) {
     EXPECT_EQ(countOf("the bytes", message.asString()), 3U);
 }
 
-TEST(TzSoapHttpBindingTest, APartBehindAReferenceToAValueTravels) {
+TEST(TzSoapHttpBinding, APartBehindAReferenceToAValueTravels) {
     TzMimePart part;
     part.insertHeader(TzMimeContentIdHeader("data"));
     part.setBody("the bytes");
@@ -278,7 +278,7 @@ TEST(TzSoapHttpBindingTest, APartBehindAReferenceToAValueTravels) {
     EXPECT_EQ(read.getMimeMultipart().getPartCount(), 2U);
 }
 
-TEST(TzSoapHttpBindingTest, AddedPartsTravel) {
+TEST(TzSoapHttpBinding, AddedPartsTravel) {
     TzSoapMessage message = messageWith(TzSoapVersion::V1_1, "a");
     TzMimePart part;
     part.setBody("the bytes");
@@ -289,7 +289,7 @@ TEST(TzSoapHttpBindingTest, AddedPartsTravel) {
         << body;
 }
 
-TEST(TzSoapHttpBindingTest, ADerivedMessageMakesItsOwnPackage) {
+TEST(TzSoapHttpBinding, ADerivedMessageMakesItsOwnPackage) {
     struct Signed : TzSoapMessage {
         TzMimeMultipart asMimeMultipart() const override {
             TzMimeMultipart package;
@@ -307,7 +307,7 @@ TEST(TzSoapHttpBindingTest, ADerivedMessageMakesItsOwnPackage) {
     EXPECT_EQ(TzSoapHttpBinding::pack(Plain(), context), "plain");
 }
 
-TEST(TzSoapHttpBindingTest, APackageThatExistsIsSentWithItsContentType) {
+TEST(TzSoapHttpBinding, APackageThatExistsIsSentWithItsContentType) {
     TzMimeMultipart package;
     package.fromString("Content-Type: multipart/related; boundary=b\r\n\r\n"
                        "--b\r\n\r\n<a/>\r\n--b--\r\n");
@@ -317,7 +317,7 @@ TEST(TzSoapHttpBindingTest, APackageThatExistsIsSentWithItsContentType) {
               "Content-Type:multipart/related; boundary=b\nSOAPAction:\"urn:do\"\n");
 }
 
-TEST(TzSoapHttpBindingTest, AnActionThatNoHeaderLineHoldsIsRefused) {
+TEST(TzSoapHttpBinding, AnActionThatNoHeaderLineHoldsIsRefused) {
     for (const TzSoapVersion::Version version : BothVersions) {
         for (const char* action : {"a\r\nHost: b", "a\nb", "a\"b", "a\\", "a\x7F", "\x01"}) {
             expectCatalogued<TzXmlBadArgError>(
@@ -327,7 +327,7 @@ TEST(TzSoapHttpBindingTest, AnActionThatNoHeaderLineHoldsIsRefused) {
     }
 }
 
-TEST(TzSoapHttpBindingTest, EnvelopesAreReadFromEveryXmlType) {
+TEST(TzSoapHttpBinding, EnvelopesAreReadFromEveryXmlType) {
     const std::string text = messageWith(TzSoapVersion::V1_1, "a").asString();
     for (const char* type : {"text/xml", "TEXT/XML; charset=UTF-8", "application/soap+xml",
                              "application/xml;charset=\"utf-8\"", ""}) {
@@ -336,14 +336,14 @@ TEST(TzSoapHttpBindingTest, EnvelopesAreReadFromEveryXmlType) {
     EXPECT_EQ(unpackedText({}, text), "a");
 }
 
-TEST(TzSoapHttpBindingTest, AnEnvelopeIsNeverTakenForAPackage) {
+TEST(TzSoapHttpBinding, AnEnvelopeIsNeverTakenForAPackage) {
     // "Multipart" after "Content-Type:" before the document would otherwise make it one.
     const std::string text =
         "  Content-Type: multipart/related " + messageWith(TzSoapVersion::V1_1, "a").asString();
     EXPECT_EQ(unpackedText(contextOf("text/xml"), text), "a");
 }
 
-TEST(TzSoapHttpBindingTest, TheCharsetCountsForATextThatDoesNotStateItsOwn) {
+TEST(TzSoapHttpBinding, TheCharsetCountsForATextThatDoesNotStateItsOwn) {
     const std::string text = envelope(TzSoapVersion::V1_1, "<a>\xE9</a>");
     EXPECT_EQ(unpackedText(contextOf("text/xml; charset=ISO-8859-1"), text), "\xC3\xA9");
     EXPECT_EQ(unpackedText(contextOf("text/xml; charset=utf-8"),
@@ -362,7 +362,7 @@ TEST(TzSoapHttpBindingTest, TheCharsetCountsForATextThatDoesNotStateItsOwn) {
     }
 }
 
-TEST(TzSoapHttpBindingTest, OtherContentTypesAreRefused) {
+TEST(TzSoapHttpBinding, OtherContentTypesAreRefused) {
     const std::string text = messageWith(TzSoapVersion::V1_1, "a").asString();
     for (const char* type : {"text/html", "application/json", "multipart/form-data; boundary=x",
                              "xml", "text/xmlx", "/"}) {
@@ -371,7 +371,7 @@ TEST(TzSoapHttpBindingTest, OtherContentTypesAreRefused) {
     }
 }
 
-TEST(TzSoapHttpBindingTest, ABrokenPackageIsRefused) {
+TEST(TzSoapHttpBinding, ABrokenPackageIsRefused) {
     TzSoapMessage message;
     for (const char* type : {"multipart/related", "multipart/related; boundary=x",
                              "multipart/related; boundary=x; start=\"<none>\""}) {
@@ -381,7 +381,7 @@ TEST(TzSoapHttpBindingTest, ABrokenPackageIsRefused) {
     }
 }
 
-TEST(TzSoapHttpBindingTest, TheActionOfARequest) {
+TEST(TzSoapHttpBinding, TheActionOfARequest) {
     EXPECT_EQ(TzSoapHttpBinding::getAction({}), "");
     EXPECT_EQ(TzSoapHttpBinding::getAction(contextWithAction(" \"urn:do\"")), "urn:do");
     EXPECT_EQ(TzSoapHttpBinding::getAction(contextWithAction("\"\"")), "");
@@ -391,7 +391,7 @@ TEST(TzSoapHttpBindingTest, TheActionOfARequest) {
               "urn:do");
 }
 
-TEST(TzSoapHttpBindingTest, TheVersionThatAContentTypeSpeaksFor) {
+TEST(TzSoapHttpBinding, TheVersionThatAContentTypeSpeaksFor) {
     EXPECT_EQ(TzSoapHttpBinding::getVersion({}), TzSoapVersion::V1_1);
     EXPECT_EQ(TzSoapHttpBinding::getVersion(contextOf("text/xml")), TzSoapVersion::V1_1);
     EXPECT_EQ(TzSoapHttpBinding::getVersion(contextOf("multipart/related")), TzSoapVersion::V1_1);
@@ -399,7 +399,7 @@ TEST(TzSoapHttpBindingTest, TheVersionThatAContentTypeSpeaksFor) {
               TzSoapVersion::V1_2);
 }
 
-TEST(TzSoapHttpBindingTest, FaultsTravelWithStatus500) {
+TEST(TzSoapHttpBinding, FaultsTravelWithStatus500) {
     TzSoapMessage message(TzSoapVersion::V1_1);
     EXPECT_EQ(TzSoapHttpBinding::getStatus(message), 200);
     message.getSoapBody().getSoapFault().setCode(
@@ -407,7 +407,7 @@ TEST(TzSoapHttpBindingTest, FaultsTravelWithStatus500) {
     EXPECT_EQ(TzSoapHttpBinding::getStatus(message), 500);
 }
 
-TEST(TzSoapHttpBindingTest, AFaultThatWasReadWithoutACodeHasStatus500) {
+TEST(TzSoapHttpBinding, AFaultThatWasReadWithoutACodeHasStatus500) {
     for (const TzSoapVersion::Version version : BothVersions) {
         const TzSoapMessage read = messageOf(envelope(version, "<e:Fault><a/></e:Fault>"));
         EXPECT_FALSE(read.getSoapBody().hasSoapFault());

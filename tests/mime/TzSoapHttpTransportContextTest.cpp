@@ -55,7 +55,7 @@ const Case cases[] = {
 
 } // namespace
 
-TEST(TzSoapHttpTransportContextTest, TheSoapActionIsAProperty) {
+TEST(TzSoapHttpTransportContext, TheSoapActionIsAProperty) {
     EXPECT_EQ(TzSoapHttpTransportContext::getSoapActionLabel(), "SOAPAction");
     TzSoapHttpTransportContext context;
     EXPECT_EQ(context.getSoapAction(), "");
@@ -74,7 +74,7 @@ TEST(TzSoapHttpTransportContextTest, TheSoapActionIsAProperty) {
     EXPECT_EQ(context.getSoapAction(), "");
 }
 
-TEST(TzSoapHttpTransportContextTest, PropertiesAreWrittenInNameOrder) {
+TEST(TzSoapHttpTransportContext, PropertiesAreWrittenInNameOrder) {
     TzSoapHttpTransportContext context;
     EXPECT_EQ(context.asString(), "");
     context.setSoapAction("\"urn:do\"");
@@ -85,13 +85,13 @@ TEST(TzSoapHttpTransportContextTest, PropertiesAreWrittenInNameOrder) {
               "Content-Type:text/xml; charset=utf-8\nSOAPAction:\"urn:do\"\naccept:\n");
 }
 
-TEST(TzSoapHttpTransportContextTest, ValuesAreWrittenAsTheyStand) {
+TEST(TzSoapHttpTransportContext, ValuesAreWrittenAsTheyStand) {
     TzSoapHttpTransportContext context;
     context.add("A", "1\r\nB: 2");
     EXPECT_EQ(context.asString(), "A:1\r\nB: 2\n");
 }
 
-TEST(TzSoapHttpTransportContextTest, TheActionIsTakenOutOfHeaderText) {
+TEST(TzSoapHttpTransportContext, TheActionIsTakenOutOfHeaderText) {
     for (const Case& entry : cases) {
         TzSoapHttpTransportContext context;
         context.extract(entry.text);
@@ -103,7 +103,7 @@ TEST(TzSoapHttpTransportContextTest, TheActionIsTakenOutOfHeaderText) {
     }
 }
 
-TEST(TzSoapHttpTransportContextTest, ExtractingKeepsTheOtherProperties) {
+TEST(TzSoapHttpTransportContext, ExtractingKeepsTheOtherProperties) {
     TzSoapHttpTransportContext context;
     context.add("Host", "a");
     context.setSoapAction("old");
@@ -113,7 +113,7 @@ TEST(TzSoapHttpTransportContextTest, ExtractingKeepsTheOtherProperties) {
     EXPECT_EQ(context.asString(), "Host:a\nSOAPAction:new\n");
 }
 
-TEST(TzSoapHttpTransportContextTest, WhatIsWrittenIsReadAgain) {
+TEST(TzSoapHttpTransportContext, WhatIsWrittenIsReadAgain) {
     TzSoapHttpTransportContext context;
     context.setSoapAction("\"urn:do#it\"");
     context.add("Content-Type", "text/xml");
@@ -122,7 +122,7 @@ TEST(TzSoapHttpTransportContextTest, WhatIsWrittenIsReadAgain) {
     EXPECT_EQ(read.getSoapAction(), "\"urn:do#it\"");
 }
 
-TEST(TzSoapHttpTransportContextTest, CopiesCopyTheProperties) {
+TEST(TzSoapHttpTransportContext, CopiesCopyTheProperties) {
     TzSoapHttpTransportContext context;
     context.setSoapAction("a");
     TzSoapHttpTransportContext copy(context);

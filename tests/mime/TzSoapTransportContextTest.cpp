@@ -29,7 +29,7 @@ std::vector<std::string> listed(const TzSoapTransportContext& context) {
 
 } // namespace
 
-TEST(TzSoapTransportContextTest, IsABaseForTransports) {
+TEST(TzSoapTransportContext, IsABaseForTransports) {
     EXPECT_TRUE(std::is_abstract_v<TzSoapTransportContext>);
     const std::unique_ptr<TzSoapTransportContext> context = std::make_unique<Context>();
     EXPECT_EQ(context->begin(), context->end());
@@ -38,20 +38,20 @@ TEST(TzSoapTransportContextTest, IsABaseForTransports) {
     EXPECT_EQ(context->asString(), "text");
 }
 
-TEST(TzSoapTransportContextTest, TheOrderOfItsVirtualFunctions) {
+TEST(TzSoapTransportContext, TheOrderOfItsVirtualFunctions) {
     using C = TzSoapTransportContext;
     EXPECT_TRUE(std::has_virtual_destructor_v<C>);
     EXPECT_EQ(slotsOf(&C::extract, &C::asString), inARow(2, 2));
 }
 
-TEST(TzSoapTransportContextTest, AddingAgainReplacesTheValue) {
+TEST(TzSoapTransportContext, AddingAgainReplacesTheValue) {
     Context context;
     context.add("A", "1");
     context.add("A", "2");
     EXPECT_EQ(listed(context), std::vector<std::string>{"A=2"});
 }
 
-TEST(TzSoapTransportContextTest, PropertiesAreOrderedByteByByte) {
+TEST(TzSoapTransportContext, PropertiesAreOrderedByteByByte) {
     Context context;
     for (const char* name : {"b", "\xC3\xA4", "a", "B", "A", "", "aa"}) {
         context.add(name, "");
@@ -60,7 +60,7 @@ TEST(TzSoapTransportContextTest, PropertiesAreOrderedByteByByte) {
               (std::vector<std::string>{"=", "A=", "B=", "a=", "aa=", "b=", "\xC3\xA4="}));
 }
 
-TEST(TzSoapTransportContextTest, NamesThatDifferInCaseAreTwoProperties) {
+TEST(TzSoapTransportContext, NamesThatDifferInCaseAreTwoProperties) {
     Context context;
     context.add("Host", "one");
     context.add("host", "two");
@@ -69,7 +69,7 @@ TEST(TzSoapTransportContextTest, NamesThatDifferInCaseAreTwoProperties) {
     EXPECT_EQ(context.find("HOST"), context.end());
 }
 
-TEST(TzSoapTransportContextTest, Find) {
+TEST(TzSoapTransportContext, Find) {
     Context context;
     context.add("A", "1");
     const Context& constant = context;
@@ -80,7 +80,7 @@ TEST(TzSoapTransportContextTest, Find) {
     EXPECT_EQ(constant.begin()->second, "2");
 }
 
-TEST(TzSoapTransportContextTest, RemoveAndClear) {
+TEST(TzSoapTransportContext, RemoveAndClear) {
     Context context;
     context.add("A", "1");
     context.add("B", "2");
@@ -93,7 +93,7 @@ TEST(TzSoapTransportContextTest, RemoveAndClear) {
     context.clear();
 }
 
-TEST(TzSoapTransportContextTest, CopiesCopyTheProperties) {
+TEST(TzSoapTransportContext, CopiesCopyTheProperties) {
     Context context;
     context.add("A", "1");
     Context copy(context);

@@ -30,13 +30,13 @@ private:
 
 } // namespace
 
-TEST(TzMessageBaseTest, IsABaseThatCannotBeMadeAlone) {
+TEST(TzMessageBase, IsABaseThatCannotBeMadeAlone) {
     EXPECT_TRUE(std::is_abstract_v<TzMessageBase>);
     EXPECT_FALSE(std::is_default_constructible_v<TzMessageBase>);
     EXPECT_TRUE(std::has_virtual_destructor_v<TzMessageBase>);
 }
 
-TEST(TzMessageBaseTest, AnyKindOfMessageIsHandledThroughTheTwoOperations) {
+TEST(TzMessageBase, AnyKindOfMessageIsHandledThroughTheTwoOperations) {
     bool destroyed = false;
     std::unique_ptr<TzMessageBase> message = std::make_unique<Note>("hello", &destroyed);
     EXPECT_EQ(message->asString(), "hello");
@@ -45,7 +45,7 @@ TEST(TzMessageBaseTest, AnyKindOfMessageIsHandledThroughTheTwoOperations) {
     EXPECT_TRUE(destroyed);
 }
 
-TEST(TzMessageBaseTest, AssigningTheBaseCopiesNothing) {
+TEST(TzMessageBase, AssigningTheBaseCopiesNothing) {
     Note first("first");
     const Note second("second");
     TzMessageBase& base = first;

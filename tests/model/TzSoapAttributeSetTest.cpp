@@ -74,7 +74,7 @@ std::string normalised(const std::string& style) {
 
 } // namespace
 
-TEST(TzSoapAttributeSetTest, FixedNamesAndValues) {
+TEST(TzSoapAttributeSet, FixedNamesAndValues) {
     EXPECT_EQ(Set::getTrueAttributeValue(), "1");
     EXPECT_EQ(Set::getFalseAttributeValue(), "0");
     EXPECT_EQ(Set::getEmptyString(), "");
@@ -88,14 +88,14 @@ TEST(TzSoapAttributeSetTest, FixedNamesAndValues) {
     EXPECT_EQ(Set::getNullAttributeName().getQualifiedName(), "xsi:nil");
 }
 
-TEST(TzSoapAttributeSetTest, TheIdNameIsUnqualified) {
+TEST(TzSoapAttributeSet, TheIdNameIsUnqualified) {
     EXPECT_TRUE(Set::matchIdAttributeName(TzXmlName("id")));
     EXPECT_FALSE(Set::matchIdAttributeName(TzXmlName("ID")));
     EXPECT_FALSE(Set::matchIdAttributeName(TzXmlName("id", TzXmlNamespace("a", "urn:a"))));
     EXPECT_FALSE(Set::matchIdAttributeName(TzXmlName()));
 }
 
-TEST(TzSoapAttributeSetTest, TheTypeNameIsKnownInEverySchemaInstanceNamespace) {
+TEST(TzSoapAttributeSet, TheTypeNameIsKnownInEverySchemaInstanceNamespace) {
     const auto type = [](const char* uri) { return TzXmlName("type", TzXmlNamespace("p", uri)); };
     EXPECT_TRUE(Set::matchTypeAttributeName(type("http://www.w3.org/2001/XMLSchema-instance")));
     EXPECT_TRUE(Set::matchTypeAttributeName(type("http://www.w3.org/2000/10/XMLSchema-instance")));
@@ -105,7 +105,7 @@ TEST(TzSoapAttributeSetTest, TheTypeNameIsKnownInEverySchemaInstanceNamespace) {
     EXPECT_FALSE(Set::matchTypeAttributeName(Set::getNullAttributeName()));
 }
 
-TEST(TzSoapAttributeSetTest, TextAttributesArePutUnderTheNameOfTheVersion) {
+TEST(TzSoapAttributeSet, TextAttributesArePutUnderTheNameOfTheVersion) {
     for (const TextAttribute& entry : texts) {
         for (const V::Version version : both) {
             Set set;
@@ -121,7 +121,7 @@ TEST(TzSoapAttributeSetTest, TextAttributesArePutUnderTheNameOfTheVersion) {
     }
 }
 
-TEST(TzSoapAttributeSetTest, AbsentTextAttributesAreTheEmptyString) {
+TEST(TzSoapAttributeSet, AbsentTextAttributesAreTheEmptyString) {
     Set set;
     set.add(TzXmlName("a"), "b");
     for (const TextAttribute& entry : texts) {
@@ -133,7 +133,7 @@ TEST(TzSoapAttributeSetTest, AbsentTextAttributesAreTheEmptyString) {
     EXPECT_EQ(set.size(), 1U);
 }
 
-TEST(TzSoapAttributeSetTest, TheFormOfTheLatestVersionWins) {
+TEST(TzSoapAttributeSet, TheFormOfTheLatestVersionWins) {
     for (const TextAttribute& entry : texts) {
         Set set;
         (set.*entry.set)("one", V::V1_1);
@@ -149,7 +149,7 @@ TEST(TzSoapAttributeSetTest, TheFormOfTheLatestVersionWins) {
     }
 }
 
-TEST(TzSoapAttributeSetTest, BooleansAreWrittenAsDigits) {
+TEST(TzSoapAttributeSet, BooleansAreWrittenAsDigits) {
     for (const BooleanAttribute& entry : booleans) {
         for (const V::Version version : both) {
             Set set;
@@ -176,7 +176,7 @@ TEST(TzSoapAttributeSetTest, BooleansAreWrittenAsDigits) {
     }
 }
 
-TEST(TzSoapAttributeSetTest, OnlyTheDigitIsTrue) {
+TEST(TzSoapAttributeSet, OnlyTheDigitIsTrue) {
     for (const BooleanAttribute& entry : booleans) {
         for (const V::Version version : both) {
             for (const char* value : {"true", "", "01", " 1", "1 ", "TRUE", "yes", "false"}) {
@@ -190,7 +190,7 @@ TEST(TzSoapAttributeSetTest, OnlyTheDigitIsTrue) {
     }
 }
 
-TEST(TzSoapAttributeSetTest, BooleansOfTheLatestVersionWin) {
+TEST(TzSoapAttributeSet, BooleansOfTheLatestVersionWin) {
     for (const BooleanAttribute& entry : booleans) {
         Set set;
         (set.*entry.set)(true, V::V1_1);
@@ -202,7 +202,7 @@ TEST(TzSoapAttributeSetTest, BooleansOfTheLatestVersionWin) {
     }
 }
 
-TEST(TzSoapAttributeSetTest, TheFormOfTheLatestVersionDecidesWhetherABooleanIsSet) {
+TEST(TzSoapAttributeSet, TheFormOfTheLatestVersionDecidesWhetherABooleanIsSet) {
     for (const BooleanAttribute& entry : booleans) {
         Set set;
         (set.*entry.set)(true, V::V1_1);
@@ -213,7 +213,7 @@ TEST(TzSoapAttributeSetTest, TheFormOfTheLatestVersionDecidesWhetherABooleanIsSe
     }
 }
 
-TEST(TzSoapAttributeSetTest, ActorAndRoleAreOneAttribute) {
+TEST(TzSoapAttributeSet, ActorAndRoleAreOneAttribute) {
     Set set;
     set.setActorAttribute("urn:next", V::V1_2);
     EXPECT_EQ(listed(set),
@@ -226,7 +226,7 @@ TEST(TzSoapAttributeSetTest, ActorAndRoleAreOneAttribute) {
     EXPECT_EQ(older.getActorAttribute(), "urn:next");
 }
 
-TEST(TzSoapAttributeSetTest, ArrayTypeExistsIn11Only) {
+TEST(TzSoapAttributeSet, ArrayTypeExistsIn11Only) {
     Set set;
     set.setArrayTypeAttribute("xsd:int[2]", V::V1_1);
     EXPECT_EQ(listed(set), std::vector<std::string>{
@@ -243,14 +243,14 @@ TEST(TzSoapAttributeSetTest, ArrayTypeExistsIn11Only) {
     set.removeArrayTypeAttribute();
 }
 
-TEST(TzSoapAttributeSetTest, AnAttributeWithoutANameIsNoArrayType) {
+TEST(TzSoapAttributeSet, AnAttributeWithoutANameIsNoArrayType) {
     Set set;
     set.append(TzXmlAttribute(TzXmlName(), "nameless"));
     EXPECT_EQ(set.getArrayTypeAttribute(), "");
     EXPECT_EQ(set.getArrayTypeAttribute(V::V1_2), "");
 }
 
-TEST(TzSoapAttributeSetTest, SettingTwiceKeepsThePlace) {
+TEST(TzSoapAttributeSet, SettingTwiceKeepsThePlace) {
     Set set;
     set.setPositionAttribute("[1]", V::V1_1);
     set.setIdAttribute("a");
@@ -260,7 +260,7 @@ TEST(TzSoapAttributeSetTest, SettingTwiceKeepsThePlace) {
     EXPECT_EQ(set.getPositionAttribute(), "[2]");
 }
 
-TEST(TzSoapAttributeSetTest, RemovingKeepsTheOrderOfTheOthers) {
+TEST(TzSoapAttributeSet, RemovingKeepsTheOrderOfTheOthers) {
     Set set;
     set.setIdAttribute("a");
     set.setMustUnderstandAttribute(true, V::V1_1);
@@ -274,7 +274,7 @@ TEST(TzSoapAttributeSetTest, RemovingKeepsTheOrderOfTheOthers) {
     EXPECT_EQ(listed(set), (std::vector<std::string>{"b=b", "c=c"}));
 }
 
-TEST(TzSoapAttributeSetTest, EncodingStylesAreSeparatedBySingleBlanks) {
+TEST(TzSoapAttributeSet, EncodingStylesAreSeparatedBySingleBlanks) {
     struct Case {
         const char* style;
         const char* expected;
@@ -298,7 +298,7 @@ TEST(TzSoapAttributeSetTest, EncodingStylesAreSeparatedBySingleBlanks) {
     }
 }
 
-TEST(TzSoapAttributeSetTest, EmptyEncodingStylesAreThere) {
+TEST(TzSoapAttributeSet, EmptyEncodingStylesAreThere) {
     Set set;
     EXPECT_FALSE(set.hasEncodingStyleAttribute());
     set.setEncodingStyleAttribute(" \t ", V::V1_1);
@@ -312,7 +312,7 @@ TEST(TzSoapAttributeSetTest, EmptyEncodingStylesAreThere) {
     EXPECT_TRUE(set.hasEncodingStyleAttribute());
 }
 
-TEST(TzSoapAttributeSetTest, OnlyTheEncodingStyleIsNormalised) {
+TEST(TzSoapAttributeSet, OnlyTheEncodingStyleIsNormalised) {
     Set set;
     set.setActorAttribute("  a\t b ", V::V1_1);
     EXPECT_EQ(set.getActorAttribute(), "  a\t b ");
@@ -320,7 +320,7 @@ TEST(TzSoapAttributeSetTest, OnlyTheEncodingStyleIsNormalised) {
     EXPECT_EQ(set.getEncodingStyleAttribute(), "  a\t b ");
 }
 
-TEST(TzSoapAttributeSetTest, Id) {
+TEST(TzSoapAttributeSet, Id) {
     Set set;
     EXPECT_EQ(&set.getIdAttribute(), &Set::getEmptyString());
     set.add(TzXmlName("id", TzXmlNamespace("a", "urn:a")), "not this");
@@ -335,7 +335,7 @@ TEST(TzSoapAttributeSetTest, Id) {
     EXPECT_EQ(listed(set), std::vector<std::string>{"urn:a:id=not this"});
 }
 
-TEST(TzSoapAttributeSetTest, Nil) {
+TEST(TzSoapAttributeSet, Nil) {
     Set set;
     EXPECT_FALSE(set.getNullAttribute());
     set.setNullAttribute(true);
@@ -353,7 +353,7 @@ TEST(TzSoapAttributeSetTest, Nil) {
     set.removeNullAttribute();
 }
 
-TEST(TzSoapAttributeSetTest, CopiesAreIndependent) {
+TEST(TzSoapAttributeSet, CopiesAreIndependent) {
     Set set;
     set.setIdAttribute("a");
     Set copy(set);
@@ -365,7 +365,7 @@ TEST(TzSoapAttributeSetTest, CopiesAreIndependent) {
     EXPECT_EQ(set.getIdAttribute(), "b");
 }
 
-TEST(TzSoapAttributeSetTest, MovesTakeTheListAlong) {
+TEST(TzSoapAttributeSet, MovesTakeTheListAlong) {
     EXPECT_TRUE(std::is_nothrow_move_constructible_v<Set>);
     EXPECT_TRUE(std::is_nothrow_move_assignable_v<Set>);
     Set set;
@@ -379,7 +379,7 @@ TEST(TzSoapAttributeSetTest, MovesTakeTheListAlong) {
     EXPECT_EQ(assigned.getIdAttribute(), "a");
 }
 
-TEST(TzSoapAttributeSetTest, AttributesAreFoundAmongMany) {
+TEST(TzSoapAttributeSet, AttributesAreFoundAmongMany) {
     Set set;
     for (int i = 0; i < 1000; ++i) {
         set.add(TzXmlName("a" + std::to_string(i)), "v");

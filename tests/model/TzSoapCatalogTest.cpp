@@ -88,7 +88,7 @@ const Expected entries[] = {
 
 } // namespace
 
-TEST(TzSoapCatalogTest, EveryEntryHasItsDomainIdAndText) {
+TEST(TzSoapCatalog, EveryEntryHasItsDomainIdAndText) {
     for (const Expected& entry : entries) {
         const TzCatMsg* record = entry.get();
         EXPECT_STREQ(record->domain, "soap_") << entry.text;
@@ -98,7 +98,7 @@ TEST(TzSoapCatalogTest, EveryEntryHasItsDomainIdAndText) {
     }
 }
 
-TEST(TzSoapCatalogTest, ThereAre38EntriesInARow) {
+TEST(TzSoapCatalog, ThereAre38EntriesInARow) {
     ASSERT_EQ(std::size(entries), 38U);
     std::uint32_t id = 0x7000;
     for (const Expected& entry : entries) {
@@ -111,7 +111,7 @@ TEST(TzSoapCatalogTest, ThereAre38EntriesInARow) {
     EXPECT_EQ(listed, 38U);
 }
 
-TEST(TzSoapCatalogTest, PlacesAreFilledInOrder) {
+TEST(TzSoapCatalog, PlacesAreFilledInOrder) {
     EXPECT_EQ(TzMessage(tzsoap_INVALID_FAULT_CODE(), "V1_1").asString(),
               "[INVALID_FAULT_CODE] The specified fault code is not valid for \"V1_1\" version of "
               "SOAP");
@@ -124,7 +124,7 @@ TEST(TzSoapCatalogTest, PlacesAreFilledInOrder) {
               "bounds < offset]");
 }
 
-TEST(TzSoapCatalogTest, AMessageKeepsDomainAndId) {
+TEST(TzSoapCatalog, AMessageKeepsDomainAndId) {
     const TzMessage message(tzsoap_NO_TYPE(), "m:Price");
     EXPECT_STREQ(message.getDomain(), "soap_");
     EXPECT_EQ(message.getId(), 0x700FU);

@@ -42,7 +42,7 @@ TzSoapMessage madeFromReading(const std::string& text) {
 
 } // namespace
 
-TEST(TzSoapFaultMessageTest, HoldsCodeAndReasonInItsVersion) {
+TEST(TzSoapFaultMessage, HoldsCodeAndReasonInItsVersion) {
     EXPECT_EQ(
         TzSoapFaultMessage::make(TzSoapVersion::V1_1, TzSoapVersion::Client, "a < b").asString(),
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
@@ -63,7 +63,7 @@ TEST(TzSoapFaultMessageTest, HoldsCodeAndReasonInItsVersion) {
     EXPECT_EQ(faultOf(second).getReason(), "down");
 }
 
-TEST(TzSoapFaultMessageTest, ACodeOfTheLaterVersionIsTheSendersInTheFirst) {
+TEST(TzSoapFaultMessage, ACodeOfTheLaterVersionIsTheSendersInTheFirst) {
     const auto codeIn = [](TzSoapVersion::Version version) {
         return faultOf(TzSoapFaultMessage::make(version, TzSoapVersion::DataEncodingUnknown, "no"))
             .getCode()
@@ -73,7 +73,7 @@ TEST(TzSoapFaultMessageTest, ACodeOfTheLaterVersionIsTheSendersInTheFirst) {
     EXPECT_EQ(codeIn(TzSoapVersion::V1_2), "env:DataEncodingUnknown");
 }
 
-TEST(TzSoapFaultMessageTest, SubcodesAreOfTheLaterVersion) {
+TEST(TzSoapFaultMessage, SubcodesAreOfTheLaterVersion) {
     const auto made = [](TzSoapVersion::Version version) {
         return TzSoapFaultMessage::make(version, TzSoapVersion::Client,
                                         TzSoapVersion::ProcedureNotPresent, "no");
@@ -85,7 +85,7 @@ TEST(TzSoapFaultMessageTest, SubcodesAreOfTheLaterVersion) {
     EXPECT_EQ(faultOf(second).getReason(), "no");
 }
 
-TEST(TzSoapFaultMessageTest, RefusesWhatIsNoVersion) {
+TEST(TzSoapFaultMessage, RefusesWhatIsNoVersion) {
     expectCatalogued<TzXmlError>(
         [] {
             TzSoapFaultMessage::make(static_cast<TzSoapVersion::Version>(7), TzSoapVersion::Client,
@@ -94,7 +94,7 @@ TEST(TzSoapFaultMessageTest, RefusesWhatIsNoVersion) {
         0x7011, "[UNKNOWN_VERSION][SOAP Version specified by URI \"\" is unknown ]");
 }
 
-TEST(TzSoapFaultMessageTest, NamesWhatWasNotUnderstood) {
+TEST(TzSoapFaultMessage, NamesWhatWasNotUnderstood) {
     const std::vector<TzXmlName> names = {TzXmlName("a", TzXmlNamespace("n", "urn:n")),
                                           TzXmlName("b", TzXmlNamespace("m", "urn:m"))};
     const TzSoapMessage first = TzSoapFaultMessage::makeMustUnderstand(TzSoapVersion::V1_1, names);
@@ -112,7 +112,7 @@ TEST(TzSoapFaultMessageTest, NamesWhatWasNotUnderstood) {
     EXPECT_EQ(tzSoapCast<TzSoapMisunderstoodType>(*++entry).value().getQualifiedName(), names[1]);
 }
 
-TEST(TzSoapFaultMessageTest, MisunderstoodHeadersAreNamedUnderPrefixesOfTheirOwn) {
+TEST(TzSoapFaultMessage, MisunderstoodHeadersAreNamedUnderPrefixesOfTheirOwn) {
     const auto name = [](const char* prefix, const char* uri) {
         return TzXmlName("a", TzXmlNamespace(prefix, uri));
     };
@@ -134,7 +134,7 @@ TEST(TzSoapFaultMessageTest, MisunderstoodHeadersAreNamedUnderPrefixesOfTheirOwn
     }
 }
 
-TEST(TzSoapFaultMessageTest, AnUnknownEnvelopeIsAVersionMismatchInTheFirstVersion) {
+TEST(TzSoapFaultMessage, AnUnknownEnvelopeIsAVersionMismatchInTheFirstVersion) {
     const TzSoapMessage made =
         madeFromReading("<e:Envelope xmlns:e='urn:later'><e:Body/></e:Envelope>");
     EXPECT_EQ(made.getVersion(), TzSoapVersion::V1_1);
@@ -143,7 +143,7 @@ TEST(TzSoapFaultMessageTest, AnUnknownEnvelopeIsAVersionMismatchInTheFirstVersio
                                          "specified by URI \"urn:later\" is unknown ]");
 }
 
-TEST(TzSoapFaultMessageTest, ABadRequestIsTheSendersFault) {
+TEST(TzSoapFaultMessage, ABadRequestIsTheSendersFault) {
     const TzSoapMessage made = madeFromReading("nothing");
     EXPECT_EQ(made.getVersion(), TzSoapVersion::V1_2);
     EXPECT_EQ(faultOf(made).getCode().getQualifiedName(), "env:Sender");
@@ -156,7 +156,7 @@ TEST(TzSoapFaultMessageTest, ABadRequestIsTheSendersFault) {
               "Sender|no int");
 }
 
-TEST(TzSoapFaultMessageTest, EverythingElseIsTheReceivers) {
+TEST(TzSoapFaultMessage, EverythingElseIsTheReceivers) {
     EXPECT_EQ(madeFrom(Tzxmsg("disk full")), "Server|disk full");
     EXPECT_EQ(madeFrom(TzXmlError(TzCString("wrong type")), TzSoapVersion::V1_2),
               "Receiver|wrong type");

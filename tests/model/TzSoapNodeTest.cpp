@@ -27,7 +27,7 @@ TzXmlName own(const char* name) { return {name, TzXmlNamespace("", "urn:own")}; 
 
 } // namespace
 
-TEST(TzSoapNodeTest, ActsForTheNextNodeAndAsTheUltimateReceiver) {
+TEST(TzSoapNode, ActsForTheNextNodeAndAsTheUltimateReceiver) {
     const TzSoapNode node;
     for (const char* actor : {"", "http://schemas.xmlsoap.org/soap/actor/next",
                               "http://schemas.xmlsoap.org/soap/envelope/actor/next",
@@ -41,7 +41,7 @@ TEST(TzSoapNodeTest, ActsForTheNextNodeAndAsTheUltimateReceiver) {
     }
 }
 
-TEST(TzSoapNodeTest, ActsInRolesOfItsOwn) {
+TEST(TzSoapNode, ActsInRolesOfItsOwn) {
     TzSoapNode node;
     node.addRole("urn:mine");
     EXPECT_TRUE(node.isTargetOf(entryFor("urn:mine")));
@@ -49,7 +49,7 @@ TEST(TzSoapNodeTest, ActsInRolesOfItsOwn) {
     EXPECT_FALSE(node.isTargetOf(entryFor("urn:other")));
 }
 
-TEST(TzSoapNodeTest, UnderstandsNamesInTheirNamespace) {
+TEST(TzSoapNode, UnderstandsNamesInTheirNamespace) {
     TzSoapNode node;
     EXPECT_FALSE(node.understands(own("a")));
     node.addUnderstood(own("a"));
@@ -58,7 +58,7 @@ TEST(TzSoapNodeTest, UnderstandsNamesInTheirNamespace) {
     EXPECT_FALSE(node.understands(TzXmlName("a")));
 }
 
-TEST(TzSoapNodeTest, IsMadeWithRolesAndNames) {
+TEST(TzSoapNode, IsMadeWithRolesAndNames) {
     const TzSoapNode node({"urn:mine", "urn:too"}, {own("a"), own("b")});
     EXPECT_TRUE(node.isTargetOf(entryFor("urn:mine")));
     EXPECT_TRUE(node.isTargetOf(entryFor("urn:too")));
@@ -68,7 +68,7 @@ TEST(TzSoapNodeTest, IsMadeWithRolesAndNames) {
     EXPECT_FALSE(node.understands(own("c")));
 }
 
-TEST(TzSoapNodeTest, FindsWhatIsMandatoryMeantForItAndNotUnderstood) {
+TEST(TzSoapNode, FindsWhatIsMandatoryMeantForItAndNotUnderstood) {
     TzSoapNode node;
     node.addUnderstood(own("known"));
     const std::string space = " xmlns=\"urn:own\" ";
@@ -94,7 +94,7 @@ TEST(TzSoapNodeTest, FindsWhatIsMandatoryMeantForItAndNotUnderstood) {
               (std::vector<TzXmlName>{own("first"), own("second")}));
 }
 
-TEST(TzSoapNodeTest, HonoursTheRoleOfTheLaterVersion) {
+TEST(TzSoapNode, HonoursTheRoleOfTheLaterVersion) {
     const std::string role =
         " e:mustUnderstand=\"true\" e:role=\"http://www.w3.org/2002/06/soap-envelope/role/";
     EXPECT_EQ(misunderstood({}, TzSoapVersion::V1_2,
@@ -103,7 +103,7 @@ TEST(TzSoapNodeTest, HonoursTheRoleOfTheLaterVersion) {
               (std::vector<TzXmlName>{TzXmlName("a"), TzXmlName("c"), TzXmlName("d")}));
 }
 
-TEST(TzSoapNodeTest, SeesWhatAnEnvelopeSpeltDifferentlySays) {
+TEST(TzSoapNode, SeesWhatAnEnvelopeSpeltDifferentlySays) {
     const std::string entries =
         "<a e:mustUnderstand=\"1\"/><b e:mustUnderstand=\"0\"/><c e:mustUnderstand=\"true\"/>"
         "<d e:mustUnderstand=\"1\" e:actor=\"urn:other\"/>"
@@ -124,7 +124,7 @@ TEST(TzSoapNodeTest, SeesWhatAnEnvelopeSpeltDifferentlySays) {
     }
 }
 
-TEST(TzSoapNodeTest, SeesTheRoleOfALaterEnvelopeSpeltDifferently) {
+TEST(TzSoapNode, SeesTheRoleOfALaterEnvelopeSpeltDifferently) {
     const TzSoapMessage message =
         messageOf("<e:Envelope xmlns:e=\"http://www.w3.org/2002/06/soap-envelopX\"><e:Header>"
                   "<a e:mustUnderstand=\"true\" e:role=\"urn:other\"/>"
@@ -132,7 +132,7 @@ TEST(TzSoapNodeTest, SeesTheRoleOfALaterEnvelopeSpeltDifferently) {
     EXPECT_EQ(TzSoapNode().findMisunderstood(message), std::vector<TzXmlName>{TzXmlName("b")});
 }
 
-TEST(TzSoapNodeTest, AttributesOfTheOtherVersionSayNothing) {
+TEST(TzSoapNode, AttributesOfTheOtherVersionSayNothing) {
     const std::string later = " xmlns:o=\"http://www.w3.org/2002/06/soap-envelope\" ";
     EXPECT_TRUE(
         misunderstood({}, TzSoapVersion::V1_1, "<a" + later + "o:mustUnderstand=\"1\"/>").empty());
@@ -141,6 +141,6 @@ TEST(TzSoapNodeTest, AttributesOfTheOtherVersionSayNothing) {
               std::vector<TzXmlName>{TzXmlName("a")});
 }
 
-TEST(TzSoapNodeTest, AMessageWithoutHeaderHasNone) {
+TEST(TzSoapNode, AMessageWithoutHeaderHasNone) {
     EXPECT_TRUE(misunderstood({}, TzSoapVersion::V1_1, "").empty());
 }

@@ -24,7 +24,7 @@ public:
 
 } // namespace
 
-TEST(TzSoapVersionMatchTest, NamespacesMatchUpToTheLastCharacter) {
+TEST(TzSoapVersionMatch, NamespacesMatchUpToTheLastCharacter) {
     struct Case {
         std::string left;
         std::string right;
@@ -55,7 +55,7 @@ TEST(TzSoapVersionMatchTest, NamespacesMatchUpToTheLastCharacter) {
     }
 }
 
-TEST(TzSoapVersionMatchTest, EachVersionMatchesItsNamespacesWhateverThePrefix) {
+TEST(TzSoapVersionMatch, EachVersionMatchesItsNamespacesWhateverThePrefix) {
     const auto of = [](const std::string& uri) { return TzXmlNamespace("x", uri); };
     EXPECT_TRUE(soap11().matchSoapEnv(of(EnvUri11)));
     EXPECT_TRUE(soap11().matchSoapEnv(of("http://schemas.xmlsoap.org/soap/envelope")));
@@ -75,7 +75,7 @@ TEST(TzSoapVersionMatchTest, EachVersionMatchesItsNamespacesWhateverThePrefix) {
     EXPECT_FALSE(soap12().matchSoapUpgrade(of(FaultsUri12)));
 }
 
-TEST(TzSoapVersionMatchTest, Version11MatchesNoNamespaceItDoesNotHave) {
+TEST(TzSoapVersionMatch, Version11MatchesNoNamespaceItDoesNotHave) {
     for (const TzXmlNamespace& candidate :
          {TzXmlNamespace(), TzXmlNamespace("f", FaultsUri12), TzXmlNamespace("rpc", RpcUri12),
           TzXmlNamespace("upgrade", UpgradeUri12)}) {
@@ -135,19 +135,15 @@ const std::vector<UriCase> encodings = {
 
 } // namespace
 
-TEST(TzSoapVersionMatchTest, EnvelopeUris) {
-    expectVersions(envelopes, V::isSoapEnv, V::isSoapEnv);
-}
+TEST(TzSoapVersionMatch, EnvelopeUris) { expectVersions(envelopes, V::isSoapEnv, V::isSoapEnv); }
 
-TEST(TzSoapVersionMatchTest, EncodingUris) {
-    expectVersions(encodings, V::isSoapEnc, V::isSoapEnc);
-}
+TEST(TzSoapVersionMatch, EncodingUris) { expectVersions(encodings, V::isSoapEnc, V::isSoapEnc); }
 
-TEST(TzSoapVersionMatchTest, EncodingStylesAreEncodingUris) {
+TEST(TzSoapVersionMatch, EncodingStylesAreEncodingUris) {
     expectVersions(encodings, V::isSoapEncodingStyle, V::isSoapEncodingStyle);
 }
 
-TEST(TzSoapVersionMatchTest, SupportedVersions) {
+TEST(TzSoapVersionMatch, SupportedVersions) {
     for (const UriCase& entry : envelopes) {
         V::Version version = static_cast<V::Version>(77);
         EXPECT_EQ(V::isSupportedVersion(TzXmlNamespace("p", entry.uri), version),
@@ -156,7 +152,7 @@ TEST(TzSoapVersionMatchTest, SupportedVersions) {
     }
 }
 
-TEST(TzSoapVersionMatchTest, AttributesAreKnownByNamespaceAndLocalPart) {
+TEST(TzSoapVersionMatch, AttributesAreKnownByNamespaceAndLocalPart) {
     struct Case {
         const char* localName;
         V::SoapAttribute attribute;
@@ -194,7 +190,7 @@ TEST(TzSoapVersionMatchTest, AttributesAreKnownByNamespaceAndLocalPart) {
     }
 }
 
-TEST(TzSoapVersionMatchTest, OtherNamesAreNoAttributesOfSoap) {
+TEST(TzSoapVersionMatch, OtherNamesAreNoAttributesOfSoap) {
     const TzXmlName names[] = {
         TzXmlName("href"), // SOAP's own, but without a namespace
         TzXmlName("ref"),
@@ -215,7 +211,7 @@ TEST(TzSoapVersionMatchTest, OtherNamesAreNoAttributesOfSoap) {
     }
 }
 
-TEST(TzSoapVersionMatchTest, TheNamespaceAloneDecidesTheVersionOfAnAttribute) {
+TEST(TzSoapVersionMatch, TheNamespaceAloneDecidesTheVersionOfAnAttribute) {
     const auto versionAfter = [](const TzXmlName& name) {
         V::SoapAttribute attribute = V::Root;
         V::Version version = static_cast<V::Version>(77);
@@ -229,7 +225,7 @@ TEST(TzSoapVersionMatchTest, TheNamespaceAloneDecidesTheVersionOfAnAttribute) {
     EXPECT_EQ(versionAfter(TzXmlName("href")), 77);
 }
 
-TEST(TzSoapVersionMatchTest, MatchingAnAttributeName) {
+TEST(TzSoapVersionMatch, MatchingAnAttributeName) {
     const TzXmlName role("role", TzXmlNamespace("x", EnvUri12));
     EXPECT_TRUE(V::matchSoapAttributeName(role, V::Actor, V::V1_2));
     EXPECT_FALSE(V::matchSoapAttributeName(role, V::Actor, V::V1_1));
@@ -254,7 +250,7 @@ TEST(TzSoapVersionMatchTest, MatchingAnAttributeName) {
     }
 }
 
-TEST(TzSoapVersionMatchTest, MatchingAnElementName) {
+TEST(TzSoapVersionMatch, MatchingAnElementName) {
     const auto in = [](const char* localName, const std::string& uri) {
         return TzXmlName(localName, TzXmlNamespace("x", uri));
     };
@@ -276,7 +272,7 @@ TEST(TzSoapVersionMatchTest, MatchingAnElementName) {
     EXPECT_FALSE(soap12().matchSoapElement(TzXmlName(), static_cast<V::SoapElement>(12)));
 }
 
-TEST(TzSoapVersionMatchTest, FaultCodesOfBothVersionsCountInBothEnvelopes) {
+TEST(TzSoapVersionMatch, FaultCodesOfBothVersionsCountInBothEnvelopes) {
     struct Case {
         const char* localName;
         Code code;
@@ -303,7 +299,7 @@ TEST(TzSoapVersionMatchTest, FaultCodesOfBothVersionsCountInBothEnvelopes) {
     }
 }
 
-TEST(TzSoapVersionMatchTest, OtherNamesAreNoFaultCodes) {
+TEST(TzSoapVersionMatch, OtherNamesAreNoFaultCodes) {
     const TzXmlName names[] = {
         TzXmlName("Client"),
         TzXmlName(),

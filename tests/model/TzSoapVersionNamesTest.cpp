@@ -38,7 +38,7 @@ void expectName(const TzXmlName& actual, const Named& expected) {
 
 } // namespace
 
-TEST(TzSoapVersionNamesTest, Namespaces) {
+TEST(TzSoapVersionNames, Namespaces) {
     expectNamespace(soap11().getSoapEnv(), "SOAP-ENV", EnvUri11);
     expectNamespace(soap11().getSoapEnc(), "SOAP-ENC", EncUri11);
     expectNamespace(soap11().getSoapFault(), "", "");
@@ -51,12 +51,12 @@ TEST(TzSoapVersionNamesTest, Namespaces) {
     expectNamespace(soap12().getSoapUpgrade(), "upgrade", UpgradeUri12);
 }
 
-TEST(TzSoapVersionNamesTest, TheEncodingStyleIsTheEncodingUri) {
+TEST(TzSoapVersionNames, TheEncodingStyleIsTheEncodingUri) {
     EXPECT_EQ(soap11().getSoapEncodingStyle(), EncUri11);
     EXPECT_EQ(soap12().getSoapEncodingStyle(), EncUri12);
 }
 
-TEST(TzSoapVersionNamesTest, Roles) {
+TEST(TzSoapVersionNames, Roles) {
     EXPECT_EQ(soap11().getSoapRole(V::Next), "http://schemas.xmlsoap.org/soap/envelope/actor/next");
     EXPECT_EQ(soap11().getSoapRole(V::None), "");
     EXPECT_EQ(soap11().getSoapRole(V::UltimateReceiver), "");
@@ -70,7 +70,7 @@ TEST(TzSoapVersionNamesTest, Roles) {
     }
 }
 
-TEST(TzSoapVersionNamesTest, AttributeNames) {
+TEST(TzSoapVersionNames, AttributeNames) {
     const Named names11[] = {
         {"SOAP-ENV:encodingStyle", EnvUri11},
         {"SOAP-ENV:mustUnderstand", EnvUri11},
@@ -108,7 +108,7 @@ TEST(TzSoapVersionNamesTest, AttributeNames) {
     }
 }
 
-TEST(TzSoapVersionNamesTest, ElementNames) {
+TEST(TzSoapVersionNames, ElementNames) {
     const Named names11[] = {
         {"SOAP-ENV:Envelope", EnvUri11},
         {"SOAP-ENV:Body", EnvUri11},
@@ -138,7 +138,7 @@ TEST(TzSoapVersionNamesTest, ElementNames) {
     }
 }
 
-TEST(TzSoapVersionNamesTest, WhatAVersionDoesNotHaveIsTheEmptyName) {
+TEST(TzSoapVersionNames, WhatAVersionDoesNotHaveIsTheEmptyName) {
     const TzXmlName& dummy = Opened::dummy();
     EXPECT_TRUE(dummy.isEmpty());
     EXPECT_EQ(&V::getSoapAttributeName(V::ArrayType, V::V1_2), &dummy);
@@ -155,12 +155,12 @@ TEST(TzSoapVersionNamesTest, WhatAVersionDoesNotHaveIsTheEmptyName) {
     }
 }
 
-TEST(TzSoapVersionNamesTest, TheReferenceAttributeOf11IsHref) {
+TEST(TzSoapVersionNames, TheReferenceAttributeOf11IsHref) {
     EXPECT_EQ(V::getSoapAttributeName(V::Ref, V::V1_1), V::getSoapAttributeName(V::Href, V::V1_1));
     EXPECT_NE(V::getSoapAttributeName(V::Ref, V::V1_2), V::getSoapAttributeName(V::Href, V::V1_2));
 }
 
-TEST(TzSoapVersionNamesTest, FaultCodeNames) {
+TEST(TzSoapVersionNames, FaultCodeNames) {
     const char* names11[] = {"SOAP-ENV:VersionMismatch", "SOAP-ENV:MustUnderstand",
                              "SOAP-ENV:Server", "SOAP-ENV:Client"};
     const char* names12[] = {
@@ -174,7 +174,7 @@ TEST(TzSoapVersionNamesTest, FaultCodeNames) {
     }
 }
 
-TEST(TzSoapVersionNamesTest, FaultCodesThatAVersionDoesNotHave) {
+TEST(TzSoapVersionNames, FaultCodesThatAVersionDoesNotHave) {
     for (const int code : {4, 5, 6, 1000, -1}) {
         expectCatalogued<TzXmlError>([&] { soap11().getFaultCode(static_cast<Code>(code)); },
                                      0x7024, invalidCode("V1_1"));
@@ -185,7 +185,7 @@ TEST(TzSoapVersionNamesTest, FaultCodesThatAVersionDoesNotHave) {
     }
 }
 
-TEST(TzSoapVersionNamesTest, FaultSubcodes) {
+TEST(TzSoapVersionNames, FaultSubcodes) {
     expectName(soap12().getSubFaultCode(V::MissingID), {"enc:MissingID", EncUri12});
     expectName(soap12().getSubFaultCode(V::UnTypedValue), {"enc:UnTypedValue", EncUri12});
     expectName(soap12().getSubFaultCode(V::ProcedureNotPresent),

@@ -75,7 +75,7 @@ const std::vector<TzCString> startupTags = BareVersion::tags();
 
 } // namespace
 
-TEST(TzSoapVersionTest, EnumeratorsHaveFixedNumbers) {
+TEST(TzSoapVersion, EnumeratorsHaveFixedNumbers) {
     EXPECT_EQ(int{V::V1_1}, 1);
     EXPECT_EQ(int{V::V1_2}, 2);
     const int attributes[] = {
@@ -105,7 +105,7 @@ TEST(TzSoapVersionTest, EnumeratorsHaveFixedNumbers) {
     }
 }
 
-TEST(TzSoapVersionTest, FaultCodesAreAlsoMembersOfTheClass) {
+TEST(TzSoapVersion, FaultCodesAreAlsoMembersOfTheClass) {
     EXPECT_EQ(V::VersionMismatch, Code::VersionMismatch);
     EXPECT_EQ(V::Server, Code::Server);
     EXPECT_EQ(V::Client, Code::Client);
@@ -115,7 +115,7 @@ TEST(TzSoapVersionTest, FaultCodesAreAlsoMembersOfTheClass) {
     EXPECT_TRUE((std::is_same_v<decltype(V::MustUnderstand), V::SoapAttribute>));
 }
 
-TEST(TzSoapVersionTest, EnumerationsRestOnInt) {
+TEST(TzSoapVersion, EnumerationsRestOnInt) {
     EXPECT_TRUE((std::is_same_v<std::underlying_type_t<V::Version>, int>));
     EXPECT_TRUE((std::is_same_v<std::underlying_type_t<V::SoapAttribute>, int>));
     EXPECT_TRUE((std::is_same_v<std::underlying_type_t<V::SoapElement>, int>));
@@ -124,7 +124,7 @@ TEST(TzSoapVersionTest, EnumerationsRestOnInt) {
     EXPECT_TRUE((std::is_same_v<std::underlying_type_t<V::SoapRole>, int>));
 }
 
-TEST(TzSoapVersionTest, OneObjectPerVersion) {
+TEST(TzSoapVersion, OneObjectPerVersion) {
     EXPECT_EQ(soap11().getVersion(), V::V1_1);
     EXPECT_EQ(soap12().getVersion(), V::V1_2);
     EXPECT_EQ(&soap11(), &TzSoap11Version::getSoapVersion());
@@ -133,12 +133,12 @@ TEST(TzSoapVersionTest, OneObjectPerVersion) {
     EXPECT_NE(dynamic_cast<const TzSoap12Version*>(&soap12()), nullptr);
 }
 
-TEST(TzSoapVersionTest, TheLatestVersionIs12) {
+TEST(TzSoapVersion, TheLatestVersionIs12) {
     EXPECT_EQ(V::getLatestVersion(), 2);
     EXPECT_EQ(&V::getLatestSoapVersion(), &soap12());
 }
 
-TEST(TzSoapVersionTest, OtherNumbersAreNoVersions) {
+TEST(TzSoapVersion, OtherNumbersAreNoVersions) {
     const std::string text = "[UNKNOWN_VERSION][SOAP Version specified by URI \"\" is unknown ]";
     for (const V::Version version : noVersions) {
         expectCatalogued<TzXmlError>([&] { V::getSoapVersion(version); }, 0x7011, text);
@@ -151,7 +151,7 @@ TEST(TzSoapVersionTest, OtherNumbersAreNoVersions) {
     }
 }
 
-TEST(TzSoapVersionTest, VersionsAreCopiedAndNotMade) {
+TEST(TzSoapVersion, VersionsAreCopiedAndNotMade) {
     EXPECT_TRUE(std::is_abstract_v<V>);
     EXPECT_FALSE(std::is_default_constructible_v<TzSoap11Version>);
     EXPECT_FALSE(std::is_default_constructible_v<TzSoap12Version>);
@@ -166,13 +166,13 @@ TEST(TzSoapVersionTest, VersionsAreCopiedAndNotMade) {
     EXPECT_EQ(copy.getVersion(), V::V1_2);
 }
 
-TEST(TzSoapVersionTest, UsableBeforeMain) {
+TEST(TzSoapVersion, UsableBeforeMain) {
     EXPECT_EQ(startupName.getQualifiedName(), "SOAP-ENV:Envelope");
     EXPECT_TRUE(startupMatch);
     EXPECT_EQ(startupTags, BareVersion::tags());
 }
 
-TEST(TzSoapVersionTest, ThreadsMayLookUpAtOnce) {
+TEST(TzSoapVersion, ThreadsMayLookUpAtOnce) {
     std::vector<std::thread> threads;
     std::vector<const TzXmlName*> names(8);
     for (std::size_t i = 0; i < names.size(); ++i) {
@@ -188,7 +188,7 @@ TEST(TzSoapVersionTest, ThreadsMayLookUpAtOnce) {
         EXPECT_EQ(name, names[0]);
     }
 }
-TEST(TzSoapVersionTest, TheBaseHasNeitherFurtherNamespacesNorRoles) {
+TEST(TzSoapVersion, TheBaseHasNeitherFurtherNamespacesNorRoles) {
     const BareVersion bare;
     EXPECT_TRUE(bare.getSoapFault().isEmpty());
     EXPECT_TRUE(bare.getSoapRpc().isEmpty());
@@ -200,7 +200,7 @@ TEST(TzSoapVersionTest, TheBaseHasNeitherFurtherNamespacesNorRoles) {
     EXPECT_EQ(bare.getSoapRole(V::Next), "");
 }
 
-TEST(TzSoapVersionTest, TagsOfDerivedVersions) {
+TEST(TzSoapVersion, TagsOfDerivedVersions) {
     const std::vector<TzCString> expected = {"Envelope",
                                              "Body",
                                              "Header",

@@ -176,7 +176,7 @@ void expectSame(const GMimeOracle::Package& other, const TzMimeMultipart& read) 
 
 } // namespace
 
-TEST(PackagePropertyTest, EveryByteOfEveryAttachmentComesBack) {
+TEST(PackageProperty, EveryByteOfEveryAttachmentComesBack) {
     for (std::uint32_t seed = 1; seed <= 300 && !testing::Test::HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         Generator generator(seed);

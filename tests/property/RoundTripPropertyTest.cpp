@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::uint32_t Messages = 1500;
 
-TEST(RoundTripPropertyTest, AMessageReadFromItsTextIsTheSameMessageWithTheSameText) {
+TEST(RoundTripProperty, AMessageReadFromItsTextIsTheSameMessageWithTheSameText) {
     for (std::uint32_t seed = 1; seed <= Messages; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         const TzSoapMessage written = Generator(seed).message();
@@ -21,7 +21,7 @@ TEST(RoundTripPropertyTest, AMessageReadFromItsTextIsTheSameMessageWithTheSameTe
     }
 }
 
-TEST(RoundTripPropertyTest, OneMessageObjectReadsOneTextAfterTheOther) {
+TEST(RoundTripProperty, OneMessageObjectReadsOneTextAfterTheOther) {
     TzSoapMessage reused;
     for (std::uint32_t seed = 1; seed <= Messages / 10; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
@@ -33,7 +33,7 @@ TEST(RoundTripPropertyTest, OneMessageObjectReadsOneTextAfterTheOther) {
     }
 }
 
-TEST(RoundTripPropertyTest, ACopyIsWrittenLikeTheOriginal) {
+TEST(RoundTripProperty, ACopyIsWrittenLikeTheOriginal) {
     for (std::uint32_t seed = 1; seed <= Messages / 10; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         TzSoapMessage message = Generator(seed).message();

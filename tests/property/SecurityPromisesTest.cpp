@@ -23,6 +23,7 @@
 
 #include "model/TzSoapAccess.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <linux/audit.h>
@@ -290,9 +291,12 @@ TEST(SecurityPromises, TheLimitsBoundPrefixesUrisAndEncodingStyles) {
     };
     const TzSoapReadLimits limits;
     EXPECT_EQ(refusal(text(limits.prefixLength, limits.uriLength, limits.uriLength)), "");
-    EXPECT_NE(refusal(text(limits.prefixLength + 1, 1, 1)), "");
-    EXPECT_NE(refusal(text(1, limits.uriLength + 1, 1)), "");
-    EXPECT_NE(refusal(text(1, 1, limits.uriLength + 1)), "");
+    EXPECT_THAT(refusal(text(limits.prefixLength + 1, 1, 1)),
+                testing::StartsWith("the prefix of a namespace is too long, line 1, column "));
+    EXPECT_THAT(refusal(text(1, limits.uriLength + 1, 1)),
+                testing::StartsWith("the URI of a namespace is too long, line 1, column "));
+    EXPECT_THAT(refusal(text(1, 1, limits.uriLength + 1)),
+                testing::StartsWith("an encoding style is too long, line 1, column "));
 }
 
 TEST(SecurityPromises, TheLimitsBoundContentIdsAndContentLocations) {

@@ -21,14 +21,14 @@ TzXmlName type(const char* localName, const char* uri = "urn:types") {
 
 } // namespace
 
-TEST(TzSoapEncodingStyleTypeRegistryTest, StartsEmpty) {
+TEST(TzSoapEncodingStyleTypeRegistry, StartsEmpty) {
     const Registry registry;
     EXPECT_TRUE(registry.empty());
     EXPECT_FALSE(registry.lookupType(Style, type("Map")));
     EXPECT_FALSE(registry.lookupType("", TzXmlName()));
 }
 
-TEST(TzSoapEncodingStyleTypeRegistryTest, FindsExactlyTheRegisteredPairs) {
+TEST(TzSoapEncodingStyleTypeRegistry, FindsExactlyTheRegisteredPairs) {
     Registry registry;
     registry.registerType(Style, type("Map"));
     registry.registerType(Style, type("Blob"));
@@ -42,7 +42,7 @@ TEST(TzSoapEncodingStyleTypeRegistryTest, FindsExactlyTheRegisteredPairs) {
     EXPECT_FALSE(registry.lookupType("urn:other", type("Map")));
 }
 
-TEST(TzSoapEncodingStyleTypeRegistryTest, StylesAreComparedLetterByLetter) {
+TEST(TzSoapEncodingStyleTypeRegistry, StylesAreComparedLetterByLetter) {
     Registry registry;
     registry.registerType(Style, type("Map"));
     EXPECT_FALSE(registry.lookupType("http://schemas.xmlsoap.org/soap/encoding", type("Map")));
@@ -50,7 +50,7 @@ TEST(TzSoapEncodingStyleTypeRegistryTest, StylesAreComparedLetterByLetter) {
     EXPECT_FALSE(registry.lookupType("", type("Map")));
 }
 
-TEST(TzSoapEncodingStyleTypeRegistryTest, TypesAreComparedByNamespaceAndNotByPrefix) {
+TEST(TzSoapEncodingStyleTypeRegistry, TypesAreComparedByNamespaceAndNotByPrefix) {
     Registry registry;
     registry.registerType(Style, type("Map"));
     EXPECT_TRUE(registry.lookupType(Style, TzXmlName("Map", TzXmlNamespace("q", "urn:types"))));
@@ -59,7 +59,7 @@ TEST(TzSoapEncodingStyleTypeRegistryTest, TypesAreComparedByNamespaceAndNotByPre
     EXPECT_FALSE(registry.lookupType(Style, type("map")));
 }
 
-TEST(TzSoapEncodingStyleTypeRegistryTest, APairMayBeRegisteredTwice) {
+TEST(TzSoapEncodingStyleTypeRegistry, APairMayBeRegisteredTwice) {
     Registry registry;
     registry.registerType(Style, type("Map"));
     registry.registerType(Style, type("Map"));
@@ -68,7 +68,7 @@ TEST(TzSoapEncodingStyleTypeRegistryTest, APairMayBeRegisteredTwice) {
     EXPECT_FALSE(registry.lookupType("urn:other", type("Map")));
 }
 
-TEST(TzSoapEncodingStyleTypeRegistryTest, CopiesAreIndependent) {
+TEST(TzSoapEncodingStyleTypeRegistry, CopiesAreIndependent) {
     Registry registry;
     registry.registerType(Style, type("Map"));
     Registry copy(registry);
@@ -83,7 +83,7 @@ TEST(TzSoapEncodingStyleTypeRegistryTest, CopiesAreIndependent) {
     EXPECT_TRUE(moved.lookupType(Style, type("Blob")));
 }
 
-TEST(TzSoapEncodingStyleTypeRegistryTest, TheProcessHasOne) {
+TEST(TzSoapEncodingStyleTypeRegistry, TheProcessHasOne) {
     Registry* const registry = Registry::getRegistry();
     ASSERT_NE(registry, nullptr);
     EXPECT_EQ(Registry::getRegistry(), registry);
@@ -94,7 +94,7 @@ TEST(TzSoapEncodingStyleTypeRegistryTest, TheProcessHasOne) {
     EXPECT_FALSE(Registry().lookupType("urn:test:shared", type("Map")));
 }
 
-TEST(TzSoapEncodingStyleTypeRegistryTest, ThreadsGetTheSameOne) {
+TEST(TzSoapEncodingStyleTypeRegistry, ThreadsGetTheSameOne) {
     std::vector<const Registry*> seen(8);
     std::vector<std::thread> threads;
     for (std::size_t i = 0; i < seen.size(); ++i) {

@@ -23,14 +23,14 @@ TzXmlName type(const char* localName) { return TzXmlName(localName, TzXmlNamespa
 
 } // namespace
 
-TEST(TzSoapTypeRegistryTest, StartsEmpty) {
+TEST(TzSoapTypeRegistry, StartsEmpty) {
     const TzSoapTypeRegistry registry;
     EXPECT_TRUE(registry.empty());
     EXPECT_FALSE(registry.typeExists(price()));
     EXPECT_FALSE(registry.typeExists(TzXmlName()));
 }
 
-TEST(TzSoapTypeRegistryTest, FindsWhatWasRegistered) {
+TEST(TzSoapTypeRegistry, FindsWhatWasRegistered) {
     TzSoapTypeRegistry registry;
     registry.registerType(price(), type("double"));
     EXPECT_FALSE(registry.empty());
@@ -39,14 +39,14 @@ TEST(TzSoapTypeRegistryTest, FindsWhatWasRegistered) {
     EXPECT_EQ(registry.lookupType(price()).getPrefix(), "xsd");
 }
 
-TEST(TzSoapTypeRegistryTest, TheFirstRegistrationWins) {
+TEST(TzSoapTypeRegistry, TheFirstRegistrationWins) {
     TzSoapTypeRegistry registry;
     registry.registerType(price(), type("double"));
     registry.registerType(price(), type("int"));
     EXPECT_EQ(registry.lookupType(price()), type("double"));
 }
 
-TEST(TzSoapTypeRegistryTest, NamesDifferByNamespaceAndNotByPrefix) {
+TEST(TzSoapTypeRegistry, NamesDifferByNamespaceAndNotByPrefix) {
     TzSoapTypeRegistry registry;
     registry.registerType(price(), type("double"));
     const TzXmlName elsewhere("Price", TzXmlNamespace("m", "urn:other"));
@@ -61,7 +61,7 @@ TEST(TzSoapTypeRegistryTest, NamesDifferByNamespaceAndNotByPrefix) {
     EXPECT_EQ(registry.lookupType(unqualified), type("string"));
 }
 
-TEST(TzSoapTypeRegistryTest, LookingUpAnUnknownNameIsRefused) {
+TEST(TzSoapTypeRegistry, LookingUpAnUnknownNameIsRefused) {
     TzSoapTypeRegistry registry;
     registry.registerType(TzXmlName("Price"), type("double"));
     expectCatalogued<TzXmlBadArgError>(
@@ -72,7 +72,7 @@ TEST(TzSoapTypeRegistryTest, LookingUpAnUnknownNameIsRefused) {
         "[NO_TYPE][No type is registered for element named Name]");
 }
 
-TEST(TzSoapTypeRegistryTest, CopiesAreIndependent) {
+TEST(TzSoapTypeRegistry, CopiesAreIndependent) {
     TzSoapTypeRegistry registry;
     registry.registerType(price(), type("double"));
     TzSoapTypeRegistry copy(registry);
@@ -88,6 +88,6 @@ TEST(TzSoapTypeRegistryTest, CopiesAreIndependent) {
     EXPECT_TRUE(moved.typeExists(price()));
 }
 
-TEST(TzSoapTypeRegistryTest, IsABase) {
+TEST(TzSoapTypeRegistry, IsABase) {
     EXPECT_TRUE(std::has_virtual_destructor_v<TzSoapTypeRegistry>);
 }

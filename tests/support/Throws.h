@@ -23,6 +23,17 @@ template <typename Error, typename Action> std::string textThrown(const Action& 
     return {};
 }
 
+/// The text of the error, of whatever class, that `action` throws; fails the test when it throws nothing.
+template <typename Action> std::string errorOf(const Action& action) {
+    try {
+        action();
+    } catch (const Tzxmsg& error) {
+        return error.asString();
+    }
+    ADD_FAILURE() << "nothing was thrown";
+    return {};
+}
+
 /// The line of the text being read that the `Error` states, 0 for none; see `textThrown`.
 template <typename Error, typename Action> std::size_t lineThrown(const Action& action) {
     std::size_t line = 0;

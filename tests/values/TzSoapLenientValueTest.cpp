@@ -6,7 +6,7 @@
 
 #include <type_traits>
 
-TEST(TzSoapLenientValueTest, IsTheValueReaderUnderItsFirstName) {
+TEST(TzSoapLenientValue, IsTheValueReaderUnderItsFirstName) {
     EXPECT_TRUE((std::is_same_v<TzSoapLenientValue, TzSoapValueReader>));
     const TzSoapSimpleType amount("amount", "+7", TzSoapContentBase::xsdUnknown, false);
     EXPECT_EQ(TzSoapLenientValue(amount).getInt(), 7);

@@ -51,12 +51,12 @@ std::string iso(const TzDate& date) { return TzXmlUtils::convertDateToISOString(
 
 } // namespace
 
-TEST(TzSoapValueReaderTest, StringsStandAsTheyAre) {
+TEST(TzSoapValueReader, StringsStandAsTheyAre) {
     EXPECT_EQ(reader("").getString(), "");
     EXPECT_EQ(reader(" a\n b ").getString(), " a\n b ");
 }
 
-TEST(TzSoapValueReaderTest, BooleansInEveryForm) {
+TEST(TzSoapValueReader, BooleansInEveryForm) {
     for (const char* text : {"1", "true", " true", "1\n", "\t true \r\n"}) {
         EXPECT_TRUE(reader(text).getBool()) << text;
     }
@@ -68,13 +68,13 @@ TEST(TzSoapValueReaderTest, BooleansInEveryForm) {
     }
 }
 
-TEST(TzSoapValueReaderTest, TheStrictGetterStaysStrict) {
+TEST(TzSoapValueReader, TheStrictGetterStaysStrict) {
     const TzSoapSimpleType truth = value("true", Base::xsdBoolean);
     EXPECT_TRUE(TzSoapValueReader(truth).getBool());
     EXPECT_FALSE(truth.getBool());
 }
 
-TEST(TzSoapValueReaderTest, WholeNumbers) {
+TEST(TzSoapValueReader, WholeNumbers) {
     EXPECT_EQ(reader(" +42\n").getInt(), 42);
     EXPECT_EQ(reader("-7").getInt(), -7);
     EXPECT_EQ(reader("007").getInt(), 7);
@@ -90,7 +90,7 @@ TEST(TzSoapValueReaderTest, WholeNumbers) {
               std::numeric_limits<unsigned long>::max());
 }
 
-TEST(TzSoapValueReaderTest, LongNumbers) {
+TEST(TzSoapValueReader, LongNumbers) {
     EXPECT_EQ(reader(" -9223372036854775808 ").getLongLong(),
               std::numeric_limits<long long>::min());
     EXPECT_EQ(reader("18446744073709551615").getUnsignedLongLong(),
@@ -107,7 +107,7 @@ TEST(TzSoapValueReaderTest, LongNumbers) {
     expectRefused([](const auto& value) { value.getLongDouble(); }, "1,5", "a number");
 }
 
-TEST(TzSoapValueReaderTest, WhatIsNoWholeNumberOrDoesNotFitIsAnError) {
+TEST(TzSoapValueReader, WhatIsNoWholeNumberOrDoesNotFitIsAnError) {
     for (const char* text : {"", " ", "-", "+", "--1", "+-1", "1.0", "1 2", "12x", "0x10", "1e3",
                              "2147483648", "-2147483649", "99999999999999999999999"}) {
         expectRefused([](const auto& read) { read.getInt(); }, text, "an int");
@@ -120,7 +120,7 @@ TEST(TzSoapValueReaderTest, WhatIsNoWholeNumberOrDoesNotFitIsAnError) {
                   "an unsigned long");
 }
 
-TEST(TzSoapValueReaderTest, NumbersWithAPoint) {
+TEST(TzSoapValueReader, NumbersWithAPoint) {
     EXPECT_EQ(reader("17").getDouble(), 17.0);
     EXPECT_EQ(reader(" +1.5E-3 ").getDouble(), 0.0015);
     EXPECT_EQ(reader("-.5").getDouble(), -0.5);
@@ -143,13 +143,13 @@ TEST(TzSoapValueReaderTest, NumbersWithAPoint) {
     expectRefused([](const auto& read) { read.getFloat(); }, "x", "a float");
 }
 
-TEST(TzSoapValueReaderTest, Decimals) {
+TEST(TzSoapValueReader, Decimals) {
     EXPECT_EQ(reader(" +12345678901234567890.50\n").getDecimal().asString(),
               "12345678901234567890.50");
     expectRefused([](const auto& read) { read.getDecimal(); }, "12,5", "a decimal");
 }
 
-TEST(TzSoapValueReaderTest, DatesWithAndWithoutZone) {
+TEST(TzSoapValueReader, DatesWithAndWithoutZone) {
     EXPECT_EQ(iso(reader("2026-02-28").getDate()), "2026-02-28");
     EXPECT_EQ(iso(reader(" 2026-02-28+01:00 ").getDate()), "2026-02-28+01:00");
     EXPECT_EQ(iso(reader("2026-02-28T23:59:59Z").getDate()), "2026-02-28Z");
@@ -166,12 +166,12 @@ TEST(TzSoapValueReaderTest, DatesWithAndWithoutZone) {
     }
 }
 
-TEST(TzSoapValueReaderTest, Durations) {
+TEST(TzSoapValueReader, Durations) {
     EXPECT_EQ(reader(" -P1DT2H\n").getDuration().asString(), "-P1DT2H");
     expectRefused([](const auto& read) { read.getDuration(); }, "1 day", "a duration");
 }
 
-TEST(TzSoapValueReaderTest, BytesInBase64AndInHexadecimalDigits) {
+TEST(TzSoapValueReader, BytesInBase64AndInHexadecimalDigits) {
     EXPECT_EQ(reader("").getBytes(), "");
     EXPECT_EQ(reader(" AAECAw\n== \r\n").getBytes(), std::string("\0\1\2\3", 4));
     EXPECT_EQ(TzSoapValueReader(value(" 00fF7f ", Base::xsdHexBinary)).getBytes(),
@@ -186,7 +186,7 @@ TEST(TzSoapValueReaderTest, BytesInBase64AndInHexadecimalDigits) {
     }
 }
 
-TEST(TzSoapValueReaderTest, NilInEveryForm) {
+TEST(TzSoapValueReader, NilInEveryForm) {
     for (const char* attribute :
          {"xsi:nil=\"1\"", "xsi:nil=\"true\"", "xsi:nil=\" true \"", "xsi:null=\"1\"",
           "xmlns:i=\"http://www.w3.org/2001/XMLSchema-instance\" i:nil=\"true\"",
@@ -206,12 +206,12 @@ TEST(TzSoapValueReaderTest, NilInEveryForm) {
     }
 }
 
-TEST(TzSoapValueReaderTest, ANilArrayCountsAsSimple) {
+TEST(TzSoapValueReader, ANilArrayCountsAsSimple) {
     EXPECT_TRUE(
         TzSoapValueReader(member("<a c:arrayType=\"xsd:int[0]\" xsi:nil=\"true\"/>")).isNull());
 }
 
-TEST(TzSoapValueReaderTest, AnArrayPositionWithoutItemIsNil) {
+TEST(TzSoapValueReader, AnArrayPositionWithoutItemIsNil) {
     const TzSoapCompactArrayType array(TzXmlName("list"), "xsd:int", 2U, 0U);
     const TzSoapValueReader read(array[1]);
     EXPECT_TRUE(read.isNull());
@@ -220,7 +220,7 @@ TEST(TzSoapValueReaderTest, AnArrayPositionWithoutItemIsNil) {
               "an array position without item is nil, not an int");
 }
 
-TEST(TzSoapValueReaderTest, TypesUnderAnyPrefixAndName) {
+TEST(TzSoapValueReader, TypesUnderAnyPrefixAndName) {
     const auto typeOf = [](const std::string& attributes) {
         return TzSoapValueReader(member("<a " + attributes + ">1</a>")).getType();
     };
@@ -242,7 +242,7 @@ TEST(TzSoapValueReaderTest, TypesUnderAnyPrefixAndName) {
     EXPECT_EQ(TzSoapValueReader(value("1", Base::xsdShort)).getType(), Base::xsdShort);
 }
 
-TEST(TzSoapValueReaderTest, AReferenceStandsForItsValue) {
+TEST(TzSoapValueReader, AReferenceStandsForItsValue) {
     const TzSoapMessage message =
         messageOf(envelope(TzSoapVersion::V1_1, "<m><a href=\"#x\"/></m><r id=\"x\" href=\"#y\"/>"
                                                 "<r id=\"y\" xsi:type=\"xsd:int\">5</r>"));
@@ -251,7 +251,7 @@ TEST(TzSoapValueReaderTest, AReferenceStandsForItsValue) {
     EXPECT_EQ(read.getType(), Base::xsdInt);
 }
 
-TEST(TzSoapValueReaderTest, FollowsReferencesToAnyKind) {
+TEST(TzSoapValueReader, FollowsReferencesToAnyKind) {
     const TzSoapMessage message = messageOf(
         envelope(TzSoapVersion::V1_1, "<m><a href=\"#x\"/><b href=\"#none\"/><c><d/></c></m>"
                                       "<r id=\"x\"><n>5</n></r>"));
@@ -261,7 +261,7 @@ TEST(TzSoapValueReaderTest, FollowsReferencesToAnyKind) {
     EXPECT_EQ(TzSoapValueReader::follow(child(parent, "c")).getName(), TzXmlName("c"));
 }
 
-TEST(TzSoapValueReaderTest, AReferenceToItselfEnds) {
+TEST(TzSoapValueReader, AReferenceToItselfEnds) {
     const TzSoapMessage message =
         messageOf(envelope(TzSoapVersion::V1_1, "<m><a id=\"x\" href=\"#x\"/></m>"));
     const TzSoapType loop = *composite(*message.getSoapBody().entriesBegin()).childrenBegin();
@@ -269,7 +269,7 @@ TEST(TzSoapValueReaderTest, AReferenceToItselfEnds) {
               "element \"a\" is not a simple value but of kind \"Reference\"");
 }
 
-TEST(TzSoapValueReaderTest, OtherKindsAreErrors) {
+TEST(TzSoapValueReader, OtherKindsAreErrors) {
     const auto refusal = [](const TzSoapType& other) {
         return textThrown<TzXmlBadArgError>([&] { TzSoapValueReader read(other); });
     };
@@ -287,7 +287,7 @@ TEST(TzSoapValueReaderTest, OtherKindsAreErrors) {
               "element \"a\" is not a simple value but of kind \"Reference\"");
 }
 
-TEST(TzSoapValueReaderTest, MessagesShowTheBeginningOfLongTexts) {
+TEST(TzSoapValueReader, MessagesShowTheBeginningOfLongTexts) {
     const std::string shown(80, '9');
     EXPECT_EQ(textThrown<TzXmlBadArgError>([&] { (void)reader(shown + "99").getInt(); }),
               "element \"m:amount\": \"" + shown + "...\" is not an int");

@@ -27,14 +27,14 @@ const Case cases[] = {
 
 } // namespace
 
-TEST(TzMimeBase64Test, BytesBecomeTextAndComeBack) {
+TEST(TzMimeBase64, BytesBecomeTextAndComeBack) {
     for (const Case& entry : cases) {
         EXPECT_EQ(TzMimeBase64::encode(entry.bytes), entry.text);
         EXPECT_EQ(TzMimeBase64::decode(entry.text), entry.bytes) << entry.text;
     }
 }
 
-TEST(TzMimeBase64Test, LongTextsHaveNoLineBreaks) {
+TEST(TzMimeBase64, LongTextsHaveNoLineBreaks) {
     std::string bytes;
     for (int i = 0; i < 1000; ++i) {
         bytes += static_cast<char>(i);
@@ -45,12 +45,12 @@ TEST(TzMimeBase64Test, LongTextsHaveNoLineBreaks) {
     EXPECT_EQ(TzMimeBase64::decode(text), bytes);
 }
 
-TEST(TzMimeBase64Test, WhiteSpaceIsSkipped) {
+TEST(TzMimeBase64, WhiteSpaceIsSkipped) {
     EXPECT_EQ(TzMimeBase64::decode(" Z\tm9\r\nvYg = =\n"), "foob");
     EXPECT_EQ(TzMimeBase64::decode(" \n"), "");
 }
 
-TEST(TzMimeBase64Test, OtherTextsAreRefused) {
+TEST(TzMimeBase64, OtherTextsAreRefused) {
     for (const char* text : {"Z", "Zg", "Zg=", "Zm9", "Zg==Zg==", "Z===", "====", "=", "Zg=a",
                              "Zm9*", "Zm9-", "Zm9_", "Zm9v\x0B"}) {
         EXPECT_EQ(TzMimeBase64::decode(text), std::nullopt) << text;

@@ -10,14 +10,14 @@
 
 namespace {
 
-class TzBodyRingTest : public testing::Test {
+class BodyRing : public testing::Test {
 protected:
-    ~TzBodyRingTest() override { EXPECT_EQ(Node::Body::living, 0); }
+    ~BodyRing() override { EXPECT_EQ(Node::Body::living, 0); }
 };
 
 } // namespace
 
-TEST_F(TzBodyRingTest, GoesWithTheLastHandleThatIsNoLink) {
+TEST_F(BodyRing, GoesWithTheLastHandleThatIsNoLink) {
     Node first = ringOf(3);
     EXPECT_EQ(Node::Body::living, 3);
     Node second = first.child();
@@ -27,14 +27,14 @@ TEST_F(TzBodyRingTest, GoesWithTheLastHandleThatIsNoLink) {
     EXPECT_EQ(Node::Body::living, 0);
 }
 
-TEST_F(TzBodyRingTest, ABodyOfItsOwnIsARing) {
+TEST_F(BodyRing, ABodyOfItsOwnIsARing) {
     Node node = ringOf(1);
     EXPECT_EQ(node.pointer(), node.child().pointer());
     node = Node();
     EXPECT_EQ(Node::Body::living, 0);
 }
 
-TEST_F(TzBodyRingTest, KnowsItsBodies) {
+TEST_F(BodyRing, KnowsItsBodies) {
     const Node inside = ringOf(2);
     const Node outside(new Node::Body);
     EXPECT_TRUE(TzBodyRing::contains(*inside.pointer()));
@@ -42,7 +42,7 @@ TEST_F(TzBodyRingTest, KnowsItsBodies) {
     EXPECT_FALSE(TzBodyRing::contains(*outside.pointer()));
 }
 
-TEST_F(TzBodyRingTest, AllHandlesAreCounted) {
+TEST_F(BodyRing, AllHandlesAreCounted) {
     const Node node = ringOf(2);
     EXPECT_EQ(node.pointer()->referenceCount(), 2U);
     EXPECT_EQ(node.child().pointer()->referenceCount(), 1U);
@@ -50,7 +50,7 @@ TEST_F(TzBodyRingTest, AllHandlesAreCounted) {
     EXPECT_EQ(node.child().pointer()->referenceCount(), 2U);
 }
 
-TEST_F(TzBodyRingTest, EveryBodyKeepsAll) {
+TEST_F(BodyRing, EveryBodyKeepsAll) {
     for (int kept = 0; kept < 4; ++kept) {
         Node node = ringOf(4);
         for (int i = 0; i < kept; ++i) {
@@ -67,7 +67,7 @@ TEST_F(TzBodyRingTest, EveryBodyKeepsAll) {
     }
 }
 
-TEST_F(TzBodyRingTest, WhatTheRingHoldsGoesWithIt) {
+TEST_F(BodyRing, WhatTheRingHoldsGoesWithIt) {
     Node node = ringOf(2);
     node.other() = Node::above(Node(new Node::Body));
     EXPECT_EQ(Node::Body::living, 4);
@@ -75,14 +75,14 @@ TEST_F(TzBodyRingTest, WhatTheRingHoldsGoesWithIt) {
     EXPECT_EQ(Node::Body::living, 0);
 }
 
-TEST_F(TzBodyRingTest, WhatHoldsTheRingKeepsIt) {
+TEST_F(BodyRing, WhatHoldsTheRingKeepsIt) {
     Node holder = Node::above(ringOf(2));
     EXPECT_EQ(Node::Body::living, 3);
     holder = Node();
     EXPECT_EQ(Node::Body::living, 0);
 }
 
-TEST_F(TzBodyRingTest, ALinkThatIsReplacedEndsTheCircle) {
+TEST_F(BodyRing, ALinkThatIsReplacedEndsTheCircle) {
     Node first = ringOf(2);
     Node second = first.child();
     second.child() = Node();
@@ -93,7 +93,7 @@ TEST_F(TzBodyRingTest, ALinkThatIsReplacedEndsTheCircle) {
     EXPECT_EQ(Node::Body::living, 0);
 }
 
-TEST_F(TzBodyRingTest, WhatIsMovedOutOfALinkIsAHandle) {
+TEST_F(BodyRing, WhatIsMovedOutOfALinkIsAHandle) {
     Node first = ringOf(2);
     Node second = std::move(first.child());
     EXPECT_EQ(first.child().pointer(), nullptr);
@@ -103,7 +103,7 @@ TEST_F(TzBodyRingTest, WhatIsMovedOutOfALinkIsAHandle) {
     EXPECT_EQ(Node::Body::living, 0);
 }
 
-TEST_F(TzBodyRingTest, WhatIsDetachedFromALinkIsCounted) {
+TEST_F(BodyRing, WhatIsDetachedFromALinkIsCounted) {
     Node first = ringOf(2);
     TzBodyBase* body = first.child().detachBody();
     EXPECT_EQ(body->referenceCount(), 1U);
@@ -115,7 +115,7 @@ TEST_F(TzBodyRingTest, WhatIsDetachedFromALinkIsCounted) {
     EXPECT_EQ(Node::Body::living, 0);
 }
 
-TEST_F(TzBodyRingTest, ALinkAssignedToItselfIsOneStill) {
+TEST_F(BodyRing, ALinkAssignedToItselfIsOneStill) {
     Node first = ringOf(2);
     Node& link = first.child();
     Node& same = link;
@@ -124,7 +124,7 @@ TEST_F(TzBodyRingTest, ALinkAssignedToItselfIsOneStill) {
     EXPECT_EQ(Node::Body::living, 0);
 }
 
-TEST_F(TzBodyRingTest, ACopiedBodyIsInNoRing) {
+TEST_F(BodyRing, ACopiedBodyIsInNoRing) {
     Node first = ringOf(2);
     Node copy(new Node::Body(first.body()));
     EXPECT_FALSE(TzBodyRing::contains(*copy.pointer()));
@@ -135,7 +135,7 @@ TEST_F(TzBodyRingTest, ACopiedBodyIsInNoRing) {
     EXPECT_EQ(Node::Body::living, 0);
 }
 
-TEST_F(TzBodyRingTest, AnUnheldRingGoesAtOnce) {
+TEST_F(BodyRing, AnUnheldRingGoesAtOnce) {
     auto* body = new Node::Body;
     const Node link(body);
     body->child = link;
@@ -145,7 +145,7 @@ TEST_F(TzBodyRingTest, AnUnheldRingGoesAtOnce) {
     EXPECT_EQ(Node::Body::living, 1);
 }
 
-TEST_F(TzBodyRingTest, AHandleThatJoinsIsALink) {
+TEST_F(BodyRing, AHandleThatJoinsIsALink) {
     Node first = ringOf(3);
     first.other() = first.child().child();
     TzBodyRing::join(*first.pointer(), first.other());
@@ -154,7 +154,7 @@ TEST_F(TzBodyRingTest, AHandleThatJoinsIsALink) {
     EXPECT_EQ(Node::Body::living, 0);
 }
 
-TEST_F(TzBodyRingTest, WhatLeadsElsewhereDoesNotJoin) {
+TEST_F(BodyRing, WhatLeadsElsewhereDoesNotJoin) {
     Node first = ringOf(2);
     Node second = ringOf(2);
     first.other() = second;
@@ -168,7 +168,7 @@ TEST_F(TzBodyRingTest, WhatLeadsElsewhereDoesNotJoin) {
     EXPECT_EQ(Node::Body::living, 0);
 }
 
-TEST_F(TzBodyRingTest, TheOnlyHandleOfARingDoesNotJoin) {
+TEST_F(BodyRing, TheOnlyHandleOfARingDoesNotJoin) {
     Node first = ringOf(2);
     Node::Body& body = first.body();
     body.other = std::move(first); // nothing else keeps the ring now
@@ -177,7 +177,7 @@ TEST_F(TzBodyRingTest, TheOnlyHandleOfARingDoesNotJoin) {
     const Node last = std::move(body.other);
 }
 
-TEST_F(TzBodyRingTest, ALongRingGoesWithoutRecursionAndMemory) {
+TEST_F(BodyRing, ALongRingGoesWithoutRecursionAndMemory) {
     constexpr int Length = 200'000;
     Node node = ringOf(Length);
     EXPECT_EQ(Node::Body::living, Length);
@@ -187,7 +187,7 @@ TEST_F(TzBodyRingTest, ALongRingGoesWithoutRecursionAndMemory) {
     EXPECT_EQ(Node::Body::living, 0);
 }
 
-TEST_F(TzBodyRingTest, GivesEverythingBack) {
+TEST_F(BodyRing, GivesEverythingBack) {
     const std::ptrdiff_t before = liveAllocations();
     ringOf(10);
     EXPECT_EQ(liveAllocations(), before);
@@ -199,7 +199,7 @@ TEST_F(TzBodyRingTest, GivesEverythingBack) {
     EXPECT_EQ(liveAllocations(), before);
 }
 
-TEST_F(TzBodyRingTest, WithoutMemoryNothingIsClosed) {
+TEST_F(BodyRing, WithoutMemoryNothingIsClosed) {
     Node first(new Node::Body);
     Node second(new Node::Body);
     first.child() = second;

@@ -14,22 +14,22 @@
 
 namespace {
 
-class TzHandleBaseTest : public testing::Test {
+class HandleBase : public testing::Test {
 protected:
-    ~TzHandleBaseTest() override { EXPECT_EQ(Node::Body::living, 0); }
+    ~HandleBase() override { EXPECT_EQ(Node::Body::living, 0); }
 
     static Node leaf() { return Node(new Node::Body); }
 };
 
 } // namespace
 
-TEST_F(TzHandleBaseTest, TakesOneReference) {
+TEST_F(HandleBase, TakesOneReference) {
     const Node node = leaf();
     EXPECT_EQ(node.pointer()->referenceCount(), 1U);
     EXPECT_EQ(Node::Body::living, 1);
 }
 
-TEST_F(TzHandleBaseTest, CopiesShareTheBody) {
+TEST_F(HandleBase, CopiesShareTheBody) {
     const Node first = leaf();
     {
         const Node second(first);
@@ -39,7 +39,7 @@ TEST_F(TzHandleBaseTest, CopiesShareTheBody) {
     EXPECT_EQ(first.pointer()->referenceCount(), 1U);
 }
 
-TEST_F(TzHandleBaseTest, AssignmentSharesAndReleases) {
+TEST_F(HandleBase, AssignmentSharesAndReleases) {
     const Node first = leaf();
     Node second = leaf();
     second = first;
@@ -48,7 +48,7 @@ TEST_F(TzHandleBaseTest, AssignmentSharesAndReleases) {
     EXPECT_EQ(first.pointer()->referenceCount(), 2U);
 }
 
-TEST_F(TzHandleBaseTest, MovesLeaveTheSourceWithoutABody) {
+TEST_F(HandleBase, MovesLeaveTheSourceWithoutABody) {
     Node first = leaf();
     TzBodyBase* body = first.pointer();
     Node second(std::move(first));
@@ -60,7 +60,7 @@ TEST_F(TzHandleBaseTest, MovesLeaveTheSourceWithoutABody) {
     static_assert(std::is_nothrow_move_assignable_v<Node>);
 }
 
-TEST_F(TzHandleBaseTest, MoveAssignmentReleasesTheOldBody) {
+TEST_F(HandleBase, MoveAssignmentReleasesTheOldBody) {
     Node first = leaf();
     Node second = leaf();
     TzBodyBase* body = first.pointer();
@@ -71,7 +71,7 @@ TEST_F(TzHandleBaseTest, MoveAssignmentReleasesTheOldBody) {
     EXPECT_EQ(first.pointer(), nullptr); // NOLINT(bugprone-use-after-move)
 }
 
-TEST_F(TzHandleBaseTest, SurvivesSelfAssignment) {
+TEST_F(HandleBase, SurvivesSelfAssignment) {
     Node node = leaf();
     TzBodyBase* body = node.pointer();
     Node& same = node;
@@ -83,7 +83,7 @@ TEST_F(TzHandleBaseTest, SurvivesSelfAssignment) {
     EXPECT_EQ(body->referenceCount(), 1U);
 }
 
-TEST_F(TzHandleBaseTest, TakesItsOwnChild) {
+TEST_F(HandleBase, TakesItsOwnChild) {
     Node node = Node::above(Node::above(leaf()));
     TzBodyBase* child = node.child().pointer();
     node = node.child();
@@ -92,7 +92,7 @@ TEST_F(TzHandleBaseTest, TakesItsOwnChild) {
     EXPECT_EQ(Node::Body::living, 2);
 }
 
-TEST_F(TzHandleBaseTest, TakesItsOwnChildByMove) {
+TEST_F(HandleBase, TakesItsOwnChildByMove) {
     Node node = Node::above(Node::above(leaf()));
     TzBodyBase* child = node.child().pointer();
     node = std::move(node.child());
@@ -101,7 +101,7 @@ TEST_F(TzHandleBaseTest, TakesItsOwnChildByMove) {
     EXPECT_EQ(Node::Body::living, 2);
 }
 
-TEST_F(TzHandleBaseTest, ThrowsWithoutABody) {
+TEST_F(HandleBase, ThrowsWithoutABody) {
     const Node node;
     EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&] { node.child(); }), "Invalid pointer");
     const Node copy(node);
@@ -111,7 +111,7 @@ TEST_F(TzHandleBaseTest, ThrowsWithoutABody) {
     EXPECT_EQ(textThrown<TzTHRInvalidPointer>([&] { assigned.child(); }), "Invalid pointer");
 }
 
-TEST_F(TzHandleBaseTest, BorrowsABodyWithoutCounting) {
+TEST_F(HandleBase, BorrowsABodyWithoutCounting) {
     Node::Body body;
     Node node;
     node.attachBody(&body);
@@ -120,7 +120,7 @@ TEST_F(TzHandleBaseTest, BorrowsABodyWithoutCounting) {
     EXPECT_EQ(node.pointer(), nullptr);
 }
 
-TEST_F(TzHandleBaseTest, AMillionLevelsDieWithoutRecursion) {
+TEST_F(HandleBase, AMillionLevelsDieWithoutRecursion) {
     constexpr int Levels = 1'000'000;
     Node top = leaf();
     for (int i = 1; i < Levels; ++i) {
@@ -133,7 +133,7 @@ TEST_F(TzHandleBaseTest, AMillionLevelsDieWithoutRecursion) {
     EXPECT_EQ(Node::Body::living, 0);
 }
 
-TEST_F(TzHandleBaseTest, SharedPartsOutliveDeepStructures) {
+TEST_F(HandleBase, SharedPartsOutliveDeepStructures) {
     const Node shared = leaf();
     Node top = Node::above(Node::above(shared));
     EXPECT_EQ(shared.pointer()->referenceCount(), 2U);
@@ -142,7 +142,7 @@ TEST_F(TzHandleBaseTest, SharedPartsOutliveDeepStructures) {
     EXPECT_EQ(Node::Body::living, 1);
 }
 
-TEST_F(TzHandleBaseTest, GrowingListsMoveHandles) {
+TEST_F(HandleBase, GrowingListsMoveHandles) {
     const Node node = leaf();
     std::vector<Node> nodes;
     for (std::size_t i = 0; i < 100; ++i) {

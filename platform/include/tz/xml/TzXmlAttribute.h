@@ -31,6 +31,7 @@ public:
     TzXmlAttribute(TzXmlAttribute&& other) noexcept
         : name_(std::move(other.getName())), value_(std::move(other.value_)),
           shared_(std::move(other.shared_)) {}
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): each of the members handles it
     TzXmlAttribute& operator=(const TzXmlAttribute& other) {
         value_ = other.value_;
         shared_ = other.shared_;
