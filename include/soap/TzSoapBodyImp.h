@@ -62,7 +62,7 @@ public:
     unsigned int entryCount() const noexcept { return entries_.size(); }
     /// The first entry.
     iterator entriesBegin() noexcept { return entries_.begin(); }
-    /// Behind the last entry.
+    /// One past the last entry.
     iterator entriesEnd() noexcept { return entries_.end(); }
     /// Adds `entry`, shared, at the end. An entry without a body throws `TzTHRInvalidPointer`; so
     /// do all operations that add one.

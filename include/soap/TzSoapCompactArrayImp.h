@@ -75,11 +75,11 @@ public:
     std::vector<unsigned int> assignedPositions() const;
     /// The first of all items, as one block; valid until the array grows or takes other bounds.
     const TzSoapDefaultType* begin() const;
-    /// Behind the last of all items; validity as for `begin`.
+    /// One past the last of all items; validity as for `begin`.
     const TzSoapDefaultType* end() const;
     /// The first of all items, as one block; valid until the array grows or takes other bounds.
     TzSoapDefaultType* begin();
-    /// Behind the last of all items; validity as for `begin`.
+    /// One past the last of all items; validity as for `begin`.
     TzSoapDefaultType* end();
     /// The items that may be assigned, in order: those left out were never reached. Takes no
     /// memory.
@@ -99,6 +99,8 @@ protected:
     void place(std::uint64_t position, TzSoapType&& member, TzSoapParseContext* context) override;
 
 private:
+    friend struct TzSoapAccess;
+
     TzSoapCompactArrayImp(const TzXmlName& name, const TzCString& elementType, const Index& bounds);
 
     void initialize();

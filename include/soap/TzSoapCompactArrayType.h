@@ -86,11 +86,11 @@ public:
 
     /// The first item, in order of position; valid until the array grows or takes other bounds.
     TzSoapDefaultType* begin();
-    /// Behind the last item; validity as for `begin`.
+    /// One past the last item; validity as for `begin`.
     TzSoapDefaultType* end();
     /// The first item, in order of position; valid until the array grows or takes other bounds.
     const TzSoapDefaultType* begin() const;
-    /// Behind the last item; validity as for `begin`.
+    /// One past the last item; validity as for `begin`.
     const TzSoapDefaultType* end() const;
 
 protected:

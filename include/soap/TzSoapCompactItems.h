@@ -171,7 +171,7 @@ public:
 
     /// The first item.
     iterator begin() const noexcept { return {*this, from_}; }
-    /// Behind the last item.
+    /// One past the last item.
     iterator end() const noexcept { return {*this, to_}; }
     /// Whether there are no items.
     bool empty() const noexcept { return from_ == to_; }

@@ -39,9 +39,9 @@ public:
     iterator childrenBegin();
     /// The first child.
     const_iterator childrenBegin() const;
-    /// Behind the last child.
+    /// One past the last child.
     iterator childrenEnd();
-    /// Behind the last child.
+    /// One past the last child.
     const_iterator childrenEnd() const;
     /// The first child of all; serves range-based loops.
     iterator begin() { return childrenBegin(); }

@@ -42,9 +42,9 @@ public:
     iterator childrenBegin() noexcept { return children_.begin(); }
     /// The first child.
     const_iterator childrenBegin() const noexcept { return children_.begin(); }
-    /// Behind the last child.
+    /// One past the last child.
     iterator childrenEnd() noexcept { return children_.end(); }
-    /// Behind the last child.
+    /// One past the last child.
     const_iterator childrenEnd() const noexcept { return children_.end(); }
     /// Adds a child at the end.
     void appendChild(const TzSoapType& child) { children_.append(child); }

@@ -38,9 +38,9 @@ public:
     TzXmlAttribute* attributesBegin();
     /// The first attribute.
     const TzXmlAttribute* attributesBegin() const;
-    /// Behind the last attribute.
+    /// One past the last attribute.
     TzXmlAttribute* attributesEnd();
-    /// Behind the last attribute.
+    /// One past the last attribute.
     const TzXmlAttribute* attributesEnd() const;
     /// Removes all attributes, declarations included.
     void clearAttributes();

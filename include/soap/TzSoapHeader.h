@@ -112,9 +112,9 @@ public:
     iterator entriesBegin();
     /// The first entry.
     const_iterator entriesBegin() const;
-    /// Behind the last entry.
+    /// One past the last entry.
     iterator entriesEnd();
-    /// Behind the last entry.
+    /// One past the last entry.
     const_iterator entriesEnd() const;
     /// The first entry of all; serves range-based loops.
     iterator begin() { return entriesBegin(); }

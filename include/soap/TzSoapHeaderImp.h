@@ -74,7 +74,7 @@ public:
     unsigned int entryCount() const noexcept { return entries_.size(); }
     /// The first entry.
     iterator entriesBegin() noexcept { return entries_.begin(); }
-    /// Behind the last entry.
+    /// One past the last entry.
     iterator entriesEnd() noexcept { return entries_.end(); }
     /// Removes every entry named `name`. O(entries).
     void removeAllEntries(const TzXmlName& name) { entries_.removeAll(name); }

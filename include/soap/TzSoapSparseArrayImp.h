@@ -58,11 +58,11 @@ public:
 
     /// The first item.
     iterator begin();
-    /// Behind the last item.
+    /// One past the last item.
     iterator end();
     /// The first item.
     const_iterator begin() const noexcept { return items_.begin(); }
-    /// Behind the last item.
+    /// One past the last item.
     const_iterator end() const noexcept { return items_.end(); }
     /// The size given to the constructor that takes one, 0 for the others.
     unsigned int getSize() const noexcept { return size_; }

@@ -61,11 +61,11 @@ public:
     /// first of several items with one index. References to more than 16 indices must not be kept
     /// over a look-up and changed after it.
     iterator begin();
-    /// Behind the last item.
+    /// One past the last item.
     iterator end();
     /// The first item.
     const_iterator begin() const;
-    /// Behind the last item.
+    /// One past the last item.
     const_iterator end() const;
 
 protected:

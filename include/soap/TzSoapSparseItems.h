@@ -41,11 +41,11 @@ public:
 
     /// The first item.
     iterator begin();
-    /// Behind the last item.
+    /// One past the last item.
     iterator end();
     /// The first item.
     const_iterator begin() const noexcept;
-    /// Behind the last item.
+    /// One past the last item.
     const_iterator end() const noexcept;
     /// Number of items.
     std::size_t size() const noexcept { return nodes_.size(); }

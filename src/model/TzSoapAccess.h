@@ -3,6 +3,7 @@
 
 #include <tz/pointer/TzBodyBase.h>
 
+#include <cstdint>
 #include <type_traits>
 #include <utility>
 
@@ -46,6 +47,17 @@ struct TzSoapAccess {
     template <typename Handle>
     static bool refersTo(const Handle& handle, const TzBodyBase* body) noexcept {
         return handle.bodyPointer() == body;
+    }
+    /// The item at `index` of `array`, a compact array; null where none came to life, and unless
+    /// both have two axes.
+    template <typename Array, typename Index>
+    static auto* storedInPlane(Array& array, const Index& index) noexcept {
+        const Index& step = array.getStep();
+        // No item has the position that stands for another number of axes.
+        const bool isPlane = index.size() == 2 && step.size() == 2;
+        const auto position =
+            isPlane ? std::uint64_t{step[0]} * index[0] + index[1] : Array::Largest + 1;
+        return array.items_.find(position - array.base_);
     }
     /// What `writer` writes with.
     template <typename Writer> static auto& path(const Writer& writer) noexcept {

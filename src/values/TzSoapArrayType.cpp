@@ -5,9 +5,24 @@
 #include <soap/TzSoapCompactArrayImp.h>
 #include <soap/TzSoapSparseArrayImp.h>
 
+#include "model/TzSoapAccess.h"
 #include "model/TzSoapBodyAs.h"
 
+#include <typeinfo>
+
 using Index = std::vector<unsigned int>;
+
+namespace {
+
+/// Fast path: the item at `index` of a compact array of two axes, null where none came to life and
+/// for every body of another class, which is asked by its virtual functions.
+TzSoapDefaultType* storedInPlane(TzBodyBase& body, const Index& index) noexcept {
+    return &typeid(body) == &typeid(TzSoapCompactArrayImp)
+               ? TzSoapAccess::storedInPlane(static_cast<TzSoapCompactArrayImp&>(body), index)
+               : nullptr;
+}
+
+} // namespace
 
 TzSoapArrayType::TzSoapArrayType(TzSoapArrayTypeImp* body) noexcept : TzSoapType(body) {}
 
@@ -70,10 +85,14 @@ const TzSoapType& TzSoapArrayType::operator()(unsigned int position) const {
     return constBody().bcat(position);
 }
 
-TzSoapType& TzSoapArrayType::operator()(const Index& index) { return body().bcat(index); }
+TzSoapType& TzSoapArrayType::operator()(const Index& index) {
+    TzSoapType* const stored = storedInPlane(bodyBase(), index);
+    return stored != nullptr ? *stored : body().bcat(index);
+}
 
 const TzSoapType& TzSoapArrayType::operator()(const Index& index) const {
-    return constBody().bcat(index);
+    const TzSoapType* const stored = storedInPlane(bodyBase(), index);
+    return stored != nullptr ? *stored : constBody().bcat(index);
 }
 
 TzSoapType& TzSoapArrayType::operator()(const TzCString& index) { return body().bcat(index); }
