@@ -23,7 +23,8 @@ template <typename Error, typename Action> std::string textThrown(const Action& 
     return {};
 }
 
-/// The text of the error, of whatever class, that `action` throws; fails the test when it throws nothing.
+/// The text of the error, of whatever class, that `action` throws; fails the test when it throws
+/// nothing.
 template <typename Action> std::string errorOf(const Action& action) {
     try {
         action();
