@@ -311,6 +311,9 @@ void TzSoapStartTag::checkName(std::string_view prefix, const TzXmlName& name) {
         refuseName(prefix, prefix.empty() ? std::string_view() : TzXmlWriter::Colon,
                    name.getLocalName());
     }
+    if (prefix.empty() && name.getLocalName() == TzXmlNamespace::getXmlns().getPrefix()) {
+        refuse("\"xmlns\" names a declaration, not an attribute");
+    }
 }
 
 void TzSoapStartTag::writeAttributes() {

@@ -112,6 +112,12 @@ TEST(WrittenName, AnEmptyAttributeNameIsRefused) {
                   "\"p:\" is no name of XML");
 }
 
+// A reader takes xmlns for a declaration, whatever namespace the program gave the name.
+TEST(WrittenName, AnAttributeNamedLikeADeclarationIsRefused) {
+    expectRefused(withAttribute(TzXmlName("xmlns", TzXmlNamespace("", "urn:a"))),
+                  "\"xmlns\" names a declaration, not an attribute");
+}
+
 TEST(WrittenName, TheNamespaceOfXmlMayBeDeclared) {
     TzSoapType value("v");
     value.addAttribute(TzXmlAttribute(TzXmlName("lang", TzXmlNamespace::getXml()), "de"));
