@@ -22,7 +22,35 @@ bool hasName(std::string_view names, std::string_view name) noexcept {
     return false;
 }
 
+/// Appends the character `code`, which takes up to three bytes.
+void appendUtf8(TzCString& text, int code) {
+    if (code < 0x80) {
+        text += static_cast<char>(code);
+        return;
+    }
+    if (code < 0x800) {
+        text += static_cast<char>(0xC0 | code >> 6);
+    } else {
+        text += static_cast<char>(0xE0 | code >> 12);
+        text += static_cast<char>(0x80 | (code >> 6 & 0x3F));
+    }
+    text += static_cast<char>(0x80 | (code & 0x3F));
+}
+
 } // namespace
+
+TzCString TzXmlCharacterTable::toUtf8(std::string_view name, std::string_view text) {
+    int codes[256];
+    if (!fill(name, codes)) {
+        return TzCString(text);
+    }
+    TzCString converted;
+    converted.reserve(text.size());
+    for (const char byte : text) {
+        appendUtf8(converted, codes[static_cast<unsigned char>(byte)]);
+    }
+    return converted;
+}
 
 bool TzXmlCharacterTable::fill(std::string_view name, int (&codes)[256]) noexcept {
     const auto& all = TzXmlSingleByteEncoding::All;

@@ -27,6 +27,8 @@ public:
     virtual std::size_t column() const noexcept = 0;
     /// Bytes of the text before it.
     virtual std::size_t offset() const noexcept = 0;
+    /// Bytes of the text that it takes up; 0 for the end of an empty-element tag.
+    virtual std::size_t length() const noexcept = 0;
 };
 
 /// What is known of the encoding before the XML declaration is read.

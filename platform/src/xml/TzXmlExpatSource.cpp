@@ -92,6 +92,9 @@ public:
     std::size_t offset() const noexcept override {
         return static_cast<std::size_t>(XML_GetCurrentByteIndex(parser_.get()));
     }
+    std::size_t length() const noexcept override {
+        return static_cast<std::size_t>(XML_GetCurrentByteCount(parser_.get()));
+    }
 
 private:
     // An exception must not cross the C code: it is kept here and thrown again by feed.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tz/xml/TzXmlSAXParser.h>
 
+#include "xml/TzXmlCharacterTable.h"
 #include "xml/TzXmlEventSink.h"
 #include "xml/TzXmlEventSource.h"
 #include "xml/TzXmlNameResolver.h"
@@ -12,6 +13,7 @@
 #include <tz/xml/TzXmlContentHandler.h>
 #include <tz/xml/TzXmlParseError.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -64,6 +66,9 @@ public:
     void read(std::string_view text);
     std::size_t line() const noexcept { return source_->line(); }
     std::size_t column() const noexcept { return source_->column(); }
+    std::size_t eventBegin() const noexcept { return source_->offset(); }
+    std::size_t eventEnd() const noexcept { return source_->offset() + source_->length(); }
+    TzCString source(std::size_t begin, std::size_t end) const;
     const TzXmlNameResolver& names() const noexcept { return resolver_; }
 
     void declaration(const char* version, const char* encoding, int standalone) override;
@@ -95,6 +100,8 @@ private:
 
     TzXmlSAXParser& parser_;
     TzXmlByteForm form_;
+    std::string_view whole_; // what the source is fed
+    TzCString encoding_;     // of it, as it declares; "" for UTF-8
     std::unique_ptr<TzXmlEventSource> source_;
     TzXmlNameResolver resolver_;
     std::vector<OpenElement> elements_; // the first depth_ are open, the others lend their memory
@@ -114,6 +121,7 @@ void TzXmlSAXParser::Session::read(std::string_view text) {
     if (form_.unit > 1) {
         text = transcoder.convert(text, true);
     }
+    whole_ = text;
     const std::size_t crowded = TzXmlTagScan(text).findCrowded(parser_.attributeLimit_);
     if (crowded == TzXmlTagScan::None) {
         feed(text);
@@ -145,6 +153,9 @@ void TzXmlSAXParser::Session::feedUpTo(std::string_view text, std::size_t crowde
 void TzXmlSAXParser::Session::declaration(const char* version, const char* encoding,
                                           int standalone) {
     ++events_;
+    if (encoding != nullptr && form_.unit == 1 && form_.markLength == 0) {
+        encoding_ = encoding;
+    }
     const TzXmlProlog prolog(version != nullptr ? version : "", encoding != nullptr ? encoding : "",
                              standalone < 0 ? std::nullopt : std::optional(standalone == 1));
     if (parser_.handler_ != nullptr) {
@@ -304,6 +315,12 @@ bool TzXmlSAXParser::Session::namesRepeat() const noexcept {
     return false;
 }
 
+TzCString TzXmlSAXParser::Session::source(std::size_t begin, std::size_t end) const {
+    const std::size_t from = std::min(begin, whole_.size());
+    const std::string_view text = whole_.substr(from, std::max(begin, end) - begin);
+    return encoding_.empty() ? TzCString(text) : TzXmlCharacterTable::toUtf8(encoding_, text);
+}
+
 void TzXmlSAXParser::Session::refuse(const char* reason) const {
     throw TzXmlParseError::at(reason, line(), column());
 }
@@ -354,6 +371,18 @@ std::uint64_t TzXmlSAXParser::getNamespaceScope() const noexcept {
 
 const TzXmlNamespace* TzXmlSAXParser::findNamespace(std::string_view prefix) const noexcept {
     return session_ != nullptr ? session_->names().find(prefix) : nullptr;
+}
+
+std::size_t TzXmlSAXParser::getEventBegin() const noexcept {
+    return session_ != nullptr ? session_->eventBegin() : 0;
+}
+
+std::size_t TzXmlSAXParser::getEventEnd() const noexcept {
+    return session_ != nullptr ? session_->eventEnd() : 0;
+}
+
+TzCString TzXmlSAXParser::getSource(std::size_t begin, std::size_t end) const {
+    return session_ != nullptr ? session_->source(begin, end) : TzCString();
 }
 
 std::size_t TzXmlSAXParser::getLine() const noexcept {

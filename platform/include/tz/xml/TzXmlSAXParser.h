@@ -80,6 +80,14 @@ public:
     /// The namespace that `prefix` stands for at the event under way, null when it is not bound or
     /// nothing is parsed; valid until the next event. O(log(prefixes)).
     const TzXmlNamespace* findNamespace(std::string_view prefix) const noexcept;
+    /// Where the event under way begins in the text, in bytes of what `getSource` takes; 0 when
+    /// nothing is parsed. A text event has the place of the tag that ends the text.
+    std::size_t getEventBegin() const noexcept;
+    /// Where it ends. The end of an empty-element tag begins and ends behind the tag.
+    std::size_t getEventEnd() const noexcept;
+    /// The text being parsed from `begin` to `end`, which are places of events, as it was written,
+    /// in UTF-8; "" when nothing is parsed. O(length).
+    TzCString getSource(std::size_t begin, std::size_t end) const;
     /// Line of the event under way, from 1; after a failed parse, of the event it ended at;
     /// otherwise 0. A text event has the place of the tag that ends the text. Computed by
     /// the call.
