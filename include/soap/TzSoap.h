@@ -63,6 +63,7 @@
 #include <soap/TzSoapSparseArrayImp.h>
 #include <soap/TzSoapSparseArrayType.h>
 #include <soap/TzSoapSparseItems.h>
+#include <soap/TzSoapStyle.h>
 #include <soap/TzSoapTransportContext.h>
 #include <soap/TzSoapType.h>
 #include <soap/TzSoapTypeImp.h>

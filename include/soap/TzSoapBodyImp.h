@@ -93,6 +93,9 @@ public:
     /// As `addChild`.
     void takeChild(TzSoapType&& child) override;
 
+    /// Text beside the entries: kept in a literal message, left out otherwise.
+    void characters(const TzCString& text) override;
+
 private:
     TzSoapVersion::Version version_;
     TzSoapValueList entries_;

@@ -23,7 +23,9 @@ template <typename Handle> std::optional<Handle> tzSoapCast(const TzSoapType& va
 /// A handle of class `Handle`, one of the classes declared above, for the value that `value` stands
 /// for: itself, or what it refers to unless `Handle` is `TzSoapReferenceType`. `TzXmlBadArgError`
 /// with the element's name and kind when that is of another kind, `TzTHRInvalidPointer` "Invalid
-/// pointer" for a handle without a body. O(references in a row).
+/// pointer" for a handle without a body. An element of a literal message that was read without
+/// content, a simple value, is also a composite without children: a new one with copies of name and
+/// attributes, so that a change of it does not reach the message. O(references in a row).
 template <typename Handle> Handle tzSoapAs(const TzSoapType& value);
 
 extern template TZSOAP_API std::optional<TzSoapArrayType> tzSoapCast(const TzSoapType&);

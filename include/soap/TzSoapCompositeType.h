@@ -4,6 +4,7 @@
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapType.h>
 #include <soap/TzSoapValueList.h>
+#include <tz/tools/TzCString.h>
 
 class TzSoapCompositeTypeImp;
 
@@ -65,6 +66,16 @@ public:
     void removeAllChildren(const TzXmlName& name);
     /// Removes all children. O(children).
     void clearChildren();
+    /// Whether there is text beside the children, white space included: mixed content, which a
+    /// literal message reads and writes. Neither positions nor `childCount` see it.
+    bool hasText() const;
+    /// The text right before the child at `position`, after the last child if that is
+    /// `childrenEnd()`; "" without. A value that holds nothing but text is a `TzSoapSimpleType`.
+    /// O(log children).
+    TzCString getTextBefore(const_iterator position) const;
+    /// Replaces that text; "" removes it. A child inserted at a position stands after its text; one
+    /// that is removed takes along white space before it, but no other text. O(log children).
+    void setTextBefore(const_iterator position, const TzCString& text);
     /// The first child of that name, `childrenEnd()` if absent. O(children).
     iterator findChild(const TzXmlName& name);
     /// The first child of that name, `childrenEnd()` if absent. O(children).

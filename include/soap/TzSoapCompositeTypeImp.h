@@ -35,6 +35,8 @@ public:
     TzSoapElementImp* clone() const override;
 
     /// The children.
+    TzSoapValueList& children() noexcept { return children_; }
+    /// The children.
     const TzSoapValueList& children() const noexcept { return children_; }
     /// Number of children.
     unsigned int childCount() const noexcept { return children_.size(); }
@@ -71,6 +73,8 @@ public:
     void addChild(const TzSoapType& child) override;
     /// Takes a child that was read: appends it.
     void takeChild(TzSoapType&& child) override;
+    /// Text beside the children: kept in a literal message, left out otherwise.
+    void characters(const TzCString& text) override;
     /// Starts reading at the first child's start tag; the composite's own name and attributes are
     /// there already.
     void doStart(const TzXmlName& childName, const TzXmlAttributeSet& childAttributes,

@@ -106,6 +106,13 @@ public:
         return texts_ != nullptr || mustUnderstand_ != Flag::Absent || root_ != Flag::Absent;
     }
 
+    /// Whether the attribute set holds every attribute as it was read, those too that are
+    /// properties: literal messages write these under their own spelling as long as they say what
+    /// the properties say.
+    bool isVerbatim() const noexcept { return verbatim_; }
+    /// Notes that the attribute set holds every attribute as it was read, or no longer does.
+    void setVerbatim(bool verbatim) noexcept { verbatim_ = verbatim; }
+
 private:
     /// Texts that few elements have: kept apart so that the others stay small.
     struct Texts {
@@ -120,6 +127,7 @@ private:
     // Small members first: they fill what the base leaves over.
     Flag mustUnderstand_ = Flag::Absent;
     Flag root_ = Flag::Absent;
+    bool verbatim_ = false;
     TzSoapAttributeSet attributeSet_;
     std::unique_ptr<Texts> texts_;
     TzXmlName type_;

@@ -7,8 +7,10 @@
 #include <tz/xml/TzXmlName.h>
 
 struct TzSoapStyleInForce;
+class TzSoapElementImp;
 class TzSoapReadingState;
 class TzSoapType;
+class TzSoapValueList;
 class TzXmlElementImp;
 
 /// Base of the elements that hold values: decides for each child element what kind of value it is
@@ -42,6 +44,11 @@ protected:
     /// Starts receiving for `element`, whose attributes are read already: its declarations and
     /// `style`, if not null, are in force until `close`.
     void open(TzXmlElementImp& element, TzSoapParseContext* context, const TzCString* style);
+    /// Starts receiving at the start tag of `element`: takes its name and adds its attributes.
+    void begin(TzSoapElementImp& element, const TzXmlName& name,
+               const TzXmlAttributeSet& attributes, TzSoapParseContext* context);
+    /// Text beside the children, whose list is `children`: adds it to that in a literal message.
+    void takeText(const TzCString& text, TzSoapValueList& children);
     /// Ends receiving: closes the scopes that `open` opened and gives the events back.
     void close();
     /// Takes the encoding style of the last child out of force. Called at each next event; an owner

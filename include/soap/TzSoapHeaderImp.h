@@ -90,9 +90,15 @@ public:
     /// As `addChild`.
     void takeChild(TzSoapType&& child) override;
 
+    /// Whether the message that was read had a header; false in a new one and when cleared.
+    bool wasRead() const noexcept { return wasRead_; }
+    /// Text beside the entries: kept in a literal message, left out otherwise.
+    void characters(const TzCString& text) override;
+
 private:
     TzSoapVersion::Version version_;
     TzSoapValueList entries_;
+    bool wasRead_ = false;
 };
 
 /// Whether both headers have equally many entries that share their bodies position by position;

@@ -10,6 +10,7 @@
 #include <soap/TzSoapHeader.h>
 #include <soap/TzSoapLayout.h>
 #include <soap/TzSoapReadLimits.h>
+#include <soap/TzSoapStyle.h>
 #include <soap/TzSoapTypeRegistry.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/pointer/TzHandleBase.h>
@@ -186,6 +187,19 @@ public:
     TzSoapTypeRegistry& getTypeRegistry();
     /// The types of elements without a type attribute.
     const TzSoapTypeRegistry& getTypeRegistry() const;
+
+    /// Sets the style that the message is written in and that `extract` reads, and changes no
+    /// value. `copy()` has the same style; `extract` and a change of the version keep it. An answer
+    /// takes it over with `answer.setStyle(request.getStyle())`.
+    void setStyle(TzSoapStyle style);
+    /// The style; `TzSoapStyle::Encoded` in a new message.
+    ///
+    /// Literal is written compact in every layout, without encodingStyle and without a type that no
+    /// value asks for. The namespaces of names and types are declared on the envelope, unless an
+    /// element around them declares the prefix; unqualified names stay unqualified. Attributes and
+    /// text that were read literally stay as they were. Arrays are written as their items. White
+    /// space beside the children of a Fault, and the attributes of these, are not kept.
+    TzSoapStyle getStyle() const;
 
     /// Sets what `extract` accepts.
     void setReadLimits(const TzSoapReadLimits& limits);

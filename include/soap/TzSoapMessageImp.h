@@ -8,6 +8,7 @@
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapHeader.h>
 #include <soap/TzSoapReadLimits.h>
+#include <soap/TzSoapStyle.h>
 #include <soap/TzSoapTypeRegistry.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/mime/TzMimeMultipart.h>
@@ -16,6 +17,7 @@
 #include <tz/xml/TzXmlName.h>
 #include <tz/xml/TzXmlProlog.h>
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string_view>
@@ -37,8 +39,8 @@ public:
     /// An empty message under the names of `version`; `TzXmlError` UNKNOWN_VERSION for an unknown
     /// version.
     explicit TzSoapMessageImp(TzSoapVersion::Version version);
-    /// Copies the envelope element, prolog, type registry, version, prefixes and limits, and header
-    /// and body by their `copy()`; shares the kept package and the attachments.
+    /// Copies the envelope element, prolog, type registry, version, style, prefixes and limits, and
+    /// header and body by their `copy()`; shares the kept package and the attachments.
     TzSoapMessageImp(const TzSoapMessageImp& other);
     TzSoapMessageImp& operator=(const TzSoapMessageImp&) = delete;
     ~TzSoapMessageImp() override;
@@ -47,7 +49,7 @@ public:
     virtual TzSoapMessageImp* clone() const;
     /// Empties the message in place: attributes and properties of envelope, header and body, their
     /// entries, the fault with its subcodes, the prolog, the attachments that were added. Names,
-    /// version, type registry, encoding prefix, kept package and limits stay.
+    /// version, style, type registry, encoding prefix, kept package and limits stay.
     void clear();
 
     /// The version.
@@ -88,6 +90,10 @@ public:
     const TzSoapTypeRegistry& getTypeRegistry() const noexcept { return typeRegistry_; }
     /// Replaces the types of elements without a type attribute.
     void setTypeRegistry(const TzSoapTypeRegistry& registry) { typeRegistry_ = registry; }
+    /// The style that the message is read and written in.
+    TzSoapStyle getStyle() const noexcept { return style_; }
+    /// Sets the style that the message is read and written in.
+    void setStyle(TzSoapStyle style) noexcept { style_ = style; }
     /// What `extract` accepts.
     const TzSoapReadLimits& getReadLimits() const noexcept { return readLimits_; }
     /// Sets what `extract` accepts.
@@ -104,6 +110,11 @@ public:
     /// Removes the parts that were added.
     void clearAttachments() noexcept { attachments_.clear(); }
 
+    /// Where text of a literal message stands within the envelope.
+    enum TextPlace : std::int8_t { BeforeHeader, BeforeBody, AfterBody };
+    /// The text there as it was read, "" without; valid until the message changes.
+    const TzCString& text(TextPlace place) const noexcept { return texts_[place]; }
+
     /// Replaces the content by the message read from the text of an envelope and forgets the kept
     /// package.
     void extract(const TzCString& text) { extractEnvelope(text); }
@@ -117,7 +128,8 @@ public:
     void startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) override;
     /// The Envelope ends.
     void endElement(const TzXmlName& name) override;
-    /// Text beside the children of the Envelope is left out, see `getDroppedText`.
+    /// Text beside the children of the Envelope: kept in a literal message, left out otherwise, see
+    /// `getDroppedText`.
     void characters(const TzCString& text) override;
 
 private:
@@ -144,11 +156,14 @@ private:
     bool hasProlog_ = false;
     TzSoapTypeRegistry typeRegistry_;
     TzSoapVersion::Version version_;
+    TzSoapStyle style_ = TzSoapStyle::Encoded;
     TzCString encodingPrefix_;
     TzMimeMultipart multipart_;
     std::vector<TzMimePart> attachments_;
     TzSoapReadLimits readLimits_;
     TzSoapDroppedText droppedText_;
     std::unique_ptr<Parsing> parsing_; // made by the first extract
+    std::array<TzCString, AfterBody + 1> texts_;
     ReadState readState_ = AwaitingEnvelope;
+    TextPlace textPlace_ = BeforeHeader;
 };

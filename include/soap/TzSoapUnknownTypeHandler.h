@@ -9,6 +9,7 @@
 #include <tz/xml/TzXmlName.h>
 
 class TzSoapGenericTypeHandler;
+class TzSoapReadingState;
 class TzSoapSimpleTypeImp;
 
 /// Reads an element that nothing marks: a composite value if it has child elements, a simple value
@@ -33,6 +34,7 @@ public:
 
 private:
     void begin(const TzXmlName& name, const TzXmlAttributeSet& attributes);
+    void beginLiterally(const TzXmlAttributeSet& attributes, TzSoapReadingState& reading);
     TzSoapContentBase::SchemaType getSchemaType() const;
     TzXmlName misunderstoodName() const;
     void finishSimple();

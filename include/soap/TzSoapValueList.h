@@ -3,15 +3,20 @@
 
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapType.h>
+#include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 
 #include <cstddef>
 #include <list>
+#include <map>
+#include <memory>
 #include <utility>
 
-/// The values that an element holds, in document order: entries of a header or body, children.
+/// The values that an element holds, in document order: entries of a header or body, children; and
+/// the text that a literal message has between them.
 ///
-/// A list of handles: copying the list shares the values. Names may repeat. Positions stay valid
+/// A list of handles: copying the list shares the values. Text is no value: neither positions nor
+/// `size` see it. Names may repeat. Positions stay valid
 /// until their value is removed. A search that meets a value without a body throws
 /// `TzTHRInvalidPointer`. Not locked: one list is used by one thread at a time.
 class TZSOAP_API TzSoapValueList {
@@ -20,6 +25,15 @@ public:
     using iterator = std::list<TzSoapType>::iterator;
     /// Position of a value that is only looked at.
     using const_iterator = std::list<TzSoapType>::const_iterator;
+
+    TzSoapValueList() noexcept = default;
+    /// Shares the values and copies the text.
+    TzSoapValueList(const TzSoapValueList& other);
+    TzSoapValueList(TzSoapValueList&&) noexcept = default;
+    /// Shares the values and copies the text.
+    TzSoapValueList& operator=(const TzSoapValueList& other);
+    TzSoapValueList& operator=(TzSoapValueList&&) noexcept = default;
+    ~TzSoapValueList();
 
     /// Position of the first value.
     iterator begin() noexcept { return values_.begin(); }
@@ -32,27 +46,51 @@ public:
     /// Number of values.
     unsigned int size() const noexcept { return static_cast<unsigned int>(values_.size()); }
 
-    /// Adds `value`, shared, before `position`; returns where it stands.
+    /// Adds `value`, shared, before `position` and after the text that stands there; returns its
+    /// position.
     iterator insert(const_iterator position, TzSoapType value) {
-        return values_.insert(position, std::move(value));
+        const iterator added = values_.insert(position, std::move(value));
+        if (texts_ != nullptr) {
+            moveText(position, added);
+        }
+        return added;
     }
     /// Adds `value`, shared, as the last one.
-    void append(TzSoapType value) { values_.push_back(std::move(value)); }
+    void append(TzSoapType value) { insert(end(), std::move(value)); }
     /// Adds `value`, shared, as the first one.
-    void prepend(TzSoapType value) { values_.push_front(std::move(value)); }
+    void prepend(TzSoapType value) { insert(begin(), std::move(value)); }
+
+    /// Whether there is text beside the values, white space included.
+    bool hasText() const noexcept { return texts_ != nullptr && !texts_->empty(); }
+    /// The text right before the value at `position`, after the last value if that is `end()`; ""
+    /// without. Valid until it changes. O(log size).
+    const TzCString& textBefore(const_iterator position) const noexcept;
+    /// Replaces that text; "" removes it. O(log size).
+    void setTextBefore(const_iterator position, TzCString text);
+    /// Removes all text.
+    void clearText() noexcept { texts_.reset(); }
 
     /// The first value named `name`, `end()` if absent. O(size).
     iterator find(const TzXmlName& name);
     /// The first value named `name`, `end()` if absent. O(size).
     const_iterator find(const TzXmlName& name) const;
-    /// Removes the value at `position`; returns the position of the next one.
-    iterator remove(const_iterator position) { return values_.erase(position); }
+    /// Removes the value at `position`; returns the position of the next one. The text before it
+    /// stays unless it is white space.
+    iterator remove(const_iterator position) {
+        if (texts_ != nullptr) {
+            joinText(position);
+        }
+        return values_.erase(position);
+    }
     /// Removes the first value named `name`, if any. O(size).
     void remove(const TzXmlName& name);
     /// Removes every value named `name`, the others keep their order. O(size).
     void removeAll(const TzXmlName& name);
-    /// Removes all values.
-    void clear() noexcept { values_.clear(); }
+    /// Removes all values and all text.
+    void clear() noexcept {
+        values_.clear();
+        texts_.reset();
+    }
 
     /// A list of copies of the values (`TzSoapType::copy`). O(content).
     TzSoapValueList copyValues() const;
@@ -60,5 +98,16 @@ public:
     bool sharesValues(const TzSoapValueList& other) const noexcept;
 
 private:
+    /// Text by the place of the value after it, null for the end of the list.
+    using Texts = std::map<const TzSoapType*, TzCString>;
+
+    const TzSoapType* keyOf(const_iterator position) const noexcept {
+        return position == values_.end() ? nullptr : &*position;
+    }
+    void moveText(const_iterator from, const_iterator to);
+    void joinText(const_iterator removed);
+    void copyTextOf(const TzSoapValueList& other);
+
     std::list<TzSoapType> values_;
+    std::unique_ptr<Texts> texts_; // of few lists
 };

@@ -47,7 +47,7 @@ const TzXmlName& offsetName() {
 
 [[gnu::hot]] TzSoapElementImp::TzSoapElementImp(const TzSoapElementImp& other)
     : TzXmlElementImp(other.TzXmlElementImp::getName(), nullptr),
-      mustUnderstand_(other.mustUnderstand_), root_(other.root_),
+      mustUnderstand_(other.mustUnderstand_), root_(other.root_), verbatim_(other.verbatim_),
       attributeSet_(other.attributeSet_),
       texts_(other.texts_ ? std::make_unique<Texts>(*other.texts_) : nullptr), type_(other.type_) {
     useAttributes(attributeSet_);
@@ -61,6 +61,7 @@ TzSoapElementImp& TzSoapElementImp::operator=(const TzSoapElementImp& other) {
         type_ = other.type_;
         mustUnderstand_ = other.mustUnderstand_;
         root_ = other.root_;
+        verbatim_ = other.verbatim_;
     }
     return *this;
 }
@@ -73,6 +74,7 @@ void TzSoapElementImp::clearElement() {
     type_ = TzXmlName();
     mustUnderstand_ = Flag::Absent;
     root_ = Flag::Absent;
+    verbatim_ = false;
 }
 
 void TzSoapElementImp::takeElement(TzSoapElementImp& other) noexcept {
@@ -82,6 +84,7 @@ void TzSoapElementImp::takeElement(TzSoapElementImp& other) noexcept {
     type_ = std::exchange(other.type_, TzXmlName());
     mustUnderstand_ = std::exchange(other.mustUnderstand_, Flag::Absent);
     root_ = std::exchange(other.root_, Flag::Absent);
+    verbatim_ = std::exchange(other.verbatim_, false);
 }
 
 TzSoapElementImp::Texts& TzSoapElementImp::texts() {

@@ -13,7 +13,7 @@ TzSoapHeaderImp::TzSoapHeaderImp(TzSoapVersion::Version version)
 
 TzSoapHeaderImp::TzSoapHeaderImp(const TzSoapHeaderImp& other)
     : TzSoapElementImp(other), TzBodyBase(other), TzSoapGenericTypeHandler(other),
-      version_(other.version_), entries_(other.entries_.copyValues()) {}
+      version_(other.version_), entries_(other.entries_.copyValues()), wasRead_(other.wasRead_) {}
 
 TzSoapHeaderImp::~TzSoapHeaderImp() = default;
 
@@ -27,6 +27,7 @@ TzSoapHeaderImp* TzSoapHeaderImp::clone() const { return new TzSoapHeaderImp(*th
 void TzSoapHeaderImp::clear() {
     clearElement();
     entries_.clear();
+    wasRead_ = false;
 }
 
 void TzSoapHeaderImp::appendEntry(TzSoapType entry, bool mustUnderstand) {

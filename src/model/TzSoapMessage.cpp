@@ -72,6 +72,10 @@ const TzSoapTypeRegistry& TzSoapMessage::getTypeRegistry() const {
     return body().getTypeRegistry();
 }
 
+void TzSoapMessage::setStyle(TzSoapStyle style) { body().setStyle(style); }
+
+TzSoapStyle TzSoapMessage::getStyle() const { return body().getStyle(); }
+
 void TzSoapMessage::setReadLimits(const TzSoapReadLimits& limits) { body().setReadLimits(limits); }
 
 TzSoapReadLimits TzSoapMessage::getReadLimits() const { return body().getReadLimits(); }

@@ -24,9 +24,9 @@ TzSoapMessageImp::TzSoapMessageImp(const TzSoapMessageImp& other)
     : TzSoapElementImp(other), TzSoapContentHandler(other), TzBodyBase(other),
       header_(other.header_.copy()), body_(other.body_.copy()), prolog_(other.prolog_),
       hasProlog_(other.hasProlog_), typeRegistry_(other.typeRegistry_), version_(other.version_),
-      encodingPrefix_(other.encodingPrefix_), multipart_(other.multipart_),
+      style_(other.style_), encodingPrefix_(other.encodingPrefix_), multipart_(other.multipart_),
       attachments_(other.attachments_), readLimits_(other.readLimits_),
-      droppedText_(other.droppedText_) {}
+      droppedText_(other.droppedText_), texts_(other.texts_) {}
 
 TzSoapMessageImp::~TzSoapMessageImp() = default;
 
@@ -39,6 +39,7 @@ void TzSoapMessageImp::clear() {
     removeProlog();
     droppedText_ = {};
     clearAttachments();
+    texts_ = {};
 }
 
 void TzSoapMessageImp::setVersion(TzSoapVersion::Version version) {

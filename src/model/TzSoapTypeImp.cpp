@@ -23,7 +23,10 @@ const TzCString& TzSoapTypeImp::getSoapTypeIdAsString() const { return MyIdStrin
 
 TzSoapElementImp* TzSoapTypeImp::clone() const { return new TzSoapTypeImp(*this); }
 
-void TzSoapTypeImp::setNull(bool null) { getAttributeSet().setNullAttribute(null); }
+void TzSoapTypeImp::setNull(bool null) {
+    getAttributeSet().setNullAttribute(null);
+    setVerbatim(false); // the content that was read need not stay
+}
 
 bool TzSoapTypeImp::isNull() const { return getAttributeSet().getNullAttribute(); }
 

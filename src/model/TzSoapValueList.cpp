@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapValueList.h>
 
+#include <soap/TzSoapAttributeSet.h>
+#include <tz/xml/TzXmlUtils.h>
+
 #include "model/TzSoapAccess.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -16,6 +20,69 @@ struct Named {
 
 } // namespace
 
+TzSoapValueList::TzSoapValueList(const TzSoapValueList& other) : values_(other.values_) {
+    copyTextOf(other);
+}
+
+TzSoapValueList& TzSoapValueList::operator=(const TzSoapValueList& other) {
+    if (this != &other) {
+        *this = TzSoapValueList(other);
+    }
+    return *this;
+}
+
+TzSoapValueList::~TzSoapValueList() = default;
+
+void TzSoapValueList::copyTextOf(const TzSoapValueList& other) {
+    if (!other.hasText()) {
+        return;
+    }
+    auto place = begin();
+    for (auto position = other.begin(); position != other.end(); ++position, ++place) {
+        setTextBefore(place, other.textBefore(position));
+    }
+    setTextBefore(end(), other.textBefore(other.end()));
+}
+
+const TzCString& TzSoapValueList::textBefore(const_iterator position) const noexcept {
+    const TzCString& none = TzSoapAttributeSet::getEmptyString();
+    if (texts_ == nullptr) {
+        return none;
+    }
+    const auto found = texts_->find(keyOf(position));
+    return found == texts_->end() ? none : found->second;
+}
+
+void TzSoapValueList::setTextBefore(const_iterator position, TzCString text) {
+    if (!text.empty()) {
+        if (texts_ == nullptr) {
+            texts_ = std::make_unique<Texts>();
+        }
+        (*texts_)[keyOf(position)] = std::move(text);
+    } else if (texts_ != nullptr) {
+        texts_->erase(keyOf(position));
+    }
+}
+
+void TzSoapValueList::moveText(const_iterator from, const_iterator to) {
+    Texts::node_type text = texts_->extract(keyOf(from));
+    if (!text.empty()) {
+        text.key() = keyOf(to);
+        texts_->insert(std::move(text));
+    }
+}
+
+void TzSoapValueList::joinText(const_iterator removed) {
+    Texts::node_type text = texts_->extract(keyOf(removed));
+    // White space sets the value off only.
+    if (text.empty() || TzXmlUtils::trim(text.mapped()).empty()) {
+        return;
+    }
+    TzCString& next = (*texts_)[keyOf(std::next(removed))];
+    text.mapped() += next;
+    next = std::move(text.mapped());
+}
+
 TzSoapValueList::iterator TzSoapValueList::find(const TzXmlName& name) {
     return std::find_if(begin(), end(), Named{name});
 }
@@ -27,7 +94,7 @@ TzSoapValueList::const_iterator TzSoapValueList::find(const TzXmlName& name) con
 void TzSoapValueList::remove(const TzXmlName& name) {
     const auto found = find(name);
     if (found != end()) {
-        values_.erase(found);
+        remove(found);
     }
 }
 
@@ -37,6 +104,9 @@ void TzSoapValueList::removeAll(const TzXmlName& name) {
     for (auto position = begin(); position != end();) {
         const auto next = std::next(position);
         if (position->getName() == name) {
+            if (texts_ != nullptr) {
+                joinText(position);
+            }
             removed.splice(removed.end(), values_, position);
         }
         position = next;
@@ -48,6 +118,7 @@ TzSoapValueList TzSoapValueList::copyValues() const {
     for (const TzSoapType& value : values_) {
         copies.append(value.copy());
     }
+    copies.copyTextOf(*this);
     return copies;
 }
 

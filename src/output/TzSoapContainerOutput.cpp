@@ -105,8 +105,10 @@ void TzSoapContainerOutput::open(const TzXmlName& name, TzSoapCompositeTypeImp& 
                                  std::string_view position) {
     const auto& members = std::as_const(value);
     const bool nil = TzSoapValueOutput::isNil(value);
+    const bool hasText = !nil && context_.rules().style().keepsAll && members.children().hasText();
     enter(name, value,
-          Members{nil ? members.childrenEnd() : members.childrenBegin(), members.childrenEnd()});
+          Members{{nil ? members.childrenEnd() : members.childrenBegin(), members.childrenEnd()},
+                  hasText ? &members.children() : nullptr});
     const TzSoapTagName tag = TzSoapTagName::of(name);
     TzSoapStartTag::Brief brief;
     if (position.empty() &&
@@ -189,7 +191,9 @@ bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed
 }
 
 bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed, Members& rest) {
-    if (isServed) {
+    if (rest.texts != nullptr) {
+        context_.xml().write(rest.texts->textBefore(rest.next), true);
+    } else if (isServed) {
         rest.next = writeSimples(rest.next, rest.end);
     }
     if (rest.next == rest.end) {

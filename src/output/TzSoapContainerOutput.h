@@ -55,7 +55,9 @@ private:
         Position next;
         Position end;
     };
-    using Members = Remaining<TzSoapValueList::const_iterator>;
+    struct Members : Remaining<TzSoapValueList::const_iterator> {
+        const TzSoapValueList* texts; ///< The list with text beside the members, null without.
+    };
     using Items =
         Remaining<decltype(std::declval<const TzSoapCompactArrayImp&>().itemsToWrite().begin())>;
     struct SparseItems : Remaining<TzSoapSparseArrayImp::const_iterator> {

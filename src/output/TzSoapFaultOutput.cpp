@@ -64,6 +64,11 @@ TzSoapTagName TzSoapFaultOutput::childName(const TzSoapTagName& fault,
 void TzSoapFaultOutput::declareFor(const TzSoapTagName& name, const TzSoapFaultImp& fault) {
     TzSoapScope& scope = context_.scope();
     scope.declareUnbound(name.prefix, context_.soap().getSoapEnv().getUri());
+    // Children without namespace must not get the default one.
+    const TzXmlName& child = context_.soap().getSoapElementQName(TzSoapVersion::FaultString);
+    if (child.getUri().empty() && scope.needsDeclaration(child)) {
+        scope.declare(child.getNamespace());
+    }
     const TzXmlName& code = fault.getCode();
     if (!code.getPrefix().empty() && scope.uriFor(code.getPrefix()).empty()) {
         scope.declare(code.getNamespace());

@@ -31,6 +31,30 @@ private:
     std::size_t before_;
 };
 
+/// While it lives, all is written in the style of one message.
+class StyleInForce {
+public:
+    StyleInForce(TzSoapOutputContext& context, TzSoapStyle style)
+        : context_(context), rules_(context.setRules(context.rulesOf(style))),
+          exactNames_(context.scope().setExactNames(context.rules().style().hasExactNames)),
+          compact_(context.xml().isCompact()) {
+        context.xml().setCompact(compact_ || context.rules().style().isCompact);
+    }
+    ~StyleInForce() {
+        context_.setRules(rules_);
+        context_.scope().setExactNames(exactNames_);
+        context_.xml().setCompact(compact_);
+    }
+    StyleInForce(const StyleInForce&) = delete;
+    StyleInForce& operator=(const StyleInForce&) = delete;
+
+private:
+    TzSoapOutputContext& context_;
+    const TzSoapScopeRules& rules_;
+    bool exactNames_;
+    bool compact_;
+};
+
 } // namespace
 
 void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessageImp& message) {
@@ -40,6 +64,7 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessage
     if (!context_.isVersionFixed()) {
         context_.setVersion(message.getVersion());
     }
+    const StyleInForce style(context_, message.getStyle());
     context_.takePrefixes(message.getSoapPrefix(), message.getSoapEncodingPrefix());
     const TzSoapOutputContext::Flag inEnvelope = context_.enterEnvelope();
     const TzSoapOpenElement element(context_);
@@ -47,19 +72,22 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessage
     startTag_.qualifyName(message.getName());
     startTag_.collectBlock(message);
     startTag_.qualifyStyle();
-    TzSoapScope& scope = context_.scope();
-    scope.declareUnbound(scope.envelopePrefix(), context_.soap().getSoapEnv().getUri());
+    const TzCString prefix = blockPrefix(message.getName()); // a copy: names may change
+    context_.scope().declareUnbound(prefix, context_.soap().getSoapEnv().getUri());
+    context_.rules().declareUsed(context_.scope(), message);
     if (message.hasProlog()) {
         context_.xml().write(message.getProlog().asString());
         context_.xml().writeNewLine();
     }
-    const TzCString prefix = scope.envelopePrefix(); // a copy: a message within would replace it
-    const TzSoapTagName name = TzSoapTagName::withColon(prefix, message.getName().getLocalName());
+    const TzSoapTagName name = blockName(prefix, message.getName());
     startTag_.writeBlock(name);
-    if (TzSoapAccess::body(message.getSoapHeader()).entryCount() != 0) {
+    writeText(message.text(TzSoapMessageImp::BeforeHeader));
+    if (isWritten(TzSoapAccess::body(message.getSoapHeader()))) {
         message.getSoapHeader().acceptVisitor(visitor);
     }
+    writeText(message.text(TzSoapMessageImp::BeforeBody));
     message.getSoapBody().acceptVisitor(visitor);
+    writeText(message.text(TzSoapMessageImp::AfterBody));
     name.endBlock(context_.xml());
 }
 
@@ -69,7 +97,7 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapHeaderI
     collect(header.getName(), header);
     startTag_.qualifyStyle();
     const TzCString prefix = prefixFor(header.getName());
-    const TzSoapTagName name = TzSoapTagName::withColon(prefix, header.getName().getLocalName());
+    const TzSoapTagName name = blockName(prefix, header.getName());
     startTag_.writeBlock(name);
     writeEntries(visitor, header.entries());
     name.endBlock(context_.xml());
@@ -82,7 +110,7 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapBodyImp
     startTag_.qualifyStyle();
     context_.rules().collectBodyProperties(startTag_, body);
     const TzCString prefix = prefixFor(body.getName());
-    const TzSoapTagName name = TzSoapTagName::withColon(prefix, body.getName().getLocalName());
+    const TzSoapTagName name = blockName(prefix, body.getName());
     startTag_.writeBlock(name);
     if (body.hasSoapFault()) {
         body.getSoapFault().acceptVisitor(visitor);
@@ -104,14 +132,38 @@ void TzSoapMessageOutput::collect(const TzXmlName& name, const TzSoapElementImp&
 }
 
 const TzCString& TzSoapMessageOutput::prefixFor(const TzXmlName& name) const {
-    return context_.isInEnvelope() ? context_.scope().envelopePrefix() : name.getPrefix();
+    return context_.isInEnvelope() ? blockPrefix(name) : name.getPrefix();
+}
+
+const TzCString& TzSoapMessageOutput::blockPrefix(const TzXmlName& name) const {
+    const TzSoapScope& scope = context_.scope();
+    const bool keepsOwn = scope.hasExactNames() &&
+                          scope.uriFor(name.getPrefix()) == context_.soap().getSoapEnv().getUri();
+    return keepsOwn ? name.getPrefix() : scope.envelopePrefix();
+}
+
+TzSoapTagName TzSoapMessageOutput::blockName(std::string_view prefix, const TzXmlName& name) const {
+    return context_.scope().hasExactNames() ? TzSoapTagName::withPrefix(prefix, name.getLocalName())
+                                            : TzSoapTagName::withColon(prefix, name.getLocalName());
+}
+
+bool TzSoapMessageOutput::isWritten(const TzSoapHeaderImp& header) const {
+    return header.entryCount() != 0 || (context_.rules().style().keepsAll && header.wasRead());
+}
+
+void TzSoapMessageOutput::writeText(const TzCString& text) {
+    if (!text.empty() && context_.rules().style().keepsAll) {
+        context_.xml().write(text, true);
+    }
 }
 
 void TzSoapMessageOutput::writeEntries(TzSoapConstVisitor& visitor,
                                        const TzSoapValueList& entries) {
-    for (const TzSoapType& entry : entries) {
-        containers_.writeChild(visitor, entry);
+    for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+        writeText(entries.textBefore(entry));
+        containers_.writeChild(visitor, *entry);
     }
+    writeText(entries.textBefore(entries.end()));
     writeTargets(visitor);
 }
 

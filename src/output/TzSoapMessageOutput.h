@@ -38,6 +38,10 @@ public:
 private:
     void collect(const TzXmlName& name, const TzSoapElementImp& block);
     const TzCString& prefixFor(const TzXmlName& name) const;
+    const TzCString& blockPrefix(const TzXmlName& name) const;
+    TzSoapTagName blockName(std::string_view prefix, const TzXmlName& name) const;
+    bool isWritten(const TzSoapHeaderImp& header) const;
+    void writeText(const TzCString& text);
     void writeEntries(TzSoapConstVisitor& visitor, const TzSoapValueList& entries);
     void writeTargets(TzSoapConstVisitor& visitor);
 

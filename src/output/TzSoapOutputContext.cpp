@@ -3,10 +3,12 @@
 
 #include <soap/TzSoapConstVisitor.h>
 
+#include "output/TzSoapLiteralRules.h"
+
 TzSoapOutputContext::TzSoapOutputContext(const Kind& kind, TzXmlWriter* xml,
                                          TzMimeMultipart* multipart)
-    : kind_(&kind), xml_(xml), multipart_(multipart), soap_(&TzSoapVersion::getLatestSoapVersion()),
-      shared_(std::make_shared<Shared>(*soap_)) {}
+    : kind_(&kind), rules_(&kind.rules), xml_(xml), multipart_(multipart),
+      soap_(&TzSoapVersion::getLatestSoapVersion()), shared_(std::make_shared<Shared>(*soap_)) {}
 
 void TzSoapOutputContext::separate() {
     if (!isWithin_) {
@@ -31,6 +33,10 @@ void TzSoapOutputContext::takePrefixes(const TzCString& envelope, const TzCStrin
     if (!isWithin_) {
         scope().setPrefixes(envelope, encoding);
     }
+}
+
+const TzSoapScopeRules& TzSoapOutputContext::rulesOf(TzSoapStyle style) const noexcept {
+    return style == TzSoapStyle::Literal ? TzSoapLiteralRules::instance() : kind_->rules;
 }
 
 bool TzSoapOutputContext::isServed(const TzSoapConstVisitor& visitor) const noexcept {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <soap/TzSoapStyle.h>
 #include <soap/TzSoapVersion.h>
 #include <soap/TzSoapWriter.h>
 #include <tz/tools/TzCString.h>
@@ -13,6 +14,7 @@
 #include <memory>
 #include <optional>
 #include <typeinfo>
+#include <utility>
 
 class TzMimeMultipart;
 class TzSoapConstVisitor;
@@ -82,7 +84,13 @@ public:
     /// The reference book, shared with outer and inner writers.
     TzSoapReferenceBook& book() const noexcept { return shared_->book; }
     /// How declarations, prefixes and styles are written.
-    const TzSoapScopeRules& rules() const noexcept { return kind_->rules; }
+    const TzSoapScopeRules& rules() const noexcept { return *rules_; }
+    /// Writes by `rules` from now on; returns those in force so far.
+    const TzSoapScopeRules& setRules(const TzSoapScopeRules& rules) noexcept {
+        return *std::exchange(rules_, &rules);
+    }
+    /// The rules for messages of `style`.
+    const TzSoapScopeRules& rulesOf(TzSoapStyle style) const noexcept;
     /// The source that internal errors name.
     const char* unit() const noexcept { return kind_->unit; }
     /// Whether every visit of `visitor` comes back here, because its class is not derived.
@@ -121,6 +129,7 @@ private:
     };
 
     const Kind* kind_;
+    const TzSoapScopeRules* rules_;
     TzXmlWriter* xml_;
     TzMimeMultipart* multipart_;
     const TzSoapVersion* soap_;

@@ -44,6 +44,11 @@ void TzSoapScope::declareUnbound(std::string_view prefix, const TzCString& uri) 
 
 bool TzSoapScope::needsDeclaration(const TzXmlName& name) const noexcept {
     const TzXmlNamespace& needed = name.getNamespace();
+    if (exactNames_) {
+        const bool canBeDeclared = needed.getPrefix().empty() || !needed.getUri().empty();
+        return canBeDeclared && uriFor(needed.getPrefix()) != needed.getUri() &&
+               !needed.sameUri(TzXmlNamespace::getXml());
+    }
     if (needed.getUri().empty() || needed.getPrefix() == TzXmlNamespace::getXmlns().getPrefix()) {
         return false;
     }

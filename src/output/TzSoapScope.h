@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class TzSoapTypeImp;
@@ -85,8 +86,13 @@ public:
     TzCString numberFor(std::string_view base, std::string_view first, std::string_view uri) const;
     /// Whether `name` needs a declaration. Deliberate: a prefix that is bound stays as it is,
     /// whatever its URI, so that no prefix changes its meaning within an element; only the default
-    /// namespace does.
+    /// namespace does. While names are exact, a prefix bound otherwise needs one, too, and so does
+    /// an unqualified name within a default namespace.
     bool needsDeclaration(const TzXmlName& name) const noexcept;
+    /// Whether names are exact: they have their namespaces, whatever is bound around them.
+    bool hasExactNames() const noexcept { return exactNames_; }
+    /// Makes names exact from now on, or not; returns whether they were.
+    bool setExactNames(bool exact) noexcept { return std::exchange(exactNames_, exact); }
     /// Whether the innermost element declares something.
     bool hasDeclarations() const noexcept { return namespaces_.depth() != around_.scopes; }
     /// The declarations of the innermost element when it has some, in order of addition.
@@ -168,6 +174,7 @@ private:
     std::vector<Mark> open_; // the elements around it, innermost last, and where nothing was open
     std::uint64_t declarationChanges_ = 1;
     std::uint64_t styleChanges_ = 1;
+    bool exactNames_ = false;
     const TzSoapVersion* soap_;
     TzCString envelopePrefix_;
     TzCString encodingPrefix_;

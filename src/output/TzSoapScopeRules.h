@@ -3,21 +3,29 @@
 
 #include <tz/tools/TzCString.h>
 
+#include "output/TzSoapStyleTraits.h"
+
 #include <string_view>
 
 class TzSoapElementImp;
+class TzSoapMessageImp;
 class TzSoapScope;
 class TzSoapStartTag;
 class TzXmlAttribute;
 class TzXmlAttributeSet;
 
-/// What the writer and the serializer do differently: where an element's declarations go, how
-/// prefixes are invented, and where the encoding style is written. Holds no state.
+/// What the writer, the serializer and literal messages do differently: where an element's
+/// declarations go, how prefixes are invented, and where the encoding style is written. Immutable.
 class TzSoapScopeRules {
 public:
     TzSoapScopeRules(const TzSoapScopeRules&) = delete;
     TzSoapScopeRules& operator=(const TzSoapScopeRules&) = delete;
 
+    /// What the style of the message changes.
+    const TzSoapStyleTraits& style() const noexcept { return style_; }
+    /// Declares on the envelope of `message`, which is the innermost element of `scope`, what is
+    /// used within it.
+    virtual void declareUsed(TzSoapScope& scope, const TzSoapMessageImp& message) const = 0;
     /// An element that carries `attributes` is opened in `scope`; nothing of it is qualified yet.
     virtual void enter(TzSoapScope& scope, const TzXmlAttributeSet& attributes) const = 0;
     /// Collects a declaration that the element carries as an attribute.
@@ -36,6 +44,9 @@ public:
     virtual void collectBodyProperties(TzSoapStartTag& tag, const TzSoapElementImp& body) const = 0;
 
 protected:
-    TzSoapScopeRules() = default;
+    explicit TzSoapScopeRules(const TzSoapStyleTraits& style) noexcept : style_(style) {}
     ~TzSoapScopeRules() = default;
+
+private:
+    const TzSoapStyleTraits& style_;
 };

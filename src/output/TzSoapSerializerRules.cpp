@@ -18,6 +18,8 @@ bool TzSoapSerializerRules::isStylePresent(const TzSoapScope& scope,
     return !inForce.empty() && inForce == style;
 }
 
+void TzSoapSerializerRules::declareUsed(TzSoapScope&, const TzSoapMessageImp&) const {}
+
 void TzSoapSerializerRules::enter(TzSoapScope& scope, const TzXmlAttributeSet& attributes) const {
     for (const TzXmlAttribute& attribute : attributes) {
         if (attribute.isNamespaceDeclaration()) {

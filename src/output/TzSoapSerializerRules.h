@@ -13,6 +13,7 @@ public:
     /// Whether `style` is in force around the innermost element of `scope`.
     static bool isStylePresent(const TzSoapScope& scope, std::string_view style) noexcept;
 
+    void declareUsed(TzSoapScope& scope, const TzSoapMessageImp& message) const override;
     void enter(TzSoapScope& scope, const TzXmlAttributeSet& attributes) const override;
     void collectDeclaration(TzSoapScope& scope, const TzXmlAttribute& declaration) const override;
     TzCString uniquePrefix(const TzSoapScope& scope, std::string_view prefix,
@@ -21,4 +22,7 @@ public:
     void qualifyStyle(TzSoapStartTag& tag) const override;
     void writeStyle(TzSoapStartTag& tag) const override;
     void collectBodyProperties(TzSoapStartTag& tag, const TzSoapElementImp& body) const override;
+
+private:
+    TzSoapSerializerRules() noexcept : TzSoapScopeRules(TzSoapStyleTraits::encoded()) {}
 };

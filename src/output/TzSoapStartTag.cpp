@@ -10,6 +10,8 @@
 #include <tz/xml/TzXmlBadArgError.h>
 #include <tz/xml/TzXmlUtils.h>
 
+#include "model/TzSoapBooleanText.h"
+
 namespace {
 
 /// The attribute that states a type, around its value.
@@ -59,7 +61,7 @@ void TzSoapStartTag::collectValue(const TzSoapTypeImp& value, const TzXmlName& t
         collectProperties(value);
     }
     collectType(type);
-    if (properties && !value.getActorAttribute().empty()) {
+    if (properties && !value.getActorAttribute().empty() && !isCollected(TzSoapVersion::Actor)) {
         collectSoap(TzSoapVersion::Actor, value.getActorAttribute());
     }
 }
@@ -75,9 +77,47 @@ void TzSoapStartTag::collectStyleOf(const TzSoapElementImp& element) {
 }
 
 void TzSoapStartTag::collectOwn(const TzSoapElementImp& element, bool styleStated) {
+    const bool translates = context_.rules().style().translatesAttributes;
     for (const TzXmlAttribute& attribute : element.getAttributeSet()) {
-        collectOwn(attribute, styleStated);
+        if (translates) {
+            collectOwn(attribute, styleStated);
+        } else if (!attribute.isNamespaceDeclaration()) {
+            collectPlain(element, attribute);
+        }
     }
+}
+
+void TzSoapStartTag::collectPlain(const TzSoapElementImp& element,
+                                  const TzXmlAttribute& attribute) {
+    const TzXmlName& name = attribute.getName();
+    const bool qualified = !name.getUri().empty();
+    if (qualified && element.isVerbatim() && !saysWhat(element, attribute)) {
+        return;
+    }
+    // An attribute without prefix has no namespace, whatever the default one is.
+    const std::string_view prefix = name.getPrefix();
+    const bool lacksPrefix = qualified && prefix.empty();
+    std::string_view value = attribute.getValue();
+    if (qualified && !element.isVerbatim() && name == TzSoapAttributeSet::getNullAttributeName()) {
+        value = value == TzSoapAttributeSet::getTrueAttributeValue()    ? std::string_view("true")
+                : value == TzSoapAttributeSet::getFalseAttributeValue() ? std::string_view("false")
+                                                                        : value;
+    }
+    attributes_.addOwn({&name, boundPrefix(lacksPrefix ? PrefixBase : prefix, name), value});
+}
+
+bool TzSoapStartTag::saysWhat(const TzSoapElementImp& element,
+                              const TzXmlAttribute& attribute) const {
+    const TzXmlName& name = attribute.getName();
+    if (name == TzSoapAttributeSet::getTypeAttributeName()) {
+        return !element.getTypeValue().isEmpty();
+    }
+    if (name == soap().getSoapAttributeQName(TzSoapVersion::MustUnderstand)) {
+        return !element.getMustUnderstandAttribute().empty() &&
+               tzSoapIsTrue(attribute.getValue()) == element.getMustUnderstand();
+    }
+    return name != soap().getSoapAttributeQName(TzSoapVersion::Actor) ||
+           attribute.getValue() == element.getActorAttribute();
 }
 
 void TzSoapStartTag::collectOwn(const TzXmlAttribute& attribute, bool styleStated) {
@@ -118,8 +158,10 @@ bool TzSoapStartTag::collectOfOtherVersion(const TzXmlAttribute& attribute, bool
 }
 
 void TzSoapStartTag::collectProperties(const TzSoapTypeImp& value) {
-    collectRoot(value);
-    if (value.getMustUnderstand()) {
+    if (context_.rules().style().statesEncoding) {
+        collectRoot(value);
+    }
+    if (value.getMustUnderstand() && !isCollected(TzSoapVersion::MustUnderstand)) {
         collectSoap(TzSoapVersion::MustUnderstand,
                     attributes_.keep(value.getMustUnderstandAttribute(context_.version())));
     }
@@ -128,12 +170,22 @@ void TzSoapStartTag::collectProperties(const TzSoapTypeImp& value) {
 void TzSoapStartTag::collectType(const TzXmlName& type) {
     if (!type.isEmpty()) {
         TzCString& text = attributes_.newText();
-        type.appendQualifiedName(text);
-        collectSchemaInstance(TzSoapAttributeSet::getTypeAttributeName(), text);
+        if (scope().hasExactNames()) {
+            const TzXmlNamespace bound(boundPrefix(type.getPrefix(), type), type.getUri());
+            TzXmlName(type.getLocalName(), bound).appendQualifiedName(text);
+        } else {
+            type.appendQualifiedName(text);
+        }
+        if (!attributes_.replaceValue(TzSoapAttributeSet::getTypeAttributeName(), text)) {
+            collectSchemaInstance(TzSoapAttributeSet::getTypeAttributeName(), text);
+        }
     }
 }
 
 void TzSoapStartTag::collectShape(const TzSoapArrayTypeImp& array) {
+    if (!context_.rules().style().statesEncoding) {
+        return;
+    }
     // SOAP 1.1 has arrayType, SOAP 1.2 itemType and arraySize; what the version lacks is skipped.
     const TzSoapVersion::Version version = context_.version();
     collectSoap(TzSoapVersion::ItemType, array.getElementType());
@@ -168,6 +220,11 @@ void TzSoapStartTag::collectRoot(const TzSoapElementImp& element) {
     if (element.isRootAttributeSet()) {
         collectSoap(TzSoapVersion::Root, attributes_.keep(element.getRootAttribute()));
     }
+}
+
+bool TzSoapStartTag::isCollected(TzSoapVersion::SoapAttribute attribute) const {
+    return !context_.rules().style().translatesAttributes &&
+           attributes_.contains(soap().getSoapAttributeQName(attribute));
 }
 
 void TzSoapStartTag::collectSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value) {
@@ -220,6 +277,10 @@ void TzSoapStartTag::ensureStyle() {
     if (encodedAt_ == scope().styleChanges() || scope().isStyleStated()) {
         return;
     }
+    if (!context_.rules().style().statesEncoding) {
+        encodedAt_ = scope().styleChanges();
+        return;
+    }
     const TzCString& style = soap().getSoapEncodingStyle();
     if (scope().outerStyle() == style) {
         encodedAt_ = scope().styleChanges();
@@ -241,6 +302,7 @@ bool TzSoapStartTag::isBrief(const TzSoapTagName& tag, const TzXmlName& name,
     }
     const TzSoapTagName text = TzSoapTagName::of(type);
     if (schemaInstanceBoundAt_ != scope().declarationChanges() ||
+        (scope().hasExactNames() && scope().needsDeclaration(type)) ||
         !(typeIsPlain || (TzXmlWriter::isPlain(text.prefix) && TzXmlWriter::isPlain(text.local)))) {
         return false;
     }

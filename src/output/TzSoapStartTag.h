@@ -132,6 +132,9 @@ private:
     static void checkName(std::string_view prefix, const TzXmlName& name);
     void collectOwn(const TzSoapElementImp& element, bool styleStated);
     void collectOwn(const TzXmlAttribute& attribute, bool styleStated);
+    void collectPlain(const TzSoapElementImp& element, const TzXmlAttribute& attribute);
+    bool saysWhat(const TzSoapElementImp& element, const TzXmlAttribute& attribute) const;
+    bool isCollected(TzSoapVersion::SoapAttribute attribute) const;
     bool collectOfOtherVersion(const TzXmlAttribute& attribute, bool styleStated);
     void collectStyle(std::string_view style) { context_.rules().collectStyle(*this, style); }
     void collectStyleOf(const TzSoapElementImp& element);

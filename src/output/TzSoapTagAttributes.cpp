@@ -24,6 +24,20 @@ void TzSoapTagAttributes::addMade(const Attribute& attribute) {
     attributes_.push_back(attribute);
 }
 
+bool TzSoapTagAttributes::contains(const TzXmlName& name) const {
+    return std::any_of(attributes_.begin(), attributes_.end(),
+                       [&](const Attribute& each) { return *each.name == name; });
+}
+
+bool TzSoapTagAttributes::replaceValue(const TzXmlName& name, std::string_view value) {
+    const auto known = find(name);
+    const bool isKnown = known != attributes_.end();
+    if (isKnown) {
+        known->value = value;
+    }
+    return isKnown;
+}
+
 void TzSoapTagAttributes::rename(const TzXmlName& from, const TzXmlName& to) {
     const auto renamed = find(from);
     if (renamed == attributes_.end() || from == to) {

@@ -32,6 +32,10 @@ public:
     void addOwn(const Attribute& attribute);
     /// Adds an attribute made or renamed for this tag; one of that name takes it in place. O(size).
     void addMade(const Attribute& attribute);
+    /// Whether an attribute of that name is there. O(size).
+    bool contains(const TzXmlName& name) const;
+    /// Gives the attribute of that name another value; false when it is not there. O(size).
+    bool replaceValue(const TzXmlName& name, std::string_view value);
     /// Spells the unqualified attribute `from` as the unqualified `to`, in place of one that is
     /// there. To be called when all is added. O(size).
     void rename(const TzXmlName& from, const TzXmlName& to);

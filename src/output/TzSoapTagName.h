@@ -29,6 +29,10 @@ struct TzSoapTagName {
     static TzSoapTagName withColon(std::string_view prefix, std::string_view local) noexcept {
         return {prefix, TzXmlWriter::Colon, local, false};
     }
+    /// The name of a block of an envelope with its own prefix, without colon if that is empty.
+    static TzSoapTagName withPrefix(std::string_view prefix, std::string_view local) noexcept {
+        return {prefix, prefix.empty() ? std::string_view() : TzXmlWriter::Colon, local, false};
+    }
     /// How values without name are called.
     static const TzXmlName& unnamedName();
 

@@ -25,7 +25,7 @@ bool isLabel(const TzXmlName& type, const TzXmlName& label) {
 } // namespace
 
 bool TzSoapValueOutput::isNil(const TzSoapTypeImp& value) {
-    return !value.getAttributeSet().empty() && value.isNull();
+    return !value.getAttributeSet().empty() && value.isNull() && !value.isVerbatim();
 }
 
 void TzSoapValueOutput::collect(TzSoapTypeImp& value, const TzXmlName& type,

@@ -28,7 +28,8 @@ public:
     TzSoapValueOutput(const TzSoapValueOutput&) = delete;
     TzSoapValueOutput& operator=(const TzSoapValueOutput&) = delete;
 
-    /// Whether a value is nil; one without attributes is not.
+    /// Whether a value is nil, so that its content is left out; one without attributes is not, nor
+    /// one that stays as it was read.
     static bool isNil(const TzSoapTypeImp& value);
 
     /// Writes a simple value on one line; sets its type when it shows one.

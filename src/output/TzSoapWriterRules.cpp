@@ -11,6 +11,8 @@ const TzSoapWriterRules& TzSoapWriterRules::instance() noexcept {
     return rules;
 }
 
+void TzSoapWriterRules::declareUsed(TzSoapScope&, const TzSoapMessageImp&) const {}
+
 void TzSoapWriterRules::enter(TzSoapScope&, const TzXmlAttributeSet&) const {}
 
 void TzSoapWriterRules::collectDeclaration(TzSoapScope& scope,

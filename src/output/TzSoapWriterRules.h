@@ -10,6 +10,7 @@ public:
     /// The rules.
     static const TzSoapWriterRules& instance() noexcept;
 
+    void declareUsed(TzSoapScope& scope, const TzSoapMessageImp& message) const override;
     void enter(TzSoapScope& scope, const TzXmlAttributeSet& attributes) const override;
     void collectDeclaration(TzSoapScope& scope, const TzXmlAttribute& declaration) const override;
     TzCString uniquePrefix(const TzSoapScope& scope, std::string_view prefix,
@@ -18,4 +19,7 @@ public:
     void qualifyStyle(TzSoapStartTag& tag) const override;
     void writeStyle(TzSoapStartTag& tag) const override;
     void collectBodyProperties(TzSoapStartTag& tag, const TzSoapElementImp& body) const override;
+
+private:
+    TzSoapWriterRules() noexcept : TzSoapScopeRules(TzSoapStyleTraits::encoded()) {}
 };

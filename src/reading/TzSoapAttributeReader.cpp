@@ -8,6 +8,7 @@
 #include <tz/xml/TzXmlAttributeSet.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapBooleanText.h"
 #include "reading/TzSoapReadingState.h"
 
 #include <algorithm>
@@ -40,11 +41,6 @@ const TzXmlAttribute* findEncodingStyle(const TzXmlAttributeSet& attributes) {
 /// The name that `text` spells, its prefix resolved if `context` is not null.
 TzXmlName resolve(std::string_view text, TzSoapParseContext* context) {
     return context != nullptr ? TzSoapAccess::reading(*context).resolveName(text) : TzXmlName(text);
-}
-
-/// Whether a received boolean is true.
-bool isTrue(const TzCString& text) {
-    return text == TzSoapUtils::TrueTag || text == TzSoapAttributeSet::getTrueAttributeValue();
 }
 
 /// Adds attributes that another set held, where no two have one name.
@@ -101,13 +97,13 @@ private:
             return false;
         }
         if (is(attribute, TzSoapVersion::MustUnderstand)) {
-            element_.setMustUnderstand(isTrue(attribute.getValue()));
+            element_.setMustUnderstand(tzSoapIsTrue(attribute.getValue()));
         } else if (is(attribute, TzSoapVersion::EncodingStyle)) {
             element_.setEncodingStyle(attribute.getValue());
         } else if (is(attribute, TzSoapVersion::Actor)) {
             element_.setActor(attribute.getValue());
         } else if (is(attribute, TzSoapVersion::Root)) {
-            element_.setRoot(isTrue(attribute.getValue()));
+            element_.setRoot(tzSoapIsTrue(attribute.getValue()));
         } else {
             return false;
         }

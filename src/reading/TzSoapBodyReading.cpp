@@ -3,7 +3,6 @@
 
 #include <soap/TzSoapFaultImp.h>
 #include <soap/TzSoapParseContext.h>
-#include <soap/TzSoapUtils.h>
 
 #include "model/TzSoapAccess.h"
 
@@ -11,7 +10,7 @@
 
 void TzSoapBodyImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                              TzSoapParseContext* context) {
-    open(*this, context, TzSoapUtils::beginElement(*this, name, attributes));
+    begin(*this, name, attributes, context);
 }
 
 void TzSoapBodyImp::startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
@@ -30,6 +29,8 @@ void TzSoapBodyImp::endElement(const TzXmlName&) {
     reading("..\\TzSoapBodyImp", 88).resolveAndClearIdReferences();
     close();
 }
+
+void TzSoapBodyImp::characters(const TzCString& text) { takeText(text, entries_); }
 
 void TzSoapBodyImp::addChild(const TzSoapType& child) { entries_.append(child); }
 

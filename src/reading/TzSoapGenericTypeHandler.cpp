@@ -8,11 +8,13 @@
 #include <soap/TzSoapReferenceType.h>
 #include <soap/TzSoapReferenceTypeImp.h>
 #include <soap/TzSoapUtils.h>
+#include <soap/TzSoapValueList.h>
 #include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlElementImp.h>
 
 #include "model/TzSoapAccess.h"
 #include "reading/TzSoapReadingState.h"
+#include "reading/TzSoapVerbatimAttributes.h"
 
 #include <utility>
 
@@ -76,6 +78,24 @@ void TzSoapGenericTypeHandler::open(TzXmlElementImp& element, TzSoapParseContext
     }
 }
 
+void TzSoapGenericTypeHandler::begin(TzSoapElementImp& element, const TzXmlName& name,
+                                     const TzXmlAttributeSet& attributes,
+                                     TzSoapParseContext* context) {
+    if (context == nullptr || !TzSoapAccess::reading(*context).isLiteral()) {
+        return open(element, context, TzSoapUtils::beginElement(element, name, attributes));
+    }
+    element.setName(name);
+    open(element, context, nullptr);
+    tzSoapReadVerbatim(attributes, element, state());
+}
+
+void TzSoapGenericTypeHandler::takeText(const TzCString& text, TzSoapValueList& children) {
+    if (context() == nullptr || !state().isLiteral()) {
+        return TzSoapContentHandler::characters(text);
+    }
+    children.setTextBefore(children.end(), text);
+}
+
 void TzSoapGenericTypeHandler::close() {
     TzSoapReadingState& reading = TzSoapAccess::reading(this->reading(Unit, 97));
     const std::size_t pushed = std::size_t{childStylePushed_} + std::size_t{ownStylePushed_};
@@ -120,6 +140,9 @@ void TzSoapGenericTypeHandler::pushChildStyle(const TzXmlAttributeSet& attribute
     const TzSoapReadingState& reading = TzSoapAccess::reading(this->reading(Unit, 132));
     const TzSoapVersion& names = TzSoapVersion::getSoapVersion(reading.version());
     popChildStyle();
+    if (reading.isLiteral()) {
+        return state().handlers().unknown.populate(name, attributes, context(), this);
+    }
     const bool marked =
         state().names.findOnlyType(attributes) == nullptr && mayMark(attributes, names);
     if (marked) {

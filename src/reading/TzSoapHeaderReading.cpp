@@ -2,13 +2,13 @@
 #include <soap/TzSoapHeaderImp.h>
 
 #include <soap/TzSoapParseContext.h>
-#include <soap/TzSoapUtils.h>
 
 #include <utility>
 
 void TzSoapHeaderImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                                TzSoapParseContext* context) {
-    open(*this, context, TzSoapUtils::beginElement(*this, name, attributes));
+    wasRead_ = true;
+    begin(*this, name, attributes, context);
 }
 
 void TzSoapHeaderImp::endElement(const TzXmlName&) {
@@ -16,6 +16,8 @@ void TzSoapHeaderImp::endElement(const TzXmlName&) {
     reading("..\\TzSoapHeaderImp", 74).resolveAndClearIdReferences();
     close();
 }
+
+void TzSoapHeaderImp::characters(const TzCString& text) { takeText(text, entries_); }
 
 void TzSoapHeaderImp::addChild(const TzSoapType& child) { entries_.append(child); }
 

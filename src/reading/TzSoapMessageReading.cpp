@@ -12,6 +12,7 @@
 #include "model/TzSoapAccess.h"
 #include "reading/TzSoapErrorDetail.h"
 #include "reading/TzSoapReadingState.h"
+#include "reading/TzSoapVerbatimAttributes.h"
 
 #include <array>
 
@@ -109,6 +110,7 @@ void TzSoapMessageImp::parseEnvelope(std::string_view text) {
     state.clear();
     state.parser = &parser();
     state.package = multipart_;
+    state.messageStyle = style_;
     state.budget = TzSoapReadBudget(readLimits_, text.size());
     parser().setDepthLimit(readLimits_.depth);
     parser().setAttributeLimit(readLimits_.attributes);
@@ -148,8 +150,10 @@ void TzSoapMessageImp::startElement(const TzXmlName& name, const TzXmlAttributeS
 void TzSoapMessageImp::startPart(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
     const TzSoapVersion& names = TzSoapVersion::getSoapVersion(getVersion());
     if (names.matchSoapElement(name, TzSoapVersion::Header)) {
+        textPlace_ = BeforeBody;
         TzSoapAccess::body(getSoapHeader()).populate(name, attributes, &context());
     } else if (names.matchSoapElement(name, TzSoapVersion::Body)) {
+        textPlace_ = AfterBody;
         TzSoapAccess::body(getSoapBody()).populate(name, attributes, &context());
     } else {
         refuse(TzMessage(tzsoap_UNKNOWN_SOAP_ELEMENT(), name.getLocalName()), name);
@@ -164,15 +168,27 @@ void TzSoapMessageImp::populate(const TzXmlName& name, const TzXmlAttributeSet& 
     clear();
     setVersion(version);
     getAttributeSet().clear();
-    const TzCString* style = TzSoapUtils::beginElement(*this, name, attributes);
+    textPlace_ = BeforeHeader;
     TzSoapReadingState& state = TzSoapAccess::reading(context());
+    state.message = this;
+    const TzCString* style = nullptr;
+    if (state.isLiteral()) {
+        setName(name);
+        tzSoapReadVerbatim(attributes, *this, state);
+    } else {
+        style = TzSoapUtils::beginElement(*this, name, attributes);
+    }
     state.pushStyle(style != nullptr ? *style : TzSoapAttributeSet::getEmptyString());
     state.names.open(*this);
-    state.message = this;
 }
 
 void TzSoapMessageImp::characters(const TzCString& text) {
-    TzSoapAccess::reading(context()).noteDroppedText(text);
+    TzSoapReadingState& reading = TzSoapAccess::reading(context());
+    if (reading.isLiteral()) {
+        texts_[textPlace_] = text;
+    } else {
+        reading.noteDroppedText(text);
+    }
 }
 
 void TzSoapMessageImp::endElement(const TzXmlName&) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <soap/TzSoapDroppedText.h>
+#include <soap/TzSoapStyle.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/mime/TzMimeMultipart.h>
 #include <tz/tools/TzCString.h>
@@ -35,10 +36,13 @@ public:
     TzSoapStylesInForce styles;          ///< The encoding styles in force.
     TzSoapReferenceTable references;     ///< Ids and references.
     TzSoapReadBudget budget;             ///< What the limits still allow.
-    TzSoapDroppedText droppedText;       ///< Text that was left out so far.
+    TzSoapStyle messageStyle = TzSoapStyle::Encoded; ///< How the text is read.
+    TzSoapDroppedText droppedText;                   ///< Text that was left out so far.
 
     /// The version being read: that of the message, the latest without one.
     TzSoapVersion::Version version() const;
+    /// Whether the text is read literally.
+    bool isLiteral() const noexcept { return messageStyle == TzSoapStyle::Literal; }
     /// The name that `text` spells under the open elements. Valid until the next call.
     const TzXmlName& resolveName(std::string_view text) { return names.resolve(text, parser); }
     /// Opens the scope of an encoding style; `TzXmlParseError` when it is longer than the limits

@@ -15,6 +15,7 @@
 
 #include "model/TzSoapAccess.h"
 #include "reading/TzSoapReadingState.h"
+#include "reading/TzSoapVerbatimAttributes.h"
 
 #include <utility>
 
@@ -59,6 +60,9 @@ TzSoapUnknownTypeHandler::~TzSoapUnknownTypeHandler() = default;
     }
     element_->TzXmlElementImp::getName() = name;
     TzSoapReadingState& reading = TzSoapAccess::reading(*context());
+    if (reading.isLiteral()) {
+        return beginLiterally(attributes, reading);
+    }
     if (const TzXmlAttribute* type = reading.names.findOnlyType(attributes)) {
         element_->setTypeAttribute(reading.resolveName(type->getValue()));
         return;
@@ -72,13 +76,28 @@ TzSoapUnknownTypeHandler::~TzSoapUnknownTypeHandler() = default;
     reading.names.close();
 }
 
+void TzSoapUnknownTypeHandler::beginLiterally(const TzXmlAttributeSet& attributes,
+                                              TzSoapReadingState& reading) {
+    if (attributes.empty()) {
+        element_->setVerbatim(true);
+        return;
+    }
+    reading.names.open(*element_);
+    tzSoapReadVerbatim(attributes, *element_, reading);
+    reading.names.close();
+}
+
 [[gnu::hot]] void TzSoapUnknownTypeHandler::characters(const TzCString& text) { text_ += text; }
 
 void TzSoapUnknownTypeHandler::startElement(const TzXmlName& name,
                                             const TzXmlAttributeSet& attributes) {
     TzSoapParseContext& reading = this->reading(Unit, 72);
-    TzSoapAccess::reading(reading).noteDroppedText(text_);
     auto* body = new TzSoapCompositeTypeImp();
+    if (TzSoapAccess::reading(reading).isLiteral()) {
+        body->children().setTextBefore(body->childrenEnd(), text_);
+    } else {
+        TzSoapAccess::reading(reading).noteDroppedText(text_);
+    }
     const auto composite = TzSoapAccess::handle<TzSoapCompositeType>(body);
     body->takeElement(*element_);
     hand(TzSoapType(composite));

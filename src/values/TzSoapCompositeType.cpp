@@ -60,6 +60,16 @@ void TzSoapCompositeType::removeAllChildren(const TzXmlName& name) {
 
 void TzSoapCompositeType::clearChildren() { body().clearChildren(); }
 
+bool TzSoapCompositeType::hasText() const { return body().children().hasText(); }
+
+TzCString TzSoapCompositeType::getTextBefore(const_iterator position) const {
+    return body().children().textBefore(position);
+}
+
+void TzSoapCompositeType::setTextBefore(const_iterator position, const TzCString& text) {
+    body().children().setTextBefore(position, text);
+}
+
 TzSoapCompositeType::iterator TzSoapCompositeType::findChild(const TzXmlName& name) {
     return body().findChild(name);
 }

@@ -31,6 +31,8 @@ void TzSoapCompositeTypeImp::addChild(const TzSoapType& child) { children_.appen
     children_.append(std::move(child));
 }
 
+void TzSoapCompositeTypeImp::characters(const TzCString& text) { takeText(text, children_); }
+
 void TzSoapCompositeTypeImp::doStart(const TzXmlName& childName,
                                      const TzXmlAttributeSet& childAttributes,
                                      TzSoapParseContext* context) {
@@ -40,5 +42,5 @@ void TzSoapCompositeTypeImp::doStart(const TzXmlName& childName,
 
 void TzSoapCompositeTypeImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
                                       TzSoapParseContext* context) {
-    open(*this, context, TzSoapUtils::beginElement(*this, name, attributes));
+    begin(*this, name, attributes, context);
 }

@@ -2,6 +2,7 @@
 #include <soap/TzSoapCast.h>
 
 #include <tz/xml/TzXmlBadArgError.h>
+#include <tz/xml/TzXmlUtils.h>
 
 #include "model/visiting/TzSoapDispatch.h"
 #include "values/TzSoapFollow.h"
@@ -22,6 +23,19 @@ template <> constexpr const char* KindOf<TzSoapSimpleType> = "a simple value";
 template <> constexpr const char* KindOf<TzSoapSparseArrayType> = "a sparse array";
 template <> constexpr const char* KindOf<TzSoapUserDefinedType> = "a user-defined value";
 
+/// The composite without children that an element read literally without content is as well; empty
+/// for any other value. Its name and attributes are copies.
+std::optional<TzSoapCompositeType> emptyComposite(const TzSoapType& value) {
+    const TzSoapTypeImp& body = TzSoapAccess::body(value);
+    if (body.getSoapTypeId() != TzSoapContentBase::Simple || !body.isVerbatim() ||
+        !TzXmlUtils::trim(static_cast<const TzSoapSimpleTypeImp&>(body).text()).empty()) {
+        return {};
+    }
+    const TzSoapCompositeType composite;
+    static_cast<TzSoapElementImp&>(TzSoapAccess::body(composite)) = body;
+    return composite;
+}
+
 } // namespace
 
 template <typename Handle> std::optional<Handle> tzSoapCast(const TzSoapType& value) {
@@ -35,6 +49,11 @@ template <typename Handle> Handle tzSoapAs(const TzSoapType& value) {
     constexpr bool follows = !std::is_same_v<Handle, TzSoapReferenceType>;
     const TzSoapType meant = follows ? tzSoapFollow(value) : value;
     std::optional<Handle> handle = tzSoapCast<Handle>(meant);
+    if constexpr (std::is_same_v<Handle, TzSoapCompositeType>) {
+        if (!handle) {
+            handle = emptyComposite(meant);
+        }
+    }
     if (!handle) {
         TzThrow(TzXmlBadArgError(TzMessage(tzSoapNotOfKind(meant, KindOf<Handle>))));
     }

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "output/TzSoapLiteralRules.h"
+
+#include <tz/xml/TzXmlAttribute.h>
+#include <tz/xml/TzXmlAttributeSet.h>
+
+#include "output/TzSoapScope.h"
+#include "output/TzSoapUsedNamespaces.h"
+#include "output/TzSoapWriterRules.h"
+
+const TzSoapLiteralRules& TzSoapLiteralRules::instance() noexcept {
+    static const TzSoapLiteralRules rules;
+    return rules;
+}
+
+void TzSoapLiteralRules::declareUsed(TzSoapScope& scope, const TzSoapMessageImp& message) const {
+    TzSoapUsedNamespaces(scope).declare(message);
+}
+
+void TzSoapLiteralRules::enter(TzSoapScope& scope, const TzXmlAttributeSet& attributes) const {
+    for (const TzXmlAttribute& attribute : attributes) {
+        if (attribute.isNamespaceDeclaration()) {
+            scope.declare(attribute.declaredNamespace());
+        }
+    }
+}
+
+void TzSoapLiteralRules::collectDeclaration(TzSoapScope&, const TzXmlAttribute&) const {}
+
+TzCString TzSoapLiteralRules::uniquePrefix(const TzSoapScope& scope, std::string_view prefix,
+                                           std::string_view uri) const {
+    return TzSoapWriterRules::instance().uniquePrefix(scope, prefix, uri);
+}
+
+void TzSoapLiteralRules::collectStyle(TzSoapStartTag&, std::string_view) const {}
+
+void TzSoapLiteralRules::qualifyStyle(TzSoapStartTag&) const {}
+
+void TzSoapLiteralRules::writeStyle(TzSoapStartTag&) const {}
+
+void TzSoapLiteralRules::collectBodyProperties(TzSoapStartTag&, const TzSoapElementImp&) const {}

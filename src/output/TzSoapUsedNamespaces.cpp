@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include "output/TzSoapUsedNamespaces.h"
+
+#include <soap/TzSoapBodyImp.h>
+#include <soap/TzSoapFaultImp.h>
+#include <soap/TzSoapHeaderImp.h>
+#include <soap/TzSoapMessageImp.h>
+#include <soap/TzSoapSimpleTypeImp.h>
+#include <tz/xml/TzXmlAttribute.h>
+#include <tz/xml/TzXmlAttributeSet.h>
+#include <tz/xml/TzXmlName.h>
+
+#include "model/TzSoapAccess.h"
+#include "output/TzSoapSchemaLabels.h"
+#include "output/TzSoapScope.h"
+#include "values/TzSoapHeldValues.h"
+
+#include <algorithm>
+#include <utility>
+
+void TzSoapUsedNamespaces::declare(const TzSoapMessageImp& message) {
+    const TzSoapHeaderImp& header = TzSoapAccess::body(message.getSoapHeader());
+    const TzSoapBodyImp& body = TzSoapAccess::body(message.getSoapBody());
+    useList(header, header.entries());
+    useList(body, body.entries());
+    if (body.hasSoapFault()) {
+        const TzSoapFaultImp& fault = TzSoapAccess::body(body.getSoapFault());
+        use(fault.getCode().getNamespace());
+        enter(TzSoapAccess::body(fault.getDetails()));
+        walk();
+    }
+}
+
+void TzSoapUsedNamespaces::useList(const TzSoapElementImp& block, const TzSoapValueList& values) {
+    Open opened{{}, openScope(block)};
+    for (const TzSoapType& value : values) {
+        opened.rest.push_back(&value);
+    }
+    std::reverse(opened.rest.begin(), opened.rest.end());
+    open_.push_back(std::move(opened));
+    walk();
+}
+
+void TzSoapUsedNamespaces::walk() {
+    while (!open_.empty()) {
+        Open& innermost = open_.back();
+        if (innermost.rest.empty()) {
+            if (innermost.declares) {
+                within_.popScope();
+            }
+            open_.pop_back();
+            continue;
+        }
+        const TzSoapTypeImp& value = TzSoapAccess::body(*innermost.rest.back());
+        innermost.rest.pop_back();
+        enter(value);
+    }
+}
+
+void TzSoapUsedNamespaces::enter(const TzSoapTypeImp& value) {
+    const bool declares = openScope(value);
+    useValue(value);
+    const TzSoapContentBase::SoapTypeId kind = value.getSoapTypeId();
+    const bool holds = kind == TzSoapContentBase::Composite || kind == TzSoapContentBase::Array;
+    if (!holds || !met_.isNew(value)) {
+        if (declares) {
+            within_.popScope();
+        }
+        return;
+    }
+    Open opened{{}, declares};
+    // The values are only looked at.
+    tzSoapForEachHeld(const_cast<TzSoapTypeImp&>(value),
+                      [&](const TzSoapType& held) { opened.rest.push_back(&held); });
+    std::reverse(opened.rest.begin(), opened.rest.end());
+    open_.push_back(std::move(opened));
+}
+
+bool TzSoapUsedNamespaces::openScope(const TzSoapElementImp& element) {
+    bool declares = false;
+    for (const TzXmlAttribute& attribute : element.getAttributeSet()) {
+        if (attribute.isNamespaceDeclaration()) {
+            if (!declares) {
+                within_.pushScope();
+                declares = true;
+            }
+            within_.add(attribute.declaredNamespace());
+        }
+    }
+    return declares;
+}
+
+void TzSoapUsedNamespaces::useValue(const TzSoapTypeImp& value) {
+    // Not the virtual operation, which the placeholders of an array refuse.
+    use(value.TzXmlElementImp::getName().getNamespace());
+    for (const TzXmlAttribute& attribute : value.getAttributeSet()) {
+        if (!attribute.isNamespaceDeclaration()) {
+            use(attribute.getName().getNamespace());
+        }
+    }
+    if (value.getSoapTypeId() == TzSoapContentBase::Simple) {
+        const auto& simple = static_cast<const TzSoapSimpleTypeImp&>(value);
+        if (simple.getTypeShouldBeEncoded()) {
+            return useType(TzSoapSchemaLabels::instance()[simple.getType()], value);
+        }
+    }
+    useType(value.getTypeValue(), value);
+}
+
+void TzSoapUsedNamespaces::useType(const TzXmlName& type, const TzSoapTypeImp& value) {
+    if (type.isEmpty()) {
+        return;
+    }
+    const TzXmlName& attribute = TzSoapAttributeSet::getTypeAttributeName();
+    const TzSoapAttributeSet& attributes = value.getAttributeSet();
+    if (attributes.find(attribute) == attributes.end()) {
+        use(attribute.getNamespace());
+    }
+    use(type.getNamespace());
+}
+
+void TzSoapUsedNamespaces::use(const TzXmlNamespace& nameSpace) {
+    const TzCString& prefix = nameSpace.getPrefix();
+    if (prefix.empty() || nameSpace.getUri().empty() ||
+        nameSpace.sameUri(TzXmlNamespace::getXml()) || within_.find(prefix) != nullptr) {
+        return;
+    }
+    scope_.declareUnbound(prefix, nameSpace.getUri());
+}
