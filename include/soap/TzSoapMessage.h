@@ -15,6 +15,7 @@
 #include <soap/TzSoapVersion.h>
 #include <tz/pointer/TzHandleBase.h>
 #include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
 #include <tz/xml/TzXmlProlog.h>
 #include <tz/xml/TzXmlText.h>
 
@@ -200,6 +201,14 @@ public:
     /// text that were read literally stay as they were. Arrays are written as their items. White
     /// space beside the children of a Fault, and the attributes of these, are not kept.
     TzSoapStyle getStyle() const;
+
+    /// Sets the names of elements that `extract` keeps as markup, in either style and wherever they
+    /// stand in header or body: each becomes a `TzSoapUserDefinedType` whose `getMarkup` is what
+    /// its sender wrote, as signed parts and tokens of others need it. Replaces the names set
+    /// before. Each costs a comparison for each element that is read.
+    void setMarkupElements(const std::vector<TzXmlName>& names);
+    /// These names; none in a new message.
+    const std::vector<TzXmlName>& getMarkupElements() const;
 
     /// Sets what `extract` accepts.
     void setReadLimits(const TzSoapReadLimits& limits);

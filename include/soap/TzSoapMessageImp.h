@@ -39,8 +39,9 @@ public:
     /// An empty message under the names of `version`; `TzXmlError` UNKNOWN_VERSION for an unknown
     /// version.
     explicit TzSoapMessageImp(TzSoapVersion::Version version);
-    /// Copies the envelope element, prolog, type registry, version, style, prefixes and limits, and
-    /// header and body by their `copy()`; shares the kept package and the attachments.
+    /// Copies the envelope element, prolog, type registry, version, style, names of markup,
+    /// prefixes and limits, and header and body by their `copy()`; shares the kept package and the
+    /// attachments.
     TzSoapMessageImp(const TzSoapMessageImp& other);
     TzSoapMessageImp& operator=(const TzSoapMessageImp&) = delete;
     ~TzSoapMessageImp() override;
@@ -49,7 +50,8 @@ public:
     virtual TzSoapMessageImp* clone() const;
     /// Empties the message in place: attributes and properties of envelope, header and body, their
     /// entries, the fault with its subcodes, the prolog, the attachments that were added. Names,
-    /// version, style, type registry, encoding prefix, kept package and limits stay.
+    /// version, style, type registry, names of markup, encoding prefix, kept package and limits
+    /// stay.
     void clear();
 
     /// The version.
@@ -94,6 +96,12 @@ public:
     TzSoapStyle getStyle() const noexcept { return style_; }
     /// Sets the style that the message is read and written in.
     void setStyle(TzSoapStyle style) noexcept { style_ = style; }
+    /// The names of elements that `extract` keeps as markup.
+    const std::vector<TzXmlName>& getMarkupElements() const noexcept { return markupNames_; }
+    /// Sets the names of elements that `extract` keeps as markup.
+    void setMarkupElements(std::vector<TzXmlName> names) noexcept {
+        markupNames_ = std::move(names);
+    }
     /// What `extract` accepts.
     const TzSoapReadLimits& getReadLimits() const noexcept { return readLimits_; }
     /// Sets what `extract` accepts.
@@ -161,6 +169,7 @@ private:
     TzMimeMultipart multipart_;
     std::vector<TzMimePart> attachments_;
     TzSoapReadLimits readLimits_;
+    std::vector<TzXmlName> markupNames_;
     TzSoapDroppedText droppedText_;
     std::unique_ptr<Parsing> parsing_; // made by the first extract
     std::array<TzCString, AfterBody + 1> texts_;

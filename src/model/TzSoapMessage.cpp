@@ -76,6 +76,14 @@ void TzSoapMessage::setStyle(TzSoapStyle style) { body().setStyle(style); }
 
 TzSoapStyle TzSoapMessage::getStyle() const { return body().getStyle(); }
 
+void TzSoapMessage::setMarkupElements(const std::vector<TzXmlName>& names) {
+    body().setMarkupElements(names);
+}
+
+const std::vector<TzXmlName>& TzSoapMessage::getMarkupElements() const {
+    return body().getMarkupElements();
+}
+
 void TzSoapMessage::setReadLimits(const TzSoapReadLimits& limits) { body().setReadLimits(limits); }
 
 TzSoapReadLimits TzSoapMessage::getReadLimits() const { return body().getReadLimits(); }

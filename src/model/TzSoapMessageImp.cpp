@@ -26,7 +26,7 @@ TzSoapMessageImp::TzSoapMessageImp(const TzSoapMessageImp& other)
       hasProlog_(other.hasProlog_), typeRegistry_(other.typeRegistry_), version_(other.version_),
       style_(other.style_), encodingPrefix_(other.encodingPrefix_), multipart_(other.multipart_),
       attachments_(other.attachments_), readLimits_(other.readLimits_),
-      droppedText_(other.droppedText_), texts_(other.texts_) {}
+      markupNames_(other.markupNames_), droppedText_(other.droppedText_), texts_(other.texts_) {}
 
 TzSoapMessageImp::~TzSoapMessageImp() = default;
 

@@ -6,6 +6,7 @@
 #include <soap/TzSoapHeaderImp.h>
 #include <soap/TzSoapMessageImp.h>
 #include <soap/TzSoapSimpleTypeImp.h>
+#include <soap/TzSoapUserDefinedTypeImp.h>
 #include <tz/xml/TzXmlAttribute.h>
 #include <tz/xml/TzXmlAttributeSet.h>
 #include <tz/xml/TzXmlName.h>
@@ -91,6 +92,14 @@ bool TzSoapUsedNamespaces::openScope(const TzSoapElementImp& element) {
 }
 
 void TzSoapUsedNamespaces::useValue(const TzSoapTypeImp& value) {
+    if (value.getSoapTypeId() == TzSoapContentBase::UserDefined &&
+        !static_cast<const TzSoapUserDefinedTypeImp&>(value).getMarkup().empty()) {
+        const auto& markup = static_cast<const TzSoapUserDefinedTypeImp&>(value);
+        for (const TzXmlNamespace& needed : markup.getDeclarations()) {
+            use(needed);
+        }
+        return;
+    }
     // Not the virtual operation, which the placeholders of an array refuse.
     use(value.TzXmlElementImp::getName().getNamespace());
     for (const TzXmlAttribute& attribute : value.getAttributeSet()) {

@@ -9,6 +9,7 @@
 #include <tz/tools/TzMessage.h>
 #include <tz/xml/TzThrow.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -104,6 +105,9 @@ std::string_view TzSoapValueOutput::contentOf(const TzSoapSimpleTypeImp& value) 
 
 void TzSoapValueOutput::writeUserDefined(TzSoapUserDefinedTypeImp& value,
                                          std::string_view position) {
+    if (!value.getMarkup().empty()) {
+        return writeOwnMarkup(value);
+    }
     const TzCString& markup = value.getValue();
     if (markup.starts_with(TzXmlWriter::StartTag)) {
         writeMarkup(markup, value);
@@ -118,6 +122,26 @@ void TzSoapValueOutput::writeUserDefined(TzSoapUserDefinedTypeImp& value,
         context_.xml().write(markup);
     }
     tag.writeEndTag(context_.xml());
+}
+
+void TzSoapValueOutput::writeOwnMarkup(const TzSoapUserDefinedTypeImp& value) {
+    const std::string_view markup = value.getMarkup();
+    const std::size_t nameEnd = std::min(markup.find_first_of(" \t\r\n/>"), markup.size());
+    TzXmlWriter& xml = context_.xml();
+    xml.write(markup.substr(0, nameEnd));
+    const TzXmlName& style = context_.soap().getSoapAttributeQName(TzSoapVersion::EncodingStyle);
+    if (context_.rules().style().statesEncoding &&
+        markup.find(style.getLocalName()) == std::string_view::npos) {
+        startTag_.writeAttribute(context_.scope().envelopePrefix(), style.getLocalName(),
+                                 value.getEncodingStyleAttribute());
+    }
+    for (const TzXmlNamespace& needed : value.getDeclarations()) {
+        if (context_.scope().uriFor(needed.getPrefix()) != needed.getUri()) {
+            startTag_.writeDeclaration(needed);
+        }
+    }
+    xml.write(markup.substr(nameEnd));
+    context_.book().noteWritten(value);
 }
 
 void TzSoapValueOutput::writeMarkup(const TzCString& markup, const TzSoapTypeImp& value) {

@@ -57,6 +57,7 @@ private:
     void start(const TzSoapTagName& name, const TzSoapTypeImp& value);
     void writeEmpty(const TzSoapTagName& name, const TzSoapTypeImp& value);
     std::string_view contentOf(const TzSoapSimpleTypeImp& value);
+    void writeOwnMarkup(const TzSoapUserDefinedTypeImp& value);
     void writeMarkup(const TzCString& markup, const TzSoapTypeImp& value);
     std::size_t styleInsertion(const TzCString& markup) const;
     void keepTarget(TzSoapReferenceTypeImp& reference);

@@ -140,6 +140,9 @@ void TzSoapGenericTypeHandler::pushChildStyle(const TzXmlAttributeSet& attribute
     const TzSoapReadingState& reading = TzSoapAccess::reading(this->reading(Unit, 132));
     const TzSoapVersion& names = TzSoapVersion::getSoapVersion(reading.version());
     popChildStyle();
+    if (reading.takesMarkup(name)) {
+        return state().handlers().markup.populate(name, attributes, context(), this);
+    }
     if (reading.isLiteral()) {
         return state().handlers().unknown.populate(name, attributes, context(), this);
     }

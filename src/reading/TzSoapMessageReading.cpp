@@ -111,6 +111,7 @@ void TzSoapMessageImp::parseEnvelope(std::string_view text) {
     state.parser = &parser();
     state.package = multipart_;
     state.messageStyle = style_;
+    state.markupNames = markupNames_;
     state.budget = TzSoapReadBudget(readLimits_, text.size());
     parser().setDepthLimit(readLimits_.depth);
     parser().setAttributeLimit(readLimits_.attributes);

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 class TzSoapMessageImp;
 class TzXmlSAXParser;
@@ -37,12 +38,18 @@ public:
     TzSoapReferenceTable references;     ///< Ids and references.
     TzSoapReadBudget budget;             ///< What the limits still allow.
     TzSoapStyle messageStyle = TzSoapStyle::Encoded; ///< How the text is read.
+    std::vector<TzXmlName> markupNames;              ///< Elements that are kept as markup.
     TzSoapDroppedText droppedText;                   ///< Text that was left out so far.
 
     /// The version being read: that of the message, the latest without one.
     TzSoapVersion::Version version() const;
     /// Whether the text is read literally.
     bool isLiteral() const noexcept { return messageStyle == TzSoapStyle::Literal; }
+    /// Whether an element named `name` is kept as markup. O(names asked for).
+    bool takesMarkup(const TzXmlName& name) const noexcept {
+        return !markupNames.empty() &&
+               std::find(markupNames.begin(), markupNames.end(), name) != markupNames.end();
+    }
     /// The name that `text` spells under the open elements. Valid until the next call.
     const TzXmlName& resolveName(std::string_view text) { return names.resolve(text, parser); }
     /// Opens the scope of an encoding style; `TzXmlParseError` when it is longer than the limits

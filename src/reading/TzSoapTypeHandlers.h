@@ -5,6 +5,8 @@
 #include <soap/TzSoapUnknownTypeHandler.h>
 #include <soap/TzSoapUserDefinedTypeHandler.h>
 
+#include "reading/TzSoapMarkupHandler.h"
+
 /// The handlers that an element needs to read its children, one child at a time.
 ///
 /// An element has a set from its first child to its end; sets then serve other elements.
@@ -12,5 +14,6 @@ class TzSoapTypeHandlers {
 public:
     TzSoapUnknownTypeHandler unknown;         ///< Simple and composite values.
     TzSoapArrayTypeHandler array;             ///< Arrays.
+    TzSoapMarkupHandler markup;               ///< Values the application asked for as markup.
     TzSoapUserDefinedTypeHandler userDefined; ///< Values the application decodes.
 };

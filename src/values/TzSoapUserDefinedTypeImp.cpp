@@ -26,4 +26,14 @@ TzSoapElementImp* TzSoapUserDefinedTypeImp::clone() const {
     return new TzSoapUserDefinedTypeImp(*this);
 }
 
-void TzSoapUserDefinedTypeImp::setValue(TzCString markup) noexcept { value_ = std::move(markup); }
+void TzSoapUserDefinedTypeImp::setValue(TzCString markup) noexcept {
+    value_ = std::move(markup);
+    markup_.clear();
+    declarations_.clear();
+}
+
+void TzSoapUserDefinedTypeImp::setMarkup(TzCString markup,
+                                         std::vector<TzXmlNamespace> declarations) noexcept {
+    markup_ = std::move(markup);
+    declarations_ = std::move(declarations);
+}
