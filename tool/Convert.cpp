@@ -56,6 +56,7 @@ void addConvert(CLI::App& app, int& status) {
         "is 0 then too.");
     const auto options = std::make_shared<Options>();
     addInput(*command, options->input);
+    addLiteral(*command, options->input.package);
     command->add_option("--to", options->version, "The version to write")
         ->required()
         ->transform(CLI::CheckedTransformer(versions()).description("1.1|1.2"));

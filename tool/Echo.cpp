@@ -25,5 +25,6 @@ void addEcho(CLI::App& app, int& status) {
     CLI::App* const command = app.add_subcommand("echo", "Reads a message and writes it again");
     const auto input = std::make_shared<Input>();
     addInput(*command, *input);
+    addLiteral(*command, input->package);
     command->callback([input, &status] { status = echo(*input); });
 }

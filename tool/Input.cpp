@@ -16,6 +16,11 @@ void addPackageOptions(CLI::App& command, PackageOptions& options) {
                      "Read a package that was cut short, as far as it goes");
 }
 
+void addLiteral(CLI::App& command, PackageOptions& options) {
+    command.add_flag("--literal", options.literal,
+                     "Take the message as it stands, not by the rules of SOAP encoding");
+}
+
 void addInput(CLI::App& command, Input& input) {
     command.add_option("FILE", input.file, "File to read; - is standard input")->required();
     addPackageOptions(command, input.package);

@@ -9,10 +9,11 @@ namespace CLI {
 class App;
 }
 
-/// What is known of packages besides their files.
+/// What is known of messages and packages besides their files.
 struct PackageOptions {
     std::string contentType; ///< Of a package whose file has no header lines, "" otherwise.
     bool incomplete = false; ///< Whether a package may lack its end.
+    bool literal = false;    ///< Whether the message is read and written literally.
 };
 
 /// A message file that a command reads.
@@ -28,5 +29,7 @@ struct Input {
 
 /// Adds the options "--content-type" and "--incomplete" to `command`; they set `options`.
 void addPackageOptions(CLI::App& command, PackageOptions& options);
+/// Adds the option "--literal" to `command`; it sets `options`.
+void addLiteral(CLI::App& command, PackageOptions& options);
 /// Adds the argument "FILE", which is required, and the options of an input to `command`.
 void addInput(CLI::App& command, Input& input);

@@ -171,7 +171,9 @@ void JsonPrinter::begin(const Element& element) {
         json_.key("position");
         json_.numbers(element.position);
     }
-    writeNameMembers(element.name);
+    if (element.kind != "Text") {
+        writeNameMembers(element.name);
+    }
     if (!element.type.isEmpty()) {
         writeName("type", element.type);
     }

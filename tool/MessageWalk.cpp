@@ -14,6 +14,7 @@
 #include <soap/TzSoapSparseArrayType.h>
 #include <soap/TzSoapUserDefinedType.h>
 #include <tz/mime/TzMimeMultipart.h>
+#include <tz/xml/TzXmlUtils.h>
 
 #include <utility>
 
@@ -165,9 +166,20 @@ void MessageWalk::visit(const TzSoapCompositeType& value) {
     element.children = "children";
     sink_.begin(element);
     for (auto child = value.childrenBegin(); child != value.childrenEnd(); ++child) {
+        reportText(value.getTextBefore(child));
         child->acceptVisitor(*this);
     }
+    reportText(value.getTextBefore(value.childrenEnd()));
     sink_.end();
+}
+
+void MessageWalk::reportText(const TzCString& text) {
+    if (!TzXmlUtils::trim(text).empty()) {
+        Element element;
+        element.kind = "Text";
+        element.text = text;
+        report(element);
+    }
 }
 
 void MessageWalk::visit(const TzSoapReferenceType& value) {

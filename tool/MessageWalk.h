@@ -32,6 +32,7 @@ private:
     Element describe(const TzSoapType& value);
     Element describeArray(const TzSoapArrayType& array, std::size_t items);
     void report(const Element& element);
+    void reportText(const TzCString& text);
     void visitItem(const TzSoapType& item, std::vector<unsigned int> position);
     template <typename Container>
     void visitEntries(std::string_view kind, std::string_view role, const Container& container);

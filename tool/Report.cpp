@@ -3,6 +3,7 @@
 
 #include "Escape.h"
 #include "Input.h"
+#include "LiteralHints.h"
 
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapUtils.h>
@@ -56,6 +57,9 @@ ExitStatus withMessage(const Input& input, const std::function<void(const TzSoap
     std::string text;
     TzSoapMessage message;
     message.setReadLimits({.incompletePackages = input.package.incomplete});
+    if (input.package.literal) {
+        message.setStyle(TzSoapStyle::Literal);
+    }
     TzMimeMultipart package;
     bool isPackage = false;
     const ExitStatus status = reportFailures(name, [&] {
@@ -69,6 +73,9 @@ ExitStatus withMessage(const Input& input, const std::function<void(const TzSoap
         isPackage ? message.extract(package) : message.extract(text);
         text = std::string();
         reportLosses(name, isPackage ? " (envelope)" : "", message);
+        if (!input.package.literal && LiteralHints::looksLiteral(message)) {
+            std::cerr << name << ": hint: the message looks literal; --literal reads it as it is\n";
+        }
         work(message);
     });
 }

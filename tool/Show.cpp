@@ -58,6 +58,7 @@ void addShow(CLI::App& app, int& status) {
     const auto options = std::make_shared<Options>();
     command->add_option("FILE", options->files, "Files to read; standard input without any");
     addPackageOptions(*command, options->package);
+    addLiteral(*command, options->package);
     command->add_flag("--json", options->json,
                       "Print each message as a JSON document; docs/tool.md describes it");
     command->callback([options, &status] { status = show(*options); });

@@ -117,7 +117,9 @@ void TreePrinter::begin(const Element& element) {
         out_ << indexText(element.position) << ' ';
     }
     out_ << element.kind;
-    printName(element.name);
+    if (element.kind != "Text") {
+        printName(element.name);
+    }
     if (!element.type.isEmpty()) {
         out_ << " :";
         printName(element.type);

@@ -9,6 +9,7 @@
 #include <soap/TzSoapValueList.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/pointer/TzBodyBase.h>
+#include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 
 class TzSoapParseContext;
@@ -93,6 +94,8 @@ public:
     /// As `addChild`.
     void takeChild(TzSoapType&& child) override;
 
+    /// The text before the Fault of a literal message, "" without.
+    const TzCString& textBeforeFault() const noexcept { return textBeforeFault_; }
     /// Text beside the entries: kept in a literal message, left out otherwise.
     void characters(const TzCString& text) override;
 
@@ -101,6 +104,7 @@ private:
     TzSoapValueList entries_;
     TzSoapFault fault_;
     bool hasFaultElement_ = false;
+    TzCString textBeforeFault_;
 };
 
 /// Whether both have equally many entries that share their bodies position by position; names,

@@ -18,7 +18,9 @@
 
 class TzSoapDetailReader;
 class TzSoapParseContext;
+class TzSoapFaultSpellingReader;
 class TzXmlElementImp;
+struct TzSoapFaultSpelling;
 
 /// Body of a fault: code, reason, node, role, detail and subcodes. Reads itself.
 ///
@@ -89,7 +91,10 @@ public:
     /// The text directly inside of the detail, beside its entries; "" without any.
     const TzCString& getDetailText() const noexcept { return detailText_; }
     /// Sets the text directly inside of the detail.
-    void setDetailText(const TzCString& text) { detailText_ = text; }
+    void setDetailText(const TzCString& text);
+    /// How a literal message spelt the fault; null unless the fault was read from one and code,
+    /// subcodes, texts and detail are those that were read. What the detail holds may differ.
+    const TzSoapFaultSpelling* spelling() const;
     /// Whether there is a detail to write: an entry, or a text that is not white space.
     bool hasDetail() const;
     /// Names `value` after the text `name` and appends it, shared, to the detail. Where the value's
@@ -143,6 +148,7 @@ private:
 
     State stateAfter(const TzXmlName& name) const;
     void readDetail(const TzXmlName& name, const TzXmlAttributeSet& attributes);
+    void keepSpelling();
     void setValue();
     ReadName codeFromText() const;
     bool takesText() const noexcept;
@@ -164,7 +170,9 @@ private:
     std::vector<TzXmlName> subcodes_;
     std::vector<TzXmlAttributeSet> scopes_; // attributes of the open children, innermost last
     ReadName readCode_;
-    std::vector<ReadName> readSubcodes_;               // in order of their indices
-    std::unique_ptr<TzSoapDetailReader> detailReader_; // while the fault is read
+    std::vector<ReadName> readSubcodes_;                        // in order of their indices
+    std::unique_ptr<TzSoapDetailReader> detailReader_;          // while the fault is read
+    std::unique_ptr<TzSoapFaultSpellingReader> spellingReader_; // while it is read literally
+    std::unique_ptr<TzSoapFaultSpelling> spelling_;
     std::unique_ptr<TzXmlElementImp> element_; // the Fault element's declarations while it is read
 };

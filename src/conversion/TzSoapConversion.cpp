@@ -181,7 +181,9 @@ void TzSoapConversion::prepareName(TzSoapDraft& entry) {
 }
 
 void TzSoapConversion::prepareValue(TzSoapTypeImp& value, TzSoapDraft& draft) {
-    elements_.convert(draft, referenceOf(value));
+    // In a literal message no attribute refers.
+    const bool isLiteral = message_.getStyle() == TzSoapStyle::Literal;
+    elements_.convert(draft, isLiteral ? Reference::Block : referenceOf(value));
     const std::size_t before = waiting_.size();
     switch (value.getSoapTypeId()) {
     case TzSoapContentBase::Array:

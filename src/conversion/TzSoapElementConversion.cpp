@@ -40,7 +40,9 @@ void TzSoapElementConversion::convertProperties(TzSoapDraft& draft) {
         draft.edit().shareEncodingStyle(style(element_->sharedEncodingStyle()));
     }
     if (!element_->getActorAttribute().empty()) {
-        draft.edit().setActor(role(element_->getActorAttribute()));
+        // The attribute that was read reports the loss.
+        const TzCString& actor = element_->getActorAttribute();
+        draft.edit().setActor(element_->isVerbatim() ? terms_.role(actor).uri : role(actor));
     }
 }
 

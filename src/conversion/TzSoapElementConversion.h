@@ -18,7 +18,7 @@ class TzSoapElementConversion {
 public:
     /// What an unqualified attribute that makes a reference means to an element.
     enum class Reference {
-        Block,   ///< Nothing: the element is not a value.
+        Block,   ///< Nothing: the element is not a value, or stands in a literal message.
         None,    ///< A value other than a reference.
         Waiting, ///< A reference to a value, without target: only its text.
         Settled, ///< A reference to a value, with its target.

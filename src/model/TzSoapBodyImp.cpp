@@ -12,7 +12,7 @@ TzSoapBodyImp::TzSoapBodyImp(TzSoapVersion::Version version)
 TzSoapBodyImp::TzSoapBodyImp(const TzSoapBodyImp& other)
     : TzSoapElementImp(other), TzBodyBase(other), TzSoapGenericTypeHandler(other),
       version_(other.version_), entries_(other.entries_.copyValues()), fault_(other.fault_.copy()),
-      hasFaultElement_(other.hasFaultElement_) {}
+      hasFaultElement_(other.hasFaultElement_), textBeforeFault_(other.textBeforeFault_) {}
 
 TzSoapBodyImp::~TzSoapBodyImp() = default;
 
@@ -32,6 +32,7 @@ void TzSoapBodyImp::clear() {
     fault.clearSubcodes();
     fault.setVersion(version_);
     hasFaultElement_ = false;
+    textBeforeFault_.clear();
 }
 
 void TzSoapBodyImp::appendEntry(const TzSoapType& entry) { insert(entries_.end(), entry); }

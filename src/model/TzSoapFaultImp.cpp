@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapFaultImp.h>
 
+#include <soap/TzSoapCompositeTypeImp.h>
 #include <soap/TzSoapTypeImp.h>
 #include <tz/xml/TzXmlElementImp.h>
 #include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapFaultSpelling.h"
 #include "model/TzSoapLasting.h"
 #include "reading/TzSoapDetailReader.h"
+#include "reading/TzSoapFaultSpellingReader.h"
 
 #include <algorithm>
 #include <string_view>
@@ -76,6 +79,21 @@ void TzSoapFaultImp::addDetailEntry(const TzCString& name, const TzSoapType& val
     details_.appendChild(value);
 }
 
+void TzSoapFaultImp::setDetailText(const TzCString& text) {
+    detailText_ = text;
+    TzSoapAccess::body(details_).children().clearText();
+}
+
+const TzSoapFaultSpelling* TzSoapFaultImp::spelling() const {
+    const TzSoapFaultSpelling* const read = spelling_.get();
+    const bool holds =
+        read != nullptr && read->name == name_ && read->code == code_ &&
+        read->subcodes == subcodes_ && read->reason == reason_ && read->node == node_ &&
+        read->role == role_ &&
+        (read->detail == &asValue(details_) || (read->detail == nullptr && !hasDetail()));
+    return holds ? read : nullptr;
+}
+
 bool TzSoapFaultImp::hasDetail() const {
     return details_.childCount() > 0 || !TzXmlUtils::trim(detailText_).empty();
 }
@@ -90,4 +108,5 @@ void TzSoapFaultImp::clear() {
     asValue(details_).clearElement();
     version_ = TzSoapVersion::getLatestVersion();
     state_ = State::None;
+    spelling_.reset();
 }

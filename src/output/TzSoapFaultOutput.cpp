@@ -6,7 +6,11 @@
 #include <soap/TzSoapFaultImp.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapFaultSpelling.h"
 #include "output/TzSoapScopeRules.h"
+
+#include <algorithm>
+#include <utility>
 
 void TzSoapFaultOutput::write(TzSoapConstVisitor& visitor, const TzSoapFaultImp& fault) {
     const bool onItsOwn = !context_.isInEnvelope() && !context_.isStandalone();
@@ -15,6 +19,9 @@ void TzSoapFaultOutput::write(TzSoapConstVisitor& visitor, const TzSoapFaultImp&
         context_.setVersion(fault.getVersion());
     }
     const TzSoapOpenElement element(context_);
+    if (writeAsRead(visitor, fault)) {
+        return;
+    }
     startTag_.begin(TzXmlAttributeSet());
     const TzCString prefix = prefixFor(fault);
     const TzSoapTagName name = nameWith(prefix);
@@ -22,6 +29,28 @@ void TzSoapFaultOutput::write(TzSoapConstVisitor& visitor, const TzSoapFaultImp&
     startTag_.writeBlock(name);
     writeChildren(visitor, name, fault);
     name.endBlock(context_.xml());
+}
+
+bool TzSoapFaultOutput::writeAsRead(TzSoapConstVisitor& visitor, const TzSoapFaultImp& fault) {
+    const TzSoapFaultSpelling* const read =
+        context_.rules().style().keepsAll && fault.getVersion() == context_.version()
+            ? fault.spelling()
+            : nullptr;
+    const auto isDeclared = [&](const TzXmlNamespace& needed) {
+        return context_.scope().uriFor(needed.getPrefix()) == needed.getUri();
+    };
+    if (read == nullptr ||
+        !std::all_of(read->declarations.begin(), read->declarations.end(), isDeclared)) {
+        return false;
+    }
+    startTag_.begin(read->attributes); // what it declares is in force in the detail
+    context_.xml().write(read->before);
+    if (read->detail != nullptr) {
+        TzSoapCompositeTypeImp& detail = TzSoapAccess::body(fault.getDetails());
+        containers_.write(visitor, std::as_const(detail).getName(), detail);
+    }
+    context_.xml().write(read->after);
+    return true;
 }
 
 void TzSoapFaultOutput::writeSubcodes(const TzSoapFaultImp& fault, unsigned int first,
@@ -146,7 +175,10 @@ void TzSoapFaultOutput::writeDetail(TzSoapConstVisitor& visitor, const TzSoapTag
     const TzXmlNamespace nameSpace =
         child.prefix.empty() ? TzXmlNamespace()
                              : TzXmlNamespace(child.prefix, context_.soap().getSoapEnv().getUri());
-    containers_.write(visitor, TzXmlName(child.local, nameSpace), detail, fault.getDetailText());
+    // Text that was read literally stands among the entries.
+    const bool hasText = context_.rules().style().keepsAll && detail.children().hasText();
+    containers_.write(visitor, TzXmlName(child.local, nameSpace), detail,
+                      hasText ? std::string_view() : fault.getDetailText());
 }
 
 void TzSoapFaultOutput::writeLine(const TzSoapTagName& name, std::string_view content) {

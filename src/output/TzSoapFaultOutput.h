@@ -31,6 +31,7 @@ public:
     void writeSubcodes(const TzSoapFaultImp& fault, unsigned int first, unsigned int end);
 
 private:
+    bool writeAsRead(TzSoapConstVisitor& visitor, const TzSoapFaultImp& fault);
     TzCString prefixFor(const TzSoapFaultImp& fault) const;
     bool canMeanEnvelope(const TzCString& prefix) const;
     TzSoapTagName nameWith(std::string_view prefix) const;

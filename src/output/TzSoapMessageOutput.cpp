@@ -112,6 +112,7 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapBodyImp
     const TzCString prefix = prefixFor(body.getName());
     const TzSoapTagName name = blockName(prefix, body.getName());
     startTag_.writeBlock(name);
+    writeText(body.textBeforeFault());
     if (body.hasSoapFault()) {
         body.getSoapFault().acceptVisitor(visitor);
     }

@@ -22,6 +22,8 @@ void TzSoapBodyImp::startElement(const TzXmlName& name, const TzXmlAttributeSet&
     TzSoapParseContext& reading = this->reading("..\\TzSoapBodyImp", 80);
     popChildStyle();
     hasFaultElement_ = true;
+    textBeforeFault_ = entries_.textBefore(entries_.end());
+    entries_.setTextBefore(entries_.end(), {});
     TzSoapAccess::body(fault_).populate(name, attributes, &reading);
 }
 

@@ -5,6 +5,7 @@
 #include <tz/tools/TzCString.h>
 
 class TzSoapCompositeTypeImp;
+class TzSoapFaultSpellingReader;
 class TzSoapParseContext;
 class TzXmlAttributeSet;
 
@@ -14,8 +15,11 @@ class TzSoapDetailReader final : public TzSoapContentHandler {
 public:
     /// A reader that adds to `text` what is not white space, a line for each text between two tags;
     /// both arguments outlive the reading.
-    TzSoapDetailReader(TzSoapCompositeTypeImp& detail, TzCString& text) noexcept
-        : detail_(detail), text_(text) {}
+    /// In a literal message the composite gets all text as well, and `spelling` hears of the
+    /// detail.
+    TzSoapDetailReader(TzSoapCompositeTypeImp& detail, TzCString& text,
+                       TzSoapFaultSpellingReader* spelling) noexcept
+        : detail_(detail), text_(text), spelling_(spelling) {}
 
     /// The detail element starts.
     void populate(const TzXmlName& name, const TzXmlAttributeSet& attributes,
@@ -27,4 +31,5 @@ public:
 private:
     TzSoapCompositeTypeImp& detail_;
     TzCString& text_;
+    TzSoapFaultSpellingReader* spelling_; // null unless the message is literal
 };

@@ -9,6 +9,7 @@
 
 #include "model/TzSoapAccess.h"
 #include "reading/TzSoapDetailReader.h"
+#include "reading/TzSoapFaultSpellingReader.h"
 #include "reading/TzSoapReadingState.h"
 
 #include <string_view>
@@ -40,6 +41,12 @@ void TzSoapFaultImp::populate(const TzXmlName& name, const TzXmlAttributeSet& at
     // The attributes are not kept, but codes may use the prefixes that they declare.
     element_ = std::make_unique<TzXmlElementImp>(name);
     element_->getAttributes() = attributes;
+    spelling_.reset();
+    spellingReader_.reset();
+    if (TzSoapAccess::reading(*context).isLiteral()) {
+        spellingReader_ =
+            std::make_unique<TzSoapFaultSpellingReader>(*context->getParser(), name, attributes);
+    }
     TzSoapAccess::reading(*context).names.open(*element_);
 }
 
@@ -49,6 +56,8 @@ void TzSoapFaultImp::startElement(const TzXmlName& name, const TzXmlAttributeSet
     state_ = stateAfter(name);
     if (state_ == State::Detail) {
         readDetail(name, attributes);
+    } else if (spellingReader_ != nullptr) {
+        spellingReader_->open(name, attributes);
     }
 }
 
@@ -67,7 +76,8 @@ void TzSoapFaultImp::readDetail(const TzXmlName& name, const TzXmlAttributeSet& 
     // The detail receives the events from here on, its end included.
     scopes_.pop_back();
     state_ = State::None;
-    detailReader_ = std::make_unique<TzSoapDetailReader>(TzSoapAccess::body(details_), detailText_);
+    detailReader_ = std::make_unique<TzSoapDetailReader>(TzSoapAccess::body(details_), detailText_,
+                                                         spellingReader_.get());
     detailReader_->populate(name, attributes, context());
 }
 
@@ -94,12 +104,37 @@ void TzSoapFaultImp::endElement(const TzXmlName&) {
     setValue();
     if (!scopes_.empty()) {
         scopes_.pop_back();
+        if (spellingReader_ != nullptr) {
+            spellingReader_->close();
+        }
         return;
     }
+    keepSpelling();
     names.close();
     element_.reset();
     detailReader_.reset();
     declineEvents();
+}
+
+void TzSoapFaultImp::keepSpelling() {
+    const auto reader = std::move(spellingReader_);
+    if (reader == nullptr) {
+        return;
+    }
+    reader->useCode(code_);
+    for (const TzXmlName& subcode : subcodes_) {
+        reader->useCode(subcode);
+    }
+    spelling_ = reader->finish();
+    if (spelling_ != nullptr) {
+        spelling_->detail = detailReader_ != nullptr ? &TzSoapAccess::body(details_) : nullptr;
+        spelling_->name = name_;
+        spelling_->code = code_;
+        spelling_->subcodes = subcodes_;
+        spelling_->reason = reason_;
+        spelling_->node = node_;
+        spelling_->role = role_;
+    }
 }
 
 bool TzSoapFaultImp::takesText() const noexcept {

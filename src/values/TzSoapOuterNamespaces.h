@@ -30,9 +30,10 @@ public:
     /// out.
     std::vector<TzXmlNamespace> declarations() const;
 
-private:
+    /// The prefix of `nameSpace` is used, in a text of the innermost element.
     void use(const TzXmlNamespace& nameSpace);
 
+private:
     TzXmlNamespaceStack within_;
     std::vector<bool> declares_; // for each open element
     Used used_;

@@ -22,7 +22,8 @@ Families joined(const std::vector<Theme>& themes) {
 
 Families read() {
     return joined({attributes, prefixes, references, depth, styles, arrays, sparseArrays, texts,
-                   encodings, values, headers, faults, parts, partHeaders, prologs, prefixClashes});
+                   encodings, values, headers, faults, parts, partHeaders, prologs, prefixClashes,
+                   literals});
 }
 
 /// The one that costs far more than the others, and those that conversion makes into what is not

@@ -40,5 +40,6 @@ Families faults();
 Families parts();
 Families partHeaders();
 Families prologs();
+Families literals();
 
 } // namespace growth

@@ -101,6 +101,43 @@ Measured writingConverted(const std::string& text) {
     return measured;
 }
 
+TzSoapMessage literalMessageOf(const std::string& text) {
+    TzSoapMessage message;
+    message.setStyle(TzSoapStyle::Literal);
+    message.extract(std::string_view(text));
+    return message;
+}
+
+Measured readingLiterally(const std::string& text) {
+    Measured measured{.text = text.size()};
+    startCounting();
+    literalMessageOf(text);
+    measured.count = counted();
+    return measured;
+}
+
+Measured writingLiterally(const std::string& text) {
+    Measured measured{.text = text.size()};
+    const TzSoapMessage message = literalMessageOf(text);
+    startCounting();
+    measured.written = write(message);
+    measured.count = counted();
+    return measured;
+}
+
+// Every body entry that a family names "a" becomes markup with all that it holds.
+Measured keepingMarkup(const std::string& text) {
+    Measured measured{.text = text.size()};
+    startCounting();
+    TzSoapMessage message;
+    message.setStyle(TzSoapStyle::Literal);
+    message.setMarkupElements({TzXmlName("a")});
+    message.extract(std::string_view(text));
+    measured.written = write(message);
+    measured.count = counted();
+    return measured;
+}
+
 Measured refusing(const std::string& text) {
     Measured measured{.text = text.size()};
     startCounting();
@@ -155,6 +192,9 @@ std::vector<Operation> operations() {
         {"Serialize", serializing, 700, 90},
         {"Convert", converting, 1700, 60},
         {"WriteConverted", writingConverted, 1200, 90},
+        {"ReadLiterally", readingLiterally, 2500, 90},
+        {"WriteLiterally", writingLiterally, 1200, 90},
+        {"KeepMarkup", keepingMarkup, 2500, 90},
     };
 }
 
