@@ -8,8 +8,6 @@
 
 #include <cstddef>
 #include <list>
-#include <map>
-#include <memory>
 #include <utility>
 
 /// The values that an element holds, in document order: entries of a header or body, children; and
@@ -26,13 +24,14 @@ public:
     /// Position of a value that is only looked at.
     using const_iterator = std::list<TzSoapType>::const_iterator;
 
-    TzSoapValueList() noexcept = default;
+    /// No values.
+    TzSoapValueList() noexcept;
     /// Shares the values and copies the text.
     TzSoapValueList(const TzSoapValueList& other);
-    TzSoapValueList(TzSoapValueList&&) noexcept = default;
+    TzSoapValueList(TzSoapValueList&& other) noexcept;
     /// Shares the values and copies the text.
     TzSoapValueList& operator=(const TzSoapValueList& other);
-    TzSoapValueList& operator=(TzSoapValueList&&) noexcept = default;
+    TzSoapValueList& operator=(TzSoapValueList&& other) noexcept;
     ~TzSoapValueList();
 
     /// Position of the first value.
@@ -61,14 +60,14 @@ public:
     void prepend(TzSoapType value) { insert(begin(), std::move(value)); }
 
     /// Whether there is text beside the values, white space included.
-    bool hasText() const noexcept { return texts_ != nullptr && !texts_->empty(); }
+    bool hasText() const noexcept;
     /// The text right before the value at `position`, after the last value if that is `end()`; ""
     /// without. Valid until it changes. O(log size).
     const TzCString& textBefore(const_iterator position) const noexcept;
     /// Replaces that text; "" removes it. O(log size).
     void setTextBefore(const_iterator position, TzCString text);
     /// Removes all text.
-    void clearText() noexcept { texts_.reset(); }
+    void clearText() noexcept;
 
     /// The first value named `name`, `end()` if absent. O(size).
     iterator find(const TzXmlName& name);
@@ -89,7 +88,9 @@ public:
     /// Removes all values and all text.
     void clear() noexcept {
         values_.clear();
-        texts_.reset();
+        if (texts_ != nullptr) {
+            clearText();
+        }
     }
 
     /// A list of copies of the values (`TzSoapType::copy`). O(content).
@@ -99,7 +100,7 @@ public:
 
 private:
     /// Text by the place of the value after it, null for the end of the list.
-    using Texts = std::map<const TzSoapType*, TzCString>;
+    struct Texts;
 
     const TzSoapType* keyOf(const_iterator position) const noexcept {
         return position == values_.end() ? nullptr : &*position;
@@ -109,5 +110,5 @@ private:
     void copyTextOf(const TzSoapValueList& other);
 
     std::list<TzSoapType> values_;
-    std::unique_ptr<Texts> texts_; // of few lists
+    Texts* texts_ = nullptr; // owned; of few lists
 };

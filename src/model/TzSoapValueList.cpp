@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
+#include <utility>
 
 namespace {
 
@@ -20,8 +22,22 @@ struct Named {
 
 } // namespace
 
-TzSoapValueList::TzSoapValueList(const TzSoapValueList& other) : values_(other.values_) {
-    copyTextOf(other);
+struct TzSoapValueList::Texts : std::map<const TzSoapType*, TzCString> {};
+
+TzSoapValueList::TzSoapValueList() noexcept = default;
+
+TzSoapValueList::TzSoapValueList(TzSoapValueList&& other) noexcept
+    : values_(std::move(other.values_)), texts_(std::exchange(other.texts_, nullptr)) {}
+
+TzSoapValueList& TzSoapValueList::operator=(TzSoapValueList&& other) noexcept {
+    std::swap(values_, other.values_);
+    std::swap(texts_, other.texts_);
+    return *this;
+}
+
+TzSoapValueList::TzSoapValueList(const TzSoapValueList& other) : TzSoapValueList() {
+    values_ = other.values_;
+    copyTextOf(other); // if it fails, the destructor runs
 }
 
 TzSoapValueList& TzSoapValueList::operator=(const TzSoapValueList& other) {
@@ -31,7 +47,7 @@ TzSoapValueList& TzSoapValueList::operator=(const TzSoapValueList& other) {
     return *this;
 }
 
-TzSoapValueList::~TzSoapValueList() = default;
+TzSoapValueList::~TzSoapValueList() { delete texts_; }
 
 void TzSoapValueList::copyTextOf(const TzSoapValueList& other) {
     if (!other.hasText()) {
@@ -43,6 +59,10 @@ void TzSoapValueList::copyTextOf(const TzSoapValueList& other) {
     }
     setTextBefore(end(), other.textBefore(other.end()));
 }
+
+bool TzSoapValueList::hasText() const noexcept { return texts_ != nullptr && !texts_->empty(); }
+
+void TzSoapValueList::clearText() noexcept { delete std::exchange(texts_, nullptr); }
 
 const TzCString& TzSoapValueList::textBefore(const_iterator position) const noexcept {
     const TzCString& none = TzSoapAttributeSet::getEmptyString();
@@ -56,7 +76,7 @@ const TzCString& TzSoapValueList::textBefore(const_iterator position) const noex
 void TzSoapValueList::setTextBefore(const_iterator position, TzCString text) {
     if (!text.empty()) {
         if (texts_ == nullptr) {
-            texts_ = std::make_unique<Texts>();
+            texts_ = new Texts();
         }
         (*texts_)[keyOf(position)] = std::move(text);
     } else if (texts_ != nullptr) {

@@ -18,6 +18,11 @@ namespace {
 constexpr std::string_view BriefTypeOpen = " xsi:type=\"";
 constexpr std::string_view BriefTypeClose = "\">";
 
+/// The word for a boolean that is stated by a digit; any other text as it is.
+std::string_view booleanWord(std::string_view text) noexcept {
+    return text == "1" ? "true" : text == "0" ? "false" : text;
+}
+
 [[noreturn]] void refuse(const TzCString& reason) { TzThrow(TzXmlBadArgError(TzMessage(reason))); }
 
 [[noreturn]] void refuseName(std::string_view prefix, std::string_view colon,
@@ -97,13 +102,10 @@ void TzSoapStartTag::collectPlain(const TzSoapElementImp& element,
     // An attribute without prefix has no namespace, whatever the default one is.
     const std::string_view prefix = name.getPrefix();
     const bool lacksPrefix = qualified && prefix.empty();
-    std::string_view value = attribute.getValue();
-    if (qualified && !element.isVerbatim() && name == TzSoapAttributeSet::getNullAttributeName()) {
-        value = value == TzSoapAttributeSet::getTrueAttributeValue()    ? std::string_view("true")
-                : value == TzSoapAttributeSet::getFalseAttributeValue() ? std::string_view("false")
-                                                                        : value;
-    }
-    attributes_.addOwn({&name, boundPrefix(lacksPrefix ? PrefixBase : prefix, name), value});
+    const bool isNil = !element.isVerbatim() && name == TzSoapAttributeSet::getNullAttributeName();
+    const std::string_view value = attribute.getValue();
+    attributes_.addOwn({&name, boundPrefix(lacksPrefix ? PrefixBase : prefix, name),
+                        isNil ? booleanWord(value) : value});
 }
 
 bool TzSoapStartTag::saysWhat(const TzSoapElementImp& element,

@@ -12,6 +12,7 @@
 #include <tz/xml/TzXmlName.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapFaultSpelling.h"
 #include "output/TzSoapSchemaLabels.h"
 #include "output/TzSoapScope.h"
 #include "values/TzSoapHeldValues.h"
@@ -25,15 +26,29 @@ void TzSoapUsedNamespaces::declare(const TzSoapMessageImp& message) {
     useList(header, header.entries());
     useList(body, body.entries());
     if (body.hasSoapFault()) {
-        const TzSoapFaultImp& fault = TzSoapAccess::body(body.getSoapFault());
+        useFault(TzSoapAccess::body(body.getSoapFault()));
+    }
+}
+
+void TzSoapUsedNamespaces::useFault(const TzSoapFaultImp& fault) {
+    const TzSoapFaultSpelling* const read = fault.spelling();
+    const bool declares = read != nullptr && openScope(read->attributes);
+    if (read == nullptr) {
         use(fault.getCode().getNamespace());
-        enter(TzSoapAccess::body(fault.getDetails()));
-        walk();
+    } else {
+        for (const TzXmlNamespace& needed : read->declarations) {
+            use(needed);
+        }
+    }
+    enter(TzSoapAccess::body(fault.getDetails()));
+    walk();
+    if (declares) {
+        within_.popScope();
     }
 }
 
 void TzSoapUsedNamespaces::useList(const TzSoapElementImp& block, const TzSoapValueList& values) {
-    Open opened{{}, openScope(block)};
+    Open opened{{}, openScope(block.getAttributeSet())};
     for (const TzSoapType& value : values) {
         opened.rest.push_back(&value);
     }
@@ -59,7 +74,7 @@ void TzSoapUsedNamespaces::walk() {
 }
 
 void TzSoapUsedNamespaces::enter(const TzSoapTypeImp& value) {
-    const bool declares = openScope(value);
+    const bool declares = openScope(value.getAttributeSet());
     useValue(value);
     const TzSoapContentBase::SoapTypeId kind = value.getSoapTypeId();
     const bool holds = kind == TzSoapContentBase::Composite || kind == TzSoapContentBase::Array;
@@ -77,9 +92,9 @@ void TzSoapUsedNamespaces::enter(const TzSoapTypeImp& value) {
     open_.push_back(std::move(opened));
 }
 
-bool TzSoapUsedNamespaces::openScope(const TzSoapElementImp& element) {
+bool TzSoapUsedNamespaces::openScope(const TzXmlAttributeSet& attributes) {
     bool declares = false;
-    for (const TzXmlAttribute& attribute : element.getAttributeSet()) {
+    for (const TzXmlAttribute& attribute : attributes) {
         if (attribute.isNamespaceDeclaration()) {
             if (!declares) {
                 within_.pushScope();

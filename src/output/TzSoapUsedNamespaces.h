@@ -11,10 +11,12 @@
 #include <vector>
 
 class TzSoapElementImp;
+class TzSoapFaultImp;
 class TzSoapMessageImp;
 class TzSoapScope;
 class TzSoapTypeImp;
 class TzSoapValueList;
+class TzXmlAttributeSet;
 class TzXmlName;
 
 /// Finds the namespaces that a message uses and declares them on its envelope, each under the first
@@ -41,7 +43,8 @@ private:
     void useList(const TzSoapElementImp& block, const TzSoapValueList& values);
     void walk();
     void enter(const TzSoapTypeImp& value);
-    bool openScope(const TzSoapElementImp& element);
+    void useFault(const TzSoapFaultImp& fault);
+    bool openScope(const TzXmlAttributeSet& attributes);
     void useValue(const TzSoapTypeImp& value);
     void useType(const TzXmlName& type, const TzSoapTypeImp& value);
     void use(const TzXmlNamespace& nameSpace);

@@ -40,6 +40,10 @@ void TzSoapMarkupHandler::endElement(const TzXmlName&) {
     const TzXmlSAXParser& parser = *context()->getParser();
     TzSoapAccess::body(value_).setMarkup(parser.getSource(begin_, parser.getEventEnd()),
                                          outer_.declarations());
+    TzSoapReadingState& reading = TzSoapAccess::reading(*context());
+    if (!reading.isLiteral()) {
+        reading.references.fileId(value_);
+    }
     owner_->addChild(value_);
     declineEvents();
 }

@@ -160,7 +160,7 @@ TEST(LiteralRoundTrip, MessagesInTheEncodingAreLiteralTextAsWell) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         const TzSoapMessage message = Generator(seed).message();
         const std::string text = message.asText(TzSoapLayout::Compact);
-        if (!message.getSoapBody().hasSoapFault() && text.starts_with('<')) {
+        if (text.starts_with('<')) {
             ASSERT_EQ(XmlOracle::canonical(again(text)), XmlOracle::canonical(text)) << text;
         }
     }
@@ -171,8 +171,7 @@ TEST(LiteralRoundTrip, SamplesStayTheSame) {
     for (const std::filesystem::path& file : sampleFiles()) {
         const std::string text = readFile(file);
         const bool isSupported = text.find("http://www.w3.org/2003/05/") == std::string::npos;
-        if (file.extension() != ".xml" || !isSupported ||
-            text.find("Fault>") != std::string::npos) {
+        if (file.extension() != ".xml" || !isSupported) {
             continue;
         }
         SCOPED_TRACE(file);

@@ -4,6 +4,7 @@
 #include <soap/TzSoapBody.h>
 #include <soap/TzSoapCast.h>
 #include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapFault.h>
 #include <soap/TzSoapHeader.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapNode.h>
@@ -196,6 +197,43 @@ TEST(LiteralReading, TheWantedTypeDecidesHowAValueIsRead) {
     EXPECT_TRUE(TzSoapValueReader(o.getChild("t")).getBool());
     EXPECT_EQ(TzSoapValueReader(o.getChild("d")).getDouble(), 2.5);
     EXPECT_EQ(TzSoapValueReader(o.getChild("l/i[2]")).getInt(), 2);
+}
+
+/// A message with a fault as a peer may spell it; its detail holds `detail`.
+std::string withFault(const std::string& reason, const std::string& detail) {
+    return withBody(
+        "\n <e:Fault xmlns:c=\"urn:c\" a='1'><!-- why -->\n  <faultcode xml:lang=\"en\">"
+        "c:Busy</faultcode>\n  <faultstring xml:lang=\"de\">" +
+        reason + "</faultstring>\n <detail c:x=\"1\">" + detail + "</detail>\n </e:Fault>\n");
+}
+
+TEST(LiteralReading, AFaultStaysAsItIsSpelled) {
+    const std::string text = withFault("zu viel", "\n <c:e> 1 </c:e> text <f href=\"#x\"></f>\n");
+    const TzSoapMessage message = read(text);
+    const TzSoapFault& fault = message.getSoapBody().getSoapFault();
+    EXPECT_EQ(fault.getCode(), TzXmlName("Busy", TzXmlNamespace("c", "urn:c")));
+    EXPECT_EQ(fault.getReason(), "zu viel");
+    EXPECT_EQ(fault.getDetailText(), "text");
+    EXPECT_EQ(fault.getDetails().childCount(), 2U);
+    EXPECT_EQ(message.asString(), text);
+    EXPECT_EQ(again(withBody("<e:Fault><faultcode>e:Server</faultcode></e:Fault>")),
+              withBody("<e:Fault><faultcode>e:Server</faultcode></e:Fault>"));
+}
+
+TEST(LiteralReading, WhatChangesInTheDetailOfAFaultIsWritten) {
+    TzSoapMessage message = read(withFault("r", "<c:e>1</c:e>"));
+    TzSoapCompositeType details = message.getSoapBody().getSoapFault().getDetails();
+    details.appendChild(TzSoapSimpleType("more", "2", TzSoapType::xsdString, false));
+    EXPECT_EQ(message.asString(), withFault("r", "<c:e>1</c:e><more>2</more>"));
+}
+
+TEST(LiteralReading, AFaultThatIsChangedIsWrittenAnew) {
+    TzSoapMessage message = read(withFault("r", "<c:e>1</c:e>"));
+    message.getSoapBody().getSoapFault().setReason("s");
+    EXPECT_EQ(message.asString(),
+              R"(<e:Envelope xmlns:e="http://schemas.xmlsoap.org/soap/envelope/" xmlns:c="urn:c">)"
+              "<e:Body>\n <e:Fault><faultcode>c:Busy</faultcode><faultstring>s</faultstring>"
+              "<detail c:x=\"1\"><c:e>1</c:e></detail></e:Fault>\n</e:Body></e:Envelope>");
 }
 
 TEST(LiteralReading, AValueThatIsMadeNilLosesItsContent) {

@@ -56,7 +56,8 @@ TEST(Show, JsonOfEverySampleIsJson) {
     std::size_t shown = 0;
     for (const std::filesystem::path& file : sampleFiles()) {
         const ToolRun run = here.run({"show", "--json", file.string()});
-        EXPECT_EQ(run.status, run.error.empty() ? 0 : 1);
+        const bool fits = run.error.empty() || run.error.find(": hint: ") != std::string::npos;
+        EXPECT_EQ(run.status, fits ? 0 : 1);
         if (run.status == 0) {
             ++shown;
             EXPECT_EQ(Json::parse(run.out)["file"], file.string());

@@ -144,6 +144,15 @@ TEST(LiteralMarkup, AReaderMayAskForElementsAsMarkup) {
     }
 }
 
+TEST(LiteralMarkup, InAnEncodedMessageAReferenceFindsIt) {
+    TzSoapMessage message;
+    message.setMarkupElements({TzXmlName("t")});
+    message.extract(R"(<e:Envelope xmlns:e="http://schemas.xmlsoap.org/soap/envelope/"><e:Body>)"
+                    R"(<a href="#1"/><t id="1"><b/></t></e:Body></e:Envelope>)");
+    const TzSoapType found = message.getSoapBody().getChild("a");
+    EXPECT_EQ(tzSoapAs<TzSoapUserDefinedType>(found).getMarkup(), R"(<t id="1"><b/></t>)");
+}
+
 TEST(LiteralMarkup, AHeaderEntryKeptAsMarkupIsProcessedLikeAnyOther) {
     TzSoapMessage message;
     message.setStyle(TzSoapStyle::Literal);
