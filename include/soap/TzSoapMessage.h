@@ -198,8 +198,8 @@ public:
     /// Literal is written compact in every layout, without encodingStyle and without a type that no
     /// value asks for. The namespaces of names and types are declared on the envelope, unless an
     /// element around them declares the prefix; unqualified names stay unqualified. Attributes and
-    /// text that were read literally stay as they were. Arrays are written as their items. White
-    /// space beside the children of a Fault, and the attributes of these, are not kept.
+    /// text that were read literally stay as they were. A fault that was read stays
+    /// as it was spelt until a code or a text of it changes. Arrays are written as their items.
     TzSoapStyle getStyle() const;
 
     /// Sets the names of elements that `extract` keeps as markup, in either style and wherever they
