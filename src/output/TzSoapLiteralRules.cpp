@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "output/TzSoapLiteralRules.h"
 
-#include <tz/xml/TzXmlAttribute.h>
-#include <tz/xml/TzXmlAttributeSet.h>
-
 #include "output/TzSoapScope.h"
+#include "output/TzSoapSerializerRules.h"
 #include "output/TzSoapUsedNamespaces.h"
 #include "output/TzSoapWriterRules.h"
 
@@ -18,11 +16,7 @@ void TzSoapLiteralRules::declareUsed(TzSoapScope& scope, const TzSoapMessageImp&
 }
 
 void TzSoapLiteralRules::enter(TzSoapScope& scope, const TzXmlAttributeSet& attributes) const {
-    for (const TzXmlAttribute& attribute : attributes) {
-        if (attribute.isNamespaceDeclaration()) {
-            scope.declare(attribute.declaredNamespace());
-        }
-    }
+    TzSoapSerializerRules::instance().enter(scope, attributes);
 }
 
 void TzSoapLiteralRules::collectDeclaration(TzSoapScope&, const TzXmlAttribute&) const {}

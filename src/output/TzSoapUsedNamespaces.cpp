@@ -16,6 +16,7 @@
 #include "output/TzSoapSchemaLabels.h"
 #include "output/TzSoapScope.h"
 #include "values/TzSoapHeldValues.h"
+#include "values/TzSoapOuterNamespaces.h"
 
 #include <algorithm>
 #include <utility>
@@ -93,17 +94,7 @@ void TzSoapUsedNamespaces::enter(const TzSoapTypeImp& value) {
 }
 
 bool TzSoapUsedNamespaces::openScope(const TzXmlAttributeSet& attributes) {
-    bool declares = false;
-    for (const TzXmlAttribute& attribute : attributes) {
-        if (attribute.isNamespaceDeclaration()) {
-            if (!declares) {
-                within_.pushScope();
-                declares = true;
-            }
-            within_.add(attribute.declaredNamespace());
-        }
-    }
-    return declares;
+    return TzSoapOuterNamespaces::openScope(within_, attributes);
 }
 
 void TzSoapUsedNamespaces::useValue(const TzSoapTypeImp& value) {

@@ -121,10 +121,6 @@ void TzSoapFaultImp::keepSpelling() {
     if (reader == nullptr) {
         return;
     }
-    reader->useCode(code_);
-    for (const TzXmlName& subcode : subcodes_) {
-        reader->useCode(subcode);
-    }
     spelling_ = reader->finish();
     if (spelling_ != nullptr) {
         spelling_->detail = detailReader_ != nullptr ? &TzSoapAccess::body(details_) : nullptr;
@@ -189,6 +185,9 @@ TzSoapFaultImp::ReadName TzSoapFaultImp::codeFromText() const {
     ReadName name{convertToFaultcode(text_), {}, subcodes_.size()};
     const std::string_view value = TzXmlUtils::trim(text_);
     name.value = value.size() < text_.size() ? convertToFaultcode(TzCString(value)) : name.asRead;
+    if (spellingReader_ != nullptr) {
+        spellingReader_->useCode(name.value);
+    }
     return name;
 }
 

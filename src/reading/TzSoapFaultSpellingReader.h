@@ -22,7 +22,7 @@ public:
     void open(const TzXmlName& name, const TzXmlAttributeSet& attributes);
     /// It ends.
     void close() { outer_.close(); }
-    /// `code` is spelt with its prefix in a text.
+    /// `code` is spelt with its prefix in the text of the innermost element.
     void useCode(const TzXmlName& code) { outer_.use(code.getNamespace()); }
     /// The detail starts.
     void startDetail() noexcept;

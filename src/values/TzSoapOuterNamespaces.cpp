@@ -5,18 +5,23 @@
 #include <tz/xml/TzXmlAttributeSet.h>
 #include <tz/xml/TzXmlName.h>
 
-void TzSoapOuterNamespaces::open(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+bool TzSoapOuterNamespaces::openScope(TzXmlNamespaceStack& scopes,
+                                      const TzXmlAttributeSet& attributes) {
     bool declares = false;
     for (const TzXmlAttribute& attribute : attributes) {
         if (attribute.isNamespaceDeclaration()) {
             if (!declares) {
-                within_.pushScope();
+                scopes.pushScope();
                 declares = true;
             }
-            within_.add(attribute.declaredNamespace());
+            scopes.add(attribute.declaredNamespace());
         }
     }
-    declares_.push_back(declares);
+    return declares;
+}
+
+void TzSoapOuterNamespaces::open(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
+    declares_.push_back(openScope(within_, attributes));
     use(name.getNamespace());
     for (const TzXmlAttribute& attribute : attributes) {
         // An attribute without prefix has no namespace.

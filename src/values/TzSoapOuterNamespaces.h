@@ -19,6 +19,10 @@ public:
     /// Prefixes and what they stand for around the element.
     using Used = std::map<TzCString, TzCString, std::less<>>;
 
+    /// Opens a scope of `scopes` for what `attributes` declare; false, and nothing opened, when
+    /// they declare nothing.
+    static bool openScope(TzXmlNamespaceStack& scopes, const TzXmlAttributeSet& attributes);
+
     /// The element itself or one within it starts. O(attributes * log declarations).
     void open(const TzXmlName& name, const TzXmlAttributeSet& attributes);
     /// It ends.
