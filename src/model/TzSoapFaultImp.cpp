@@ -8,9 +8,9 @@
 
 #include "model/TzSoapAccess.h"
 #include "model/TzSoapFaultSpelling.h"
+#include "model/TzSoapFaultSpellingReader.h"
 #include "model/TzSoapLasting.h"
 #include "reading/TzSoapDetailReader.h"
-#include "reading/TzSoapFaultSpellingReader.h"
 
 #include <algorithm>
 #include <string_view>

@@ -13,10 +13,10 @@
 
 #include "model/TzSoapAccess.h"
 #include "model/TzSoapFaultSpelling.h"
+#include "model/TzSoapOuterNamespaces.h"
 #include "output/TzSoapSchemaLabels.h"
 #include "output/TzSoapScope.h"
 #include "values/TzSoapHeldValues.h"
-#include "values/TzSoapOuterNamespaces.h"
 
 #include <algorithm>
 #include <utility>

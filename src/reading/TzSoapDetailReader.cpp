@@ -4,7 +4,7 @@
 #include <soap/TzSoapCompositeTypeImp.h>
 #include <tz/xml/TzXmlUtils.h>
 
-#include "reading/TzSoapFaultSpellingReader.h"
+#include "model/TzSoapFaultSpellingReader.h"
 
 #include <string_view>
 

@@ -8,8 +8,8 @@
 #include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapFaultSpellingReader.h"
 #include "reading/TzSoapDetailReader.h"
-#include "reading/TzSoapFaultSpellingReader.h"
 #include "reading/TzSoapReadingState.h"
 
 #include <string_view>

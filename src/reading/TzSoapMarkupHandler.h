@@ -4,7 +4,7 @@
 #include <soap/TzSoapContentHandler.h>
 #include <soap/TzSoapUserDefinedType.h>
 
-#include "values/TzSoapOuterNamespaces.h"
+#include "model/TzSoapOuterNamespaces.h"
 
 #include <cstddef>
 

@@ -7,7 +7,7 @@
 #include <tz/xml/TzXmlNamespace.h>
 #include <tz/xml/TzXmlSAXParser.h>
 
-#include "values/TzSoapOuterNamespaces.h"
+#include "model/TzSoapOuterNamespaces.h"
 
 #include <cstddef>
 #include <string_view>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "reading/TzSoapFaultSpellingReader.h"
+#include "model/TzSoapFaultSpellingReader.h"
 
 #include <tz/xml/TzXmlName.h>
 #include <tz/xml/TzXmlSAXParser.h>

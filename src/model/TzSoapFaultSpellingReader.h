@@ -4,7 +4,7 @@
 #include <tz/xml/TzXmlAttributeSet.h>
 
 #include "model/TzSoapFaultSpelling.h"
-#include "values/TzSoapOuterNamespaces.h"
+#include "model/TzSoapOuterNamespaces.h"
 
 #include <cstddef>
 #include <memory>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "values/TzSoapOuterNamespaces.h"
+#include "model/TzSoapOuterNamespaces.h"
 
 #include <tz/xml/TzXmlAttribute.h>
 #include <tz/xml/TzXmlAttributeSet.h>
