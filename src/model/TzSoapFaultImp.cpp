@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapFaultImp.h>
 
-#include <soap/TzSoapCompositeTypeImp.h>
 #include <soap/TzSoapTypeImp.h>
 #include <tz/xml/TzXmlElementImp.h>
 #include <tz/xml/TzXmlUtils.h>
@@ -77,11 +76,6 @@ void TzSoapFaultImp::addDetailEntry(const TzCString& name, const TzSoapType& val
     }
     TzSoapAccess::body(value).setName(named);
     details_.appendChild(value);
-}
-
-void TzSoapFaultImp::setDetailText(const TzCString& text) {
-    detailText_ = text;
-    TzSoapAccess::body(details_).children().clearText();
 }
 
 const TzSoapFaultSpelling* TzSoapFaultImp::spelling() const {

@@ -61,6 +61,12 @@ void TzSoapFaultImp::startElement(const TzXmlName& name, const TzXmlAttributeSet
     }
 }
 
+// Here because reading keeps the text among the entries as well.
+void TzSoapFaultImp::setDetailText(const TzCString& text) {
+    detailText_ = text;
+    TzSoapAccess::body(details_).children().clearText();
+}
+
 TzSoapFaultImp::State TzSoapFaultImp::stateAfter(const TzXmlName& name) const {
     const TzSoapVersion& names = TzSoapVersion::getSoapVersion(version_);
     for (const Transition& transition : Transitions) {
