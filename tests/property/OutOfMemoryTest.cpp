@@ -13,6 +13,7 @@
 #include <soap/TzSoapSerializer.h>
 #include <soap/TzSoapSimpleType.h>
 #include <soap/TzSoapSparseArrayType.h>
+#include <soap/TzSoapUserDefinedType.h>
 #include <soap/TzSoapVersionConverter.h>
 #include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimeMultipart.h>
@@ -135,6 +136,40 @@ void extract(const std::string& text) {
 }
 
 } // namespace
+
+/// A literal message of `version` with text between elements, a fault and markup.
+std::string literalText(V::Version version) {
+    const TzXmlName& fault = TzSoapVersion::getSoapElementName(V::Fault, version);
+    const std::string uri = fault.getUri();
+    return "<e:Envelope xmlns:e='" + uri + "'> <e:Header> <h e:mustUnderstand='1'/> </e:Header> " +
+           "<e:Body "
+           "xmlns:p='urn:of:this:record'><e:Fault><faultcode>e:Client</faultcode><detail> " +
+           "<p:d/> " + LongText + "</detail></e:Fault><p:a q='" + LongText + "'>" + LongText +
+           "<b xmlns=''/>" + LongText + "<token><p:x>" + LongText +
+           "</p:x></token></p:a></e:Body>" + "</e:Envelope>";
+}
+
+TEST_P(OutOfMemoryIn, LiteralMessagesReadAndWritten) {
+    const std::string text = literalText(version());
+    TzSoapMessage message;
+    message.setStyle(TzSoapStyle::Literal);
+    message.setMarkupElements({TzXmlName("token")});
+    message.extract(text);
+    const std::string written = message.asString();
+    failEach([&] { static_cast<void>(message.copy().asString()); }, 20);
+    afterEach([&] { message.extract(text); },
+              [&] {
+                  message.extract(text);
+                  EXPECT_EQ(message.asString(), written);
+              });
+}
+
+TEST_P(OutOfMemoryIn, MarkupThatIsChecked) {
+    const std::string markup = std::string("<p:a b='") + LongText + "'><c xmlns='urn:c'/></p:a>";
+    const TzXmlNamespace declared("p", "urn:of:this:record");
+    const TzXmlName name("a", declared);
+    failEach([&] { static_cast<void>(TzSoapUserDefinedType(name, markup, {declared})); }, 5);
+}
 
 TEST_P(OutOfMemoryIn, Building) {
     failEach([this] { build(version(), true); }, 50);
