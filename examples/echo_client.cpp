@@ -3,7 +3,8 @@
 // Calls the echo service: sends an order with a header entry, shows what travels both ways and
 // takes the values out of the answer.
 //
-//     echo_client URL [1.1|1.2 [ATTACHMENT]]      exit status 1 for a fault and for other failures
+//     echo_client URL [1.1|1.2|1.2-2002 [ATTACHMENT]]      exit status 1 for a fault and for other
+//     failures
 #include <soap/TzSoapCast.h>
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
@@ -28,6 +29,7 @@
 #include <future>
 #include <iostream>
 #include <iterator>
+#include <map>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -150,6 +152,19 @@ TzSoapMessage makeRequest(TzSoapVersion::Version version, const char* file) {
     return message;
 }
 
+/// The version of SOAP that the command line names. `std::runtime_error` for any other name.
+TzSoapVersion::Version versionOf(const std::string& name) {
+    static const std::map<std::string, TzSoapVersion::Version> versions = {
+        {"1.1", TzSoapVersion::V1_1},
+        {"1.2", TzSoapVersion::V1_2Rec}, // the SOAP 1.2 of living services
+        {"1.2-2002", TzSoapVersion::V1_2}};
+    const auto found = versions.find(name);
+    if (found == versions.end()) {
+        throw std::runtime_error(name + " is not a version of SOAP");
+    }
+    return found->second;
+}
+
 /// The contents of the order, found by names: a value that is missing or of another kind is an
 /// error that says so, whatever the service answers.
 std::string describe(const TzSoapType& order) {
@@ -176,14 +191,13 @@ std::string describe(const TzSoapType& order) {
 
 int main(int argc, char** argv) {
     if (argc < 2) {
-        std::cerr << "usage: echo_client URL [1.1|1.2 [ATTACHMENT]]\n";
+        std::cerr << "usage: echo_client URL [1.1|1.2|1.2-2002 [ATTACHMENT]]\n";
         return 1;
     }
     std::signal(SIGPIPE, SIG_IGN); // a server may refuse a request before it has all of it
     try {
-        const bool first = argc < 3 || std::string(argv[2]) == "1.1";
-        const TzSoapMessage request = makeRequest(first ? TzSoapVersion::V1_1 : TzSoapVersion::V1_2,
-                                                  argc > 3 ? argv[3] : nullptr);
+        const TzSoapMessage request =
+            makeRequest(versionOf(argc < 3 ? "1.1" : argv[2]), argc > 3 ? argv[3] : nullptr);
         const TzSoapMessage answer = post(argv[1], request, Action);
         const TzSoapBody& body = answer.getSoapBody();
         if (body.hasFaultElement()) {

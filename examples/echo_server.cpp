@@ -100,7 +100,7 @@ TzSoapMessage answerTo(TzSoapMessage& request) {
 /// Reads the request in `body` and packs the answer, which may be a fault, into `response`.
 void serve(const TzSoapHttpTransportContext& headers, const std::string& body,
            httplib::Response& response) {
-    TzSoapMessage request(TzSoapHttpBinding::getVersion(headers));
+    TzSoapMessage request(TzSoapHttpBinding::getVersion(headers, body));
     request.setReadLimits({.depth = DeepestRequest});
     TzSoapMessage answer;
     TzSoapHttpTransportContext answerHeaders;

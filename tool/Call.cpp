@@ -46,6 +46,7 @@ Request packed(const TzMimeMultipart& package, const Options& options) {
 /// The envelope as it stands in its file.
 Request bare(std::string envelope, const Options& options) {
     TzSoapMessage message;
+    message.setReadLimits({.soap12Recommendation = true});
     message.extract(envelope);
     Request request;
     request.headers.setSoapAction(options.action);

@@ -27,7 +27,9 @@ struct Options {
 
 const std::map<std::string, TzSoapVersion::Version>& versions() {
     static const std::map<std::string, TzSoapVersion::Version> known = {
-        {"1.1", TzSoapVersion::V1_1}, {"1.2", TzSoapVersion::V1_2}};
+        {"1.1", TzSoapVersion::V1_1},
+        {"1.2", TzSoapVersion::V1_2Rec}, // the SOAP 1.2 of living services
+        {"1.2-2002", TzSoapVersion::V1_2}};
     return known;
 }
 
@@ -50,16 +52,15 @@ int convert(const Options& options) {
 
 void addConvert(CLI::App& app, int& status) {
     CLI::App* const command =
-        app.add_subcommand("convert", "Rewrites a message for the other version of SOAP");
-    command->footer(
-        "What the other version cannot carry is named on standard error; the exit status "
-        "is 0 then too.");
+        app.add_subcommand("convert", "Rewrites a message for another version of SOAP");
+    command->footer("What that version cannot carry is named on standard error; the exit status "
+                    "is 0 then too.");
     const auto options = std::make_shared<Options>();
     addInput(*command, options->input);
     addLiteral(*command, options->input.package);
     command->add_option("--to", options->version, "The version to write")
         ->required()
-        ->transform(CLI::CheckedTransformer(versions()).description("1.1|1.2"));
+        ->transform(CLI::CheckedTransformer(versions()).description("1.1|1.2|1.2-2002"));
     command->add_option("-o,--output", options->output,
                         "File for the message; standard output unless given");
     command->callback([options, &status] { status = convert(*options); });

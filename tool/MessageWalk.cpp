@@ -16,6 +16,7 @@
 #include <tz/mime/TzMimeMultipart.h>
 #include <tz/xml/TzXmlUtils.h>
 
+#include <map>
 #include <utility>
 
 namespace {
@@ -42,9 +43,18 @@ std::size_t numberOf(const TzMimePart& part, const TzMimeMultipart& package) {
     return location ? package.findPartByLocation(*location) : TzMimePart::NotFound;
 }
 
+/// What a version of SOAP is called.
+std::string versionText(TzSoapVersion::Version version) {
+    static const std::map<TzSoapVersion::Version, std::string> texts = {
+        {TzSoapVersion::V1_1, "1.1"},
+        {TzSoapVersion::V1_2, "1.2"},
+        {TzSoapVersion::V1_2Rec, "1.2 (2003/05)"}};
+    return texts.at(version);
+}
+
 /// The text of the reference attribute, whose name differs from version to version.
 std::string referenceText(const TzSoapReferenceType& value) {
-    for (const auto version : {TzSoapVersion::V1_2, TzSoapVersion::V1_1}) {
+    for (const auto version : {TzSoapVersion::V1_2Rec, TzSoapVersion::V1_2, TzSoapVersion::V1_1}) {
         const TzXmlName& name = TzSoapVersion::getSoapAttributeName(TzSoapVersion::Ref, version);
         const auto* const found = value.findAttribute(name);
         if (found != value.attributesEnd()) {
@@ -87,7 +97,7 @@ Element MessageWalk::describe(const TzSoapType& value) {
 
 void MessageWalk::visit(const TzSoapMessage& message) {
     message_ = &message;
-    sink_.beginMessage(message.getVersion() == TzSoapVersion::V1_1 ? "1.1" : "1.2");
+    sink_.beginMessage(versionText(message.getVersion()));
     Element envelope = describeElement("Envelope", message);
     envelope.role = "envelope";
     report(envelope);

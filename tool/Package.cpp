@@ -5,6 +5,8 @@
 #include "Escape.h"
 #include "MessageWalk.h"
 
+#include <soap/TzSoapHttpBinding.h>
+#include <soap/TzSoapHttpTransportContext.h>
 #include <soap/TzSoapMessage.h>
 #include <tz/mime/TzMimeContentTypeHeader.h>
 
@@ -72,7 +74,8 @@ std::string packages::encodingOf(const std::string& xml) {
 }
 
 TzMimeMultipart packages::around(std::string envelope) {
-    TzMimeMultipart package = TzSoapMessage().asMimeMultipart();
+    const TzSoapVersion::Version version = TzSoapHttpBinding::getVersion({}, envelope);
+    TzMimeMultipart package = TzSoapMessage(version).asMimeMultipart();
     TzMimePart root = package.getPart(0);
     const std::size_t position = root.findHeader(TzMimeContentTypeHeader::Label);
     TzMimeContentTypeHeader(root.getHeader(position))
@@ -93,6 +96,7 @@ void packages::insert(TzMimeMultipart& package, const std::string& argument) {
 
 void packages::check(const TzMimeMultipart& package, const std::string& name) {
     TzSoapMessage message;
+    message.setReadLimits({.soap12Recommendation = true});
     message.extract(package);
     DanglingReferences dangling(name);
     MessageWalk walk(dangling);

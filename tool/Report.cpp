@@ -56,7 +56,8 @@ ExitStatus withMessage(const Input& input, const std::function<void(const TzSoap
     const std::string name = input.shownName();
     std::string text;
     TzSoapMessage message;
-    message.setReadLimits({.incompletePackages = input.package.incomplete});
+    message.setReadLimits(
+        {.incompletePackages = input.package.incomplete, .soap12Recommendation = true});
     if (input.package.literal) {
         message.setStyle(TzSoapStyle::Literal);
     }

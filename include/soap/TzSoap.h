@@ -7,6 +7,7 @@
 
 #include <soap/TzMessageBase.h>
 #include <soap/TzSoap11Version.h>
+#include <soap/TzSoap12RecVersion.h>
 #include <soap/TzSoap12Version.h>
 #include <soap/TzSoapArrayType.h>
 #include <soap/TzSoapArrayTypeHandler.h>
@@ -53,6 +54,7 @@
 #include <soap/TzSoapNode.h>
 #include <soap/TzSoapParseContext.h>
 #include <soap/TzSoapReadLimits.h>
+#include <soap/TzSoapReason.h>
 #include <soap/TzSoapReferenceToMimePartImp.h>
 #include <soap/TzSoapReferenceToSoapTypeImp.h>
 #include <soap/TzSoapReferenceType.h>

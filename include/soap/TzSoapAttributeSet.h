@@ -98,7 +98,9 @@ public:
     /// Removes offset, the form of the latest version if both are there.
     void removeOffsetAttribute();
 
-    /// The value of the unqualified "id", "" if absent; valid until the next change.
+    /// The value of the unqualified "id", "" if absent; valid until the next change. In a set with
+    /// an "enc:id", as values read from a message of `V1_2Rec` may have, that one is the id, here
+    /// and below.
     const TzCString& getIdAttribute() const;
     /// Sets the unqualified "id".
     void setIdAttribute(const TzCString& id);
@@ -139,6 +141,7 @@ private:
 
     const TzXmlAttribute* findOf(TzSoapVersion::SoapAttribute attribute,
                                  TzSoapVersion::Version version) const;
+    const TzXmlName& idName() const;
     const TzCString& valueAt(const TzXmlAttribute* position) const;
     bool isTrueAt(const TzXmlAttribute* position) const;
     bool isBooleanAt(const TzXmlAttribute* position) const;

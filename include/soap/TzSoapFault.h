@@ -2,11 +2,14 @@
 #pragma once
 
 #include <soap/TzSoapExport.h>
+#include <soap/TzSoapReason.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/pointer/TzHandleBase.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 #include <tz/xml/TzXmlText.h>
+
+#include <vector>
 
 class TzSoapCompositeType;
 class TzSoapConstVisitor;
@@ -17,10 +20,10 @@ class TzSoapVisitor;
 /// Handle of a fault: the error report that a body may carry.
 ///
 /// One class serves both versions; names of SOAP 1.1 and SOAP 1.2 stand for the same fields. Codes
-/// are not checked against the version. Copies share the body, `copy()` makes a new one. Every
-/// operation on a handle without a body throws `TzTHRInvalidPointer` "Invalid pointer". Handles
-/// that share a body may be copied and destroyed on different threads; the fault itself is used by
-/// one thread at a time.
+/// are not checked against the version, except by `setCode` of `V1_2Rec`. Copies share the body,
+/// `copy()` makes a new one. Every operation on a handle without a body throws
+/// `TzTHRInvalidPointer` "Invalid pointer". Handles that share a body may be copied and destroyed
+/// on different threads; the fault itself is used by one thread at a time.
 class TZSOAP_API TzSoapFault : public TzHandleBase {
 public:
     /// An empty fault of the latest version.
@@ -39,7 +42,8 @@ public:
     /// Calls the visitor's operation for faults.
     virtual void acceptVisitor(TzSoapConstVisitor& visitor) const;
 
-    /// Sets the code; a fault with a code is present.
+    /// Sets the code; a fault with a code is present. `TzXmlError` INVALID_FAULT_CODE "V1_2Rec" for
+    /// a code of SOAP that a fault of that version cannot have: DTDNotSupported.
     void setCode(const TzXmlName& code);
     /// The code, the empty name when not set.
     TzXmlName getCode() const;
@@ -69,12 +73,23 @@ public:
         addFaultCodeQualifier(tzXmlText(qualifier));
     }
 
-    /// Sets the reason.
+    /// Sets the reason, in place of all there were, in no particular language.
     void setReason(const TzCString& reason);
     /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
     void setReason(TzXmlText auto reason) { setReason(tzXmlText(reason)); }
-    /// The reason, "" when not set.
+    /// The reason, the first if there are several, "" when not set.
     TzCString getReason() const;
+    /// Adds the reason in a further language; `V1_2Rec` writes all of them, in order, the other
+    /// versions write the first. A reason without language is written there as one in "en".
+    void addReason(const TzCString& reason, const TzCString& language);
+    /// The reason in `language`, such as "en-GB"; without one that in the language without its last
+    /// subtag ("en"), and so on, or in a more particular one; otherwise the first, "" when none is
+    /// set. Letter case does not matter. O(reasons * subtags).
+    TzCString getReason(const TzCString& language) const;
+    /// Overload for other texts; `TzXmlBadArgError` for a null pointer.
+    TzCString getReason(TzXmlText auto language) const { return getReason(tzXmlText(language)); }
+    /// All reasons; valid until they change.
+    const std::vector<TzSoapReason>& getReasons() const;
     /// Does what `setReason` does.
     void setFaultString(const TzCString& reason) { setReason(reason); }
     /// Overload for other texts; `TzXmlBadArgError` for a null pointer.

@@ -4,6 +4,7 @@
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapContentHandler.h>
 #include <soap/TzSoapExport.h>
+#include <soap/TzSoapReason.h>
 #include <soap/TzSoapType.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/pointer/TzBodyBase.h>
@@ -52,8 +53,8 @@ public:
 
     /// The code, the empty name when not set.
     const TzXmlName& getCode() const noexcept { return code_; }
-    /// Sets the code; any name is accepted.
-    void setCode(const TzXmlName& code) { code_ = code; }
+    /// Sets the code; `TzXmlError` INVALID_FAULT_CODE for one that `TzSoapFault::setCode` refuses.
+    void setCode(const TzXmlName& code);
     /// The code without the white space that stood around it when it was read, its prefix resolved
     /// where it stood; otherwise the code.
     const TzXmlName& getCodeValue() const noexcept { return readCode_.valueOf(code_); }
@@ -72,10 +73,16 @@ public:
         subcodes_.clear();
         readSubcodes_.clear();
     }
-    /// The reason (fault string), "" when not set.
-    const TzCString& getReason() const noexcept { return reason_; }
-    /// Sets the reason.
-    void setReason(const TzCString& reason) { reason_ = reason; }
+    /// The reason (fault string), the first if there are several, "" when not set.
+    const TzCString& getReason() const;
+    /// The reason that suits `language` best, as `TzSoapFault::getReason` says.
+    const TzCString& getReason(const TzCString& language) const;
+    /// All reasons.
+    const std::vector<TzSoapReason>& getReasons() const noexcept { return reasons_; }
+    /// Sets the reason, in place of all there were.
+    void setReason(const TzCString& reason);
+    /// Adds a reason after the others.
+    void addReason(const TzSoapReason& reason) { reasons_.push_back(reason); }
     /// The node (fault actor), "" when not set.
     const TzCString& getNode() const noexcept { return node_; }
     /// Sets the node.
@@ -126,7 +133,8 @@ private:
         Reason = 5,
         Node = 6,
         Role = 7,
-        Detail = 8
+        Detail = 8,
+        ReasonText = 9
     };
     /// Which state an element of the fault leads to.
     struct Transition {
@@ -147,9 +155,11 @@ private:
     };
 
     State stateAfter(const TzXmlName& name) const;
+    State oldStateAfter(const TzXmlName& name) const;
     void readDetail(const TzXmlName& name, const TzXmlAttributeSet& attributes);
     void keepSpelling();
     void setValue();
+    void takeReason(bool isElement);
     ReadName codeFromText() const;
     bool takesText() const noexcept;
     void noteUnusedText();
@@ -159,7 +169,8 @@ private:
     TzCString text_;
     bool textIsUnused_ = false; // nothing was made of it yet
     TzXmlName code_;
-    TzCString reason_;
+    std::vector<TzSoapReason> reasons_;
+    bool reasonsAreOld_ = false; // of before this reading
     TzCString node_;
     TzCString role_;
     TzSoapCompositeType details_;

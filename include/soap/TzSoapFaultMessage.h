@@ -29,10 +29,20 @@ public:
     static TzSoapMessage make(TzSoapVersion::Version version, TzSoapVersion::SoapFaultCode code,
                               TzSoapVersion::SoapSubFaultCode subcode, const TzCString& reason);
     /// The MustUnderstand fault for header entries that were not understood; in SOAP 1.2 with a
-    /// Misunderstood entry for each in the header, under a prefix that means nothing else there.
-    /// O(names).
+    /// Misunderstood (NotUnderstood) entry for each in the header, under a prefix that means
+    /// nothing else there. O(names).
     static TzSoapMessage makeMustUnderstand(TzSoapVersion::Version version,
                                             const std::vector<TzXmlName>& names);
+    /// The VersionMismatch fault; in `V1_2Rec` with an Upgrade entry in the header that lists the
+    /// envelopes of `supported`, the most wanted first. `TzXmlError` UNKNOWN_VERSION for an unknown
+    /// version.
+    static TzSoapMessage makeVersionMismatch(TzSoapVersion::Version version,
+                                             const std::vector<TzSoapVersion::Version>& supported,
+                                             const TzCString& reason);
+    /// The names of the envelopes that the Upgrade entries in the header of `message` list, in
+    /// order; none without such an entry. A name whose prefix is not declared has no namespace.
+    /// O(header entries and their children).
+    static std::vector<TzXmlName> getSupportedEnvelopes(const TzSoapMessage& message);
     /// The fault for an error met while a request was read or its values were taken:
     /// VersionMismatch for the envelope of an unknown version, Client (Sender) for any other
     /// `TzXmlParseError` and for `TzXmlBoundsError` and `TzXmlBadArgError`, Server (Receiver) for

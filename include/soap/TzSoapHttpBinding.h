@@ -5,6 +5,8 @@
 #include <soap/TzSoapVersion.h>
 #include <tz/tools/TzCString.h>
 
+#include <string_view>
+
 class TzMimeMultipart;
 class TzSoapHttpTransportContext;
 class TzSoapMessage;
@@ -47,9 +49,9 @@ public:
     /// Replaces the content of `message` by the one that `body` carries according to the
     /// "Content-Type" of `context`, whose charset applies to a text that does not state one.
     /// Without a content type the text itself decides. A bare envelope under multipart/related, as
-    /// some services send their faults, is read as what it is. `TzXmlParseError`
-    /// INVALID_CONTENT_TYPE for anything but XML and multipart/related; other errors are those of
-    /// `TzSoapMessage::extract`. O(body).
+    /// some services send their faults, is read as what it is. Envelopes of every version are read,
+    /// whatever the limits of `message` say. `TzXmlParseError` INVALID_CONTENT_TYPE for anything
+    /// but XML and multipart/related; other errors are those of `TzSoapMessage::extract`. O(body).
     static void unpack(const TzSoapHttpTransportContext& context, const TzCString& body,
                        TzSoapMessage& message);
 
@@ -58,7 +60,11 @@ public:
     /// The version that the content type speaks for: SOAP 1.2 for application/soap+xml, SOAP 1.1
     /// for any other. Good for answers to texts whose envelope cannot be read.
     static TzSoapVersion::Version getVersion(const TzSoapHttpTransportContext& context);
+    /// The same where `body`, which came with `context`, could not be read: `V1_2Rec`, which shares
+    /// its content type with the SOAP 1.2 of 2002, where `body` names its envelope near the start.
+    static TzSoapVersion::Version getVersion(const TzSoapHttpTransportContext& context,
+                                             std::string_view body);
     /// The status of an answer: 500 with a fault, be it one that was read without a code, 200
-    /// without.
+    /// without; 400 with a fault of the sender in `V1_2Rec`.
     static int getStatus(const TzSoapMessage& answer);
 };

@@ -25,4 +25,7 @@ struct TzSoapReadLimits {
     /// Whether a package is read that lacks its closing line, so that its last part may lack its
     /// end; otherwise it is a `TzXmlParseError`.
     bool incompletePackages = false;
+    /// Whether an envelope of SOAP 1.2 as recommended in 2003 (`TzSoapVersion::V1_2Rec`) is read;
+    /// otherwise its version is unknown, which is a `TzXmlParseError` UNKNOWN_VERSION.
+    bool soap12Recommendation = false;
 };

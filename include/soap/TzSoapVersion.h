@@ -8,7 +8,7 @@
 
 class TzSoapVersionTable;
 
-/// Every name, namespace and role that differs between SOAP 1.1 and SOAP 1.2.
+/// Every name, namespace and role that differs between the versions of SOAP.
 ///
 /// One object per version answers for it; the static operations take a version and forward, or
 /// recognise what was met while reading. Everything returned by reference is made on first use,
@@ -20,9 +20,15 @@ class TZSOAP_API TzSoapVersion {
 
 public:
     /// Version of an envelope.
+    ///
+    /// Look-ups without a version, such as `isSupportedVersion`, `isSoapEnv` and
+    /// `isSoapAttribute`, know the first two only; "either version" below means these. Messages of
+    /// `V1_2Rec` are written when a program makes them, and read when the message's
+    /// `TzSoapReadLimits` say so; `isKnownVersion` recognises all three.
     enum Version : int {
-        V1_1 = 1, ///< SOAP 1.1.
-        V1_2 = 2, ///< SOAP 1.2, the namespaces of June 2002; the latest.
+        V1_1 = 1,       ///< SOAP 1.1.
+        V1_2 = 2,       ///< SOAP 1.2, the namespaces of June 2002; the latest by default.
+        V1_2Rec = 2003, ///< SOAP 1.2 as recommended in 2003, the SOAP 1.2 of living services.
     };
 
     /// Attributes that SOAP defines.
@@ -30,14 +36,15 @@ public:
         EncodingStyle = 0,  ///< "encodingStyle", envelope namespace.
         MustUnderstand = 1, ///< "mustUnderstand", envelope namespace.
         Actor = 2,          ///< "actor" in 1.1, "role" in 1.2, envelope namespace.
-        Root = 3,           ///< "root", encoding namespace.
+        Root = 3,           ///< "root", encoding namespace; not in `V1_2Rec`.
         ArrayType = 4,      ///< "arrayType", encoding namespace, 1.1 only.
-        Position = 5,       ///< "position", encoding namespace.
-        Offset = 6,         ///< "offset", encoding namespace.
+        Position = 5,       ///< "position", encoding namespace; not in `V1_2Rec`.
+        Offset = 6,         ///< "offset", encoding namespace; not in `V1_2Rec`.
         ItemType = 7,       ///< "itemType", encoding namespace, 1.2 only.
         ArraySize = 8,      ///< "arraySize", encoding namespace, 1.2 only.
-        Ref = 9,            ///< The version's own reference attribute: "href" in 1.1, "ref" in 1.2.
-        Href = 10,          ///< "href" in both, unqualified.
+        Ref = 9,   ///< The version's own reference attribute: "href" in 1.1, "ref" in 1.2, in
+                   ///< the encoding namespace in `V1_2Rec`.
+        Href = 10, ///< "href" in both, unqualified.
     };
 
     /// Elements that SOAP defines.
@@ -53,7 +60,8 @@ public:
         FaultDetail = 8,    ///< "detail" (unqualified) in 1.1, "Detail" in 1.2.
         FaultSubcode = 9,   ///< "Subcode", 1.2 only.
         FaultValue = 10,    ///< "Value", 1.2 only.
-        Misunderstood = 11, ///< "Misunderstood", faults namespace, 1.2 only.
+        Misunderstood = 11, ///< "Misunderstood", faults namespace, 1.2 only; "NotUnderstood",
+                            ///< envelope namespace, in `V1_2Rec`.
     };
 
     /// Fault codes. Scoped, because `MustUnderstand` is an attribute too; the other enumerators are
@@ -64,7 +72,7 @@ public:
         Server = 2,              ///< "Server" in 1.1, "Receiver" in 1.2.
         Client = 3,              ///< "Client" in 1.1, "Sender" in 1.2.
         DataEncodingUnknown = 4, ///< "DataEncodingUnknown", 1.2 only.
-        DTDNotSupported = 5,     ///< "DTDNotSupported", 1.2 only.
+        DTDNotSupported = 5,     ///< "DTDNotSupported", 1.2 only, not in `V1_2Rec`.
     };
     using SoapFaultCode::Client;
     using SoapFaultCode::DataEncodingUnknown;
@@ -74,8 +82,8 @@ public:
 
     /// Fault subcodes, 1.2 only.
     enum SoapSubFaultCode : int {
-        MissingID = 0,           ///< "MissingID", encoding namespace.
-        UnTypedValue = 1,        ///< "UnTypedValue", encoding namespace.
+        MissingID = 0,    ///< "MissingID", encoding namespace.
+        UnTypedValue = 1, ///< "UnTypedValue", "UntypedValue" in `V1_2Rec`, encoding namespace.
         ProcedureNotPresent = 2, ///< "ProcedureNotPresent", rpc namespace.
         BadArguments = 3,        ///< "BadArguments", rpc namespace.
     };
@@ -141,6 +149,9 @@ public:
     /// Whether `candidate` is the envelope namespace of a version, tried from the latest on, and of
     /// which; `version` is left alone if it is not.
     static bool isSupportedVersion(const TzXmlNamespace& candidate, Version& version);
+    /// Whether `candidate` is the envelope namespace of any version, `V1_2Rec` included, and of
+    /// which; `version` is left alone if it is not. The URI of `V1_2Rec` must be spelt exactly.
+    static bool isKnownVersion(const TzXmlNamespace& candidate, Version& version);
     /// Whether `uri` is the envelope namespace of a version.
     static bool isSoapEnv(const TzCString& uri);
     /// Whether `uri` is the envelope namespace of a version, and of which (set only if it is).

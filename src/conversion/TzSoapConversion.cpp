@@ -8,12 +8,15 @@
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapMessageImp.h>
 #include <soap/TzSoapReferenceTypeImp.h>
+#include <soap/TzSoapSparseArrayImp.h>
 #include <soap/TzSoapUserDefinedTypeImp.h>
 
 #include "model/TzSoapAccess.h"
 #include "values/TzSoapHeldValues.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <iterator>
 
 namespace {
 
@@ -51,12 +54,55 @@ TzSoapConversion::TzSoapConversion(TzSoapMessage& message, const TzSoapVersion& 
       fault_(terms_, losses_) {}
 
 std::vector<TzCString> TzSoapConversion::run() {
+    findTargets();
+    elements_.setTargets(targets_);
+    if (terms_.habits().targetsInline) {
+        findTargetEntries();
+    }
     prepareEnvelope();
     prepareHeader();
     prepareBody();
     TzSoapAccess::body(message_).setVersion(terms_.target().getVersion());
     apply();
     return losses_.take();
+}
+
+void TzSoapConversion::findTargets() {
+    TzSoapHeader& header = message_.getSoapHeader();
+    for (auto entry = header.entriesBegin(); entry != header.entriesEnd(); ++entry) {
+        targets_.add(TzSoapAccess::body(*entry));
+    }
+    TzSoapBody& body = message_.getSoapBody();
+    if (body.hasSoapFault()) {
+        targets_.add(TzSoapAccess::body(body.getSoapFault().getDetails()));
+    }
+    for (auto entry = body.entriesBegin(); entry != body.entriesEnd(); ++entry) {
+        targets_.add(TzSoapAccess::body(*entry));
+    }
+}
+
+void TzSoapConversion::findTargetEntries() {
+    TzSoapBody& body = message_.getSoapBody();
+    TzSoapInlineTargets kept;
+    std::vector<TzSoapBody::iterator> candidates;
+    TzSoapHeader& header = message_.getSoapHeader();
+    for (auto entry = header.entriesBegin(); entry != header.entriesEnd(); ++entry) {
+        kept.add(TzSoapAccess::body(*entry));
+    }
+    for (auto entry = body.entriesBegin(); entry != body.entriesEnd(); ++entry) {
+        const bool isRoot =
+            entry->isRootAttributeSet() ? entry->getRoot() : entry == body.entriesBegin();
+        if (isRoot || entry->getIdAttribute().empty()) {
+            kept.add(TzSoapAccess::body(*entry));
+        } else {
+            candidates.push_back(entry);
+        }
+    }
+    // What nothing that stays leads to would be lost.
+    std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(moved_),
+                 [&kept](const TzSoapBody::iterator& entry) {
+                     return kept.isReferredTo(entry->getIdAttribute());
+                 });
 }
 
 void TzSoapConversion::prepareEnvelope() {
@@ -217,7 +263,26 @@ void TzSoapConversion::walk() {
     }
 }
 
+void TzSoapConversion::loseGaps(TzSoapArrayTypeImp& array) {
+    bool hasGaps = !TzSoapArrayTypeImp::isDefaultOffset(array.getOffsetIndex());
+    if (array.isSparse()) {
+        std::uint64_t end = 0;
+        for (const auto& [index, item] : static_cast<TzSoapSparseArrayImp&>(array)) {
+            end = std::max<std::uint64_t>(end, array.indexToLinear(index, true) + 1ULL);
+        }
+        hasGaps = hasGaps || end > array.entries();
+    }
+    if (hasGaps) {
+        losses_.add("positions without an item of " +
+                        TzSoapLosses::shown(array.getName().asString()),
+                    "become nil items");
+    }
+}
+
 void TzSoapConversion::prepareArray(TzSoapArrayTypeImp& array) {
+    if (!terms_.hasAttribute(TzSoapVersion::Position)) {
+        loseGaps(array);
+    }
     // Inner arrays state their shape themselves.
     const TzCString& itemType = array.getElementType();
     if (terms_.itemTypeIsName() && itemType.find('[') != TzCString::npos) {
@@ -253,6 +318,9 @@ void TzSoapConversion::apply() noexcept {
         message_.getSoapHeader().removeHeaderEntry(entry);
     }
     TzSoapBody& body = message_.getSoapBody();
+    for (const TzSoapBody::iterator entry : moved_) {
+        body.removeEntry(entry);
+    }
     if (body.hasSoapFault()) {
         fault_.apply(TzSoapAccess::body(body.getSoapFault()));
     }

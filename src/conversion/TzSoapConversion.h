@@ -7,7 +7,9 @@
 #include "conversion/TzSoapLosses.h"
 #include "conversion/TzSoapVersionTerms.h"
 #include "model/TzSoapMetValues.h"
+#include "output/TzSoapInlineTargets.h"
 
+#include <soap/TzSoapBody.h>
 #include <soap/TzSoapHeader.h>
 #include <soap/TzSoapType.h>
 
@@ -39,6 +41,8 @@ private:
     void prepareEnvelope();
     void prepareHeader();
     void prepareBody();
+    void findTargets();
+    void findTargetEntries();
     Style prepareBlock(TzSoapElementImp& block, TzSoapVersion::SoapElement element);
     void prepareDetail(TzSoapTypeImp& detail, const Style& style);
     void prepareEntry(TzSoapType& entry, const Style& style);
@@ -46,6 +50,7 @@ private:
     void prepareEntryValue(TzSoapTypeImp& value, const Style& style);
     void prepareValue(TzSoapTypeImp& value, TzSoapDraft& draft);
     void prepareArray(TzSoapArrayTypeImp& array);
+    void loseGaps(TzSoapArrayTypeImp& array);
     void lookAtMarkup(const TzSoapUserDefinedTypeImp& value);
     void enqueue(const TzSoapType& value);
     void walk();
@@ -75,4 +80,6 @@ private:
     std::vector<std::pair<TzSoapArrayTypeImp*, TzCString>> itemTypes_;
     std::vector<std::pair<TzSoapType*, TzSoapType>> replaced_;
     std::vector<TzSoapHeader::iterator> leftOut_;
+    TzSoapInlineTargets targets_;
+    std::vector<TzSoapBody::iterator> moved_; // entries that stand where references to them do
 };

@@ -1,12 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "conversion/TzSoapElementConversion.h"
 
+#include "output/TzSoapInlineTargets.h"
+
 #include <utility>
 
 namespace {
 
 /// A reference text that the version with one attribute for both kinds of reference understands.
 TzCString withMark(const TzCString& text) { return text.starts_with('#') ? text : '#' + text; }
+
+/// What a reference to a value keeps its text under in the model, whatever the version.
+const TzXmlName& usualReference() {
+    return TzSoapVersion::getLatestSoapVersion().getSoapAttributeQName(TzSoapVersion::Ref);
+}
 
 } // namespace
 
@@ -22,9 +29,9 @@ void TzSoapElementConversion::convert(TzSoapDraft& draft, Reference reference) {
 
 void TzSoapElementConversion::convertNames(TzSoapDraft& draft) {
     const TzXmlName& name = draft.state().getName();
-    if (const auto converted = terms_.nameSpace(name.getNamespace())) {
+    if (const auto converted = terms_.anyNameSpace(name.getNamespace())) {
         draft.edit().getName().setNamespace(*converted);
-    } else if (terms_.isLost(name.getNamespace())) {
+    } else if (terms_.isLost(name.getNamespace()) && !terms_.isReport(name)) {
         losses_.add("element " + TzSoapLosses::shown(name.asString()) + " of " + name.getUri(),
                     TzSoapLosses::KeptAsItIs);
     }
@@ -38,6 +45,11 @@ void TzSoapElementConversion::convertProperties(TzSoapDraft& draft) {
     element_ = &draft.state();
     if (element_->hasEncodingStyleAttribute()) {
         draft.edit().shareEncodingStyle(style(element_->sharedEncodingStyle()));
+    }
+    if (element_->isRootAttributeSet() && !terms_.hasAttribute(TzSoapVersion::Root)) {
+        loseAttribute(terms_.source().getSoapAttributeQName(TzSoapVersion::Root),
+                      TzSoapLosses::LeftOut);
+        draft.edit().removeRootAttribute();
     }
     if (!element_->getActorAttribute().empty()) {
         // The attribute that was read reports the loss.
@@ -53,18 +65,20 @@ void TzSoapElementConversion::convertAttributes(TzSoapDraft& draft, Reference re
     for (const TzXmlAttribute& attribute : element_->getAttributeSet()) {
         const TzXmlName& name = attribute.getName();
         if (attribute.isNamespaceDeclaration()) {
-            const auto declared = terms_.nameSpace(attribute.declaredNamespace());
+            const auto declared = terms_.anyNameSpace(attribute.declaredNamespace());
             converted_.add(name, declared ? declared->getUri() : attribute.getValue());
         } else if (name.getUri().empty()) {
             convertPlain(attribute, reference);
         } else if (const auto home = terms_.nameSpace(name.getNamespace())) {
-            convertOwn(attribute, *home);
+            convertOwn(attribute, *home, reference);
         } else {
             convertForeign(attribute);
         }
     }
     if (!text_.empty()) {
-        converted_.add(terms_.target().getSoapAttributeQName(TzSoapVersion::Ref), std::move(text_));
+        const TzXmlName& own = terms_.target().getSoapAttributeQName(TzSoapVersion::Ref);
+        // An unqualified name needs no prefix; the writer spells it as the version does.
+        converted_.add(own.getUri().empty() ? own : usualReference(), std::move(text_));
     }
     draft.edit().getAttributeSet() = std::move(converted_);
 }
@@ -74,7 +88,7 @@ void TzSoapElementConversion::convertPlain(const TzXmlAttribute& attribute, Refe
     const bool isOwn = isOwnText(name, reference);
     if (isOwn && reference == Reference::Waiting) {
         text_ = withMark(attribute.getValue());
-    } else if (!isOwn && wouldRefer(name, reference)) {
+    } else if (!isOwn && (wouldRefer(name, reference) || wouldName(attribute, reference))) {
         const TzXmlName free = freeName(name);
         loseAttribute(name, "became " + free.getLocalName());
         converted_.add(free, attribute.getValue());
@@ -88,8 +102,7 @@ bool TzSoapElementConversion::isOwnText(const TzXmlName& name, Reference referen
     case Reference::Waiting:
         return name == terms_.source().getSoapAttributeQName(TzSoapVersion::Ref);
     case Reference::Settled:
-        return name == TzSoapVersion::getLatestSoapVersion().getSoapAttributeQName(
-                           TzSoapVersion::Ref); // whatever the version
+        return name == usualReference();
     case Reference::Mime:
         return name == terms_.source().getSoapAttributeQName(TzSoapVersion::Href);
     default:
@@ -112,6 +125,14 @@ bool TzSoapElementConversion::wouldRefer(const TzXmlName& name, Reference refere
              name == terms_.source().getSoapAttributeQName(TzSoapVersion::Href));
 }
 
+bool TzSoapElementConversion::wouldName(const TzXmlAttribute& attribute,
+                                        Reference reference) const {
+    const TzXmlName& id = terms_.targetTerm(TzSoapVersionTable::Id);
+    return reference != Reference::Block && attribute.getName() == id &&
+           !(id == terms_.sourceTerm(TzSoapVersionTable::Id)) &&
+           !targets_->isReferredTo(attribute.getValue());
+}
+
 TzXmlName TzSoapElementConversion::freeName(const TzXmlName& name) const {
     for (unsigned int number = 1;; ++number) {
         TzXmlName candidate(name.getLocalName() + std::to_string(number));
@@ -122,15 +143,54 @@ TzXmlName TzSoapElementConversion::freeName(const TzXmlName& name) const {
     }
 }
 
+bool TzSoapElementConversion::convertTerm(const TzXmlAttribute& attribute, const TzXmlName& moved) {
+    using Table = TzSoapVersionTable;
+    for (const Table::Term term : {Table::Id, Table::NodeType, Table::Relay}) {
+        const TzXmlName& own = terms_.sourceTerm(term);
+        const TzXmlName& counterpart = terms_.targetTerm(term);
+        const bool isOwn = !own.isEmpty() && attribute.getName() == own;
+        if (isOwn && !counterpart.isEmpty()) {
+            converted_.add(counterpart.getUri().empty() ? counterpart : moved,
+                           attribute.getValue());
+        } else if (isOwn || moved == counterpart) {
+            loseAttribute(attribute.getName(), TzSoapLosses::LeftOut);
+        }
+        if (isOwn || moved == counterpart) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void TzSoapElementConversion::convertReference(const TzXmlAttribute& attribute,
+                                               Reference reference) {
+    switch (reference) {
+    case Reference::Waiting:
+        text_ = withMark(attribute.getValue());
+        return;
+    case Reference::Settled:
+        converted_.add(usualReference(), withMark(attribute.getValue()));
+        return;
+    default:
+        loseAttribute(attribute.getName(), TzSoapLosses::LeftOut);
+    }
+}
+
 void TzSoapElementConversion::convertOwn(const TzXmlAttribute& attribute,
-                                         const TzXmlNamespace& home) {
+                                         const TzXmlNamespace& home, Reference reference) {
     const TzXmlName& name = attribute.getName();
     const TzXmlName moved(name.getLocalName(), home);
-    TzSoapVersion::SoapAttribute kind{};
-    TzSoapVersion::Version version{};
-    if (!TzSoapVersion::isSoapAttribute(name, kind, version)) {
+    if (convertTerm(attribute, moved)) {
+        return;
+    }
+    const auto called = TzSoapVersionTerms::attributeCalled(name.getLocalName());
+    if (!called) {
         converted_.add(moved, attribute.getValue());
         return;
+    }
+    const TzSoapVersion::SoapAttribute kind = *called;
+    if (kind == TzSoapVersion::Ref && terms_.isSourceName(name, kind)) {
+        return convertReference(attribute, reference);
     }
     const TzXmlName& counterpart = terms_.target().getSoapAttributeQName(kind);
     if (!terms_.isSourceName(name, kind)) {

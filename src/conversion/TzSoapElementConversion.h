@@ -11,6 +11,7 @@
 #include <utility>
 
 class TzSoapAttributeSet;
+class TzSoapInlineTargets;
 class TzXmlAttribute;
 
 /// Rewrites names, attributes and properties of elements for another version.
@@ -28,6 +29,9 @@ public:
     TzSoapElementConversion(TzSoapVersionTerms& terms, TzSoapLosses& losses)
         : terms_(terms), losses_(losses) {}
 
+    /// The ids that references of the message name, without which a plain "id" has no meaning in
+    /// some versions. To be set before the first element; outlives this object.
+    void setTargets(const TzSoapInlineTargets& targets) noexcept { targets_ = &targets; }
     /// Makes `draft` one of the target version.
     void convert(TzSoapDraft& draft, Reference reference);
 
@@ -38,7 +42,11 @@ private:
     void convertProperties(TzSoapDraft& draft);
     void convertAttributes(TzSoapDraft& draft, Reference reference);
     void convertPlain(const TzXmlAttribute& attribute, Reference reference);
-    void convertOwn(const TzXmlAttribute& attribute, const TzXmlNamespace& home);
+    void convertOwn(const TzXmlAttribute& attribute, const TzXmlNamespace& home,
+                    Reference reference);
+    bool convertTerm(const TzXmlAttribute& attribute, const TzXmlName& moved);
+    bool wouldName(const TzXmlAttribute& attribute, Reference reference) const;
+    void convertReference(const TzXmlAttribute& attribute, Reference reference);
     void convertForeign(const TzXmlAttribute& attribute);
     bool isOwnText(const TzXmlName& name, Reference reference) const;
     bool wouldRefer(const TzXmlName& name, Reference reference) const;
@@ -53,6 +61,7 @@ private:
     // What texts that elements share became, so that they share it again; with the text, which must
     // live as long
     std::unordered_map<const TzCString*, std::pair<Style, Style>> styles_;
+    const TzSoapInlineTargets* targets_ = nullptr;
     // Of the current element
     const TzSoapElementImp* element_ = nullptr;
     TzSoapAttributeSet converted_;

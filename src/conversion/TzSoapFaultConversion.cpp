@@ -2,6 +2,7 @@
 #include "conversion/TzSoapFaultConversion.h"
 
 #include <soap/TzSoapFaultImp.h>
+#include <soap/TzSoapReason.h>
 #include <tz/tools/TzCTokenizer.h>
 
 #include <utility>
@@ -22,9 +23,21 @@ void TzSoapFaultConversion::prepare(const TzSoapFaultImp& fault, const TzCString
     splitQualifiers();
     standardise();
     nameSubcodes();
+    loseReasons(fault);
     dropsRole_ = !fault.getRole().empty() && !terms_.hasFaultRole();
     if (dropsRole_) {
         losses_.add("fault role " + TzSoapLosses::shown(fault.getRole()), TzSoapLosses::LeftOut);
+    }
+}
+
+void TzSoapFaultConversion::loseReasons(const TzSoapFaultImp& fault) {
+    if (!terms_.targetTerm(TzSoapVersionTable::ReasonText).isEmpty()) {
+        return;
+    }
+    const std::vector<TzSoapReason>& reasons = fault.getReasons();
+    for (std::size_t i = 1; i < reasons.size(); ++i) {
+        losses_.add("fault reason in \"" + TzSoapLosses::shown(reasons[i].language) + '"',
+                    TzSoapLosses::LeftOut);
     }
 }
 
@@ -55,7 +68,7 @@ TzXmlName TzSoapFaultConversion::nameOf(TzSoapVersion::SoapFaultCode code) const
 
 void TzSoapFaultConversion::standardise() {
     TzSoapVersion::SoapFaultCode code{};
-    const bool standard = TzSoapVersion::isSoapFaultCode(code_, code);
+    const bool standard = terms_.isFaultCode(code_, code);
     if (standard && terms_.hasFaultCode(code)) {
         code_ = nameOf(code);
         return;
@@ -73,7 +86,9 @@ void TzSoapFaultConversion::standardise() {
 
 void TzSoapFaultConversion::nameSubcodes() {
     for (TzXmlName& subcode : subcodes_) {
-        if (const auto converted = terms_.nameSpace(subcode.getNamespace())) {
+        if (terms_.hasSubcodes()) {
+            subcode = terms_.subcode(subcode);
+        } else if (const auto converted = terms_.nameSpace(subcode.getNamespace())) {
             subcode.setNamespace(*converted);
         }
         if (!terms_.hasSubcodes() && !subcode.getUri().empty()) {

@@ -22,6 +22,7 @@ public:
     void apply(TzSoapFaultImp& fault) noexcept;
 
 private:
+    void loseReasons(const TzSoapFaultImp& fault);
     void splitQualifiers();
     void standardise();
     void nameSubcodes();

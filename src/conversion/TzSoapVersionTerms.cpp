@@ -5,8 +5,6 @@
 #include <soap/TzSoapUtils.h>
 #include <tz/xml/TzXmlBadArgError.h>
 
-#include "model/TzSoapVersionTable.h"
-
 #include <array>
 #include <list>
 
@@ -20,6 +18,9 @@ bool isNameOf(const TzSoapVersion& version, const TzXmlName& name,
            version.matchSoapEnv(own.getNamespace()) == version.matchSoapEnv(name.getNamespace());
 }
 
+constexpr std::array<TzSoapVersion::SoapSubFaultCode, 4> Subcodes = {
+    TzSoapVersion::MissingID, TzSoapVersion::UnTypedValue, TzSoapVersion::ProcedureNotPresent,
+    TzSoapVersion::BadArguments};
 constexpr std::array<TzSoapVersion::SoapRole, 3> Roles = {TzSoapVersion::Next, TzSoapVersion::None,
                                                           TzSoapVersion::UltimateReceiver};
 
@@ -31,6 +32,24 @@ std::optional<TzXmlNamespace> TzSoapVersionTerms::nameSpace(const TzXmlNamespace
     }
     if (source_.matchSoapEnc(nameSpace)) {
         return made(encodings_, nameSpace.getPrefix(), target_.getSoapEnc().getUri());
+    }
+    return std::nullopt;
+}
+
+std::optional<TzXmlNamespace> TzSoapVersionTerms::anyNameSpace(const TzXmlNamespace& nameSpace) {
+    if (!target_.getSoapRpc().isEmpty() && source_.matchSoapRpc(nameSpace)) {
+        return made(rpcs_, nameSpace.getPrefix(), target_.getSoapRpc().getUri());
+    }
+    return this->nameSpace(nameSpace);
+}
+
+std::optional<TzSoapVersion::SoapAttribute>
+TzSoapVersionTerms::attributeCalled(std::string_view localName) {
+    for (const TzSoapVersion::Version version : TzSoapVersionTable::Supported) {
+        const int found = TzSoapVersionTable::of(version).findAttribute(localName);
+        if (found >= 0) {
+            return static_cast<TzSoapVersion::SoapAttribute>(found);
+        }
     }
     return std::nullopt;
 }
@@ -48,10 +67,43 @@ bool TzSoapVersionTerms::isSourceName(const TzXmlName& name,
 }
 
 bool TzSoapVersionTerms::isTargetName(const TzXmlName& name) const {
-    TzSoapVersion::SoapAttribute attribute{};
-    TzSoapVersion::Version version{};
-    return TzSoapVersion::isSoapAttribute(name, attribute, version) &&
-           version == target_.getVersion() && isNameOf(target_, name, attribute);
+    const bool isHome =
+        target_.matchSoapEnv(name.getNamespace()) || target_.matchSoapEnc(name.getNamespace());
+    const auto attribute = attributeCalled(name.getLocalName());
+    return isHome && attribute && isNameOf(target_, name, *attribute);
+}
+
+bool TzSoapVersionTerms::isReport(const TzXmlName& name) const {
+    // The same name in the model whatever the version.
+    return hasMisunderstood() && name == TzSoapVersion::getLatestSoapVersion().getSoapElementQName(
+                                             TzSoapVersion::Misunderstood);
+}
+
+bool TzSoapVersionTerms::isFaultCode(const TzXmlName& name,
+                                     TzSoapVersion::SoapFaultCode& code) const {
+    if (TzSoapVersion::isSoapFaultCode(name, code)) {
+        return true;
+    }
+    for (const TzSoapVersion::Version version : TzSoapVersionTable::Supported) {
+        const int found = TzSoapVersionTable::of(version).findFaultCode(name.getLocalName());
+        if (found >= 0 && source_.matchSoapEnv(name.getNamespace())) {
+            code = static_cast<TzSoapVersion::SoapFaultCode>(found);
+            return true;
+        }
+    }
+    return false;
+}
+
+TzXmlName TzSoapVersionTerms::subcode(const TzXmlName& name) {
+    const bool both = !source_.getSoapElementQName(TzSoapVersion::FaultSubcode).isEmpty();
+    for (const TzSoapVersion::SoapSubFaultCode each : Subcodes) {
+        if (both && name == source_.getSubFaultCode(each)) {
+            const TzXmlName& own = target_.getSubFaultCode(each);
+            return {own.getLocalName(), TzXmlNamespace(name.getPrefix(), own.getUri())};
+        }
+    }
+    const auto home = anyNameSpace(name.getNamespace());
+    return home ? TzXmlName(name.getLocalName(), *home) : name;
 }
 
 bool TzSoapVersionTerms::isTargetFault(const TzXmlName& name) const {

@@ -3,10 +3,14 @@
 
 #include <soap/TzSoapVersion.h>
 #include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
 #include <tz/xml/TzXmlNamespace.h>
+
+#include "model/TzSoapVersionTable.h"
 
 #include <map>
 #include <optional>
+#include <string_view>
 
 /// Names, roles and styles of one version in the terms of another one.
 class TzSoapVersionTerms {
@@ -27,6 +31,10 @@ public:
     /// The target's namespace in place of `nameSpace`, under its prefix; empty when `nameSpace` is
     /// neither the source's envelope nor its encoding namespace.
     std::optional<TzXmlNamespace> nameSpace(const TzXmlNamespace& nameSpace);
+    /// The same for all that is no attribute, which may be in the rpc namespace, too.
+    std::optional<TzXmlNamespace> anyNameSpace(const TzXmlNamespace& nameSpace);
+    /// The attribute that has that local part in some version, nothing without one.
+    static std::optional<TzSoapVersion::SoapAttribute> attributeCalled(std::string_view localName);
     /// Whether `name`, in one of the source's namespaces, is what the source calls the attribute.
     bool isSourceName(const TzXmlName& name, TzSoapVersion::SoapAttribute attribute) const;
     /// Whether `name` is what the target calls a SOAP attribute with a namespace.
@@ -51,6 +59,29 @@ public:
     bool hasFaultRole() const { return isNamed(TzSoapVersion::FaultRole); }
     /// Whether a header can hold reports of entries that were not understood.
     bool hasMisunderstood() const { return isNamed(TzSoapVersion::Misunderstood); }
+    /// Whether `name` is the report of an entry that was not understood, which the target has.
+    bool isReport(const TzXmlName& name) const;
+    /// What the source calls a name beyond the enumerations; the empty name if it lacks it.
+    const TzXmlName& sourceTerm(TzSoapVersionTable::Term term) const {
+        return TzSoapVersionTable::of(source_.getVersion()).term(term);
+    }
+    /// What the target calls it.
+    const TzXmlName& targetTerm(TzSoapVersionTable::Term term) const {
+        return TzSoapVersionTable::of(target_.getVersion()).term(term);
+    }
+    /// What the target does differently from other versions.
+    const TzSoapVersionTable::Habits& habits() const {
+        return TzSoapVersionTable::of(target_.getVersion()).habits();
+    }
+    /// Whether the target has an attribute of that kind.
+    bool hasAttribute(TzSoapVersion::SoapAttribute attribute) const {
+        return !target_.getSoapAttributeQName(attribute).isEmpty();
+    }
+    /// Whether `name` is a fault code of the source or of a version known by default, and of which
+    /// kind.
+    bool isFaultCode(const TzXmlName& name, TzSoapVersion::SoapFaultCode& code) const;
+    /// A fault subcode in the terms of the target, which has subcodes.
+    TzXmlName subcode(const TzXmlName& name);
     /// Whether the target has the fault code.
     bool hasFaultCode(TzSoapVersion::SoapFaultCode code) const;
 
@@ -65,4 +96,5 @@ private:
     const TzSoapVersion& target_;
     Made envelopes_;
     Made encodings_;
+    Made rpcs_;
 };

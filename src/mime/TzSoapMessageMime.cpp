@@ -89,7 +89,7 @@ TzCString TzSoapMessage::asText(TzSoapLayout layout) const {
     }
     package.insertHeader(TzMimeVersionHeader());
     TzSoapPackaging::addAttachments(*this, package);
-    TzSoapPackaging::complete(package, envelope.takeString());
+    TzSoapPackaging::complete(*this, package, envelope.takeString());
     return package.asString();
 }
 

@@ -6,22 +6,22 @@
 #include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimeContentTypeHeader.h>
 #include <tz/mime/TzMimeMultipartRelatedType.h>
-#include <tz/mime/TzMimeTextType.h>
 #include <tz/xml/TzXmlStringWriter.h>
+
+#include "model/TzSoapVersionTable.h"
 
 #include <utility>
 
 namespace {
 
 constexpr char RootId[] = "<soap.xml@mime.representation>";
-constexpr char RootType[] = "text/xml";
 
 /// Makes `package` a multipart/related one, keeping its boundary and its start; returns the start.
-TzCString describe(TzMimeMultipart& package) {
+TzCString describe(TzMimeMultipart& package, const TzCString& rootType) {
     const std::size_t position = package.findHeader(TzMimeContentTypeHeader::Label);
     if (position == TzMimePart::NotFound) {
         package.insertHeader(TzMimeContentTypeHeader(TzMimeMultipartRelatedType(
-            TzCString(), RootType, RootId, TzMimeMultipartRelatedType::DefaultBoundary)));
+            TzCString(), rootType, RootId, TzMimeMultipartRelatedType::DefaultBoundary)));
         return RootId;
     }
     // Shared with the header, which changes with it.
@@ -30,7 +30,7 @@ TzCString describe(TzMimeMultipart& package) {
     if (type.getBoundary().empty()) {
         type.setBoundary(TzMimeMultipartRelatedType::DefaultBoundary);
     }
-    type.setType(RootType);
+    type.setType(rootType);
     if (type.getStart().empty()) {
         type.setStart(RootId);
     }
@@ -47,9 +47,11 @@ TzCString writeEnvelope(const TzSoapMessage& message, TzSoapLayout layout, TzMim
 }
 
 /// The part that holds the envelope.
-TzMimePart rootPart(const TzCString& id, TzCString envelope) {
+TzMimePart rootPart(const TzCString& rootType, const TzCString& id, TzCString envelope) {
     TzMimePart part;
-    part.insertHeader(TzMimeContentTypeHeader(TzMimeTextType("xml", "UTF-8")));
+    TzMimeContentType type(rootType);
+    type.setParameter("charset", "UTF-8");
+    part.insertHeader(TzMimeContentTypeHeader(type));
     if (!id.empty()) {
         part.insertHeader(TzMimeContentIdHeader(id));
     }
@@ -71,7 +73,7 @@ void TzSoapPackaging::write(const TzSoapMessage& message, TzSoapLayout layout,
                             TzMimeMultipart& package) {
     TzCString envelope = writeEnvelope(message, layout, package);
     addAttachments(message, package);
-    complete(package, std::move(envelope));
+    complete(message, package, std::move(envelope));
 }
 
 void TzSoapPackaging::addAttachments(const TzSoapMessage& message, TzMimeMultipart& package) {
@@ -82,7 +84,9 @@ void TzSoapPackaging::addAttachments(const TzSoapMessage& message, TzMimeMultipa
     package.removeRepeatedParts(first);
 }
 
-void TzSoapPackaging::complete(TzMimeMultipart& package, TzCString envelope) {
-    const TzCString id = describe(package);
-    package.insertPartAt(0, rootPart(id, std::move(envelope)));
+void TzSoapPackaging::complete(const TzSoapMessage& message, TzMimeMultipart& package,
+                               TzCString envelope) {
+    const TzCString type = TzSoapVersionTable::of(message.getVersion()).habits().packageType;
+    const TzCString id = describe(package, type);
+    package.insertPartAt(0, rootPart(type, id, std::move(envelope)));
 }

@@ -23,8 +23,9 @@ Written write(const TzSoapMessage& message, TzSoapLayout layout);
 void write(const TzSoapMessage& message, TzSoapLayout layout, TzMimeMultipart& package);
 /// Adds the attachments of `message` to `package`, except those that it contains already.
 void addAttachments(const TzSoapMessage& message, TzMimeMultipart& package);
-/// Makes the parts in `package` a package for `envelope`: says in its Content-Type header what it
-/// is and puts the root part first. A boundary and a start that it has are kept.
-void complete(TzMimeMultipart& package, TzCString envelope);
+/// Makes the parts in `package` a package for `envelope`, the text of `message`: says in its
+/// Content-Type header what it is and puts the root part first. A boundary and a start that it has
+/// are kept.
+void complete(const TzSoapMessage& message, TzMimeMultipart& package, TzCString envelope);
 
 } // namespace TzSoapPackaging

@@ -5,6 +5,7 @@
 #include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapLasting.h"
+#include "model/TzSoapVersionTable.h"
 
 #include <algorithm>
 #include <array>
@@ -162,13 +163,16 @@ void TzSoapAttributeSet::removeOffsetAttribute() { remove(TzSoapVersion::Offset)
 
 // id, nil
 
-const TzCString& TzSoapAttributeSet::getIdAttribute() const {
-    return valueAt(find(getIdAttributeName()));
+const TzXmlName& TzSoapAttributeSet::idName() const {
+    const TzXmlName& encoded = TzSoapVersionTable::soap12Rec().term(TzSoapVersionTable::Id);
+    return empty() || find(encoded) == end() ? getIdAttributeName() : encoded;
 }
 
-void TzSoapAttributeSet::setIdAttribute(const TzCString& id) { add(getIdAttributeName(), id); }
+const TzCString& TzSoapAttributeSet::getIdAttribute() const { return valueAt(find(idName())); }
 
-void TzSoapAttributeSet::removeIdAttribute() { erase(getIdAttributeName()); }
+void TzSoapAttributeSet::setIdAttribute(const TzCString& id) { add(idName(), id); }
+
+void TzSoapAttributeSet::removeIdAttribute() { erase(idName()); }
 
 bool TzSoapAttributeSet::getNullAttribute() const { return isTrueAt(find(getNullAttributeName())); }
 
@@ -234,8 +238,7 @@ const TzXmlAttribute* TzSoapAttributeSet::getSoapAttribute(Attribute attribute,
     if (empty()) {
         return end();
     }
-    for (int number = TzSoapVersion::getLatestVersion(); number >= TzSoapVersion::V1_1; --number) {
-        const auto version = static_cast<Version>(number);
+    for (const Version version : TzSoapVersionTable::Supported) {
         const TzXmlAttribute* position = findOf(attribute, version);
         if (position != end()) {
             found = version;

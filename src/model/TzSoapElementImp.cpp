@@ -3,6 +3,8 @@
 
 #include <tz/tools/Tzxmsg.h>
 
+#include "model/TzSoapVersionTable.h"
+
 #include <utility>
 
 namespace {
@@ -18,13 +20,11 @@ constexpr BooleanTexts Digits = {"1", "0"};
 
 /// How each version spells mustUnderstand.
 const BooleanTexts& mustUnderstandTexts(TzSoapVersion::Version version) {
-    switch (version) {
-    case TzSoapVersion::V1_1:
-        return Digits;
-    case TzSoapVersion::V1_2:
-        return Words;
+    const TzSoapVersionTable* const table = TzSoapVersionTable::find(version);
+    if (table == nullptr) {
+        throw Tzxmsg("Unrecognized TzSoapVersion::Version");
     }
-    throw Tzxmsg("Unrecognized TzSoapVersion::Version");
+    return table->habits().booleansAreWords ? Words : Digits;
 }
 
 TzCString textOf(const BooleanTexts& texts, bool value) {

@@ -43,6 +43,16 @@ void TzSoapFault::setReason(const TzCString& reason) { body().setReason(reason);
 
 TzCString TzSoapFault::getReason() const { return body().getReason(); }
 
+void TzSoapFault::addReason(const TzCString& reason, const TzCString& language) {
+    body().addReason({reason, language});
+}
+
+TzCString TzSoapFault::getReason(const TzCString& language) const {
+    return body().getReason(language);
+}
+
+const std::vector<TzSoapReason>& TzSoapFault::getReasons() const { return body().getReasons(); }
+
 void TzSoapFault::setNode(const TzCString& node) { body().setNode(node); }
 
 const TzCString& TzSoapFault::getNode() const { return body().getNode(); }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapFaultImp.h>
 
+#include <soap/TzSoapAttributeSet.h>
 #include <soap/TzSoapTypeImp.h>
 #include <tz/xml/TzXmlElementImp.h>
 #include <tz/xml/TzXmlUtils.h>
@@ -9,6 +10,7 @@
 #include "model/TzSoapFaultSpelling.h"
 #include "model/TzSoapFaultSpellingReader.h"
 #include "model/TzSoapLasting.h"
+#include "model/TzSoapVersionTable.h"
 #include "reading/TzSoapDetailReader.h"
 
 #include <algorithm>
@@ -16,6 +18,19 @@
 #include <utility>
 
 namespace {
+
+/// The reason in exactly `language`, or one in a more particular one when `isRange`; null without.
+const TzSoapReason* findReason(const std::vector<TzSoapReason>& reasons, std::string_view language,
+                               bool isRange) {
+    const auto suits = [&](const TzSoapReason& reason) {
+        const std::string_view own = reason.language;
+        const bool fits = own.size() == language.size() ||
+                          (isRange && own.size() > language.size() && own[language.size()] == '-');
+        return fits && tzEqualIgnoreCase(own.substr(0, language.size()), language);
+    };
+    const auto found = std::find_if(reasons.begin(), reasons.end(), suits);
+    return found == reasons.end() ? nullptr : &*found;
+}
 
 /// The body of a detail, of which the fault asks nothing that is peculiar to composites.
 TzSoapTypeImp& asValue(const TzSoapType& details) { return TzSoapAccess::body(details); }
@@ -27,7 +42,7 @@ TzSoapFaultImp::TzSoapFaultImp(const TzXmlName& name, TzSoapVersion::Version ver
       version_(version) {}
 
 TzSoapFaultImp::TzSoapFaultImp(const TzSoapFaultImp& other)
-    : TzBodyBase(other), TzSoapContentHandler(other), code_(other.code_), reason_(other.reason_),
+    : TzBodyBase(other), TzSoapContentHandler(other), code_(other.code_), reasons_(other.reasons_),
       node_(other.node_), role_(other.role_), details_(other.details_.copy()),
       detailText_(other.detailText_), name_(other.name_), version_(other.version_),
       readCode_(other.readCode_) {}
@@ -48,6 +63,41 @@ void TzSoapFaultImp::setVersion(TzSoapVersion::Version version) {
     name_.setNamespace(names.getSoapEnv()); // may fail; what follows does not
     details_.setName(names.getSoapElementQName(TzSoapVersion::FaultDetail));
     version_ = version;
+}
+
+void TzSoapFaultImp::setCode(const TzXmlName& code) {
+    const TzSoapVersionTable& table = TzSoapVersionTable::of(version_);
+    if (table.habits().refusesForeignCodes && table.lacksFaultCode(code)) {
+        table.refuseFaultCode();
+    }
+    code_ = code;
+}
+
+const TzCString& TzSoapFaultImp::getReason() const {
+    return reasons_.empty() ? TzSoapAttributeSet::getEmptyString() : reasons_.front().text;
+}
+
+const TzCString& TzSoapFaultImp::getReason(const TzCString& language) const {
+    std::string_view wanted = language;
+    while (!wanted.empty()) {
+        if (const TzSoapReason* const exact = findReason(reasons_, wanted, false)) {
+            return exact->text;
+        }
+        if (const TzSoapReason* const particular = findReason(reasons_, wanted, true)) {
+            return particular->text;
+        }
+        const std::size_t end = wanted.rfind('-');
+        wanted = wanted.substr(0, end == std::string_view::npos ? 0 : end);
+    }
+    return getReason();
+}
+
+void TzSoapFaultImp::setReason(const TzCString& reason) {
+    std::vector<TzSoapReason> reasons;
+    if (!reason.empty()) {
+        reasons.push_back({reason, {}});
+    }
+    reasons_.swap(reasons);
 }
 
 const TzXmlName& TzSoapFaultImp::getSubcode(unsigned int index) const {
@@ -94,7 +144,7 @@ bool TzSoapFaultImp::hasDetail() const {
 
 void TzSoapFaultImp::clear() {
     code_ = TzXmlName();
-    reason_.clear();
+    reasons_.clear();
     node_.clear();
     role_.clear();
     details_.clearChildren();

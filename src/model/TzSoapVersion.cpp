@@ -5,6 +5,7 @@
 #include "model/TzSoapVersionTable.h"
 
 #include <soap/TzSoap11Version.h>
+#include <soap/TzSoap12RecVersion.h>
 #include <soap/TzSoap12Version.h>
 #include <soap/TzSoapCatalog.h>
 #include <tz/tools/TzMessage.h>
@@ -76,6 +77,8 @@ TzSoapVersion& TzSoapVersion::getSoapVersion(Version version) {
         return TzSoap11Version::getSoapVersion();
     case V1_2:
         return TzSoap12Version::getSoapVersion();
+    case V1_2Rec:
+        return TzSoap12RecVersion::getSoapVersion();
     }
     TzThrow(TzXmlError(TzMessage(tzsoap_UNKNOWN_VERSION())));
 }
@@ -84,6 +87,15 @@ TzSoapVersion& TzSoapVersion::getLatestSoapVersion() { return getSoapVersion(get
 
 bool TzSoapVersion::isSupportedVersion(const TzXmlNamespace& candidate, Version& version) {
     return isSoapEnv(candidate.getUri(), version);
+}
+
+bool TzSoapVersion::isKnownVersion(const TzXmlNamespace& candidate, Version& version) {
+    const TzSoapVersion& latest = TzSoap12RecVersion::getSoapVersion();
+    if (latest.matchSoapEnv(candidate)) {
+        version = latest.getVersion();
+        return true;
+    }
+    return isSupportedVersion(candidate, version);
 }
 
 bool TzSoapVersion::isSoapEnv(const TzCString& uri) {

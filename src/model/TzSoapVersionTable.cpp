@@ -41,7 +41,8 @@ int findLocalName(const std::array<TzXmlName, Size>& names, std::string_view loc
 
 } // namespace
 
-TzSoapVersionTable::TzSoapVersionTable(const Texts& texts) : errorName_(texts.errorName) {
+TzSoapVersionTable::TzSoapVersionTable(const Texts& texts)
+    : errorName_(texts.errorName), habits_(texts.habits) {
     for (std::size_t home = 0; home < Homes; ++home) {
         namespaces_[home] =
             TzXmlNamespace(texts.namespaces[home].prefix, texts.namespaces[home].uri);
@@ -50,6 +51,11 @@ TzSoapVersionTable::TzSoapVersionTable(const Texts& texts) : errorName_(texts.er
     makeNames(elements_, texts.elements, *this);
     makeNames(faultCodes_, texts.faultCodes, *this);
     makeNames(subFaultCodes_, texts.subFaultCodes, *this);
+    makeNames(terms_, texts.terms, *this);
+    if (!texts.noStyleSuffix.empty()) {
+        noStyle_ = nameSpace(Envelope).getUri();
+        noStyle_ += texts.noStyleSuffix;
+    }
     for (std::size_t role = 0; role < roles_.size(); ++role) {
         if (!texts.roleSuffixes[role].empty()) {
             roles_[role] = nameSpace(Envelope).getUri();
@@ -101,6 +107,9 @@ const TzSoapVersionTable& TzSoapVersionTable::soap11() {
             .subFaultCodes = {},
             // Deliberate: not the published role; programs compare roles with this URI.
             .roleSuffixes = {{"actor/next"}},
+            .terms = {{{"id", Unqualified}}},
+            .noStyleSuffix = {},
+            .habits = {.booleansAreWords = false, .indicesInBrackets = true},
         });
     });
     return *table;
@@ -161,9 +170,122 @@ const TzSoapVersionTable& TzSoapVersionTable::soap12() {
                 {Tags::BadArgumentsTag, Rpc},
             }},
             .roleSuffixes = {{"/role/next", "/role/none", "/role/ultimateReceiver"}},
+            .terms = {{{"id", Unqualified}}},
+            .noStyleSuffix = {},
+            .habits = {},
         });
     });
     return *table;
+}
+
+const TzSoapVersionTable& TzSoapVersionTable::soap12Rec() {
+    using Tags = TzSoapVersion;
+    static TzSoapLasting<const TzSoapVersionTable> table([] {
+        return TzSoapVersionTable(Texts{
+            .errorName = "V1_2Rec",
+            .namespaces = {{
+                {},
+                {"env", "http://www.w3.org/2003/05/soap-envelope"},
+                {"enc", "http://www.w3.org/2003/05/soap-encoding"},
+                {},
+                {"rpc", "http://www.w3.org/2003/05/soap-rpc"},
+            }},
+            .attributes = {{
+                {Tags::EncodingStyleTag, Envelope},
+                {Tags::MustUnderstandTag, Envelope},
+                {"role", Envelope},
+                {},
+                {},
+                {},
+                {},
+                {"itemType", Encoding},
+                {"arraySize", Encoding},
+                {"ref", Encoding},
+                {"href", Unqualified},
+            }},
+            .elements = {{
+                {Tags::EnvelopeTag, Envelope},
+                {Tags::BodyTag, Envelope},
+                {Tags::HeaderTag, Envelope},
+                {Tags::FaultTag, Envelope},
+                {"Code", Envelope},
+                {"Reason", Envelope},
+                {"Node", Envelope},
+                {"Role", Envelope},
+                {"Detail", Envelope},
+                {"Subcode", Envelope},
+                {"Value", Envelope},
+                {"NotUnderstood", Envelope},
+            }},
+            .faultCodes = {{
+                {Tags::VersionMismatchTag, Envelope},
+                {Tags::MustUnderstandFaultTag, Envelope},
+                {Tags::ReceiverTag, Envelope},
+                {Tags::SenderTag, Envelope},
+                {Tags::DataEncodingUnknownTag, Envelope},
+            }},
+            .subFaultCodes = {{
+                {Tags::MissingIDTag, Encoding},
+                {"UntypedValue", Encoding},
+                {Tags::ProcedureNotPresentTag, Rpc},
+                {Tags::BadArgumentsTag, Rpc},
+            }},
+            .roleSuffixes = {{"/role/next", "/role/none", "/role/ultimateReceiver"}},
+            .terms = {{
+                {"id", Encoding},
+                {"nodeType", Encoding},
+                {"relay", Envelope},
+                {"Text", Envelope},
+                {"Upgrade", Envelope},
+                {"SupportedEnvelope", Envelope},
+                {"DuplicateID", Encoding},
+                {"result", Rpc},
+            }},
+            .noStyleSuffix = "/encoding/none",
+            .habits = {.blocksStateStyle = false,
+                       .targetsInline = true,
+                       .refersByFragment = false,
+                       .refusesForeignCodes = true,
+                       .readsOldFaults = true,
+                       .senderStatus = 400,
+                       .packageType = "application/soap+xml"},
+        });
+    });
+    return *table;
+}
+
+const TzSoapVersionTable* TzSoapVersionTable::find(TzSoapVersion::Version version) {
+    switch (version) {
+    case TzSoapVersion::V1_1:
+        return &soap11();
+    case TzSoapVersion::V1_2:
+        return &soap12();
+    case TzSoapVersion::V1_2Rec:
+        return &soap12Rec();
+    }
+    return nullptr;
+}
+
+const TzSoapVersionTable& TzSoapVersionTable::of(TzSoapVersion::Version version) {
+    const TzSoapVersionTable* const table = find(version);
+    if (table == nullptr) {
+        TzThrow(TzXmlError(TzMessage(tzsoap_UNKNOWN_VERSION())));
+    }
+    return *table;
+}
+
+bool TzSoapVersionTable::lacksFaultCode(const TzXmlName& name) const {
+    TzSoapVersion::Version version{};
+    if (!TzSoapVersion::isKnownVersion(name.getNamespace(), version)) {
+        return false;
+    }
+    for (const TzSoapVersion::Version each : Known) {
+        const int number = of(each).findFaultCode(name.getLocalName());
+        if (number >= 0) {
+            return faultCodes_[static_cast<std::size_t>(number)].isEmpty();
+        }
+    }
+    return false;
 }
 
 const TzXmlName& TzSoapVersionTable::attribute(TzSoapVersion::SoapAttribute attribute) const {

@@ -4,15 +4,32 @@
 #include <soap/TzSoapArrayTypeImp.h>
 #include <soap/TzSoapCompositeTypeImp.h>
 #include <soap/TzSoapConstVisitor.h>
+#include <soap/TzSoapReferenceType.h>
 #include <soap/TzSoapReferenceTypeImp.h>
 #include <soap/TzSoapSimpleTypeImp.h>
 #include <soap/TzSoapUserDefinedTypeImp.h>
+#include <tz/tools/TzMessage.h>
+#include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapAccess.h"
 
+#include <algorithm>
 #include <limits>
+#include <string>
 #include <utility>
+
+namespace {
+
+/// Whether `name` is that of an attribute which makes a reference to a value, in the model or in
+/// `version`.
+bool isReferenceText(const TzXmlName& name, TzSoapVersion::Version version) {
+    return TzSoapVersion::matchSoapAttributeName(name, TzSoapVersion::Ref, version) ||
+           TzSoapVersion::matchSoapAttributeName(name, TzSoapVersion::Ref,
+                                                 TzSoapVersion::getLatestVersion());
+}
+
+} // namespace
 
 /// Writes the contents of a container and of all containers within; when an error passes, closes
 /// the containers that it opened.
@@ -27,6 +44,9 @@ public:
                             output_.open_.end());
         output_.context_.scope().closeTo(depth_);
         output_.context_.xml().setIndentation(indentation_);
+        if (output_.open_.empty()) {
+            output_.inPlace_.clear();
+        }
     }
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
@@ -47,9 +67,22 @@ private:
 };
 
 void TzSoapContainerOutput::write(TzSoapConstVisitor& visitor, const TzXmlName& name,
-                                  TzSoapCompositeTypeImp& value, std::string_view text) {
+                                  TzSoapCompositeTypeImp& value) {
+    TzSoapWrittenTogether together(context_);
+    together.add(value);
     Run run(*this);
     open(name, value, {});
+    run.finish(visitor, context_.isServed(visitor));
+}
+
+void TzSoapContainerOutput::writeDetail(TzSoapConstVisitor& visitor, const TzXmlName& name,
+                                        TzSoapCompositeTypeImp& value, std::string_view text) {
+    Run run(*this);
+    if (context_.habits().blocksStateStyle) {
+        open(name, value, {});
+    } else {
+        openDetail(name, value);
+    }
     if (!TzXmlUtils::trim(text).empty() && !TzSoapValueOutput::isNil(value)) {
         context_.xml().write(text, true);
         context_.xml().writeNewLine();
@@ -58,15 +91,28 @@ void TzSoapContainerOutput::write(TzSoapConstVisitor& visitor, const TzXmlName& 
 }
 
 void TzSoapContainerOutput::write(TzSoapConstVisitor& visitor, TzSoapCompactArrayImp& value) {
+    TzSoapWrittenTogether together(context_);
+    together.add(value);
     Run run(*this);
     open(value, {});
     run.finish(visitor, context_.isServed(visitor));
 }
 
 void TzSoapContainerOutput::write(TzSoapConstVisitor& visitor, TzSoapSparseArrayImp& value) {
+    TzSoapWrittenTogether together(context_);
+    together.add(value);
     Run run(*this);
     open(value, {});
     run.finish(visitor, context_.isServed(visitor));
+}
+
+void TzSoapContainerOutput::write(TzSoapConstVisitor& visitor, TzSoapReferenceTypeImp& value) {
+    TzSoapWrittenTogether together(context_);
+    together.add(value);
+    Run run(*this);
+    const bool isServed = context_.isServed(visitor);
+    writeReference(visitor, isServed, value, {});
+    run.finish(visitor, isServed);
 }
 
 void TzSoapContainerOutput::writeChild(TzSoapConstVisitor& visitor, const TzSoapType& child) {
@@ -75,7 +121,7 @@ void TzSoapContainerOutput::writeChild(TzSoapConstVisitor& visitor, const TzSoap
         return;
     }
     TzSoapTypeImp& body = TzSoapAccess::body(child);
-    if (body.getSoapTypeId() == TzSoapContentBase::Simple) {
+    if (body.getSoapTypeId() == TzSoapContentBase::Simple && !mayBeRepeated(body)) {
         values_.writeSimple(static_cast<TzSoapSimpleTypeImp&>(body));
         return;
     }
@@ -103,12 +149,7 @@ void TzSoapContainerOutput::close() {
 
 void TzSoapContainerOutput::open(const TzXmlName& name, TzSoapCompositeTypeImp& value,
                                  std::string_view position) {
-    const auto& members = std::as_const(value);
-    const bool nil = TzSoapValueOutput::isNil(value);
-    const bool hasText = !nil && context_.rules().style().keepsAll && members.children().hasText();
-    enter(name, value,
-          Members{{nil ? members.childrenEnd() : members.childrenBegin(), members.childrenEnd()},
-                  hasText ? &members.children() : nullptr});
+    enter(name, value, membersToWrite(value));
     const TzSoapTagName tag = TzSoapTagName::of(name);
     TzSoapStartTag::Brief brief;
     if (position.empty() &&
@@ -121,12 +162,41 @@ void TzSoapContainerOutput::open(const TzXmlName& name, TzSoapCompositeTypeImp& 
         startTag_.begin(value.getAttributeSet());
         startTag_.qualifyName(name);
         startTag_.collectValue(value, value.getTypeValue(), position);
-        startTag_.ensureStyle();
+        const bool isUpgrade = context_.isUpgrade(name);
+        if (!isUpgrade) {
+            startTag_.ensureStyle();
+        }
         startTag_.qualifyStyle();
         startTag_.writeBlock(tag);
         context_.book().noteWritten(value);
+        if (isUpgrade) {
+            // After its tag: only so that nothing in it states a style.
+            context_.scope().setOwnStyle(context_.table().noEncodingStyle());
+        }
     }
-    if (nil && value.childCount() != 0) {
+    noteOmittedMembers(value);
+}
+
+void TzSoapContainerOutput::openDetail(const TzXmlName& name, TzSoapCompositeTypeImp& value) {
+    enter(name, value, membersToWrite(value));
+    startTag_.begin(value.getAttributeSet());
+    startTag_.qualifyName(name);
+    startTag_.collectBlock(value);
+    startTag_.writeBlock(TzSoapTagName::of(name));
+    context_.book().noteWritten(value);
+    noteOmittedMembers(value);
+}
+
+TzSoapContainerOutput::Members
+TzSoapContainerOutput::membersToWrite(const TzSoapCompositeTypeImp& value) const {
+    const bool nil = TzSoapValueOutput::isNil(value);
+    const bool hasText = !nil && context_.rules().style().keepsAll && value.children().hasText();
+    return {{nil ? value.childrenEnd() : value.childrenBegin(), value.childrenEnd()},
+            hasText ? &value.children() : nullptr};
+}
+
+void TzSoapContainerOutput::noteOmittedMembers(const TzSoapCompositeTypeImp& value) {
+    if (TzSoapValueOutput::isNil(value) && value.childCount() != 0) {
         context_.book().noteOmission();
     }
 }
@@ -135,7 +205,11 @@ void TzSoapContainerOutput::open(TzSoapCompactArrayImp& value, std::string_view 
     Items items{};
     if (!TzSoapValueOutput::isNil(value)) {
         const auto range = value.itemsToWrite();
-        items = {range.begin(), range.end()};
+        items = {{range.begin(), range.end()}, 0};
+        if (!hasPositions() && !TzSoapArrayTypeImp::isDefaultOffset(value.getOffsetIndex())) {
+            items.gap = value.indexToLinear(value.getOffsetIndex(), true);
+            checkGaps(items.gap, value.entries());
+        }
     }
     enter(std::as_const(value).getName(), value, items);
     startArray(value, position);
@@ -144,6 +218,11 @@ void TzSoapContainerOutput::open(TzSoapCompactArrayImp& value, std::string_view 
 void TzSoapContainerOutput::open(TzSoapSparseArrayImp& value, std::string_view position) {
     const auto& items = std::as_const(value);
     const unsigned int count = value.getCountElementsToWrite();
+    if (!hasPositions()) {
+        enter(items.getName(), value, filledItems(value));
+        startArray(value, position);
+        return;
+    }
     enter(items.getName(), value,
           SparseItems{{TzSoapValueOutput::isNil(value) ? items.end() : items.begin(), items.end()},
                       count != 0 ? count : std::numeric_limits<unsigned int>::max()});
@@ -163,6 +242,49 @@ void TzSoapContainerOutput::startArray(TzSoapArrayTypeImp& value, std::string_vi
     if (TzSoapValueOutput::isNil(value) || value.getCountElementsToWrite() != 0 ||
         !TzSoapArrayTypeImp::isDefaultOffset(value.getOffsetIndex())) {
         context_.book().noteOmission();
+    }
+}
+
+bool TzSoapContainerOutput::hasPositions() const {
+    return !context_.table().attribute(TzSoapVersion::Position).isEmpty();
+}
+
+TzSoapContainerOutput::FilledItems
+TzSoapContainerOutput::filledItems(TzSoapSparseArrayImp& value) const {
+    FilledItems filled;
+    if (TzSoapValueOutput::isNil(value)) {
+        return filled;
+    }
+    unsigned int rest = value.getCountElementsToWrite();
+    rest = rest != 0 ? rest : std::numeric_limits<unsigned int>::max();
+    const auto& items = std::as_const(value);
+    for (auto item = items.begin(); item != items.end() && rest > 0; ++item, --rest) {
+        filled.items.emplace_back(value.indexToLinear(item->first, true), &item->second);
+    }
+    const auto isBefore = [](const auto& left, const auto& right) {
+        return left.first < right.first;
+    };
+    std::stable_sort(filled.items.begin(), filled.items.end(), isBefore);
+    // Of several items at one position the first is the one that look-ups find.
+    const auto isSame = [](const auto& left, const auto& right) {
+        return left.first == right.first;
+    };
+    filled.items.erase(std::unique(filled.items.begin(), filled.items.end(), isSame),
+                       filled.items.end());
+    if (!filled.items.empty()) {
+        checkGaps(filled.items.back().first + 1 - filled.items.size(), filled.items.size());
+    }
+    return filled;
+}
+
+void TzSoapContainerOutput::checkGaps(std::uint64_t gaps, std::uint64_t items) {
+    constexpr std::uint64_t Always = 1024;
+    constexpr std::uint64_t ForEachItem = 16;
+    if (gaps > Always && gaps > items * ForEachItem) {
+        TzThrow(TzXmlDomainError(TzMessage(
+            "An array of " + std::to_string(items) + " items with " + std::to_string(gaps) +
+            " positions without one before them is not written: this version of SOAP has "
+            "neither positions nor offsets")));
     }
 }
 
@@ -209,13 +331,38 @@ bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed
 }
 
 bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed, Items& rest) {
+    if (rest.gap > 0) {
+        --rest.gap;
+        values_.writePlaceholder({});
+        return true;
+    }
     if (isServed) {
         rest.next = writeSimples(rest.next, rest.end);
     }
     if (rest.next == rest.end) {
         return false;
     }
-    const TzSoapType& item = *rest.next++;
+    writeItem(visitor, isServed, *rest.next++);
+    return true;
+}
+
+bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed,
+                                      FilledItems& rest) {
+    if (rest.next == rest.items.size()) {
+        return false;
+    }
+    const auto [position, item] = rest.items[rest.next];
+    if (rest.position++ < position) {
+        values_.writePlaceholder({});
+    } else {
+        ++rest.next;
+        writeItem(visitor, isServed, *item);
+    }
+    return true;
+}
+
+void TzSoapContainerOutput::writeItem(TzSoapConstVisitor& visitor, bool isServed,
+                                      const TzSoapType& item) {
     if (isServed) {
         writeServed(visitor, item, true, {});
     } else if (TzSoapArrayTypeImp::isPlaceholder(item)) {
@@ -223,7 +370,6 @@ bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed
     } else {
         item.acceptVisitor(visitor);
     }
-    return true;
 }
 
 template <typename Position>
@@ -231,7 +377,7 @@ Position TzSoapContainerOutput::writeSimples(Position next, Position end) {
     // Fast path: most values are simple; writing one opens no container.
     for (; next != end; ++next) {
         TzSoapTypeImp& body = TzSoapAccess::body(*next);
-        if (body.getSoapTypeId() != TzSoapContentBase::Simple) {
+        if (body.getSoapTypeId() != TzSoapContentBase::Simple || mayBeRepeated(body)) {
             break;
         }
         values_.writeSimple(static_cast<TzSoapSimpleTypeImp&>(body));
@@ -257,6 +403,55 @@ bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed
     return true;
 }
 
+bool TzSoapContainerOutput::mayBeRepeated(const TzSoapTypeImp& value) const {
+    return context_.habits().targetsInline && !value.getAttributeSet().empty();
+}
+
+bool TzSoapContainerOutput::writeRepeated(const TzSoapType& value, std::string_view position) {
+    const TzSoapTypeImp& body = TzSoapAccess::body(value);
+    if (!context_.targets().isRepeated(body)) {
+        return false;
+    }
+    // An id may stand in one place of a message only.
+    const TzSoapReferenceType reference(body.getName(), value);
+    values_.writeReference(TzSoapAccess::body(reference), position);
+    return true;
+}
+
+void TzSoapContainerOutput::writeReference(TzSoapConstVisitor& visitor, bool isServed,
+                                           TzSoapReferenceTypeImp& value,
+                                           std::string_view position) {
+    TzSoapReferenceTypeImp* reference = &value;
+    // A target may be a reference itself, and so on.
+    while (context_.habits().targetsInline && context_.targets().takePlace(*reference)) {
+        const TzSoapType target = inPlaceOf(*reference);
+        inPlace_.push_back(target);
+        TzSoapTypeImp& body = TzSoapAccess::body(target);
+        if (body.getSoapTypeId() != TzSoapContentBase::Reference) {
+            return isServed ? writeServed(visitor, target, false, position)
+                            : target.acceptVisitor(visitor);
+        }
+        reference = &static_cast<TzSoapReferenceTypeImp&>(body);
+    }
+    values_.writeReference(*reference, position);
+}
+
+TzSoapType TzSoapContainerOutput::inPlaceOf(TzSoapReferenceTypeImp& reference) const {
+    // Others refer to the target, too: it keeps its own name.
+    const TzSoapType target = reference.getSoapReference().copy();
+    TzSoapTypeImp& body = TzSoapAccess::body(target);
+    body.setName(std::as_const(reference).getName());
+    TzSoapAttributeSet& attributes = body.getAttributeSet();
+    for (const TzXmlAttribute& attribute : std::as_const(reference).getAttributeSet()) {
+        const TzXmlName& name = attribute.getName();
+        if (!isReferenceText(name, context_.version()) &&
+            std::as_const(attributes).find(name) == attributes.end()) {
+            attributes.add(attribute);
+        }
+    }
+    return target;
+}
+
 void TzSoapContainerOutput::visitAt(TzSoapConstVisitor& visitor, const TzSoapType& item,
                                     const TzCString& position) {
     // The visitor sees the position in a copy; the item stays unchanged.
@@ -270,6 +465,9 @@ void TzSoapContainerOutput::visitAt(TzSoapConstVisitor& visitor, const TzSoapTyp
 void TzSoapContainerOutput::writeServed(TzSoapConstVisitor& visitor, const TzSoapType& value,
                                         bool isItem, std::string_view position) {
     TzSoapTypeImp& body = TzSoapAccess::body(value);
+    if (mayBeRepeated(body) && writeRepeated(value, position)) {
+        return;
+    }
     switch (body.getSoapTypeId()) {
     case TzSoapContentBase::Simple:
         return position.empty()
@@ -281,7 +479,7 @@ void TzSoapContainerOutput::writeServed(TzSoapConstVisitor& visitor, const TzSoa
     case TzSoapContentBase::UserDefined:
         return values_.writeUserDefined(static_cast<TzSoapUserDefinedTypeImp&>(body), position);
     case TzSoapContentBase::Reference:
-        return values_.writeReference(static_cast<TzSoapReferenceTypeImp&>(body), position);
+        return writeReference(visitor, true, static_cast<TzSoapReferenceTypeImp&>(body), position);
     case TzSoapContentBase::Misunderstood:
         return values_.writeMisunderstood(body, position);
     case TzSoapContentBase::Generic:

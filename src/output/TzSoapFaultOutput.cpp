@@ -4,6 +4,7 @@
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapCompositeTypeImp.h>
 #include <soap/TzSoapFaultImp.h>
+#include <soap/TzSoapReason.h>
 
 #include "model/TzSoapAccess.h"
 #include "model/TzSoapFaultSpelling.h"
@@ -18,6 +19,8 @@ void TzSoapFaultOutput::write(TzSoapConstVisitor& visitor, const TzSoapFaultImp&
     if (onItsOwn) {
         context_.setVersion(fault.getVersion());
     }
+    TzSoapWrittenTogether together(context_);
+    together.add(TzSoapAccess::body(fault.getDetails()));
     const TzSoapOpenElement element(context_);
     if (writeAsRead(visitor, fault)) {
         return;
@@ -74,7 +77,7 @@ TzCString TzSoapFaultOutput::prefixFor(const TzSoapFaultImp& fault) const {
 bool TzSoapFaultOutput::canMeanEnvelope(const TzCString& prefix) const {
     const TzCString& bound = context_.scope().uriFor(prefix);
     TzSoapVersion::Version version{};
-    return bound.empty() || (TzSoapVersion::isSupportedVersion({prefix, bound}, version) &&
+    return bound.empty() || (TzSoapVersion::isKnownVersion({prefix, bound}, version) &&
                              version == context_.version());
 }
 
@@ -113,7 +116,7 @@ void TzSoapFaultOutput::writeChildren(TzSoapConstVisitor& visitor, const TzSoapT
     } else {
         writeNestedCode(name, fault);
     }
-    writeLine(childName(name, TzSoapVersion::FaultString), fault.getReason());
+    writeReason(childName(name, TzSoapVersion::FaultString), fault);
     if (!fault.getNode().empty()) {
         writeLine(childName(name, TzSoapVersion::FaultActor), fault.getNode());
     }
@@ -121,6 +124,30 @@ void TzSoapFaultOutput::writeChildren(TzSoapConstVisitor& visitor, const TzSoapT
         writeLine(childName(name, TzSoapVersion::FaultRole), fault.getRole());
     }
     writeDetail(visitor, name, fault);
+}
+
+void TzSoapFaultOutput::writeReason(const TzSoapTagName& name, const TzSoapFaultImp& fault) {
+    const TzXmlName& textName = context_.table().term(TzSoapVersionTable::ReasonText);
+    if (textName.isEmpty()) {
+        return writeLine(name, fault.getReason());
+    }
+    TzXmlWriter& xml = context_.xml();
+    name.writeStartTag(xml);
+    xml.writeNewLine();
+    xml.incrementIndent();
+    const TzSoapTagName text = TzSoapTagName::withColon(name.prefix, textName.getLocalName());
+    // A reason without any text is not allowed.
+    const std::vector<TzSoapReason> none(1);
+    for (const TzSoapReason& reason : fault.getReasons().empty() ? none : fault.getReasons()) {
+        xml.writeMarkup(TzXmlWriter::StartTag, text.prefix, text.colon, text.local);
+        startTag_.writeAttribute(TzXmlNamespace::getXml().getPrefix(), "lang",
+                                 reason.language.empty() ? TzSoapReason::DefaultLanguage
+                                                         : std::string_view(reason.language));
+        xml.writeMarkup(TzXmlWriter::EndTag);
+        xml.write(reason.text, true);
+        text.writeEndTag(xml);
+    }
+    name.endBlock(xml);
 }
 
 void TzSoapFaultOutput::writeDottedCode(const TzSoapTagName& name, const TzSoapFaultImp& fault) {
@@ -177,8 +204,8 @@ void TzSoapFaultOutput::writeDetail(TzSoapConstVisitor& visitor, const TzSoapTag
                              : TzXmlNamespace(child.prefix, context_.soap().getSoapEnv().getUri());
     // Text that was read literally stands among the entries.
     const bool hasText = context_.rules().style().keepsAll && detail.children().hasText();
-    containers_.write(visitor, TzXmlName(child.local, nameSpace), detail,
-                      hasText ? std::string_view() : fault.getDetailText());
+    containers_.writeDetail(visitor, TzXmlName(child.local, nameSpace), detail,
+                            hasText ? std::string_view() : fault.getDetailText());
 }
 
 void TzSoapFaultOutput::writeLine(const TzSoapTagName& name, std::string_view content) {

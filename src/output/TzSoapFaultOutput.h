@@ -39,6 +39,7 @@ private:
     void declareFor(const TzSoapTagName& name, const TzSoapFaultImp& fault);
     void writeChildren(TzSoapConstVisitor& visitor, const TzSoapTagName& name,
                        const TzSoapFaultImp& fault);
+    void writeReason(const TzSoapTagName& name, const TzSoapFaultImp& fault);
     void writeNestedCode(const TzSoapTagName& name, const TzSoapFaultImp& fault);
     void writeDottedCode(const TzSoapTagName& name, const TzSoapFaultImp& fault);
     void writeSubcodes(const TzSoapTagName& name, const TzSoapFaultImp& fault, unsigned int first,

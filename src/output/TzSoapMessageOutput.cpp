@@ -2,6 +2,8 @@
 #include "output/TzSoapMessageOutput.h"
 
 #include <soap/TzSoapBodyImp.h>
+#include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapCompositeTypeImp.h>
 #include <soap/TzSoapConstVisitor.h>
 #include <soap/TzSoapHeaderImp.h>
 #include <soap/TzSoapMessageImp.h>
@@ -66,6 +68,9 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessage
     }
     const StyleInForce style(context_, message.getStyle());
     context_.takePrefixes(message.getSoapPrefix(), message.getSoapEncodingPrefix());
+    TzSoapWrittenTogether together(context_);
+    together.addAll(TzSoapAccess::body(message.getSoapHeader()).entries());
+    addContents(together, TzSoapAccess::body(message.getSoapBody()));
     const TzSoapOutputContext::Flag inEnvelope = context_.enterEnvelope();
     const TzSoapOpenElement element(context_);
     startTag_.begin(message.getAttributeSet());
@@ -91,10 +96,19 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessage
     name.endBlock(context_.xml());
 }
 
+void TzSoapMessageOutput::addContents(TzSoapWrittenTogether& together, const TzSoapBodyImp& body) {
+    if (body.hasSoapFault()) {
+        together.add(TzSoapAccess::body(body.getSoapFault().getDetails()));
+    }
+    together.addAll(body.entries());
+}
+
 void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapHeaderImp& header) {
     const auto standalone = context_.enterStandalone(!context_.isInEnvelope());
     const TzSoapOpenElement element(context_);
     collect(header.getName(), header);
+    TzSoapWrittenTogether together(context_);
+    together.addAll(header.entries());
     startTag_.qualifyStyle();
     const TzCString prefix = prefixFor(header.getName());
     const TzSoapTagName name = blockName(prefix, header.getName());
@@ -107,6 +121,8 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapBodyImp
     const auto standalone = context_.enterStandalone(!context_.isInEnvelope());
     const TzSoapOpenElement element(context_);
     collect(body.getName(), body);
+    TzSoapWrittenTogether together(context_);
+    addContents(together, body);
     startTag_.qualifyStyle();
     context_.rules().collectBodyProperties(startTag_, body);
     const TzCString prefix = prefixFor(body.getName());
@@ -124,7 +140,7 @@ void TzSoapMessageOutput::collect(const TzXmlName& name, const TzSoapElementImp&
     startTag_.begin(block.getAttributeSet());
     if (!context_.isInEnvelope()) {
         TzSoapVersion::Version version{};
-        if (TzSoapVersion::isSupportedVersion(name.getNamespace(), version)) {
+        if (TzSoapVersion::isKnownVersion(name.getNamespace(), version)) {
             context_.setVersion(version);
         }
         startTag_.qualifyName(name);
@@ -165,7 +181,9 @@ void TzSoapMessageOutput::writeEntries(TzSoapConstVisitor& visitor,
         containers_.writeChild(visitor, *entry);
     }
     writeText(entries.textBefore(entries.end()));
-    writeTargets(visitor);
+    if (!context_.habits().targetsInline) {
+        writeTargets(visitor);
+    }
 }
 
 void TzSoapMessageOutput::writeTargets(TzSoapConstVisitor& visitor) {

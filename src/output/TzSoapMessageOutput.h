@@ -36,6 +36,7 @@ public:
     void write(TzSoapConstVisitor& visitor, const TzSoapBodyImp& body);
 
 private:
+    static void addContents(TzSoapWrittenTogether& together, const TzSoapBodyImp& body);
     void collect(const TzXmlName& name, const TzSoapElementImp& block);
     const TzCString& prefixFor(const TzXmlName& name) const;
     const TzCString& blockPrefix(const TzXmlName& name) const;

@@ -8,7 +8,9 @@
 TzSoapOutputContext::TzSoapOutputContext(const Kind& kind, TzXmlWriter* xml,
                                          TzMimeMultipart* multipart)
     : kind_(&kind), rules_(&kind.rules), xml_(xml), multipart_(multipart),
-      soap_(&TzSoapVersion::getLatestSoapVersion()), shared_(std::make_shared<Shared>(*soap_)) {}
+      soap_(&TzSoapVersion::getLatestSoapVersion()),
+      table_(&TzSoapVersionTable::of(soap_->getVersion())),
+      shared_(std::make_shared<Shared>(*soap_)) {}
 
 void TzSoapOutputContext::separate() {
     if (!isWithin_) {
@@ -18,6 +20,7 @@ void TzSoapOutputContext::separate() {
 
 void TzSoapOutputContext::setVersion(TzSoapVersion::Version version) {
     soap_ = &TzSoapVersion::getSoapVersion(version);
+    table_ = &TzSoapVersionTable::of(version);
     scope().noteVersion();
     if (!isWithin_) {
         scope().setVersion(*soap_);

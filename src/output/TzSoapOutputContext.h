@@ -7,6 +7,9 @@
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlWriter.h>
 
+#include "model/TzSoapAccess.h"
+#include "model/TzSoapVersionTable.h"
+#include "output/TzSoapInlineTargets.h"
 #include "output/TzSoapReferenceBook.h"
 #include "output/TzSoapScope.h"
 
@@ -64,6 +67,10 @@ public:
     const TzSoapVersion& soap() const noexcept { return *soap_; }
     /// The version written.
     TzSoapVersion::Version version() const { return soap_->getVersion(); }
+    /// The table of the version written.
+    const TzSoapVersionTable& table() const noexcept { return *table_; }
+    /// What the version written does differently.
+    const TzSoapVersionTable::Habits& habits() const noexcept { return table_->habits(); }
     /// Writes `version` from now on; `TzXmlError` UNKNOWN_VERSION for an unknown version.
     void setVersion(TzSoapVersion::Version version);
     /// Writes messages in `version` from now on, whatever their own.
@@ -83,6 +90,14 @@ public:
     TzSoapScope& scope() const noexcept { return shared_->scope; }
     /// The reference book, shared with outer and inner writers.
     TzSoapReferenceBook& book() const noexcept { return shared_->book; }
+    /// Where targets of references stand, shared with outer and inner writers.
+    TzSoapInlineTargets& targets() const noexcept { return shared_->targets; }
+    /// Whether `name` is that of a header entry which lists supported envelopes and never states a
+    /// style.
+    bool isUpgrade(const TzXmlName& name) const {
+        const TzXmlName& upgrade = table_->term(TzSoapVersionTable::UpgradeEntry);
+        return !upgrade.isEmpty() && name == upgrade;
+    }
     /// How declarations, prefixes and styles are written.
     const TzSoapScopeRules& rules() const noexcept { return *rules_; }
     /// Writes by `rules` from now on; returns those in force so far.
@@ -126,6 +141,7 @@ private:
 
         TzSoapScope scope;
         TzSoapReferenceBook book;
+        TzSoapInlineTargets targets;
     };
 
     const Kind* kind_;
@@ -133,12 +149,49 @@ private:
     TzXmlWriter* xml_;
     TzMimeMultipart* multipart_;
     const TzSoapVersion* soap_;
+    const TzSoapVersionTable* table_;
     std::shared_ptr<Shared> shared_;
     std::optional<bool> compact_; // empty: the layout of the XML writer
     bool isWithin_ = false;
     bool versionFixed_ = false;
     bool inEnvelope_ = false;
     bool standalone_ = false;
+};
+
+/// Values that are written together: as long as it lives, the context knows where targets of
+/// references stand among them. Does nothing when the version writes no target inline, and within
+/// another one.
+class TzSoapWrittenTogether {
+public:
+    explicit TzSoapWrittenTogether(const TzSoapOutputContext& context)
+        : targets_(context.habits().targetsInline && context.targets().isEmpty()
+                       ? &context.targets()
+                       : nullptr) {}
+    ~TzSoapWrittenTogether() {
+        if (targets_ != nullptr) {
+            targets_->clear();
+        }
+    }
+    TzSoapWrittenTogether(const TzSoapWrittenTogether&) = delete;
+    TzSoapWrittenTogether& operator=(const TzSoapWrittenTogether&) = delete;
+
+    /// `value` is one of them.
+    void add(TzSoapTypeImp& value) {
+        if (targets_ != nullptr) {
+            targets_->add(value);
+        }
+    }
+    /// And so are all of `values`.
+    template <typename Values> void addAll(const Values& values) {
+        if (targets_ != nullptr) {
+            for (const TzSoapType& value : values) {
+                targets_->add(TzSoapAccess::body(value));
+            }
+        }
+    }
+
+private:
+    TzSoapInlineTargets* targets_;
 };
 
 /// An element that is being written: its scope and the indentation of its line, which the

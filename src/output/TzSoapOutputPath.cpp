@@ -40,8 +40,8 @@ void TzSoapOutputPath::write(const TzSoapMisunderstoodType& value) {
     values.writeMisunderstood(TzSoapAccess::body(value), {});
 }
 
-void TzSoapOutputPath::write(const TzSoapReferenceType& value) {
-    values.writeReference(TzSoapAccess::body(value), {});
+void TzSoapOutputPath::write(TzSoapConstVisitor& visitor, const TzSoapReferenceType& value) {
+    containers.write(visitor, TzSoapAccess::body(value));
 }
 
 void TzSoapOutputPath::write(const TzSoapUserDefinedType& value) {

@@ -40,7 +40,7 @@ struct TzSoapOutputPath {
     // What a visitor does for an element of each kind; `visitor` gets the contents of those that
     // hold others.
     void write(const TzSoapMisunderstoodType& value);
-    void write(const TzSoapReferenceType& value);
+    void write(TzSoapConstVisitor& visitor, const TzSoapReferenceType& value);
     void write(const TzSoapUserDefinedType& value);
     void write(const TzSoapSimpleType& value);
     void write(TzSoapConstVisitor& visitor, const TzSoapFault& fault);

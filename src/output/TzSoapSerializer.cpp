@@ -144,7 +144,7 @@ TzMimeMultipart TzSoapSerializer::getMultipart() const { return copyOf(owned_->p
 
 void TzSoapSerializer::visit(const TzSoapMisunderstoodType& value) { owned_->path.write(value); }
 
-void TzSoapSerializer::visit(const TzSoapReferenceType& value) { owned_->path.write(value); }
+void TzSoapSerializer::visit(const TzSoapReferenceType& value) { owned_->path.write(*this, value); }
 
 void TzSoapSerializer::visit(const TzSoapUserDefinedType& value) { owned_->path.write(value); }
 

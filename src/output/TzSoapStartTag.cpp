@@ -46,9 +46,10 @@ void TzSoapStartTag::qualifyName(const TzXmlName& name) {
 }
 
 void TzSoapStartTag::collectBlock(const TzSoapElementImp& element) {
+    const bool statesNone = !context_.habits().blocksStateStyle;
     const bool styleStated = element.hasProperties() && element.hasEncodingStyleAttribute();
-    collectOwn(element, styleStated);
-    if (styleStated) {
+    collectOwn(element, styleStated || statesNone);
+    if (styleStated && !statesNone) {
         collectStyleOf(element);
     }
 }
@@ -96,6 +97,9 @@ void TzSoapStartTag::collectPlain(const TzSoapElementImp& element,
                                   const TzXmlAttribute& attribute) {
     const TzXmlName& name = attribute.getName();
     const bool qualified = !name.getUri().empty();
+    if (!context_.habits().refersByFragment && !qualified && collectId(attribute)) {
+        return;
+    }
     if (qualified && element.isVerbatim() && !saysWhat(element, attribute)) {
         return;
     }
@@ -129,12 +133,14 @@ void TzSoapStartTag::collectOwn(const TzXmlAttribute& attribute, bool styleState
             context_.rules().collectDeclaration(scope(), attribute);
         }
     } else if (name.getUri().empty()) {
-        attributes_.addOwn({&name, name.getPrefix(), attribute.getValue()});
+        if (context_.habits().refersByFragment || !collectId(attribute)) {
+            attributes_.addOwn({&name, name.getPrefix(), attribute.getValue()});
+        }
     } else if (name == soap().getSoapAttributeQName(TzSoapVersion::EncodingStyle)) {
         if (!styleStated) {
             collectStyle(attribute.getValue());
         }
-    } else if (!collectOfOtherVersion(attribute, styleStated)) {
+    } else if (!collectOfOtherVersion(attribute, styleStated) && !collectEncodedId(attribute)) {
         attributes_.addOwn({&name, boundPrefix(name.getPrefix(), name), attribute.getValue()});
     }
 }
@@ -157,6 +163,26 @@ bool TzSoapStartTag::collectOfOtherVersion(const TzXmlAttribute& attribute, bool
         collectStyle(attribute.getValue());
     }
     return true;
+}
+
+bool TzSoapStartTag::collectId(const TzXmlAttribute& attribute) {
+    // An id that no reference names is an attribute of the application.
+    const bool isId = TzSoapAttributeSet::matchIdAttributeName(attribute.getName()) &&
+                      context_.targets().isReferredTo(attribute.getValue());
+    if (isId) {
+        collectMade(context_.table().term(TzSoapVersionTable::Id), attribute.getValue());
+    }
+    return isId;
+}
+
+bool TzSoapStartTag::collectEncodedId(const TzXmlAttribute& attribute) {
+    const TzXmlName& encoded = TzSoapVersionTable::soap12Rec().term(TzSoapVersionTable::Id);
+    const TzXmlName& own = context_.table().term(TzSoapVersionTable::Id);
+    const bool isOfOther = attribute.getName() == encoded && !(own == encoded);
+    if (isOfOther) {
+        collectMade(own, attribute.getValue());
+    }
+    return isOfOther;
 }
 
 void TzSoapStartTag::collectProperties(const TzSoapTypeImp& value) {
@@ -213,9 +239,25 @@ void TzSoapStartTag::collectSchemaInstance(const TzXmlName& name, std::string_vi
 void TzSoapStartTag::renameReference(const TzSoapReferenceTypeImp& reference) {
     const TzSoapVersion::SoapAttribute attribute =
         reference.isSoapReference() ? TzSoapVersion::Ref : TzSoapVersion::Href;
+    const TzXmlName& encoded = TzSoapVersionTable::soap12Rec().attribute(attribute);
     const TzXmlName& latest =
         TzSoapVersion::getLatestSoapVersion().getSoapAttributeQName(attribute);
-    attributes_.rename(latest, soap().getSoapAttributeQName(attribute));
+    const TzXmlName& own = soap().getSoapAttributeQName(attribute);
+    const bool isEncoded = attributes_.find(encoded) != nullptr;
+    const TzSoapTagAttributes::Attribute* const text =
+        isEncoded ? attributes_.find(encoded) : attributes_.find(latest);
+    if (text == nullptr) {
+        return;
+    }
+    std::string_view value = text->value;
+    if (attribute == TzSoapVersion::Ref && !context_.habits().refersByFragment) {
+        value.remove_prefix(value.starts_with('#') ? 1 : 0);
+    } else if (attribute == TzSoapVersion::Ref && isEncoded && !value.starts_with('#')) {
+        value = attributes_.keep('#' + TzCString(value));
+    }
+    const std::string_view prefix =
+        own.getUri().empty() ? own.getPrefix() : boundPrefix(soapPrefix(own), own);
+    attributes_.rename(isEncoded ? encoded : latest, {&own, prefix, value});
 }
 
 void TzSoapStartTag::collectRoot(const TzSoapElementImp& element) {
@@ -232,8 +274,14 @@ bool TzSoapStartTag::isCollected(TzSoapVersion::SoapAttribute attribute) const {
 void TzSoapStartTag::collectSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value) {
     const TzXmlName& name = soap().getSoapAttributeQName(attribute);
     if (!name.isEmpty()) {
-        attributes_.addMade({&name, boundPrefix(soapPrefix(name), name), value});
+        collectMade(name, value);
     }
+}
+
+void TzSoapStartTag::collectMade(const TzXmlName& name, std::string_view value) {
+    const std::string_view prefix =
+        name.getUri().empty() ? name.getPrefix() : boundPrefix(soapPrefix(name), name);
+    attributes_.addMade({&name, prefix, value});
 }
 
 void TzSoapStartTag::bindStyle() {
@@ -279,15 +327,11 @@ void TzSoapStartTag::ensureStyle() {
     if (encodedAt_ == scope().styleChanges() || scope().isStyleStated()) {
         return;
     }
-    if (!context_.rules().style().statesEncoding) {
-        encodedAt_ = scope().styleChanges();
-        return;
-    }
-    const TzCString& style = soap().getSoapEncodingStyle();
-    if (scope().outerStyle() == style) {
+    if (!context_.rules().style().statesEncoding ||
+        context_.table().isSettled(scope().outerStyle())) {
         encodedAt_ = scope().styleChanges();
     } else {
-        collectStyle(style);
+        collectStyle(soap().getSoapEncodingStyle());
     }
 }
 

@@ -66,7 +66,8 @@ public:
     void reset() noexcept;
     /// Declares what `name` needs where its prefix is unbound.
     void qualifyName(const TzXmlName& name);
-    /// Collects the attributes of an envelope, header or body, and its style.
+    /// Collects the attributes of an envelope, header or body, and its style where the version
+    /// allows one.
     void collectBlock(const TzSoapElementImp& element);
     /// Collects the attributes of a value with its style, and those that SOAP defines for values:
     /// `type` is its type, `position` its position in a sparse array, "" for any other value.
@@ -135,6 +136,9 @@ private:
     void collectPlain(const TzSoapElementImp& element, const TzXmlAttribute& attribute);
     bool saysWhat(const TzSoapElementImp& element, const TzXmlAttribute& attribute) const;
     bool isCollected(TzSoapVersion::SoapAttribute attribute) const;
+    bool collectId(const TzXmlAttribute& attribute);
+    bool collectEncodedId(const TzXmlAttribute& attribute);
+    void collectMade(const TzXmlName& name, std::string_view value);
     bool collectOfOtherVersion(const TzXmlAttribute& attribute, bool styleStated);
     void collectStyle(std::string_view style) { context_.rules().collectStyle(*this, style); }
     void collectStyleOf(const TzSoapElementImp& element);

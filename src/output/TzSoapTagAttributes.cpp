@@ -15,7 +15,7 @@ void TzSoapTagAttributes::addOwn(const Attribute& attribute) {
 }
 
 void TzSoapTagAttributes::addMade(const Attribute& attribute) {
-    const auto known = find(*attribute.name);
+    const auto known = position(*attribute.name);
     if (known != attributes_.end()) {
         *known = attribute;
         return;
@@ -24,13 +24,8 @@ void TzSoapTagAttributes::addMade(const Attribute& attribute) {
     attributes_.push_back(attribute);
 }
 
-bool TzSoapTagAttributes::contains(const TzXmlName& name) const {
-    return std::any_of(attributes_.begin(), attributes_.end(),
-                       [&](const Attribute& each) { return *each.name == name; });
-}
-
 bool TzSoapTagAttributes::replaceValue(const TzXmlName& name, std::string_view value) {
-    const auto known = find(name);
+    const auto known = position(name);
     const bool isKnown = known != attributes_.end();
     if (isKnown) {
         known->value = value;
@@ -38,22 +33,28 @@ bool TzSoapTagAttributes::replaceValue(const TzXmlName& name, std::string_view v
     return isKnown;
 }
 
-void TzSoapTagAttributes::rename(const TzXmlName& from, const TzXmlName& to) {
-    const auto renamed = find(from);
-    if (renamed == attributes_.end() || from == to) {
+const TzSoapTagAttributes::Attribute* TzSoapTagAttributes::find(const TzXmlName& name) const {
+    const auto found = std::find_if(attributes_.begin(), attributes_.end(),
+                                    [&](const Attribute& each) { return *each.name == name; });
+    return found == attributes_.end() ? nullptr : &*found;
+}
+
+void TzSoapTagAttributes::rename(const TzXmlName& from, const Attribute& to) {
+    const auto renamed = position(from);
+    if (renamed == attributes_.end()) {
         return;
     }
-    const auto replaced = find(to);
-    if (replaced == attributes_.end()) {
-        renamed->name = &to;
+    const auto replaced = position(*to.name);
+    if (replaced == attributes_.end() || replaced == renamed) {
+        *renamed = to;
         return;
     }
-    replaced->value = renamed->value;
+    *replaced = to;
     attributes_.erase(renamed);
 }
 
 std::vector<TzSoapTagAttributes::Attribute>::iterator
-TzSoapTagAttributes::find(const TzXmlName& name) {
+TzSoapTagAttributes::position(const TzXmlName& name) {
     return std::find_if(attributes_.begin(), attributes_.end(),
                         [&](const Attribute& each) { return *each.name == name; });
 }

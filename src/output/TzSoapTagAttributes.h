@@ -32,13 +32,15 @@ public:
     void addOwn(const Attribute& attribute);
     /// Adds an attribute made or renamed for this tag; one of that name takes it in place. O(size).
     void addMade(const Attribute& attribute);
+    /// The attribute of that name, null if absent; valid until the next change. O(size).
+    const Attribute* find(const TzXmlName& name) const;
     /// Whether an attribute of that name is there. O(size).
-    bool contains(const TzXmlName& name) const;
+    bool contains(const TzXmlName& name) const { return find(name) != nullptr; }
     /// Gives the attribute of that name another value; false when it is not there. O(size).
     bool replaceValue(const TzXmlName& name, std::string_view value);
-    /// Spells the unqualified attribute `from` as the unqualified `to`, in place of one that is
-    /// there. To be called when all is added. O(size).
-    void rename(const TzXmlName& from, const TzXmlName& to);
+    /// Puts `to` in the place of the attribute `from`, or of one that has its name already. To be
+    /// called when all is added. O(size).
+    void rename(const TzXmlName& from, const Attribute& to);
     /// An empty text that lives until `clear`.
     TzCString& newText();
     /// Keeps a text until `clear`.
@@ -54,7 +56,7 @@ public:
     std::vector<Attribute>::const_iterator end() const noexcept { return attributes_.end(); }
 
 private:
-    std::vector<Attribute>::iterator find(const TzXmlName& name);
+    std::vector<Attribute>::iterator position(const TzXmlName& name);
 
     std::vector<Attribute> attributes_;
     std::vector<std::size_t>

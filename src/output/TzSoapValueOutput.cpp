@@ -175,10 +175,24 @@ std::size_t TzSoapValueOutput::styleInsertion(const TzCString& markup) const {
     return unpaired < end ? unpaired : end;
 }
 
+TzXmlName TzSoapValueOutput::reportName(const TzXmlName& own) const {
+    // The report has one name in the model; each version that has reports spells it its own way.
+    const TzXmlName& usual =
+        TzSoapVersion::getLatestSoapVersion().getSoapElementQName(TzSoapVersion::Misunderstood);
+    const TzXmlName& name = context_.soap().getSoapElementQName(TzSoapVersion::Misunderstood);
+    if (name.isEmpty() || name == usual || !(own == usual)) {
+        return own;
+    }
+    return {name.getLocalName(), TzXmlNamespace(startTag_.soapPrefix(name), name.getUri())};
+}
+
 void TzSoapValueOutput::writeMisunderstood(TzSoapTypeImp& value, std::string_view position) {
-    const TzXmlName& name = std::as_const(value).getName();
+    const TzXmlName name = reportName(std::as_const(value).getName());
     const TzSoapOpenElement element(context_);
-    collect(value, value.getTypeValue(), position, Encoding::None);
+    startTag_.begin(value.getAttributeSet());
+    startTag_.qualifyName(name);
+    startTag_.collectValue(value, value.getTypeValue(), position);
+    startTag_.qualifyStyle();
     writeEmpty(TzSoapTagName::of(name), value);
 }
 
@@ -202,7 +216,9 @@ void TzSoapValueOutput::keepTarget(TzSoapReferenceTypeImp& reference) {
         if (!reference.isSoapReference()) {
             TzThrow(TzXmlBadArgError(TzMessage(tzsoap_BAD_SOAP_REFERENCE())));
         }
-        context_.book().noteReference(reference.getSoapReference());
+        if (!context_.habits().targetsInline) {
+            context_.book().noteReference(reference.getSoapReference());
+        }
     } else if (context_.multipart() != nullptr) {
         if (reference.isSoapReference()) {
             TzThrow(TzXmlBadArgError(TzMessage(tzsoap_BAD_MIME_REFERENCE())));

@@ -61,6 +61,7 @@ private:
     void writeMarkup(const TzCString& markup, const TzSoapTypeImp& value);
     std::size_t styleInsertion(const TzCString& markup) const;
     void keepTarget(TzSoapReferenceTypeImp& reference);
+    TzXmlName reportName(const TzXmlName& own) const;
 
     const TzSoapOutputContext& context_;
     TzSoapStartTag& startTag_;

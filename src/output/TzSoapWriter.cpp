@@ -52,7 +52,7 @@ void TzSoapWriter::setMimeMultipart(TzMimeMultipart* multipart) {
 
 void TzSoapWriter::visit(const TzSoapMisunderstoodType& value) { path_->write(value); }
 
-void TzSoapWriter::visit(const TzSoapReferenceType& value) { path_->write(value); }
+void TzSoapWriter::visit(const TzSoapReferenceType& value) { path_->write(*this, value); }
 
 void TzSoapWriter::visit(const TzSoapUserDefinedType& value) { path_->write(value); }
 

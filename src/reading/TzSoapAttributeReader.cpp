@@ -9,6 +9,7 @@
 
 #include "model/TzSoapAccess.h"
 #include "model/TzSoapBooleanText.h"
+#include "model/TzSoapVersionTable.h"
 #include "reading/TzSoapReadingState.h"
 
 #include <algorithm>
@@ -26,16 +27,23 @@ const TzXmlAttribute* findType(const TzXmlAttributeSet& attributes) {
     return nullptr;
 }
 
-/// The encodingStyle among `attributes`, that of the latest version that states one; null without.
-const TzXmlAttribute* findEncodingStyle(const TzXmlAttributeSet& attributes) {
-    for (const TzSoapVersion::Version version : {TzSoapVersion::V1_2, TzSoapVersion::V1_1}) {
+/// The encodingStyle among the `attributes` of a block named `name`, that of the latest version
+/// that states one; null without.
+const TzXmlAttribute* findEncodingStyle(const TzXmlName& name,
+                                        const TzXmlAttributeSet& attributes) {
+    const auto find = [&attributes](TzSoapVersion::Version version) {
         const auto* found = attributes.find(
             TzSoapVersion::getSoapAttributeName(TzSoapVersion::EncodingStyle, version));
-        if (found != attributes.end()) {
+        return found == attributes.end() ? nullptr : found;
+    };
+    for (const TzSoapVersion::Version version : TzSoapVersionTable::Supported) {
+        if (const TzXmlAttribute* const found = find(version)) {
             return found;
         }
     }
-    return nullptr;
+    // Only blocks of a version that is not supported by default can state its style.
+    TzSoapVersion::Version own{};
+    return TzSoapVersion::isKnownVersion(name.getNamespace(), own) ? find(own) : nullptr;
 }
 
 /// The name that `text` spells, its prefix resolved if `context` is not null.
@@ -150,7 +158,7 @@ const TzCString* TzSoapUtils::beginElement(TzSoapElementImp& element, const TzXm
     element.setName(name);
     // Skip encodingStyle here: erasing it later is O(attributes).
     // The element keeps it as its style instead.
-    const TzXmlAttribute* style = findEncodingStyle(attributes);
+    const TzXmlAttribute* style = findEncodingStyle(name, attributes);
     const bool stated = style != nullptr && !style->getValue().empty();
     TzSoapAttributeSet& others = element.getAttributeSet();
     // Reserve once: exact reserves for every repeated element would reallocate

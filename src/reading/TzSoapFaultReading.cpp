@@ -9,6 +9,7 @@
 
 #include "model/TzSoapAccess.h"
 #include "model/TzSoapFaultSpellingReader.h"
+#include "model/TzSoapVersionTable.h"
 #include "reading/TzSoapDetailReader.h"
 #include "reading/TzSoapReadingState.h"
 
@@ -37,6 +38,7 @@ void TzSoapFaultImp::populate(const TzXmlName& name, const TzXmlAttributeSet& at
     name_ = name;
     state_ = State::None;
     textIsUnused_ = false;
+    reasonsAreOld_ = true;
     scopes_.clear();
     // The attributes are not kept, but codes may use the prefixes that they declare.
     element_ = std::make_unique<TzXmlElementImp>(name);
@@ -54,6 +56,10 @@ void TzSoapFaultImp::startElement(const TzXmlName& name, const TzXmlAttributeSet
     static_cast<void>(reading(Unit, 88));
     scopes_.push_back(attributes);
     state_ = stateAfter(name);
+    if (state_ == State::ReasonText) {
+        noteUnusedText();
+        text_.clear(); // an empty reason has no text of its own
+    }
     if (state_ == State::Detail) {
         readDetail(name, attributes);
     } else if (spellingReader_ != nullptr) {
@@ -73,6 +79,21 @@ TzSoapFaultImp::State TzSoapFaultImp::stateAfter(const TzXmlName& name) const {
         if (names.matchSoapElement(name, transition.element)) {
             const bool codeValue = transition.state == State::SubcodeValue && state_ == State::Code;
             return codeValue ? State::CodeValue : transition.state;
+        }
+    }
+    const TzSoapVersionTable& table = TzSoapVersionTable::of(version_);
+    const TzXmlName& text = table.term(TzSoapVersionTable::ReasonText);
+    if (!text.isEmpty() && name == text) {
+        return State::ReasonText;
+    }
+    return table.habits().readsOldFaults && scopes_.size() == 1 ? oldStateAfter(name) : state_;
+}
+
+TzSoapFaultImp::State TzSoapFaultImp::oldStateAfter(const TzXmlName& name) const {
+    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(TzSoapVersion::V1_1);
+    for (const Transition& transition : Transitions) {
+        if (names.matchSoapElement(name, transition.element)) {
+            return transition.state == State::Code ? State::CodeValue : transition.state;
         }
     }
     return state_;
@@ -147,6 +168,7 @@ bool TzSoapFaultImp::takesText() const noexcept {
     case State::CodeValue:
     case State::SubcodeValue:
     case State::Reason:
+    case State::ReasonText:
     case State::Node:
     case State::Role:
         return true;
@@ -172,7 +194,10 @@ void TzSoapFaultImp::setValue() {
         subcodes_.push_back(readSubcodes_.back().asRead);
         break;
     case State::Reason:
-        reason_ = text_;
+        takeReason(false);
+        break;
+    case State::ReasonText:
+        takeReason(true);
         break;
     case State::Node:
         node_ = text_;
@@ -185,6 +210,24 @@ void TzSoapFaultImp::setValue() {
     case State::Detail:
         break;
     }
+}
+
+void TzSoapFaultImp::takeReason(bool isElement) {
+    const TzSoapVersionTable& table = TzSoapVersionTable::of(version_);
+    const bool hasElements = !table.term(TzSoapVersionTable::ReasonText).isEmpty();
+    if (!isElement && hasElements && TzXmlUtils::trim(text_).empty()) {
+        return; // only the space before the end of its elements
+    }
+    if (!hasElements || std::exchange(reasonsAreOld_, false)) {
+        reasons_.clear();
+    }
+    TzSoapReason reason{text_, {}};
+    const TzXmlName language("lang", TzXmlNamespace::getXml());
+    if (isElement && !scopes_.empty()) {
+        const auto* const found = scopes_.back().find(language);
+        reason.language = found == scopes_.back().end() ? TzCString() : found->getValue();
+    }
+    reasons_.push_back(std::move(reason));
 }
 
 TzSoapFaultImp::ReadName TzSoapFaultImp::codeFromText() const {

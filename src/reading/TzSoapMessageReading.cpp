@@ -10,6 +10,7 @@
 #include <tz/xml/TzXmlWriter.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapVersionTable.h"
 #include "reading/TzSoapErrorDetail.h"
 #include "reading/TzSoapReadingState.h"
 #include "reading/TzSoapVerbatimAttributes.h"
@@ -163,7 +164,10 @@ void TzSoapMessageImp::startPart(const TzXmlName& name, const TzXmlAttributeSet&
 
 void TzSoapMessageImp::populate(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
     TzSoapVersion::Version version = getVersion();
-    if (!TzSoapVersion::isSupportedVersion(name.getNamespace(), version)) {
+    const bool known = readLimits_.soap12Recommendation
+                           ? TzSoapVersion::isKnownVersion(name.getNamespace(), version)
+                           : TzSoapVersion::isSupportedVersion(name.getNamespace(), version);
+    if (!known) {
         refuse(TzMessage(tzsoap_UNKNOWN_VERSION(), name.getUri()), name);
     }
     clear();
@@ -172,6 +176,7 @@ void TzSoapMessageImp::populate(const TzXmlName& name, const TzXmlAttributeSet& 
     textPlace_ = BeforeHeader;
     TzSoapReadingState& state = TzSoapAccess::reading(context());
     state.message = this;
+    state.setVersion(TzSoapVersionTable::of(version));
     const TzCString* style = nullptr;
     if (state.isLiteral()) {
         setName(name);

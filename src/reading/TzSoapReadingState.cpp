@@ -5,12 +5,19 @@
 #include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlSAXParser.h>
 
+#include "model/TzSoapVersionTable.h"
+
 TzSoapReadingState::TzSoapReadingState() = default;
 
 TzSoapReadingState::~TzSoapReadingState() = default;
 
 [[gnu::hot]] TzSoapVersion::Version TzSoapReadingState::version() const {
     return message != nullptr ? message->getVersion() : TzSoapVersion::getLatestVersion();
+}
+
+void TzSoapReadingState::setVersion(const TzSoapVersionTable& table) noexcept {
+    styles.setVersion(table);
+    references.setIdName(table.term(TzSoapVersionTable::Id));
 }
 
 void TzSoapReadingState::pushStyle(const TzCString& style) {

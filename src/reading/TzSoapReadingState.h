@@ -50,6 +50,8 @@ public:
         return !markupNames.empty() &&
                std::find(markupNames.begin(), markupNames.end(), name) != markupNames.end();
     }
+    /// An envelope of the version of `table`, which outlives this object, begins.
+    void setVersion(const TzSoapVersionTable& table) noexcept;
     /// The name that `text` spells under the open elements. Valid until the next call.
     const TzXmlName& resolveName(std::string_view text) { return names.resolve(text, parser); }
     /// Opens the scope of an encoding style; `TzXmlParseError` when it is longer than the limits

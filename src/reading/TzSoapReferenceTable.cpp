@@ -10,6 +10,7 @@
 #include "reading/TzSoapRings.h"
 
 #include <typeinfo>
+#include <utility>
 
 namespace {
 
@@ -43,11 +44,17 @@ void TzSoapReferenceTable::add(const TzCString& href, TzSoapReferenceTypeImp& re
 }
 
 [[gnu::hot]] void TzSoapReferenceTable::fileId(const TzSoapType& value) {
-    const TzSoapTypeImp& body = TzSoapAccess::body(value);
-    if (body.getAttributeSet().empty()) {
+    const TzSoapAttributeSet& attributes =
+        std::as_const(TzSoapAccess::body(value)).getAttributeSet();
+    if (attributes.empty()) {
         return;
     }
-    const TzCString& id = body.getIdAttribute();
+    const auto* const found =
+        attributes.find(idName_ != nullptr ? *idName_ : TzSoapAttributeSet::getIdAttributeName());
+    if (found == attributes.end()) {
+        return;
+    }
+    const TzCString& id = found->getValue();
     // An id that an earlier block of the message had and a reference named is taken, too.
     if (!id.empty() && !namedIds_.contains(id) && idEntries_.try_emplace(id, value).second) {
         newIds_.push_back(id);
@@ -142,6 +149,7 @@ void TzSoapReferenceTable::dropTargets() noexcept {
 }
 
 void TzSoapReferenceTable::clear() noexcept {
+    idName_ = nullptr;
     references_.clear();
     unresolved_.clear();
     idEntries_.clear();

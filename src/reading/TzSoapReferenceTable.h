@@ -13,6 +13,7 @@ class TzMimeMultipart;
 class TzSoapMimeLookup;
 class TzSoapReferenceToSoapTypeImp;
 class TzSoapReferenceTypeImp;
+class TzXmlName;
 
 /// The ids and the references of one reading, and what became of them.
 class TzSoapReferenceTable {
@@ -31,6 +32,9 @@ public:
     IdEntries& idEntries() noexcept { return idEntries_; }
     /// Keeps `value` alive until the reading ends, whatever becomes of its place in the message.
     void keep(const TzSoapType& value) { kept_.push_back(value); }
+    /// Values name themselves by the attribute `name`, which outlives this object; without a call
+    /// by the unqualified "id".
+    void setIdName(const TzXmlName& name) noexcept { idName_ = &name; }
     /// Files `value` under its id if it has one; the first value of an id stays.
     void fileId(const TzSoapType& value);
 
@@ -59,6 +63,7 @@ private:
     void refer(TzSoapReferenceTypeImp& reference, const TzSoapType& target);
     void forgetId(const TzCString& id);
 
+    const TzXmlName* idName_ = nullptr; // null: the usual one
     References references_;
     std::vector<References::value_type> added_; // not in the ordered collection yet
     IdEntries idEntries_;

@@ -4,21 +4,20 @@
 #include <soap/TzSoapUtils.h>
 #include <soap/TzSoapVersion.h>
 
+#include "model/TzSoapVersionTable.h"
+
 #include <utility>
-
-namespace {
-
-TzSoapStyleInForce meaningOf(const TzCString& text) {
-    TzCString first(TzSoapUtils::firstEncodingStyle(text));
-    const bool soapEncoding = first.empty() || TzSoapVersion::isSoapEncodingStyle(first);
-    return {text, std::move(first), {}, soapEncoding};
-}
-
-} // namespace
 
 TzSoapStylesInForce::TzSoapStylesInForce() = default;
 
 TzSoapStylesInForce::~TzSoapStylesInForce() = default;
+
+TzSoapStyleInForce TzSoapStylesInForce::meaningOf(const TzCString& text) const {
+    TzCString first(TzSoapUtils::firstEncodingStyle(text));
+    const bool soapEncoding = first.empty() || TzSoapVersion::isSoapEncodingStyle(first) ||
+                              (table_ != nullptr && table_->isSettled(first));
+    return {text, std::move(first), {}, soapEncoding};
+}
 
 void TzSoapStylesInForce::push(const TzCString& text) {
     if (texts_ != nullptr) {
@@ -67,6 +66,7 @@ TzSharedRecord<TzCString> TzSoapStylesInForce::share(const TzCString& style) {
 }
 
 void TzSoapStylesInForce::clear() noexcept {
+    table_ = nullptr;
     meanings_.clear();
     while (texts_ != nullptr && !texts_->empty()) {
         texts_->pop();

@@ -9,6 +9,8 @@
 #include <stack>
 #include <vector>
 
+class TzSoapVersionTable;
+
 /// What an encodingStyle text means.
 struct TzSoapStyleInForce {
     TzCString text;                   ///< The attribute's text.
@@ -27,6 +29,9 @@ public:
     TzSoapStylesInForce();
     ~TzSoapStylesInForce();
 
+    /// The version read is that of `table`, which outlives this object: its own styles are SOAP
+    /// encoding, too. To be called before the first text.
+    void setVersion(const TzSoapVersionTable& table) noexcept { table_ = &table; }
     /// Opens the scope of the encodingStyle `text`. O(length).
     void push(const TzCString& text);
     /// Ends the innermost scope; there must be one.
@@ -48,12 +53,14 @@ public:
     }
     /// A record of the URI `style` that all values under one style share.
     TzSharedRecord<TzCString> share(const TzCString& style);
-    /// Ends all scopes.
+    /// Ends all scopes; the version is that of no message.
     void clear() noexcept;
 
 private:
+    TzSoapStyleInForce meaningOf(const TzCString& text) const;
     void compare();
 
+    const TzSoapVersionTable* table_ = nullptr; // null: the versions known by default
     TzSoapStyleInForce none_;
     std::vector<TzSoapStyleInForce> meanings_; // of the texts, outermost first
     std::unique_ptr<Texts> texts_;             // made by `expose`, then decides what is in force

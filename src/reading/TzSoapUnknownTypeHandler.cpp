@@ -25,10 +25,19 @@ namespace {
 /// change from one version to the next.
 constexpr const char* Unit = "..\\TzSoapUnknownTypeHandler";
 
+/// The name of the reports of misunderstood entries in the model, and in all messages of the
+/// versions known by default.
 const TzXmlName& misunderstoodElement() {
-    static const TzXmlName& name =
-        TzSoapVersion::getSoapElementName(TzSoapVersion::Misunderstood, TzSoapVersion::V1_2);
+    static const TzXmlName& name = TzSoapVersion::getSoapElementName(
+        TzSoapVersion::Misunderstood, TzSoapVersion::getLatestVersion());
     return name;
+}
+
+/// Whether an element named `name` is such a report in a message of `version`.
+bool isMisunderstood(const TzXmlName& name, TzSoapVersion::Version version) {
+    return !name.getUri().empty() &&
+           (name == misunderstoodElement() ||
+            name == TzSoapVersion::getSoapElementName(TzSoapVersion::Misunderstood, version));
 }
 
 } // namespace
@@ -106,7 +115,7 @@ void TzSoapUnknownTypeHandler::startElement(const TzXmlName& name,
 
 [[gnu::hot]] void TzSoapUnknownTypeHandler::endElement(const TzXmlName&) {
     static_cast<void>(reading(Unit, 81));
-    if (element_->TzXmlElementImp::getName() == misunderstoodElement()) {
+    if (isMisunderstood(element_->TzXmlElementImp::getName(), context()->getVersion())) {
         finishMisunderstood();
     } else {
         finishSimple();
@@ -143,6 +152,9 @@ void TzSoapUnknownTypeHandler::finishMisunderstood() {
     const auto value = TzSoapAccess::handle<TzSoapMisunderstoodType>(body);
     body->setQualifiedName(misunderstoodName());
     body->takeElement(*element_);
+    if (!(body->TzXmlElementImp::getName() == misunderstoodElement())) {
+        body->setName(misunderstoodElement());
+    }
     hand(TzSoapType(value));
 }
 

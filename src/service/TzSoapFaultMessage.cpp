@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapFaultMessage.h>
 
+#include <soap/TzSoap12RecVersion.h>
+#include <soap/TzSoapCast.h>
 #include <soap/TzSoapCatalog.h>
+#include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapMisunderstoodType.h>
+#include <soap/TzSoapSimpleType.h>
 #include <tz/tools/TzMessage.h>
 #include <tz/xml/TzXmlBadArgError.h>
 #include <tz/xml/TzXmlBoundsError.h>
 #include <tz/xml/TzXmlParseError.h>
+
+#include "model/TzSoapVersionTable.h"
 
 #include <cstring>
 #include <string>
@@ -66,6 +72,43 @@ TzXmlName withFreePrefix(const TzXmlName& name, const TzSoapMessage& message) {
     return TzXmlName(name.getLocalName(), TzXmlNamespace(prefix, name.getUri()));
 }
 
+constexpr char EnvelopeName[] = "qname";
+
+/// One envelope that is supported, as the child number `number` of an Upgrade entry.
+TzSoapSimpleType supportedEnvelope(TzSoapVersion::Version version, std::size_t number) {
+    const TzXmlName& envelope = TzSoapVersion::getSoapElementName(TzSoapVersion::Envelope, version);
+    const TzCString prefix = "ns" + std::to_string(number);
+    TzSoapSimpleType entry(TzSoap12RecVersion::getSupportedEnvelopeName(), TzCString(),
+                           TzSoapType::xsdUnknown, false);
+    entry.addNamespaceAttribute(prefix, envelope.getUri());
+    entry.addAttribute(TzXmlName(EnvelopeName), prefix + ':' + envelope.getLocalName());
+    return entry;
+}
+
+/// The URI that an element declares for `prefix`; null where it does not.
+template <typename Handle>
+const TzCString* declaredBy(const Handle& element, const TzCString& prefix) {
+    const auto* const found = element.findNamespaceAttribute(prefix);
+    return found == element.attributesEnd() ? nullptr : &found->getValue();
+}
+
+/// The name that the child `listed` of the header entry `upgrade` spells.
+TzXmlName listedName(const TzSoapType& listed, const TzSoapType& upgrade,
+                     const TzSoapMessage& message) {
+    const auto* const text = listed.findAttribute(TzXmlName(EnvelopeName));
+    TzXmlName name(text == listed.attributesEnd() ? TzCString() : text->getValue());
+    const TzCString prefix = name.getPrefix();
+    for (const TzCString* uri :
+         {declaredBy(listed, prefix), declaredBy(upgrade, prefix),
+          declaredBy(message.getSoapHeader(), prefix), declaredBy(message, prefix)}) {
+        if (uri != nullptr) {
+            name.setNamespace({prefix, *uri});
+            break;
+        }
+    }
+    return name;
+}
+
 TzCString reasonFor(const Tzxmsg& error) {
     const auto* const unread = dynamic_cast<const TzXmlParseError*>(&error);
     if (unread == nullptr || unread->getLine() == 0) {
@@ -113,6 +156,40 @@ TzSoapMessage TzSoapFaultMessage::makeMustUnderstand(TzSoapVersion::Version vers
         }
     }
     return message;
+}
+
+TzSoapMessage
+TzSoapFaultMessage::makeVersionMismatch(TzSoapVersion::Version version,
+                                        const std::vector<TzSoapVersion::Version>& supported,
+                                        const TzCString& reason) {
+    TzSoapMessage message = make(version, TzSoapVersion::VersionMismatch, reason);
+    const TzXmlName& upgrade =
+        TzSoapVersionTable::of(version).term(TzSoapVersionTable::UpgradeEntry);
+    if (!upgrade.isEmpty() && !supported.empty()) {
+        TzSoapCompositeType entry(upgrade);
+        for (std::size_t i = 0; i < supported.size(); ++i) {
+            entry.appendChild(supportedEnvelope(supported[i], i + 1));
+        }
+        message.getSoapHeader().appendHeaderEntry(entry, false);
+    }
+    return message;
+}
+
+std::vector<TzXmlName> TzSoapFaultMessage::getSupportedEnvelopes(const TzSoapMessage& message) {
+    std::vector<TzXmlName> names;
+    const TzSoapHeader& header = message.getSoapHeader();
+    for (auto entry = header.entriesBegin(); entry != header.entriesEnd(); ++entry) {
+        const auto upgrade = tzSoapCast<TzSoapCompositeType>(*entry);
+        if (!upgrade || !(entry->getName() == TzSoap12RecVersion::getUpgradeName())) {
+            continue;
+        }
+        for (auto child = upgrade->childrenBegin(); child != upgrade->childrenEnd(); ++child) {
+            if (child->getName() == TzSoap12RecVersion::getSupportedEnvelopeName()) {
+                names.push_back(listedName(*child, *entry, message));
+            }
+        }
+    }
+    return names;
 }
 
 TzSoapMessage TzSoapFaultMessage::makeFrom(TzSoapVersion::Version version, const Tzxmsg& error) {

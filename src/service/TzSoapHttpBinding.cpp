@@ -16,6 +16,7 @@
 #include "mime/TzSoapCharset.h"
 #include "mime/TzSoapPackaging.h"
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapVersionTable.h"
 #include "reading/TzSoapErrorDetail.h"
 
 #include <algorithm>
@@ -38,6 +39,7 @@ struct MediaType {
 constexpr MediaType MediaTypes[] = {
     {"text", "xml", TzSoapVersion::V1_1, false},
     {"application", "soap+xml", TzSoapVersion::V1_2, true},
+    {"application", "soap+xml", TzSoapVersion::V1_2Rec, true},
     {"application", "xml", TzSoapVersion::V1_1, false},
 };
 
@@ -138,6 +140,24 @@ bool beginsLikeXml(std::string_view text) noexcept {
     return first != std::string_view::npos && text[first] == '<';
 }
 
+/// As long as it lives, a message reads envelopes of every version.
+class AllVersions {
+public:
+    explicit AllVersions(TzSoapMessage& message)
+        : message_(message), before_(message.getReadLimits()) {
+        TzSoapReadLimits limits = before_;
+        limits.soap12Recommendation = true;
+        message_.setReadLimits(limits);
+    }
+    ~AllVersions() { message_.setReadLimits(before_); }
+    AllVersions(const AllVersions&) = delete;
+    AllVersions& operator=(const AllVersions&) = delete;
+
+private:
+    TzSoapMessage& message_;
+    TzSoapReadLimits before_;
+};
+
 void unpackXml(const TzMimeContentType& content, const TzCString& body, TzSoapMessage& message) {
     const std::optional<TzCString> declared = TzSoapCharset::declare(content, body);
     TzSoapAccess::body(message).extract(declared ? *declared : body);
@@ -173,7 +193,7 @@ TzCString TzSoapHttpBinding::pack(const TzSoapMessage& message,
     // Some receivers take a line end in an empty value for content.
     TzSoapPackaging::Written written = TzSoapPackaging::write(message, TzSoapLayout::Compact);
     if (written.parts.hasParts()) {
-        TzSoapPackaging::complete(written.parts, std::move(written.envelope));
+        TzSoapPackaging::complete(message, written.parts, std::move(written.envelope));
         return pack(written.parts, context);
     }
     describe(message.getVersion(), "utf-8", context);
@@ -216,6 +236,7 @@ void TzSoapHttpBinding::unpack(const TzSoapHttpTransportContext& context, const 
                                TzSoapMessage& message) {
     const TzCString contentType = contentTypeOf(context);
     const TzMimeContentType content(contentType);
+    const AllVersions allVersions(message);
     if (contentType.empty()) {
         message.extract(body);
     } else if (content.matches("multipart", "related")) {
@@ -240,9 +261,26 @@ TzSoapVersion::Version TzSoapHttpBinding::getVersion(const TzSoapHttpTransportCo
     return media == nullptr ? TzSoapVersion::V1_1 : media->version;
 }
 
+TzSoapVersion::Version TzSoapHttpBinding::getVersion(const TzSoapHttpTransportContext& context,
+                                                     std::string_view body) {
+    // The namespace of an envelope stands near the start, whatever else is wrong with the text.
+    constexpr std::size_t Start = 4096;
+    const TzSoapVersion::Version stated = getVersion(context);
+    const bool isLatest =
+        body.substr(0, Start).find(
+            TzSoapVersion::getSoapVersion(TzSoapVersion::V1_2Rec).getSoapEnv().getUri()) !=
+        std::string_view::npos;
+    return isLatest ? TzSoapVersion::V1_2Rec : stated;
+}
+
 int TzSoapHttpBinding::getStatus(const TzSoapMessage& answer) {
     constexpr int Done = 200;
     constexpr int Failed = 500;
     const TzSoapBody& body = answer.getSoapBody();
-    return body.hasSoapFault() || body.hasFaultElement() ? Failed : Done;
+    if (!body.hasSoapFault()) {
+        return body.hasFaultElement() ? Failed : Done;
+    }
+    const bool isSenders = body.getSoapFault().getCodeValue() ==
+                           answer.getSoapVersion().getFaultCode(TzSoapVersion::Client);
+    return isSenders ? TzSoapVersionTable::of(answer.getVersion()).habits().senderStatus : Failed;
 }

@@ -48,7 +48,7 @@ bool mustBeUnderstood(const TzSoapType& entry) {
 } // namespace
 
 TzSoapNode::TzSoapNode() : roles_{"", TzSoapVersionTable::PublishedNextRole} {
-    for (const TzSoapVersion::Version version : {TzSoapVersion::V1_1, TzSoapVersion::V1_2}) {
+    for (const TzSoapVersion::Version version : TzSoapVersionTable::Known) {
         const TzSoapVersion& names = TzSoapVersion::getSoapVersion(version);
         addRole(names.getSoapRole(TzSoapVersion::Next));
         addRole(names.getSoapRole(TzSoapVersion::UltimateReceiver));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "values/TzSoapIndexText.h"
 
+#include "model/TzSoapVersionTable.h"
 #include "values/TzSoapNumberText.h"
 
 #include <soap/TzSoapCatalog.h>
@@ -118,7 +119,8 @@ Index TzSoapIndexText::parseLatest(std::string_view text) {
 
 TzCString TzSoapIndexText::print(const Index& vector, bool zeroAsDigit,
                                  TzSoapVersion::Version version) {
-    if (version != TzSoapVersion::V1_1) {
+    const TzSoapVersionTable* const table = TzSoapVersionTable::find(version);
+    if (table == nullptr || !table->habits().indicesInBrackets) {
         return printLatest(vector, zeroAsDigit);
     }
     TzCString text = "[";

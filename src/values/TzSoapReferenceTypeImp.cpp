@@ -8,6 +8,7 @@
 #include <tz/xml/TzXmlSAXParser.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapVersionTable.h"
 
 #include <utility>
 
@@ -69,7 +70,13 @@ void TzSoapReferenceTypeImp::accept(TzXmlAttribute text) {
     const TzXmlName& ref = latest.getSoapAttributeQName(TzSoapVersion::Ref);
     const TzXmlName& href = latest.getSoapAttributeQName(TzSoapVersion::Href);
     TzSoapAttributeSet& attributes = getAttributeSet();
-    if (attributes.size() == 1 && isOneOf(attributes.begin()->getName(), ref, href)) {
+    const TzXmlName& encoded = TzSoapVersionTable::soap12Rec().attribute(TzSoapVersion::Ref);
+    if (text.getName() == ref &&
+        std::as_const(attributes).find(encoded) != std::as_const(attributes).end()) {
+        TzXmlAttribute changed(encoded,
+                               text.getValue().substr(1)); // without the mark of a fragment
+        *attributes.find(encoded) = std::move(changed);
+    } else if (attributes.size() == 1 && isOneOf(attributes.begin()->getName(), ref, href)) {
         *attributes.begin() = std::move(text); // the usual form of a reference
     } else {
         TzSoapAttributeSet changed = attributes;

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include <filesystem>
+#include <map>
 #include <string>
 
 namespace {
@@ -15,7 +16,8 @@ using Json = nlohmann::json;
 
 TEST(Convert, RewritesForTheOtherVersion) {
     const ToolDirectory here;
-    const ToolRun run = here.run({"convert", "--to", "1.2", data("everything11.xml").string()});
+    const ToolRun run =
+        here.run({"convert", "--to", "1.2-2002", data("everything11.xml").string()});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.error, "");
     expectGolden(run.out, "convert_everything12.xml");
@@ -42,28 +44,37 @@ TEST(Convert, AMessageOfTheVersionIsEchoed) {
     EXPECT_EQ(here.run({"convert", "--to", "1.1", file}).out, here.run({"echo", file}).out);
 }
 
-TEST(Convert, EverySampleIsReadAgainInTheOtherVersion) {
+TEST(Convert, TheFinalSoap12IsTheSecondOne) {
     const ToolDirectory here;
-    std::size_t converted = 0;
+    const std::string file = data("everything11.xml").string();
+    const ToolRun run = here.run({"convert", "--to", "1.2", file});
+    EXPECT_EQ(run.status, 0);
+    expectGolden(run.out, "convert_everything12rec.xml");
+    EXPECT_EQ(run.error, file + ": attribute SOAP-ENC:root of m:order: left out\n" + file +
+                             ": positions without an item of sizes: become nil items\n" + file +
+                             ": positions without an item of grid: become nil items\n");
+}
+
+TEST(Convert, EverySampleIsReadAgainInTheOtherVersions) {
+    const ToolDirectory here;
+    const std::map<std::string, std::string> shownAs = {
+        {"1.1", "1.1"}, {"1.2-2002", "1.2"}, {"1.2", "1.2 (2003/05)"}};
     for (const std::filesystem::path& file : sampleFiles()) {
-        const ToolRun shown = here.run({"show", "--json", file.string()});
-        if (shown.status != 0) {
-            EXPECT_EQ(here.run({"convert", "--to", "1.2", file.string()}).status, 1);
-            continue;
+        const Json before = Json::parse(here.run({"show", "--json", file.string()}).out);
+        for (const auto& [version, shown] : shownAs) {
+            const ToolRun run = here.run({"convert", "--to", version, file.string()});
+            EXPECT_EQ(run.status, 0) << run.error;
+            const Json after = Json::parse(here.run({"show", "--json"}, run.out).out);
+            EXPECT_EQ(after["version"], shown) << file;
+            EXPECT_EQ(after.value("attachments", Json()).size(),
+                      before.value("attachments", Json()).size())
+                << file;
+            if (version != "1.2") { // there targets move from the body to their references
+                EXPECT_EQ(after["body"]["entries"].size(), before["body"]["entries"].size())
+                    << file;
+            }
         }
-        ++converted;
-        const Json before = Json::parse(shown.out);
-        const std::string other = before["version"] == "1.1" ? "1.2" : "1.1";
-        const ToolRun run = here.run({"convert", "--to", other, file.string()});
-        EXPECT_EQ(run.status, 0) << run.error;
-        const Json after = Json::parse(here.run({"show", "--json"}, run.out).out);
-        EXPECT_EQ(after["version"], other) << file;
-        EXPECT_EQ(after["body"]["entries"].size(), before["body"]["entries"].size()) << file;
-        EXPECT_EQ(after.value("attachments", Json()).size(),
-                  before.value("attachments", Json()).size())
-            << file;
     }
-    EXPECT_GT(converted, 40U);
 }
 
 TEST(Convert, KeepsEveryAttachmentOnce) {
