@@ -12,4 +12,7 @@ struct TzSoapReason {
 
     TzCString text;     ///< The reason.
     TzCString language; ///< Its language, such as "en" or "de-CH"; "" for one that is not named.
+
+    /// Whether both texts are the same.
+    friend bool operator==(const TzSoapReason&, const TzSoapReason&) = default;
 };

@@ -132,7 +132,7 @@ const TzSoapFaultSpelling* TzSoapFaultImp::spelling() const {
     const TzSoapFaultSpelling* const read = spelling_.get();
     const bool holds =
         read != nullptr && read->name == name_ && read->code == code_ &&
-        read->subcodes == subcodes_ && read->reason == reason_ && read->node == node_ &&
+        read->subcodes == subcodes_ && read->reasons == reasons_ && read->node == node_ &&
         read->role == role_ &&
         (read->detail == &asValue(details_) || (read->detail == nullptr && !hasDetail()));
     return holds ? read : nullptr;

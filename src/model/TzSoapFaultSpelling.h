@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <soap/TzSoapReason.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlAttributeSet.h>
 #include <tz/xml/TzXmlName.h>
@@ -21,7 +22,7 @@ struct TzSoapFaultSpelling {
     TzXmlName name;
     TzXmlName code;
     std::vector<TzXmlName> subcodes;
-    TzCString reason;
+    std::vector<TzSoapReason> reasons;
     TzCString node;
     TzCString role;
 };

@@ -154,7 +154,7 @@ void TzSoapFaultImp::keepSpelling() {
         spelling_->name = name_;
         spelling_->code = code_;
         spelling_->subcodes = subcodes_;
-        spelling_->reason = reason_;
+        spelling_->reasons = reasons_;
         spelling_->node = node_;
         spelling_->role = role_;
     }
