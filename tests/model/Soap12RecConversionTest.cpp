@@ -109,12 +109,8 @@ TEST(Soap12RecConversion, TargetsInTheBodyMoveToTheirReferences) {
                                    R"(>5</multiRef>
 )")),
                         Rec, {"attribute SOAP-ENC:root of multiRef: left out"}),
-              bodyRec("    <e" + EncodedRec + R"(>
-      <a enc:id="t")" +
-                      EncodedRec + R"(>5</a>
-      <b enc:ref="t"/>
-    </e>
-)"));
+              bodyRec("    <e" + EncodedRec + ">\n      <a" + EncodedRec +
+                      " enc:id=\"t\">5</a>\n      <b enc:ref=\"t\"/>\n    </e>\n"));
 }
 
 TEST(Soap12RecConversion, AnEntryThatOnlyItselfRefersToStays) {

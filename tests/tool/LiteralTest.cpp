@@ -46,7 +46,7 @@ TEST(LiteralTool, ConvertsTheEnvelopeAndLeavesTheRest) {
     const ToolRun run = here.run({"convert", "--literal", "--to", "1.2", "-"}, Letter);
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.error, "");
-    EXPECT_EQ(run.out, R"(<S:Envelope xmlns:S="http://www.w3.org/2002/06/soap-envelope"><S:Body>)"
+    EXPECT_EQ(run.out, R"(<S:Envelope xmlns:S="http://www.w3.org/2003/05/soap-envelope"><S:Body>)"
                        R"(<o:p xmlns:o="urn:o">Dear <o:b ref="r">you</o:b> and</o:p>)"
                        "</S:Body></S:Envelope>");
 }
