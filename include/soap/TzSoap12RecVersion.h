@@ -4,6 +4,8 @@
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapVersion.h>
 
+#include <optional>
+
 class TzSoapType;
 
 /// The names of SOAP 1.2 as the W3C recommended it in 2003. Has neither faults nor upgrade
@@ -70,6 +72,10 @@ public:
     static const TzXmlName& getDuplicateIdCode();
     /// "result" in the rpc namespace: names the member of an answer that holds the return value.
     static const TzXmlName& getRpcResultName();
+    /// The return value in `answer`, the struct that a procedure answers with, of any version: the
+    /// member that "rpc:result" names, without one the first member; nothing when it is not there
+    /// or `answer` has no members. O(members).
+    static std::optional<TzSoapType> findReturnValue(const TzSoapType& answer);
     /// "http://www.w3.org/2003/05/soap-envelope/encoding/none": the encoding style that claims
     /// nothing.
     static const TzCString& getNoEncodingStyle();

@@ -6,6 +6,7 @@
 
 #include "HttpPost.h"
 
+#include <soap/TzSoap12RecVersion.h>
 #include <soap/TzSoapHttpBinding.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapValueReader.h>
@@ -29,7 +30,11 @@ const TzXmlNamespace& service() {
 /// The service of one peer.
 class Peer {
 public:
-    Peer(std::string url, bool isPerl) : url_(std::move(url)), isPerl_(isPerl) {}
+    Peer(std::string url, bool isPerl, TzSoapVersion::Version version)
+        : url_(std::move(url)), isPerl_(isPerl), version_(version) {}
+
+    /// The version that the peer is called in.
+    TzSoapVersion::Version version() const { return version_; }
 
     /// The operation that answers a value of that type with its type. PHP's own values carry
     /// theirs, but for bytes.
@@ -51,7 +56,7 @@ public:
     TzSoapMessage postText(const std::string& text) const {
         TzSoapHttpTransportContext headers;
         headers.setSoapAction("");
-        TzSoapHttpBinding::describe(TzSoapVersion::V1_1, "utf-8", headers);
+        TzSoapHttpBinding::describe(version_, "utf-8", headers);
         return read(httpPost(url_, headers, text));
     }
 
@@ -64,10 +69,12 @@ private:
 
     std::string url_;
     bool isPerl_;
+    TzSoapVersion::Version version_;
 };
 
-TzSoapMessage makeRequest(const std::string& operation, const std::vector<TzSoapType>& parameters) {
-    TzSoapMessage request(TzSoapVersion::V1_1);
+TzSoapMessage makeRequest(const Peer& peer, const std::string& operation,
+                          const std::vector<TzSoapType>& parameters) {
+    TzSoapMessage request(peer.version());
     request.setProlog(TzXmlProlog());
     request.declareTypeNamespaces();
     TzSoapCompositeType call(TzXmlName(operation, service()));
@@ -93,11 +100,11 @@ TzSoapCompositeType resultsOf(const TzSoapMessage& answer) {
 }
 
 TzSoapType resultOf(const TzSoapMessage& answer) {
-    const TzSoapCompositeType results = resultsOf(answer);
-    if (results.childCount() == 0) {
+    const auto result = TzSoap12RecVersion::findReturnValue(resultsOf(answer));
+    if (!result) {
         throw std::runtime_error("the answer has no result");
     }
-    return *results.begin();
+    return *result;
 }
 
 /// What a case found.
@@ -110,7 +117,7 @@ Finding echoes(const Peer& peer, const std::vector<TzSoapType>& sent) {
     Finding finding;
     for (const TzSoapType& value : sent) {
         const std::string operation = peer.operationFor(schemaTypeOf(value));
-        const TzSoapMessage answer = peer.post(makeRequest(operation, {value}), operation);
+        const TzSoapMessage answer = peer.post(makeRequest(peer, operation, {value}), operation);
         const std::string found = difference(value, resultOf(answer), finding.changes);
         if (!found.empty()) {
             finding.result = found;
@@ -124,7 +131,8 @@ Finding echoes(const Peer& peer, const std::vector<TzSoapType>& sent) {
 Finding echoesOwn(const Peer& peer, const std::vector<TzSoapType>& sent) {
     Finding finding;
     for (const TzSoapType& value : sent) {
-        const TzSoapMessage answer = peer.post(makeRequest("echoValue", {value}), "echoValue");
+        const TzSoapMessage answer =
+            peer.post(makeRequest(peer, "echoValue", {value}), "echoValue");
         finding.result = difference(value, resultOf(answer), finding.changes);
         if (!finding.result.empty()) {
             return finding;
@@ -138,12 +146,12 @@ Finding shared(const Peer& peer) {
     TzSoapCompositeType person = makePerson("first", "Ann", 42);
     person.setIdAttribute("p1");
     const TzSoapMessage answer = peer.post(
-        makeRequest("echoPair", {person, TzSoapReferenceType(TzXmlName("second"), person)}),
+        makeRequest(peer, "echoPair", {person, TzSoapReferenceType(TzXmlName("second"), person)}),
         "echoPair");
     // PHP answers one struct, SOAP::Lite several results.
     TzSoapCompositeType results = resultsOf(answer);
-    if (results.childCount() == 1) {
-        results = structOf(*results.begin());
+    if (!results.findChildValue("first")) {
+        results = structOf(resultOf(answer));
     }
     Finding finding;
     for (const char* name : {"first", "second"}) {
@@ -161,8 +169,9 @@ Finding shared(const Peer& peer) {
     return finding;
 }
 
-TzSoapMessage withHeader(const std::string& operation, const TzXmlName& entry, bool mandatory) {
-    TzSoapMessage request = makeRequest(operation, {makeInt("value", 1)});
+TzSoapMessage withHeader(const Peer& peer, const std::string& operation, const TzXmlName& entry,
+                         bool mandatory) {
+    TzSoapMessage request = makeRequest(peer, operation, {makeInt("value", 1)});
     const TzSoapSimpleType ticket(entry, "ticket 7", Base::xsdString, true);
     request.getSoapHeader().appendHeaderEntry(ticket, mandatory);
     return request;
@@ -171,7 +180,7 @@ TzSoapMessage withHeader(const std::string& operation, const TzXmlName& entry, b
 Finding answeredHeader(const Peer& peer, bool mandatory) {
     const TzXmlName name("echo", service());
     const std::string operation = peer.operationForHeaders();
-    const TzSoapMessage answer = peer.post(withHeader(operation, name, mandatory), operation);
+    const TzSoapMessage answer = peer.post(withHeader(peer, operation, name, mandatory), operation);
     refuseFault(answer);
     const TzSoapHeader& header = answer.getSoapHeader();
     const auto entry = header.findHeaderEntry(name);
@@ -195,8 +204,11 @@ Finding faults(const char* code, const TzSoapMessage& answer) {
 Finding fullFault(const Peer& peer) {
     const std::string reason = "out of <paper> & ink";
     const TzSoapMessage answer =
-        peer.post(makeRequest("echoFault", {makeString("text", reason)}), "echoFault");
-    Finding finding = faults("Server", answer);
+        peer.post(makeRequest(peer, "echoFault", {makeString("text", reason)}), "echoFault");
+    const TzCString code = TzSoapVersion::getSoapVersion(peer.version())
+                               .getFaultCode(TzSoapVersion::Server)
+                               .getLocalName();
+    Finding finding = faults(code.c_str(), answer);
     const TzSoapFault& fault = answer.getSoapBody().getSoapFault();
     const TzSoapCompositeType& details = fault.getDetails();
     if (finding.result != "ok") {
@@ -278,7 +290,7 @@ std::vector<Case> otherCases() {
          [](const Peer& peer) {
              const TzXmlName ticket("ticket", TzXmlNamespace("t", "urn:unknown"));
              return faults("MustUnderstand",
-                           peer.post(withHeader("echoValue", ticket, true), "echoValue"));
+                           peer.post(withHeader(peer, "echoValue", ticket, true), "echoValue"));
          }},
         {"fault", fullFault},
         {"unknown version", unknownVersion},
@@ -306,11 +318,12 @@ void runAll(const std::vector<Case>& cases, const Peer& peer) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::cerr << "usage: interop_client URL php|perl\n";
+    if (argc != 4) {
+        std::cerr << "usage: interop_client URL php|perl 1.1|1.2\n";
         return 1;
     }
-    const Peer peer(argv[1], argv[2] == std::string("perl"));
+    const Peer peer(argv[1], argv[2] == std::string("perl"),
+                    argv[3] == std::string("1.1") ? TzSoapVersion::V1_1 : TzSoapVersion::V1_2Rec);
     runAll(simpleCases(), peer);
     runAll(otherCases(), peer);
 }

@@ -201,3 +201,17 @@ TEST(Soap12RecReading, AMessageMayReadVersionsInTurn) {
     EXPECT_TRUE(
         tzSoapAs<TzSoapReferenceType>(message.getSoapBody().getFirstEntry()).hasReference());
 }
+
+TEST(Soap12RecReading, TheReturnValueIsTheMemberThatResultNames) {
+    using Version = TzSoap12RecVersion;
+    const std::string result = "<r:result xmlns:r='http://www.w3.org/2003/05/soap-rpc'>";
+    const auto named = Version::findReturnValue(
+        entryWith("<out>1</out>" + result + " return </r:result><return>5</return>"));
+    ASSERT_TRUE(named.has_value());
+    EXPECT_EQ(named->getName().getLocalName(), "return");
+    EXPECT_FALSE(Version::findReturnValue(entryWith(result + "no</r:result><a>5</a>")).has_value());
+    const auto first = Version::findReturnValue(entryWith("<a>5</a><b>6</b>"));
+    ASSERT_TRUE(first.has_value());
+    EXPECT_EQ(first->getName().getLocalName(), "a");
+    EXPECT_FALSE(Version::findReturnValue(entryWith("")).has_value());
+}

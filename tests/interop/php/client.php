@@ -1,15 +1,17 @@
 <?php
 // SPDX-License-Identifier: MIT
 //
-// Calls an echo service with PHP's SoapClient: php client.php URL. A line for each case: its name,
-// "ok" or what came back instead.
+// Calls an echo service with PHP's SoapClient: php client.php URL 1.1|1.2. A line for each case: its
+// name, "ok" or what came back instead.
 
 ini_set('precision', '17');
 ini_set('memory_limit', '1G');
 const URI = 'urn:example:echo';
 
 $url = $argv[1];
-$client = new SoapClient(null, ['location' => $url, 'uri' => URI, 'trace' => true]);
+$isFirst = $argv[2] === '1.1';
+$client = new SoapClient(null, ['location' => $url, 'uri' => URI, 'trace' => true,
+                                'soap_version' => $isFirst ? SOAP_1_1 : SOAP_1_2]);
 
 /** The answer of an operation to one value. */
 function call($operation, $value)
@@ -121,8 +123,14 @@ function faults($code, $work)
 function unknownVersion()
 {
     global $url;
-    // What this peer calls SOAP 1.2 has the namespace of 2003.
-    $later = new SoapClient(null, ['location' => $url, 'uri' => URI, 'soap_version' => SOAP_1_2]);
+    // This peer writes no such envelope itself.
+    $later = new class (null, ['location' => $url, 'uri' => URI]) extends SoapClient {
+        public function __doRequest($request, $location, $action, $version, $oneWay = false): ?string
+        {
+            $request = str_replace('http://schemas.xmlsoap.org/soap/envelope/', 'urn:later', $request);
+            return parent::__doRequest($request, $location, $action, $version, $oneWay);
+        }
+    };
     return faults('VersionMismatch', fn() => $later->__soapCall('echoValue', [1]));
 }
 
@@ -154,7 +162,7 @@ $cases = [
     'mandatory header entry' => fn() => answeredHeader(true),
     'mandatory header entry, unknown' => fn() => faults('MustUnderstand', fn() => $client->__soapCall(
         'echoValue', [1], null, new SoapHeader('urn:unknown', 'ticket', 'x', true))),
-    'fault' => fn() => faults('Client', fn() => call('unknownOperation', 1)),
+    'fault' => fn() => faults($isFirst ? 'Client' : 'Sender', fn() => call('unknownOperation', 1)),
     'unknown version' => fn() => unknownVersion(),
 ];
 

@@ -1,7 +1,8 @@
 <?php
 // SPDX-License-Identifier: MIT
 //
-// The echo service of PHP's SoapServer, for PHP's own web server: php -S 127.0.0.1:0 server.php
+// The echo service of PHP's SoapServer, for PHP's own web server: php -S 127.0.0.1:0 server.php, which
+// answers SOAP 1.2 with SOAP 1.2
 
 class EchoService
 {
