@@ -91,7 +91,7 @@ constexpr char Order[] = "--- the order in the answer ---\n"
 
 TEST(EchoClient, ShowsBothEnvelopesAndTheValues) {
     const EchoServer server;
-    for (const char* version : {"1.1", "1.2"}) {
+    for (const char* version : {"1.1", "1.2", "1.2-2002"}) {
         const Finished run = runClient({server.url(), version});
         EXPECT_EQ(run.status, 0);
         EXPECT_TRUE(run.output.starts_with("--- request ---\nContent-Type:")) << run.output;
