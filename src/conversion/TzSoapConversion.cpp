@@ -240,7 +240,7 @@ void TzSoapConversion::prepareValue(TzSoapTypeImp& value, TzSoapDraft& draft) {
     default:
         break;
     }
-    tzSoapForEachHeld(value, [this](const TzSoapType& held) { enqueue(held); });
+    TzSoapHeldValues::forEachHeld(value, [this](const TzSoapType& held) { enqueue(held); });
     // Reverse, so that the first child is popped next and losses come in document order.
     std::reverse(waiting_.begin() + static_cast<std::ptrdiff_t>(before), waiting_.end());
 }

@@ -81,7 +81,8 @@ private:
             nodes_.push_back({number, Open, step.parent, step.value});
             open_.push_back(number);
             steps_.push_back({step.value, number, true});
-            tzSoapForEachHeld(*step.value, [&](const TzSoapType& held) { enqueue(held, number); });
+            TzSoapHeldValues::forEachHeld(*step.value,
+                                          [&](const TzSoapType& held) { enqueue(held, number); });
         } else if (nodes_[number].group == Open) {
             noteReached(step.parent, number);
         }
@@ -126,7 +127,7 @@ private:
         std::vector<TzHandleBase*> links;
         for (const std::size_t member : members) {
             bodies.push_back(nodes_[member].value);
-            tzSoapForEachHeld(*nodes_[member].value, [&](TzSoapType& held) {
+            TzSoapHeldValues::forEachHeld(*nodes_[member].value, [&](TzSoapType& held) {
                 if (groupOf(TzSoapAccess::body(held)) == group) {
                     links.push_back(&held);
                 }

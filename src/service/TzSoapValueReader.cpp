@@ -100,7 +100,7 @@ template <typename Number> std::optional<Number> point(std::string_view text) no
         return {};
     }
     if (error == std::errc::result_out_of_range) {
-        return tzSoapToReal(text) > 1 ? Infinite<Number> : Number();
+        return TzSoapNumberText::toReal(text) > 1 ? Infinite<Number> : Number();
     }
     return number;
 }
@@ -142,7 +142,7 @@ TzSoapValueReader::TzSoapValueReader(const TzSoapType& value) : value_(follow(va
     readNull();
     const auto simple = tzSoapCast<TzSoapSimpleType>(value_);
     if (!simple && !null_) {
-        fail(tzSoapNotOfKind(value_, "a simple value"));
+        fail(TzSoapValueText::notOfKind(value_, "a simple value"));
     }
     if (!null_) {
         text_ = simple->getString();
@@ -251,8 +251,8 @@ TzCString TzSoapValueReader::getBytes() const {
 }
 
 void TzSoapValueReader::refuse(const char* wanted) const {
-    fail(null_ ? tzSoapDescribed(value_) + " is nil, not " + wanted
-               : tzSoapDescribed(value_) + ": " + tzQuoted(text_) + " is not " + wanted);
+    fail(null_ ? TzSoapValueText::described(value_) + " is nil, not " + wanted
+               : TzSoapValueText::described(value_) + ": " + tzQuoted(text_) + " is not " + wanted);
 }
 
 std::string_view TzSoapValueReader::trimmed(const char* wanted) const {

@@ -9,8 +9,11 @@
 
 #include <algorithm>
 
+/// The values that a value holds.
+namespace TzSoapHeldValues {
+
 /// Visits each handle to an item of `array` that is stored.
-template <typename Visit> void tzSoapForEachItem(TzSoapArrayTypeImp& array, const Visit& visit) {
+template <typename Visit> void forEachItem(TzSoapArrayTypeImp& array, const Visit& visit) {
     if (array.isSparse()) {
         for (auto& [index, item] : static_cast<TzSoapSparseArrayImp&>(array)) {
             visit(item);
@@ -24,7 +27,7 @@ template <typename Visit> void tzSoapForEachItem(TzSoapArrayTypeImp& array, cons
 }
 
 /// Visits each handle that `value` holds: its children, its stored items or its target, in order.
-template <typename Visit> void tzSoapForEachHeld(TzSoapTypeImp& value, const Visit& visit) {
+template <typename Visit> void forEachHeld(TzSoapTypeImp& value, const Visit& visit) {
     switch (value.getSoapTypeId()) {
     case TzSoapContentBase::Composite: {
         auto& composite = static_cast<TzSoapCompositeTypeImp&>(value);
@@ -32,7 +35,7 @@ template <typename Visit> void tzSoapForEachHeld(TzSoapTypeImp& value, const Vis
         return;
     }
     case TzSoapContentBase::Array:
-        return tzSoapForEachItem(static_cast<TzSoapArrayTypeImp&>(value), visit);
+        return forEachItem(static_cast<TzSoapArrayTypeImp&>(value), visit);
     case TzSoapContentBase::Reference: {
         auto& reference = static_cast<TzSoapReferenceTypeImp&>(value);
         if (reference.isSoapReference() && reference.hasReference()) {
@@ -44,3 +47,5 @@ template <typename Visit> void tzSoapForEachHeld(TzSoapTypeImp& value, const Vis
         return;
     }
 }
+
+} // namespace TzSoapHeldValues

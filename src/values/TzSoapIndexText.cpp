@@ -70,7 +70,7 @@ private:
             entries_.push_back(0);
             return 0;
         }
-        const long long number = tzSoapToInteger(rest);
+        const long long number = TzSoapNumberText::toInteger(rest);
         demand(number >= 0 && number <= Largest);
         demand(number != 0 || !boundsMode_ || openAllowed);
         entries_.push_back(static_cast<unsigned int>(number));
@@ -106,7 +106,7 @@ Index TzSoapIndexText::parseLatest(std::string_view text) {
          at = text.find_first_not_of(WhiteSpace, at)) {
         const std::size_t end = std::min(text.find_first_of(WhiteSpace, at), text.size());
         const bool open = text[at] == '*';
-        const long long number = tzSoapToInteger(text.substr(at, end - at));
+        const long long number = TzSoapNumberText::toInteger(text.substr(at, end - at));
         if ((open && openSeen) || number < 0 || number > Largest) {
             BracketReader::refuse(text);
         }

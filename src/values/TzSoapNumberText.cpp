@@ -39,7 +39,7 @@ bool tooLarge(std::string_view number, bool hexadecimal) noexcept {
     const long long exponent =
         marked == std::string_view::npos
             ? 0
-            : std::clamp(tzSoapToInteger(number.substr(marked + 1)), -limit, limit);
+            : std::clamp(TzSoapNumberText::toInteger(number.substr(marked + 1)), -limit, limit);
     const auto point = static_cast<long long>(std::min(digits.find('.'), digits.size()));
     const auto first = static_cast<long long>(digits.find_first_not_of("0."));
     return exponent + (point - first) * (hexadecimal ? 4 : 1) > 0;
@@ -64,7 +64,9 @@ template <std::floating_point Number> char* format(char* from, char* to, Number 
 
 } // namespace
 
-long long tzSoapToInteger(std::string_view text) noexcept {
+namespace TzSoapNumberText {
+
+long long toInteger(std::string_view text) noexcept {
     using Limits = std::numeric_limits<long long>;
     const Unsigned number = passSign(text);
     unsigned long long size = 0;
@@ -76,7 +78,7 @@ long long tzSoapToInteger(std::string_view text) noexcept {
     return number.negative ? -static_cast<long long>(size) : static_cast<long long>(size);
 }
 
-double tzSoapToReal(std::string_view text) noexcept {
+double toReal(std::string_view text) noexcept {
     auto [digits, negative] = passSign(text);
     const bool hexadecimal = isHexadecimal(digits);
     digits.remove_prefix(hexadecimal ? 2 : 0);
@@ -93,19 +95,21 @@ double tzSoapToReal(std::string_view text) noexcept {
     return negative ? -size : size;
 }
 
-template <typename Number> TzCString tzSoapFromNumber(Number number) {
+template <typename Number> TzCString fromNumber(Number number) {
     std::array<char, 32> text;
     char* const end = format(text.data(), text.data() + text.size(), number);
     return {text.data(), end};
 }
 
-template TzCString tzSoapFromNumber(int number);
-template TzCString tzSoapFromNumber(unsigned int number);
-template TzCString tzSoapFromNumber(short number);
-template TzCString tzSoapFromNumber(unsigned short number);
-template TzCString tzSoapFromNumber(long number);
-template TzCString tzSoapFromNumber(unsigned long number);
-template TzCString tzSoapFromNumber(long long number);
-template TzCString tzSoapFromNumber(unsigned long long number);
-template TzCString tzSoapFromNumber(float number);
-template TzCString tzSoapFromNumber(double number);
+template TzCString fromNumber(int number);
+template TzCString fromNumber(unsigned int number);
+template TzCString fromNumber(short number);
+template TzCString fromNumber(unsigned short number);
+template TzCString fromNumber(long number);
+template TzCString fromNumber(unsigned long number);
+template TzCString fromNumber(long long number);
+template TzCString fromNumber(unsigned long long number);
+template TzCString fromNumber(float number);
+template TzCString fromNumber(double number);
+
+} // namespace TzSoapNumberText

@@ -24,7 +24,9 @@ namespace {
 
 // How each kind of value becomes text.
 
-template <typename Number> TzCString textOf(Number number) { return tzSoapFromNumber(number); }
+template <typename Number> TzCString textOf(Number number) {
+    return TzSoapNumberText::fromNumber(number);
+}
 
 // Six digits are the rule for the smaller types only.
 TzCString textOf(long double value) { return TzXmlSchemaUtils::ConvertTypeToString(value); }
@@ -251,7 +253,9 @@ bool TzSoapSimpleTypeImp::getBool() const {
     return value_ == TzSoapAttributeSet::getTrueAttributeValue();
 }
 
-int TzSoapSimpleTypeImp::getInt() const { return static_cast<int>(tzSoapToInteger(value_)); }
+int TzSoapSimpleTypeImp::getInt() const {
+    return static_cast<int>(TzSoapNumberText::toInteger(value_));
+}
 
 unsigned int TzSoapSimpleTypeImp::getUnsignedInt() const {
     return static_cast<unsigned int>(getInt());
@@ -266,7 +270,7 @@ unsigned short TzSoapSimpleTypeImp::getUnsignedShort() const {
 long TzSoapSimpleTypeImp::getLong() const {
     using Limits = std::numeric_limits<long>;
     return static_cast<long>(
-        std::clamp<long long>(tzSoapToInteger(value_), Limits::min(), Limits::max()));
+        std::clamp<long long>(TzSoapNumberText::toInteger(value_), Limits::min(), Limits::max()));
 }
 
 unsigned long TzSoapSimpleTypeImp::getUnsignedLong() const {
@@ -275,7 +279,7 @@ unsigned long TzSoapSimpleTypeImp::getUnsignedLong() const {
 
 float TzSoapSimpleTypeImp::getFloat() const { return static_cast<float>(getDouble()); }
 
-double TzSoapSimpleTypeImp::getDouble() const { return tzSoapToReal(value_); }
+double TzSoapSimpleTypeImp::getDouble() const { return TzSoapNumberText::toReal(value_); }
 
 TzDate TzSoapSimpleTypeImp::getDate() const {
     return TzSoapUtils::convertISODateStringToDate(value_);

@@ -55,7 +55,7 @@ template <typename Handle> Handle tzSoapAs(const TzSoapType& value) {
         }
     }
     if (!handle) {
-        TzThrow(TzXmlBadArgError(TzMessage(tzSoapNotOfKind(meant, KindOf<Handle>))));
+        TzThrow(TzXmlBadArgError(TzMessage(TzSoapValueText::notOfKind(meant, KindOf<Handle>))));
     }
     return *std::move(handle);
 }
