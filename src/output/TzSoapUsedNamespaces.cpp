@@ -87,8 +87,8 @@ void TzSoapUsedNamespaces::enter(const TzSoapTypeImp& value) {
     }
     Open opened{{}, declares};
     // The values are only looked at.
-    tzSoapForEachHeld(const_cast<TzSoapTypeImp&>(value),
-                      [&](const TzSoapType& held) { opened.rest.push_back(&held); });
+    TzSoapHeldValues::forEachHeld(const_cast<TzSoapTypeImp&>(value),
+                                  [&](const TzSoapType& held) { opened.rest.push_back(&held); });
     std::reverse(opened.rest.begin(), opened.rest.end());
     open_.push_back(std::move(opened));
 }
