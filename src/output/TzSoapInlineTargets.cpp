@@ -50,8 +50,8 @@ void TzSoapInlineTargets::settle(TzSoapTypeImp& value) {
     while (!waiting_.empty()) {
         TzSoapTypeImp& next = *waiting_.back();
         waiting_.pop_back();
-        tzSoapForEachHeld(next,
-                          [&take](const TzSoapType& held) { take(TzSoapAccess::body(held)); });
+        TzSoapHeldValues::forEachHeld(
+            next, [&take](const TzSoapType& held) { take(TzSoapAccess::body(held)); });
     }
 }
 
@@ -65,7 +65,7 @@ void TzSoapInlineTargets::findReferences(TzSoapTypeImp& value) {
     while (!waiting_.empty()) {
         TzSoapTypeImp& next = *waiting_.back();
         waiting_.pop_back();
-        tzSoapForEachHeld(next, [&](const TzSoapType& held) {
+        TzSoapHeldValues::forEachHeld(next, [&](const TzSoapType& held) {
             TzSoapTypeImp& body = TzSoapAccess::body(held);
             if (isReference(next)) {
                 referred_.insert(idOf(body));
