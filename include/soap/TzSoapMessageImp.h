@@ -119,7 +119,7 @@ public:
     void clearAttachments() noexcept { attachments_.clear(); }
 
     /// Where text of a literal message stands within the envelope.
-    enum TextPlace : std::int8_t { BeforeHeader, BeforeBody, AfterBody };
+    enum TextPlace : std::uint8_t { BeforeHeader, BeforeBody, AfterBody };
     /// The text there as it was read, "" without; valid until the message changes.
     const TzCString& text(TextPlace place) const noexcept { return texts_[place]; }
 

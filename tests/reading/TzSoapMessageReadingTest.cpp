@@ -377,9 +377,10 @@ TEST_P(TzSoapMessageReading, AfterAnErrorTheMessageReadsTheNextText) {
                        wire.position("9") + "/></b></e:Body>"),
          "[INDEX_RANGE_VEC][Index vector 9 out of range 0 -> 3]"},
     };
-    for (const auto& [text, error] : bad) {
+    for (const auto& each : bad) {
+        const std::string& text = each.first;
         SCOPED_TRACE(text);
-        EXPECT_THAT(errorOf([&] { message.extract(text); }), testing::StartsWith(error));
+        EXPECT_THAT(errorOf([&] { message.extract(text); }), testing::StartsWith(each.second));
         message.extract(good);
         EXPECT_EQ(message.asString(), whole);
     }
