@@ -102,12 +102,12 @@ void TzSoapUnknownTypeHandler::startElement(const TzXmlName& name,
                                             const TzXmlAttributeSet& attributes) {
     TzSoapParseContext& reading = this->reading(Unit, 72);
     auto* body = new TzSoapCompositeTypeImp();
+    const auto composite = TzSoapAccess::handle<TzSoapCompositeType>(body);
     if (TzSoapAccess::reading(reading).isLiteral()) {
         body->children().setTextBefore(body->childrenEnd(), text_);
     } else {
         TzSoapAccess::reading(reading).noteDroppedText(text_);
     }
-    const auto composite = TzSoapAccess::handle<TzSoapCompositeType>(body);
     body->takeElement(*element_);
     hand(TzSoapType(composite));
     body->doStart(name, attributes, &reading);

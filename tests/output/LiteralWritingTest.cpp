@@ -164,7 +164,7 @@ TEST(LiteralWriting, AttributesKeepTheirNamespaces) {
 }
 
 TEST(LiteralWriting, ArraysAreTheirItems) {
-    TzSoapCompactArrayType array(inOrders("list"), "xsd:string", {2}, {0});
+    TzSoapCompactArrayType array(inOrders("list"), "xsd:string", 2, 0);
     array(0) = text(inOrders("item"), "a");
     array(1) = text(inOrders("item"), "b");
     EXPECT_EQ(literalMessage({array}).asString(),
