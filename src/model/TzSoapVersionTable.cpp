@@ -115,6 +115,7 @@ const TzSoapVersionTable& TzSoapVersionTable::soap11() {
     return *table;
 }
 
+// NOLINTNEXTLINE(readability-function-size): a table, a line for each name
 const TzSoapVersionTable& TzSoapVersionTable::soap12() {
     using Tags = TzSoapVersion;
     static TzSoapLasting<const TzSoapVersionTable> table([] {
@@ -178,6 +179,7 @@ const TzSoapVersionTable& TzSoapVersionTable::soap12() {
     return *table;
 }
 
+// NOLINTNEXTLINE(readability-function-size): a table, a line for each name
 const TzSoapVersionTable& TzSoapVersionTable::soap12Rec() {
     using Tags = TzSoapVersion;
     static TzSoapLasting<const TzSoapVersionTable> table([] {

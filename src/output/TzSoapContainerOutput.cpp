@@ -438,7 +438,7 @@ void TzSoapContainerOutput::writeReference(TzSoapConstVisitor& visitor, bool isS
 
 TzSoapType TzSoapContainerOutput::inPlaceOf(TzSoapReferenceTypeImp& reference) const {
     // Others refer to the target, too: it keeps its own name.
-    const TzSoapType target = reference.getSoapReference().copy();
+    TzSoapType target = reference.getSoapReference().copy();
     TzSoapTypeImp& body = TzSoapAccess::body(target);
     body.setName(std::as_const(reference).getName());
     TzSoapAttributeSet& attributes = body.getAttributeSet();
