@@ -13,10 +13,10 @@
 /// The values that an element holds, in document order: entries of a header or body, children; and
 /// the text that a literal message has between them.
 ///
-/// A list of handles: copying the list shares the values. Text is no value: neither positions nor
-/// `size` see it. Names may repeat. Positions stay valid
-/// until their value is removed. A search that meets a value without a body throws
-/// `TzTHRInvalidPointer`. Not locked: one list is used by one thread at a time.
+/// A list of handles: copying the list shares the values. Text is not a value: neither positions
+/// nor `size` see it. Names may repeat. Positions stay valid until their value is removed. A search
+/// that meets a value without a body throws `TzTHRInvalidPointer`. Not locked: one list is used by
+/// one thread at a time.
 class TZSOAP_API TzSoapValueList {
 public:
     /// Position of a value.
@@ -74,10 +74,19 @@ public:
     /// The first value named `name`, `end()` if absent. O(size).
     const_iterator find(const TzXmlName& name) const;
     /// Removes the value at `position`; returns the position of the next one. The text before it
-    /// stays unless it is white space.
+    /// stays unless it is white space: it comes before the text that follows. Without memory for
+    /// that nothing changes. O(length of the text that follows).
     iterator remove(const_iterator position) {
         if (texts_ != nullptr) {
             joinText(position);
+        }
+        return values_.erase(position);
+    }
+    /// Removes the value at `position` and the text before it; returns the position of the next
+    /// value. O(log size).
+    iterator erase(const_iterator position) noexcept {
+        if (texts_ != nullptr) {
+            eraseText(position);
         }
         return values_.erase(position);
     }
@@ -105,10 +114,11 @@ private:
     const TzSoapType* keyOf(const_iterator position) const noexcept {
         return position == values_.end() ? nullptr : &*position;
     }
-    void moveText(const_iterator from, const_iterator to);
+    void moveText(const_iterator from, const_iterator to) noexcept;
     void joinText(const_iterator removed);
+    void eraseText(const_iterator position) noexcept;
     void copyTextOf(const TzSoapValueList& other);
 
     std::list<TzSoapType> values_;
-    Texts* texts_ = nullptr; // owned; of few lists
+    Texts* texts_ = nullptr; // owned, of few lists; <memory> is too heavy for this header
 };

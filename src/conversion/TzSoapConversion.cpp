@@ -10,6 +10,7 @@
 #include <soap/TzSoapReferenceTypeImp.h>
 #include <soap/TzSoapSparseArrayImp.h>
 #include <soap/TzSoapUserDefinedTypeImp.h>
+#include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapAccess.h"
 #include "values/TzSoapHeldValues.h"
@@ -56,7 +57,7 @@ TzSoapConversion::TzSoapConversion(TzSoapMessage& message, const TzSoapVersion& 
 std::vector<TzCString> TzSoapConversion::run() {
     findTargets();
     elements_.setTargets(targets_);
-    if (terms_.habits().targetsInline) {
+    if (terms_.habits().targetsInline && !isLiteral()) {
         findTargetEntries();
     }
     prepareEnvelope();
@@ -66,6 +67,8 @@ std::vector<TzCString> TzSoapConversion::run() {
     apply();
     return losses_.take();
 }
+
+bool TzSoapConversion::isLiteral() const { return message_.getStyle() == TzSoapStyle::Literal; }
 
 void TzSoapConversion::findTargets() {
     TzSoapHeader& header = message_.getSoapHeader();
@@ -130,6 +133,15 @@ TzSoapConversion::Style TzSoapConversion::takeStyle(TzSoapElementImp& container,
     return style->empty() ? around : style;
 }
 
+void TzSoapConversion::loseTextBefore(TzSoapHeader::iterator entry) {
+    const TzSoapHeaderImp& header = TzSoapAccess::body(message_.getSoapHeader());
+    const TzCString& text = header.entries().textBefore(entry);
+    if (!TzXmlUtils::trim(text).empty()) {
+        losses_.add("text before header entry " + TzSoapLosses::shown(entry->getName().asString()),
+                    TzSoapLosses::LeftOut);
+    }
+}
+
 TzSoapConversion::Style TzSoapConversion::prepareBlock(TzSoapElementImp& block,
                                                        TzSoapVersion::SoapElement element) {
     TzSoapDraft draft(block, changes_);
@@ -146,6 +158,7 @@ void TzSoapConversion::prepareHeader() {
         if (report && !terms_.hasMisunderstood()) {
             losses_.add("header entry " + TzSoapLosses::shown(entry->getName().asString()),
                         TzSoapLosses::LeftOut);
+            loseTextBefore(entry);
             leftOut_.push_back(entry);
         } else {
             prepareEntry(*entry, style);
@@ -227,9 +240,7 @@ void TzSoapConversion::prepareName(TzSoapDraft& entry) {
 }
 
 void TzSoapConversion::prepareValue(TzSoapTypeImp& value, TzSoapDraft& draft) {
-    // In a literal message no attribute refers.
-    const bool isLiteral = message_.getStyle() == TzSoapStyle::Literal;
-    elements_.convert(draft, isLiteral ? Reference::Block : referenceOf(value));
+    elements_.convert(draft, isLiteral() ? Reference::Block : referenceOf(value));
     const std::size_t before = waiting_.size();
     switch (value.getSoapTypeId()) {
     case TzSoapContentBase::Array:
@@ -315,11 +326,11 @@ void TzSoapConversion::apply() noexcept {
         *place = std::move(value);
     }
     for (const TzSoapHeader::iterator entry : leftOut_) {
-        message_.getSoapHeader().removeHeaderEntry(entry);
+        TzSoapAccess::body(message_.getSoapHeader()).entries().erase(entry);
     }
     TzSoapBody& body = message_.getSoapBody();
     for (const TzSoapBody::iterator entry : moved_) {
-        body.removeEntry(entry);
+        TzSoapAccess::body(body).entries().erase(entry);
     }
     if (body.hasSoapFault()) {
         fault_.apply(TzSoapAccess::body(body.getSoapFault()));

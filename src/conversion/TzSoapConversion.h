@@ -37,12 +37,16 @@ public:
 private:
     using Style = TzSharedRecord<TzCString>; // one text for all entries that state it
 
+    /// Whether no attribute of the message refers.
+    bool isLiteral() const;
+
     // Drafts of everything
     void prepareEnvelope();
     void prepareHeader();
     void prepareBody();
     void findTargets();
     void findTargetEntries();
+    void loseTextBefore(TzSoapHeader::iterator entry);
     Style prepareBlock(TzSoapElementImp& block, TzSoapVersion::SoapElement element);
     void prepareDetail(TzSoapTypeImp& detail, const Style& style);
     void prepareEntry(TzSoapType& entry, const Style& style);

@@ -30,8 +30,9 @@ TzSoapValueList::TzSoapValueList(TzSoapValueList&& other) noexcept
     : values_(std::move(other.values_)), texts_(std::exchange(other.texts_, nullptr)) {}
 
 TzSoapValueList& TzSoapValueList::operator=(TzSoapValueList&& other) noexcept {
-    std::swap(values_, other.values_);
-    std::swap(texts_, other.texts_);
+    TzSoapValueList taken(std::move(other));
+    std::swap(values_, taken.values_);
+    std::swap(texts_, taken.texts_);
     return *this;
 }
 
@@ -84,7 +85,7 @@ void TzSoapValueList::setTextBefore(const_iterator position, TzCString text) {
     }
 }
 
-void TzSoapValueList::moveText(const_iterator from, const_iterator to) {
+void TzSoapValueList::moveText(const_iterator from, const_iterator to) noexcept {
     Texts::node_type text = texts_->extract(keyOf(from));
     if (!text.empty()) {
         text.key() = keyOf(to);
@@ -93,14 +94,27 @@ void TzSoapValueList::moveText(const_iterator from, const_iterator to) {
 }
 
 void TzSoapValueList::joinText(const_iterator removed) {
-    Texts::node_type text = texts_->extract(keyOf(removed));
-    // White space sets the value off only.
-    if (text.empty() || TzXmlUtils::trim(text.mapped()).empty()) {
+    const auto text = texts_->find(keyOf(removed));
+    if (text == texts_->end()) {
         return;
     }
-    TzCString& next = (*texts_)[keyOf(std::next(removed))];
-    text.mapped() += next;
-    next = std::move(text.mapped());
+    // White space sets the value off only.
+    if (TzXmlUtils::trim(text->second).empty()) {
+        texts_->erase(text);
+        return;
+    }
+    const auto next = texts_->find(keyOf(std::next(removed)));
+    if (next == texts_->end()) {
+        moveText(removed, std::next(removed));
+    } else {
+        text->second += next->second;
+        next->second = std::move(text->second);
+        texts_->erase(text);
+    }
+}
+
+void TzSoapValueList::eraseText(const_iterator position) noexcept {
+    texts_->erase(keyOf(position));
 }
 
 TzSoapValueList::iterator TzSoapValueList::find(const TzXmlName& name) {

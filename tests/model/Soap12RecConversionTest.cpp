@@ -11,9 +11,12 @@
 #include <soap/TzSoapSparseArrayType.h>
 #include <soap/TzSoapVersionConverter.h>
 
+#include "support/AllocationFailure.h"
+
 #include <gtest/gtest.h>
 
 #include <map>
+#include <new>
 
 namespace {
 
@@ -52,38 +55,26 @@ const std::string Style11 = R"( env:encodingStyle="http://schemas.xmlsoap.org/so
 const std::string Style12 = R"( env:encodingStyle="http://www.w3.org/2002/06/soap-encoding")";
 
 /// An entry with an array of two ints, a reference and its target, as each version writes it.
-std::string entry11() {
-    return "    <e" + Style11 + R"(>
-      <list enc:arrayType="xsd:int[2]">
+std::string entry(const std::string& style, const std::string& list, const std::string& id,
+                  const std::string& ref) {
+    return "    <e" + style + ">\n      <list " + list + R"(>
         <i>1</i>
         <i>2</i>
       </list>
-      <a id="t">5</a>
-      <b href="#t"/>
-    </e>
-)";
+      <a )" +
+           id + R"(="t">5</a>
+      <b )" +
+           ref + "/>\n    </e>\n";
+}
+std::string entry11() {
+    return entry(Style11, R"(enc:arrayType="xsd:int[2]")", "id", R"(href="#t")");
 }
 std::string entry12() {
-    return "    <e" + Style12 + R"(>
-      <list enc:itemType="xsd:int" enc:arraySize="2">
-        <i>1</i>
-        <i>2</i>
-      </list>
-      <a id="t">5</a>
-      <b ref="#t"/>
-    </e>
-)";
+    return entry(Style12, R"(enc:itemType="xsd:int" enc:arraySize="2")", "id", R"(ref="#t")");
 }
 std::string entryRec() {
-    return "    <e" + EncodedRec + R"(>
-      <list enc:itemType="xsd:int" enc:arraySize="2">
-        <i>1</i>
-        <i>2</i>
-      </list>
-      <a enc:id="t">5</a>
-      <b enc:ref="t"/>
-    </e>
-)";
+    return entry(EncodedRec, R"(enc:itemType="xsd:int" enc:arraySize="2")", "enc:id",
+                 R"(enc:ref="t")");
 }
 
 } // namespace
@@ -235,4 +226,48 @@ TEST(Soap12RecConversion, FurtherReasonsAreLosses) {
         converted(message, TzSoapVersion::V1_1, {"fault reason in \"de\": left out"});
     EXPECT_NE(text.find("<faultcode>SOAP-ENV:Client</faultcode>"), std::string::npos) << text;
     EXPECT_NE(text.find("<faultstring>No</faultstring>"), std::string::npos) << text;
+}
+
+namespace {
+
+/// A literal message whose header has text around a report, which SOAP 1.1 cannot have.
+TzSoapMessage literalReport() {
+    TzSoapMessage message;
+    message.setStyle(TzSoapStyle::Literal);
+    message.setReadLimits({.soap12Recommendation = true});
+    message.extract(TzCString(
+        R"(<env:Envelope xmlns:env="http://www.w3.org/2003/05/soap-envelope"><env:Header>)"
+        R"(a text before the only report<env:NotUnderstood xmlns:t="urn:t" qname="t:Transaction"/>)"
+        R"(and a text after the report</env:Header><env:Body><a/></env:Body></env:Envelope>)"));
+    return message;
+}
+
+} // namespace
+
+TEST(Soap12RecConversion, TheTextBeforeAReportIsLeftOutWithIt) {
+    TzSoapMessage message = literalReport();
+    EXPECT_EQ(TzSoapVersionConverter(TzSoapVersion::V1_1).convert(message),
+              (Losses{"header entry f:Misunderstood: left out",
+                      "text before header entry f:Misunderstood: left out"}));
+    const std::string text = message.asString();
+    EXPECT_EQ(text.find("before the only report"), std::string::npos) << text;
+    EXPECT_NE(text.find(">and a text after the report</env:Header>"), std::string::npos) << text;
+}
+
+TEST(Soap12RecConversion, WithoutMemoryAMessageWithTextStaysAsItWas) {
+    const std::string before = literalReport().asString();
+    bool failed = true;
+    for (std::size_t nth = 1; failed; ++nth) {
+        TzSoapMessage message = literalReport();
+        {
+            const AllocationFailure failure(nth, OutOfMemory::FromThenOn);
+            try {
+                TzSoapVersionConverter(TzSoapVersion::V1_1).convert(message);
+            } catch (const std::bad_alloc&) {
+                EXPECT_TRUE(failure.happened());
+            }
+            failed = failure.happened();
+        }
+        EXPECT_EQ(message.asString() == before, failed) << "allocation " << nth;
+    }
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/AllocationFailure.h"
 #include "support/CataloguedError.h"
 #include "support/Named.h"
 #include "support/Throws.h"
@@ -11,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <iterator>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -165,6 +167,61 @@ TEST(TzSoapValueList, PlaceholdersCannotBeCopied) {
     expectCatalogued<TzXmlError>([&] { list.copyValues(); }, 0x7019,
                                  "[BAD_USAGE][Illegal use of this Class/Method "
                                  "\"TzSoapDefaultType\". Check the documentation]");
+}
+
+constexpr char Long[] = "a text of more than fifteen letters";
+
+TEST(TzSoapValueList, WithoutMemoryRemovingChangesNothing) {
+    for (const bool following : {false, true}) {
+        const TzSoapValueList before = [&] {
+            TzSoapValueList list = listOf({"a", "b"});
+            list.setTextBefore(list.begin(), Long);
+            if (following) {
+                list.setTextBefore(std::next(list.begin()), Long);
+            }
+            return list;
+        }();
+        bool failed = true;
+        for (std::size_t nth = 1; failed; ++nth) {
+            TzSoapValueList list = before;
+            {
+                const AllocationFailure failure(nth);
+                try {
+                    list.remove(list.begin());
+                } catch (const std::bad_alloc&) {
+                    EXPECT_TRUE(failure.happened());
+                }
+                failed = failure.happened();
+            }
+            const std::string first = list.textBefore(list.begin());
+            EXPECT_EQ(list.size(), failed ? 2u : 1u);
+            EXPECT_EQ(first, failed || !following ? Long : std::string(Long) + Long);
+        }
+    }
+}
+
+TEST(TzSoapValueList, ErasingTakesTheTextBeforeAlong) {
+    TzSoapValueList list = listOf({"a", "b"});
+    list.setTextBefore(list.begin(), "first");
+    list.setTextBefore(std::next(list.begin()), "second");
+    const AllocationFailure failure(1, OutOfMemory::FromThenOn);
+    const auto next = list.erase(list.begin());
+    EXPECT_EQ(next->getName().getLocalName(), "b");
+    EXPECT_EQ(list.textBefore(next), "second");
+    EXPECT_EQ(list.erase(next), list.end());
+    EXPECT_FALSE(list.hasText());
+    EXPECT_FALSE(failure.happened());
+}
+
+TEST(TzSoapValueList, WhatWasMovedAwayHasNoText) {
+    TzSoapValueList list = listOf({"a"});
+    list.setTextBefore(list.begin(), "text");
+    TzSoapValueList other = listOf({"b"});
+    other.setTextBefore(other.end(), "old");
+    other = std::move(list);
+    EXPECT_EQ(other.textBefore(other.begin()), "text");
+    EXPECT_EQ(other.textBefore(other.end()), "");
+    EXPECT_FALSE(list.hasText()); // NOLINT(bugprone-use-after-move): that is the question
 }
 
 } // namespace
