@@ -8,15 +8,13 @@
 #include <soap/TzSoapReferenceTypeImp.h>
 #include <soap/TzSoapSimpleTypeImp.h>
 #include <soap/TzSoapUserDefinedTypeImp.h>
-#include <tz/tools/TzMessage.h>
-#include <tz/xml/TzThrow.h>
 #include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapAccess.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
-#include <string>
 #include <utility>
 
 namespace {
@@ -208,7 +206,8 @@ void TzSoapContainerOutput::open(TzSoapCompactArrayImp& value, std::string_view 
         items = {{range.begin(), range.end()}, 0};
         if (!hasPositions() && !TzSoapArrayTypeImp::isDefaultOffset(value.getOffsetIndex())) {
             items.gap = value.indexToLinear(value.getOffsetIndex(), true);
-            checkGaps(items.gap, value.entries());
+            context_.gaps().add(items.gap,
+                                static_cast<std::uint64_t>(std::distance(items.next, items.end)));
         }
     }
     enter(std::as_const(value).getName(), value, items);
@@ -272,20 +271,10 @@ TzSoapContainerOutput::filledItems(TzSoapSparseArrayImp& value) const {
     filled.items.erase(std::unique(filled.items.begin(), filled.items.end(), isSame),
                        filled.items.end());
     if (!filled.items.empty()) {
-        checkGaps(filled.items.back().first + 1 - filled.items.size(), filled.items.size());
+        context_.gaps().add(filled.items.back().first + 1 - filled.items.size(),
+                            filled.items.size());
     }
     return filled;
-}
-
-void TzSoapContainerOutput::checkGaps(std::uint64_t gaps, std::uint64_t items) {
-    constexpr std::uint64_t Always = 1024;
-    constexpr std::uint64_t ForEachItem = 16;
-    if (gaps > Always && gaps > items * ForEachItem) {
-        TzThrow(TzXmlDomainError(TzMessage(
-            "An array of " + std::to_string(items) + " items with " + std::to_string(gaps) +
-            " positions without one before them is not written: this version of SOAP has "
-            "neither positions nor offsets")));
-    }
 }
 
 bool TzSoapContainerOutput::openArray(TzSoapTypeImp& value, std::string_view position) {

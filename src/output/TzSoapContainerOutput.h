@@ -95,7 +95,6 @@ private:
     void startArray(TzSoapArrayTypeImp& value, std::string_view position);
     bool hasPositions() const;
     FilledItems filledItems(TzSoapSparseArrayImp& value) const;
-    static void checkGaps(std::uint64_t gaps, std::uint64_t items);
     template <typename Rest>
     void enter(const TzXmlName& name, const TzSoapTypeImp& value, const Rest& rest);
     void close();

@@ -9,6 +9,7 @@
 
 #include "model/TzSoapAccess.h"
 #include "model/TzSoapVersionTable.h"
+#include "output/TzSoapGapBudget.h"
 #include "output/TzSoapInlineTargets.h"
 #include "output/TzSoapReferenceBook.h"
 #include "output/TzSoapScope.h"
@@ -92,6 +93,8 @@ public:
     TzSoapReferenceBook& book() const noexcept { return shared_->book; }
     /// Where targets of references stand, shared with outer and inner writers.
     TzSoapInlineTargets& targets() const noexcept { return shared_->targets; }
+    /// The gaps of arrays written so far, shared with outer and inner writers.
+    TzSoapGapBudget& gaps() const noexcept { return shared_->gaps; }
     /// Whether `name` is that of a header entry which lists supported envelopes and never states a
     /// style.
     bool isUpgrade(const TzXmlName& name) const {
@@ -142,6 +145,7 @@ private:
         TzSoapScope scope;
         TzSoapReferenceBook book;
         TzSoapInlineTargets targets;
+        TzSoapGapBudget gaps;
     };
 
     const Kind* kind_;
@@ -159,17 +163,19 @@ private:
 };
 
 /// Values that are written together: as long as it lives, the context knows where targets of
-/// references stand among them. Does nothing when the version writes no target inline, and within
-/// another one.
+/// references stand among them, and their arrays share one budget for gaps. Does nothing when the
+/// version writes no target inline, and within another one.
 class TzSoapWrittenTogether {
 public:
     explicit TzSoapWrittenTogether(const TzSoapOutputContext& context)
-        : targets_(context.habits().targetsInline && context.targets().isEmpty()
+        : gaps_(context.gaps()),
+          targets_(context.habits().targetsInline && context.targets().isEmpty()
                        ? &context.targets()
                        : nullptr) {}
     ~TzSoapWrittenTogether() {
         if (targets_ != nullptr) {
             targets_->clear();
+            gaps_ = TzSoapGapBudget();
         }
     }
     TzSoapWrittenTogether(const TzSoapWrittenTogether&) = delete;
@@ -191,6 +197,7 @@ public:
     }
 
 private:
+    TzSoapGapBudget& gaps_;
     TzSoapInlineTargets* targets_;
 };
 

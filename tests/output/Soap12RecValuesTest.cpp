@@ -10,7 +10,9 @@
 #include <soap/TzSoapMisunderstoodType.h>
 #include <soap/TzSoapSerializer.h>
 #include <soap/TzSoapSparseArrayType.h>
+#include <soap/TzSoapWriter.h>
 #include <tz/xml/TzXmlDomainError.h>
+#include <tz/xml/TzXmlStringWriter.h>
 
 #include "support/Throws.h"
 
@@ -35,6 +37,14 @@ std::string arrayLines(const std::string& attributes, const std::string& items) 
 const std::string NilItem =
     "        <tznone:unnamed xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
     "xmlns:tznone=\"urn:tz-soap:unnamed\" xsi:nil=\"1\"></tznone:unnamed>\n";
+
+/// The error of an array with too many gaps.
+std::string refusedGaps(int items, unsigned int gaps, unsigned int inAll) {
+    return "An array of " + std::to_string(items) + " items with " + std::to_string(gaps) +
+           " positions without one before them is not written: this version of SOAP has neither "
+           "positions nor offsets, and the message would get " +
+           std::to_string(inAll) + " nil items in their place";
+}
 
 } // namespace
 
@@ -113,14 +123,41 @@ TEST(Soap12RecValues, AnArrayThatIsNearlyAllGapsIsRefused) {
     TzSoapSparseArrayType list(TzXmlName("list"), "xsd:int", 4000000000U);
     list[3999999999U] = intValue("i", 5);
     EXPECT_EQ(textThrown<TzXmlDomainError>([&] { wireRec({list}); }),
-              "An array of 1 items with 3999999999 positions without one before them is not "
-              "written: this version of SOAP has neither positions nor offsets");
+              refusedGaps(1, 3999999999, 3999999999));
     EXPECT_NE(wire12({list}).find("position=\"3999999999\""), std::string::npos);
     TzSoapCompactArrayType late(TzXmlName("list"), "xsd:int", 4U, 0U);
     late.setOffset(std::vector<unsigned int>{2000});
-    EXPECT_EQ(textThrown<TzXmlDomainError>([&] { wireRec({late}); }),
-              "An array of 4 items with 2000 positions without one before them is not "
-              "written: this version of SOAP has neither positions nor offsets");
+    EXPECT_EQ(textThrown<TzXmlDomainError>([&] { wireRec({late}); }), refusedGaps(0, 2000, 2000));
+}
+
+/// A message with `count` arrays whose first 500 positions are left out.
+TzSoapMessage withLateArrays(int count) {
+    TzSoapMessage message = messageRec({});
+    for (int i = 0; i < count; ++i) {
+        TzSoapCompactArrayType late(TzXmlName("list"), "xsd:int", 504U, 0U);
+        late.setOffset(std::vector<unsigned int>{500});
+        message.getSoapBody().appendEntry(late);
+    }
+    return message;
+}
+
+TEST(Soap12RecValues, TheGapsOfAllArraysOfAMessageAreLimitedTogether) {
+    TzSoapMessage three = withLateArrays(3);
+    EXPECT_EQ(textThrown<TzXmlDomainError>([&] { wire(three); }), refusedGaps(0, 500, 1500));
+}
+
+TEST(Soap12RecValues, TheNextMessageOfAWriterMayHaveGapsAgain) {
+    TzXmlStringWriter text;
+    TzSoapWriter writer(&text, nullptr);
+    const TzSoapMessage two = withLateArrays(2);
+    two.acceptVisitor(writer);
+    two.acceptVisitor(writer);
+    const std::string written = text.getString();
+    std::size_t items = 0;
+    for (std::size_t at = 0; (at = written.find(" xsi:nil=\"1\"", at)) != std::string::npos; ++at) {
+        ++items;
+    }
+    EXPECT_EQ(items, 2000u);
 }
 
 TEST(Soap12RecValues, AReportIsCalledNotUnderstood) {
