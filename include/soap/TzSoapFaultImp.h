@@ -155,7 +155,7 @@ private:
     };
 
     State stateAfter(const TzXmlName& name) const;
-    State oldStateAfter(const TzXmlName& name) const;
+    State stateAfter(const TzXmlName& name, TzSoapVersion::Version other) const;
     void readDetail(const TzXmlName& name, const TzXmlAttributeSet& attributes);
     void keepSpelling();
     void setValue();

@@ -116,143 +116,115 @@ const TzSoapVersionTable& TzSoapVersionTable::soap11() {
 }
 
 // NOLINTNEXTLINE(readability-function-size): a table, a line for each name
-const TzSoapVersionTable& TzSoapVersionTable::soap12() {
+TzSoapVersionTable::Texts TzSoapVersionTable::soap12Texts() {
     using Tags = TzSoapVersion;
-    static TzSoapLasting<const TzSoapVersionTable> table([] {
-        return TzSoapVersionTable(Texts{
-            .errorName = "Version1_2",
-            .namespaces = {{
-                {},
-                {"env", "http://www.w3.org/2002/06/soap-envelope"},
-                {"enc", "http://www.w3.org/2002/06/soap-encoding"},
-                {"f", "http://www.w3.org/2002/06/soap-faults"},
-                {"rpc", "http://www.w3.org/2002/06/soap-rpc"},
-                {"upgrade", "http://www.w3.org/2002/06/soap-upgrade"},
-            }},
-            .attributes = {{
-                {Tags::EncodingStyleTag, Envelope},
-                {Tags::MustUnderstandTag, Envelope},
-                {"role", Envelope},
-                {Tags::RootTag, Encoding},
-                {},
-                {Tags::PositionTag, Encoding},
-                {Tags::OffsetTag, Encoding},
-                {"itemType", Encoding},
-                {"arraySize", Encoding},
-                {"ref", Unqualified},
-                {"href", Unqualified},
-            }},
-            .elements = {{
-                {Tags::EnvelopeTag, Envelope},
-                {Tags::BodyTag, Envelope},
-                {Tags::HeaderTag, Envelope},
-                {Tags::FaultTag, Envelope},
-                {"Code", Envelope},
-                {"Reason", Envelope},
-                {"Node", Envelope},
-                {"Role", Envelope},
-                {"Detail", Envelope},
-                {"Subcode", Envelope},
-                {"Value", Envelope},
-                {Tags::MisunderstoodTag, Faults},
-            }},
-            .faultCodes = {{
-                {Tags::VersionMismatchTag, Envelope},
-                {Tags::MustUnderstandFaultTag, Envelope},
-                {Tags::ReceiverTag, Envelope},
-                {Tags::SenderTag, Envelope},
-                {Tags::DataEncodingUnknownTag, Envelope},
-                {Tags::DTDNotSupportedTag, Envelope},
-            }},
-            .subFaultCodes = {{
-                {Tags::MissingIDTag, Encoding},
-                {Tags::UnTypedValueTag, Encoding},
-                {Tags::ProcedureNotPresentTag, Rpc},
-                {Tags::BadArgumentsTag, Rpc},
-            }},
-            .roleSuffixes = {{"/role/next", "/role/none", "/role/ultimateReceiver"}},
-            .terms = {{{"id", Unqualified}}},
-            .noStyleSuffix = {},
-            .habits = {},
-        });
-    });
+    return {
+        .errorName = "Version1_2",
+        .namespaces = {{
+            {},
+            {"env", "http://www.w3.org/2002/06/soap-envelope"},
+            {"enc", "http://www.w3.org/2002/06/soap-encoding"},
+            {"f", "http://www.w3.org/2002/06/soap-faults"},
+            {"rpc", "http://www.w3.org/2002/06/soap-rpc"},
+            {"upgrade", "http://www.w3.org/2002/06/soap-upgrade"},
+        }},
+        .attributes = {{
+            {Tags::EncodingStyleTag, Envelope},
+            {Tags::MustUnderstandTag, Envelope},
+            {"role", Envelope},
+            {Tags::RootTag, Encoding},
+            {},
+            {Tags::PositionTag, Encoding},
+            {Tags::OffsetTag, Encoding},
+            {"itemType", Encoding},
+            {"arraySize", Encoding},
+            {"ref", Unqualified},
+            {"href", Unqualified},
+        }},
+        .elements = {{
+            {Tags::EnvelopeTag, Envelope},
+            {Tags::BodyTag, Envelope},
+            {Tags::HeaderTag, Envelope},
+            {Tags::FaultTag, Envelope},
+            {"Code", Envelope},
+            {"Reason", Envelope},
+            {"Node", Envelope},
+            {"Role", Envelope},
+            {"Detail", Envelope},
+            {"Subcode", Envelope},
+            {"Value", Envelope},
+            {Tags::MisunderstoodTag, Faults},
+        }},
+        .faultCodes = {{
+            {Tags::VersionMismatchTag, Envelope},
+            {Tags::MustUnderstandFaultTag, Envelope},
+            {Tags::ReceiverTag, Envelope},
+            {Tags::SenderTag, Envelope},
+            {Tags::DataEncodingUnknownTag, Envelope},
+            {Tags::DTDNotSupportedTag, Envelope},
+        }},
+        .subFaultCodes = {{
+            {Tags::MissingIDTag, Encoding},
+            {Tags::UnTypedValueTag, Encoding},
+            {Tags::ProcedureNotPresentTag, Rpc},
+            {Tags::BadArgumentsTag, Rpc},
+        }},
+        .roleSuffixes = {{"/role/next", "/role/none", "/role/ultimateReceiver"}},
+        .terms = {{{"id", Unqualified}}},
+        .noStyleSuffix = {},
+        .habits = {},
+    };
+}
+
+TzSoapVersionTable::Texts TzSoapVersionTable::soap12RecTexts() {
+    Texts texts = soap12Texts();
+    texts.errorName = "V1_2Rec";
+    texts.namespaces = {{
+        {},
+        {"env", "http://www.w3.org/2003/05/soap-envelope"},
+        {"enc", "http://www.w3.org/2003/05/soap-encoding"},
+        {},
+        {"rpc", "http://www.w3.org/2003/05/soap-rpc"},
+    }};
+    for (const auto dropped :
+         {TzSoapVersion::Root, TzSoapVersion::Position, TzSoapVersion::Offset}) {
+        texts.attributes[dropped] = {};
+    }
+    texts.attributes[TzSoapVersion::Ref].home = Encoding;
+    texts.elements[TzSoapVersion::Misunderstood] = {"NotUnderstood", Envelope};
+    texts.faultCodes[static_cast<std::size_t>(TzSoapVersion::DTDNotSupported)] = {};
+    texts.subFaultCodes[static_cast<std::size_t>(TzSoapVersion::UnTypedValue)].localName =
+        "UntypedValue";
+    texts.terms = {{
+        {"id", Encoding},
+        {"nodeType", Encoding},
+        {"relay", Envelope},
+        {"Text", Envelope},
+        {"Upgrade", Envelope},
+        {"SupportedEnvelope", Envelope},
+        {"DuplicateID", Encoding},
+        {"result", Rpc},
+    }};
+    texts.noStyleSuffix = "/encoding/none";
+    texts.habits = {.blocksStateStyle = false,
+                    .targetsInline = true,
+                    .refersByFragment = false,
+                    .refusesForeignCodes = true,
+                    .readsFaultsOf = TzSoapVersion::V1_1,
+                    .senderStatus = 400,
+                    .packageType = "application/soap+xml"};
+    return texts;
+}
+
+const TzSoapVersionTable& TzSoapVersionTable::soap12() {
+    static TzSoapLasting<const TzSoapVersionTable> table(
+        [] { return TzSoapVersionTable(soap12Texts()); });
     return *table;
 }
 
-// NOLINTNEXTLINE(readability-function-size): a table, a line for each name
 const TzSoapVersionTable& TzSoapVersionTable::soap12Rec() {
-    using Tags = TzSoapVersion;
-    static TzSoapLasting<const TzSoapVersionTable> table([] {
-        return TzSoapVersionTable(Texts{
-            .errorName = "V1_2Rec",
-            .namespaces = {{
-                {},
-                {"env", "http://www.w3.org/2003/05/soap-envelope"},
-                {"enc", "http://www.w3.org/2003/05/soap-encoding"},
-                {},
-                {"rpc", "http://www.w3.org/2003/05/soap-rpc"},
-            }},
-            .attributes = {{
-                {Tags::EncodingStyleTag, Envelope},
-                {Tags::MustUnderstandTag, Envelope},
-                {"role", Envelope},
-                {},
-                {},
-                {},
-                {},
-                {"itemType", Encoding},
-                {"arraySize", Encoding},
-                {"ref", Encoding},
-                {"href", Unqualified},
-            }},
-            .elements = {{
-                {Tags::EnvelopeTag, Envelope},
-                {Tags::BodyTag, Envelope},
-                {Tags::HeaderTag, Envelope},
-                {Tags::FaultTag, Envelope},
-                {"Code", Envelope},
-                {"Reason", Envelope},
-                {"Node", Envelope},
-                {"Role", Envelope},
-                {"Detail", Envelope},
-                {"Subcode", Envelope},
-                {"Value", Envelope},
-                {"NotUnderstood", Envelope},
-            }},
-            .faultCodes = {{
-                {Tags::VersionMismatchTag, Envelope},
-                {Tags::MustUnderstandFaultTag, Envelope},
-                {Tags::ReceiverTag, Envelope},
-                {Tags::SenderTag, Envelope},
-                {Tags::DataEncodingUnknownTag, Envelope},
-            }},
-            .subFaultCodes = {{
-                {Tags::MissingIDTag, Encoding},
-                {"UntypedValue", Encoding},
-                {Tags::ProcedureNotPresentTag, Rpc},
-                {Tags::BadArgumentsTag, Rpc},
-            }},
-            .roleSuffixes = {{"/role/next", "/role/none", "/role/ultimateReceiver"}},
-            .terms = {{
-                {"id", Encoding},
-                {"nodeType", Encoding},
-                {"relay", Envelope},
-                {"Text", Envelope},
-                {"Upgrade", Envelope},
-                {"SupportedEnvelope", Envelope},
-                {"DuplicateID", Encoding},
-                {"result", Rpc},
-            }},
-            .noStyleSuffix = "/encoding/none",
-            .habits = {.blocksStateStyle = false,
-                       .targetsInline = true,
-                       .refersByFragment = false,
-                       .refusesForeignCodes = true,
-                       .readsOldFaults = true,
-                       .senderStatus = 400,
-                       .packageType = "application/soap+xml"},
-        });
-    });
+    static TzSoapLasting<const TzSoapVersionTable> table(
+        [] { return TzSoapVersionTable(soap12RecTexts()); });
     return *table;
 }
 

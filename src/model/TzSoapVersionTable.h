@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 /// All names of one version, made once from constant texts and indexed by the enumerators.
@@ -47,8 +48,9 @@ public:
         bool targetsInline = false;     ///< A target stands where the first reference to it would.
         bool refersByFragment = true;   ///< A reference is "#id" instead of "id".
         bool refusesForeignCodes = false; ///< A fault takes no code that only other versions have.
-        bool readsOldFaults = false; ///< Peers write faults with the children of SOAP 1.1, too.
-        int senderStatus = 500;      ///< HTTP status of a fault of the sender.
+        /// Peers write the children of faults as in this version, too; empty: they do not.
+        std::optional<TzSoapVersion::Version> readsFaultsOf = std::nullopt;
+        int senderStatus = 500;               ///< HTTP status of a fault of the sender.
         const char* packageType = "text/xml"; ///< Media type of the envelope in a package.
     };
     /// The texts of a version; it lacks what is left out.
@@ -134,6 +136,9 @@ public:
 
 private:
     explicit TzSoapVersionTable(const Texts& texts);
+    static Texts soap12Texts();
+    /// The texts of 2002 with the differences of 2003.
+    static Texts soap12RecTexts();
 
     const TzXmlName& validCode(const TzXmlName& name) const;
 

@@ -19,17 +19,7 @@ void TzSoapLiteralRules::enter(TzSoapScope& scope, const TzXmlAttributeSet& attr
     TzSoapSerializerRules::instance().enter(scope, attributes);
 }
 
-void TzSoapLiteralRules::collectDeclaration(TzSoapScope&, const TzXmlAttribute&) const {}
-
 TzCString TzSoapLiteralRules::uniquePrefix(const TzSoapScope& scope, std::string_view prefix,
                                            std::string_view uri) const {
     return TzSoapWriterRules::instance().uniquePrefix(scope, prefix, uri);
 }
-
-void TzSoapLiteralRules::collectStyle(TzSoapStartTag&, std::string_view) const {}
-
-void TzSoapLiteralRules::qualifyStyle(TzSoapStartTag&) const {}
-
-void TzSoapLiteralRules::writeStyle(TzSoapStartTag&) const {}
-
-void TzSoapLiteralRules::collectBodyProperties(TzSoapStartTag&, const TzSoapElementImp&) const {}

@@ -16,6 +16,7 @@ class TzXmlAttributeSet;
 
 /// What the writer, the serializer and literal messages do differently: where an element's
 /// declarations go, how prefixes are invented, and where the encoding style is written. Immutable.
+/// What does nothing unless overridden is of no concern to rules that write no style.
 class TzSoapScopeRules {
 public:
     TzSoapScopeRules(const TzSoapScopeRules&) = delete;
@@ -29,19 +30,18 @@ public:
     /// An element that carries `attributes` is opened in `scope`; nothing of it is qualified yet.
     virtual void enter(TzSoapScope& scope, const TzXmlAttributeSet& attributes) const = 0;
     /// Collects a declaration that the element carries as an attribute.
-    virtual void collectDeclaration(TzSoapScope& scope,
-                                    const TzXmlAttribute& declaration) const = 0;
+    virtual void collectDeclaration(TzSoapScope&, const TzXmlAttribute&) const {}
     /// A prefix made from `prefix` that can be declared for `uri` in `scope`.
     virtual TzCString uniquePrefix(const TzSoapScope& scope, std::string_view prefix,
                                    std::string_view uri) const = 0;
-    /// Collects `style` as the one that the element states.
-    virtual void collectStyle(TzSoapStartTag& tag, std::string_view style) const = 0;
+    /// Collects the style in the text as the one that the element states.
+    virtual void collectStyle(TzSoapStartTag&, std::string_view) const {}
     /// Declares what the style attribute needs, which the element states.
-    virtual void qualifyStyle(TzSoapStartTag& tag) const = 0;
+    virtual void qualifyStyle(TzSoapStartTag&) const {}
     /// Writes the style, which the element states, when it is not among the collected attributes.
-    virtual void writeStyle(TzSoapStartTag& tag) const = 0;
-    /// Collects what the body of a message has besides the attributes of every block.
-    virtual void collectBodyProperties(TzSoapStartTag& tag, const TzSoapElementImp& body) const = 0;
+    virtual void writeStyle(TzSoapStartTag&) const {}
+    /// Collects what the body of a message, the element, has besides the attributes of every block.
+    virtual void collectBodyProperties(TzSoapStartTag&, const TzSoapElementImp&) const {}
 
 protected:
     explicit TzSoapScopeRules(const TzSoapStyleTraits& style) noexcept : style_(style) {}

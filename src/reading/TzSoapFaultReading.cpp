@@ -58,7 +58,7 @@ void TzSoapFaultImp::startElement(const TzXmlName& name, const TzXmlAttributeSet
     state_ = stateAfter(name);
     if (state_ == State::ReasonText) {
         noteUnusedText();
-        text_.clear(); // an empty reason has no text of its own
+        text_.clear(); // that of the text before must not become this one's
     }
     if (state_ == State::Detail) {
         readDetail(name, attributes);
@@ -86,11 +86,13 @@ TzSoapFaultImp::State TzSoapFaultImp::stateAfter(const TzXmlName& name) const {
     if (!text.isEmpty() && name == text) {
         return State::ReasonText;
     }
-    return table.habits().readsOldFaults && scopes_.size() == 1 ? oldStateAfter(name) : state_;
+    const auto other = table.habits().readsFaultsOf;
+    return other && scopes_.size() == 1 ? stateAfter(name, *other) : state_;
 }
 
-TzSoapFaultImp::State TzSoapFaultImp::oldStateAfter(const TzXmlName& name) const {
-    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(TzSoapVersion::V1_1);
+TzSoapFaultImp::State TzSoapFaultImp::stateAfter(const TzXmlName& name,
+                                                 TzSoapVersion::Version other) const {
+    const TzSoapVersion& names = TzSoapVersion::getSoapVersion(other);
     for (const Transition& transition : Transitions) {
         if (names.matchSoapElement(name, transition.element)) {
             return transition.state == State::Code ? State::CodeValue : transition.state;
