@@ -2,10 +2,12 @@
 #include "xml/TzXmlCharacterTable.h"
 
 #include "xml/TzXmlSingleByteEncodings.h"
+#include "xml/TzXmlUtf8.h"
 
 #include <tz/tools/TzCString.h>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace {
 
@@ -22,21 +24,6 @@ bool hasName(std::string_view names, std::string_view name) noexcept {
     return false;
 }
 
-/// Appends the character `code`, which takes up to three bytes.
-void appendUtf8(TzCString& text, int code) {
-    if (code < 0x80) {
-        text += static_cast<char>(code);
-        return;
-    }
-    if (code < 0x800) {
-        text += static_cast<char>(0xC0 | code >> 6);
-    } else {
-        text += static_cast<char>(0xE0 | code >> 12);
-        text += static_cast<char>(0x80 | (code >> 6 & 0x3F));
-    }
-    text += static_cast<char>(0x80 | (code & 0x3F));
-}
-
 } // namespace
 
 TzCString TzXmlCharacterTable::toUtf8(std::string_view name, std::string_view text) {
@@ -47,7 +34,9 @@ TzCString TzXmlCharacterTable::toUtf8(std::string_view name, std::string_view te
     TzCString converted;
     converted.reserve(text.size());
     for (const char byte : text) {
-        appendUtf8(converted, codes[static_cast<unsigned char>(byte)]);
+        // A byte without a character was refused before.
+        TzXmlUtf8::append(converted,
+                          static_cast<std::uint32_t>(codes[static_cast<unsigned char>(byte)]));
     }
     return converted;
 }

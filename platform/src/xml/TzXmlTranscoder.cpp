@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "xml/TzXmlTranscoder.h"
 
+#include "xml/TzXmlUtf8.h"
+
 namespace {
 
 constexpr std::uint32_t HighSurrogates = 0xD800;
@@ -10,8 +12,6 @@ constexpr std::uint32_t SurrogatesEnd = 0xE000;
 bool isSurrogate(std::uint32_t code) noexcept {
     return code >= HighSurrogates && code < SurrogatesEnd;
 }
-
-char byteOf(std::uint32_t value) noexcept { return static_cast<char>(value); }
 
 } // namespace
 
@@ -61,17 +61,9 @@ void TzXmlTranscoder::appendUnit16(std::uint32_t unit) {
 }
 
 void TzXmlTranscoder::appendCharacter(std::uint32_t code) {
-    if (code < 0x80) {
-        utf8_ += byteOf(code);
-    } else if (code < 0x800) {
-        utf8_ += {byteOf(0xC0 | code >> 6), byteOf(0x80 | (code & 0x3F))};
-    } else if (isSurrogate(code) || code > 0x10FFFF) {
+    if (isSurrogate(code) || code > 0x10FFFF) {
         appendInvalid();
-    } else if (code < 0x10000) {
-        utf8_ += {byteOf(0xE0 | code >> 12), byteOf(0x80 | (code >> 6 & 0x3F)),
-                  byteOf(0x80 | (code & 0x3F))};
     } else {
-        utf8_ += {byteOf(0xF0 | code >> 18), byteOf(0x80 | (code >> 12 & 0x3F)),
-                  byteOf(0x80 | (code >> 6 & 0x3F)), byteOf(0x80 | (code & 0x3F))};
+        TzXmlUtf8::append(utf8_, code);
     }
 }
