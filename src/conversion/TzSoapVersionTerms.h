@@ -31,7 +31,8 @@ public:
     /// The target's namespace in place of `nameSpace`, under its prefix; empty when `nameSpace` is
     /// neither the source's envelope nor its encoding namespace.
     std::optional<TzXmlNamespace> nameSpace(const TzXmlNamespace& nameSpace);
-    /// The same for all that is no attribute, which may be in the rpc namespace, too.
+    /// The target's namespace for the name of an element or a code, which may also be the source's
+    /// rpc namespace; otherwise as `nameSpace`.
     std::optional<TzXmlNamespace> anyNameSpace(const TzXmlNamespace& nameSpace);
     /// The attribute that has that local part in some version, nothing without one.
     static std::optional<TzSoapVersion::SoapAttribute> attributeCalled(std::string_view localName);

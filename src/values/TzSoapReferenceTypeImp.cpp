@@ -71,11 +71,10 @@ void TzSoapReferenceTypeImp::accept(TzXmlAttribute text) {
     const TzXmlName& href = latest.getSoapAttributeQName(TzSoapVersion::Href);
     TzSoapAttributeSet& attributes = getAttributeSet();
     const TzXmlName& encoded = TzSoapVersionTable::soap12Rec().attribute(TzSoapVersion::Ref);
-    if (text.getName() == ref &&
-        std::as_const(attributes).find(encoded) != std::as_const(attributes).end()) {
-        TzXmlAttribute changed(encoded,
-                               text.getValue().substr(1)); // without the mark of a fragment
-        *attributes.find(encoded) = std::move(changed);
+    auto* const named = text.getName() == ref ? attributes.find(encoded) : attributes.end();
+    if (named != attributes.end()) {
+        const TzCString& fragment = text.getValue();
+        *named = TzXmlAttribute(encoded, fragment.substr(fragment.starts_with('#') ? 1 : 0));
     } else if (attributes.size() == 1 && isOneOf(attributes.begin()->getName(), ref, href)) {
         *attributes.begin() = std::move(text); // the usual form of a reference
     } else {

@@ -15,7 +15,9 @@
 #include <tz/mime/TzMimePart.h>
 #include <tz/xml/TzXmlParseError.h>
 
+#include "support/AttachedValue.h"
 #include "support/CataloguedError.h"
+#include "support/HttpContext.h"
 
 #include <gtest/gtest.h>
 
@@ -23,23 +25,8 @@ namespace {
 
 constexpr TzSoapVersion::Version Rec = TzSoapVersion::V1_2Rec;
 
-TzSoapHttpTransportContext contextOf(const char* contentType) {
-    TzSoapHttpTransportContext context;
-    context.add("Content-Type", contentType);
-    return context;
-}
-
 int statusOf(TzSoapVersion::Version version, TzSoapVersion::SoapFaultCode code) {
     return TzSoapHttpBinding::getStatus(TzSoapFaultMessage::make(version, code, "no"));
-}
-
-TzSoapMessage withAttachment(TzSoapVersion::Version version) {
-    TzSoapMessage message(version);
-    TzMimePart part;
-    part.insertHeader(TzMimeContentIdHeader("<data>"));
-    part.setBody("the bytes");
-    message.getSoapBody().appendEntry(TzSoapReferenceType(TzXmlName("data"), part));
-    return message;
 }
 
 /// The Content-Type lines of a package: its own, and that of its root part.
@@ -98,13 +85,13 @@ TEST(Soap12RecBinding, AFaultOfTheSenderHasStatus400) {
 
 TEST(Soap12RecPackage, IsOfTheTypeOfItsEnvelope) {
     EXPECT_EQ(
-        typesOf(withAttachment(Rec).asPackage()),
+        typesOf(messageWithAttachment(Rec).asPackage()),
         std::pair(
             std::string("multipart/related; boundary=\"MIME_boundary\"; "
                         "type=\"application/soap+xml\"; start=\"<soap.xml@mime.representation>\""),
             std::string("application/soap+xml; charset=\"UTF-8\"")));
     for (const auto version : {TzSoapVersion::V1_1, TzSoapVersion::V1_2}) {
-        const auto [package, root] = typesOf(withAttachment(version).asPackage());
+        const auto [package, root] = typesOf(messageWithAttachment(version).asPackage());
         EXPECT_NE(package.find("type=\"text/xml\""), std::string::npos) << package;
         EXPECT_EQ(root, "text/xml; charset=\"UTF-8\"");
     }
@@ -112,7 +99,7 @@ TEST(Soap12RecPackage, IsOfTheTypeOfItsEnvelope) {
 
 TEST(Soap12RecPackage, IsRead) {
     TzSoapHttpTransportContext context;
-    const TzCString body = TzSoapHttpBinding::pack(withAttachment(Rec), context);
+    const TzCString body = TzSoapHttpBinding::pack(messageWithAttachment(Rec), context);
     TzSoapMessage message;
     TzSoapHttpBinding::unpack(context, body, message);
     EXPECT_EQ(message.getVersion(), Rec);

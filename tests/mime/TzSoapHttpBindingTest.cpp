@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "support/AttachedValue.h"
 #include "support/CataloguedError.h"
+#include "support/HttpContext.h"
 #include "values/EnvelopeTesting.h"
 
 #include <soap/TzSoapCatalog.h>
@@ -28,21 +30,6 @@ TzSoapMessage messageWith(TzSoapVersion::Version version, const std::string& tex
     message.getSoapBody().appendEntry(
         TzSoapSimpleType("text", text, TzSoapContentBase::xsdString, false));
     return message;
-}
-
-TzSoapMessage messageWithAttachment(TzSoapVersion::Version version) {
-    TzSoapMessage message(version);
-    TzMimePart part;
-    part.insertHeader(TzMimeContentIdHeader("<data>"));
-    part.setBody("the bytes");
-    message.getSoapBody().appendEntry(TzSoapReferenceType(TzXmlName("data"), part));
-    return message;
-}
-
-TzSoapHttpTransportContext contextOf(const char* contentType) {
-    TzSoapHttpTransportContext context;
-    context.add("Content-Type", contentType);
-    return context;
 }
 
 TzSoapHttpTransportContext contextWithAction(const char* action) {

@@ -127,9 +127,10 @@ TEST_P(TzSoapSharedValues, ANilStructWithinItselfIsWrittenWithoutContent) {
 TEST_P(TzSoapSharedValues, AStructThatRefersToItselfIsWrittenOnce) {
     TzSoapCompositeType value(TzXmlName("a"));
     value.setIdAttribute("i");
-    value.appendChild(TzSoapReferenceType(TzXmlName("r"), value));
+    const TzSoapReferenceType reference(TzXmlName("r"), value);
+    value.appendChild(reference);
     EXPECT_EQ(countOf("<a ", write(value)), 1U);
-    EXPECT_EQ(countOf("<a ", write(*value.childrenBegin())), 1U) << "the target of the reference";
+    EXPECT_EQ(countOf("<a ", write(reference)), 1U) << "the target of the reference";
     value.clearChildren();
 }
 

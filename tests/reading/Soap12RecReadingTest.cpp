@@ -137,6 +137,7 @@ TEST(Soap12RecReading, MustUnderstandAndRelayHaveTwoSpellings) {
         const TzSoapMessage message =
             readRec(envelopeRec("<env:Header><h env:mustUnderstand='" + std::string(text) +
                                 "' env:relay='" + text + "'/></env:Header><env:Body/>"));
+        ASSERT_EQ(message.getSoapHeader().entryCount(), 1U);
         const TzSoapType entry = *message.getSoapHeader().entriesBegin();
         EXPECT_EQ(entry.getMustUnderstand(), expected) << text;
         EXPECT_EQ(TzSoap12RecVersion::isRelayed(entry), expected) << text;
@@ -163,6 +164,7 @@ TEST(Soap12RecReading, AReportKeepsItsNameInTheModel) {
     const TzSoapMessage message =
         readRec(envelopeRec("<env:Header><env:NotUnderstood qname='t:T' xmlns:t='urn:t'/>"
                             "</env:Header><env:Body/>"));
+    ASSERT_EQ(message.getSoapHeader().entryCount(), 1U);
     const auto report = tzSoapAs<TzSoapMisunderstoodType>(*message.getSoapHeader().entriesBegin());
     EXPECT_EQ(report.getName().getQualifiedName(), "f:Misunderstood");
     EXPECT_EQ(report.getQualifiedName(), nameIn("T", "t", "urn:t"));

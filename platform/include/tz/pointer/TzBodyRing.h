@@ -12,10 +12,10 @@ class TzHandleBase;
 ///
 /// Counts alone never free a circle. Cycle collection by trial deletion, as Bacon and Rajan
 /// describe it ("Concurrent Cycle Collection in Reference Counted Systems", 2001), subtracts the
-/// handles within the circle from the counts; a circle with nothing left is garbage. They do so
-/// each time a count falls; here it is done once, when the ring is closed, and what remains is kept
-/// as a separate count from then on. So the end needs no walk, which would look at what other
-/// threads may be changing. Bodies outside of rings cost nothing more.
+/// handles within the circle from its counts; if nothing remains, the circle is garbage. They
+/// subtract each time a count falls. This class subtracts once, when the ring is closed, and keeps
+/// what remains as a separate count from then on. So the end needs no walk, which would look at
+/// what other threads may be changing. Bodies outside of rings cost nothing more.
 ///
 /// The rules of a ring, whose links are the handles within it:
 ///

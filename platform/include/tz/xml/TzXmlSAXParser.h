@@ -83,7 +83,7 @@ public:
     /// Where the event under way begins in the text, in bytes of what `getSource` takes; 0 when
     /// nothing is parsed. A text event has the place of the tag that ends the text.
     std::size_t getEventBegin() const noexcept;
-    /// Where it ends. The end of an empty-element tag begins and ends behind the tag.
+    /// Where it ends. The end of an empty-element tag begins and ends after the tag.
     std::size_t getEventEnd() const noexcept;
     /// The text being parsed from `begin` to `end`, which are places of events, as it was written,
     /// in UTF-8; "" when nothing is parsed. O(length).
