@@ -1,13 +1,14 @@
 #!/usr/bin/perl
 # SPDX-License-Identifier: MIT
 #
-# Makes the table of interoperability: table.pl LOSSES COLUMN=FILE... A file has a line for each case:
-# name, result, remark, with tabs between them. Exit status 1 when a result is neither "ok" nor one of
-# the known losses of the peers.
+# Makes a table of interoperability for messages of one style: table.pl LOSSES STYLE COLUMN=FILE... A file
+# has a line for each case: name, result and perhaps a remark, with tabs between them. Exit status 1 when
+# a result is neither "ok" nor one of the known losses of the peers nor "n/a: " and why the peer has no way
+# to try.
 use strict;
 use warnings;
 
-my ($losses, @columns) = @ARGV;
+my ($losses, $style, @columns) = @ARGV;
 
 sub lines {
     my ($file) = @_;
@@ -19,7 +20,8 @@ sub lines {
 
 my %known;
 for my $loss (lines($losses)) {
-    my ($column, $case, $result, $why) = @$loss;
+    my ($of, $column, $case, $result, $why) = @$loss;
+    next if $of ne $style;
     $known{$column}{$case} = { result => $result, why => $why };
 }
 
@@ -46,6 +48,9 @@ for my $column (@columns) {
         if ($loss && $loss->{result} eq $result) {
             $cells{$case}{$name} = ['lost by the peer', $loss->{why}];
             $loss->{seen} = 1;
+        }
+        elsif ($result =~ m{^n/a: (.*)}) {
+            $cells{$case}{$name} = ['not possible there', $1];
         }
         elsif ($result eq 'ok') {
             $cells{$case}{$name} = ['passes', $remark ? "In \"$name\", $remark." : undef];

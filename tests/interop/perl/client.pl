@@ -1,8 +1,8 @@
 #!/usr/bin/perl
 # SPDX-License-Identifier: MIT
 #
-# Calls an echo service with SOAP::Lite: client.pl URL. A line for each case: its name, "ok" or what
-# came back instead.
+# Calls an echo service with SOAP::Lite: client.pl URL 1.1|1.2. A line for each case: its name, "ok" or
+# what came back instead.
 use strict;
 use warnings;
 use utf8;
@@ -12,7 +12,9 @@ use SOAP::Lite;
 binmode STDOUT, ':encoding(UTF-8)';
 use constant URI => 'urn:example:echo';
 
-my $url = shift;
+my ($url, $version) = @ARGV;
+# Only what is made afterwards has the version.
+SOAP::Lite->soapversion($version);
 my $soap = service();
 
 sub service {
@@ -117,21 +119,37 @@ sub answered_header {
     return $entry && $entry->value eq 'ticket 7' ? 'ok' : 'came back ' . text($entry && $entry->value);
 }
 
-# Whether the call ends with a fault of that code.
-sub faults {
-    my ($code, $work) = @_;
-    return 'no fault' if eval { $work->(); 1 };
-    return $@ unless ref $@;
-    my $local = $@->faultcode =~ s/.*://r;
-    return $local eq $code ? 'ok' : 'fault ' . $@->faultcode . ': ' . $@->faultstring;
+# Code and reason of a fault. The peer's own operations know the elements of SOAP 1.1 only.
+sub parts_of {
+    my ($fault) = @_;
+    return ($fault->faultcode, $fault->faultstring) if $version eq '1.1';
+    return map { $fault->valueof("//Fault/$_") // '' } 'Code/Value', 'Reason/Text';
 }
 
-# What this peer calls SOAP 1.2 has the namespace of 2003. It can be set for all calls only.
+# Whether the call ends with a fault of that code and, if one is given, of that reason.
+sub faults {
+    my ($code, $work, $wanted) = @_;
+    return 'no fault' if eval { $work->(); 1 };
+    return $@ unless ref $@;
+    my ($found, $reason) = parts_of($@);
+    my $local = $found =~ s/.*://r;
+    my $same = $local eq $code && $reason eq ($wanted // $reason);
+    return $same ? 'ok' : "fault $found: $reason";
+}
+
+# This peer writes no other envelope itself.
 sub unknown_version {
-    $soap->soapversion('1.2');
-    my $result = faults('VersionMismatch', sub { call(echoValue => 1) });
-    $soap->soapversion('1.1');
-    return $result;
+    my $text = $soap->serializer->envelope(method => 'echoValue', 1);
+    my $known = $version eq '1.1' ? 'http://schemas.xmlsoap.org/soap/envelope/'
+        : 'http://www.w3.org/2003/05/soap-envelope';
+    $text =~ s/\Q$known\E/urn:later/g or return "no envelope of SOAP $version in $text";
+    my $answer = $soap->transport->send_receive(context => $soap, endpoint => $url,
+        action => '', envelope => $text, encoding => 'utf-8');
+    my $som = $soap->deserializer->deserialize($answer);
+    return 'no fault' unless $som->fault;
+    # A receiver that does not know the version answers in the oldest.
+    my $local = $som->faultcode =~ s/.*://r;
+    return $local eq 'VersionMismatch' ? 'ok' : "fault $local: " . $som->faultstring;
 }
 
 my $bytes = join '', map { chr } 0 .. 255;
@@ -164,14 +182,17 @@ my @cases = (
     'mandatory header entry, unknown' => sub {
         faults('MustUnderstand', sub { call(echoValue => 1, header('urn:unknown', 'ticket', 1)) });
     },
-    'fault' => sub { faults('Client', sub { call(unknownOperation => 1) }) },
+    'fault' => sub {
+        faults($version eq '1.1' ? 'Client' : 'Sender', sub { call(unknownOperation => 1) },
+               'There is no operation unknownOperation');
+    },
     'unknown version' => \&unknown_version,
 );
 
 while (my ($name, $case) = splice @cases, 0, 2) {
     my $result = eval { $case->() };
     if (!defined $result) {
-        $result = ref $@ ? 'fault ' . $@->faultcode . ': ' . $@->faultstring : $@;
+        $result = ref $@ ? 'fault ' . join ': ', parts_of($@) : $@;
     }
     print $name, "\t", $result =~ s/[\t\n]+/ /gr, "\n";
 }
