@@ -88,12 +88,9 @@ public:
     TzCString getBytes() const;
 
 private:
-    void readNull();
     [[noreturn]] void refuse(const char* wanted) const;
     std::string_view trimmed(const char* wanted) const;
-    template <typename Number> Number integer(const char* wanted) const;
-    template <typename Number> Number real(const char* wanted) const;
-    template <typename Reader> auto parsed(const char* wanted, const Reader& reader) const;
+    template <typename Value> Value read() const;
 
     TzSoapType value_;
     TzCString text_;

@@ -1,20 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "service/TzSoapMemberPath.h"
 
-#include <soap/TzSoapBody.h>
-#include <soap/TzSoapBodyImp.h>
-#include <soap/TzSoapCompactArrayImp.h>
-#include <soap/TzSoapCompositeTypeImp.h>
-#include <soap/TzSoapHeader.h>
-#include <soap/TzSoapHeaderImp.h>
 #include <soap/TzSoapMissingError.h>
-#include <soap/TzSoapSparseArrayImp.h>
-#include <soap/TzSoapValueReader.h>
 #include <tz/tools/TzMessage.h>
 #include <tz/xml/TzThrow.h>
 
-#include "model/TzSoapAccess.h"
-#include "model/TzSoapHeldFault.h"
+#include "service/TzSoapMembers.h"
 
 #include <algorithm>
 #include <charconv>
@@ -31,49 +22,6 @@ std::optional<unsigned int> indexOf(std::string_view brackets) {
     return good && index > 0 ? std::optional(index) : std::nullopt;
 }
 
-const TzSoapType& valueOf(const TzSoapType& value) { return value; }
-
-template <typename Index> const TzSoapType& valueOf(const std::pair<Index, TzSoapType>& item) {
-    return item.second;
-}
-
-/// The first of `values` for which `test` holds, null without one. Array positions without an item
-/// have no name, so no path leads to them.
-template <typename Values, typename Test>
-const TzSoapType* firstOf(const Values& values, const Test& test) {
-    for (const auto& element : values) {
-        const TzSoapType& value = valueOf(element);
-        if (!TzSoapArrayTypeImp::isPlaceholder(value) && test(value)) {
-            return &value;
-        }
-    }
-    return nullptr;
-}
-
-template <typename Test>
-const TzSoapType* firstMember(const TzSoapHeader& header, const Test& test) {
-    return firstOf(TzSoapAccess::body(header).entries(), test);
-}
-
-template <typename Test> const TzSoapType* firstMember(const TzSoapBody& body, const Test& test) {
-    return firstOf(TzSoapAccess::body(body).entries(), test);
-}
-
-template <typename Test> const TzSoapType* firstMember(const TzSoapType& value, const Test& test) {
-    const TzSoapType owner = TzSoapValueReader::follow(value);
-    const TzSoapTypeImp* const body = &TzSoapAccess::body(owner);
-    if (const auto* composite = dynamic_cast<const TzSoapCompositeTypeImp*>(body)) {
-        return firstOf(composite->children(), test);
-    }
-    if (const auto* compact = dynamic_cast<const TzSoapCompactArrayImp*>(body)) {
-        return firstOf(compact->storedItems(), test);
-    }
-    if (const auto* sparse = dynamic_cast<const TzSoapSparseArrayImp*>(body)) {
-        return firstOf(*sparse, test);
-    }
-    return nullptr;
-}
-
 // The name of the value that a path begins at; header and body are left out.
 
 TzCString nameOf(const TzSoapHeader&) { return {}; }
@@ -84,30 +32,10 @@ TzCString nameOf(const TzSoapType& value) {
     return TzSoapArrayTypeImp::isPlaceholder(value) ? TzCString() : value.getName().getLocalName();
 }
 
-// Why the value has no members, if known.
-
-TzCString whyNone(const TzSoapHeader&) { return {}; }
-
-TzCString whyNone(const TzSoapBody& body) { return tzSoapHeldFault(body); }
-
-TzCString whyNone(const TzSoapType& value) {
-    const TzSoapType owner = TzSoapValueReader::follow(value);
-    const TzSoapTypeImp& body = TzSoapAccess::body(owner);
-    const bool holds = body.getSoapTypeId() == TzSoapContentBase::Composite ||
-                       body.getSoapTypeId() == TzSoapContentBase::Array;
-    return holds ? TzCString()
-                 : "; its parent is of kind " + tzQuoted(body.getSoapTypeIdAsString());
-}
-
-TzCString inNamespace(std::string_view uri) {
-    return uri.empty() ? TzCString("in no namespace") : "in namespace " + tzQuoted(uri);
-}
-
 } // namespace
 
 bool TzSoapMemberPath::Step::matches(const TzSoapType& member) const {
-    const TzXmlName& name = member.getName();
-    return name.getLocalName() == localName && (!uri || name.getUri() == *uri);
+    return TzSoapMembers::matches(member.getName(), localName, uri);
 }
 
 TzSoapMemberPath::Step TzSoapMemberPath::stepOf(std::string_view text) {
@@ -138,7 +66,7 @@ TzSoapMemberPath::TzSoapMemberPath(std::string_view localName, std::string_view 
 template <typename Owner>
 std::optional<TzSoapType> TzSoapMemberPath::member(const Owner& owner, const Step& step) {
     unsigned int left = step.index;
-    const TzSoapType* const found = firstMember(
+    const TzSoapType* const found = TzSoapMembers::first(
         owner, [&](const TzSoapType& member) { return step.matches(member) && --left == 0; });
     return found == nullptr ? std::nullopt : std::optional(*found);
 }
@@ -173,24 +101,9 @@ void TzSoapMemberPath::refuse(const Owner& owner, std::size_t missing, TzCString
         path.append(path.empty() ? 0 : 1, '/').append(steps_[i].text);
     }
     const Step& step = steps_[missing];
-    const TzCString which = step.uri ? path + ' ' + inNamespace(*step.uri) : path;
-    throw TzSoapMissingError(path, which + " is missing" + reason(owner, step));
-}
-
-template <typename Owner> TzCString TzSoapMemberPath::reason(const Owner& owner, const Step& step) {
-    unsigned int present = 0;
-    TzCString elsewhere;
-    firstMember(owner, [&](const TzSoapType& member) {
-        present += step.matches(member) ? 1 : 0;
-        if (elsewhere.empty() && member.getName().getLocalName() == step.localName) {
-            elsewhere = "; there is one " + inNamespace(member.getName().getUri());
-        }
-        return false;
-    });
-    if (present > 0) {
-        return "; there " + (present == 1 ? TzCString("is 1") : "are " + std::to_string(present));
-    }
-    return elsewhere.empty() ? whyNone(owner) : elsewhere;
+    const TzCString which = step.uri ? path + ' ' + TzSoapMembers::inNamespace(*step.uri) : path;
+    throw TzSoapMissingError(path, which + " is missing" +
+                                       TzSoapMembers::reason(owner, step.localName, step.uri));
 }
 
 template std::optional<TzSoapType> TzSoapMemberPath::find(const TzSoapHeader&) const;

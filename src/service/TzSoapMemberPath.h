@@ -41,7 +41,6 @@ private:
     static std::optional<TzSoapType> member(const Owner& owner, const Step& step);
     template <typename Owner>
     [[noreturn]] void refuse(const Owner& owner, std::size_t missing, TzCString path) const;
-    template <typename Owner> static TzCString reason(const Owner& owner, const Step& step);
 
     std::vector<Step> steps_;
 };
