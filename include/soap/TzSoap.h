@@ -17,6 +17,7 @@
 #include <soap/TzSoapBodyImp.h>
 #include <soap/TzSoapCast.h>
 #include <soap/TzSoapCatalog.h>
+#include <soap/TzSoapCodec.h>
 #include <soap/TzSoapCompactArrayImp.h>
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompactItems.h>
@@ -36,6 +37,7 @@
 #include <soap/TzSoapFault.h>
 #include <soap/TzSoapFaultImp.h>
 #include <soap/TzSoapFaultMessage.h>
+#include <soap/TzSoapFields.h>
 #include <soap/TzSoapGenericTypeHandler.h>
 #include <soap/TzSoapHeader.h>
 #include <soap/TzSoapHeaderImp.h>
@@ -45,7 +47,9 @@
 #include <soap/TzSoapLenientValue.h>
 #include <soap/TzSoapLibraryVersion.h>
 #include <soap/TzSoapMadeOnce.h>
+#include <soap/TzSoapMaking.h>
 #include <soap/TzSoapMemberAccess.h>
+#include <soap/TzSoapMemberName.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapMessageImp.h>
 #include <soap/TzSoapMissingError.h>
@@ -53,6 +57,7 @@
 #include <soap/TzSoapMisunderstoodTypeImp.h>
 #include <soap/TzSoapNode.h>
 #include <soap/TzSoapParseContext.h>
+#include <soap/TzSoapPlace.h>
 #include <soap/TzSoapReadLimits.h>
 #include <soap/TzSoapReason.h>
 #include <soap/TzSoapReferenceToMimePartImp.h>
@@ -79,6 +84,7 @@
 #include <soap/TzSoapValueReader.h>
 #include <soap/TzSoapVersion.h>
 #include <soap/TzSoapVersionConverter.h>
+#include <soap/TzSoapView.h>
 #include <soap/TzSoapVisitor.h>
 #include <soap/TzSoapVisitorBase.h>
 #include <soap/TzSoapWriter.h>
