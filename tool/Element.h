@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <soap/TzSoapReason.h>
 #include <tz/xml/TzXmlAttribute.h>
 #include <tz/xml/TzXmlName.h>
 
@@ -34,7 +35,7 @@ struct ReferenceFacts {
 struct FaultFacts {
     TzXmlName code;
     std::vector<TzXmlName> subcodes;
-    std::string reason;
+    std::vector<TzSoapReason> reasons; ///< In all languages, never empty.
     std::string node;
     std::string role;
     std::string detailText; ///< Text in the detail, besides its entries.
@@ -49,7 +50,8 @@ struct Element {
     TzXmlName type;             ///< Empty when none is stated.
     std::string mustUnderstand; ///< "true" or "false", "" when not set.
     std::string actor;
-    std::string root; ///< "1" or "0", "" when not set.
+    std::optional<bool> relay; ///< Of a header entry that states it.
+    std::string root;          ///< "1" or "0", "" when not set.
     std::string id;
     bool nil = false;
     std::optional<std::string> encodingStyle;

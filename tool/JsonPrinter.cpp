@@ -35,6 +35,10 @@ void JsonPrinter::writeFlags(const Element& element) {
         json_.flag(element.mustUnderstand == "true");
     }
     writeText("actor", element.actor);
+    if (element.relay) {
+        json_.key("relay");
+        json_.flag(*element.relay);
+    }
     if (!element.root.empty()) {
         json_.key("root");
         json_.flag(element.root == "1");
@@ -83,6 +87,24 @@ void JsonPrinter::writeReference(const ReferenceFacts& reference) {
     }
 }
 
+void JsonPrinter::writeReasons(const std::vector<TzSoapReason>& reasons) {
+    json_.key("reason");
+    json_.text(reasons.front().text);
+    if (reasons.size() == 1 && reasons.front().language.empty()) {
+        return;
+    }
+    json_.key("reasons");
+    json_.beginArray();
+    for (const TzSoapReason& reason : reasons) {
+        json_.beginObject();
+        json_.key("text");
+        json_.text(reason.text);
+        writeText("language", reason.language);
+        json_.endObject();
+    }
+    json_.endArray();
+}
+
 void JsonPrinter::writeFault(const FaultFacts& fault) {
     writeName("code", fault.code);
     json_.key("subcodes");
@@ -93,8 +115,7 @@ void JsonPrinter::writeFault(const FaultFacts& fault) {
         json_.endObject();
     }
     json_.endArray();
-    json_.key("reason");
-    json_.text(fault.reason);
+    writeReasons(fault.reasons);
     writeText("node", fault.node);
     writeText("role", fault.role);
     writeText("detailText", fault.detailText);

@@ -34,6 +34,7 @@ private:
     void writeFlags(const Element& element);
     void writeArray(const ArrayFacts& array);
     void writeReference(const ReferenceFacts& reference);
+    void writeReasons(const std::vector<TzSoapReason>& reasons);
     void writeFault(const FaultFacts& fault);
     void writeNamespaces(const Element& element);
     void writeAttributes(const Element& element);

@@ -3,6 +3,7 @@
 
 #include "PartFacts.h"
 
+#include <soap/TzSoap12RecVersion.h>
 #include <soap/TzSoapArrayTypeImp.h>
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
@@ -75,6 +76,18 @@ std::vector<unsigned int> indexOf(unsigned int position, const std::vector<unsig
     return index;
 }
 
+/// Whether a header entry asks to be passed on, nothing when it does not say.
+std::optional<bool> relayOf(const TzSoapType& entry) {
+    const bool isStated =
+        entry.findAttribute(TzSoap12RecVersion::getRelayName()) != entry.attributesEnd();
+    return isStated ? std::optional(TzSoap12RecVersion::isRelayed(entry)) : std::nullopt;
+}
+
+/// All reasons of a fault, an empty one without any.
+std::vector<TzSoapReason> reasonsOf(const TzSoapFault& fault) {
+    return fault.getReasons().empty() ? std::vector<TzSoapReason>(1) : fault.getReasons();
+}
+
 } // namespace
 
 void MessageWalk::report(const Element& element) {
@@ -88,6 +101,9 @@ Element MessageWalk::describe(const TzSoapType& value) {
     element.type = value.getType();
     element.mustUnderstand = value.getMustUnderstandAttribute();
     element.actor = value.getActorAttribute();
+    if (std::exchange(isHeaderEntry_, false)) {
+        element.relay = relayOf(value);
+    }
     element.root = value.getRootAttribute();
     element.id = value.getIdAttribute();
     element.nil = value.isNull();
@@ -128,6 +144,7 @@ void MessageWalk::visitEntries(std::string_view kind, std::string_view role,
         }
     }
     for (auto entry = container.entriesBegin(); entry != container.entriesEnd(); ++entry) {
+        isHeaderEntry_ = std::is_same_v<Container, TzSoapHeader>;
         entry->acceptVisitor(*this);
     }
     sink_.end();
@@ -144,7 +161,7 @@ void MessageWalk::visit(const TzSoapFault& fault) {
     element.name = fault.getName();
     FaultFacts& facts = element.fault.emplace(FaultFacts{fault.getCodeValue(),
                                                          {},
-                                                         fault.getReason(),
+                                                         reasonsOf(fault),
                                                          fault.getNode(),
                                                          fault.getRole(),
                                                          fault.getDetailText()});

@@ -41,4 +41,5 @@ private:
     const TzSoapMessage* message_ = nullptr;
     std::vector<unsigned int> position_; // of the item that comes next
     std::string_view role_;              // of the element that comes next
+    bool isHeaderEntry_ = false;         // the element that comes next
 };

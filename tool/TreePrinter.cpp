@@ -48,6 +48,9 @@ void TreePrinter::printFlags(const Element& element) {
     if (!element.actor.empty()) {
         out_ << " actor=" << escape::forTerminal(element.actor);
     }
+    if (element.relay) {
+        out_ << " relay=" << (*element.relay ? "true" : "false");
+    }
     if (!element.root.empty()) {
         out_ << " root=" << element.root;
     }
@@ -76,12 +79,22 @@ void TreePrinter::printReference(const ReferenceFacts& reference) {
     }
 }
 
+void TreePrinter::printReason(const TzSoapReason& reason) {
+    line() << "reason " << escape::quoted(reason.text);
+    if (!reason.language.empty()) {
+        out_ << " in " << escape::forTerminal(reason.language);
+    }
+    out_ << '\n';
+}
+
 void TreePrinter::printFault(const FaultFacts& fault) {
     printNameField("code", fault.code);
     for (const TzXmlName& subcode : fault.subcodes) {
         printNameField("subcode", subcode);
     }
-    printField("reason", fault.reason);
+    for (const TzSoapReason& reason : fault.reasons) {
+        printReason(reason);
+    }
     if (!fault.node.empty()) {
         printField("node", fault.node);
     }

@@ -26,6 +26,7 @@ private:
     void printFlags(const Element& element);
     void printArray(const ArrayFacts& array);
     void printReference(const ReferenceFacts& reference);
+    void printReason(const TzSoapReason& reason);
     void printFault(const FaultFacts& fault);
     void printAttributes(const Element& element);
 

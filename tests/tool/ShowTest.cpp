@@ -40,6 +40,7 @@ TEST(Show, PrintsTrees) {
     EXPECT_EQ(run.status, 0) << run.error;
     expectGolden(run.out, "show_everything11.txt");
     expectGolden(here.run({"show", data("fault12.xml").string()}).out, "show_fault12.txt");
+    expectGolden(here.run({"show", data("fault12rec.xml").string()}).out, "show_fault12rec.txt");
 }
 
 TEST(Show, PrintsJson) {
@@ -49,6 +50,8 @@ TEST(Show, PrintsJson) {
     expectGolden(run.out, "show_everything11.json");
     const ToolRun fault = here.run({"show", "--json", "-"}, readFile(data("fault12.xml")));
     expectGolden(fault.out, "show_fault12.json");
+    const ToolRun reasons = here.run({"show", "--json", "-"}, readFile(data("fault12rec.xml")));
+    expectGolden(reasons.out, "show_fault12rec.json");
 }
 
 TEST(Show, JsonOfEverySampleIsJson) {
