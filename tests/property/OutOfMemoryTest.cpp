@@ -31,6 +31,7 @@
 #include <string>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 // Every allocation of every operation fails once, and once with all that follow: the failure
 // arrives as std::bad_alloc, everything taken is given back, and what was there can be used.
@@ -42,13 +43,20 @@ using V = TzSoapVersion;
 class OutOfMemoryIn : public testing::TestWithParam<std::tuple<V::Version, OutOfMemory>> {
 protected:
     V::Version version() const { return std::get<0>(GetParam()); }
-    V::Version otherVersion() const { return version() == V::V1_1 ? V::V1_2 : V::V1_1; }
+    /// All versions but the one of the test.
+    std::vector<V::Version> otherVersions() const {
+        std::vector<V::Version> others = {V::V1_1, V::V1_2, V::V1_2Rec};
+        std::erase(others, version());
+        return others;
+    }
     OutOfMemory kind() const { return std::get<1>(GetParam()); }
     const WireForm wire{version()};
 
     /// Whether each of at least `least` failures of `action` is one.
     template <typename Action> void failEach(const Action& action, std::size_t least) const {
-        EXPECT_GE(failEachAllocation(action, kind()), least);
+        // std::stable_sort does without memory; it serves sparse arrays of this version only.
+        const std::size_t spared = version() == V::V1_2Rec ? 1 : 0;
+        EXPECT_GE(failEachAllocation(action, kind(), spared), least);
     }
     /// Lets `action` fail at each of its allocations and runs `check` after each failure.
     template <typename Action, typename Check>
@@ -97,6 +105,7 @@ void addFault(TzSoapMessage& message) {
     fault.setCode(message.getSoapVersion().getFaultCode(V::Client));
     fault.addSubcode(TzXmlName("sub", TzXmlNamespace("s", "urn:of:the:subcodes")));
     fault.setReason(LongText);
+    fault.addReason(LongText, "en-a-language-of-this-reason");
     fault.setRole(LongText);
     fault.addDetailEntry("detail", record());
 }
@@ -130,38 +139,95 @@ std::string serialize(const TzSoapMessage& message) {
     return std::move(serializer).getSerializedString();
 }
 
-void extract(const std::string& text) {
+/// A message that reads every version.
+TzSoapMessage reader() {
     TzSoapMessage message;
-    message.extract(text);
+    message.setReadLimits({.soap12Recommendation = true});
+    return message;
 }
+
+void extract(const std::string& text) { reader().extract(text); }
 
 } // namespace
 
-/// A literal message of `version` with text between elements, a fault and markup.
+/// The code and reasons of a fault as `version` has them.
+std::string literalFault(V::Version version) {
+    if (version == V::V1_1) {
+        return "<faultcode>e:Client</faultcode>";
+    }
+    const std::string text =
+        version == V::V1_2Rec ? "<e:Text xml:lang='en'>a</e:Text><e:Text xml:lang='cs'>b</e:Text>"
+                              : "a";
+    return "<e:Code><e:Value>e:Sender</e:Value></e:Code><e:Reason>" + text + "</e:Reason>";
+}
+
+/// A literal message of `version` with text between elements, a fault, a report and markup.
 std::string literalText(V::Version version) {
-    const TzXmlName& fault = TzSoapVersion::getSoapElementName(V::Fault, version);
-    const std::string uri = fault.getUri();
-    return "<e:Envelope xmlns:e='" + uri + "'> <e:Header> <h e:mustUnderstand='1'/> </e:Header> " +
+    const std::string detail = version == V::V1_1 ? "detail" : "e:Detail";
+    return "<e:Envelope xmlns:e='" + TzSoapVersion::getSoapVersion(version).getSoapEnv().getUri() +
+           "'> <e:Header> <h e:mustUnderstand='1'/><e:NotUnderstood qname='e:h'/> </e:Header> " +
            "<e:Body "
-           "xmlns:p='urn:of:this:record'><e:Fault><faultcode>e:Client</faultcode><detail> " +
-           "<p:d/> " + LongText + "</detail></e:Fault><p:a q='" + LongText + "'>" + LongText +
-           "<b xmlns=''/>" + LongText + "<token><p:x>" + LongText +
-           "</p:x></token></p:a></e:Body>" + "</e:Envelope>";
+           "xmlns:p='urn:of:this:record'><e:Fault>" +
+           literalFault(version) + "<" + detail + "> <p:d/> " + LongText + "</" + detail +
+           "></e:Fault><p:a q='" + LongText + "'>" + LongText + "<b xmlns=''/>" + LongText +
+           "<token><p:x>" + LongText + "</p:x></token></p:a></e:Body>" + "</e:Envelope>";
+}
+
+TzSoapMessage literalReader() {
+    TzSoapMessage message = reader();
+    message.setStyle(TzSoapStyle::Literal);
+    message.setMarkupElements({TzXmlName("token")});
+    return message;
 }
 
 TEST_P(OutOfMemoryIn, LiteralMessagesReadAndWritten) {
     const std::string text = literalText(version());
-    TzSoapMessage message;
-    message.setStyle(TzSoapStyle::Literal);
-    message.setMarkupElements({TzXmlName("token")});
+    TzSoapMessage message = literalReader();
     message.extract(text);
     const std::string written = message.asString();
     failEach([&] { static_cast<void>(message.copy().asString()); }, 20);
+    failEach([&] { literalReader().extract(text); }, 20);
+    failEach([&] { serialize(message); }, 10);
     afterEach([&] { message.extract(text); },
               [&] {
                   message.extract(text);
                   EXPECT_EQ(message.asString(), written);
               });
+}
+
+TEST_P(OutOfMemoryIn, LiteralMessagesConverted) {
+    TzSoapMessage message = literalReader();
+    message.extract(literalText(version()));
+    const std::string written = message.asString();
+    for (const V::Version other : otherVersions()) {
+        failEach(
+            [&] {
+                TzSoapMessage copy = message.copy();
+                TzSoapVersionConverter(other).convert(copy);
+                static_cast<void>(copy.asString());
+            },
+            20);
+    }
+    EXPECT_EQ(message.asString(), written);
+}
+
+TEST_P(OutOfMemoryIn, AMessageThatCouldNotBeConvertedStaysAsItIs) {
+    TzSoapMessage message = literalReader();
+    message.extract(literalText(version()));
+    const std::string written = message.asString();
+    const TzSoapVersionConverter converter(otherVersions().front());
+    std::string expected;
+    {
+        TzSoapMessage copy = message.copy();
+        converter.convert(copy);
+        expected = copy.asString();
+    }
+    afterEach([&] { converter.convert(message); },
+              [&] {
+                  const std::string now = message.asString();
+                  EXPECT_TRUE(now == written || now == expected) << now;
+              });
+    EXPECT_EQ(message.asString(), expected);
 }
 
 TEST_P(OutOfMemoryIn, MarkupThatIsChecked) {
@@ -201,9 +267,10 @@ TEST_P(OutOfMemoryIn, ExtractingArrays) {
 }
 
 TEST_P(OutOfMemoryIn, ExtractingReferences) {
-    const std::string text = wire.message(
-        "<a " + wire.ref("one") + "/><ring id='ring'><r " + wire.ref("ring") + "/></ring>",
-        "<b " + wire.ref("none") + "/><c id='one'><d " + wire.ref("one") + "/></c>");
+    const std::string text = wire.message("<a " + wire.ref("one") + "/><ring " + wire.id("ring") +
+                                              "><r " + wire.ref("ring") + "/></ring>",
+                                          "<b " + wire.ref("none") + "/><c " + wire.id("one") +
+                                              "><d " + wire.ref("one") + "/></c>");
     failEach([&text] { extract(text); }, 30);
 }
 
@@ -219,12 +286,14 @@ TEST_P(OutOfMemoryIn, ExtractingMarkupOfOthers) {
 }
 
 TEST_P(OutOfMemoryIn, Converting) {
-    failEach(
-        [this] {
-            TzSoapMessage message = build(version(), true);
-            TzSoapVersionConverter(otherVersion()).convert(message);
-        },
-        100);
+    for (const V::Version other : otherVersions()) {
+        failEach(
+            [&] {
+                TzSoapMessage message = build(version(), true);
+                TzSoapVersionConverter(other).convert(message);
+            },
+            100);
+    }
 }
 
 TEST_P(OutOfMemoryIn, Copying) {
@@ -262,7 +331,7 @@ TEST_P(OutOfMemoryIn, CallingOverHttp) {
             TzSoapHttpTransportContext context;
             context.setSoapAction(LongText);
             const TzCString body = TzSoapHttpBinding::pack(message, context);
-            TzSoapMessage received;
+            TzSoapMessage received = reader();
             TzSoapHttpBinding::unpack(context, body, received);
         },
         100);
@@ -300,10 +369,10 @@ TEST_P(OutOfMemoryIn, AMessageThatCouldNotBeSerializedIsSerializedLater) {
 
 TEST_P(OutOfMemoryIn, AMessageThatCouldNotBeReadReadsTheNextText) {
     const std::string text = build(version(), true).asString();
-    TzSoapMessage read;
+    TzSoapMessage read = reader();
     read.extract(text);
     const std::string written = read.asString();
-    TzSoapMessage message;
+    TzSoapMessage message = reader();
     afterEach([&] { message.extract(text); },
               [&] {
                   message.extract(text);
@@ -337,10 +406,11 @@ TEST_P(OutOfMemoryIn, AnEntryThatCouldNotBeAddedIsNotThere) {
 
 INSTANTIATE_TEST_SUITE_P(
     Each, OutOfMemoryIn,
-    testing::Combine(testing::Values(V::V1_1, V::V1_2),
+    testing::Combine(testing::Values(V::V1_1, V::V1_2, V::V1_2Rec),
                      testing::Values(OutOfMemory::Once, OutOfMemory::FromThenOn)),
     [](const auto& parameters) {
-        return "V1_" + std::to_string(std::get<0>(parameters.param)) +
+        const V::Version version = std::get<0>(parameters.param);
+        return (version == V::V1_2Rec ? "V1_2Rec" : "V1_" + std::to_string(version)) +
                (std::get<1>(parameters.param) == OutOfMemory::Once ? "Once" : "FromThenOn");
     });
 

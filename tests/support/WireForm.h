@@ -42,7 +42,15 @@ public:
 
     /// The attribute that refers to the value with this id.
     std::string ref(const std::string& id) const {
-        return (version() == TzSoapVersion::V1_1 ? "href=\"#" : "ref=\"#") + id + "\"";
+        const bool isEncoded = version() == TzSoapVersion::V1_2Rec;
+        return (isEncoded                          ? "c:ref=\""
+                : version() == TzSoapVersion::V1_1 ? "href=\"#"
+                                                   : "ref=\"#") +
+               id + "\"";
+    }
+    /// The attribute that names a value for references.
+    std::string id(const std::string& id) const {
+        return (version() == TzSoapVersion::V1_2Rec ? "c:id=\"" : "id=\"") + id + "\"";
     }
     /// The attributes of an array with one axis of `size`; "" leaves it open.
     std::string array(const std::string& type, const std::string& size) const {
