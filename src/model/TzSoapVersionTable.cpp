@@ -208,6 +208,7 @@ TzSoapVersionTable::Texts TzSoapVersionTable::soap12RecTexts() {
     texts.noStyleSuffix = "/encoding/none";
     texts.habits = {.blocksStateStyle = false,
                     .targetsInline = true,
+                    .itemTypeIsOptional = true,
                     .refersByFragment = false,
                     .refusesForeignCodes = true,
                     .readsFaultsOf = TzSoapVersion::V1_1,

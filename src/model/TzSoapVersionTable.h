@@ -42,11 +42,12 @@ public:
     };
     /// What a version does differently, beside its names.
     struct Habits {
-        bool booleansAreWords = true;   ///< mustUnderstand is "true" instead of "1".
-        bool indicesInBrackets = false; ///< Indices are "[2,3]" instead of "2 3".
-        bool blocksStateStyle = true;   ///< Envelope, Header, Body and Detail may state a style.
-        bool targetsInline = false;     ///< A target stands where the first reference to it would.
-        bool refersByFragment = true;   ///< A reference is "#id" instead of "id".
+        bool booleansAreWords = true;    ///< mustUnderstand is "true" instead of "1".
+        bool indicesInBrackets = false;  ///< Indices are "[2,3]" instead of "2 3".
+        bool blocksStateStyle = true;    ///< Envelope, Header, Body and Detail may state a style.
+        bool targetsInline = false;      ///< A target stands where the first reference to it would.
+        bool itemTypeIsOptional = false; ///< An array of anything need not say so.
+        bool refersByFragment = true;    ///< A reference is "#id" instead of "id".
         bool refusesForeignCodes = false; ///< A fault takes no code that only other versions have.
         /// Peers write the children of faults as in this version, too; empty: they do not.
         std::optional<TzSoapVersion::Version> readsFaultsOf = std::nullopt;

@@ -216,7 +216,9 @@ void TzSoapStartTag::collectShape(const TzSoapArrayTypeImp& array) {
     }
     // SOAP 1.1 has arrayType, SOAP 1.2 itemType and arraySize; what the version lacks is skipped.
     const TzSoapVersion::Version version = context_.version();
-    collectSoap(TzSoapVersion::ItemType, array.getElementType());
+    if (!context_.habits().itemTypeIsOptional || !array.getElementType().empty()) {
+        collectSoap(TzSoapVersion::ItemType, array.getElementType());
+    }
     collectSoap(TzSoapVersion::ArraySize, attributes_.keep(array.getBoundsAsString(version)));
     collectSoap(TzSoapVersion::ArrayType, attributes_.keep(array.getArrayType()));
     const std::string_view offset = attributes_.keep(array.getOffsetAttribute(version));

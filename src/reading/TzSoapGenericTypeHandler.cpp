@@ -13,6 +13,7 @@
 #include <tz/xml/TzXmlElementImp.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapVersionTable.h"
 #include "reading/TzSoapReadingState.h"
 #include "reading/TzSoapVerbatimAttributes.h"
 
@@ -34,6 +35,16 @@ const TzXmlAttribute* findSoap(const TzXmlAttributeSet& attributes,
     }
     const auto* found = attributes.find(name);
     return found == attributes.end() ? nullptr : found;
+}
+
+/// Whether an element says that it is an array and nothing about its shape, as some versions can.
+bool isArrayNode(const TzXmlAttributeSet& attributes, TzSoapVersion::Version version) {
+    const TzXmlName& name = TzSoapVersionTable::of(version).term(TzSoapVersionTable::NodeType);
+    if (name.isEmpty()) {
+        return false;
+    }
+    const auto* const found = attributes.find(name);
+    return found != attributes.end() && found->getValue() == "array";
 }
 
 /// Whether an attribute can have a meaning in SOAP here: most elements have no such
@@ -209,7 +220,7 @@ TzSoapGenericTypeHandler::getType(const TzXmlAttributeSet& attributes, TzCString
         size = arraySize->getValue();
         found = Array;
     }
-    return found;
+    return found == NotSpecial && isArrayNode(attributes, version) ? Array : found;
 }
 
 void TzSoapGenericTypeHandler::doSoapEncoding(const TzXmlName& name,

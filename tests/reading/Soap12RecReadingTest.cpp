@@ -217,3 +217,66 @@ TEST(Soap12RecReading, TheReturnValueIsTheMemberThatResultNames) {
     EXPECT_EQ(first->getName().getLocalName(), "a");
     EXPECT_FALSE(Version::findReturnValue(entryWith("")).has_value());
 }
+
+TEST(Soap12RecReading, ANodeTypeMakesAnArrayOfAnElementWithoutShape) {
+    const std::string lines = "    <e" + EncodedRec + R"(>
+      <list enc:nodeType="array" enc:arraySize="*">
+        <i>1</i>
+        <i>2</i>
+      </list>
+      <none enc:nodeType="array" enc:arraySize="*">
+      </none>
+    </e>
+)";
+    const TzSoapMessage message =
+        readRec(bodyRec("<e" + EncodedRec +
+                        "><list enc:nodeType='array'><i>1</i><i>2</i></list>"
+                        "<none enc:nodeType='array'/></e>"));
+    const TzSoapType entry = message.getSoapBody().getFirstEntry();
+    EXPECT_EQ(tzSoapAs<TzSoapCompactArrayType>(entry.getChild("list")).entries(), 2U);
+    EXPECT_EQ(tzSoapAs<TzSoapCompactArrayType>(entry.getChild("none")).entries(), 0U);
+    EXPECT_EQ(wire(message), bodyRec(lines));
+}
+
+TEST(Soap12RecReading, ANodeTypeTellsAnEmptyStructFromAnEmptyText) {
+    const std::string lines = "    <e" + EncodedRec + R"(>
+      <a enc:nodeType="struct"></a>
+      <b enc:nodeType="simple"></b>
+      <c></c>
+    </e>
+)";
+    const TzSoapMessage message = readRec(bodyRec(lines));
+    const TzSoapType entry = message.getSoapBody().getFirstEntry();
+    EXPECT_EQ(entry.getChild("a").getSoapTypeId(), TzSoapType::Composite);
+    EXPECT_EQ(entry.getChild("b").getSoapTypeId(), TzSoapType::Simple);
+    EXPECT_EQ(entry.getChild("c").getSoapTypeId(), TzSoapType::Simple);
+}
+
+// What the element holds says more than its nodeType does.
+TEST(Soap12RecReading, ANodeTypeThatContradictsTheElementHasNoMeaning) {
+    const TzSoapType entry = entryWith("<a enc:nodeType='struct'>text</a>"
+                                       "<b enc:nodeType='simple'><i/></b>"
+                                       "<c enc:nodeType='struct' enc:arraySize='1'><i/></c>"
+                                       "<d enc:nodeType='list'/>");
+    EXPECT_EQ(entry.getChild("a").getSoapTypeId(), TzSoapType::Simple);
+    EXPECT_EQ(entry.getChild("b").getSoapTypeId(), TzSoapType::Composite);
+    EXPECT_EQ(entry.getChild("c").getSoapTypeId(), TzSoapType::Array);
+    EXPECT_EQ(entry.getChild("d").getSoapTypeId(), TzSoapType::Simple);
+}
+
+TEST(Soap12RecReading, ANodeTypeOfAnotherVersionHasNoMeaning) {
+    TzSoapMessage message;
+    message.extract(envelope12("<e xmlns:n='http://www.w3.org/2002/06/soap-encoding'>"
+                               "<a n:nodeType='array'/></e>"));
+    EXPECT_EQ(message.getSoapBody().getFirstEntry().getChild("a").getSoapTypeId(),
+              TzSoapType::Simple);
+}
+
+TEST(Soap12RecReading, AnArrayOfAnythingStatesNoItemType) {
+    const std::string lines = "    <list" + EncodedRec + R"( enc:arraySize="2">
+      <i>1</i>
+      <i>2</i>
+    </list>
+)";
+    EXPECT_EQ(wire(readRec(bodyRec(lines))), bodyRec(lines));
+}
