@@ -57,6 +57,7 @@ TzSoapConversion::TzSoapConversion(TzSoapMessage& message, const TzSoapVersion& 
 std::vector<TzCString> TzSoapConversion::run() {
     findTargets();
     elements_.setTargets(targets_);
+    elements_.setMessage(message_);
     if (terms_.habits().targetsInline && !isLiteral()) {
         findTargetEntries();
     }
@@ -127,6 +128,9 @@ void TzSoapConversion::prepareEnvelope() {
 
 TzSoapConversion::Style TzSoapConversion::takeStyle(TzSoapElementImp& container,
                                                     const Style& around) {
+    if (container.isVerbatim()) {
+        return around; // an attribute like any other
+    }
     Style style = container.sharedEncodingStyle();
     container.removeEncodingStyleAttribute();
     container.getAttributeSet().removeEncodingStyleAttribute();

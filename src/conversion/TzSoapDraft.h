@@ -19,6 +19,8 @@ public:
     TzSoapDraft(TzSoapElementImp& element, Changes& changes) noexcept
         : element_(element), changes_(changes) {}
 
+    /// The element before any change.
+    const TzSoapElementImp& original() const noexcept { return element_; }
     /// The element after the changes so far.
     const TzSoapElementImp& state() const noexcept {
         return state_ != nullptr ? *state_ : element_;

@@ -3,6 +3,8 @@
 
 #include "output/TzSoapInlineTargets.h"
 
+#include <soap/TzSoapMessage.h>
+
 #include <utility>
 
 namespace {
@@ -13,6 +15,13 @@ TzCString withMark(const TzCString& text) { return text.starts_with('#') ? text 
 /// What a reference to a value keeps its text under in the model, whatever the version.
 const TzXmlName& usualReference() {
     return TzSoapVersion::getLatestSoapVersion().getSoapAttributeQName(TzSoapVersion::Ref);
+}
+
+/// The URI that an element declares for `prefix`, null where it does not.
+template <typename Element>
+const TzCString* declared(const Element& element, const TzCString& prefix) {
+    const auto* const found = element.findNamespaceAttribute(prefix);
+    return found == element.attributesEnd() ? nullptr : &found->getValue();
 }
 
 } // namespace
@@ -29,7 +38,12 @@ void TzSoapElementConversion::convert(TzSoapDraft& draft, Reference reference) {
 
 void TzSoapElementConversion::convertNames(TzSoapDraft& draft) {
     const TzXmlName& name = draft.state().getName();
-    if (const auto converted = terms_.anyNameSpace(name.getNamespace())) {
+    if (terms_.isSpeltReport(name)) {
+        draft.edit().setName(TzSoapVersion::getLatestSoapVersion().getSoapElementQName(
+            TzSoapVersion::Misunderstood));
+    } else if (isOfUpgrade(name)) {
+        keepUpgrade(draft);
+    } else if (const auto converted = terms_.anyNameSpace(name.getNamespace())) {
         draft.edit().getName().setNamespace(*converted);
     } else if (terms_.isLost(name.getNamespace()) && !terms_.isReport(name)) {
         losses_.add("element " + TzSoapLosses::shown(name.asString()) + " of " + name.getUri(),
@@ -39,6 +53,72 @@ void TzSoapElementConversion::convertNames(TzSoapDraft& draft) {
     if (const auto converted = terms_.nameSpace(type.getNamespace())) {
         draft.edit().setTypeAttribute(TzXmlName(type.getLocalName(), *converted));
     }
+}
+
+bool TzSoapElementConversion::isOfUpgrade(const TzXmlName& name) const {
+    using Table = TzSoapVersionTable;
+    const TzXmlName& upgrade = terms_.sourceTerm(Table::UpgradeEntry);
+    return !upgrade.isEmpty() && terms_.targetTerm(Table::UpgradeEntry).isEmpty() &&
+           (name == upgrade || name == terms_.sourceTerm(Table::SupportedEnvelope));
+}
+
+// It lists envelopes of whatever version, so it stays as it is, under a prefix that no writer takes
+// for that of the message's own envelope.
+void TzSoapElementConversion::keepUpgrade(TzSoapDraft& draft) {
+    const TzXmlName name = draft.state().getName();
+    if (name == terms_.sourceTerm(TzSoapVersionTable::UpgradeEntry)) {
+        losses_.add("element " + TzSoapLosses::shown(name.asString()) + " of " + name.getUri(),
+                    TzSoapLosses::KeptAsItIs);
+        upgrade_ = &draft.original();
+    } else {
+        bindListedName(draft);
+    }
+    draft.edit().setName(
+        TzXmlName(name.getLocalName(), TzXmlNamespace(freePrefix(upgradePrefix_, "upgrade"),
+                                                      name.getNamespace().getUri())));
+}
+
+void TzSoapElementConversion::bindListedName(TzSoapDraft& draft) {
+    const TzXmlName attribute("qname");
+    const auto* const text = draft.state().findAttribute(attribute);
+    if (text == draft.state().attributesEnd()) {
+        return;
+    }
+    const TzXmlName listed(text->getValue());
+    if (const TzCString* const uri = uriForListed(draft.original(), listed.getPrefix())) {
+        const TzXmlNamespace bound(freePrefix(listedPrefix_, "ns"), *uri);
+        TzSoapAttributeSet& attributes = draft.edit().getAttributeSet();
+        attributes.addDeclaration(bound);
+        attributes.add(attribute, TzXmlName(listed.getLocalName(), bound).asString());
+    }
+}
+
+const TzCString* TzSoapElementConversion::uriForListed(const TzSoapElementImp& element,
+                                                       const TzCString& prefix) const {
+    const TzCString* uri = declared(element, prefix);
+    if (uri == nullptr && upgrade_ != nullptr) {
+        uri = declared(*upgrade_, prefix);
+    }
+    if (uri == nullptr) {
+        uri = declared(message_->getSoapHeader(), prefix);
+    }
+    return uri != nullptr ? uri : declared(*message_, prefix);
+}
+
+const TzCString& TzSoapElementConversion::freePrefix(TzCString& known,
+                                                     std::string_view base) const {
+    const auto isTaken = [this](const TzCString& prefix) {
+        return declared(message_->getSoapHeader(), prefix) != nullptr ||
+               declared(*message_, prefix) != nullptr;
+    };
+    if (known.empty()) {
+        TzCString prefix(base);
+        for (unsigned int number = 1; isTaken(prefix); ++number) {
+            prefix = TzCString(base) + std::to_string(number);
+        }
+        known = std::move(prefix);
+    }
+    return known;
 }
 
 void TzSoapElementConversion::convertProperties(TzSoapDraft& draft) {
@@ -64,7 +144,9 @@ void TzSoapElementConversion::convertAttributes(TzSoapDraft& draft, Reference re
     element_ = &draft.edit();
     for (const TzXmlAttribute& attribute : element_->getAttributeSet()) {
         const TzXmlName& name = attribute.getName();
-        if (attribute.isNamespaceDeclaration()) {
+        if (attribute.isNamespaceDeclaration() && isOfUpgrade(element_->getName())) {
+            converted_.add(attribute);
+        } else if (attribute.isNamespaceDeclaration()) {
             const auto declared = terms_.anyNameSpace(attribute.declaredNamespace());
             converted_.add(name, declared ? declared->getUri() : attribute.getValue());
         } else if (name.getUri().empty()) {
@@ -202,12 +284,18 @@ void TzSoapElementConversion::convertOwn(const TzXmlAttribute& attribute,
             loseAttribute(name, TzSoapLosses::KeptAsItIs);
         }
         converted_.add(moved, attribute.getValue());
-    } else if (counterpart.isEmpty()) {
+    } else if (counterpart.isEmpty() || isStyleOfBlock(kind)) {
         loseAttribute(name, TzSoapLosses::LeftOut);
     } else {
         converted_.add(TzXmlName(counterpart.getLocalName(), home),
                        valueOf(kind, attribute.getValue()));
     }
+}
+
+// Only an element that was read literally has it among its attributes.
+bool TzSoapElementConversion::isStyleOfBlock(TzSoapVersion::SoapAttribute attribute) const {
+    return attribute == TzSoapVersion::EncodingStyle && element_->isVerbatim() &&
+           !terms_.habits().blocksStateStyle && terms_.isTargetBlock(element_->getName());
 }
 
 void TzSoapElementConversion::convertForeign(const TzXmlAttribute& attribute) {
@@ -237,6 +325,8 @@ TzCString TzSoapElementConversion::valueOf(TzSoapVersion::SoapAttribute attribut
         return terms_.encodingStyle(value);
     case TzSoapVersion::Actor:
         return role(value);
+    case TzSoapVersion::MustUnderstand:
+        return terms_.flag(value);
     case TzSoapVersion::Position:
     case TzSoapVersion::Offset:
         return terms_.index(value);

@@ -12,6 +12,7 @@
 
 class TzSoapAttributeSet;
 class TzSoapInlineTargets;
+class TzSoapMessage;
 class TzXmlAttribute;
 
 /// Rewrites names, attributes and properties of elements for another version.
@@ -32,6 +33,9 @@ public:
     /// The ids that references of the message name, without which a plain "id" has no meaning in
     /// some versions. To be set before the first element; outlives this object.
     void setTargets(const TzSoapInlineTargets& targets) noexcept { targets_ = &targets; }
+    /// The message, whose envelope and header bind prefixes that stand in texts. To be set before
+    /// the first element, not changed before the last one; outlives this object.
+    void setMessage(const TzSoapMessage& message) noexcept { message_ = &message; }
     /// Makes `draft` one of the target version.
     void convert(TzSoapDraft& draft, Reference reference);
 
@@ -39,6 +43,12 @@ private:
     using Style = TzSharedRecord<TzCString>;
 
     void convertNames(TzSoapDraft& draft);
+    bool isOfUpgrade(const TzXmlName& name) const;
+    void keepUpgrade(TzSoapDraft& draft);
+    void bindListedName(TzSoapDraft& draft);
+    const TzCString* uriForListed(const TzSoapElementImp& element, const TzCString& prefix) const;
+    const TzCString& freePrefix(TzCString& known, std::string_view base) const;
+    bool isStyleOfBlock(TzSoapVersion::SoapAttribute attribute) const;
     void convertProperties(TzSoapDraft& draft);
     void convertAttributes(TzSoapDraft& draft, Reference reference);
     void convertPlain(const TzXmlAttribute& attribute, Reference reference);
@@ -62,6 +72,11 @@ private:
     // live as long
     std::unordered_map<const TzCString*, std::pair<Style, Style>> styles_;
     const TzSoapInlineTargets* targets_ = nullptr;
+    const TzSoapMessage* message_ = nullptr;
+    const TzSoapElementImp* upgrade_ = nullptr; // the list of envelopes that began last
+    // Prefixes that neither envelope nor header declares, looked for once
+    TzCString upgradePrefix_;
+    TzCString listedPrefix_;
     // Of the current element
     const TzSoapElementImp* element_ = nullptr;
     TzSoapAttributeSet converted_;

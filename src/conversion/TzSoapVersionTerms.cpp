@@ -5,6 +5,7 @@
 #include <soap/TzSoapUtils.h>
 #include <tz/xml/TzXmlBadArgError.h>
 
+#include <algorithm>
 #include <array>
 #include <list>
 
@@ -77,6 +78,26 @@ bool TzSoapVersionTerms::isReport(const TzXmlName& name) const {
     // The same name in the model whatever the version.
     return hasMisunderstood() && name == TzSoapVersion::getLatestSoapVersion().getSoapElementQName(
                                              TzSoapVersion::Misunderstood);
+}
+
+bool TzSoapVersionTerms::isSpeltReport(const TzXmlName& name) const {
+    return hasMisunderstood() && !isReport(name) &&
+           source_.matchSoapElement(name, TzSoapVersion::Misunderstood);
+}
+
+bool TzSoapVersionTerms::isTargetBlock(const TzXmlName& name) const {
+    using V = TzSoapVersion;
+    const auto blocks = {V::Envelope, V::Header, V::Body, V::Fault, V::FaultDetail};
+    return std::any_of(blocks.begin(), blocks.end(), [&](V::SoapElement element) {
+        return target_.matchSoapElement(name, element);
+    });
+}
+
+TzCString TzSoapVersionTerms::flag(const TzCString& text) const {
+    if (habits().booleansAreWords) {
+        return text; // or digits
+    }
+    return text == TzSoapUtils::TrueTag ? "1" : text == "false" ? "0" : text;
 }
 
 bool TzSoapVersionTerms::isFaultCode(const TzXmlName& name,

@@ -62,6 +62,12 @@ public:
     bool hasMisunderstood() const { return isNamed(TzSoapVersion::Misunderstood); }
     /// Whether `name` is the report of an entry that was not understood, which the target has.
     bool isReport(const TzXmlName& name) const;
+    /// Whether `name` is what the source itself calls such a report, and the target has reports.
+    bool isSpeltReport(const TzXmlName& name) const;
+    /// Whether `name` is a block of the target: its envelope, header, body, fault or detail.
+    bool isTargetBlock(const TzXmlName& name) const;
+    /// The text of a boolean attribute, in digits where the target knows no words.
+    TzCString flag(const TzCString& text) const;
     /// What the source calls a name beyond the enumerations; the empty name if it lacks it.
     const TzXmlName& sourceTerm(TzSoapVersionTable::Term term) const {
         return TzSoapVersionTable::of(source_.getVersion()).term(term);

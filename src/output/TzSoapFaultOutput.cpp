@@ -65,7 +65,8 @@ void TzSoapFaultOutput::writeSubcodes(const TzSoapFaultImp& fault, unsigned int 
 TzCString TzSoapFaultOutput::prefixFor(const TzSoapFaultImp& fault) const {
     const TzSoapScope& scope = context_.scope();
     const TzCString& own = fault.getName().getPrefix();
-    if (context_.isInEnvelope() && !own.empty() && canMeanEnvelope(own)) {
+    const bool isBound = !scope.hasExactNames() || !scope.uriFor(own).empty();
+    if (context_.isInEnvelope() && !own.empty() && isBound && canMeanEnvelope(own)) {
         return own;
     }
     const TzCString& usual = scope.envelopePrefix();

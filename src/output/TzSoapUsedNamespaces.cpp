@@ -22,6 +22,7 @@
 #include <utility>
 
 void TzSoapUsedNamespaces::declare(const TzSoapMessageImp& message) {
+    names_ = &message.getSoapVersion();
     const TzSoapHeaderImp& header = TzSoapAccess::body(message.getSoapHeader());
     const TzSoapBodyImp& body = TzSoapAccess::body(message.getSoapBody());
     useList(header, header.entries());
@@ -41,8 +42,11 @@ void TzSoapUsedNamespaces::useFault(const TzSoapFaultImp& fault) {
             use(needed);
         }
     }
-    enter(TzSoapAccess::body(fault.getDetails()));
-    walk();
+    if (fault.hasDetail()) {
+        // Under the name that it was read with, or the one that the version gives it.
+        enter(TzSoapAccess::body(fault.getDetails()), read != nullptr);
+        walk();
+    }
     if (declares) {
         within_.popScope();
     }
@@ -74,9 +78,9 @@ void TzSoapUsedNamespaces::walk() {
     }
 }
 
-void TzSoapUsedNamespaces::enter(const TzSoapTypeImp& value) {
+void TzSoapUsedNamespaces::enter(const TzSoapTypeImp& value, bool isNamed) {
     const bool declares = openScope(value.getAttributeSet());
-    useValue(value);
+    useValue(value, isNamed);
     const TzSoapContentBase::SoapTypeId kind = value.getSoapTypeId();
     const bool holds = kind == TzSoapContentBase::Composite || kind == TzSoapContentBase::Array;
     if (!holds || !met_.isNew(value)) {
@@ -97,7 +101,7 @@ bool TzSoapUsedNamespaces::openScope(const TzXmlAttributeSet& attributes) {
     return TzSoapOuterNamespaces::openScope(within_, attributes);
 }
 
-void TzSoapUsedNamespaces::useValue(const TzSoapTypeImp& value) {
+void TzSoapUsedNamespaces::useValue(const TzSoapTypeImp& value, bool isNamed) {
     if (value.getSoapTypeId() == TzSoapContentBase::UserDefined &&
         !static_cast<const TzSoapUserDefinedTypeImp&>(value).getMarkup().empty()) {
         const auto& markup = static_cast<const TzSoapUserDefinedTypeImp&>(value);
@@ -107,7 +111,9 @@ void TzSoapUsedNamespaces::useValue(const TzSoapTypeImp& value) {
         return;
     }
     // Not the virtual operation, which the placeholders of an array refuse.
-    use(value.TzXmlElementImp::getName().getNamespace());
+    if (const TzXmlName& name = value.TzXmlElementImp::getName(); isNamed && !isRespelled(value)) {
+        use(name.getNamespace());
+    }
     for (const TzXmlAttribute& attribute : value.getAttributeSet()) {
         if (!attribute.isNamespaceDeclaration()) {
             use(attribute.getName().getNamespace());
@@ -120,6 +126,13 @@ void TzSoapUsedNamespaces::useValue(const TzSoapTypeImp& value) {
         }
     }
     useType(value.getTypeValue(), value);
+}
+
+// A report has one name in the model, whatever its version calls it.
+bool TzSoapUsedNamespaces::isRespelled(const TzSoapTypeImp& value) const {
+    const TzXmlName& own = names_->getSoapElementQName(TzSoapVersion::Misunderstood);
+    return value.getSoapTypeId() == TzSoapContentBase::Misunderstood && !own.isEmpty() &&
+           !(own == value.getName());
 }
 
 void TzSoapUsedNamespaces::useType(const TzXmlName& type, const TzSoapTypeImp& value) {

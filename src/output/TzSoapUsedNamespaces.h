@@ -42,14 +42,16 @@ private:
 
     void useList(const TzSoapElementImp& block, const TzSoapValueList& values);
     void walk();
-    void enter(const TzSoapTypeImp& value);
+    void enter(const TzSoapTypeImp& value, bool isNamed = true);
     void useFault(const TzSoapFaultImp& fault);
     bool openScope(const TzXmlAttributeSet& attributes);
-    void useValue(const TzSoapTypeImp& value);
+    void useValue(const TzSoapTypeImp& value, bool isNamed);
+    bool isRespelled(const TzSoapTypeImp& value) const;
     void useType(const TzXmlName& type, const TzSoapTypeImp& value);
     void use(const TzXmlNamespace& nameSpace);
 
     TzSoapScope& scope_;
+    const TzSoapVersion* names_ = nullptr; // of the message
     TzXmlNamespaceStack within_; // declared between the envelope and the element looked at
     std::vector<Open> open_;
     TzSoapMetValues met_;

@@ -225,7 +225,7 @@ void TzSoapFaultImp::takeReason(bool isElement) {
     }
     TzSoapReason reason{text_, {}};
     const TzXmlName language("lang", TzXmlNamespace::getXml());
-    if (isElement && !scopes_.empty()) {
+    if (!scopes_.empty()) {
         const auto* const found = scopes_.back().find(language);
         reason.language = found == scopes_.back().end() ? TzCString() : found->getValue();
     }

@@ -12,11 +12,14 @@
 #include <soap/TzSoapSimpleTypeImp.h>
 #include <soap/TzSoapTypeRegistry.h>
 #include <soap/TzSoapUtils.h>
+#include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapVersionTable.h"
 #include "reading/TzSoapReadingState.h"
 #include "reading/TzSoapVerbatimAttributes.h"
 
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -38,6 +41,20 @@ bool isMisunderstood(const TzXmlName& name, TzSoapVersion::Version version) {
     return !name.getUri().empty() &&
            (name == misunderstoodElement() ||
             name == TzSoapVersion::getSoapElementName(TzSoapVersion::Misunderstood, version));
+}
+
+bool hasText(std::string_view text) { return !TzXmlUtils::trim(text).empty(); }
+
+/// Whether an element without children says that it is a struct, as some versions can.
+bool isEmptyStruct(const TzSoapElementImp& element, const TzSoapReadingState& reading) {
+    if (element.getAttributeSet().empty() || reading.isLiteral()) {
+        return false;
+    }
+    const TzXmlName& nodeType =
+        TzSoapVersionTable::of(reading.version()).term(TzSoapVersionTable::NodeType);
+    const auto* const found =
+        nodeType.isEmpty() ? element.attributesEnd() : element.findAttribute(nodeType);
+    return found != element.attributesEnd() && found->getValue() == "struct";
 }
 
 } // namespace
@@ -114,9 +131,15 @@ void TzSoapUnknownTypeHandler::startElement(const TzXmlName& name,
 }
 
 [[gnu::hot]] void TzSoapUnknownTypeHandler::endElement(const TzXmlName&) {
-    static_cast<void>(reading(Unit, 81));
-    if (isMisunderstood(element_->TzXmlElementImp::getName(), context()->getVersion())) {
+    const TzSoapReadingState& reading = TzSoapAccess::reading(this->reading(Unit, 81));
+    if (isMisunderstood(element_->TzXmlElementImp::getName(), reading.version()) &&
+        (!reading.isLiteral() || text_.empty())) {
         finishMisunderstood();
+    } else if (isEmptyStruct(*element_, reading) && !hasText(text_)) {
+        auto* body = new TzSoapCompositeTypeImp();
+        const auto composite = TzSoapAccess::handle<TzSoapCompositeType>(body);
+        body->takeElement(*element_);
+        hand(TzSoapType(composite));
     } else {
         finishSimple();
     }
@@ -152,7 +175,8 @@ void TzSoapUnknownTypeHandler::finishMisunderstood() {
     const auto value = TzSoapAccess::handle<TzSoapMisunderstoodType>(body);
     body->setQualifiedName(misunderstoodName());
     body->takeElement(*element_);
-    if (!(body->TzXmlElementImp::getName() == misunderstoodElement())) {
+    if (!TzSoapAccess::reading(*context()).isLiteral() &&
+        !(body->TzXmlElementImp::getName() == misunderstoodElement())) {
         body->setName(misunderstoodElement());
     }
     hand(TzSoapType(value));
