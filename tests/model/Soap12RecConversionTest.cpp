@@ -247,8 +247,8 @@ TzSoapMessage literalReport() {
 TEST(Soap12RecConversion, TheTextBeforeAReportIsLeftOutWithIt) {
     TzSoapMessage message = literalReport();
     EXPECT_EQ(TzSoapVersionConverter(TzSoapVersion::V1_1).convert(message),
-              (Losses{"header entry f:Misunderstood: left out",
-                      "text before header entry f:Misunderstood: left out"}));
+              (Losses{"header entry env:NotUnderstood: left out",
+                      "text before header entry env:NotUnderstood: left out"}));
     const std::string text = message.asString();
     EXPECT_EQ(text.find("before the only report"), std::string::npos) << text;
     EXPECT_NE(text.find(">and a text after the report</env:Header>"), std::string::npos) << text;
