@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Calls the echo service of another SOAP stack: interop_client URL php|perl 1.1|1.2. A line for
-// each case: its name, "ok" or what came back instead, and the types that changed on the way.
+// Calls the echo service of another SOAP stack: interop_client URL php|perl|gsoap 1.1|1.2. A line
+// for each case: its name, "ok" or what came back instead, and the types that changed on the way.
 #include "InteropValues.h"
 
 #include "HttpPost.h"
@@ -14,6 +14,7 @@
 #include <csignal>
 #include <functional>
 #include <iostream>
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -28,25 +29,41 @@ const TzXmlNamespace& service() {
     return instance;
 }
 
+/// What the operations of a peer are like.
+enum class Kind {
+    Php,   ///< Of its own values, which carry their type, but for bytes.
+    Perl,  ///< One of its own values, and one that answers the stated type.
+    Gsoap, ///< One for each type.
+};
+
 /// The service of one peer.
 class Peer {
 public:
-    Peer(std::string url, bool isPerl, TzSoapVersion::Version version)
-        : url_(std::move(url)), isPerl_(isPerl), version_(version) {}
+    Peer(std::string url, Kind kind, TzSoapVersion::Version version)
+        : url_(std::move(url)), kind_(kind), version_(version) {}
 
     /// The version that the peer is called in.
     TzSoapVersion::Version version() const { return version_; }
 
-    /// The operation that answers a value of that type with its type. PHP's own values carry
-    /// theirs, but for bytes.
+    /// The operation that answers a value of that type with its type.
     const char* operationFor(Base::SchemaType type) const {
-        if (isPerl_) {
+        if (kind_ == Kind::Gsoap) {
+            return operationsOfGsoap().at(type);
+        }
+        if (kind_ == Kind::Perl) {
             return "echoTyped";
         }
         return type == Base::xsdBase64Binary ? "echoBase64" : "echoValue";
     }
+    /// The operation that answers a value of the peer's own, where there is one for each type
+    /// `typed`.
+    const char* operationForOwn(const char* typed) const {
+        return kind_ == Kind::Gsoap ? typed : "echoValue";
+    }
     /// The operation that answers header entries.
-    const char* operationForHeaders() const { return isPerl_ ? "echoHeaders" : "echoValue"; }
+    const char* operationForHeaders() const {
+        return kind_ == Kind::Perl ? "echoHeaders" : operationForOwn("echoInt");
+    }
 
     TzSoapMessage post(const TzSoapMessage& request, const std::string& operation) const {
         TzSoapHttpTransportContext headers;
@@ -68,8 +85,17 @@ private:
         return answer;
     }
 
+    static const std::map<Base::SchemaType, const char*>& operationsOfGsoap() {
+        static const std::map<Base::SchemaType, const char*> instance = {
+            {Base::xsdString, "echoString"},      {Base::xsdInt, "echoInt"},
+            {Base::xsdLong, "echoLong"},          {Base::xsdDouble, "echoDouble"},
+            {Base::xsdBoolean, "echoBoolean"},    {Base::xsdDateTime, "echoDateTime"},
+            {Base::xsdBase64Binary, "echoBase64"}};
+        return instance;
+    }
+
     std::string url_;
-    bool isPerl_;
+    Kind kind_;
     TzSoapVersion::Version version_;
 };
 
@@ -128,12 +154,15 @@ Finding echoes(const Peer& peer, const std::vector<TzSoapType>& sent) {
     return finding;
 }
 
+/// A value, and the operation for it of a peer that has one for each type.
+using OwnValue = std::pair<const char*, TzSoapType>;
+
 /// Composites and arrays go through the operation for a peer's own values.
-Finding echoesOwn(const Peer& peer, const std::vector<TzSoapType>& sent) {
+Finding echoesOwn(const Peer& peer, const std::vector<OwnValue>& sent) {
     Finding finding;
-    for (const TzSoapType& value : sent) {
-        const TzSoapMessage answer =
-            peer.post(makeRequest(peer, "echoValue", {value}), "echoValue");
+    for (const auto& [typed, value] : sent) {
+        const char* const operation = peer.operationForOwn(typed);
+        const TzSoapMessage answer = peer.post(makeRequest(peer, operation, {value}), operation);
         finding.result = difference(value, resultOf(answer), finding.changes);
         if (!finding.result.empty()) {
             return finding;
@@ -253,7 +282,7 @@ Case typed(const char* name, Base::SchemaType type, const std::vector<const char
     return {name, [sent](const Peer& peer) { return echoes(peer, sent); }};
 }
 
-Case own(const char* name, const std::vector<TzSoapType>& sent) {
+Case own(const char* name, const std::vector<OwnValue>& sent) {
     return {name, [sent](const Peer& peer) { return echoesOwn(peer, sent); }};
 }
 
@@ -273,26 +302,27 @@ std::vector<Case> simpleCases() {
         typed("boolean", Base::xsdBoolean, {"true", "false", "1", "0"}),
         typed("dateTime", Base::xsdDateTime, {"2026-12-31T23:59:59.25+01:00"}),
         {"base64", [](const Peer& peer) { return echoes(peer, {makeBytes("value")}); }},
-        own("nil", {makeNil("value")}),
+        own("nil", {{"echoString", makeNil("value")}}),
     };
 }
 
 std::vector<Case> otherCases() {
     return {
-        own("struct", {makePerson("value", "Ann", 42)}),
-        own("nested structs", {makeNested("value")}),
-        own("array of simple values",
-            {makeInts("value", {1, 2, 3}), makeStrings("value", {"a", "", "c"})}),
-        own("array of structs", {makePersons("value", 2)}),
-        own("empty array", {makePersons("value", 0)}),
+        own("struct", {{"echoPerson", makePerson("value", "Ann", 42)}}),
+        own("nested structs", {{"echoNested", makeNested("value")}}),
+        own("array of simple values", {{"echoInts", makeInts("value", {1, 2, 3})},
+                                       {"echoStrings", makeStrings("value", {"a", "", "c"})}}),
+        own("array of structs", {{"echoPersons", makePersons("value", 2)}}),
+        own("empty array", {{"echoPersons", makePersons("value", 0)}}),
         {"two references to one object", shared},
         {"header entry", [](const Peer& peer) { return answeredHeader(peer, false); }},
         {"mandatory header entry", [](const Peer& peer) { return answeredHeader(peer, true); }},
         {"mandatory header entry, unknown",
          [](const Peer& peer) {
              const TzXmlName ticket("ticket", TzXmlNamespace("t", "urn:unknown"));
+             const char* const operation = peer.operationForOwn("echoInt");
              return faults("MustUnderstand",
-                           peer.post(withHeader(peer, "echoValue", ticket, true), "echoValue"));
+                           peer.post(withHeader(peer, operation, ticket, true), operation));
          }},
         {"fault", fullFault},
         {"unknown version", unknownVersion},
@@ -320,12 +350,14 @@ void runAll(const std::vector<Case>& cases, const Peer& peer) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 4) {
-        std::cerr << "usage: interop_client URL php|perl 1.1|1.2\n";
+    static const std::map<std::string, Kind> kinds = {
+        {"php", Kind::Php}, {"perl", Kind::Perl}, {"gsoap", Kind::Gsoap}};
+    if (argc != 4 || !kinds.contains(argv[2])) {
+        std::cerr << "usage: interop_client URL php|perl|gsoap 1.1|1.2\n";
         return 1;
     }
     std::signal(SIGPIPE, SIG_IGN); // a server may refuse a request before it has all of it
-    const Peer peer(argv[1], argv[2] == std::string("perl"),
+    const Peer peer(argv[1], kinds.at(argv[2]),
                     argv[3] == std::string("1.1") ? TzSoapVersion::V1_1 : TzSoapVersion::V1_2Rec);
     runAll(simpleCases(), peer);
     runAll(otherCases(), peer);

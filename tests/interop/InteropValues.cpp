@@ -15,44 +15,6 @@ namespace values {
 
 namespace {
 
-constexpr std::uint32_t LastCodePoint = 0x10FFFF;
-
-bool isNoncharacter(std::uint32_t code) {
-    return (code & 0xFFFEU) == 0xFFFEU || (code >= 0xFDD0 && code <= 0xFDEF);
-}
-
-void appendUtf8(std::string& text, std::uint32_t code) {
-    const auto byte = [&](std::uint32_t value) { text += static_cast<char>(value); };
-    if (code < 0x80) {
-        byte(code);
-        return;
-    }
-    if (code < 0x800) {
-        byte(0xC0U | code >> 6U);
-    } else {
-        if (code < 0x10000) {
-            byte(0xE0U | code >> 12U);
-        } else {
-            byte(0xF0U | code >> 18U);
-            byte(0x80U | (code >> 12U & 0x3FU));
-        }
-        byte(0x80U | (code >> 6U & 0x3FU));
-    }
-    byte(0x80U | (code & 0x3FU));
-}
-
-/// The code points for which `wanted` holds, of those that XML can carry.
-template <typename Wanted> std::string codePoints(const Wanted& wanted) {
-    std::string text;
-    for (std::uint32_t code = 0x20; code <= LastCodePoint; ++code) {
-        const bool carried = (code < 0xD800 || code > 0xDFFF) && code != 0xFFFE && code != 0xFFFF;
-        if (carried && wanted(code)) {
-            appendUtf8(text, code);
-        }
-    }
-    return text;
-}
-
 template <typename Make, typename Items>
 TzSoapCompactArrayType makeArray(const char* name, const char* type, const Items& items,
                                  const Make& make) {
@@ -226,12 +188,6 @@ TzSoapCompactArrayType makePersons(const char* name, unsigned int count) {
     return makeArray(name, "xsd:anyType", all,
                      [](const std::string& text) { return makePerson("item", text, 1); });
 }
-
-std::string allOfUnicode() {
-    return "\t\n" + codePoints([](std::uint32_t code) { return !isNoncharacter(code); });
-}
-
-std::string noncharacters() { return codePoints(isNoncharacter); }
 
 Base::SchemaType schemaTypeOf(const TzSoapType& value) {
     const auto simple = tzSoapCast<TzSoapSimpleType>(value);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "CodePoints.h"
+
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapReferenceType.h>
@@ -29,11 +31,6 @@ TzSoapCompositeType makeNested(const char* name);
 TzSoapCompactArrayType makeInts(const char* name, const std::vector<int>& numbers);
 TzSoapCompactArrayType makeStrings(const char* name, const std::vector<std::string>& texts);
 TzSoapCompactArrayType makePersons(const char* name, unsigned int count);
-/// Every character that XML can carry, but the carriage return, which has another case.
-std::string allOfUnicode();
-/// The code points without character that XML can carry nevertheless.
-std::string noncharacters();
-
 /// The type of a simple value, `xsdUnknown` of any other.
 Base::SchemaType schemaTypeOf(const TzSoapType& value);
 /// `value`, or what it refers to, as a struct. `std::runtime_error` for another value.

@@ -2,7 +2,7 @@
 //
 // Calls the service of orders.wsdl that another SOAP stack serves: literal_client URL 1.1|1.2. A
 // line for each case: its name and "ok" or what came back instead.
-#include "Compare.h"
+#include "../Compare.h"
 #include "Orders.h"
 
 #include "../InteropValues.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Orders.h"
 
-#include "Compare.h"
+#include "../Compare.h"
 
 #include <soap/TzSoapCast.h>
 #include <soap/TzSoapSimpleType.h>

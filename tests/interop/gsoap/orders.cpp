@@ -3,10 +3,12 @@
 // The service of orders.wsdl and a client for it with gSOAP, around the code that wsdl2h and
 // soapcpp2 make from orders.wsdl (tests/interop/run does that):
 //
-//     gsoap_orders                  serves, on a port of the system's choice, which it prints
-//     gsoap_orders URL 1.1|1.2      calls; a line for each case: its name and "ok" or what came
+//     orders                  serves, on a port of the system's choice, which it prints
+//     orders URL 1.1|1.2      calls; a line for each case: its name and "ok" or what came
 //     back
+#include "CodePoints.h"
 #include "Compare.h"
+#include "Gsoap.h"
 
 #include "Orders11.nsmap"
 #include "soapOrders11Proxy.h"
@@ -14,27 +16,16 @@
 
 #include <algorithm>
 #include <cmath>
-#include <codecvt>
-#include <cstdint>
 #include <ctime>
 #include <functional>
-#include <iostream>
 #include <limits>
-#include <locale>
-#include <sstream>
-#include <stdexcept>
 #include <string>
 #include <vector>
-
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 
 namespace {
 
 // Strict: what the schema does not have is a fault.
 constexpr soap_mode Mode = SOAP_C_UTFSTRING | SOAP_XML_STRICT;
-constexpr bool IsFirst = GSOAP_ORDERS_VERSION == 1;
 constexpr std::time_t LastMoment = 1798757999; // 2026-12-31T23:59:59+01:00
 
 using orders::compare;
@@ -43,15 +34,7 @@ std::string show(const std::string& text) { return orders::shownText(text); }
 std::string show(const std::string* text) { return text == nullptr ? "nil" : show(*text); }
 std::string show(LONG64 number) { return std::to_string(number); }
 std::string show(bool flag) { return flag ? "true" : "false"; }
-std::string show(double number) {
-    if (std::isnan(number)) {
-        return "NaN"; // of either sign
-    }
-    std::ostringstream out;
-    out.precision(std::numeric_limits<double>::max_digits10);
-    out << number;
-    return out.str();
-}
+std::string show(double number) { return gsoap::shownNumber(number); }
 std::string show(const xsd__base64Binary& bytes) {
     return show(std::string(reinterpret_cast<const char*>(bytes.__ptr),
                             static_cast<std::size_t>(bytes.__size)));
@@ -119,7 +102,7 @@ public:
         auto* detail = static_cast<SOAP_ENV__Detail*>(soap_malloc(soap, sizeof(SOAP_ENV__Detail)));
         soap_default_SOAP_ENV__Detail(soap, detail);
         detail->ns1__unknownOrder = unknown;
-        (IsFirst ? soap->fault->detail : soap->fault->SOAP_ENV__Detail) = detail;
+        (gsoap::IsFirst ? soap->fault->detail : soap->fault->SOAP_ENV__Detail) = detail;
         return status;
     }
     // The second binding of the WSDL, by the same elements.
@@ -136,23 +119,6 @@ public:
 private:
     const char* text(const std::string& value) { return soap_strdup(soap, value.c_str()); }
 };
-
-int serve() {
-    Orders service(soap_new1(Mode));
-    if (!soap_valid_socket(service.bind("127.0.0.1", 0, 100))) {
-        service.soap_stream_fault(std::cerr);
-        return 1;
-    }
-    sockaddr_in address{};
-    socklen_t size = sizeof address;
-    getsockname(service.soap->master, reinterpret_cast<sockaddr*>(&address), &size);
-    std::cout << "listening on http://127.0.0.1:" << ntohs(address.sin_port) << '/' << std::endl;
-    while (soap_valid_socket(service.accept())) {
-        service.serve();
-        service.destroy();
-    }
-    return 1;
-}
 
 /// A client for one version.
 class Caller {
@@ -222,7 +188,8 @@ public:
         const std::string wanted =
             faultText("Client", "Sender", "No order <" + request.number + "> & co.");
         const SOAP_ENV__Fault* const found = proxy_.soap_fault();
-        const SOAP_ENV__Detail* const detail = IsFirst ? found->detail : found->SOAP_ENV__Detail;
+        const SOAP_ENV__Detail* const detail =
+            gsoap::IsFirst ? found->detail : found->SOAP_ENV__Detail;
         if (detail == nullptr || detail->ns1__unknownOrder == nullptr) {
             return fault() + " without detail";
         }
@@ -234,26 +201,15 @@ public:
     void clear() { proxy_.destroy(); }
 
 private:
-    std::string faultText(const char* first, const char* second, const std::string& reason) const {
-        return std::string("fault ") + (IsFirst ? first : second) + ": " + reason;
+    static std::string faultText(const char* first, const char* second, const std::string& reason) {
+        return gsoap::faultText(gsoap::IsFirst ? first : second, reason);
     }
-    /// What went wrong in the last call.
-    std::string fault() {
-        const char* const name = *soap_faultcode(proxy_.soap);
-        const char* const reason = *soap_faultstring(proxy_.soap);
-        const std::string code = name == nullptr ? "" : name;
-        return "fault " + code.substr(code.find(':') + 1) + ": " +
-               (reason == nullptr ? "" : reason);
-    }
+    std::string fault() { return gsoap::lastFault(proxy_.soap); }
 
     Orders11Proxy proxy_;
 };
 
-/// A case by its name.
-struct Case {
-    const char* name;
-    std::function<std::string(Caller&)> run;
-};
+using Case = gsoap::Case<Caller>;
 
 Case order(const char* name, const std::function<void(Caller&, ns1__Order&)>& change) {
     return {name, [change](Caller& caller) {
@@ -286,22 +242,6 @@ std::string longOrder(Caller& caller) {
     return caller.places(made, 500500, 250250);
 }
 
-bool isCharacter(std::uint32_t code) {
-    return (code & 0xFFFEU) != 0xFFFEU && (code < 0xFDD0 || code > 0xFDEF) &&
-           (code < 0xD800 || code > 0xDFFF);
-}
-
-/// Every character that XML can carry, but the carriage return, which has a case of its own.
-std::string allOfUnicode() {
-    std::u32string codes = U"\t\n";
-    for (std::uint32_t code = 0x20; code <= 0x10FFFF; ++code) {
-        if (isCharacter(code)) {
-            codes += static_cast<char32_t>(code);
-        }
-    }
-    return std::wstring_convert<std::codecvt_utf8<char32_t>, char32_t>().to_bytes(codes);
-}
-
 std::vector<Case> orderCases() {
     return {
         {"order", fullOrder},
@@ -330,7 +270,7 @@ std::vector<Case> valueCases() {
         texts("string: entities", {R"(<tag attr="v">Tom & 'Jerry' &amp; &#65; ]]></tag>)"}),
         texts("string: blanks", {"  two leading, two trailing  ", "\t", "   "}),
         texts("string: line breaks", {"a\nb\r\nc\rd\n"}),
-        texts("string: all of Unicode", {allOfUnicode()}),
+        texts("string: all of Unicode", {values::allOfUnicode()}),
         echo("long",
              [](ns1__Values& values) {
                  constexpr LONG64 Largest = std::numeric_limits<LONG64>::max();
@@ -377,27 +317,13 @@ std::vector<Case> valueCases() {
     };
 }
 
-void runAll(const std::vector<Case>& cases, Caller& caller) {
-    for (const Case& each : cases) {
-        std::string result = each.run(caller);
-        std::replace_if(
-            result.begin(), result.end(), [](char c) { return c == '\n' || c == '\t'; }, ' ');
-        std::cout << each.name << '\t' << result << '\n';
-        caller.clear();
-    }
+std::vector<Case> allCases() {
+    std::vector<Case> cases = orderCases();
+    const std::vector<Case> others = valueCases();
+    cases.insert(cases.end(), others.begin(), others.end());
+    return cases;
 }
 
 } // namespace
 
-int main(int argc, char** argv) {
-    if (argc == 1) {
-        return serve();
-    }
-    if (argc != 2) {
-        std::cerr << "usage: gsoap_orders [URL]\n";
-        return 1;
-    }
-    Caller caller(argv[1]);
-    runAll(orderCases(), caller);
-    runAll(valueCases(), caller);
-}
+int main(int argc, char** argv) { return gsoap::run<Orders, Caller>(argc, argv, Mode, allCases()); }
