@@ -8,6 +8,7 @@
 #include <set>
 #include <vector>
 
+class TzSoapHeader;
 class TzSoapMessage;
 class TzSoapType;
 
@@ -41,6 +42,10 @@ public:
     /// differently, such as that of SOAP 1.1 without the last slash, is seen as well, here and in
     /// `isTargetOf`; the entry's own `getMustUnderstand` and `getActorAttribute` do not know of it.
     std::vector<TzXmlName> findMisunderstood(const TzSoapMessage& message) const;
+    /// Makes `header` one that an answer can have: keeps the entries that are meant for this
+    /// receiver and understood, without their actor (role) and mustUnderstand, and removes the
+    /// others. O(entries and their attributes).
+    void retainUnderstood(TzSoapHeader& header) const;
 
 private:
     std::set<TzCString> roles_;

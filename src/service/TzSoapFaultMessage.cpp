@@ -7,29 +7,23 @@
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapMisunderstoodType.h>
 #include <soap/TzSoapSimpleType.h>
-#include <tz/tools/TzMessage.h>
 #include <tz/xml/TzXmlBadArgError.h>
 #include <tz/xml/TzXmlBoundsError.h>
 #include <tz/xml/TzXmlParseError.h>
 
 #include "model/TzSoapVersionTable.h"
+#include "service/TzSoapErrorMatch.h"
 
-#include <cstring>
 #include <string>
 
 namespace {
 
-bool isUnknownVersion(const TzXmlParseError& error) {
-    const TzCatMsg& entry = *tzsoap_UNKNOWN_VERSION();
-    return error.getMessage().getId() == entry.id &&
-           std::strcmp(error.getMessage().getDomain(), entry.domain) == 0;
-}
-
 TzSoapVersion::SoapFaultCode codeFor(const Tzxmsg& error) {
-    if (const auto* const unread = dynamic_cast<const TzXmlParseError*>(&error)) {
-        return isUnknownVersion(*unread) ? TzSoapVersion::VersionMismatch : TzSoapVersion::Client;
+    if (tzSoapIsParseError(error, *tzsoap_UNKNOWN_VERSION())) {
+        return TzSoapVersion::VersionMismatch;
     }
-    const bool senders = dynamic_cast<const TzXmlBoundsError*>(&error) != nullptr ||
+    const bool senders = dynamic_cast<const TzXmlParseError*>(&error) != nullptr ||
+                         dynamic_cast<const TzXmlBoundsError*>(&error) != nullptr ||
                          dynamic_cast<const TzXmlBadArgError*>(&error) != nullptr;
     return senders ? TzSoapVersion::Client : TzSoapVersion::Server;
 }

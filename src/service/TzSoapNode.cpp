@@ -86,3 +86,15 @@ std::vector<TzXmlName> TzSoapNode::findMisunderstood(const TzSoapMessage& messag
     }
     return names;
 }
+
+void TzSoapNode::retainUnderstood(TzSoapHeader& header) const {
+    for (auto entry = header.entriesBegin(); entry != header.entriesEnd();) {
+        if (isTargetOf(*entry) && understands(entry->getName())) {
+            entry->removeActorAttribute();
+            entry->removeMustUnderstandAttribute();
+            ++entry;
+        } else {
+            entry = header.removeHeaderEntry(entry);
+        }
+    }
+}

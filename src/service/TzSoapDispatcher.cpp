@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#include <soap/TzSoapDispatcher.h>
+
+#include <soap/TzSoapCatalog.h>
+#include <soap/TzSoapFaultError.h>
+#include <soap/TzSoapFaultMessage.h>
+#include <soap/TzSoapHttpBinding.h>
+
+#include "service/TzSoapErrorMatch.h"
+#include "service/TzSoapInVersion.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int Accepted = 202;
+constexpr int UnsupportedMediaType = 415;
+constexpr std::size_t DeepestRequest = 100;
+
+TzSoapHttpTransportContext contextOf(const TzSoapHttpRequest& request) {
+    TzSoapHttpTransportContext context;
+    if (!request.contentType.empty()) {
+        context.add(TzSoapHttpBinding::getContentTypeLabel(), request.contentType);
+    }
+    if (!request.action.empty()) {
+        context.setSoapAction(request.action);
+    }
+    return context;
+}
+
+TzSoapHttpAnswer packed(const TzSoapMessage& answer) {
+    TzSoapHttpAnswer http;
+    http.body = TzSoapHttpBinding::pack(answer, http.headers);
+    http.status = TzSoapHttpBinding::getStatus(answer);
+    return http;
+}
+
+/// A fault that was just made, in the style of the service.
+TzSoapHttpAnswer packedFault(TzSoapMessage fault, TzSoapStyle style) {
+    fault.setStyle(style);
+    return packed(fault);
+}
+
+bool isVersionMismatch(const TzSoapMessage& fault) {
+    return fault.getSoapBody().getSoapFault().getCodeValue() ==
+           fault.getSoapVersion().getFaultCode(TzSoapVersion::VersionMismatch);
+}
+
+template <typename Map, typename Key> const auto* lookedUp(const Map& map, const Key& key) {
+    const auto found = map.find(key);
+    return found == map.end() ? nullptr : &found->second;
+}
+
+} // namespace
+
+TzSoapDispatcher::TzSoapDispatcher(TzSoapStyle style)
+    : style_(style), versions_{TzSoapVersion::V1_2Rec, TzSoapVersion::V1_1, TzSoapVersion::V1_2},
+      limits_{.depth = DeepestRequest} {}
+
+void TzSoapDispatcher::add(const TzXmlName& name, TzSoapOperation operation) {
+    add(name, std::move(operation), style_);
+}
+
+void TzSoapDispatcher::add(const TzXmlName& name, TzSoapOperation operation, TzSoapStyle style) {
+    byName_.insert_or_assign(name, Entry{std::move(operation), style});
+    mixesStyles_ = mixesStyles_ || style != style_;
+}
+
+void TzSoapDispatcher::addForAction(const TzCString& action, TzSoapOperation operation) {
+    addForAction(action, std::move(operation), style_);
+}
+
+void TzSoapDispatcher::addForAction(const TzCString& action, TzSoapOperation operation,
+                                    TzSoapStyle style) {
+    byAction_.insert_or_assign(action, Entry{std::move(operation), style});
+    mixesStyles_ = mixesStyles_ || style != style_;
+}
+
+void TzSoapDispatcher::setDefault(TzSoapOperation operation) {
+    default_ = Entry{std::move(operation), style_};
+}
+
+void TzSoapDispatcher::setVersions(const std::vector<TzSoapVersion::Version>& versions) {
+    versions_ = versions;
+}
+
+void TzSoapDispatcher::setReadLimits(const TzSoapReadLimits& limits) { limits_ = limits; }
+
+void TzSoapDispatcher::setFailureHook(FailureHook hook) { hook_ = std::move(hook); }
+
+/// The style that a request was meant in, which was read literally because that loses nothing.
+TzSoapStyle TzSoapDispatcher::styleOf(const TzCString& action, const TzSoapMessage& request) const {
+    const Entry* entry = lookedUp(byAction_, action);
+    for (const TzSoapType& candidate : request.getSoapBody()) {
+        if (entry != nullptr) {
+            break;
+        }
+        entry = lookedUp(byName_, candidate.getName());
+    }
+    return entry == nullptr ? style_ : entry->style;
+}
+
+void TzSoapDispatcher::read(const TzSoapHttpTransportContext& context, const TzCString& body,
+                            TzSoapMessage& request) const {
+    request.setReadLimits(limits_);
+    request.setStyle(mixesStyles_ ? TzSoapStyle::Literal : style_);
+    TzSoapHttpBinding::unpack(context, body, request);
+    if (mixesStyles_) {
+        const TzSoapStyle meant = styleOf(TzSoapHttpBinding::getAction(context), request);
+        if (meant != request.getStyle()) {
+            request.setStyle(meant);
+            TzSoapHttpBinding::unpack(context, body, request);
+        }
+    }
+}
+
+bool TzSoapDispatcher::serves(TzSoapVersion::Version version) const {
+    return std::find(versions_.begin(), versions_.end(), version) != versions_.end();
+}
+
+TzSoapMessage TzSoapDispatcher::versionMismatch(TzSoapVersion::Version asked,
+                                                const TzCString& reason) const {
+    // Whoever knows only SOAP 1.1 understands no other answer.
+    const bool upgrades = asked != TzSoapVersion::V1_1 && serves(TzSoapVersion::V1_2Rec);
+    return TzSoapFaultMessage::makeVersionMismatch(
+        upgrades ? TzSoapVersion::V1_2Rec : TzSoapVersion::V1_1, versions_, reason);
+}
+
+TzSoapHttpAnswer TzSoapDispatcher::refusal(const Tzxmsg& error, TzSoapVersion::Version asked,
+                                           TzSoapVersion::Version met) const {
+    if (tzSoapIsParseError(error, *tzsoap_INVALID_CONTENT_TYPE())) {
+        return {.status = UnsupportedMediaType, .headers = {}, .body = {}};
+    }
+    const TzSoapMessage fault = TzSoapFaultMessage::makeFrom(met, error);
+    return packedFault(isVersionMismatch(fault)
+                           ? versionMismatch(asked, fault.getSoapBody().getSoapFault().getReason())
+                           : fault,
+                       style_);
+}
+
+const TzSoapDispatcher::Entry& TzSoapDispatcher::find(const TzCString& action,
+                                                      const TzSoapMessage& request) const {
+    const Entry* entry = lookedUp(byAction_, action);
+    if (entry == nullptr) {
+        const TzXmlName name = TzSoapOperation::in(request).getName();
+        entry = lookedUp(byName_, name);
+        if (entry == nullptr && !default_) {
+            throw TzSoapFaultError::procedureNotPresent(name);
+        }
+    }
+    return entry == nullptr ? *default_ : *entry;
+}
+
+/// Runs the operation that `request` asks for: the answer, which may be a fault, or nothing.
+std::optional<TzSoapMessage> TzSoapDispatcher::respond(const TzCString& action,
+                                                       TzSoapMessage& request) const {
+    const TzSoapVersion::Version version = request.getVersion();
+    const TzSoapStyle style = request.getStyle();
+    const std::vector<TzXmlName> misunderstood = node_.findMisunderstood(request);
+    if (!misunderstood.empty()) {
+        TzSoapMessage fault = TzSoapFaultMessage::makeMustUnderstand(version, misunderstood);
+        fault.setStyle(style);
+        return fault;
+    }
+    try {
+        const Entry& entry = find(action, request);
+        if (!foreignEncodings_ && entry.style == TzSoapStyle::Encoded &&
+            request.hasUserDefinedValues()) {
+            throw TzSoapFaultError(TzSoapVersion::DataEncodingUnknown,
+                                   "A value is in an encoding that is not known here");
+        }
+        return entry.operation(request);
+    } catch (const TzSoapFaultError& fault) {
+        return fault.makeMessage(version, style);
+    }
+}
+
+TzSoapHttpAnswer TzSoapDispatcher::answer(const TzSoapHttpRequest& http) const {
+    const TzSoapHttpTransportContext context = contextOf(http);
+    const TzSoapVersion::Version asked = TzSoapHttpBinding::getVersion(context, http.body);
+    TzSoapMessage request(asked);
+    try {
+        read(context, http.body, request);
+    } catch (const Tzxmsg& error) {
+        // The version is known as soon as the envelope was met.
+        return refusal(error, asked, request.getVersion());
+    }
+    const TzSoapVersion::Version version = request.getVersion();
+    const TzSoapStyle style = request.getStyle();
+    if (!serves(version)) {
+        return packedFault(
+            versionMismatch(version, "The version of the envelope is not served here"), style);
+    }
+    try {
+        std::optional<TzSoapMessage> made = respond(TzSoapHttpBinding::getAction(context), request);
+        if (!made) {
+            return {.status = Accepted, .headers = {}, .body = {}};
+        }
+        return packed(tzSoapInVersion(*made, version));
+    } catch (...) { // An operation may throw whatever it likes; the sender must not see it.
+        if (hook_) {
+            hook_(std::current_exception());
+        }
+        return packedFault(
+            TzSoapFaultMessage::make(version, TzSoapVersion::Server, "The operation failed"),
+            style);
+    }
+}
