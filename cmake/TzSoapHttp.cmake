@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 
-# The library itself holds no network code; the programs that do use cpp-httplib.
+# The message library itself holds no network code; the programs that do use cpp-httplib.
 cmake_dependent_option(
     TZSOAP_HTTP "Build the programs that talk HTTP (needs cpp-httplib)" ${PROJECT_IS_TOP_LEVEL}
     "TZSOAP_BUILD_TOOL OR TZSOAP_BUILD_EXAMPLES OR TZSOAP_BUILD_TESTS" OFF)
@@ -11,3 +11,6 @@ if(TZSOAP_HTTP)
     add_library(tzsoap_http INTERFACE)
     target_link_libraries(tzsoap_http INTERFACE PkgConfig::HTTPLIB Threads::Threads)
 endif()
+
+# The client is a library of its own, for those who want it; the programs here do.
+option(TZSOAP_HTTP_CLIENT "Build TzSoap::http, the HTTP client (needs libcurl)" ${TZSOAP_HTTP})

@@ -14,7 +14,9 @@ else()
     set(TZSOAP_LIBRARY_TYPE SHARED)
 endif()
 
-# What both libraries have in common: tzsoap_add_library(<target> <export name> <source>...)
+# What the libraries have in common: tzsoap_add_library(<target> <export name> <source>...). TZSOAP_EXPORT is the
+# set that it is installed with.
+set(TZSOAP_EXPORT TzSoapTargets)
 function(tzsoap_add_library target export_name)
     add_library(${target} ${TZSOAP_LIBRARY_TYPE} ${ARGN})
     add_library(TzSoap::${export_name} ALIAS ${target})
@@ -47,7 +49,7 @@ function(tzsoap_add_library target export_name)
     if(TZSOAP_INSTALL)
         install(
             TARGETS ${target}
-            EXPORT TzSoapTargets
+            EXPORT ${TZSOAP_EXPORT}
             ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
             LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
                     COMPONENT runtime

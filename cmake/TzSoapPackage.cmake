@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 
-# Headers, CMake package and pkg-config files of both libraries.
+# Headers, CMake package and pkg-config files of the libraries.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/TzSoap)
@@ -17,6 +17,20 @@ install(
     NAMESPACE TzSoap::
     DESTINATION ${package_dir}
     COMPONENT development)
+
+if(TZSOAP_HTTP_CLIENT)
+    install(
+        DIRECTORY http/include/soap
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+        COMPONENT development
+        FILES_MATCHING
+        PATTERN "*.h")
+    install(
+        EXPORT TzSoapHttpTargets
+        NAMESPACE TzSoap::
+        DESTINATION ${package_dir}
+        COMPONENT development)
+endif()
 
 configure_package_config_file(cmake/TzSoapConfig.cmake.in "${PROJECT_BINARY_DIR}/TzSoapConfig.cmake"
                               INSTALL_DESTINATION ${package_dir})
@@ -41,3 +55,6 @@ install(
 
 tzsoap_install_pkgconfig(tzsoap-platform)
 tzsoap_install_pkgconfig(tzsoap)
+if(TZSOAP_HTTP_CLIENT)
+    tzsoap_install_pkgconfig(tzsoap-http)
+endif()

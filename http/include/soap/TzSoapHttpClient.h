@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <soap/TzSoapHttpExport.h>
+#include <soap/TzSoapHttpOptions.h>
+#include <soap/TzSoapHttpResult.h>
+#include <soap/TzSoapMessage.h>
+#include <soap/TzSoapType.h>
+#include <tz/tools/TzCString.h>
+
+#include <memory>
+#include <stop_token>
+
+class TzSoapHttpCaller;
+
+/// Calls a service over HTTP.
+///
+///     TzSoapHttpClient client("https://example.org/rates");
+///     TzSoapMessage answer = client.call(request, "urn:example:rates#getRate");
+///
+/// Any number of threads may call through one client at the same time; each call runs on the thread
+/// that makes it, has a connection of its own, and takes an idle one of the client's where there is
+/// one. DNS answers, TLS sessions and cookies are shared. The client must live until its calls have
+/// ended. It blocks SIGPIPE on the thread of a call as long as the call runs.
+class TZSOAP_HTTP_API TzSoapHttpClient {
+public:
+    /// A client of the service at `url`, http or https; nothing is sent yet. `TzXmlBadArgError`
+    /// with a detail for any other URL, and INVALID_HTTP_HEADER for options with a header line
+    /// that no request can have.
+    explicit TzSoapHttpClient(const TzCString& url, TzSoapHttpOptions options = {});
+    TzSoapHttpClient(TzSoapHttpClient&&) noexcept;
+    TzSoapHttpClient& operator=(TzSoapHttpClient&&) noexcept;
+    ~TzSoapHttpClient();
+
+    /// Sends `request` and returns the answer, in the style of the request and in whatever version
+    /// it is; its attachments are `getMimeMultipart()`. Errors:
+    ///
+    /// - `TzSoapFaultError` for a fault, whatever the status;
+    /// - `TzSoapTransportError` for everything else that is no message, an empty answer included;
+    /// - those of `TzSoapHttpBinding::pack` for a request that cannot be written or an action that
+    ///   does not fit into a header line; nothing is sent then.
+    ///
+    /// `stop` cancels the call from another thread. Blocks until the answer is there; O(request +
+    /// answer).
+    TzSoapMessage call(const TzSoapMessage& request, const TzCString& action = {},
+                       const std::stop_token& stop = {}) const;
+    /// Calls with a message of the options' version and style whose only body entry is `operation`;
+    /// returns the first body entry of the answer. `TzSoapMissingError` for an answer without one;
+    /// other errors are those of the other `call`.
+    TzSoapType call(const TzSoapType& operation, const TzCString& action = {},
+                    const std::stop_token& stop = {}) const;
+    /// Does what `call` does and returns faults and failures of the transport as results. An empty
+    /// answer with a status of success, such as 202 to a one-way request, is a result without an
+    /// answer. Throws the errors of a request that cannot be written.
+    TzSoapHttpResult tryCall(const TzSoapMessage& request, const TzCString& action = {},
+                             const std::stop_token& stop = {}) const;
+
+    /// Cancels the calls that run now, from any thread: each ends with a `TzSoapTransportError`.
+    /// Later calls are not affected.
+    void cancel() const;
+
+    /// The URL without user and password.
+    const TzCString& getUrl() const noexcept;
+    /// The options.
+    const TzSoapHttpOptions& getOptions() const noexcept;
+
+private:
+    std::unique_ptr<TzSoapHttpCaller> caller_;
+};
