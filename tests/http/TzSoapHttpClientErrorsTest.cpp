@@ -11,6 +11,11 @@
 #include <condition_variable>
 #include <mutex>
 
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 namespace {
 
 using Error = TzSoapTransportError;
@@ -42,6 +47,30 @@ Error failureOf(int status, const std::string& type, const std::string& body) {
     EXPECT_EQ(failure.getReceived().body, body);
     return failure;
 }
+
+/// A service that takes connections and never says a word.
+class SilentService {
+public:
+    SilentService() : listener_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        auto* const generic = reinterpret_cast<sockaddr*>(&address);
+        EXPECT_EQ(bind(listener_, generic, size), 0);
+        EXPECT_EQ(listen(listener_, 1), 0); // the system connects, nobody accepts
+        EXPECT_EQ(getsockname(listener_, generic, &size), 0);
+        port_ = ntohs(address.sin_port);
+    }
+    ~SilentService() { close(listener_); }
+    SilentService(const SilentService&) = delete;
+    SilentService& operator=(const SilentService&) = delete;
+    std::string address() const { return "127.0.0.1:" + std::to_string(port_) + "/"; }
+
+private:
+    int listener_;
+    int port_ = 0;
+};
 
 /// What a thread waits for and another gives.
 class Gate {
@@ -105,11 +134,10 @@ TEST(TzSoapHttpClientErrors, ASlowAnswerTimesOut) {
 }
 
 TEST(TzSoapHttpClientErrors, AServerThatDoesNotShakeHandsTimesOut) {
-    const TestService service(echo);
+    const SilentService service;
     TzSoapHttpOptions options;
     options.connectTimeout = milliseconds(200);
-    const Error failure =
-        failureAt("https://127.0.0.1:" + std::to_string(service.port()) + "/", options);
+    const Error failure = failureAt("https://" + service.address(), options);
     EXPECT_EQ(failure.getPhase(), Error::Tls) << failure.what();
     EXPECT_EQ(failure.getCause(), Error::TimedOut);
 }

@@ -1,13 +1,16 @@
 # SPDX-License-Identifier: MIT
 # consume(PREFIX): builds and runs the consumer against the copy installed below PREFIX twice: by the
-# CMake package and by pkg-config. Expects WORK_DIR, CXX_COMPILER, LIBDIR and VERSION.
+# CMake package and by pkg-config; with HTTP that of the HTTP client as well. Expects WORK_DIR, CXX_COMPILER, LIBDIR
+# and VERSION.
 
 function(run)
     execute_process(COMMAND ${ARGN} COMMAND_ECHO STDOUT COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
-function(expect_output how)
-    set(expected "SOAPMessage:http://schemas.xmlsoap.org/soap/envelope/\n${VERSION}\n")
+set(consumer_output "SOAPMessage:http://schemas.xmlsoap.org/soap/envelope/\n${VERSION}\n")
+set(http_consumer_output "http://127.0.0.1:1/\n")
+
+function(expect_output how expected)
     execute_process(
         COMMAND ${ARGN} COMMAND_ECHO STDOUT
         OUTPUT_VARIABLE output
@@ -25,26 +28,42 @@ function(expect_file file)
 endfunction()
 
 function(consume_by_package prefix)
+    set(components)
+    if(HTTP)
+        set(components http)
+    endif()
     run(${CMAKE_COMMAND} -S "${CMAKE_CURRENT_FUNCTION_LIST_DIR}" -B "${WORK_DIR}/by_package"
         -D CMAKE_BUILD_TYPE=Release -D CMAKE_CXX_COMPILER=${CXX_COMPILER}
-        -D CMAKE_PREFIX_PATH=${prefix} -D WANTED_VERSION=${VERSION})
+        -D CMAKE_PREFIX_PATH=${prefix} -D WANTED_VERSION=${VERSION} -D
+        WANTED_COMPONENTS=${components})
     run(${CMAKE_COMMAND} --build "${WORK_DIR}/by_package")
-    expect_output(find_package "${WORK_DIR}/by_package/consumer")
+    expect_output(find_package "${consumer_output}" "${WORK_DIR}/by_package/consumer")
+    if(HTTP)
+        expect_output(find_package "${http_consumer_output}" "${WORK_DIR}/by_package/http_consumer")
+    endif()
 endfunction()
 
-function(consume_by_pkgconfig prefix)
+# Compiles and runs `program` with what pkg-config says about `library`.
+function(consume_library prefix library program)
     find_program(PKG_CONFIG pkg-config REQUIRED)
     set(ENV{PKG_CONFIG_PATH} "${prefix}/${LIBDIR}/pkgconfig")
     execute_process(
-        COMMAND ${PKG_CONFIG} --cflags --libs tzsoap
+        COMMAND ${PKG_CONFIG} --cflags --libs ${library}
         OUTPUT_VARIABLE flags
         OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
     separate_arguments(flags UNIX_COMMAND "${flags}")
     file(MAKE_DIRECTORY "${WORK_DIR}/by_pkgconfig")
-    run(${CXX_COMPILER} -std=c++20 "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/consumer.cpp" ${flags} -o
-        "${WORK_DIR}/by_pkgconfig/consumer")
-    expect_output(pkg-config ${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${prefix}/${LIBDIR}
-                  "${WORK_DIR}/by_pkgconfig/consumer")
+    run(${CXX_COMPILER} -std=c++20 "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/${program}.cpp" ${flags} -o
+        "${WORK_DIR}/by_pkgconfig/${program}")
+    expect_output(pkg-config "${${program}_output}" ${CMAKE_COMMAND} -E env
+                  LD_LIBRARY_PATH=${prefix}/${LIBDIR} "${WORK_DIR}/by_pkgconfig/${program}")
+endfunction()
+
+function(consume_by_pkgconfig prefix)
+    consume_library("${prefix}" tzsoap consumer)
+    if(HTTP)
+        consume_library("${prefix}" tzsoap-http http_consumer)
+    endif()
 endfunction()
 
 function(consume prefix)
