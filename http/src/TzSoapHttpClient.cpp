@@ -49,3 +49,10 @@ const TzCString& TzSoapHttpClient::getUrl() const noexcept { return caller_->url
 const TzSoapHttpOptions& TzSoapHttpClient::getOptions() const noexcept {
     return caller_->options();
 }
+
+TzXmlName TzSoapHttpClient::fullName(const TzXmlName& operation) const {
+    const TzCString& uri = getOptions().serviceNamespace;
+    return operation.getUri().empty() && !uri.empty()
+               ? TzXmlName(operation.getLocalName(), TzXmlNamespace("m", uri))
+               : operation;
+}

@@ -5,6 +5,7 @@
 
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapFaultMessage.h>
+#include <soap/TzSoapFields.h>
 #include <soap/TzSoapHttpBinding.h>
 #include <soap/TzSoapReferenceType.h>
 #include <soap/TzSoapValueReader.h>
@@ -15,6 +16,20 @@
 #include "support/Throws.h"
 
 #include <cstdlib>
+
+namespace {
+
+struct Line {
+    std::string article;
+    int amount = 0;
+};
+
+} // namespace
+
+template <> struct TzSoapFields<Line> {
+    static constexpr auto fields =
+        tzFields(tzField("article", &Line::article), tzField("amount", &Line::amount));
+};
 
 namespace {
 
@@ -68,6 +83,37 @@ TEST(TzSoapHttpClient, AValueIsCalledAndAnswered) {
         TzSoapHttpClient(service.url(), options)
             .call(TzSoapSimpleType("a", "text", TzSoapType::xsdString, true), "urn:act");
     EXPECT_EQ(TzSoapValueReader(answer).getString(), "text");
+}
+
+TEST(TzSoapHttpClient, AStructIsCalledAndAnswered) {
+    std::string body;
+    const TestService service([&body](const auto& request, auto& response) {
+        body = request.body;
+        echo(request, response);
+    });
+    for (const TzSoapStyle style : {TzSoapStyle::Encoded, TzSoapStyle::Literal}) {
+        TzSoapHttpOptions options;
+        options.serviceNamespace = "urn:lines";
+        options.style = style;
+        const TzSoapHttpClient client(service.url(), options);
+        EXPECT_EQ(client.call<Line>("take", Line{"nail", 5}).amount, 5);
+        EXPECT_NE(body.find("<m:take"), std::string::npos) << body;
+        EXPECT_NE(body.find("xmlns:m=\"urn:lines\""), std::string::npos) << body;
+        EXPECT_EQ(client.call<Line>("take", Line{"nail", 5}, "urn:act").article, "nail");
+    }
+}
+
+TEST(TzSoapHttpClient, AnAnswerThatIsNotTheStructSaysWhere) {
+    const CannedService service(200, "text/xml", goodAnswer());
+    const TzSoapHttpClient client(service.url());
+    EXPECT_THROW(client.call<Line>("take", Line{}), TzXmlBadArgError);
+    const CannedService other(200, "text/xml",
+                              "<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/"
+                              "soap/envelope/\"><e:Body><r><article>a</article>"
+                              "</r></e:Body></e:Envelope>");
+    EXPECT_EQ(textThrown<TzSoapMissingError>(
+                  [&] { TzSoapHttpClient(other.url()).call<Line>("take", Line{}); }),
+              "r/amount is missing");
 }
 
 TEST(TzSoapHttpClient, AttachmentsComeWithTheAnswer) {

@@ -4,9 +4,12 @@
 #include <soap/TzSoapHttpExport.h>
 #include <soap/TzSoapHttpOptions.h>
 #include <soap/TzSoapHttpResult.h>
+#include <soap/TzSoapMaking.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapType.h>
+#include <soap/TzSoapView.h>
 #include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
 
 #include <memory>
 #include <stop_token>
@@ -49,6 +52,20 @@ public:
     /// other errors are those of the other `call`.
     TzSoapType call(const TzSoapType& operation, const TzCString& action = {},
                     const std::stop_token& stop = {}) const;
+    /// Calls `operation` with a struct that has `TzSoapFields`, or whatever else `tzSoapValue`
+    /// takes, and returns what `TzSoapView::as` makes of the answer's first body entry:
+    ///
+    ///     const auto rate = client.call<Rate>("GetRate", RateRequest{"EUR", "JPY"});
+    ///
+    /// A name without a namespace stands in that of the options. `TzSoapMissingError` and
+    /// `TzXmlBadArgError`, with the path, for an answer that is no `Answer`; other errors are those
+    /// of the other `call`.
+    template <typename Answer, typename Request>
+    Answer call(const TzXmlName& operation, const Request& request, const TzCString& action = {},
+                const std::stop_token& stop = {}) const {
+        const TzSoapType value = tzSoapValue(request, fullName(operation), getOptions().style);
+        return TzSoapView(call(value, action, stop)).template as<Answer>();
+    }
     /// Does what `call` does and returns faults and failures of the transport as results. An empty
     /// answer with a status of success, such as 202 to a one-way request, is a result without an
     /// answer. Throws the errors of a request that cannot be written.
@@ -65,5 +82,7 @@ public:
     const TzSoapHttpOptions& getOptions() const noexcept;
 
 private:
+    TzXmlName fullName(const TzXmlName& operation) const;
+
     std::unique_ptr<TzSoapHttpCaller> caller_;
 };

@@ -100,6 +100,8 @@ struct TzSoapHttpOptions {
     TzSoapVersion::Version version = TzSoapVersion::V1_1;
     /// What the messages of the value and struct forms of a call are.
     TzSoapStyle style = TzSoapStyle::Encoded;
+    /// The namespace of the operations of the struct form that state none.
+    TzCString serviceNamespace;
     /// What answers may hold.
     TzSoapReadLimits readLimits;
 

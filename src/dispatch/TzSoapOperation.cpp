@@ -37,3 +37,11 @@ TzSoapMessage TzSoapOperation::answerWith(const TzSoapMessage& request, const Tz
     answer.getSoapBody().appendEntry(value);
     return answer;
 }
+
+TzXmlName TzSoapOperation::answerName(const TzSoapMessage& request, const TzXmlName& stated) {
+    if (!stated.isEmpty()) {
+        return stated;
+    }
+    const TzXmlName operation = in(request).getName();
+    return TzXmlName(operation.getLocalName() + "Response", operation.getNamespace());
+}

@@ -4,7 +4,7 @@
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapFaultMessage.h>
 
-#include "service/TzSoapInVersion.h"
+#include "dispatch/TzSoapInVersion.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <soap/TzSoapFaultMessage.h>
 #include <soap/TzSoapHttpBinding.h>
 
+#include "dispatch/TzSoapInVersion.h"
 #include "service/TzSoapErrorMatch.h"
-#include "service/TzSoapInVersion.h"
 
 #include <algorithm>
 #include <utility>

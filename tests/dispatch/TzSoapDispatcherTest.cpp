@@ -5,6 +5,7 @@
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapDispatcher.h>
 #include <soap/TzSoapFaultMessage.h>
+#include <soap/TzSoapFields.h>
 #include <soap/TzSoapHttpBinding.h>
 #include <soap/TzSoapReferenceType.h>
 #include <soap/TzSoapSimpleType.h>
@@ -19,6 +20,29 @@
 #include <string>
 #include <thread>
 #include <vector>
+
+namespace {
+
+struct Pair {
+    int first = 0;
+    int second = 0;
+};
+
+struct Sum {
+    int sum = 0;
+    std::string how;
+};
+
+} // namespace
+
+template <> struct TzSoapFields<Pair> {
+    static constexpr auto fields =
+        tzFields(tzField("first", &Pair::first), tzField("second", &Pair::second));
+};
+
+template <> struct TzSoapFields<Sum> {
+    static constexpr auto fields = tzFields(tzField("sum", &Sum::sum), tzField("how", &Sum::how));
+};
 
 namespace {
 
@@ -456,6 +480,39 @@ TEST(TzSoapDispatcher, FaultsOfALiteralServiceStateNoEncoding) {
         EXPECT_EQ(answer.status, 500);
         EXPECT_EQ(answer.body.find("encodingStyle"), std::string::npos) << answer.body;
     }
+}
+
+TEST(TzSoapDispatcher, StructsAreTakenAndGiven) {
+    const auto add = [](const Pair& pair) { return Sum{pair.first + pair.second, "added"}; };
+    const std::string body = "<m:add xmlns:m='urn:m'><first>2</first><second>3</second></m:add>";
+    for (const TzSoapStyle style : {TzSoapStyle::Encoded, TzSoapStyle::Literal}) {
+        TzSoapDispatcher service(style);
+        service.add(TzXmlName("add", space()), add);
+        const TzSoapMessage answer =
+            messageIn(service.answer(requestOf(TzSoapVersion::V1_1, body)));
+        const TzSoapType entry = answer.getSoapBody().getFirstEntry();
+        EXPECT_EQ(entry.getName(), TzXmlName("addResponse", space()));
+        EXPECT_EQ(TzSoapView(entry).as<Sum>().sum, 5);
+        service.add(TzXmlName("add", space()), {add, TzXmlName("Sum", space())});
+        EXPECT_EQ(messageIn(service.answer(requestOf(TzSoapVersion::V1_1, body)))
+                      .getSoapBody()
+                      .getFirstEntry()
+                      .getName(),
+                  TzXmlName("Sum", space()));
+    }
+}
+
+TEST(TzSoapDispatcher, ARequestThatIsNotTheStructHasBadArguments) {
+    TzSoapDispatcher service;
+    service.add(TzXmlName("add", space()), [](const Pair& pair) { return Sum{pair.first, ""}; });
+    const auto answered = [&service](const std::string& members) {
+        return faultText(service.answer(
+            requestOf(TzSoapVersion::V1_2Rec, "<m:add xmlns:m='urn:m'>" + members + "</m:add>")));
+    };
+    EXPECT_EQ(answered("<first>2</first>"),
+              "400 env:Sender/rpc:BadArguments: add/second is missing");
+    EXPECT_EQ(answered("<first>x</first><second>3</second>"),
+              "400 env:Sender/rpc:BadArguments: add/first: \"x\" is not an int");
 }
 
 TEST(TzSoapDispatcher, ManyThreadsAskAtOnce) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "service/TzSoapInVersion.h"
+#include "dispatch/TzSoapInVersion.h"
 
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapVersionConverter.h>
