@@ -54,7 +54,7 @@ private:
 class TzXmlSAXParser::Session final : public TzXmlEventSink {
 public:
     Session(TzXmlSAXParser& parser, const TzXmlByteForm& form)
-        : parser_(parser), form_(form),
+        : parser_(parser), form_(form), transcoder_(form),
           source_(tzMakeExpatSource(*this, form.unit > 1 || form.markLength > 0
                                                ? TzXmlKnownEncoding::Utf8
                                                : TzXmlKnownEncoding::None)) {
@@ -64,6 +64,8 @@ public:
     }
 
     void read(std::string_view text);
+    void readChunk(std::string_view chunk, bool last);
+    void begin(std::string_view& text) const;
     std::size_t line() const noexcept { return source_->line(); }
     std::size_t column() const noexcept { return source_->column(); }
     std::size_t eventBegin() const noexcept { return source_->offset(); }
@@ -84,6 +86,8 @@ private:
     };
 
     void feed(std::string_view text);
+    bool hasToWait(std::size_t size) const noexcept;
+    void give(std::string_view text, bool last);
     void feedUpTo(std::string_view text, std::size_t crowded);
     void deliverText();
     OpenElement& open();
@@ -100,6 +104,10 @@ private:
 
     TzXmlSAXParser& parser_;
     TzXmlByteForm form_;
+    TzXmlTranscoder transcoder_;
+    TzCString cutUnit_;      // at the end of the last chunk
+    TzCString waiting_;      // chunks that the source did not get yet
+    std::size_t given_ = 0;  // bytes that it got
     std::string_view whole_; // what the source is fed
     TzCString encoding_;     // of it, as it declares; "" for UTF-8
     std::unique_ptr<TzXmlEventSource> source_;
@@ -112,14 +120,18 @@ private:
     const TzXmlAttributeSet noAttributes_;
 };
 
-void TzXmlSAXParser::Session::read(std::string_view text) {
+/// Takes the byte-order mark off the beginning of a text.
+void TzXmlSAXParser::Session::begin(std::string_view& text) const {
     text.remove_prefix(form_.markLength);
     if (form_.markLength > 0 && TzXmlByteForm::of(text).markLength > 0) {
         refuse("there is a second byte-order mark");
     }
-    TzXmlTranscoder transcoder(form_);
+}
+
+void TzXmlSAXParser::Session::read(std::string_view text) {
+    begin(text);
     if (form_.unit > 1) {
-        text = transcoder.convert(text, true);
+        text = transcoder_.convert(text, true);
     }
     whole_ = text;
     const std::size_t crowded = TzXmlTagScan(text).findCrowded(parser_.attributeLimit_);
@@ -128,6 +140,42 @@ void TzXmlSAXParser::Session::read(std::string_view text) {
     } else {
         feedUpTo(text, crowded);
     }
+}
+
+void TzXmlSAXParser::Session::readChunk(std::string_view chunk, bool last) {
+    if (form_.unit > 1) {
+        cutUnit_.append(chunk);
+        const std::size_t whole =
+            last ? cutUnit_.size() : cutUnit_.size() - cutUnit_.size() % form_.unit;
+        chunk = transcoder_.convert(std::string_view(cutUnit_).substr(0, whole), last);
+        cutUnit_.erase(0, whole);
+    }
+    if (!last && hasToWait(waiting_.size() + chunk.size())) {
+        waiting_.append(chunk);
+    } else if (waiting_.empty()) {
+        give(chunk, last);
+    } else {
+        waiting_.append(chunk);
+        give(waiting_, last);
+        waiting_.clear();
+    }
+}
+
+// The source looks at a tag from its beginning whenever it gets more of it, so it gets as much as
+// it has looked at already.
+bool TzXmlSAXParser::Session::hasToWait(std::size_t size) const noexcept {
+    constexpr std::size_t ShortTag = 256;
+    const std::size_t unfinished = given_ == 0 ? 0 : given_ - std::min(given_, source_->offset());
+    return unfinished > ShortTag && size < unfinished;
+}
+
+void TzXmlSAXParser::Session::give(std::string_view text, bool last) {
+    do {
+        const std::string_view piece = text.substr(0, TzXmlPieces::LastSize);
+        text.remove_prefix(piece.size());
+        given_ += piece.size();
+        source_->feed(piece, last && text.empty());
+    } while (!text.empty());
 }
 
 void TzXmlSAXParser::Session::feed(std::string_view text) {
@@ -334,16 +382,18 @@ void TzXmlSAXParser::Session::refuseBeyond(const char* reason, std::size_t limit
                        "the limit is " + std::to_string(limit));
 }
 
+/// A document that comes in chunks.
+struct TzXmlSAXParser::Fed {
+    TzCString head; // until its byte form is known
+    std::unique_ptr<Session> session;
+};
+
 TzXmlSAXParser::TzXmlSAXParser() = default;
 
-void TzXmlSAXParser::parse(std::string_view text) {
-    if (session_ != nullptr) {
-        throw TzTHRIllegalUsage("the parser is parsing already");
-    }
-    line_ = 0;
-    column_ = 0;
-    Session session(*this, TzXmlByteForm::of(text));
-    // Remembers where reading ended unless it came to the end of the text.
+TzXmlSAXParser::~TzXmlSAXParser() = default;
+
+template <typename Work> void TzXmlSAXParser::run(Session& session, const Work& work) {
+    // Remembers where reading ended unless the work was done.
     struct Running {
         TzXmlSAXParser& parser;
         bool finished = false;
@@ -357,12 +407,64 @@ void TzXmlSAXParser::parse(std::string_view text) {
     } running{*this};
     session_ = &session;
     try {
-        session.read(text);
+        work();
     } catch (Tzxmsg& error) {
         error.addPlace(session.line(), session.column());
         throw;
     }
     running.finished = true;
+}
+
+void TzXmlSAXParser::parse(std::string_view text) {
+    if (session_ != nullptr) {
+        throw TzTHRIllegalUsage("the parser is parsing already");
+    }
+    abandon();
+    line_ = 0;
+    column_ = 0;
+    Session session(*this, TzXmlByteForm::of(text));
+    run(session, [&session, text] { session.read(text); });
+}
+
+void TzXmlSAXParser::feed(std::string_view chunk) { feedOn(chunk, false); }
+
+void TzXmlSAXParser::finish() { feedOn({}, true); }
+
+void TzXmlSAXParser::abandon() noexcept { fed_.reset(); }
+
+void TzXmlSAXParser::feedOn(std::string_view chunk, bool last) {
+    if (session_ != nullptr) {
+        throw TzTHRIllegalUsage("the parser is parsing already");
+    }
+    line_ = 0;
+    column_ = 0;
+    // After an error there is no document.
+    std::unique_ptr<Fed> fed = fed_ != nullptr ? std::move(fed_) : std::make_unique<Fed>();
+    const bool begins = fed->session == nullptr;
+    if (begins) {
+        // A byte-order mark, and what could be a second one.
+        constexpr std::size_t Head = 8;
+        fed->head.append(chunk);
+        if (fed->head.size() < Head && !last) {
+            fed_ = std::move(fed);
+            return;
+        }
+        chunk = fed->head;
+        fed->session = std::make_unique<Session>(*this, TzXmlByteForm::of(chunk));
+    }
+    Session& session = *fed->session;
+    run(session, [&] {
+        if (begins) {
+            session.begin(chunk);
+        }
+        session.readChunk(chunk, last);
+    });
+    if (!last) {
+        TzCString().swap(fed->head);
+        line_ = session.line();
+        column_ = session.column();
+        fed_ = std::move(fed);
+    }
 }
 
 std::uint64_t TzXmlSAXParser::getNamespaceScope() const noexcept {

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string_view>
 
 class TzXmlContentHandler;
@@ -40,7 +41,7 @@ public:
     TzXmlSAXParser();
     TzXmlSAXParser(const TzXmlSAXParser&) = delete;
     TzXmlSAXParser& operator=(const TzXmlSAXParser&) = delete;
-    ~TzXmlSAXParser() = default;
+    ~TzXmlSAXParser();
 
     /// The handler that gets the next event, null for none.
     TzXmlContentHandler* getContentHandler() const noexcept { return handler_; }
@@ -74,6 +75,19 @@ public:
     /// length of the text (times the logarithm of the number of attributes and prefixes).
     void parse(std::string_view text);
 
+    /// Reads on in a document that comes in chunks, the first of which begins it; chunks may end
+    /// anywhere. Events come as far as the text allows, a tag at the latest when as much text
+    /// follows as it has. Holds what is not read yet and the text since the last tag, so memory
+    /// follows the longest of these, and the number of different names. Errors as for `parse`,
+    /// except that an element with too many attributes is refused at its end; after one, the next
+    /// chunk begins another document. `getSource` has nothing. Linear in the length of the text.
+    void feed(std::string_view chunk);
+    /// Ends the document that `feed` began; without one, that of an empty text. Errors as for
+    /// `feed`.
+    void finish();
+    /// Gives up the document that `feed` began, if any; `parse` does that too.
+    void abandon() noexcept;
+
     /// A number for the namespace declarations in force at the event under way: the same number
     /// means the same declarations. 0 when nothing is parsed.
     std::uint64_t getNamespaceScope() const noexcept;
@@ -88,8 +102,8 @@ public:
     /// The text being parsed from `begin` to `end`, which are places of events, as it was written,
     /// in UTF-8; "" when nothing is parsed. O(length).
     TzCString getSource(std::size_t begin, std::size_t end) const;
-    /// Line of the event under way, from 1; after a failed parse, of the event it ended at;
-    /// otherwise 0. A text event has the place of the tag that ends the text. Computed by
+    /// Line of the event under way, from 1; after a failed parse, of the event it ended at; between
+    /// two chunks, of what is not read yet; otherwise 0. A text event has the place of the tag that ends the text. Computed by
     /// the call.
     std::size_t getLine() const noexcept;
     /// Column (in characters) of that event, from 1; otherwise 0. Computed by the call.
@@ -97,6 +111,10 @@ public:
 
 private:
     class Session;
+    struct Fed;
+
+    template <typename Work> void run(Session& session, const Work& work);
+    void feedOn(std::string_view chunk, bool last);
 
     TzXmlContentHandler* handler_ = nullptr;
     std::size_t depthLimit_ = DefaultDepthLimit;
@@ -105,5 +123,6 @@ private:
     std::size_t prefixLimit_ = DefaultPrefixLimit;
     std::size_t line_ = 0;
     std::size_t column_ = 0;
-    Session* session_ = nullptr; // set while parse runs
+    Session* session_ = nullptr; // set while it reads
+    std::unique_ptr<Fed> fed_;   // the document that comes in chunks
 };
