@@ -34,6 +34,7 @@
 #include <soap/TzSoapElementHandle.h>
 #include <soap/TzSoapElementImp.h>
 #include <soap/TzSoapEncodingStyleTypeRegistry.h>
+#include <soap/TzSoapEntryReader.h>
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapFault.h>
 #include <soap/TzSoapFaultError.h>

@@ -18,6 +18,7 @@
 #include <tz/xml/TzXmlProlog.h>
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string_view>
@@ -25,6 +26,7 @@
 #include <vector>
 
 class TzMessage;
+class TzSoapEntryReading;
 class TzSoapParseContext;
 class TzXmlAttributeSet;
 class TzXmlSAXParser;
@@ -141,6 +143,8 @@ public:
     void characters(const TzCString& text) override;
 
 private:
+    friend class TzSoapEntryReading;
+
     class Reading;  // ends a reading, however it ends
     struct Parsing; // parser and context
 
@@ -149,6 +153,8 @@ private:
 
     // Reads an envelope; the kept package stays.
     void parseEnvelope(std::string_view text);
+    // Makes context and parser ready for a text of so many bytes.
+    void prepare(std::size_t textSize);
     // Reads the envelope in the root part of a package.
     void parseRoot(const TzMimePart& part);
     void populate(const TzXmlName& name, const TzXmlAttributeSet& attributes);

@@ -117,11 +117,15 @@ public:
     TzCString getPath() const;
 
 private:
+    friend class TzSoapEntryReader;
     friend class TzSoapPlace;
     friend class TzSoapViewList;
     using Content = std::variant<TzSoapType, TzSoapBody>;
 
     TzSoapView(const TzSoapType& value, std::shared_ptr<const TzSoapView> parent);
+    // Of a record that stands alone, the `number`-th one below `above`.
+    TzSoapView(const TzSoapType& value, std::shared_ptr<const TzCString> above, std::size_t number);
+    TzCString firstStep() const;
 
     std::shared_ptr<const TzSoapView> shared() const;
     TzSoapViewList collect(const TzSoapMemberName* name) const;
@@ -134,6 +138,8 @@ private:
     Content content_;
     std::shared_ptr<const TzSoapView> parent_; // null for the first one
     std::size_t depth_ = 0;
+    std::shared_ptr<const TzCString> above_; // the path above the first one, null for none
+    std::size_t number_ = 0;                 // of the first one there
 };
 
 /// Views of several members, in order: `for (const TzSoapView& line : view.all("line"))`.

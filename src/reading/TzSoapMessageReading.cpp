@@ -107,21 +107,25 @@ void TzSoapMessageImp::parseEnvelope(std::string_view text) {
                          TzSoapErrorDetail::ofText(text)));
     }
     Reading reading(*this);
+    prepare(text.size());
+    parser().parse(text.substr(findDocument(text, tag)));
+    reading.succeed();
+}
+
+void TzSoapMessageImp::prepare(std::size_t textSize) {
     TzSoapReadingState& state = TzSoapAccess::reading(context());
     state.clear();
     state.parser = &parser();
     state.package = multipart_;
     state.messageStyle = style_;
     state.markupNames = markupNames_;
-    state.budget = TzSoapReadBudget(readLimits_, text.size());
+    state.budget = TzSoapReadBudget(readLimits_, textSize);
     parser().setDepthLimit(readLimits_.depth);
     parser().setAttributeLimit(readLimits_.attributes);
     parser().setUriLimit(readLimits_.uriLength);
     parser().setPrefixLimit(readLimits_.prefixLength);
     parser().setContentHandler(this);
     readState_ = AwaitingEnvelope;
-    parser().parse(text.substr(findDocument(text, tag)));
-    reading.succeed();
 }
 
 void TzSoapMessageImp::refuse(const TzMessage& message, const TzXmlName& element) {

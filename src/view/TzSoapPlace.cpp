@@ -2,6 +2,7 @@
 #include <soap/TzSoapPlace.h>
 
 #include <soap/TzSoapFields.h>
+#include <soap/TzSoapReferenceTypeImp.h>
 #include <soap/TzSoapSimpleTypeImp.h>
 #include <soap/TzSoapView.h>
 #include <tz/tools/TzDateTime.h>
@@ -60,6 +61,16 @@ const TzSoapFieldRow* rowOf(const TzXmlName& name, const TzSoapFieldRow* rows, s
 
 std::optional<std::string_view> uriOf(const TzSoapFieldRow& row) {
     return row.hasAnyUri ? std::nullopt : std::optional(row.uri);
+}
+
+/// What a reference states that it refers to: the attribute "href", "ref" or one named like them.
+TzCString targetOf(const TzSoapTypeImp& reference) {
+    for (const std::string_view name : {"href", "ref"}) {
+        if (const TzXmlAttribute* const found = tzSoapFindAttribute(reference, name, {})) {
+            return found->getValue();
+        }
+    }
+    return {};
 }
 
 } // namespace
@@ -307,10 +318,13 @@ void TzSoapPlace::refuseNil(const char* wanted) const {
 }
 
 void TzSoapPlace::refuseKind(const char* wanted) const {
-    const TzCString kind = content_ == nullptr
-                               ? TzCString()
-                               : " but of kind " + tzQuoted(content_->getSoapTypeIdAsString());
-    TzThrow(TzXmlBadArgError(TzMessage(where() + " is not " + wanted + kind)));
+    TzCString reason = TzCString(" is not ").append(wanted);
+    if (const auto* const reference = dynamic_cast<const TzSoapReferenceTypeImp*>(content_)) {
+        reason = " refers to " + tzQuoted(targetOf(*reference)) + ", which is no value here";
+    } else if (content_ != nullptr) {
+        reason += " but of kind " + tzQuoted(content_->getSoapTypeIdAsString());
+    }
+    TzThrow(TzXmlBadArgError(TzMessage(where() + reason)));
 }
 
 void TzSoapPlace::refuseSecond() const {

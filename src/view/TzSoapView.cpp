@@ -47,6 +47,10 @@ TzSoapView::TzSoapView(const TzSoapMessage& message) : TzSoapView(message.getSoa
 TzSoapView::TzSoapView(const TzSoapType& value, std::shared_ptr<const TzSoapView> parent)
     : content_(value), parent_(std::move(parent)), depth_(parent_->depth_ + 1) {}
 
+TzSoapView::TzSoapView(const TzSoapType& value, std::shared_ptr<const TzCString> above,
+                       std::size_t number)
+    : content_(value), above_(std::move(above)), number_(number) {}
+
 std::shared_ptr<const TzSoapView> TzSoapView::shared() const {
     if (depth_ >= TzSoapPlace::DepthLimit) {
         TzThrow(TzXmlBadArgError(TzMessage(tzSoapTooDeep(getPath()))));
@@ -132,7 +136,7 @@ TzSoapType TzSoapView::getValue() const { return TzSoapPlace(*this).getValue(); 
 
 TzCString TzSoapView::getPath() const {
     if (parent_ == nullptr) {
-        return getName().getLocalName();
+        return firstStep();
     }
     // A loop, because views may be deep.
     std::vector<TzCString> steps;
@@ -143,11 +147,16 @@ TzCString TzSoapView::getPath() const {
             std::visit([&member](const auto& owner) { return tzSoapStepOf(owner, member); },
                        view->parent_->content_));
     }
-    TzCString path = view->getName().getLocalName();
+    TzCString path = view->firstStep();
     for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
         path.append(path.empty() ? 0 : 1, '/').append(*step);
     }
     return path;
+}
+
+TzCString TzSoapView::firstStep() const {
+    const TzCString& name = getName().getLocalName();
+    return above_ == nullptr ? name : tzSoapJoined(*above_, tzSoapNumbered(name, number_));
 }
 
 const TzXmlAttribute* TzSoapView::findAttribute(const TzSoapMemberName& name) const {

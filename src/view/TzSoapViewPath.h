@@ -20,6 +20,11 @@ inline TzCString tzSoapJoined(TzCString path, std::string_view step) {
     return path.append(path.empty() ? 0 : 1, '/').append(step);
 }
 
+/// The step to the `number`-th element named `name`: "[n]" stands after all but the first.
+inline TzCString tzSoapNumbered(const TzCString& name, std::size_t number) {
+    return number > 1 ? name + '[' + std::to_string(number) + ']' : name;
+}
+
 /// The step from `owner` to its member `member`: its local name, and "[n]" unless it is the first
 /// of that name. O(members before it).
 template <typename Owner> TzCString tzSoapStepOf(const Owner& owner, const TzSoapType& member) {
@@ -32,7 +37,7 @@ template <typename Owner> TzCString tzSoapStepOf(const Owner& owner, const TzSoa
         number += other.getName().getLocalName() == name ? 1 : 0;
         return TzSoapAccess::sameBody(other, member);
     });
-    return number > 1 ? name + '[' + std::to_string(number) + ']' : name;
+    return tzSoapNumbered(name, number);
 }
 
 /// Throws `TzSoapMissingError`: `path` has no member of that name.

@@ -220,7 +220,7 @@ TEST(TzSoapView, ReferencesAreFollowed) {
 TEST(TzSoapView, AReferenceWithoutTargetIsNoValue) {
     const TzSoapView view = encoded("<m><by href='#1'/></m>");
     EXPECT_EQ(textThrown<TzXmlBadArgError>([&] { view["m"]["by"].getText(); }),
-              "m/by is not a simple value but of kind \"Reference\"");
+              "m/by refers to \"#1\", which is no value here");
 }
 
 TEST(TzSoapView, AttributesAreFoundByName) {
