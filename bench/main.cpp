@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Packages.h"
 #include "Peers.h"
+#include "Records.h"
 #include "Register.h"
 #include "Table.h"
 #include "Workloads.h"
@@ -139,6 +140,8 @@ void addStructs() {
             addWriting("write/T", suffix, subject);
             addSerializing("serialize/T", subject);
             addPeerWriting("write/T", suffix, subject);
+            records::addBenchmarks(suffix,
+                                   [subject]() -> const std::string& { return subject->text(); });
         }
     }
 }
