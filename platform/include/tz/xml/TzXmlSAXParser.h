@@ -103,8 +103,8 @@ public:
     /// in UTF-8; "" when nothing is parsed. O(length).
     TzCString getSource(std::size_t begin, std::size_t end) const;
     /// Line of the event under way, from 1; after a failed parse, of the event it ended at; between
-    /// two chunks, of what is not read yet; otherwise 0. A text event has the place of the tag that ends the text. Computed by
-    /// the call.
+    /// two chunks, of what is not read yet; otherwise 0. A text event has the place of the tag that
+    /// ends the text. Computed by the call.
     std::size_t getLine() const noexcept;
     /// Column (in characters) of that event, from 1; otherwise 0. Computed by the call.
     std::size_t getColumn() const noexcept;
