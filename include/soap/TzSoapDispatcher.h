@@ -13,6 +13,7 @@
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 
+#include <cstddef>
 #include <exception>
 #include <functional>
 #include <map>
@@ -35,6 +36,14 @@ public:
     /// Is given the exception of an operation that was answered with "The operation failed", on
     /// the thread that the request was handled on. What it throws leaves `answer`.
     using FailureHook = std::function<void(std::exception_ptr)>;
+    /// The rest of the way of a request: its answer, which may be a fault, nothing for a one-way
+    /// operation.
+    using Next = std::function<std::optional<TzSoapMessage>(TzSoapMessage& request)>;
+    /// Stands between the dispatcher and its operations: looks at a request that was read, and at
+    /// the SOAP action it came with, has it answered by `next` unless it answers itself, and may
+    /// change the answer. A `TzSoapFaultError` becomes the answer, as that of an operation does.
+    using Interceptor = std::function<std::optional<TzSoapMessage>(
+        TzSoapMessage& request, const TzCString& action, const Next& next)>;
 
     /// A service without operations whose messages are in `style`.
     explicit TzSoapDispatcher(TzSoapStyle style = TzSoapStyle::Encoded);
@@ -67,6 +76,9 @@ public:
     /// are kept as markup. They are a DataEncodingUnknown fault in a new dispatcher, because an
     /// answer that such markup gets into holds whatever the sender wants.
     void setForeignEncodings(bool accepted) noexcept { foreignEncodings_ = accepted; }
+    /// Adds an interceptor; those added before stand around it. It sees the faults that refuse
+    /// header entries and missing operations, too, but not "The operation failed".
+    void addInterceptor(Interceptor interceptor);
     /// Sets who is told what went wrong within an operation.
     void setFailureHook(FailureHook hook);
 
@@ -102,6 +114,8 @@ private:
     TzSoapHttpAnswer refusal(const Tzxmsg& error, TzSoapVersion::Version asked,
                              TzSoapVersion::Version met) const;
     std::optional<TzSoapMessage> respond(const TzCString& action, TzSoapMessage& request) const;
+    std::optional<TzSoapMessage> pass(std::size_t interceptor, const TzCString& action,
+                                      TzSoapMessage& request) const;
 
     TzSoapStyle style_;
     bool mixesStyles_ = false;
@@ -112,5 +126,6 @@ private:
     TzSoapNode node_;
     std::vector<TzSoapVersion::Version> versions_;
     TzSoapReadLimits limits_;
+    std::vector<Interceptor> interceptors_;
     FailureHook hook_;
 };

@@ -87,6 +87,10 @@ void TzSoapDispatcher::setVersions(const std::vector<TzSoapVersion::Version>& ve
 
 void TzSoapDispatcher::setReadLimits(const TzSoapReadLimits& limits) { limits_ = limits; }
 
+void TzSoapDispatcher::addInterceptor(Interceptor interceptor) {
+    interceptors_.push_back(std::move(interceptor));
+}
+
 void TzSoapDispatcher::setFailureHook(FailureHook hook) { hook_ = std::move(hook); }
 
 /// The style that a request was meant in, which was read literally because that loses nothing.
@@ -176,6 +180,24 @@ std::optional<TzSoapMessage> TzSoapDispatcher::respond(const TzCString& action,
     }
 }
 
+/// Runs the interceptors from `interceptor` on, and within them the operation.
+std::optional<TzSoapMessage> TzSoapDispatcher::pass(std::size_t interceptor,
+                                                    const TzCString& action,
+                                                    TzSoapMessage& request) const {
+    if (interceptor == interceptors_.size()) {
+        return respond(action, request);
+    }
+    const TzSoapVersion::Version version = request.getVersion();
+    const TzSoapStyle style = request.getStyle();
+    try {
+        return interceptors_[interceptor](request, action, [&](TzSoapMessage& passed) {
+            return pass(interceptor + 1, action, passed);
+        });
+    } catch (const TzSoapFaultError& fault) {
+        return fault.makeMessage(version, style);
+    }
+}
+
 TzSoapHttpAnswer TzSoapDispatcher::answer(const TzSoapHttpRequest& http) const {
     const TzSoapHttpTransportContext context = contextOf(http);
     const TzSoapVersion::Version asked = TzSoapHttpBinding::getVersion(context, http.body);
@@ -193,7 +215,7 @@ TzSoapHttpAnswer TzSoapDispatcher::answer(const TzSoapHttpRequest& http) const {
             versionMismatch(version, "The version of the envelope is not served here"), style);
     }
     try {
-        std::optional<TzSoapMessage> made = respond(TzSoapHttpBinding::getAction(context), request);
+        std::optional<TzSoapMessage> made = pass(0, TzSoapHttpBinding::getAction(context), request);
         if (!made) {
             return {.status = Accepted, .headers = {}, .body = {}};
         }
