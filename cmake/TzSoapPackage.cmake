@@ -18,19 +18,21 @@ install(
     DESTINATION ${package_dir}
     COMPONENT development)
 
-if(TZSOAP_HTTP_CLIENT)
+# What a library beside the two installs: its headers, and its targets as a component of the package.
+function(tzsoap_install_component directory targets)
     install(
-        DIRECTORY http/include/soap
+        DIRECTORY ${directory}/include/soap
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
         COMPONENT development
         FILES_MATCHING
         PATTERN "*.h")
     install(
-        EXPORT TzSoapHttpTargets
+        EXPORT ${targets}
         NAMESPACE TzSoap::
         DESTINATION ${package_dir}
         COMPONENT development)
-endif()
+    tzsoap_install_pkgconfig(tzsoap-${directory})
+endfunction()
 
 configure_package_config_file(cmake/TzSoapConfig.cmake.in "${PROJECT_BINARY_DIR}/TzSoapConfig.cmake"
                               INSTALL_DESTINATION ${package_dir})
@@ -56,5 +58,8 @@ install(
 tzsoap_install_pkgconfig(tzsoap-platform)
 tzsoap_install_pkgconfig(tzsoap)
 if(TZSOAP_HTTP_CLIENT)
-    tzsoap_install_pkgconfig(tzsoap-http)
+    tzsoap_install_component(http TzSoapHttpTargets)
+endif()
+if(TZSOAP_WS)
+    tzsoap_install_component(ws TzSoapWsTargets)
 endif()

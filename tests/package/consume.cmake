@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # consume(PREFIX): builds and runs the consumer against the copy installed below PREFIX twice: by the
-# CMake package and by pkg-config; with HTTP that of the HTTP client as well. Expects WORK_DIR, CXX_COMPILER, LIBDIR
-# and VERSION.
+# CMake package and by pkg-config; with HTTP and WS those of these components as well. Expects WORK_DIR, CXX_COMPILER,
+# LIBDIR and VERSION.
 
 function(run)
     execute_process(COMMAND ${ARGN} COMMAND_ECHO STDOUT COMMAND_ERROR_IS_FATAL ANY)
@@ -9,6 +9,14 @@ endfunction()
 
 set(consumer_output "SOAPMessage:http://schemas.xmlsoap.org/soap/envelope/\n${VERSION}\n")
 set(http_consumer_output "http://127.0.0.1:1/\n")
+set(ws_consumer_output "ann\n")
+set(components)
+if(HTTP)
+    list(APPEND components http)
+endif()
+if(WS)
+    list(APPEND components ws)
+endif()
 
 function(expect_output how expected)
     execute_process(
@@ -28,19 +36,16 @@ function(expect_file file)
 endfunction()
 
 function(consume_by_package prefix)
-    set(components)
-    if(HTTP)
-        set(components http)
-    endif()
     run(${CMAKE_COMMAND} -S "${CMAKE_CURRENT_FUNCTION_LIST_DIR}" -B "${WORK_DIR}/by_package"
         -D CMAKE_BUILD_TYPE=Release -D CMAKE_CXX_COMPILER=${CXX_COMPILER}
         -D CMAKE_PREFIX_PATH=${prefix} -D WANTED_VERSION=${VERSION} -D
-        WANTED_COMPONENTS=${components})
+        "WANTED_COMPONENTS=${components}")
     run(${CMAKE_COMMAND} --build "${WORK_DIR}/by_package")
     expect_output(find_package "${consumer_output}" "${WORK_DIR}/by_package/consumer")
-    if(HTTP)
-        expect_output(find_package "${http_consumer_output}" "${WORK_DIR}/by_package/http_consumer")
-    endif()
+    foreach(component IN LISTS components)
+        expect_output(find_package "${${component}_consumer_output}"
+                      "${WORK_DIR}/by_package/${component}_consumer")
+    endforeach()
 endfunction()
 
 # Compiles and runs `program` with what pkg-config says about `library`.
@@ -61,9 +66,9 @@ endfunction()
 
 function(consume_by_pkgconfig prefix)
     consume_library("${prefix}" tzsoap consumer)
-    if(HTTP)
-        consume_library("${prefix}" tzsoap-http http_consumer)
-    endif()
+    foreach(component IN LISTS components)
+        consume_library("${prefix}" tzsoap-${component} ${component}_consumer)
+    endforeach()
 endfunction()
 
 function(consume prefix)
