@@ -36,10 +36,11 @@ function(expect_file file)
 endfunction()
 
 function(consume_by_package prefix)
+    list(JOIN components , wanted)
     run(${CMAKE_COMMAND} -S "${CMAKE_CURRENT_FUNCTION_LIST_DIR}" -B "${WORK_DIR}/by_package"
         -D CMAKE_BUILD_TYPE=Release -D CMAKE_CXX_COMPILER=${CXX_COMPILER}
         -D CMAKE_PREFIX_PATH=${prefix} -D WANTED_VERSION=${VERSION} -D
-        "WANTED_COMPONENTS=${components}")
+        WANTED_COMPONENTS=${wanted})
     run(${CMAKE_COMMAND} --build "${WORK_DIR}/by_package")
     expect_output(find_package "${consumer_output}" "${WORK_DIR}/by_package/consumer")
     foreach(component IN LISTS components)
