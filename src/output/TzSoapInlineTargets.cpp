@@ -33,7 +33,10 @@ TzSoapInlineTargets::Id TzSoapInlineTargets::idOf(const TzSoapTypeImp& value) {
 void TzSoapInlineTargets::add(TzSoapTypeImp& value) {
     isEmpty_ = false;
     settle(value);
-    findReferences(value);
+    // What a reference was found to refer to was searched then.
+    if (!found_.contains(&value)) {
+        findReferences(value);
+    }
 }
 
 void TzSoapInlineTargets::settle(TzSoapTypeImp& value) {
@@ -67,10 +70,12 @@ void TzSoapInlineTargets::findReferences(TzSoapTypeImp& value) {
         waiting_.pop_back();
         TzSoapHeldValues::forEachHeld(next, [&](const TzSoapType& held) {
             TzSoapTypeImp& body = TzSoapAccess::body(held);
-            if (isReference(next)) {
+            if (!isReference(next)) {
+                take(body);
+            } else if (found_.insert(&body).second) {
                 referred_.insert(idOf(body));
+                waiting_.push_back(&body);
             }
-            take(body);
         });
     }
 }

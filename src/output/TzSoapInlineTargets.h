@@ -6,6 +6,7 @@
 #include "model/TzSoapMetValues.h"
 
 #include <set>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -50,5 +51,6 @@ private:
     std::set<const TzSoapTypeImp*> placedWithoutId_;
     TzSoapMetValues standing_;
     TzSoapMetValues searched_;
+    std::unordered_set<const TzSoapTypeImp*> found_; // targets of references
     std::vector<TzSoapTypeImp*> waiting_;
 };
