@@ -65,6 +65,13 @@ std::string soap12(const Envelope& envelope) {
 
 std::string soap12(const std::string& body) { return soap12(Envelope{.body = body}); }
 
+std::string soap12Rec(const Envelope& envelope) {
+    return envelopeOf(envelope, {"http://www.w3.org/2003/05/soap-envelope",
+                                 "http://www.w3.org/2003/05/soap-encoding"});
+}
+
+std::string soap12Rec(const std::string& body) { return soap12Rec(Envelope{.body = body}); }
+
 std::string package(const Package& package) {
     const std::string line = "--" + package.boundary;
     return "MIME-Version: 1.0\r\nContent-Type: multipart/related; boundary=\"" + package.boundary +

@@ -37,6 +37,11 @@ std::string soap12(const Envelope& envelope);
 /// The same with this content of the Body.
 std::string soap12(const std::string& body);
 
+/// A message of SOAP 1.2 of 2003; as above.
+std::string soap12Rec(const Envelope& envelope);
+/// The same with this content of the Body.
+std::string soap12Rec(const std::string& body);
+
 /// What a package is made of.
 struct Package {
     std::string envelope;         ///< Its root part.

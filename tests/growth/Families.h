@@ -41,5 +41,6 @@ Families parts();
 Families partHeaders();
 Families prologs();
 Families literals();
+Families finals();
 
 } // namespace growth

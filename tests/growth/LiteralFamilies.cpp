@@ -51,6 +51,22 @@ std::string markupThatUsesPrefixesAround(std::size_t bytes) {
 
 std::string emptyElements(std::size_t bytes) { return soap11(fill(bytes, "<a/>")); }
 
+std::string detailOfAFault(std::size_t bytes) {
+    return soap12Rec("<s:Fault><s:Code><s:Value>s:Sender</s:Value></s:Code><s:Reason>"
+                     "<s:Text xml:lang='en'>r</s:Text></s:Reason><s:Detail>" +
+                     fill(bytes, "t<d/>") + "</s:Detail></s:Fault>");
+}
+
+std::string namesOfTheEncoding(std::size_t bytes) {
+    return soap12Rec(fill(
+        bytes,
+        "<a e:id='x' e:itemType='x' e:nodeType='array' e:arraySize='9'>t<b xsi:nil='1'/></a>"));
+}
+
+std::string unqualifiedParts(std::size_t bytes) {
+    return soap12Rec("<o xmlns='urn:1'>" + fill(bytes, "<p xmlns=''>t<q/></p>") + "</o>");
+}
+
 } // namespace
 
 Families literals() {
@@ -64,6 +80,9 @@ Families literals() {
         {"LiteralMarkup", "signed parts", markup},
         {"LiteralMarkupInManyNamespaces", "has declarations be looked for",
          markupThatUsesPrefixesAround},
+        {"LiteralDetailOfAFault", "reports in prose", detailOfAFault},
+        {"LiteralNamesOfTheEncoding", "attributes that mean nothing here", namesOfTheEncoding},
+        {"LiteralUnqualifiedParts", "rpc/literal", unqualifiedParts},
         {"LiteralEmptyElements", "flags that are elements", emptyElements},
     };
 }
