@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <soap/TzSoapMessage.h>
 #include <tz/tools/Tzxmsg.h>
 
 #include <algorithm>
@@ -26,6 +27,17 @@ inline std::string takeLine(std::string& text) {
     text.erase(0, end + 1);
     return line;
 }
+
+/// A message that reads every version, in `style`.
+inline TzSoapMessage readerOf(TzSoapStyle style) {
+    TzSoapMessage message;
+    message.setReadLimits({.soap12Recommendation = true});
+    message.setStyle(style);
+    return message;
+}
+
+/// Both ways to read a message.
+inline constexpr TzSoapStyle Styles[] = {TzSoapStyle::Encoded, TzSoapStyle::Literal};
 
 /// Whether the library did it; false after one of its errors. Every other exception is a finding.
 inline bool accepted(const std::function<void()>& action) {

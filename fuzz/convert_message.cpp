@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Any bytes, read as a message and converted to every version: what is written then can be read and
-// has that version.
+// Any bytes, read as a message in both styles and converted to every version: what is written then
+// can be read and has that version.
 #include "FuzzTarget.h"
 
-#include <soap/TzSoapMessage.h>
 #include <soap/TzSoapVersionConverter.h>
 
 namespace {
 
-void convert(const std::string& text, TzSoapVersion::Version version) {
-    TzSoapMessage message;
+void convert(const std::string& text, TzSoapVersion::Version version, TzSoapStyle style) {
+    TzSoapMessage message = readerOf(style);
     std::string written;
     const bool done = accepted([&] {
         message.extract(text);
@@ -19,7 +18,7 @@ void convert(const std::string& text, TzSoapVersion::Version version) {
     if (!done || message.hasUserDefinedValues()) {
         return;
     }
-    TzSoapMessage again;
+    TzSoapMessage again = readerOf(style);
     again.extract(written);
     if (again.getVersion() != version) {
         report("another version than it was converted to", written);
@@ -30,7 +29,10 @@ void convert(const std::string& text, TzSoapVersion::Version version) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text = textOf(data, size);
-    convert(text, TzSoapVersion::V1_1);
-    convert(text, TzSoapVersion::V1_2);
+    for (const auto version : {TzSoapVersion::V1_1, TzSoapVersion::V1_2, TzSoapVersion::V1_2Rec}) {
+        for (const TzSoapStyle style : Styles) {
+            convert(text, version, style);
+        }
+    }
     return 0;
 }

@@ -12,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     TzSoapHttpTransportContext context;
     context.add(TzSoapHttpBinding::getContentTypeLabel(), takeLine(body));
     context.setSoapAction(takeLine(body));
-    TzSoapMessage message;
+    TzSoapMessage message = readerOf(TzSoapStyle::Encoded);
     const bool done = accepted([&] {
         static_cast<void>(TzSoapHttpBinding::getAction(context));
         TzSoapHttpBinding::unpack(context, body, message);
