@@ -149,7 +149,12 @@ void TzSoapConversion::loseTextBefore(TzSoapHeader::iterator entry) {
 TzSoapConversion::Style TzSoapConversion::prepareBlock(TzSoapElementImp& block,
                                                        TzSoapVersion::SoapElement element) {
     TzSoapDraft draft(block, changes_);
-    draft.edit().setName(terms_.target().getSoapElementQName(element));
+    const TzXmlName& name = terms_.target().getSoapElementQName(element);
+    // Where prefixes stay, another one need not be bound.
+    draft.edit().setName(isLiteral()
+                             ? TzXmlName(name.getLocalName(),
+                                         TzXmlNamespace(block.getName().getPrefix(), name.getUri()))
+                             : name);
     elements_.convert(draft, Reference::Block);
     return takeStyle(draft.edit(), style_);
 }

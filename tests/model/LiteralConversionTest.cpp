@@ -64,7 +64,7 @@ TEST(LiteralConversion, BlocksStateNoStyleWhereTheyMayNot) {
                        R"(<e:Text xml:lang="en">f</e:Text></e:Reason><e:Detail><d)" +
                            style + ">1</d></e:Detail></e:Fault></e:Body>"));
     EXPECT_THAT(converted.losses, ElementsAre("attribute e:encodingStyle of e:Envelope: left out",
-                                              "attribute e:encodingStyle of env:Body: left out",
+                                              "attribute e:encodingStyle of e:Body: left out",
                                               "attribute e:encodingStyle of env:Detail: left out"));
 }
 
@@ -88,6 +88,15 @@ TEST(LiteralConversion, BlocksKeepTheirPrefix) {
     const std::string there = convert(text, V::V1_2).text;
     EXPECT_EQ(there.find("env"), there.find("envelope")) << there;
     EXPECT_EQ(convert(there, V::V1_2Rec).text, text);
+}
+
+TEST(LiteralConversion, AnEnvelopeInTheDefaultNamespaceStaysInIt) {
+    const auto text = [](const std::string& uri) {
+        return "<Envelope xmlns=\"" + uri + "\"><Header><h xmlns=\"\"></h></Header>" +
+               "<Body><a xmlns=\"\">1</a></Body></Envelope>";
+    };
+    EXPECT_EQ(convert(text(EnvUri12Rec), V::V1_1).text, text(EnvUri11));
+    EXPECT_EQ(convert(text(EnvUri11), V::V1_2Rec).text, text(EnvUri12Rec));
 }
 
 TEST(LiteralConversion, AReportChangesItsSpelling) {
