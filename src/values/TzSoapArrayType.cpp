@@ -9,6 +9,7 @@
 #include "model/TzSoapBodyAs.h"
 
 #include <typeinfo>
+#include <utility>
 
 using Index = std::vector<unsigned int>;
 
@@ -16,10 +17,20 @@ namespace {
 
 /// Fast path: the item at `index` of a compact array of two axes, null where none came to life and
 /// for every body of another class, which is asked by its virtual functions.
-TzSoapDefaultType* storedInPlane(TzBodyBase& body, const Index& index) noexcept {
+[[gnu::always_inline]] inline TzSoapDefaultType* storedInPlane(TzBodyBase& body,
+                                                               const Index& index) noexcept {
     return &typeid(body) == &typeid(TzSoapCompactArrayImp)
                ? TzSoapAccess::storedInPlane(static_cast<TzSoapCompactArrayImp&>(body), index)
                : nullptr;
+}
+
+// Never inlined: what these need would slow the fast path down.
+[[gnu::noinline]] TzSoapType& askBody(const TzSoapArrayType& array, const Index& index) {
+    return TzSoapAccess::body(array).bcat(index);
+}
+
+[[gnu::noinline]] const TzSoapType& askConstBody(const TzSoapArrayType& array, const Index& index) {
+    return std::as_const(TzSoapAccess::body(array)).bcat(index);
 }
 
 } // namespace
@@ -87,12 +98,12 @@ const TzSoapType& TzSoapArrayType::operator()(unsigned int position) const {
 
 TzSoapType& TzSoapArrayType::operator()(const Index& index) {
     TzSoapType* const stored = storedInPlane(bodyBase(), index);
-    return stored != nullptr ? *stored : body().bcat(index);
+    return stored != nullptr ? *stored : askBody(*this, index);
 }
 
 const TzSoapType& TzSoapArrayType::operator()(const Index& index) const {
     const TzSoapType* const stored = storedInPlane(bodyBase(), index);
-    return stored != nullptr ? *stored : constBody().bcat(index);
+    return stored != nullptr ? *stored : askConstBody(*this, index);
 }
 
 TzSoapType& TzSoapArrayType::operator()(const TzCString& index) { return body().bcat(index); }
