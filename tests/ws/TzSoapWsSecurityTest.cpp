@@ -28,7 +28,7 @@ std::optional<TzCString> passwordOf(const TzCString& user) {
     return user == "ann" ? std::optional<TzCString>("s3cret") : std::nullopt;
 }
 
-TzSoapWsVerifier::Options plain() { return {.plainPasswords = true, .node = {}}; }
+TzSoapWsVerifier::Options plain() { return {.plainPasswords = true}; }
 
 /// A Security entry with the digest that `digest` states, made at `created`.
 std::string withDigest(const std::string& created = "2026-11-22T10:00:00Z",

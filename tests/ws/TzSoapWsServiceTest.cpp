@@ -88,7 +88,7 @@ TEST_F(TzSoapWsServiceRun, WithoutAddressingAnswersAsEver) {
 }
 
 TEST_F(TzSoapWsServiceRun, AddressingCanBeDemanded) {
-    TzSoapWsService::addAddressing(service_, {.answerAction = {}, .required = true});
+    TzSoapWsService::addAddressing(service_, {.required = true});
     const TzSoapHttpAnswer answer = send("");
     EXPECT_EQ(faultIn(answer),
               faultOf(TzSoapVersion::V1_1, {"MessageAddressingHeaderRequired"}, Wsa::Namespace));

@@ -44,8 +44,8 @@ struct TzSoapHttpOptions {
     };
     /// Who calls.
     struct Credentials {
-        TzCString user;                        ///< "" for none, but for Bearer and Negotiate.
-        TzCString password;                    ///< The password or the token.
+        TzCString user = {};                   ///< "" for none, but for Bearer and Negotiate.
+        TzCString password = {};               ///< The password or the token.
         Authentication authentication = Basic; ///< How they are shown.
     };
 
@@ -66,7 +66,7 @@ struct TzSoapHttpOptions {
     /// WS-Security header does not go there at all.
     unsigned int redirects = 0;
     /// Further header lines for each request. They replace those that the client makes.
-    std::vector<std::pair<TzCString, TzCString>> headers;
+    std::vector<std::pair<TzCString, TzCString>> headers = {};
     /// Whether answers may be compressed, by gzip or deflate.
     bool compression = true;
     /// Whether cookies that servers set go with later calls of the same client.
@@ -75,23 +75,23 @@ struct TzSoapHttpOptions {
     HttpVersion httpVersion = Negotiated;
 
     /// Who calls; a user in the URL goes first.
-    Credentials credentials;
+    Credentials credentials = {};
     /// The URL of a proxy, http, https, socks5 or socks5h; "" for none.
-    TzCString proxy;
+    TzCString proxy = {};
     /// Who calls the proxy.
-    Credentials proxyCredentials;
+    Credentials proxyCredentials = {};
 
     /// A file with the certificates of the authorities that are trusted, PEM; "" for those of the
     /// system.
-    TzCString caFile;
+    TzCString caFile = {};
     /// The server's public key as "sha256//" and Base64, several with ";" between; "" for any.
-    TzCString pinnedKey;
+    TzCString pinnedKey = {};
     /// A file with the client's certificate, PEM; "" for none.
-    TzCString certificateFile;
+    TzCString certificateFile = {};
     /// A file with the key of that certificate, PEM; "" where the same file holds it.
-    TzCString keyFile;
+    TzCString keyFile = {};
     /// The password of that key.
-    TzCString keyPassword;
+    TzCString keyPassword = {};
     /// Whether anyone may pose as the server: certificates and their names are not checked. For
     /// tests only.
     bool insecure = false;
@@ -101,9 +101,9 @@ struct TzSoapHttpOptions {
     /// What the messages of the value and struct forms of a call are.
     TzSoapStyle style = TzSoapStyle::Encoded;
     /// The namespace of the operations of the struct form that state none.
-    TzCString serviceNamespace;
+    TzCString serviceNamespace = {};
     /// What answers may hold.
-    TzSoapReadLimits readLimits;
+    TzSoapReadLimits readLimits = {};
 
     /// Is given both directions of each call, on the thread that calls: the request before it is
     /// sent, the answer as soon as it is complete, whatever it holds; of a call with redirects the
@@ -113,7 +113,7 @@ struct TzSoapHttpOptions {
     /// Set-Cookie, WWW-Authenticate, Proxy-Authenticate, Authentication-Info and of
     /// `secretHeaders`, and in texts in encodings like ASCII the content of every element with the
     /// local name "Password" or "BinarySecurityToken", whatever its namespace.
-    std::function<void(const TzSoapHttpText&)> watch;
+    std::function<void(const TzSoapHttpText&)> watch = {};
     /// The names of further header lines whose values are masked.
-    std::vector<TzCString> secretHeaders;
+    std::vector<TzCString> secretHeaders = {};
 };

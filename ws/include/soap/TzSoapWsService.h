@@ -22,7 +22,7 @@ public:
         /// The action of an answer that is not a fault; that of the request and "Response" unless
         /// set.
         std::function<TzCString(const TzSoapWsAddressing& request, const TzSoapMessage& answer)>
-            answerAction;
+            answerAction = {};
         /// Whether a request without WS-Addressing is refused.
         bool required = false;
     };

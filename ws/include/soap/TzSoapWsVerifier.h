@@ -42,7 +42,7 @@ public:
         /// Whether a request without Timestamp is refused.
         bool timestampRequired = false;
         /// The role that the service acts in.
-        TzSoapNode node;
+        TzSoapNode node = {};
     };
 
     /// A verifier that asks `passwords`.
