@@ -30,8 +30,8 @@ template <typename Value> struct TzSoapCodec;
 /// made it and never outlives the conversion.
 class TZSOAP_API TzSoapPlace {
 public:
-    /// Most steps below the first view.
-    static constexpr std::size_t DepthLimit = 1000;
+    /// Most steps below the place where a conversion begins, because each takes stack.
+    static constexpr std::size_t DepthLimit = 256;
     /// Most members that one conversion reads below references, because several references may
     /// refer to one value and so repeat it.
     static constexpr std::size_t RepeatLimit = 1048576;

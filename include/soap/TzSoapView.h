@@ -35,11 +35,14 @@ concept TzSoapViewIndex = std::integral<Index> && !std::same_as<Index, bool>;
 /// and body and count from 1, as `getChild` of values does; indices count from 0, as C++ does.
 ///
 /// A view holds handles of what it was reached through, so it stays good when the message goes and
-/// sees what others change. Copies are cheap. Views go down `TzSoapPlace::DepthLimit` steps at
+/// sees what others change. Copies are cheap. Views go down `DepthLimit` steps at
 /// most. Threads: a view is a reader of the value; views of one value may be used on several
 /// threads as long as none changes the value.
 class TZSOAP_API TzSoapView {
 public:
+    /// Most steps below the first view.
+    static constexpr std::size_t DepthLimit = 1000;
+
     /// A view of `value`, which the path begins with. `TzTHRInvalidPointer` "Invalid pointer" for a
     /// handle without a body.
     explicit TzSoapView(const TzSoapType& value);

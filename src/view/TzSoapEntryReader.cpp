@@ -8,7 +8,6 @@
 #include "view/TzSoapEntryReading.h"
 
 #include <algorithm>
-#include <array>
 #include <istream>
 #include <vector>
 
@@ -41,6 +40,31 @@ struct TzSoapEntryReader::State {
     TzSoapEntryReading* reading = nullptr; // the body of the message while it reads
     std::size_t records = 0;
     bool isStopped = false;
+
+    State() = default;
+    State(const State&) = delete;
+    State& operator=(const State&) = delete;
+    ~State() { end(); }
+
+    /// The program may hold the message longer than the reading goes on.
+    void end() noexcept {
+        if (TzSoapEntryReading* const ended = std::exchange(reading, nullptr)) {
+            ended->end();
+        }
+    }
+    /// Does `work` with the reading, which an error ends; the next chunk begins another text.
+    template <typename Work> void run(const Work& work) {
+        struct Ending {
+            State* state;
+            ~Ending() {
+                if (state != nullptr) {
+                    state->end();
+                }
+            }
+        } ending{this};
+        isStopped = !work(*reading);
+        ending.state = nullptr;
+    }
 };
 
 TzSoapEntryReader::TzSoapEntryReader(Visit visit, std::string_view path)
@@ -65,6 +89,7 @@ void TzSoapEntryReader::setRecordLimit(std::size_t bytes) noexcept { state_->rec
 
 void TzSoapEntryReader::begin() {
     State& state = *state_;
+    state.end();
     state.records = 0;
     state.isStopped = false;
     const auto take = [&state](TzSoapType&& record, const std::shared_ptr<const TzCString>& above,
@@ -81,27 +106,22 @@ void TzSoapEntryReader::begin() {
 }
 
 void TzSoapEntryReader::feed(std::string_view chunk) {
-    State& state = *state_;
-    if (state.reading == nullptr) {
+    if (state_->reading == nullptr) {
         begin();
     }
-    if (!state.isStopped) {
-        // Null after an error, so that the next chunk begins another text.
-        TzSoapEntryReading* const reading = std::exchange(state.reading, nullptr);
-        state.isStopped = !reading->feed(chunk);
-        state.reading = reading;
+    if (!state_->isStopped) {
+        state_->run([chunk](TzSoapEntryReading& reading) { return reading.feed(chunk); });
     }
 }
 
 void TzSoapEntryReader::finish() {
-    State& state = *state_;
-    if (state.reading == nullptr) {
+    if (state_->reading == nullptr) {
         begin();
     }
-    TzSoapEntryReading* const reading = std::exchange(state.reading, nullptr);
-    if (!state.isStopped) {
-        state.isStopped = !reading->finish();
+    if (!state_->isStopped) {
+        state_->run([](TzSoapEntryReading& reading) { return reading.finish(); });
     }
+    state_->end();
 }
 
 void TzSoapEntryReader::read(std::string_view text) {
@@ -118,7 +138,7 @@ void TzSoapEntryReader::read(std::istream& stream) {
         feed({piece.data(), static_cast<std::size_t>(stream.gcount())});
     }
     if (stream.bad()) {
-        state_->reading = nullptr;
+        state_->end();
         TzThrow(TzXmlError("the stream of a message broke"));
     }
     finish();

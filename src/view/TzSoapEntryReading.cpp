@@ -106,7 +106,7 @@ void TzSoapEntryReading::Level::startElement(const TzXmlName& name,
     } else if (number_ = count(name.getLocalName()); depth_ + 1 == reading_.steps_.size()) {
         startRecord(name, attributes);
     } else {
-        reading_.levels_[depth_ + 1].enter(
+        reading_.levels_[depth_ + 1]->enter(
             name, attributes, tzSoapJoined(*path_, tzSoapNumbered(name.getLocalName(), number_)));
     }
 }
@@ -160,19 +160,36 @@ TzSoapEntryReading::TzSoapEntryReading(std::vector<TzCString> steps, std::size_t
       recordLimit_(recordLimit), take_(std::move(take)),
       skipper_(std::make_unique<Skipper>(*this)) {
     for (std::size_t depth = 0; depth < steps_.size(); ++depth) {
-        levels_.emplace_back(*this, depth);
+        levels_.push_back(std::make_unique<Level>(*this, depth));
     }
 }
 
 TzSoapEntryReading::~TzSoapEntryReading() = default;
 
-void TzSoapEntryReading::begin() { prepare(0); }
+void TzSoapEntryReading::begin() {
+    prepare(0);
+    isReading_ = true;
+}
+
+void TzSoapEntryReading::end() noexcept {
+    if (std::exchange(isReading_, false)) {
+        TzSoapReadingState& state = TzSoapAccess::reading(context());
+        droppedText_ = state.droppedText;
+        state.references.dropTargets();
+        state.clear();
+        parser().setContentHandler(nullptr);
+        parser().abandon();
+    }
+}
 
 void TzSoapEntryReading::startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) {
     noteProgress();
-    if (readState_ == InEnvelope && getSoapVersion().matchSoapElement(name, TzSoapVersion::Body)) {
+    if (isReading_ && readState_ == InEnvelope &&
+        getSoapVersion().matchSoapElement(name, TzSoapVersion::Body)) {
+        // Those of the header have their targets.
+        TzSoapAccess::reading(context()).references.keepTargets();
         forgetReferences();
-        levels_.front().enter(name, attributes, {});
+        levels_.front()->enter(name, attributes, {});
     } else {
         TzSoapMessageImp::startElement(name, attributes);
     }

@@ -7,7 +7,6 @@
 #include <tz/tools/TzCString.h>
 
 #include <cstddef>
-#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -35,6 +34,8 @@ public:
     bool feed(std::string_view chunk);
     /// The text ends.
     bool finish();
+    /// Nothing is read any more, however far that came: the message is one like any other.
+    void end() noexcept;
 
     /// The Envelope or a child of it starts.
     void startElement(const TzXmlName& name, const TzXmlAttributeSet& attributes) override;
@@ -51,8 +52,9 @@ private:
 
     std::vector<TzCString> steps_;
     std::size_t recordLimit_;
+    bool isReading_ = false;
     Take take_;
-    std::deque<Level> levels_; // of Body and the elements on the path
+    std::vector<std::unique_ptr<Level>> levels_; // of Body and the elements on the path
     std::unique_ptr<Skipper> skipper_;
     std::size_t fed_ = 0;  // bytes before the piece under way
     std::size_t mark_ = 0; // bytes before the one with the last progress

@@ -75,7 +75,7 @@ TzCString targetOf(const TzSoapTypeImp& reference) {
 
 } // namespace
 
-TzSoapPlace::TzSoapPlace(const TzSoapView& view) : view_(&view), depth_(view.depth_) {
+TzSoapPlace::TzSoapPlace(const TzSoapView& view) : view_(&view) {
     if (const auto* const value = std::get_if<TzSoapType>(&view.content_)) {
         content_ = &contentOf(*value);
     } else {
@@ -91,7 +91,7 @@ TzSoapPlace::TzSoapPlace(const TzSoapPlace& parent, const TzSoapType& member)
       first_(parent.first_),
       isRepeated_(parent.isRepeated_ || content_ != &TzSoapAccess::body(member)) {
     if (depth_ > DepthLimit) {
-        TzThrow(TzXmlBadArgError(TzMessage(tzSoapTooDeep(getPath()))));
+        TzThrow(TzXmlBadArgError(TzMessage(tzSoapTooDeep(getPath(), DepthLimit))));
     }
     if (isRepeated_ && ++first_->repeated_ > RepeatLimit) {
         refuse("references repeat too many values, the limit is " + std::to_string(RepeatLimit));

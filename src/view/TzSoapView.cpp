@@ -52,8 +52,8 @@ TzSoapView::TzSoapView(const TzSoapType& value, std::shared_ptr<const TzCString>
     : content_(value), above_(std::move(above)), number_(number) {}
 
 std::shared_ptr<const TzSoapView> TzSoapView::shared() const {
-    if (depth_ >= TzSoapPlace::DepthLimit) {
-        TzThrow(TzXmlBadArgError(TzMessage(tzSoapTooDeep(getPath()))));
+    if (depth_ >= DepthLimit) {
+        TzThrow(TzXmlBadArgError(TzMessage(tzSoapTooDeep(getPath(), DepthLimit))));
     }
     return std::make_shared<const TzSoapView>(*this);
 }

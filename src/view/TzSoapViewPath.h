@@ -2,7 +2,6 @@
 #pragma once
 
 #include <soap/TzSoapMissingError.h>
-#include <soap/TzSoapPlace.h>
 #include <soap/TzSoapTypeImp.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlAttribute.h>
@@ -10,6 +9,7 @@
 #include "model/TzSoapAccess.h"
 #include "service/TzSoapMembers.h"
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -60,7 +60,6 @@ const TzXmlAttribute* tzSoapFindAttribute(const TzSoapTypeImp& element, std::str
                                           const std::optional<std::string_view>& uri);
 
 /// The error text about what is below too many steps.
-inline TzCString tzSoapTooDeep(const TzCString& path) {
-    return tzQuoted(path) + " has too many steps, the limit is " +
-           std::to_string(TzSoapPlace::DepthLimit);
+inline TzCString tzSoapTooDeep(const TzCString& path, std::size_t limit) {
+    return tzQuoted(path) + " has too many steps, the limit is " + std::to_string(limit);
 }

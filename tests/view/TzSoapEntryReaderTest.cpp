@@ -248,7 +248,10 @@ TEST(TzSoapEntryReader, AnExceptionOfTheCallbackEndsTheReading) {
         "r/line", [](const TzSoapView&) { throw std::runtime_error("full"); });
     EXPECT_THROW(reader.read(around(Lines)), std::runtime_error);
     EXPECT_EQ(reader.getRecordCount(), 1U);
-    EXPECT_THROW(reader.read(around(Lines)), std::runtime_error);
+    EXPECT_THROW(reader.feed(around(Lines)), std::runtime_error);
+    auto number = TzSoapEntryReader::of<Line>("r/line", [](Line&&) { throw 1; });
+    EXPECT_THROW(number.feed(around(Lines)), int);
+    EXPECT_THROW(number.feed(around(Lines)), int);
 }
 
 TEST(TzSoapEntryReader, AnErrorOfARecordHasItsPathAndPlace) {
@@ -391,6 +394,38 @@ TEST(TzSoapEntryReader, AReaderMayBeMoved) {
     second.feed(text.substr(200));
     second.finish();
     EXPECT_EQ(seen, 3);
+}
+
+TEST(TzSoapEntryReader, TheMessageIsOneLikeAnyOtherAfterwards) {
+    TzSoapMessage message;
+    {
+        TzSoapEntryReader reader = counting();
+        reader.feed(around(Lines).substr(0, 300));
+        message = reader.getMessage();
+    }
+    message.extract(around(Lines));
+    EXPECT_EQ(TzSoapView(message)["r"].all("line").as<Line>(), ReadLines);
+}
+
+TEST(TzSoapEntryReader, RingsOfReferencesInTheHeaderGoWithIt) {
+    const std::string header = "<e:Header><a id='1'><b href='#1'/></a></e:Header>";
+    const auto read = [&](const std::string& body) {
+        TzSoapEntryReader reader = counting();
+        reader.setStyle(TzSoapStyle::Encoded);
+        try {
+            reader.read(around(body, header));
+            EXPECT_EQ(
+                TzSoapView(reader.getMessage().getSoapHeader().getChild("a"))["b"]["b"].getPath(),
+                "a/b/b");
+        } catch (const TzXmlParseError&) {
+        }
+    };
+    for (const std::string& body : {Lines, std::string("<a></b>")}) {
+        read(body);
+        const std::ptrdiff_t before = liveAllocations();
+        read(body);
+        EXPECT_EQ(liveAllocations(), before) << body;
+    }
 }
 
 TEST(TzSoapEntryReader, MemoryStaysTheSameHoweverManyRecordsCome) {

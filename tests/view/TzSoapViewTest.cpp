@@ -352,7 +352,7 @@ TEST(TzSoapView, StaysGoodWhenTheMessageGoes) {
 TEST(TzSoapView, GoesDownALimitedNumberOfSteps) {
     TzSoapView view = encoded("<n id='1'><n href='#1'/></n>")["n"];
     const auto down = [&] {
-        for (std::size_t i = 0; i < TzSoapPlace::DepthLimit; ++i) {
+        for (std::size_t i = 0; i < TzSoapView::DepthLimit; ++i) {
             view = view["n"];
         }
     };
