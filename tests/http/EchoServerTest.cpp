@@ -146,8 +146,7 @@ TEST_F(EchoServerRequests, AnUnknownEnvelopeIsAVersionMismatch) {
         const HttpAnswer answer = server_.post(type, later);
         EXPECT_EQ(answer.status, 500);
         EXPECT_EQ(faultCodeIn(answer), "VersionMismatch");
-        EXPECT_EQ(messageIn(answer).getVersion(), TzSoapVersion::V1_1);
-        EXPECT_TRUE(answer.contentType.starts_with("text/xml")) << answer.contentType;
+        EXPECT_TRUE(answer.contentType.starts_with(type)) << answer.contentType;
     }
 }
 

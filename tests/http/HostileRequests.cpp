@@ -97,7 +97,7 @@ const std::vector<HostileRequest>& hostileRequests() {
 
 bool isRefusal(const HttpAnswer& answer) {
     if (answer.status != 500) {
-        return answer.status == 400;
+        return answer.status == 400 || answer.status == 415;
     }
     TzSoapHttpTransportContext context;
     context.add(TzSoapHttpBinding::getContentTypeLabel(), answer.contentType);

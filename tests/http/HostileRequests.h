@@ -17,7 +17,7 @@ struct HostileRequest {
 const std::vector<HostileRequest>& hostileRequests();
 
 /// Whether the answer refuses the request as it should be refused: a fault of the sender's with
-/// status 500, or status 400.
+/// status 500, or status 400 or 415.
 bool isRefusal(const HttpAnswer& answer);
 
 /// Fails the test when `answer` does not refuse `request`.
