@@ -25,8 +25,7 @@ int main(int argc, char** argv) {
         options.watch = [](const TzSoapHttpText& text) {
             const std::string status = ", status " + std::to_string(text.status);
             std::cout << (text.isAnswer ? "--- answer" + status : "--- request") << " ---\n"
-                      << text.headers.asString() << '\n'
-                      << text.body << '\n';
+                      << text.headers.asString() + '\n' + text.body + '\n';
         };
         const TzSoapHttpClient client(argv[1], options);
         const auto answer =

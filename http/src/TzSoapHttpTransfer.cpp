@@ -254,6 +254,9 @@ void TzSoapHttpTransfer::finish(CURLcode code) {
     long status = 0;
     curl_easy_getinfo(easy_, CURLINFO_RESPONSE_CODE, &status);
     reply_.status = static_cast<int>(status);
+    if (code == CURLE_OK && !headerEnded_) { // libcurl takes what came for all
+        code = CURLE_PARTIAL_FILE;
+    }
     if (code != CURLE_OK) {
         fail(code);
     }
@@ -348,8 +351,10 @@ bool TzSoapHttpTransfer::takeLine(std::string_view line) {
     }
     if (line.starts_with("HTTP/")) { // an interim answer, or one that asked for credentials
         reply_ = {};
+        headerEnded_ = false;
         return true;
     }
+    headerEnded_ = headerEnded_ || trimmed(line).empty();
     const std::size_t colon = line.find(':');
     if (colon == std::string_view::npos || !reply_.body.empty()) { // trailers change nothing
         return true;

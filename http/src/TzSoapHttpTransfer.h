@@ -76,6 +76,7 @@ private:
     std::array<char, CURL_ERROR_SIZE> error_{};
     TzSoapHttpReply reply_;
     std::size_t headerBytes_ = 0;
+    bool headerEnded_ = false;
     std::exception_ptr failure_;
     const char* tooLarge_ = nullptr; ///< What is larger than allowed.
 };

@@ -51,8 +51,8 @@ TEST_F(Rates, TravelLiterally) {
     ASSERT_TRUE(answer);
     EXPECT_EQ(answer->body,
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?><SOAP-ENV:Envelope "
-              "xmlns:SOAP-ENV=\"http://schemas.xmlsoap.org/soap/envelope/\" "
-              "xmlns=\"urn:example:rates\"><SOAP-ENV:Body><GetRateResponse><rate>1.25</rate>"
+              "xmlns:SOAP-ENV=\"http://schemas.xmlsoap.org/soap/envelope/\"><SOAP-ENV:Body>"
+              "<GetRateResponse xmlns=\"urn:example:rates\"><rate>1.25</rate>"
               "<source>example</source></GetRateResponse></SOAP-ENV:Body></SOAP-ENV:Envelope>");
 }
 
@@ -66,7 +66,9 @@ TEST_F(Rates, ParametersThatAreMissingAreTheSendersFault) {
                   "text/xml");
     ASSERT_TRUE(answer);
     EXPECT_EQ(answer->status, 500);
-    EXPECT_NE(answer->body.find("GetRate/to is missing"), std::string::npos) << answer->body;
+    EXPECT_NE(answer->body.find("GetRate/to in namespace \"urn:example:rates\" is missing"),
+              std::string::npos)
+        << answer->body;
 }
 
 TEST_F(Rates, EndOnSignals) {

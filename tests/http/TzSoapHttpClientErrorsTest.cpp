@@ -217,7 +217,8 @@ TEST(TzSoapHttpClientErrors, AllCallsAreCancelledAndLaterOnesAreNot) {
 
 TEST(TzSoapHttpClientErrors, ACutAnswerIsNoAnswer) {
     for (const std::string bytes :
-         {"", "hello\r\n\r\n", "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\n<a/>",
+         {"", "hello\r\n\r\n", "HTTP/1.1 200 OK\r\n", "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n",
+          "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\n<a/>",
           "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n4\r\n<a/>\r\n",
           "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\nzz\r\n"}) {
         const RawService service(bytes, "");
