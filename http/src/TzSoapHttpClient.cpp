@@ -24,8 +24,7 @@ TzSoapMessage TzSoapHttpClient::call(const TzSoapMessage& request, const TzCStri
     return result.getAnswer();
 }
 
-TzSoapType TzSoapHttpClient::call(const TzSoapType& operation, const TzCString& action,
-                                  const std::stop_token& stop) const {
+TzSoapMessage TzSoapHttpClient::makeRequest(const TzSoapType& operation) const {
     const TzSoapHttpOptions& options = getOptions();
     TzSoapMessage request(options.version);
     request.setStyle(options.style);
@@ -34,7 +33,12 @@ TzSoapType TzSoapHttpClient::call(const TzSoapType& operation, const TzCString& 
         request.declareTypeNamespaces();
     }
     request.getSoapBody().appendEntry(operation);
-    return call(request, action, stop).getSoapBody().getFirstEntry();
+    return request;
+}
+
+TzSoapType TzSoapHttpClient::call(const TzSoapType& operation, const TzCString& action,
+                                  const std::stop_token& stop) const {
+    return call(makeRequest(operation), action, stop).getSoapBody().getFirstEntry();
 }
 
 TzSoapHttpResult TzSoapHttpClient::tryCall(const TzSoapMessage& request, const TzCString& action,

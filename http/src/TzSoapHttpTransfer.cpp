@@ -120,6 +120,15 @@ void TzSoapHttpTransfer::setText(CURLoption option, const TzCString& text) {
     }
 }
 
+void TzSoapHttpTransfer::addLine(const TzCString& line) {
+    curl_slist* const longer = curl_slist_append(lines_.get(), line.c_str());
+    if (longer == nullptr) {
+        throw std::bad_alloc();
+    }
+    static_cast<void>(lines_.release()); // it is the beginning of the longer one
+    lines_.reset(longer);
+}
+
 void TzSoapHttpTransfer::setRequest() {
     set(CURLOPT_ERRORBUFFER, error_.data());
     set(CURLOPT_URL, post_.url.text.c_str());
@@ -138,11 +147,9 @@ void TzSoapHttpTransfer::setRequest() {
     set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(post_.body.size()));
     set(CURLOPT_POSTFIELDS, post_.body.data());
     for (const auto& [name, value] : post_.headers) {
-        const TzCString line = value.empty() ? name + ';' : name + ": " + value;
-        curl_slist* const longer = curl_slist_append(lines_.get(), line.c_str());
-        static_cast<void>(lines_.release());
-        lines_ = TzSoapCurl::owned<TzSoapCurl::List>(longer);
+        addLine(value.empty() ? name + ';' : name + ": " + value);
     }
+    addLine("Expect:"); // or a server that does not know it lets large requests wait for a second
     set(CURLOPT_HTTPHEADER, lines_.get());
     if (post_.options.compression) {
         set(CURLOPT_ACCEPT_ENCODING, "gzip, deflate");

@@ -51,6 +51,7 @@ private:
 
     template <typename Value> void set(CURLoption option, Value value);
     void setText(CURLoption option, const TzCString& text);
+    void addLine(const TzCString& line);
     void setRequest();
     void setCallbacks();
     void setLimits();

@@ -231,6 +231,25 @@ TEST(TzSoapHttpClient, FurtherHeaderLinesReplaceOthers) {
     EXPECT_EQ(service.header("User-Agent"), "me");
 }
 
+TEST(TzSoapHttpClient, ALargeRequestDoesNotWaitForLeave) {
+    const CannedService service(200, "text/xml", goodAnswer());
+    TzSoapHttpClient(service.url()).call(requestOf(std::string(3U << 20U, 'x')));
+    EXPECT_EQ(service.header("Expect"), "");
+    EXPECT_GT(service.body().size(), 3U << 20U);
+}
+
+TEST(TzSoapHttpClient, ARequestIsMadeByTheOptions) {
+    TzSoapHttpOptions options;
+    options.version = TzSoapVersion::V1_2Rec;
+    options.style = TzSoapStyle::Literal;
+    const TzSoapMessage request =
+        TzSoapHttpClient("http://localhost/", options)
+            .makeRequest(TzSoapSimpleType("a", "text", TzSoapType::xsdString, true));
+    EXPECT_EQ(request.getVersion(), TzSoapVersion::V1_2Rec);
+    EXPECT_EQ(request.getStyle(), TzSoapStyle::Literal);
+    EXPECT_EQ(textIn(request), "text");
+}
+
 TEST(TzSoapHttpClient, TheEnvironmentNamesNoProxy) {
     const CannedService service(200, "text/xml", goodAnswer());
     for (const char* name : {"http_proxy", "all_proxy", "ALL_PROXY"}) {

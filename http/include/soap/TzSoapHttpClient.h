@@ -47,9 +47,11 @@ public:
     /// answer).
     TzSoapMessage call(const TzSoapMessage& request, const TzCString& action = {},
                        const std::stop_token& stop = {}) const;
-    /// Calls with a message of the options' version and style whose only body entry is `operation`;
-    /// returns the first body entry of the answer. `TzSoapMissingError` for an answer without one;
-    /// other errors are those of the other `call`.
+    /// A message of the options' version and style whose only body entry is `operation`, shared:
+    /// for calls that need more, such as header entries.
+    TzSoapMessage makeRequest(const TzSoapType& operation) const;
+    /// Calls with `makeRequest(operation)`; returns the first body entry of the answer.
+    /// `TzSoapMissingError` for an answer without one; other errors are those of the other `call`.
     TzSoapType call(const TzSoapType& operation, const TzCString& action = {},
                     const std::stop_token& stop = {}) const;
     /// Calls `operation` with a struct that has `TzSoapFields`, or whatever else `tzSoapValue`
