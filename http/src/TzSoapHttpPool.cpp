@@ -51,12 +51,12 @@ TzSoapHttpPool::Session TzSoapHttpPool::take() {
         session.multi = TzSoapCurl::owned<TzSoapCurl::Multi>(curl_multi_init());
         curl_multi_setopt(session.multi.get(), CURLMOPT_MAXCONNECTS, 1L);
     }
-    curl_easy_reset(session.easy.get());
     curl_easy_setopt(session.easy.get(), CURLOPT_SHARE, share_.get());
     return session;
 }
 
 void TzSoapHttpPool::giveBack(Session session) noexcept {
+    curl_easy_reset(session.easy.get()); // what the options point at goes with the call
     const std::lock_guard guard(mutex_);
     if (idle_.size() < most_) {
         idle_.push_back(std::move(session)); // within what is reserved
