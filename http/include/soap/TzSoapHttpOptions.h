@@ -25,7 +25,8 @@ struct TzSoapHttpText {
 };
 
 /// How a `TzSoapHttpClient` calls. A plain value. Nothing else has influence: no environment
-/// variable names a proxy, no file holds passwords.
+/// variable names a proxy or authorities, no file holds passwords. What libcurl and OpenSSL do by
+/// variables of their own, such as SSLKEYLOGFILE and OPENSSL_CONF, no option turns off.
 struct TzSoapHttpOptions {
     /// How credentials are shown to a server or a proxy.
     enum Authentication {
