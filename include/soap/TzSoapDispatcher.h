@@ -79,7 +79,7 @@ public:
     /// Adds an interceptor; those added before stand around it. It sees the faults that refuse
     /// header entries and missing operations, too, but not "The operation failed".
     void addInterceptor(Interceptor interceptor);
-    /// Sets who is told what went wrong within an operation.
+    /// Sets the hook that gets the exceptions of operations.
     void setFailureHook(FailureHook hook);
 
     /// The answer to a request. Throws nothing but what the failure hook throws and

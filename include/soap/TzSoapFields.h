@@ -352,7 +352,7 @@ public:
 /// A struct with `TzSoapFields`.
 template <TzSoapBoundStruct Struct> struct TzSoapCodec<Struct> {
     /// Reads the members. `TzSoapMissingError` for one that is missing; `TzXmlBadArgError` for one
-    /// that is there too often and for an element that is no struct. O(content).
+    /// that is there too often and for an element that is not a struct. O(content).
     static void read(const TzSoapPlace& place, Struct& object) {
         constexpr std::size_t count = TzSoapFieldTable<Struct>::rows.size();
         std::array<unsigned int, count + 1> seen{};

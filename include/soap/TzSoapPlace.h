@@ -59,7 +59,7 @@ public:
     /// Whether there is an encoded array.
     bool isArray() const;
     /// The text, as it stands; valid until the content changes. `TzXmlBadArgError` for a nil
-    /// element, of which it says that it is not `wanted`, and for one that is no simple value.
+    /// element, of which it says that it is not `wanted`, and for one that is not a simple value.
     const TzCString& getText(const char* wanted = "a string") const;
     /// What the text states: `Value` is bool, a numeric type but no character type,
     /// `TzDecimalPortable`, `TzDate`, `TzDateTime`, `TzXmlDuration` or

@@ -68,7 +68,7 @@ public:
     std::optional<TzSoapView> find(const TzSoapMemberName& name) const;
     /// Whether there is a member named `name`, nil or not. O(members).
     bool exists(const TzSoapMemberName& name) const { return find(name).has_value(); }
-    /// All members named `name`, in order; none of them is no error. O(members).
+    /// All members named `name`, in order; an empty list without any. O(members).
     TzSoapViewList all(const TzSoapMemberName& name) const;
     /// All members; array positions without an item are left out. O(members).
     TzSoapViewList all() const;
@@ -89,7 +89,7 @@ public:
         return member && !member->isNil() ? std::optional<Value>(member->as<Value>())
                                           : std::nullopt;
     }
-    /// What the attribute named `name` holds; declarations of namespaces are no attributes here,
+    /// What the attribute named `name` holds; declarations of namespaces are left out,
     /// and the type is not (`TzSoapType::getType`). `TzSoapMissingError` with a path such as
     /// `order/@id` when it is missing, otherwise as for `as`. O(attributes).
     template <typename Value = TzCString> Value attribute(const TzSoapMemberName& name) const {
@@ -159,7 +159,7 @@ public:
     const_iterator end() const noexcept { return views_.end(); }
     /// Number of views.
     std::size_t size() const noexcept { return views_.size(); }
-    /// Whether there are no views.
+    /// Whether the list is empty.
     bool empty() const noexcept { return views_.empty(); }
     /// The view at `position`, below the size.
     const TzSoapView& operator[](std::size_t position) const noexcept { return views_[position]; }

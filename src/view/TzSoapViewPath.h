@@ -55,7 +55,7 @@ template <typename Owner>
 [[noreturn]] void tzSoapRefuseAttribute(const TzCString& path, std::string_view localName,
                                         const std::optional<std::string_view>& uri);
 
-/// The attribute of that name that is no declaration, null without one. O(attributes).
+/// The attribute of that name, declarations left out; null without one. O(attributes).
 const TzXmlAttribute* tzSoapFindAttribute(const TzSoapTypeImp& element, std::string_view localName,
                                           const std::optional<std::string_view>& uri);
 

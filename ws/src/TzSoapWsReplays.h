@@ -20,7 +20,7 @@ public:
     enum class Result {
         New,      ///< It is remembered now.
         Repeated, ///< It is remembered already.
-        Full,     ///< There is no room for it.
+        Full,     ///< The limit is reached.
     };
 
     explicit TzSoapWsReplays(std::size_t limit) : limit_(limit) {}

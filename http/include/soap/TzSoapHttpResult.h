@@ -15,14 +15,14 @@ class TZSOAP_HTTP_API TzSoapHttpResult {
 public:
     /// No answer.
     TzSoapHttpResult() = default;
-    /// A message that is no fault.
+    /// A message without a fault.
     explicit TzSoapHttpResult(TzSoapMessage answer) : result_(std::move(answer)) {}
     /// A fault.
     explicit TzSoapHttpResult(TzSoapFaultError fault) : result_(std::move(fault)) {}
     /// A failure.
     explicit TzSoapHttpResult(TzSoapTransportError failure) : result_(std::move(failure)) {}
 
-    /// Whether there is a message that is no fault.
+    /// Whether there is a message without a fault.
     bool hasAnswer() const noexcept { return std::holds_alternative<TzSoapMessage>(result_); }
     /// Whether the service took the request and sent no message.
     bool isEmpty() const noexcept { return std::holds_alternative<std::monostate>(result_); }
