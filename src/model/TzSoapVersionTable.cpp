@@ -188,10 +188,11 @@ TzSoapVersionTable::Texts TzSoapVersionTable::soap12RecTexts() {
     }};
     for (const auto dropped :
          {TzSoapVersion::Root, TzSoapVersion::Position, TzSoapVersion::Offset}) {
-        texts.attributes[dropped] = {};
+        texts.attributes[static_cast<std::size_t>(dropped)] = {};
     }
-    texts.attributes[TzSoapVersion::Ref].home = Encoding;
-    texts.elements[TzSoapVersion::Misunderstood] = {"NotUnderstood", Envelope};
+    texts.attributes[static_cast<std::size_t>(TzSoapVersion::Ref)].home = Encoding;
+    texts.elements[static_cast<std::size_t>(TzSoapVersion::Misunderstood)] = {"NotUnderstood",
+                                                                              Envelope};
     texts.faultCodes[static_cast<std::size_t>(TzSoapVersion::DTDNotSupported)] = {};
     texts.subFaultCodes[static_cast<std::size_t>(TzSoapVersion::UnTypedValue)].localName =
         "UntypedValue";

@@ -71,7 +71,7 @@ Events cutAt(std::string_view text, std::size_t at) {
 
 void expectSame(const std::string& text) {
     const Events whole = parsed(text);
-    for (const std::size_t size : {1, 2, 3, 5, 7, 64}) {
+    for (const std::size_t size : {1U, 2U, 3U, 5U, 7U, 64U}) {
         EXPECT_EQ(inChunks(text, size), whole) << size;
     }
     for (std::size_t at = 0; at <= text.size(); ++at) {
@@ -86,7 +86,7 @@ TEST(TzXmlSAXParserFeed, AnyCutsGiveTheSameEvents) { expectSame(Plain); }
 TEST(TzXmlSAXParserFeed, EveryEncodingMayBeCut) {
     expectSame("\xEF\xBB\xBF" + Plain);
     expectSame(latin1());
-    for (const std::size_t unit : {2, 4}) {
+    for (const std::size_t unit : {2U, 4U}) {
         expectSame(wide("<a x='1'>t<b/></a>", unit, false));
         expectSame(wide("<a x='1'>t<b/></a>", unit, true));
     }
