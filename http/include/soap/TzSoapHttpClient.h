@@ -39,7 +39,8 @@ public:
     /// it is; its attachments are `getMimeMultipart()`. Errors:
     ///
     /// - `TzSoapFaultError` for a fault, whatever the status;
-    /// - `TzSoapTransportError` for everything else that is not a message, an empty answer included;
+    /// - `TzSoapTransportError` for everything else that is not a message, an empty answer
+    /// included;
     /// - those of `TzSoapHttpBinding::pack` for a request that cannot be written or an action that
     ///   does not fit into a header line; nothing is sent then.
     ///
@@ -60,8 +61,8 @@ public:
     ///     const auto rate = client.call<Rate>("GetRate", RateRequest{"EUR", "JPY"});
     ///
     /// A name without a namespace stands in that of the options. `TzSoapMissingError` and
-    /// `TzXmlBadArgError`, with the path, for an answer that is not an `Answer`; other errors are those
-    /// of the other `call`.
+    /// `TzXmlBadArgError`, with the path, for an answer that is not an `Answer`; other errors are
+    /// those of the other `call`.
     template <typename Answer, typename Request>
     Answer call(const TzXmlName& operation, const Request& request, const TzCString& action = {},
                 const std::stop_token& stop = {}) const {
