@@ -41,8 +41,8 @@ function(tzsoap_add_library target export_name)
         target_link_options(${target} PRIVATE -Wl,--no-undefined)
     endif()
     tzsoap_set_warnings(${target})
-    # Built beside the usual libraries, and only for its counts: half the time is enough.
-    if(TZSOAP_COUNT_WORK)
+    # Built beside the usual libraries, which find what a source forgets to include: half the time is enough.
+    if(TZSOAP_COUNT_WORK OR TZSOAP_SANITIZERS)
         target_precompile_headers(${target} PRIVATE <algorithm> <cstdint> <functional> <map> <memory>
                                   <optional> <set> <string> <string_view> <utility> <vector>)
     endif()

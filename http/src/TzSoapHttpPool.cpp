@@ -56,6 +56,8 @@ TzSoapHttpPool::Session TzSoapHttpPool::take() {
 }
 
 void TzSoapHttpPool::giveBack(Session session) noexcept {
+    // Resetting alone would leak the list that switched cookies on; those of the share stay.
+    curl_easy_setopt(session.easy.get(), CURLOPT_COOKIEFILE, static_cast<char*>(nullptr));
     curl_easy_reset(session.easy.get()); // what the options point at goes with the call
     const std::lock_guard guard(mutex_);
     if (idle_.size() < most_) {
