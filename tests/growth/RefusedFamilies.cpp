@@ -73,7 +73,7 @@ std::string cutWithinATag(std::size_t bytes) {
 std::string noEnvelope(std::size_t bytes) { return "<a>" + fill(bytes, "<b/>") + "</a>"; }
 
 std::string unknownVersion(std::size_t bytes) {
-    return "<s:Envelope xmlns:s='http://www.w3.org/2003/05/soap-envelope'><s:Body>" +
+    return "<s:Envelope xmlns:s='http://www.w3.org/2033/05/soap-envelope'><s:Body>" +
            fill(bytes, "<a/>") + "</s:Body></s:Envelope>";
 }
 

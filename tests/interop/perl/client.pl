@@ -147,9 +147,8 @@ sub unknown_version {
         action => '', envelope => $text, encoding => 'utf-8');
     my $som = $soap->deserializer->deserialize($answer);
     return 'no fault' unless $som->fault;
-    # A receiver that does not know the version answers in the oldest.
-    my $local = $som->faultcode =~ s/.*://r;
-    return $local eq 'VersionMismatch' ? 'ok' : "fault $local: " . $som->faultstring;
+    my ($code, $reason) = parts_of($som);
+    return $code =~ /(^|:)VersionMismatch$/ ? 'ok' : "fault $code: $reason";
 }
 
 my $bytes = join '', map { chr } 0 .. 255;
