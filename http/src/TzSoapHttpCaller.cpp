@@ -130,7 +130,7 @@ TzSoapHttpResult TzSoapHttpCaller::call(const TzSoapMessage& request, const TzCS
     try {
         TzSoapHttpReply reply = travel(journey, stop);
         watchAnswer(journey.url, reply);
-        return read(journey, std::move(reply));
+        return read(journey, reply);
     } catch (const Error& error) {
         return TzSoapHttpResult(error);
     }
@@ -211,7 +211,8 @@ TzSoapHttpUrl TzSoapHttpCaller::next(const Journey& journey, const TzSoapHttpRep
     return *std::move(url);
 }
 
-TzSoapHttpResult TzSoapHttpCaller::read(const Journey& journey, TzSoapHttpReply reply) const {
+TzSoapHttpResult TzSoapHttpCaller::read(const Journey& journey,
+                                        const TzSoapHttpReply& reply) const {
     const bool good = isSuccess(reply.status);
     const Error::Phase phase = good ? Error::Content : Error::Status;
     if (reply.body.empty()) {

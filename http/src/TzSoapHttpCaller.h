@@ -44,7 +44,7 @@ private:
     void watchAnswer(const TzSoapHttpUrl& url, const TzSoapHttpReply& reply) const;
     TzSoapHttpReply travel(Journey& journey, const std::stop_token& stop);
     TzSoapHttpUrl next(const Journey& journey, const TzSoapHttpReply& reply) const;
-    TzSoapHttpResult read(const Journey& journey, TzSoapHttpReply reply) const;
+    TzSoapHttpResult read(const Journey& journey, const TzSoapHttpReply& reply) const;
     std::stop_token clientStop();
 
     TzSoapHttpUrl url_;

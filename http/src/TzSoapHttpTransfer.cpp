@@ -147,7 +147,7 @@ void TzSoapHttpTransfer::setRequest() {
     set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(post_.body.size()));
     set(CURLOPT_POSTFIELDS, post_.body.data());
     for (const auto& [name, value] : post_.headers) {
-        addLine(value.empty() ? name + ';' : name + ": " + value);
+        addLine(value.empty() ? name + ';' : TzCString(name).append(": ").append(value));
     }
     addLine("Expect:"); // or a server that does not know it lets large requests wait for a second
     set(CURLOPT_HTTPHEADER, lines_.get());

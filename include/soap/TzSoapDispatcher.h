@@ -97,7 +97,7 @@ public:
     /// - Client (Sender) for anything else that cannot be read, with line and column.
     ///
     /// Faults have the status 500, those of the sender 400 in `V1_2Rec`. O(request + answer).
-    TzSoapHttpAnswer answer(const TzSoapHttpRequest& request) const;
+    TzSoapHttpAnswer answer(const TzSoapHttpRequest& http) const;
 
 private:
     struct Entry {

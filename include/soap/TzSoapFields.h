@@ -228,7 +228,7 @@ private:
             parts.setText(std::move(text), stated);
         } else {
             const TzXmlName& name = parts.making().nameOf(row);
-            parts.addChild(parts.making().makeText(name, std::move(text), stated));
+            parts.addChild(parts.making().makeText(name, text, stated));
         }
     }
 

@@ -81,7 +81,7 @@ public:
         return type != TzSoapContentBase::xsdUnknown ? type : TzSoapCodec<Value>::type;
     }
     /// The element `name` with this text and type.
-    TzSoapType makeText(const TzXmlName& name, TzCString text,
+    TzSoapType makeText(const TzXmlName& name, const TzCString& text,
                         TzSoapContentBase::SchemaType type) const;
     /// The element `name` without a value (xsi:nil).
     static TzSoapType makeNil(const TzXmlName& name);

@@ -66,7 +66,7 @@ void TzSoapMaking::Parts::setText(TzCString text, TzSoapContentBase::SchemaType 
     type_ = type;
 }
 
-TzSoapType TzSoapMaking::makeText(const TzXmlName& name, TzCString text,
+TzSoapType TzSoapMaking::makeText(const TzXmlName& name, const TzCString& text,
                                   TzSoapContentBase::SchemaType type) const {
     return TzSoapSimpleType(name, text, type, statesTypes());
 }
@@ -99,7 +99,7 @@ TzSoapType TzSoapMaking::makeStruct(const TzXmlName& name, const TzSoapFieldRow*
     for (std::size_t i = 0; i < count; ++i) {
         rows[i].write(object, rows[i], parts);
     }
-    TzSoapType made = parts.text_ ? makeText(name, *std::move(parts.text_), parts.type_)
+    TzSoapType made = parts.text_ ? makeText(name, *parts.text_, parts.type_)
                                   : compositeOf(name, parts.children_);
     for (const auto& [attribute, value] : parts.attributes_) {
         made.addAttribute(attribute, value);
