@@ -51,6 +51,17 @@ std::string numbered(std::string_view before, std::size_t number, std::string_vi
     return std::string(before) + std::to_string(number) + std::string(after);
 }
 
+std::string oneRing(std::size_t bytes, std::string_view idOf, std::string_view refTo) {
+    constexpr std::size_t Markup = 28; // besides the attributes, with two numbers
+    const std::size_t members = bytes / (Markup + idOf.size() + refTo.size());
+    std::string text;
+    for (std::size_t i = 0; i < members; ++i) {
+        text +=
+            "<x " + numbered(idOf, i, "'>") + "<r " + numbered(refTo, (i + 1) % members, "'/></x>");
+    }
+    return text;
+}
+
 std::string soap11(const Envelope& envelope) {
     return envelopeOf(envelope, {"http://schemas.xmlsoap.org/soap/envelope/",
                                  "http://schemas.xmlsoap.org/soap/encoding/"});

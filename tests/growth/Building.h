@@ -42,6 +42,10 @@ std::string soap12Rec(const Envelope& envelope);
 /// The same with this content of the Body.
 std::string soap12Rec(const std::string& body);
 
+/// Structs of about `bytes` in all: each has an id and a member that refers to the next struct, the
+/// last one's to the first. `idOf` and `refTo` write an attribute up to its number.
+std::string oneRing(std::size_t bytes, std::string_view idOf, std::string_view refTo);
+
 /// What a package is made of.
 struct Package {
     std::string envelope;         ///< Its root part.

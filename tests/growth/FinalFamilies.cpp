@@ -40,14 +40,8 @@ std::string chain(std::size_t bytes) {
                      }));
 }
 
-std::string oneRing(std::size_t bytes) {
-    const std::size_t members = bytes / 44;
-    std::string body;
-    for (std::size_t i = 0; i < members; ++i) {
-        body +=
-            numbered("<x e:id='x", i, "'>") + numbered("<r e:ref='x", (i + 1) % members, "'/></x>");
-    }
-    return soap12Rec(body);
+std::string ringOfAll(std::size_t bytes) {
+    return soap12Rec(oneRing(bytes, "e:id='x", "e:ref='x"));
 }
 
 std::string ringsWithinEntries(std::size_t bytes) {
@@ -145,7 +139,7 @@ Families finals() {
         {"FinalReferencesBackward", "targets before them", backward},
         {"FinalReferencesToNothing", "references whose targets were left out", toNothing},
         {"FinalReferencesInAChain", "a linked list", chain},
-        {"FinalReferencesInOneRing", "a list that is linked to its beginning", oneRing},
+        {"FinalReferencesInOneRing", "a list that is linked to its beginning", ringOfAll},
         {"FinalReferencesToValuesAround", "children that know their parent", ringsWithinEntries},
         {"FinalIds", "a producer that names everything", idsOfNothing},
         {"FinalIdsOfTheApplication", "ids that are attributes like others", plainIds},

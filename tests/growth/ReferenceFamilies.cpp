@@ -41,15 +41,7 @@ std::string chainBackward(std::size_t bytes) {
                   }));
 }
 
-std::string oneRing(std::size_t bytes) {
-    const std::size_t members = bytes / 40;
-    std::string body;
-    for (std::size_t i = 0; i < members; ++i) {
-        body +=
-            numbered("<x id='x", i, "'>") + numbered("<r href='#x", (i + 1) % members, "'/></x>");
-    }
-    return soap11(body);
-}
+std::string ringOfAll(std::size_t bytes) { return soap11(oneRing(bytes, "id='x", "href='#x")); }
 
 std::string ringsOfTwo(std::size_t bytes) {
     return soap11(fill(bytes, [](std::size_t i) {
@@ -136,7 +128,7 @@ Families references() {
         {"ReferencesBackward", "values first", backward},
         {"ReferencesInAChain", "a linked list", chain},
         {"ReferencesInAChainBackward", "a linked list from its end", chainBackward},
-        {"ReferencesInOneRing", "a ring of all values", oneRing},
+        {"ReferencesInOneRing", "a ring of all values", ringOfAll},
         {"ReferencesInRingsOfTwo", "parents and children that know each other", ringsOfTwo},
         {"ReferencesToTheirOwnValue", "values within themselves", ringsOfOne},
         {"ReferencesOfOneValueToItself", "many ways around one ring", allToAll},
