@@ -88,6 +88,7 @@ TEST(LiteralRec, AFaultStaysAsItIsSpelled) {
 TEST(LiteralRec, AReportStaysAsItIsSpelled) {
     const std::string text = withHeader(R"(<s:NotUnderstood xmlns:h="urn:h" qname="h:b"/>)");
     const TzSoapMessage message = readLiterally(text);
+    ASSERT_EQ(message.getSoapHeader().entryCount(), 1U);
     const auto report = tzSoapAs<TzSoapMisunderstoodType>(*message.getSoapHeader().entriesBegin());
     EXPECT_EQ(report.getQualifiedName(), nameIn("b", "h", "urn:h"));
     EXPECT_EQ(message.asString(), text);
@@ -201,6 +202,7 @@ TEST(LiteralRec, AReaderMayAskForMarkup) {
     message.setReadLimits({.soap12Recommendation = true});
     message.setMarkupElements({nameIn("a", "t", "urn:t")});
     message.extract(withHeader(token));
+    ASSERT_EQ(message.getSoapHeader().entryCount(), 1U);
     const auto entry = tzSoapAs<TzSoapUserDefinedType>(*message.getSoapHeader().entriesBegin());
     EXPECT_EQ(entry.getMarkup(), token);
     EXPECT_TRUE(entry.getMustUnderstand());
