@@ -70,6 +70,14 @@ template <typename Caller> struct Case {
     std::function<std::string(Caller&)> run;
 };
 
+/// The cases of both lists.
+template <typename Caller>
+std::vector<Case<Caller>> joined(std::vector<Case<Caller>> cases,
+                                 const std::vector<Case<Caller>>& others) {
+    cases.insert(cases.end(), others.begin(), others.end());
+    return cases;
+}
+
 /// Serves without arguments; calls the URL in the first argument and prints a line for each case:
 /// its name and its result. The exit status.
 template <typename Service, typename Caller>

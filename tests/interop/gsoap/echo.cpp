@@ -336,13 +336,8 @@ std::vector<Case> otherCases() {
     };
 }
 
-std::vector<Case> allCases() {
-    std::vector<Case> cases = simpleCases();
-    const std::vector<Case> others = otherCases();
-    cases.insert(cases.end(), others.begin(), others.end());
-    return cases;
-}
-
 } // namespace
 
-int main(int argc, char** argv) { return gsoap::run<Echo, Caller>(argc, argv, Mode, allCases()); }
+int main(int argc, char** argv) {
+    return gsoap::run<Echo, Caller>(argc, argv, Mode, gsoap::joined(simpleCases(), otherCases()));
+}

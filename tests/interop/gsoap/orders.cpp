@@ -317,13 +317,8 @@ std::vector<Case> valueCases() {
     };
 }
 
-std::vector<Case> allCases() {
-    std::vector<Case> cases = orderCases();
-    const std::vector<Case> others = valueCases();
-    cases.insert(cases.end(), others.begin(), others.end());
-    return cases;
-}
-
 } // namespace
 
-int main(int argc, char** argv) { return gsoap::run<Orders, Caller>(argc, argv, Mode, allCases()); }
+int main(int argc, char** argv) {
+    return gsoap::run<Orders, Caller>(argc, argv, Mode, gsoap::joined(orderCases(), valueCases()));
+}

@@ -4,6 +4,8 @@
 // Calls the service of orders.wsdl with PHP's SoapClient: php php_client.php WSDL URL 1.1|1.2. A line for
 // each case: its name and "ok" or what came back instead.
 
+require __DIR__ . '/../php/cases.php';
+
 ini_set('precision', '17');
 ini_set('memory_limit', '1G');
 ini_set('soap.wsdl_cache_enabled', '0');
@@ -152,11 +154,4 @@ $cases = [
                                            fn() => unknownOperation()),
 ];
 
-foreach ($cases as $name => $case) {
-    try {
-        $result = $case();
-    } catch (SoapFault $fault) {
-        $result = "fault $fault->faultcode: $fault->faultstring";
-    }
-    echo $name, "\t", strtr($result, "\t\n", '  '), "\n";
-}
+runCases($cases);

@@ -4,6 +4,8 @@
 // Calls an echo service with PHP's SoapClient: php client.php URL 1.1|1.2. A line for each case: its
 // name, "ok" or what came back instead.
 
+require __DIR__ . '/cases.php';
+
 ini_set('precision', '17');
 ini_set('memory_limit', '1G');
 const URI = 'urn:example:echo';
@@ -166,11 +168,4 @@ $cases = [
     'unknown version' => fn() => unknownVersion(),
 ];
 
-foreach ($cases as $name => $case) {
-    try {
-        $result = $case();
-    } catch (SoapFault $fault) {
-        $result = "fault $fault->faultcode: $fault->faultstring";
-    }
-    echo $name, "\t", strtr($result, "\t\n", '  '), "\n";
-}
+runCases($cases);
