@@ -57,6 +57,28 @@ function(tzsoap_add_library target export_name)
     endif()
 endfunction()
 
+# A library that is a folder: its headers in include/, for all who link it, and its sources in src/.
+function(tzsoap_include_folder target)
+    target_include_directories(
+        ${target}
+        PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>
+               $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+        PRIVATE src)
+endfunction()
+
+# A library beside the two, which is a component of the package: tzsoap_add_component(<name> <export set> <library that it
+# needs>)
+function(tzsoap_add_component name export needed)
+    file(GLOB sources CONFIGURE_DEPENDS src/*.cpp)
+    set(TZSOAP_EXPORT ${export})
+    tzsoap_add_library(tzsoap-${name} ${name} ${sources})
+    tzsoap_include_folder(tzsoap-${name})
+    target_link_libraries(
+        tzsoap-${name}
+        PUBLIC TzSoap::soap
+        PRIVATE ${needed})
+endfunction()
+
 # Writes and installs the pkg-config file of a library from <name>.pc.in.
 function(tzsoap_install_pkgconfig name)
     # A program that links archives links what they use as well.
