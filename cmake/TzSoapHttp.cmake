@@ -12,5 +12,5 @@ if(TZSOAP_HTTP)
     target_link_libraries(tzsoap_http INTERFACE PkgConfig::HTTPLIB Threads::Threads)
 endif()
 
-# The client is a library of its own, for those who want it; the programs here do.
+# The client is a separate library, for those who want it; the programs here do.
 option(TZSOAP_HTTP_CLIENT "Build TzSoap::http, the HTTP client (needs libcurl)" ${TZSOAP_HTTP})

@@ -43,5 +43,5 @@ template <> struct TzSoapFields<EchoedOrder> {
 /// that cannot be read.
 EchoedOrder makeOrder(const std::string& file);
 
-/// The order in lines of text. `TzXmlBadArgError` for a document that is no attachment.
+/// The order in lines of text. `TzXmlBadArgError` for a document that is not an attachment.
 std::string describe(const Order& order);

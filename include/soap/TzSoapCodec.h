@@ -90,7 +90,7 @@ TZSOAP_API TzCString of(const TzXmlDuration& value);
 TZSOAP_API TzCString ofBytes(std::string_view bytes, bool hex);
 /// Throws `TzXmlBadArgError`: an enumerator, `number`, has no text.
 [[noreturn]] TZSOAP_API void refuseEnumerator(long long number);
-/// Throws `TzXmlBadArgError` at `place`: the text there is none of these.
+/// Throws `TzXmlBadArgError` at `place`: the text there is not one of `texts`.
 [[noreturn]] TZSOAP_API void refuseText(const TzSoapPlace& place,
                                         const std::vector<std::string_view>& texts);
 /// The text without the white space around it.

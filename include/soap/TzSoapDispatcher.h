@@ -50,14 +50,14 @@ public:
 
     /// Adds an operation, or replaces the one of that name. The prefix does not matter.
     void add(const TzXmlName& name, TzSoapOperation operation);
-    /// Adds one whose messages are in a style of its own. A service of both styles reads the
+    /// Adds an operation whose messages are in `style`. A service of both styles reads the
     /// requests to its encoded operations twice.
     void add(const TzXmlName& name, TzSoapOperation operation, TzSoapStyle style);
     /// Adds an operation for requests with this SOAP action, whatever their bodies hold, or
     /// replaces the one for it. The sender chooses the action, and what checks it on the way does
     /// not check the body.
     void addForAction(const TzCString& action, TzSoapOperation operation);
-    /// Adds one whose messages are in a style of its own; see the other `add`.
+    /// Adds such an operation whose messages are in `style`; see the `add` with a style.
     void addForAction(const TzCString& action, TzSoapOperation operation, TzSoapStyle style);
     /// The operation for requests that no other takes; without it they are a fault of the sender
     /// with the subcode ProcedureNotPresent.

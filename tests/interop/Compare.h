@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string>
 
-/// How values are told apart by texts that show them, for the library's programs and gSOAP's.
+/// Texts that show values, and how they differ: for the library's programs and gSOAP's.
 namespace orders {
 
 /// `text` in quotes; a long one by its length and a sum of its bytes.

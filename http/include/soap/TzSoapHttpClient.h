@@ -21,10 +21,10 @@ class TzSoapHttpCaller;
 ///     TzSoapHttpClient client("https://example.org/rates");
 ///     TzSoapMessage answer = client.call(request, "urn:example:rates#getRate");
 ///
-/// Any number of threads may call through one client at the same time; each call runs on the thread
-/// that makes it, has a connection of its own, and takes an idle one of the client's where there is
-/// one. DNS answers, TLS sessions and cookies are shared. The client must live until its calls have
-/// ended. It blocks SIGPIPE on the thread of a call as long as the call runs.
+/// Any number of threads may call through one client at the same time. Each call runs on the thread
+/// that makes it and uses one connection: an idle one of the client if it has one, otherwise a new
+/// one. Calls share DNS answers, TLS sessions and cookies. The client must live until its calls
+/// have ended. It blocks SIGPIPE on the thread of a call as long as the call runs.
 class TZSOAP_HTTP_API TzSoapHttpClient {
 public:
     /// A client of the service at `url`, http or https; nothing is sent yet. `TzXmlBadArgError`

@@ -50,7 +50,7 @@ struct TzSoapHttpOptions {
         Authentication authentication = Basic; ///< How they are shown.
     };
 
-    /// Longest time until there is a connection, TLS included; 0 for no limit of its own.
+    /// Longest time to connect, TLS included; 0 leaves it to `timeout`.
     std::chrono::milliseconds connectTimeout = std::chrono::seconds(10);
     /// Longest time for the whole call, redirects included; 0 for no limit.
     std::chrono::milliseconds timeout = std::chrono::seconds(60);
@@ -58,8 +58,8 @@ struct TzSoapHttpOptions {
     std::size_t largestAnswer = 64U << 20U;
     /// Most bytes of an answer's header lines.
     std::size_t largestHeader = 256U << 10U;
-    /// Most idle connections that are kept for the next calls; each call that runs at the same time
-    /// as others has one of its own.
+    /// Most idle connections that are kept for the next calls. Calls that run at the same time use
+    /// one connection each.
     std::size_t idleConnections = 8;
     /// Most redirects that are followed, whose requests are the same POST; 0 for none. A redirect
     /// never leads from https to http. To another host, port or scheme go neither credentials, nor

@@ -7,7 +7,7 @@
 
 #include <memory>
 
-/// A call that got no message for an answer: because nothing came, or because what came is none.
+/// A call that ended without an answer, or with one that is not a message.
 ///
 /// The text names the URL, without user and password, and the cause: "http://example.org/: no
 /// answer: Could not resolve host: example.org", "http://example.org/: the answer with status 404

@@ -38,7 +38,8 @@ public:
         return Body::isCount(body.count_) ? nullptr : &countedAt(body.count_);
     }
 
-    /// Moves the counts of all bodies into the ring; the ring holds the bodies until `letGo`.
+    /// Moves the reference counts of all bodies into the ring, which holds the bodies until
+    /// `letGo`.
     void takeCounts() noexcept {
         const Guard guard(this->lock());
         for (Member& member : members_) {

@@ -12,10 +12,11 @@ class TzHandleBase;
 ///
 /// Counts alone never free a circle. Cycle collection by trial deletion, as Bacon and Rajan
 /// describe it ("Concurrent Cycle Collection in Reference Counted Systems", 2001), subtracts the
-/// handles within the circle from its counts; if nothing remains, the circle is garbage. They
-/// subtract each time a count falls. This class subtracts once, when the ring is closed, and keeps
-/// what remains as a separate count from then on. So the end needs no walk, which would look at
-/// what other threads may be changing. Bodies outside of rings cost nothing more.
+/// handles within the circle from the reference counts of its bodies; if nothing remains, the
+/// circle is garbage. They subtract each time a count falls. This class subtracts once, when the
+/// ring is closed, and keeps what remains as a separate count from then on. So the end needs no
+/// walk, which would look at what other threads may be changing. Bodies outside of rings cost
+/// nothing more.
 ///
 /// The rules of a ring, whose links are the handles within it:
 ///
