@@ -10,38 +10,60 @@
 
 namespace {
 
-std::size_t liveBytes = 0;
-std::size_t liveAllocations = 0;
-std::size_t peak = 0;
+/// What the allocator keeps in front of each block.
+constexpr std::ptrdiff_t BlockHeader = 8;
+
+bool counting = false;
+// Below 0 where blocks go that were made before counting began.
+std::ptrdiff_t liveBytes = 0;
+std::ptrdiff_t liveAllocations = 0;
+std::ptrdiff_t peak = 0;
+
+std::ptrdiff_t sizeOf(void* block) noexcept {
+    return static_cast<std::ptrdiff_t>(malloc_usable_size(block)) + BlockHeader;
+}
 
 // The allocator reports what a block takes: a note before each block would
 // spread the values that are measured over more memory than they have in a program.
+void count(void* block) noexcept {
+    liveBytes += sizeOf(block);
+    ++liveAllocations;
+    peak = std::max(peak, liveBytes);
+}
+
 void* allocate(std::size_t size) {
     void* const block = std::malloc(size);
     if (block == nullptr) {
         throw std::bad_alloc();
     }
-    liveBytes += malloc_usable_size(block);
-    ++liveAllocations;
-    peak = std::max(peak, liveBytes);
+    if (counting) {
+        count(block);
+    }
     return block;
 }
 
 void give(void* block) noexcept {
-    if (block != nullptr) {
-        liveBytes -= malloc_usable_size(block);
+    if (counting && block != nullptr) {
+        liveBytes -= sizeOf(block);
         --liveAllocations;
-        std::free(block);
     }
+    std::free(block);
 }
 
 } // namespace
 
-HeapCount HeapCount::now() noexcept { return {liveBytes, liveAllocations}; }
+void HeapCount::start() noexcept { counting = true; }
 
-void HeapCount::startPeak() noexcept { peak = liveBytes; }
+HeapCount HeapCount::now() noexcept {
+    return {static_cast<std::size_t>(liveBytes), static_cast<std::size_t>(liveAllocations)};
+}
 
-std::size_t HeapCount::peakBytes() noexcept { return peak; }
+void HeapCount::startPeak() noexcept {
+    start();
+    peak = liveBytes;
+}
+
+std::size_t HeapCount::peakBytes() noexcept { return static_cast<std::size_t>(peak); }
 
 void* operator new(std::size_t size) { return allocate(size); }
 void* operator new[](std::size_t size) { return allocate(size); }

@@ -3,15 +3,17 @@
 
 #include <cstddef>
 
-/// What the replaced operators new and delete have counted. They count for a program with one
-/// thread: locked instructions would be charged to whatever is measured.
+/// What the replaced operators new and delete have counted since `start`. They count for a program
+/// with one thread: locked instructions would be charged to whatever is measured.
 struct HeapCount {
-    std::size_t bytes;       ///< What the blocks made and not given back can hold.
+    std::size_t bytes;       ///< Of the blocks made and not given back, their headers included.
     std::size_t allocations; ///< Made and not given back.
 
+    /// Begins to count. Until then nothing is counted, so that measured work pays for no counting.
+    static void start() noexcept;
     /// The count at this moment.
     static HeapCount now() noexcept;
-    /// Begins to look for the largest number of bytes.
+    /// Begins to look for the largest number of bytes, counting if nothing has begun to.
     static void startPeak() noexcept;
     /// The largest number of bytes since then.
     static std::size_t peakBytes() noexcept;

@@ -4,8 +4,8 @@
 #include <expat.h>
 #include <gmime/gmime.h>
 #include <libxml/parser.h>
-#include <pugixml.hpp>
 
+#include <cstring>
 #include <stdexcept>
 
 namespace {
@@ -32,14 +32,14 @@ void peers::expatNoOp(std::string_view text) {
     require(status == XML_STATUS_OK, "Expat refused the text");
 }
 
-peers::Document peers::libxmlRead(std::string_view text) {
-    Document document(xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr, nullptr,
-                                    XML_PARSE_HUGE | XML_PARSE_NONET));
+peers::LibxmlDocument peers::libxmlRead(std::string_view text) {
+    LibxmlDocument document(xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr,
+                                          nullptr, XML_PARSE_HUGE | XML_PARSE_NONET));
     require(document != nullptr, "libxml2 refused the text");
     return document;
 }
 
-int peers::libxmlWrite(const Document& document) {
+int peers::libxmlWrite(const LibxmlDocument& document) {
     xmlChar* text = nullptr;
     int size = 0;
     xmlDocDumpMemory(document.get(), &text, &size);
@@ -51,6 +51,38 @@ int peers::libxmlWrite(const Document& document) {
 void peers::pugixmlRead(std::string_view text) {
     pugi::xml_document document;
     require(document.load_buffer(text.data(), text.size()), "pugixml refused the text");
+}
+
+peers::PugixmlDocument peers::pugixmlDocument(std::string_view text) {
+    auto document = std::make_shared<pugi::xml_document>();
+    require(document->load_buffer(text.data(), text.size(),
+                                  pugi::parse_default | pugi::parse_declaration),
+            "pugixml refused the text");
+    return document;
+}
+
+void peers::pugixmlWrite(const PugixmlDocument& document, std::string& text) {
+    struct Writer final : pugi::xml_writer {
+        explicit Writer(std::string& to) : text(to) {}
+        void write(const void* data, std::size_t size) override {
+            text.append(static_cast<const char*>(data), size);
+        }
+        std::string& text;
+    };
+    text.clear();
+    Writer writer(text);
+    document->save(writer, "", pugi::format_raw);
+}
+
+std::size_t peers::memmemCount(std::string_view text, std::string_view wanted) {
+    std::size_t count = 0;
+    while (const void* const found =
+               memmem(text.data(), text.size(), wanted.data(), wanted.size())) {
+        ++count;
+        const auto at = static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
+        text.remove_prefix(at + wanted.size());
+    }
+    return count;
 }
 
 void peers::gmimeRead(std::string_view text) {

@@ -5,6 +5,7 @@
 
 #include <soap/TzSoapEntryReader.h>
 #include <soap/TzSoapFields.h>
+#include <soap/TzSoapMessage.h>
 #include <soap/TzSoapView.h>
 
 #include <chrono>

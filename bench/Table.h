@@ -15,6 +15,10 @@ public:
     double median(const std::string& name) const;
     /// Whether the benchmark `name` ran.
     bool has(const std::string& name) const { return medians_.count(name) != 0; }
+    /// Adds what was measured elsewhere.
+    void note(const std::string& name, double seconds) { medians_[name] = seconds; }
+    /// All of them, by name.
+    const std::map<std::string, double>& all() const noexcept { return medians_; }
 
 private:
     std::map<std::string, double> medians_;

@@ -7,6 +7,8 @@
 #include <soap/TzSoapSimpleType.h>
 #include <soap/TzSoapSparseArrayType.h>
 
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -46,6 +48,22 @@ TzSoapCompositeType structOf(int number) {
 }
 
 TzSoapSimpleType number(int value) { return {TzXmlName("i"), value, Base::xsdInt, true}; }
+
+/// A message with one string of 16 MiB, in which every `distance`-th character is written as a
+/// reference.
+TzSoapMessage textMessage(std::size_t distance) {
+    constexpr std::size_t Size = std::size_t{16} << 20;
+    constexpr std::string_view Plain = "The quick brown fox jumps over the lazy dog ";
+    constexpr std::string_view Referred = "&<>";
+    std::string text;
+    text.reserve(Size);
+    for (std::size_t at = 0; at < Size; ++at) {
+        text += at % distance == distance - 1 ? Referred[at / distance % Referred.size()]
+                                              : Plain[at % Plain.size()];
+    }
+    return messageWith(
+        TzSoapSimpleType(TzXmlName("text", stock()), std::move(text), Base::xsdString, true));
+}
 
 } // namespace
 
@@ -107,5 +125,9 @@ TzSoapMessage workloads::references(int references) {
     }
     return messageWith(orders);
 }
+
+TzSoapMessage workloads::referenceText() { return textMessage(60); }
+
+TzSoapMessage workloads::escapedText() { return textMessage(20); }
 
 std::string workloads::textOf(const TzSoapMessage& message) { return message.asString(); }

@@ -30,6 +30,12 @@ TzSoapMessage sparseArray(int members);
 /// `references` references to `references / 20` shared structs.
 TzSoapMessage references(int references);
 
+/// One string of 16 MiB that is written with a reference in each line of about 60 bytes.
+TzSoapMessage referenceText();
+
+/// One string of 16 MiB of which one character in 20 is written as a reference.
+TzSoapMessage escapedText();
+
 /// The text of `message`.
 std::string textOf(const TzSoapMessage& message);
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Isolated.h"
 #include "Packages.h"
 #include "Peers.h"
 #include "Records.h"
@@ -21,79 +22,10 @@
 
 namespace {
 
-/// A message that is measured: made when its first benchmark runs, kept for the others.
-class Subject {
-public:
-    explicit Subject(std::function<TzSoapMessage()> make) : make_(std::move(make)) {}
-
-    TzSoapMessage& message() {
-        if (message_ == nullptr) {
-            message_ = std::make_unique<TzSoapMessage>(make_());
-            text_ = workloads::textOf(*message_);
-        }
-        return *message_;
-    }
-    const std::string& text() {
-        message();
-        return text_;
-    }
-    const peers::Document& document() {
-        if (document_ == nullptr) {
-            document_ = peers::libxmlRead(text());
-        }
-        return document_;
-    }
-
-private:
-    std::function<TzSoapMessage()> make_;
-    std::unique_ptr<TzSoapMessage> message_;
-    std::string text_;
-    peers::Document document_;
-};
-
-using SharedSubject = std::shared_ptr<Subject>;
-
 using bench::add;
+using bench::addOnText;
+using bench::addReading;
 using bench::suffixOf;
-
-/// Measures `work`, called with the text of the subject.
-template <typename Work>
-void addOnText(const std::string& name, const SharedSubject& subject, Work work) {
-    add(name, [subject, work](benchmark::State& state) {
-        const std::string& text = subject->text();
-        for (auto _ : state) {
-            work(text);
-        }
-        state.SetBytesProcessed(static_cast<int64_t>(text.size()) * state.iterations());
-    });
-}
-
-void readAndDrop(const std::string& text) {
-    TzSoapMessage message;
-    message.extract(text);
-    benchmark::DoNotOptimize(message);
-}
-
-/// Reading alone: the message that was read goes outside the measured time.
-void addReading(const std::string& name, const SharedSubject& subject) {
-    add(name, [subject](benchmark::State& state) {
-        const std::string& text = subject->text();
-        for (auto _ : state) {
-            auto message = std::make_unique<TzSoapMessage>();
-            message->extract(text);
-            state.PauseTiming();
-            message.reset();
-            state.ResumeTiming();
-        }
-        state.SetBytesProcessed(static_cast<int64_t>(text.size()) * state.iterations());
-    });
-}
-
-/// Small messages: the clock would cost more than the message, so what was read is dropped in the
-/// measured time.
-void addSmallReading(const std::string& name, const SharedSubject& subject) {
-    addOnText(name, subject, readAndDrop);
-}
 
 void addWriting(const std::string& name, const std::string& suffix, const SharedSubject& subject) {
     add(name + "/tzsoap" + suffix, [subject](benchmark::State& state) {
@@ -107,7 +39,7 @@ void addWriting(const std::string& name, const std::string& suffix, const Shared
 void addPeerWriting(const std::string& name, const std::string& suffix,
                     const SharedSubject& subject) {
     add(name + "/libxml2" + suffix, [subject](benchmark::State& state) {
-        const peers::Document& document = subject->document();
+        const peers::LibxmlDocument& document = subject->libxmlDocument();
         for (auto _ : state) {
             benchmark::DoNotOptimize(peers::libxmlWrite(document));
         }
@@ -128,15 +60,16 @@ void addSerializing(const std::string& name, const SharedSubject& subject) {
 
 void addStructs() {
     for (const int structs : {100, 1000, 10000, 100000}) {
-        const auto subject =
-            std::make_shared<Subject>([structs] { return workloads::structs(structs); });
+        const SharedSubject subject = subjects::structs(structs);
         const std::string suffix = suffixOf(structs);
         addReading("read/T/tzsoap" + suffix, subject);
         if (structs == 10000) {
             addOnText("read/T/expat" + suffix, subject, peers::expatNoOp);
             addOnText("read/T/libxml2" + suffix, subject, peers::libxmlRead);
             addOnText("read/T/pugixml" + suffix, subject, peers::pugixmlRead);
-            addOnText("readDrop/T/tzsoap" + suffix, subject, readAndDrop);
+            bench::addReadingAndDropping("readDrop/T/tzsoap" + suffix, subject);
+            bench::addDropping("drop/T/tzsoap", subject);
+            bench::addRawWriting("raw/T", subject);
             addWriting("write/T", suffix, subject);
             addSerializing("serialize/T", subject);
             addPeerWriting("write/T", suffix, subject);
@@ -147,21 +80,32 @@ void addStructs() {
 }
 
 void addRequest() {
-    const auto subject = std::make_shared<Subject>(workloads::request);
-    addSmallReading("read/S/tzsoap", subject);
+    const SharedSubject subject = subjects::request();
+    bench::addReadingAndDropping("read/S/tzsoap", subject);
     addOnText("read/S/expat", subject, peers::expatNoOp);
     addWriting("write/S", "", subject);
     addPeerWriting("write/S", "", subject);
+    bench::addRawWriting("raw/S", subject);
+}
+
+void addTexts() {
+    const std::pair<const char*, SharedSubject> texts[] = {{"Y", subjects::references()},
+                                                           {"Z", subjects::escapes()}};
+    for (const auto& [letter, subject] : texts) {
+        addReading(std::string("read/") + letter + "/tzsoap", subject);
+        addOnText(std::string("read/") + letter + "/expat", subject, peers::expatNoOp);
+        bench::addRawWriting(std::string("raw/") + letter, subject);
+    }
 }
 
 void addArrays() {
-    const auto numbers = std::make_shared<Subject>([] { return workloads::intArray(1000000); });
-    const auto orders = std::make_shared<Subject>([] { return workloads::structArray(10000); });
-    const std::pair<const char*, SharedSubject> arrays[] = {{"U", numbers}, {"V", orders}};
+    const std::pair<const char*, SharedSubject> arrays[] = {{"U", subjects::numbers()},
+                                                            {"V", subjects::orders()}};
     for (const auto& [name, subject] : arrays) {
         addReading(std::string("read/") + name + "/tzsoap", subject);
         addOnText(std::string("read/") + name + "/expat", subject, peers::expatNoOp);
         addWriting(std::string("write/") + name, "", subject);
+        bench::addRawWriting(std::string("raw/") + name, subject);
         addSerializing(std::string("serialize/") + name, subject);
         // Last, because the peer's document stays.
         addPeerWriting(std::string("write/") + name, "", subject);
@@ -208,17 +152,20 @@ void addIndexing() {
 } // namespace
 
 int main(int argc, char** argv) {
-    // Memory that was freed stays with the program, so that page faults do not count.
+    benchmark::Initialize(&argc, argv);
+    MedianReporter reporter;
+    const bool complete = isolated::run(reporter, isolated::measureThreads) &&
+                          isolated::run(reporter, isolated::measureFresh);
+    // From now on memory that was freed stays with the program, so that page faults do not count.
     mallopt(M_TRIM_THRESHOLD, -1);
     mallopt(M_MMAP_THRESHOLD, 32 << 20);
-    benchmark::Initialize(&argc, argv);
     addStructs();
     addRequest();
+    addTexts();
     addArrays();
     addIndexing();
     packages::addBenchmarks();
-    MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
-    return printTable(reporter) ? 0 : 2;
+    return printTable(reporter) && complete ? 0 : 2;
 }
