@@ -39,6 +39,21 @@ const TzSoapSimpleTypeImp* simpleOf(const TzSoapTypeImp* content) {
     return dynamic_cast<const TzSoapSimpleTypeImp*>(content);
 }
 
+/// What reading `content` once more costs beside its members, which are counted one by one: the
+/// members that would take as long.
+std::size_t costOf(const TzSoapTypeImp& content) {
+    constexpr std::size_t Attributes = 16;
+    constexpr std::size_t Positions = 16;
+    constexpr std::size_t Bytes = 64;
+    std::size_t cost = content.getAttributeSet().size() / Attributes;
+    if (const TzSoapSimpleTypeImp* const simple = simpleOf(&content)) {
+        cost += simple->text().size() / Bytes;
+    } else if (content.getSoapTypeId() == TzSoapContentBase::Array) {
+        cost += static_cast<const TzSoapArrayTypeImp&>(content).entries() / Positions;
+    }
+    return cost;
+}
+
 bool isBlank(std::string_view text) { return TzXmlUtils::trim(text).empty(); }
 
 bool matches(const TzSoapFieldRow& row, const TzXmlName& name) {
@@ -93,7 +108,14 @@ TzSoapPlace::TzSoapPlace(const TzSoapPlace& parent, const TzSoapType& member)
     if (depth_ > DepthLimit) {
         TzThrow(TzXmlBadArgError(TzMessage(tzSoapTooDeep(getPath(), DepthLimit))));
     }
-    if (isRepeated_ && ++first_->repeated_ > RepeatLimit) {
+    if (isRepeated_) {
+        noteRepeated(1 + costOf(*content_));
+    }
+}
+
+void TzSoapPlace::noteRepeated(std::size_t cost) const {
+    first_->repeated_ += cost;
+    if (first_->repeated_ > RepeatLimit) {
         refuse("references repeat too many values, the limit is " + std::to_string(RepeatLimit));
     }
 }
@@ -243,7 +265,9 @@ void TzSoapPlace::readElements(const TzSoapFieldRow* rows, std::size_t count, un
     const auto visit = [&](const TzSoapType& member) {
         const TzSoapFieldRow* const row =
             rowOf(std::as_const(member).getName(), rows, count, expected);
-        if (row != nullptr) {
+        if (row == nullptr) {
+            noteRepeated(isRepeated_ ? 1 : 0);
+        } else {
             const TzSoapPlace place(*this, member, *row);
             const auto at = static_cast<std::size_t>(row - rows);
             if (seen[at]++ > 0 && !row->isRepeated) {
