@@ -195,6 +195,19 @@ TEST(TzSoapWsVerifier, ATimestampLimitsTheMessage) {
     EXPECT_EQ(at(timestamp("yesterday")), wsse("InvalidSecurity"));
 }
 
+TEST(TzSoapWsVerifier, FreshnessMayBeWithoutLimit) {
+    TzSoapWsVerifier::Options options = plain();
+    options.freshness = std::chrono::seconds::max();
+    options.clockSkew = std::chrono::seconds::max();
+    const TzSoapWsVerifier verifier(passwordOf, options);
+    EXPECT_EQ(refusal(verifier, withPassword("s3cret", timestamp("2020-11-22T10:00:00Z"))), "");
+    EXPECT_EQ(refusal(verifier, withPassword("s3cret", timestamp("2030-11-22T10:00:00Z"))), "");
+    const std::string last = timestamp("2026-11-22T10:00:00Z", "2261-12-31T23:59:59Z");
+    EXPECT_EQ(refusal(verifier, withPassword("s3cret", last)), "");
+    EXPECT_EQ(refusal(verifier, withDigest()), "");
+    EXPECT_EQ(refusal(verifier, withDigest(), Noon + 24h), wsse("FailedAuthentication"));
+}
+
 TEST(TzSoapWsVerifier, ATimestampCanBeDemanded) {
     TzSoapWsVerifier::Options options = plain();
     options.timestampRequired = true;
@@ -238,6 +251,25 @@ TEST(TzSoapWsReplays, ForgetsWhatIsOverAndNothingElse) {
     EXPECT_EQ(replays.add("b", Noon + 1s, Noon + 1s), Result::Repeated) << "its end has not passed";
     EXPECT_EQ(replays.add("c", Noon + 9s, Noon + 2s), Result::New) << "b has ended";
     EXPECT_EQ(replays.add("a", Noon + 2s, Noon + 2s), Result::Repeated);
+}
+
+TEST(TzSoapWsReplays, WhatMayHaveBeenForgottenIsNotNew) {
+    using Result = TzSoapWsReplays::Result;
+    TzSoapWsReplays replays(9);
+    EXPECT_EQ(replays.add("a", Noon + 2s, Noon), Result::New);
+    EXPECT_EQ(replays.add("b", Noon + 9s, Noon + 3s), Result::New) << "a is forgotten";
+    // The clock was put back, or this thread looked at it earlier.
+    EXPECT_EQ(replays.add("a", Noon + 2s, Noon + 1s), Result::Repeated);
+    EXPECT_EQ(replays.add("c", Noon + 3s, Noon + 1s), Result::New);
+}
+
+TEST(TzSoapWsVerifier, ADigestStaysUsedWhenTheClockGoesBack) {
+    const TzSoapWsVerifier verifier(passwordOf);
+    TzSoapMessage later;
+    TzSoapWsSecurity().addPasswordDigest("ann", "s3cret", Noon + 7min).write(later);
+    EXPECT_EQ(refusal(verifier, withDigest()), "");
+    EXPECT_EQ(verifier.verify(later, Noon + 7min), "ann");
+    EXPECT_EQ(refusal(verifier, withDigest(), Noon + 5min), wsse("FailedAuthentication"));
 }
 
 TEST(TzSoapWsSecurity, WritesTheEntryThatReceiversKnow) {

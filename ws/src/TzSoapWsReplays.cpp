@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "TzSoapWsReplays.h"
 
+#include <algorithm>
+
 TzSoapWsReplays::Result TzSoapWsReplays::add(const TzCString& digest, Time end, Time now) {
     const std::lock_guard<std::mutex> guard(mutex_);
     while (!ends_.empty() && ends_.begin()->first < now) {
+        forgotten_ = std::max(forgotten_, ends_.begin()->first);
         known_.erase(ends_.begin()->second);
         ends_.erase(ends_.begin());
     }
-    if (known_.contains(digest)) {
+    if (end <= forgotten_ || known_.contains(digest)) {
         return Result::Repeated;
     }
     if (known_.size() >= limit_) {

@@ -19,14 +19,15 @@ public:
     /// What adding a digest showed.
     enum class Result {
         New,      ///< It is remembered now.
-        Repeated, ///< It is remembered already.
+        Repeated, ///< It is remembered, or it may be one of those that were forgotten.
         Full,     ///< The limit is reached.
     };
 
     explicit TzSoapWsReplays(std::size_t limit) : limit_(limit) {}
 
-    /// Remembers `digest` until `end`, after it forgot those whose end is before `now`.
-    /// O(log limit), and O(log limit) for each digest that is forgotten.
+    /// Remembers `digest` until `end`, after it forgot those whose end is before `now`. Times may
+    /// go back: another thread looked at the clock earlier, or somebody put it back. O(log limit),
+    /// and O(log limit) for each digest that is forgotten.
     Result add(const TzCString& digest, Time end, Time now);
 
 private:
@@ -34,4 +35,5 @@ private:
     std::mutex mutex_;
     std::set<TzCString> known_;
     std::multimap<Time, std::set<TzCString>::iterator> ends_;
+    Time forgotten_ = Time::min(); // the latest end of a digest that was forgotten
 };

@@ -16,6 +16,7 @@
 #include "TzSoapWsNames.h"
 #include "TzSoapWsReplays.h"
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -25,6 +26,15 @@ using TzSoapWsNames::wsu;
 namespace {
 
 using Time = TzSoapWsVerifier::Time;
+
+/// `options` whose times can be added to those of a message: a duration without limit is a long
+/// one.
+TzSoapWsVerifier::Options bounded(TzSoapWsVerifier::Options options) {
+    constexpr std::chrono::seconds Longest = TzSoapWsVerifier::Options::Longest;
+    options.freshness = std::min(options.freshness, Longest);
+    options.clockSkew = std::min(options.clockSkew, Longest);
+    return options;
+}
 
 /// What the Security entry of one message says, and the refusals of it.
 class Request {
@@ -162,7 +172,7 @@ private:
         if (created) {
             checkCreated(*created, !expires);
         }
-        if (expires ? now_ > *expires + options().clockSkew : !created) {
+        if (expires ? now_ - options().clockSkew > *expires : !created) {
             request_.expired();
         }
     }
@@ -214,7 +224,7 @@ TzSoapWsVerifier::TzSoapWsVerifier(Passwords passwords)
     : TzSoapWsVerifier(std::move(passwords), Options()) {}
 
 TzSoapWsVerifier::TzSoapWsVerifier(Passwords passwords, Options options)
-    : passwords_(std::move(passwords)), options_(std::move(options)),
+    : passwords_(std::move(passwords)), options_(bounded(std::move(options))),
       replays_(std::make_unique<TzSoapWsReplays>(options_.replayLimit)) {}
 
 TzSoapWsVerifier::~TzSoapWsVerifier() = default;

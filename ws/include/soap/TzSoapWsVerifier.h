@@ -30,6 +30,9 @@ public:
 
     /// What is accepted.
     struct Options {
+        /// Longest freshness and clock skew; longer ones are shortened to it.
+        static constexpr std::chrono::hours Longest{24 * 365 * 10};
+
         /// How old a digest or a timestamp without Expires may be.
         std::chrono::seconds freshness = std::chrono::minutes(5);
         /// How much the clock of a sender may be ahead of this one, or behind it.
