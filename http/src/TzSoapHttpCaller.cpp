@@ -45,7 +45,7 @@ TzSoapHttpUrl parsed(const TzCString& text) {
     if (!url) {
         throw tzWithDetail(TzXmlBadArgError(TzMessage(TzCString("The URL is not one of http or "
                                                                 "https"))),
-                           tzQuoted(text));
+                           tzQuoted(TzSoapHttpUrl::shown(text)));
     }
     return *std::move(url);
 }
@@ -183,7 +183,7 @@ TzSoapHttpReply TzSoapHttpCaller::travel(Journey& journey, const std::stop_token
         }
         if (followed == options_.redirects) {
             throw failure(Error::Status, journey.url, reply,
-                          "is a redirect to " + tzQuoted(reply.location) +
+                          "is a redirect to " + tzQuoted(TzSoapHttpUrl::shown(reply.location)) +
                               ", which is not followed" +
                               (followed > 0 ? " after " + std::to_string(followed) + " others"
                                             : TzCString()));
@@ -196,7 +196,8 @@ TzSoapHttpReply TzSoapHttpCaller::travel(Journey& journey, const std::stop_token
 TzSoapHttpUrl TzSoapHttpCaller::next(const Journey& journey, const TzSoapHttpReply& reply) const {
     const auto refuse = [&](const char* why) {
         return failure(Error::Status, journey.url, reply,
-                       "is a redirect to " + tzQuoted(reply.location) + ", " + why);
+                       "is a redirect to " + tzQuoted(TzSoapHttpUrl::shown(reply.location)) + ", " +
+                           why);
     };
     std::optional<TzSoapHttpUrl> url = TzSoapHttpUrl::parse(reply.location, &journey.url);
     if (!url) {

@@ -20,7 +20,6 @@ void startLibrary() {
 TzSoapHttpPool::TzSoapHttpPool(std::size_t idle, bool cookies)
     : share_((startLibrary(), TzSoapCurl::owned<TzSoapCurl::Share>(curl_share_init()))),
       most_(idle) {
-    idle_.reserve(most_);
     curl_share_setopt(share_.get(), CURLSHOPT_LOCKFUNC, &TzSoapHttpPool::lock);
     curl_share_setopt(share_.get(), CURLSHOPT_UNLOCKFUNC, &TzSoapHttpPool::unlock);
     curl_share_setopt(share_.get(), CURLSHOPT_USERDATA, this);
@@ -60,8 +59,12 @@ void TzSoapHttpPool::giveBack(Session session) noexcept {
     curl_easy_setopt(session.easy.get(), CURLOPT_COOKIEFILE, static_cast<char*>(nullptr));
     curl_easy_reset(session.easy.get()); // what the options point at goes with the call
     const std::lock_guard guard(mutex_);
-    if (idle_.size() < most_) {
-        idle_.push_back(std::move(session)); // within what is reserved
+    try {
+        if (idle_.size() < most_) {
+            idle_.push_back(std::move(session));
+        }
+    } catch (const std::bad_alloc&) {
+        // Without memory to keep the session in, it is closed.
     }
 }
 

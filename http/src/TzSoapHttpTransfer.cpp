@@ -374,7 +374,11 @@ bool TzSoapHttpTransfer::takeLine(std::string_view line) {
         reply_.location = reply_.location.empty() ? value : reply_.location;
     }
     const auto known = reply_.headers.find(name);
-    reply_.headers.add(name, known == reply_.headers.end() ? value : known->second + ", " + value);
+    if (known == reply_.headers.end()) {
+        reply_.headers.add(name, value);
+    } else {
+        known->second.append(", ").append(value);
+    }
     return true;
 }
 

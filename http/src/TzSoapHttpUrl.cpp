@@ -2,6 +2,7 @@
 #include "TzSoapHttpUrl.h"
 
 #include "TzSoapCurl.h"
+#include "TzSoapHttpSecrets.h"
 
 namespace {
 
@@ -48,6 +49,17 @@ std::optional<TzSoapHttpUrl> TzSoapHttpUrl::parse(const TzCString& text,
     parsed.text = partOf(url, CURLUPART_URL);
     const bool isHttp = parsed.scheme == "http" || parsed.scheme == "https";
     return isHttp && !parsed.host.empty() ? std::optional(parsed) : std::nullopt;
+}
+
+TzCString TzSoapHttpUrl::shown(std::string_view text) {
+    constexpr std::string_view Separator = "://";
+    const std::size_t at = text.rfind('@');
+    if (at == std::string_view::npos) {
+        return TzCString(text);
+    }
+    const std::size_t scheme = text.substr(0, at).find(Separator);
+    const std::size_t begin = scheme == std::string_view::npos ? 0 : scheme + Separator.size();
+    return TzCString(text.substr(0, begin)).append(TzSoapHttpSecrets::Mask).append(text.substr(at));
 }
 
 bool TzSoapHttpUrl::sameOrigin(const TzSoapHttpUrl& other) const noexcept {

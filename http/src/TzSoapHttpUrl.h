@@ -4,6 +4,7 @@
 #include <tz/tools/TzCString.h>
 
 #include <optional>
+#include <string_view>
 
 /// A URL of http or https. A plain value.
 struct TzSoapHttpUrl {
@@ -18,6 +19,9 @@ struct TzSoapHttpUrl {
     /// invalid, of another scheme or without a host.
     static std::optional<TzSoapHttpUrl> parse(const TzCString& text,
                                               const TzSoapHttpUrl* base = nullptr);
+    /// What errors show of `text`, which need not be a URL: what may be user and password, all up
+    /// to the last "@" but a scheme, is masked.
+    static TzCString shown(std::string_view text);
     /// Whether both have the same scheme, host and port.
     bool sameOrigin(const TzSoapHttpUrl& other) const noexcept;
     /// Whether requests to it are encrypted.

@@ -5,6 +5,7 @@
 #include "http/HttpClientTesting.h"
 #include "http/RawService.h"
 
+#include "support/AllocationFailure.h"
 #include "support/Throws.h"
 
 #include <chrono>
@@ -325,6 +326,17 @@ TEST(TzSoapHttpClientErrors, HeadersAreLimited) {
     const Error failure = failureAt(service.url(), options);
     EXPECT_EQ(failure.getCause(), Error::TooLarge);
     EXPECT_EQ(textOf(failure), "the header of the answer is larger than the options allow");
+}
+
+TEST(TzSoapHttpClientErrors, EqualHeaderLinesAreJoinedInLinearWork) {
+    std::string lines;
+    for (int i = 0; i < 20000; ++i) {
+        lines += "X: y\r\n";
+    }
+    const RawService service("HTTP/1.1 500 No\r\n" + lines + "Content-Length: 0\r\n\r\n", "");
+    const std::size_t before = askedBytes();
+    EXPECT_EQ(textOf(failureAt(service.url())), "the answer with status 500 is empty");
+    EXPECT_LT(askedBytes() - before, 20 * lines.size());
 }
 
 TEST(TzSoapHttpClientErrors, TheClientServesAfterEachOfThem) {

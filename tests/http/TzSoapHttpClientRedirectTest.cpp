@@ -78,6 +78,13 @@ TEST(TzSoapHttpClientRedirect, OtherSchemesAreRefused) {
     }
 }
 
+TEST(TzSoapHttpClientRedirect, ErrorsShowNoPassword) {
+    const TestService service(redirectTo("ftp://joe:s3cret@a/", 307));
+    EXPECT_EQ(failureAt(service.url(), following(1)),
+              service.url() + ": the answer with status 307 is a redirect to \"ftp://***@a/\", "
+                              "which is not a URL of http or https");
+}
+
 TEST(TzSoapHttpClientRedirect, NeverLeavesTls) {
     const TestCertificates& made = TestCertificates::get();
     const CannedService target(200, "text/xml", goodAnswer());

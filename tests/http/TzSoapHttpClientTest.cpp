@@ -24,6 +24,16 @@ struct Line {
     int amount = 0;
 };
 
+/// What is said, details included, about a client of `url`; "" for a good one.
+std::string refusalOf(const std::string& url) {
+    try {
+        const TzSoapHttpClient client(url);
+    } catch (const TzXmlBadArgError& error) {
+        return error.describe();
+    }
+    return {};
+}
+
 } // namespace
 
 template <> struct TzSoapFields<Line> {
@@ -205,6 +215,23 @@ TEST(TzSoapHttpClient, UrlsOfOtherSchemesAreRefused) {
                   "The URL is not one of http or https")
             << url;
     }
+}
+
+TEST(TzSoapHttpClient, RefusedUrlsShowNoPassword) {
+    for (const auto& [url, shown] : std::vector<std::pair<std::string, std::string>>{
+             {"htps://joe:s3cret@a/?b", "htps://***@a/?b"},
+             {"http://joe:s3/cr@et@a", "http://***@a"},
+             {"joe:s3cret@a", "***@a"},
+             {"nonsense", "nonsense"}}) {
+        EXPECT_EQ(refusalOf(url), "The URL is not one of http or https (\"" + shown + "\")");
+    }
+}
+
+TEST(TzSoapHttpClient, AnyNumberOfConnectionsMayBeKept) {
+    const CannedService service(200, "text/xml", goodAnswer());
+    TzSoapHttpOptions options;
+    options.idleConnections = std::numeric_limits<std::size_t>::max();
+    EXPECT_EQ(textIn(TzSoapHttpClient(service.url(), options).call(requestOf("a"))), "good");
 }
 
 TEST(TzSoapHttpClient, HeaderLinesThatNoRequestHasAreRefused) {
