@@ -50,12 +50,24 @@ TzSoapHttpUrl parsed(const TzCString& text) {
     return *std::move(url);
 }
 
-/// Whether the header of `message` holds credentials of WS-Security.
-bool holdsSecurity(const TzSoapMessage& message) {
+/// Throws for lines that no request can have.
+template <typename Lines> void checkLines(const Lines& lines) {
+    for (const auto& [name, value] : lines) {
+        if (name.empty() || !std::all_of(name.begin(), name.end(), isTokenCharacter) ||
+            std::any_of(value.begin(), value.end(), breaksLine)) {
+            TzThrow(tzWithDetail(TzXmlBadArgError(TzMessage(tzsoap_INVALID_HTTP_HEADER())),
+                                 tzQuoted(name)));
+        }
+    }
+}
+
+/// What in `message` no other host must see; null for nothing.
+const char* secretOf(const TzSoapMessage& message) {
     const TzSoapHeader& header = message.getSoapHeader();
-    return std::any_of(header.begin(), header.end(), [](const TzSoapType& entry) {
+    const bool isSecured = std::any_of(header.begin(), header.end(), [](const TzSoapType& entry) {
         return entry.getName().getUri() == SecurityNamespace;
     });
+    return isSecured ? "the WS-Security header of the request" : nullptr;
 }
 
 Error failure(Error::Phase phase, const TzSoapHttpUrl& url, const TzSoapHttpReply& reply,
@@ -76,17 +88,7 @@ TzSoapHttpCaller::TzSoapHttpCaller(const TzCString& url, TzSoapHttpOptions optio
         credentials_.user = std::move(url_.user);
         credentials_.password = std::move(url_.password);
     }
-    checkHeaders();
-}
-
-void TzSoapHttpCaller::checkHeaders() const {
-    for (const auto& [name, value] : options_.headers) {
-        if (name.empty() || !std::all_of(name.begin(), name.end(), isTokenCharacter) ||
-            std::any_of(value.begin(), value.end(), breaksLine)) {
-            TzThrow(tzWithDetail(TzXmlBadArgError(TzMessage(tzsoap_INVALID_HTTP_HEADER())),
-                                 tzQuoted(name)));
-        }
-    }
+    checkLines(options_.headers);
 }
 
 /// The header lines of a request; those of the options replace others of their names.
@@ -123,17 +125,29 @@ TzSoapHttpResult TzSoapHttpCaller::call(const TzSoapMessage& request, const TzCS
                                         const std::stop_token& stop) {
     TzSoapHttpTransportContext context;
     context.setSoapAction(action);
-    TzCString body = TzSoapHttpBinding::pack(request, context);
-    Journey journey{request, linesOf(context, true), linesOf(context, false), std::move(body),
-                    url_};
+    const TzCString body = TzSoapHttpBinding::pack(request, context);
+    Journey journey{linesOf(context, true), linesOf(context, false), body, url_, secretOf(request)};
     watchRequest(journey);
+    TzSoapHttpReply reply;
     try {
-        TzSoapHttpReply reply = travel(journey, stop);
-        watchAnswer(journey.url, reply);
-        return read(journey, reply);
+        reply = travel(journey, stop);
     } catch (const Error& error) {
         return TzSoapHttpResult(error);
     }
+    watchAnswer(journey.url, reply);
+    return read(request, journey.url, reply);
+}
+
+TzSoapHttpAnswer TzSoapHttpCaller::post(const TzCString& body,
+                                        const TzSoapHttpTransportContext& context,
+                                        const std::stop_token& stop) {
+    checkLines(context);
+    Journey journey{linesOf(context, true), linesOf(context, false), body, url_,
+                    "a text whose secrets are not known"};
+    watchRequest(journey);
+    TzSoapHttpReply reply = travel(journey, stop);
+    watchAnswer(journey.url, reply);
+    return {reply.status, std::move(reply.headers), std::move(reply.body)};
 }
 
 void TzSoapHttpCaller::watchRequest(const Journey& journey) const {
@@ -194,7 +208,7 @@ TzSoapHttpReply TzSoapHttpCaller::travel(Journey& journey, const std::stop_token
 
 /// Where a redirect leads.
 TzSoapHttpUrl TzSoapHttpCaller::next(const Journey& journey, const TzSoapHttpReply& reply) const {
-    const auto refuse = [&](const char* why) {
+    const auto refuse = [&](const TzCString& why) {
         return failure(Error::Status, journey.url, reply,
                        "is a redirect to " + tzQuoted(TzSoapHttpUrl::shown(reply.location)) + ", " +
                            why);
@@ -206,36 +220,37 @@ TzSoapHttpUrl TzSoapHttpCaller::next(const Journey& journey, const TzSoapHttpRep
     if (journey.url.isSecure() && !url->isSecure()) {
         throw refuse("which is not encrypted");
     }
-    if (!url->sameOrigin(url_) && holdsSecurity(journey.request)) {
-        throw refuse("another host, which must not see the WS-Security header of the request");
+    if (!url->sameOrigin(url_) && journey.stays != nullptr) {
+        throw refuse(TzCString("another host, which must not see ") + journey.stays);
     }
     return *std::move(url);
 }
 
-TzSoapHttpResult TzSoapHttpCaller::read(const Journey& journey,
+TzSoapHttpResult TzSoapHttpCaller::read(const TzSoapMessage& request, const TzSoapHttpUrl& url,
                                         const TzSoapHttpReply& reply) const {
     const bool good = isSuccess(reply.status);
     const Error::Phase phase = good ? Error::Content : Error::Status;
     if (reply.body.empty()) {
-        return good ? TzSoapHttpResult()
-                    : TzSoapHttpResult(failure(phase, journey.url, reply, "is empty"));
+        return good ? TzSoapHttpResult() : TzSoapHttpResult(failure(phase, url, reply, "is empty"));
     }
     TzSoapHttpTransportContext context;
     if (!reply.contentType.empty()) {
         context.add(TzSoapHttpBinding::getContentTypeLabel(), reply.contentType);
     }
-    TzSoapMessage answer(journey.request.getVersion());
-    answer.setStyle(journey.request.getStyle());
+    TzSoapMessage answer(request.getVersion());
+    answer.setStyle(request.getStyle());
     answer.setReadLimits(options_.readLimits);
+    answer.setTypeRegistry(options_.types);
+    answer.setMarkupElements(options_.markupElements);
     try {
         TzSoapHttpBinding::unpack(context, reply.body, answer);
     } catch (const Tzxmsg& error) {
         return TzSoapHttpResult(
-            failure(phase, journey.url, reply, "is not a message: " + error.describe()));
+            failure(phase, url, reply, "is not a message: " + error.describe()));
     }
     if (answer.getSoapBody().hasFaultElement()) {
         return TzSoapHttpResult(TzSoapFaultError(answer, reply.status));
     }
     return good ? TzSoapHttpResult(answer)
-                : TzSoapHttpResult(failure(phase, journey.url, reply, "holds no fault"));
+                : TzSoapHttpResult(failure(phase, url, reply, "holds no fault"));
 }

@@ -5,6 +5,7 @@
 #include "TzSoapHttpTransfer.h"
 #include "TzSoapHttpUrl.h"
 
+#include <soap/TzSoapHttpAnswer.h>
 #include <soap/TzSoapHttpOptions.h>
 #include <soap/TzSoapHttpResult.h>
 #include <soap/TzSoapHttpTransportContext.h>
@@ -24,6 +25,8 @@ public:
     const TzSoapHttpOptions& options() const noexcept { return options_; }
     TzSoapHttpResult call(const TzSoapMessage& request, const TzCString& action,
                           const std::stop_token& stop);
+    TzSoapHttpAnswer post(const TzCString& body, const TzSoapHttpTransportContext& context,
+                          const std::stop_token& stop);
     void cancel();
 
 private:
@@ -31,20 +34,20 @@ private:
 
     /// A request on its way through redirects.
     struct Journey {
-        const TzSoapMessage& request;
         Lines headers;
         Lines bareHeaders; ///< Without those of the options.
-        TzCString body;
+        const TzCString& body;
         TzSoapHttpUrl url;
+        const char* stays; ///< What no other host must see; null for nothing.
     };
 
-    void checkHeaders() const;
     Lines linesOf(const TzSoapHttpTransportContext& context, bool withOptions) const;
     void watchRequest(const Journey& journey) const;
     void watchAnswer(const TzSoapHttpUrl& url, const TzSoapHttpReply& reply) const;
     TzSoapHttpReply travel(Journey& journey, const std::stop_token& stop);
     TzSoapHttpUrl next(const Journey& journey, const TzSoapHttpReply& reply) const;
-    TzSoapHttpResult read(const Journey& journey, const TzSoapHttpReply& reply) const;
+    TzSoapHttpResult read(const TzSoapMessage& request, const TzSoapHttpUrl& url,
+                          const TzSoapHttpReply& reply) const;
     std::stop_token clientStop();
 
     TzSoapHttpUrl url_;

@@ -46,6 +46,12 @@ TzSoapHttpResult TzSoapHttpClient::tryCall(const TzSoapMessage& request, const T
     return caller_->call(request, action, stop);
 }
 
+TzSoapHttpAnswer TzSoapHttpClient::post(const TzCString& body,
+                                        const TzSoapHttpTransportContext& context,
+                                        const std::stop_token& stop) const {
+    return caller_->post(body, context, stop);
+}
+
 void TzSoapHttpClient::cancel() const { caller_->cancel(); }
 
 const TzCString& TzSoapHttpClient::getUrl() const noexcept { return caller_->url().text; }

@@ -284,7 +284,10 @@ Error::Phase TzSoapHttpTransfer::phaseReached() const {
     long port = 0; // known as soon as there is a connection, its time only after TLS
     curl_easy_getinfo(easy_, CURLINFO_LOCAL_PORT, &port);
     if (port > 0 || reached(CURLINFO_CONNECT_TIME_T) > 0) {
-        return Error::Tls;
+        long tunnel = 0;
+        curl_easy_getinfo(easy_, CURLINFO_HTTP_CONNECTCODE, &tunnel);
+        const bool isAtProxy = !post_.options.proxy.empty() && tunnel / 100 != 2;
+        return isAtProxy ? Error::Connect : Error::Tls;
     }
     return reached(CURLINFO_NAMELOOKUP_TIME_T) > 0 ? Error::Connect : Error::Resolve;
 }
@@ -369,7 +372,10 @@ bool TzSoapHttpTransfer::takeLine(std::string_view line) {
     const TzCString name(trimmed(line.substr(0, colon)));
     const TzCString value(trimmed(line.substr(colon + 1)));
     if (tzEqualIgnoreCase(name, TzSoapHttpBinding::getContentTypeLabel())) {
-        reply_.contentType = reply_.contentType.empty() ? value : reply_.contentType;
+        if (!reply_.contentType.empty()) {
+            return true; // the first holds
+        }
+        reply_.contentType = value;
     } else if (tzEqualIgnoreCase(name, "Location")) {
         reply_.location = reply_.location.empty() ? value : reply_.location;
     }

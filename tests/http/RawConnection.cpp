@@ -1,29 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "http/RawConnection.h"
 
-#include <array>
-#include <cerrno>
-#include <cstdint>
-#include <system_error>
+#include "http/LoopbackSocket.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
+#include <array>
+
 #include <sys/socket.h>
 #include <sys/time.h>
 #include <unistd.h>
 
-RawConnection::RawConnection(int port) : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+RawConnection::RawConnection(int port) : socket_(loopback::connection(port)) {
     const timeval patience{10, 0};
     setsockopt(socket_, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<std::uint16_t>(port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (connect(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
-        const int error = errno;
-        close(socket_);
-        throw std::system_error(error, std::generic_category(), "connect");
-    }
 }
 
 RawConnection::~RawConnection() { close(socket_); }

@@ -1,23 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "http/RawService.h"
 
+#include "http/LoopbackSocket.h"
+
 #include <array>
-#include <cerrno>
 #include <chrono>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
-
-[[noreturn]] void fail(const char* what) {
-    throw std::system_error(errno, std::generic_category(), what);
-}
 
 /// Sends all of `bytes`; false when the other side does not want them.
 bool sendAll(int connection, std::string_view bytes) {
@@ -33,18 +27,10 @@ bool sendAll(int connection, std::string_view bytes) {
 
 } // namespace
 
-RawService::RawService(std::string bytes, std::string repeated)
-    : listener_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* const generic = reinterpret_cast<sockaddr*>(&address);
-    if (bind(listener_, generic, size) != 0 || listen(listener_, 1) != 0 ||
-        getsockname(listener_, generic, &size) != 0) {
-        fail("listen");
-    }
-    url_ = "http://127.0.0.1:" + std::to_string(ntohs(address.sin_port)) + "/";
+RawService::RawService(std::string bytes, std::string repeated) {
+    int port = 0;
+    listener_ = loopback::listener(port);
+    url_ = "http://127.0.0.1:" + std::to_string(port) + "/";
     thread_ = std::thread([this, bytes = std::move(bytes), repeated = std::move(repeated)] {
         serve(bytes, repeated);
     });

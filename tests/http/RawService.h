@@ -20,7 +20,7 @@ public:
 private:
     void serve(const std::string& bytes, const std::string& repeated) const;
 
-    int listener_;
+    int listener_ = -1;
     std::string url_;
     std::thread thread_;
 };

@@ -3,6 +3,7 @@
 // Whatever a server does wrong, the client says it in one error.
 #include "http/CannedService.h"
 #include "http/HttpClientTesting.h"
+#include "http/LoopbackSocket.h"
 #include "http/RawService.h"
 
 #include "support/AllocationFailure.h"
@@ -12,9 +13,6 @@
 #include <condition_variable>
 #include <mutex>
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
@@ -52,25 +50,16 @@ Error failureOf(int status, const std::string& type, const std::string& body) {
 /// A service that takes connections and never says a word.
 class SilentService {
 public:
-    SilentService() : listener_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t size = sizeof address;
-        auto* const generic = reinterpret_cast<sockaddr*>(&address);
-        EXPECT_EQ(bind(listener_, generic, size), 0);
-        EXPECT_EQ(listen(listener_, 1), 0); // the system connects, nobody accepts
-        EXPECT_EQ(getsockname(listener_, generic, &size), 0);
-        port_ = ntohs(address.sin_port);
-    }
+    // The system connects, nobody accepts.
+    SilentService() : listener_(loopback::listener(port_)) {}
     ~SilentService() { close(listener_); }
     SilentService(const SilentService&) = delete;
     SilentService& operator=(const SilentService&) = delete;
     std::string address() const { return "127.0.0.1:" + std::to_string(port_) + "/"; }
 
 private:
-    int listener_;
     int port_ = 0;
+    int listener_;
 };
 
 /// What a thread waits for and another gives.

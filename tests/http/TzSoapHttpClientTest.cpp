@@ -8,6 +8,7 @@
 #include <soap/TzSoapFields.h>
 #include <soap/TzSoapHttpBinding.h>
 #include <soap/TzSoapReferenceType.h>
+#include <soap/TzSoapUserDefinedType.h>
 #include <soap/TzSoapValueReader.h>
 #include <tz/mime/TzMimeMultipart.h>
 #include <tz/mime/TzMimePart.h>
@@ -111,6 +112,33 @@ TEST(TzSoapHttpClient, AStructIsCalledAndAnswered) {
         EXPECT_NE(body.find("xmlns:m=\"urn:lines\""), std::string::npos) << body;
         EXPECT_EQ(client.call<Line>("take", Line{"nail", 5}, "urn:act").article, "nail");
     }
+}
+
+TEST(TzSoapHttpClient, ElementsOfAnswersHaveTheTypesOfTheOptions) {
+    const CannedService service(200, "text/xml",
+                                "<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/soap/envelope/"
+                                "\"><e:Body><number>5</number></e:Body></e:Envelope>");
+    const auto typeFor = [&service](const TzSoapHttpOptions& options) {
+        const TzSoapMessage answer = TzSoapHttpClient(service.url(), options).call(requestOf("a"));
+        return tzSoapAs<TzSoapSimpleType>(answer.getSoapBody().getFirstEntry()).getType();
+    };
+    TzSoapHttpOptions options;
+    EXPECT_EQ(typeFor(options), TzSoapType::xsdUnknown);
+    options.types.registerType(
+        TzXmlName("number"),
+        TzXmlName("int", TzXmlNamespace("xsd", "http://www.w3.org/2001/XMLSchema")));
+    EXPECT_EQ(typeFor(options), TzSoapType::xsdInt);
+}
+
+TEST(TzSoapHttpClient, ElementsOfAnswersAreKeptAsMarkupWhereTheOptionsSaySo) {
+    const CannedService service(200, "text/xml",
+                                "<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/soap/envelope/"
+                                "\"><e:Body><token a='1'>x<b/></token></e:Body></e:Envelope>");
+    TzSoapHttpOptions options;
+    options.markupElements = {TzXmlName("token")};
+    const TzSoapMessage answer = TzSoapHttpClient(service.url(), options).call(requestOf("a"));
+    EXPECT_EQ(tzSoapAs<TzSoapUserDefinedType>(answer.getSoapBody().getFirstEntry()).getMarkup(),
+              "<token a='1'>x<b/></token>");
 }
 
 TEST(TzSoapHttpClient, AnAnswerThatIsNotTheStructSaysWhere) {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <soap/TzSoapHttpAnswer.h>
 #include <soap/TzSoapHttpExport.h>
 #include <soap/TzSoapHttpOptions.h>
 #include <soap/TzSoapHttpResult.h>
+#include <soap/TzSoapHttpTransportContext.h>
 #include <soap/TzSoapMaking.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapType.h>
@@ -74,6 +76,16 @@ public:
     /// answer. Throws the errors of a request that cannot be written.
     TzSoapHttpResult tryCall(const TzSoapMessage& request, const TzCString& action = {},
                              const std::stop_token& stop = {}) const;
+
+    /// Posts `body`, which exists already, with the header lines of `context`, such as those of
+    /// `TzSoapHttpBinding::describe`, and returns what came, whatever its status and its content:
+    /// for texts that must travel as they stand. Redirects lead to no other host.
+    ///
+    /// `TzSoapTransportError` without an answer, for one that is larger than the options allow, and
+    /// for a redirect that is not followed; INVALID_HTTP_HEADER for a header line that no request
+    /// can have. `stop` as for `call`. O(body + answer).
+    TzSoapHttpAnswer post(const TzCString& body, const TzSoapHttpTransportContext& context,
+                          const std::stop_token& stop = {}) const;
 
     /// Cancels the calls that run now, from any thread: each ends with a `TzSoapTransportError`.
     /// Later calls are not affected.

@@ -4,8 +4,10 @@
 #include <soap/TzSoapHttpTransportContext.h>
 #include <soap/TzSoapReadLimits.h>
 #include <soap/TzSoapStyle.h>
+#include <soap/TzSoapTypeRegistry.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/tools/TzCString.h>
+#include <tz/xml/TzXmlName.h>
 
 #include <chrono>
 #include <cstddef>
@@ -32,8 +34,8 @@ struct TzSoapHttpOptions {
     enum Authentication {
         Basic,     ///< As text; only over TLS, or where everyone may read it.
         Digest,    ///< As a digest.
-        Ntlm,      ///< For Windows domains.
-        Negotiate, ///< Kerberos; user and password may be empty.
+        Ntlm,      ///< For Windows domains. Handed to libcurl; not tested here.
+        Negotiate, ///< Kerberos; user and password may be empty. As for NTLM.
         Any,       ///< The best that the server offers, which costs a round trip.
         Bearer,    ///< The password is a token.
     };
@@ -105,6 +107,11 @@ struct TzSoapHttpOptions {
     TzCString serviceNamespace = {};
     /// What answers may hold.
     TzSoapReadLimits readLimits = {};
+    /// The types of elements of answers that state none.
+    TzSoapTypeRegistry types = {};
+    /// The names of elements of answers that are kept as markup, see
+    /// `TzSoapMessage::setMarkupElements`.
+    std::vector<TzXmlName> markupElements = {};
 
     /// Is given both directions of each call, on the thread that calls: the request before it is
     /// sent, the answer as soon as it is complete, whatever it holds; of a call with redirects the
