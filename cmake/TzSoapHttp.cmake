@@ -1,10 +1,10 @@
 # SPDX-License-Identifier: MIT
 
-# The message library itself holds no network code; the programs that do use cpp-httplib.
+# The message library itself holds no network code; the servers among the programs use cpp-httplib.
 cmake_dependent_option(
-    TZSOAP_HTTP "Build the programs that talk HTTP (needs cpp-httplib)" ${PROJECT_IS_TOP_LEVEL}
+    TZSOAP_HTTP "Build the programs that talk HTTP (their servers need cpp-httplib)" ${PROJECT_IS_TOP_LEVEL}
     "TZSOAP_BUILD_TOOL OR TZSOAP_BUILD_EXAMPLES OR TZSOAP_BUILD_TESTS" OFF)
-if(TZSOAP_HTTP)
+if(TZSOAP_HTTP AND (TZSOAP_BUILD_EXAMPLES OR TZSOAP_BUILD_TESTS))
     find_package(PkgConfig REQUIRED)
     find_package(Threads REQUIRED)
     pkg_check_modules(HTTPLIB REQUIRED IMPORTED_TARGET GLOBAL cpp-httplib)

@@ -10,12 +10,12 @@
 #include "TreePrinter.h"
 
 #include <soap/TzSoapHttpBinding.h>
+#include <soap/TzSoapHttpTransportContext.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapUtils.h>
 
 #include <CLI/CLI.hpp>
 
-#include <csignal>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -73,13 +73,13 @@ Request prepare(std::string text, const Options& options) {
 }
 
 /// Prints the answer; whether it was a fault, be it one without a code.
-bool print(const HttpReply& reply, const std::string& url) {
-    if (reply.body.empty() && reply.status / 100 == 2) {
-        std::cout << "(status " << reply.status << ", no message)\n";
+bool print(const TzSoapHttpAnswer& http, const std::string& url) {
+    if (http.body.empty() && http.status / 100 == 2) {
+        std::cout << "(status " << http.status << ", no message)\n";
         return false;
     }
     TzSoapMessage answer;
-    reply.read(answer);
+    readAnswer(http, answer);
     reportLosses(url, "", answer);
     TreePrinter printer(std::cout);
     MessageWalk walk(printer);
@@ -94,8 +94,6 @@ int call(const Options& options) {
     if (status == Failed) {
         return status;
     }
-    // A server may refuse a request before it has all of it.
-    std::signal(SIGPIPE, SIG_IGN);
     bool isFault = false;
     status = reportFailures(options.url, [&] {
         isFault = print(httpPost(options.url, request.headers, request.body), options.url);

@@ -2,87 +2,67 @@
 #include "HttpPost.h"
 
 #include <soap/TzSoapHttpBinding.h>
+#include <soap/TzSoapHttpClient.h>
 #include <soap/TzSoapMessage.h>
+#include <soap/TzSoapTransportError.h>
 #include <tz/tools/Tzxmsg.h>
+#include <tz/xml/TzXmlBadArgError.h>
 
-#include <httplib.h>
-
-#include <atomic>
-#include <chrono>
-#include <future>
 #include <stdexcept>
 
 namespace {
 
-constexpr std::chrono::seconds ConnectPatience(10);
-constexpr std::chrono::seconds AnswerPatience(60);
+using Error = TzSoapTransportError;
+
+constexpr std::size_t LargestAnswer = 1U << 30U;
 constexpr int FirstFailure = 300;
 
-/// A URL as an HTTP client wants it.
-struct Address {
-    std::string server; ///< Scheme, host and port.
-    std::string path;   ///< With the query.
-};
-
-Address split(const std::string& url) {
-    const std::size_t host = url.find("://");
-    if (!url.starts_with("http://") && !url.starts_with("https://")) {
+TzSoapHttpClient clientOf(const std::string& url) {
+    TzSoapHttpOptions options;
+    options.largestAnswer = LargestAnswer;
+    try {
+        return TzSoapHttpClient(url, options);
+    } catch (const TzXmlBadArgError&) {
         throw std::runtime_error("is no URL of http or https");
     }
-    const std::size_t path = url.find_first_of("/?", host + 3);
-    if (path == std::string::npos) {
-        return {url, "/"};
+}
+
+/// Why there is no answer, in the words that scripts know; the client's own where it has to say
+/// more.
+std::string reasonOf(const Error& error) {
+    const bool isLate = error.getCause() == Error::TimedOut;
+    switch (error.getCause() == Error::TooLarge ? Error::Content : error.getPhase()) {
+    case Error::Resolve:
+    case Error::Connect:
+        return isLate ? "no answer: ConnectionTimeout" : "no answer: Connection";
+    case Error::Send:
+        return "no answer: Write";
+    case Error::Receive:
+        return "no answer: Read";
+    default:
+        return error.asString().substr(error.getUrl().size() + 2);
     }
-    const std::string rest = url.substr(path, url.find('#', path) - path);
-    return {url.substr(0, path), rest.starts_with('/') ? rest : '/' + rest};
 }
 
 } // namespace
 
-void HttpReply::read(TzSoapMessage& message) const {
+TzSoapHttpAnswer httpPost(const std::string& url, const TzSoapHttpTransportContext& headers,
+                          const std::string& body) {
+    const TzSoapHttpClient client = clientOf(url);
     try {
-        TzSoapHttpBinding::unpack(headers, body, message);
-    } catch (Tzxmsg& error) {
-        if (status >= FirstFailure) {
-            error.addDetail("HTTP status " + std::to_string(status));
-        }
-        throw;
+        return client.post(body, headers);
+    } catch (const Error& error) {
+        throw std::runtime_error(reasonOf(error));
     }
 }
 
-HttpReply httpPost(const std::string& url, const TzSoapHttpTransportContext& headers,
-                   const std::string& body) {
-    const Address address = split(url);
-    std::atomic<bool> answers = false;
-    httplib::Request request;
-    request.method = "POST";
-    request.path = address.path;
-    request.headers = httplib::Headers(headers.begin(), headers.end());
-    request.body = body;
-    request.response_handler = [&answers](const httplib::Response&) {
-        answers = true;
-        return true;
-    };
-    httplib::Client http(address.server);
-    http.set_connection_timeout(ConnectPatience);
-    http.set_read_timeout(AnswerPatience);
-    std::future<httplib::Result> posting =
-        std::async(std::launch::async, [&] { return http.send(request); });
-    while (posting.wait_for(AnswerPatience) == std::future_status::timeout) {
-        if (!answers) {
-            http.stop(); // header lines may go on without end
+void readAnswer(const TzSoapHttpAnswer& answer, TzSoapMessage& message) {
+    try {
+        TzSoapHttpBinding::unpack(answer.headers, answer.body, message);
+    } catch (Tzxmsg& error) {
+        if (answer.status >= FirstFailure) {
+            error.addDetail("HTTP status " + std::to_string(answer.status));
         }
+        throw;
     }
-    const httplib::Result result = posting.get();
-    if (!result) {
-        throw std::runtime_error("no answer: " + httplib::to_string(result.error()));
-    }
-    const std::string contentType = TzSoapHttpBinding::getContentTypeLabel();
-    HttpReply reply;
-    reply.status = result->status;
-    if (result->has_header(contentType)) {
-        reply.headers.add(contentType, result->get_header_value(contentType));
-    }
-    reply.body = result->body;
-    return reply;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#ifdef TZSOAP_HTTP
+#ifdef TZSOAP_HTTP_CLIENT
 #include "Call.h"
 #endif
 #include "Convert.h"
@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     addConvert(app, status);
     addUnpack(app, status);
     addPack(app, status);
-#ifdef TZSOAP_HTTP
+#ifdef TZSOAP_HTTP_CLIENT
     addCall(app, status);
 #endif
 

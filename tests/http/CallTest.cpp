@@ -3,6 +3,7 @@
 // The tool's command "call", run as its users run it.
 #include "http/CannedService.h"
 #include "http/EchoServer.h"
+#include "http/RawService.h"
 #include "tool/RunTool.h"
 #include "values/EnvelopeTesting.h"
 
@@ -170,6 +171,26 @@ TEST(Call, NoAnswerIsAFailure) {
     const ToolRun run = here.run({"call", gone, "-"}, answerText());
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.error, gone + ": no answer: Connection\n");
+}
+
+TEST(Call, ACutAnswerIsNone) {
+    const RawService service("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\n<a/>", "");
+    const ToolDirectory here;
+    const ToolRun run = here.run({"call", service.url(), "-"}, answerText());
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.error, service.url() + ": no answer: Read\n");
+}
+
+TEST(Call, ARedirectIsNotFollowed) {
+    const CannedService target(200, "text/xml", answerText());
+    const RawService service(
+        "HTTP/1.1 302 Found\r\nLocation: " + target.url() + "/\r\nContent-Length: 0\r\n\r\n", "");
+    const ToolDirectory here;
+    const ToolRun run = here.run({"call", service.url(), "-"}, answerText());
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.error, service.url() + ": the answer with status 302 is a redirect to \"" +
+                             target.url() + "/\", which is not followed\n");
+    EXPECT_EQ(target.target(), "");
 }
 
 TEST(Call, AnAnswerThatIsNoMessageIsAFailure) {
