@@ -4,14 +4,12 @@
 // for each case: its name, "ok" or what came back instead, and the types that changed on the way.
 #include "InteropValues.h"
 
-#include "HttpPost.h"
-
 #include <soap/TzSoap12RecVersion.h>
 #include <soap/TzSoapHttpBinding.h>
+#include <soap/TzSoapHttpClient.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapValueReader.h>
 
-#include <csignal>
 #include <functional>
 #include <iostream>
 #include <map>
@@ -39,8 +37,8 @@ enum class Kind {
 /// The service of one peer.
 class Peer {
 public:
-    Peer(std::string url, Kind kind, TzSoapVersion::Version version)
-        : url_(std::move(url)), kind_(kind), version_(version) {}
+    Peer(const std::string& url, Kind kind, TzSoapVersion::Version version)
+        : client_(url), kind_(kind), version_(version) {}
 
     /// The version that the peer is called in.
     TzSoapVersion::Version version() const { return version_; }
@@ -65,26 +63,25 @@ public:
         return kind_ == Kind::Perl ? "echoHeaders" : operationForOwn("echoInt");
     }
 
+    /// The answer, be it a fault.
     TzSoapMessage post(const TzSoapMessage& request, const std::string& operation) const {
-        TzSoapHttpTransportContext headers;
-        headers.setSoapAction(service().getUri() + '#' + operation);
-        const std::string body = TzSoapHttpBinding::pack(request, headers);
-        return read(httpPost(url_, headers, body));
+        return messageIn(client_.tryCall(request, service().getUri() + '#' + operation));
     }
     TzSoapMessage postText(const std::string& text) const {
         TzSoapHttpTransportContext headers;
         headers.setSoapAction("");
         TzSoapHttpBinding::describe(version_, "utf-8", headers);
-        return read(httpPost(url_, headers, text));
+        try {
+            const TzSoapHttpAnswer http = client_.post(text, headers);
+            TzSoapMessage answer;
+            TzSoapHttpBinding::unpack(http.headers, http.body, answer);
+            return answer;
+        } catch (const TzSoapTransportError& failure) {
+            throw std::runtime_error(reasonOf(failure));
+        }
     }
 
 private:
-    static TzSoapMessage read(const HttpReply& reply) {
-        TzSoapMessage answer;
-        reply.read(answer);
-        return answer;
-    }
-
     static const std::map<Base::SchemaType, const char*>& operationsOfGsoap() {
         static const std::map<Base::SchemaType, const char*> instance = {
             {Base::xsdString, "echoString"},      {Base::xsdInt, "echoInt"},
@@ -94,7 +91,7 @@ private:
         return instance;
     }
 
-    std::string url_;
+    TzSoapHttpClient client_;
     Kind kind_;
     TzSoapVersion::Version version_;
 };
@@ -356,7 +353,6 @@ int main(int argc, char** argv) {
         std::cerr << "usage: interop_client URL php|perl|gsoap 1.1|1.2\n";
         return 1;
     }
-    std::signal(SIGPIPE, SIG_IGN); // a server may refuse a request before it has all of it
     const Peer peer(argv[1], kinds.at(argv[2]),
                     argv[3] == std::string("1.1") ? TzSoapVersion::V1_1 : TzSoapVersion::V1_2Rec);
     runAll(simpleCases(), peer);

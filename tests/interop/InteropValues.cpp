@@ -253,6 +253,18 @@ std::string difference(const TzSoapType& sent, const TzSoapType& received, TypeC
     return simpleDifference(sent, target, changes);
 }
 
+std::string reasonOf(const TzSoapTransportError& failure) {
+    return failure.asString().substr(failure.getUrl().size() + 2);
+}
+
+TzSoapMessage messageIn(const TzSoapHttpResult& result) {
+    if (const TzSoapTransportError* const failure = result.findFailure()) {
+        throw std::runtime_error(reasonOf(*failure));
+    }
+    const TzSoapFaultError* const fault = result.findFault();
+    return fault == nullptr ? result.getAnswer() : fault->getMessage();
+}
+
 std::string onOneLine(std::string text) {
     constexpr std::size_t longest = 300;
     std::replace_if(

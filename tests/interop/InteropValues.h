@@ -5,6 +5,7 @@
 
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
+#include <soap/TzSoapHttpResult.h>
 #include <soap/TzSoapReferenceType.h>
 #include <soap/TzSoapSimpleType.h>
 
@@ -45,6 +46,11 @@ bool sameValue(const TzSoapType& left, const TzSoapType& right);
 /// How `received` differs from `sent`, "" when it does not: values as their types compare them,
 /// members by name, items in order. Types that differ are added to `changes`.
 std::string difference(const TzSoapType& sent, const TzSoapType& received, TypeChanges& changes);
+
+/// What a failure says after the URL, which is another in each run.
+std::string reasonOf(const TzSoapTransportError& failure);
+/// The message in `result`, be it a fault; `std::runtime_error` with the reason of a failure.
+TzSoapMessage messageIn(const TzSoapHttpResult& result);
 
 /// `text` without line breaks and tabs, and not longer than a line.
 std::string onOneLine(std::string text);

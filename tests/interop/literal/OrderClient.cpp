@@ -6,15 +6,13 @@
 #include "Orders.h"
 
 #include "../InteropValues.h"
-#include "HttpPost.h"
 
-#include <soap/TzSoapHttpBinding.h>
+#include <soap/TzSoapHttpClient.h>
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapValueReader.h>
 #include <tz/xml/TzXmlUtils.h>
 
 #include <cmath>
-#include <csignal>
 #include <functional>
 #include <iostream>
 #include <limits>
@@ -30,19 +28,16 @@ using orders::compare;
 /// The service of one peer, called in one version.
 class Peer {
 public:
-    Peer(std::string url, TzSoapVersion::Version version)
-        : url_(std::move(url)), version_(version) {}
+    Peer(const std::string& url, TzSoapVersion::Version version)
+        : client_(url), version_(version) {}
 
+    /// The answer, be it a fault.
     TzSoapMessage call(const std::string& operation, const TzSoapCompositeType& entry) const {
         TzSoapMessage request(version_);
         request.setStyle(TzSoapStyle::Literal);
         request.getSoapBody().appendEntry(entry);
-        TzSoapHttpTransportContext headers;
-        headers.setSoapAction(orders::space().getUri() + '#' + operation);
-        const std::string body = TzSoapHttpBinding::pack(request, headers);
-        TzSoapMessage answer;
-        answer.setStyle(TzSoapStyle::Literal);
-        httpPost(url_, headers, body).read(answer);
+        const TzSoapMessage answer =
+            values::messageIn(client_.tryCall(request, orders::space().getUri() + '#' + operation));
         if (answer.getVersion() != version_) {
             throw std::runtime_error("the answer is in " + answer.getMessageType());
         }
@@ -69,7 +64,7 @@ public:
     }
 
 private:
-    std::string url_;
+    TzSoapHttpClient client_;
     TzSoapVersion::Version version_;
 };
 
@@ -276,7 +271,6 @@ int main(int argc, char** argv) {
         std::cerr << "usage: literal_client URL 1.1|1.2\n";
         return 1;
     }
-    std::signal(SIGPIPE, SIG_IGN); // a server may refuse a request before it has all of it
     const Peer peer(argv[1],
                     argv[2] == std::string("1.1") ? TzSoapVersion::V1_1 : TzSoapVersion::V1_2Rec);
     runAll(orderCases(), peer);

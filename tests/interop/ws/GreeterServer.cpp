@@ -4,12 +4,11 @@
 // only, on a port of its own choice, which it prints: ws_server
 #include "Greeter.h"
 
+#include "HttpService.h"
+
 #include <soap/TzSoapDispatcher.h>
 #include <soap/TzSoapWsService.h>
 
-#include <httplib.h>
-
-#include <iostream>
 #include <memory>
 #include <optional>
 
@@ -44,19 +43,4 @@ TzSoapDispatcher makeService() {
 
 } // namespace
 
-int main() {
-    const TzSoapDispatcher service = makeService();
-    httplib::Server server;
-    server.set_tcp_nodelay(true);
-    server.Post("/", [&service](const httplib::Request& http, httplib::Response& response) {
-        const TzSoapHttpAnswer answer =
-            service.answer({http.get_header_value("Content-Type"),
-                            http.get_header_value("SOAPAction"), http.body});
-        response.status = answer.status;
-        response.headers.insert(answer.headers.begin(), answer.headers.end());
-        response.body = answer.body;
-    });
-    const int port = server.bind_to_any_port("127.0.0.1");
-    std::cout << "listening on http://127.0.0.1:" << port << '/' << std::endl;
-    return server.listen_after_bind() ? 0 : 1;
-}
+int main() { serveUntilSignal(makeService()); }
