@@ -33,8 +33,9 @@
 /// operations at the same time.
 class TZSOAP_API TzSoapDispatcher {
 public:
-    /// Is given the exception of an operation that was answered with "The operation failed", on
-    /// the thread that the request was handled on. What it throws leaves `answer`.
+    /// Is given the exception of an operation or an interceptor that was answered with "The
+    /// operation failed", on the thread that the request was handled on. What it throws leaves
+    /// `answer`.
     using FailureHook = std::function<void(std::exception_ptr)>;
     /// The rest of the way of a request: its answer, which may be a fault, nothing for a one-way
     /// operation.
@@ -76,8 +77,9 @@ public:
     /// are kept as markup. They are a DataEncodingUnknown fault in a new dispatcher, because an
     /// answer that such markup gets into holds whatever the sender wants.
     void setForeignEncodings(bool accepted) noexcept { foreignEncodings_ = accepted; }
-    /// Adds an interceptor; those added before stand around it. It sees the faults that refuse
-    /// header entries and missing operations, too, but not "The operation failed".
+    /// Adds an interceptor; those added before stand around it. It sees every fault that is
+    /// answered to a request that was read: those that refuse header entries and missing
+    /// operations, too, and "The operation failed", unless an answer could not be written.
     void addInterceptor(Interceptor interceptor);
     /// Sets the hook that gets the exceptions of operations.
     void setFailureHook(FailureHook hook);
@@ -87,8 +89,11 @@ public:
     /// operation, is an answer:
     ///
     /// - 200, or 202 without a body after a one-way operation;
-    /// - the fault of a `TzSoapFaultError`, and Server (Receiver) "The operation failed" for any
-    ///   other exception and for an answer that cannot be written;
+    /// - the fault of a `TzSoapFaultError` that the program made;
+    /// - Server (Receiver) "The operation failed" for any other exception and for an answer that
+    ///   cannot be written. A `TzSoapFaultError` with an HTTP status is one of these: another
+    ///   service's fault blames whoever called that, and says what is meant for him. An operation
+    ///   passes it on by `throw TzSoapFaultError(error.getMessage())`;
     /// - 415 without a body for a content type that no message has;
     /// - VersionMismatch for an envelope that is not served: in `V1_2Rec`, with an Upgrade entry,
     ///   to application/soap+xml, in SOAP 1.1 otherwise;
@@ -104,6 +109,8 @@ private:
         TzSoapOperation operation;
         TzSoapStyle style;
     };
+    struct Passage;
+    using Answer = std::optional<TzSoapMessage>;
 
     const Entry& find(const TzCString& action, const TzSoapMessage& request) const;
     TzSoapStyle styleOf(const TzCString& action, const TzSoapMessage& request) const;
@@ -113,9 +120,10 @@ private:
     TzSoapMessage versionMismatch(TzSoapVersion::Version asked, const TzCString& reason) const;
     TzSoapHttpAnswer refusal(const Tzxmsg& error, TzSoapVersion::Version asked,
                              TzSoapVersion::Version met) const;
-    std::optional<TzSoapMessage> respond(const TzCString& action, TzSoapMessage& request) const;
-    std::optional<TzSoapMessage> pass(std::size_t interceptor, const TzCString& action,
-                                      TzSoapMessage& request) const;
+    Answer respond(const TzCString& action, TzSoapMessage& request) const;
+    Answer pass(std::size_t interceptor, Passage& passage, TzSoapMessage& request) const;
+    Answer guarded(Passage& passage, const std::function<Answer()>& work) const;
+    Answer failed(Passage& passage) const;
 
     TzSoapStyle style_;
     bool mixesStyles_ = false;

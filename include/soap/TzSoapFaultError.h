@@ -16,7 +16,8 @@ class TzSoapCompositeType;
 class TzSoapType;
 
 /// A fault as an exception: thrown by a client for the fault that a service answers, and by the
-/// operations of a service, whose dispatcher answers with it.
+/// operations of a service, whose dispatcher answers with it. One with an HTTP status came from
+/// another service; a dispatcher does not answer with that.
 ///
 /// The text is "fault SOAP-ENV:Server: out of paper". Copies share the message. Constant members
 /// may be called on several threads at once, but for what the message shares.
@@ -28,7 +29,8 @@ public:
     /// A fault that also has a subcode in the versions that have subcodes.
     TzSoapFaultError(TzSoapVersion::SoapFaultCode code, TzSoapVersion::SoapSubFaultCode subcode,
                      const TzCString& reason);
-    /// The fault in `message`, shared, which came with an HTTP status; 0 for none.
+    /// The fault in `message`, shared, which came with an HTTP status; 0 for none, also of a fault
+    /// that was received and is to be answered.
     explicit TzSoapFaultError(const TzSoapMessage& message, int httpStatus = 0);
     TzSoapFaultError(const TzSoapFaultError&) = default;
     TzSoapFaultError& operator=(const TzSoapFaultError&) = default;

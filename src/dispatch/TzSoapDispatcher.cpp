@@ -156,46 +156,77 @@ const TzSoapDispatcher::Entry& TzSoapDispatcher::find(const TzCString& action,
     return entry == nullptr ? *default_ : *entry;
 }
 
+/// A request on its way through the interceptors.
+struct TzSoapDispatcher::Passage {
+    const TzCString& action;
+    TzSoapVersion::Version version;
+    TzSoapStyle style;
+    bool isLeaving = false; ///< The failure hook threw.
+};
+
 /// Runs the operation that `request` asks for: the answer, which may be a fault, or nothing.
-std::optional<TzSoapMessage> TzSoapDispatcher::respond(const TzCString& action,
-                                                       TzSoapMessage& request) const {
-    const TzSoapVersion::Version version = request.getVersion();
-    const TzSoapStyle style = request.getStyle();
+TzSoapDispatcher::Answer TzSoapDispatcher::respond(const TzCString& action,
+                                                   TzSoapMessage& request) const {
     const std::vector<TzXmlName> misunderstood = node_.findMisunderstood(request);
     if (!misunderstood.empty()) {
-        TzSoapMessage fault = TzSoapFaultMessage::makeMustUnderstand(version, misunderstood);
-        fault.setStyle(style);
+        TzSoapMessage fault =
+            TzSoapFaultMessage::makeMustUnderstand(request.getVersion(), misunderstood);
+        fault.setStyle(request.getStyle());
         return fault;
     }
-    try {
-        const Entry& entry = find(action, request);
-        if (!foreignEncodings_ && entry.style == TzSoapStyle::Encoded &&
-            request.hasUserDefinedValues()) {
-            throw TzSoapFaultError(TzSoapVersion::DataEncodingUnknown,
-                                   "A value is in an encoding that is not known here");
+    const Entry& entry = find(action, request);
+    if (!foreignEncodings_ && entry.style == TzSoapStyle::Encoded &&
+        request.hasUserDefinedValues()) {
+        throw TzSoapFaultError(TzSoapVersion::DataEncodingUnknown,
+                               "A value is in an encoding that is not known here");
+    }
+    return entry.operation(request);
+}
+
+/// Runs the interceptors from `interceptor` on, and within them the operation. What these throw is
+/// an answer already, so that the interceptors around see it.
+TzSoapDispatcher::Answer TzSoapDispatcher::pass(std::size_t interceptor, Passage& passage,
+                                                TzSoapMessage& request) const {
+    return guarded(passage, [&] {
+        if (interceptor == interceptors_.size()) {
+            return respond(passage.action, request);
         }
-        return entry.operation(request);
+        return interceptors_[interceptor](request, passage.action, [&](TzSoapMessage& passed) {
+            return pass(interceptor + 1, passage, passed);
+        });
+    });
+}
+
+/// Runs `work`: its answer, or that to what it throws.
+TzSoapDispatcher::Answer TzSoapDispatcher::guarded(Passage& passage,
+                                                   const std::function<Answer()>& work) const {
+    try {
+        return work();
     } catch (const TzSoapFaultError& fault) {
-        return fault.makeMessage(version, style);
+        const bool isReceived = fault.getHttpStatus() != 0;
+        if (isReceived || passage.isLeaving) {
+            return failed(passage);
+        }
+        return guarded(passage, [&] { return fault.makeMessage(passage.version, passage.style); });
+    } catch (...) { // An operation may throw whatever it likes; the sender must not see it.
+        return failed(passage);
     }
 }
 
-/// Runs the interceptors from `interceptor` on, and within them the operation.
-std::optional<TzSoapMessage> TzSoapDispatcher::pass(std::size_t interceptor,
-                                                    const TzCString& action,
-                                                    TzSoapMessage& request) const {
-    if (interceptor == interceptors_.size()) {
-        return respond(action, request);
+/// The answer to the current exception, which goes to the hook.
+TzSoapDispatcher::Answer TzSoapDispatcher::failed(Passage& passage) const {
+    if (passage.isLeaving) {
+        throw;
     }
-    const TzSoapVersion::Version version = request.getVersion();
-    const TzSoapStyle style = request.getStyle();
-    try {
-        return interceptors_[interceptor](request, action, [&](TzSoapMessage& passed) {
-            return pass(interceptor + 1, action, passed);
-        });
-    } catch (const TzSoapFaultError& fault) {
-        return fault.makeMessage(version, style);
+    if (hook_) {
+        passage.isLeaving = true;
+        hook_(std::current_exception());
+        passage.isLeaving = false;
     }
+    TzSoapMessage fault =
+        TzSoapFaultMessage::make(passage.version, TzSoapVersion::Server, "The operation failed");
+    fault.setStyle(passage.style);
+    return fault;
 }
 
 TzSoapHttpAnswer TzSoapDispatcher::answer(const TzSoapHttpRequest& http) const {
@@ -208,24 +239,20 @@ TzSoapHttpAnswer TzSoapDispatcher::answer(const TzSoapHttpRequest& http) const {
         // The version is known as soon as the envelope was met.
         return refusal(error, asked, request.getVersion());
     }
-    const TzSoapVersion::Version version = request.getVersion();
-    const TzSoapStyle style = request.getStyle();
-    if (!serves(version)) {
+    const TzCString action = TzSoapHttpBinding::getAction(context);
+    Passage passage{action, request.getVersion(), request.getStyle()};
+    if (!serves(passage.version)) {
         return packedFault(
-            versionMismatch(version, "The version of the envelope is not served here"), style);
+            versionMismatch(passage.version, "The version of the envelope is not served here"),
+            passage.style);
     }
-    try {
-        std::optional<TzSoapMessage> made = pass(0, TzSoapHttpBinding::getAction(context), request);
-        if (!made) {
-            return {.status = Accepted, .headers = {}, .body = {}};
+    TzSoapHttpAnswer answered{.status = Accepted, .headers = {}, .body = {}};
+    const Answer made = pass(0, passage, request);
+    const Answer failure = guarded(passage, [&]() -> Answer {
+        if (made) {
+            answered = packed(tzSoapInVersion(*made, passage.version));
         }
-        return packed(tzSoapInVersion(*made, version));
-    } catch (...) { // An operation may throw whatever it likes; the sender must not see it.
-        if (hook_) {
-            hook_(std::current_exception());
-        }
-        return packedFault(
-            TzSoapFaultMessage::make(version, TzSoapVersion::Server, "The operation failed"),
-            style);
-    }
+        return std::nullopt;
+    });
+    return failure ? packed(*failure) : answered;
 }

@@ -422,10 +422,28 @@ TEST(TzSoapDispatcher, AFaultErrorBecomesTheFault) {
               "400 env:Sender/rpc:BadArguments: too small");
 }
 
-TEST(TzSoapDispatcher, TheFaultOfAnotherServiceIsPassedOn) {
+TEST(TzSoapDispatcher, TheFaultOfAnotherServiceIsHidden) {
+    const TzSoapMessage fault =
+        TzSoapFaultMessage::make(TzSoapVersion::V1_1, TzSoapVersion::Client, "secret");
+    TzSoapDispatcher service = throwing(TzSoapFaultError(fault, 500));
+    std::string heard;
+    service.setFailureHook([&heard](const std::exception_ptr& failure) {
+        try {
+            std::rethrow_exception(failure);
+        } catch (const TzSoapFaultError& error) {
+            heard = error.getReason();
+        }
+    });
+    EXPECT_EQ(faultText(service.answer(requestOf(TzSoapVersion::V1_2Rec, Double))),
+              "500 env:Receiver: The operation failed");
+    EXPECT_EQ(heard, "secret");
+}
+
+TEST(TzSoapDispatcher, TheFaultOfAnotherServiceIsPassedOnDeliberately) {
     const TzSoapMessage fault = TzSoapFaultMessage::make(
         TzSoapVersion::V1_2Rec, TzSoapVersion::Server, TzSoapVersion::BadArguments, "no paper");
-    const TzSoapDispatcher service = throwing(TzSoapFaultError(fault, 500));
+    const TzSoapFaultError received(fault, 500);
+    const TzSoapDispatcher service = throwing(TzSoapFaultError(received.getMessage()));
     EXPECT_EQ(faultText(service.answer(requestOf(TzSoapVersion::V1_2Rec, Double))),
               "500 env:Receiver/rpc:BadArguments: no paper");
     EXPECT_EQ(faultIn(service.answer(requestOf(TzSoapVersion::V1_1, Double))).getReason(),
@@ -455,6 +473,19 @@ TEST(TzSoapDispatcher, TheHookIsGivenTheException) {
     });
     service.answer(requestOf(TzSoapVersion::V1_1, Double));
     EXPECT_EQ(heard, "secret");
+}
+
+TEST(TzSoapDispatcher, WhatTheHookThrowsLeavesIt) {
+    TzSoapDispatcher service = throwing(std::runtime_error("secret"));
+    service.addInterceptor([](TzSoapMessage& request, const TzCString&,
+                              const TzSoapDispatcher::Next& next) { return next(request); });
+    int calls = 0;
+    service.setFailureHook([&calls](const std::exception_ptr& failure) {
+        ++calls;
+        std::rethrow_exception(failure);
+    });
+    EXPECT_THROW(service.answer(requestOf(TzSoapVersion::V1_1, Double)), std::runtime_error);
+    EXPECT_EQ(calls, 1);
 }
 
 TEST(TzSoapDispatcher, AnAnswerThatCannotBeWrittenIsAFailure) {

@@ -98,6 +98,24 @@ TEST_F(TzSoapInterceptor, AFaultErrorIsAnswered) {
     EXPECT_EQ(steps_, "outer(urn:a) fault-outer ");
 }
 
+TEST_F(TzSoapInterceptor, SeesThatAnOperationFailed) {
+    addNoting("outer");
+    addNoting("inner");
+    service_.add(TzXmlName("ask"),
+                 [](const TzSoapType&) -> TzSoapType { throw std::runtime_error("the secret"); });
+    EXPECT_NE(answerTo("<ask/>").find("The operation failed"), std::string::npos);
+    EXPECT_EQ(steps_, "outer(urn:a) inner(urn:a) fault-inner fault-outer ");
+}
+
+TEST_F(TzSoapInterceptor, SeesThatAnotherOneFailed) {
+    addNoting("outer");
+    service_.addInterceptor([](TzSoapMessage&, const TzCString&, const Next&) -> Answer {
+        throw std::runtime_error("the secret");
+    });
+    EXPECT_NE(answerTo("<ask/>").find("The operation failed"), std::string::npos);
+    EXPECT_EQ(steps_, "outer(urn:a) fault-outer ");
+}
+
 TEST_F(TzSoapInterceptor, OtherExceptionsAreHidden) {
     service_.addInterceptor([](TzSoapMessage&, const TzCString&, const Next&) -> Answer {
         throw std::runtime_error("the secret");

@@ -117,6 +117,19 @@ TEST_F(TzSoapWsServiceRun, FaultsAreAddressedToo) {
     EXPECT_EQ(properties.relatesTo[0].messageId, "urn:uuid:1");
 }
 
+TEST_F(TzSoapWsServiceRun, FailuresAreAddressedToo) {
+    TzSoapWsService::addAddressing(service_);
+    service_.add(TzXmlName("a"),
+                 [](const TzSoapType&) -> TzSoapType { throw std::runtime_error("the secret"); });
+    const TzSoapHttpAnswer answer = send(Asked);
+    EXPECT_EQ(answer.status, 500);
+    EXPECT_EQ(messageIn(answer).getSoapBody().getSoapFault().getReason(), "The operation failed");
+    const Wsa properties = Wsa::read(messageIn(answer));
+    EXPECT_EQ(properties.action, Wsa::SoapFaultAction);
+    ASSERT_EQ(properties.relatesTo.size(), 1U);
+    EXPECT_EQ(properties.relatesTo[0].messageId, "urn:uuid:1");
+}
+
 TEST_F(TzSoapWsServiceRun, WhatNobodyWaitsForIsNotSent) {
     TzSoapWsService::addAddressing(service_);
     const TzSoapHttpAnswer answer = send(Asked + goingTo("ReplyTo", TzSoapWsEndpoint::None));
