@@ -116,7 +116,8 @@ public:
     /// The value, shared; what a reference refers to. `TzXmlBadArgError` for a body.
     TzSoapType getValue() const;
     /// The way from the first view to here: local names with "/" between, "[n]" after the second
-    /// and later ones of a name. "" for a body. O(members of the values on the way).
+    /// and later ones of a name, whose number in a list is that of when the list was made. "" for a
+    /// body. O(members of the values on the way), O(steps) for members of lists.
     TzCString getPath() const;
 
 private:
@@ -125,7 +126,8 @@ private:
     friend class TzSoapViewList;
     using Content = std::variant<TzSoapType, TzSoapBody>;
 
-    TzSoapView(const TzSoapType& value, std::shared_ptr<const TzSoapView> parent);
+    TzSoapView(const TzSoapType& value, std::shared_ptr<const TzSoapView> parent,
+               std::size_t number = 0);
     // Of a record that stands alone, the `number`-th one below `above`.
     TzSoapView(const TzSoapType& value, std::shared_ptr<const TzCString> above, std::size_t number);
     TzCString firstStep() const;
@@ -142,7 +144,7 @@ private:
     std::shared_ptr<const TzSoapView> parent_; // null for the first one
     std::size_t depth_ = 0;
     std::shared_ptr<const TzCString> above_; // the path above the first one, null for none
-    std::size_t number_ = 0;                 // of the first one there
+    std::size_t number_ = 0;                 // among its namesakes, 0 where it is not known
 };
 
 /// Views of several members, in order: `for (const TzSoapView& line : view.all("line"))`.

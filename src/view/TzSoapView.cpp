@@ -14,6 +14,8 @@
 #include "view/TzSoapViewPath.h"
 
 #include <algorithm>
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 
 namespace {
@@ -25,6 +27,25 @@ template <typename Test> const TzSoapType* firstOf(const Content& content, const
     return std::visit([&test](const auto& owner) { return TzSoapMembers::first(owner, test); },
                       content);
 }
+
+/// Counts members by their local names, so that each knows its number: a program may ask for the
+/// path of every one.
+class Namesakes {
+public:
+    /// The number of the next member named `name`, which must stay.
+    std::size_t count(std::string_view name) {
+        if (latest_ == nullptr || name != latestName_) {
+            latest_ = &numbers_[name];
+            latestName_ = name;
+        }
+        return ++*latest_;
+    }
+
+private:
+    std::unordered_map<std::string_view, std::size_t> numbers_;
+    std::string_view latestName_;
+    std::size_t* latest_ = nullptr;
+};
 
 /// What the value of a view stands for, null for a body.
 const TzSoapTypeImp* contentOf(const Content& content) {
@@ -44,8 +65,9 @@ TzSoapView::TzSoapView(const TzSoapBody& body) : content_(body) {
 
 TzSoapView::TzSoapView(const TzSoapMessage& message) : TzSoapView(message.getSoapBody()) {}
 
-TzSoapView::TzSoapView(const TzSoapType& value, std::shared_ptr<const TzSoapView> parent)
-    : content_(value), parent_(std::move(parent)), depth_(parent_->depth_ + 1) {}
+TzSoapView::TzSoapView(const TzSoapType& value, std::shared_ptr<const TzSoapView> parent,
+                       std::size_t number)
+    : content_(value), parent_(std::move(parent)), depth_(parent_->depth_ + 1), number_(number) {}
 
 TzSoapView::TzSoapView(const TzSoapType& value, std::shared_ptr<const TzCString> above,
                        std::size_t number)
@@ -111,9 +133,14 @@ TzSoapViewList TzSoapView::all() const { return collect(nullptr); }
 TzSoapViewList TzSoapView::collect(const TzSoapMemberName* name) const {
     const std::shared_ptr<const TzSoapView> parent = shared();
     TzSoapViewList list;
+    Namesakes namesakes;
     firstOf(content_, [&](const TzSoapType& member) {
-        if (name == nullptr || name->matches(member.getName())) {
-            list.views_.push_back(TzSoapView(member, parent));
+        const TzXmlName& own = member.getName();
+        if (name == nullptr || name->getLocalName() == own.getLocalName()) {
+            const std::size_t number = namesakes.count(own.getLocalName());
+            if (name == nullptr || name->matches(own)) {
+                list.views_.push_back(TzSoapView(member, parent, number));
+            }
         }
         return false;
     });
@@ -144,8 +171,10 @@ TzCString TzSoapView::getPath() const {
     for (; view->parent_ != nullptr; view = view->parent_.get()) {
         const auto& member = std::get<TzSoapType>(view->content_);
         steps.push_back(
-            std::visit([&member](const auto& owner) { return tzSoapStepOf(owner, member); },
-                       view->parent_->content_));
+            view->number_ > 0
+                ? tzSoapNumbered(member.getName().getLocalName(), view->number_)
+                : std::visit([&member](const auto& owner) { return tzSoapStepOf(owner, member); },
+                             view->parent_->content_));
     }
     TzCString path = view->firstStep();
     for (auto step = steps.rbegin(); step != steps.rend(); ++step) {

@@ -193,6 +193,22 @@ TEST(TzSoapView, AllAreTheMembersOfAName) {
     EXPECT_EQ(orders["order"][1].all("total")[1].as<int>(), 3);
 }
 
+TEST(TzSoapView, MembersOfAListKnowTheirNumbers) {
+    const TzSoapView a = literal("<a><b/><c/><m:b xmlns:m='urn:m'/><b/><c/></a>")["a"];
+    const auto pathsOf = [](const TzSoapViewList& list) {
+        std::string paths;
+        for (const TzSoapView& view : list) {
+            paths += view.getPath() + ' ';
+        }
+        return paths;
+    };
+    EXPECT_EQ(pathsOf(a.all()), "a/b a/c a/b[2] a/b[3] a/c[2] ");
+    EXPECT_EQ(pathsOf(a.all("b")), "a/b a/b[2] a/b[3] ");
+    EXPECT_EQ(pathsOf(a.all({"b", ""})), "a/b a/b[3] ");
+    EXPECT_EQ(pathsOf(a.all({"b", "urn:m"})), "a/b[2] ");
+    EXPECT_EQ(a.all("b")[2][1].getPath(), "a/b[3]");
+}
+
 TEST(TzSoapView, AListOfViewsHoldsAListOfValues) {
     const TzSoapView a = literal("<a><b>1</b><c>x</c><b>2</b></a>")["a"];
     EXPECT_EQ(a.all("b").as<int>(), (std::vector<int>{1, 2}));
