@@ -4,7 +4,15 @@
 #include <tz/tools/TzCString.h>
 
 #include <cstddef>
+#include <span>
 #include <string_view>
+
+/// An attribute as its tag spells it, its value normalised. Both texts last as long as the call
+/// that gives them.
+struct TzXmlSpelledAttribute {
+    std::string_view name;
+    std::string_view value;
+};
 
 /// Takes the events of an event source. What it throws ends the reading and reaches the caller of
 /// `TzXmlEventSource::feed`.
@@ -14,26 +22,31 @@ public:
     TzXmlEventSink(const TzXmlEventSink&) = delete;
     TzXmlEventSink& operator=(const TzXmlEventSink&) = delete;
 
-    /// The XML declaration. Null pointers for what it does not state; `standalone` -1, 0 or 1.
-    virtual void declaration(const char* version, const char* encoding, int standalone) = 0;
+    /// The XML declaration. Empty texts for what it does not state; `standalone` -1, 0 or 1.
+    virtual void declaration(std::string_view version, std::string_view encoding,
+                             int standalone) = 0;
     /// A document type declaration begins.
     virtual void documentType() = 0;
-    /// A start tag. `attributes` are name, value, name, value ... null; names as spelt in the text.
-    /// One address of an attribute name stands for one spelling as long as the source lives.
-    virtual void startTag(const char* name, const char* const* attributes) = 0;
+    /// A start tag; names as spelt in the text, those of the attributes all different.
+    virtual void startTag(std::string_view name,
+                          std::span<const TzXmlSpelledAttribute> attributes) = 0;
     /// An end tag, also for an empty-element tag.
     virtual void endTag() = 0;
     /// A piece of text; pieces follow each other until the next tag. Not virtual: it is called
     /// several times between two tags.
-    void text(const char* begin, std::size_t length) {
+    void text(std::string_view piece) {
         ++events_;
         // Line breaks and characters that were escaped come alone.
-        if (length == 1) {
-            text_.push_back(*begin);
+        if (piece.size() == 1) {
+            text_.push_back(piece.front());
         } else {
-            text_.append(begin, length);
+            text_.append(piece);
         }
     }
+    /// The source is about to repeat the text since the latest tag.
+    void restartText() noexcept { text_.clear(); }
+    /// An event that the source keeps back.
+    void noteSkipped() noexcept { ++events_; }
 
     /// Number of events so far.
     std::size_t events() const noexcept { return events_; }

@@ -37,6 +37,7 @@ enum class TzXmlKnownEncoding {
     Utf8, ///< UTF-8, whatever the declaration says.
 };
 
-/// An event source on Expat. `std::bad_alloc` without memory.
-std::unique_ptr<TzXmlEventSource> tzMakeExpatSource(TzXmlEventSink& sink,
-                                                    TzXmlKnownEncoding encoding);
+/// An event source on Expat that keeps back the first `skipped` declarations and tags, and the
+/// texts before them. `std::bad_alloc` without memory.
+std::unique_ptr<TzXmlEventSource>
+tzMakeExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding, std::size_t skipped = 0);

@@ -15,6 +15,7 @@
 #include <new>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 static_assert(std::is_same_v<XML_Char, char>, "Expat has to be built for UTF-8");
 
@@ -79,7 +80,7 @@ unsigned long nextSalt() {
 
 class ExpatSource final : public TzXmlEventSource {
 public:
-    ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding);
+    ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding, std::size_t skipped);
     ~ExpatSource() override;
 
     void feed(std::string_view piece, bool last) override;
@@ -97,11 +98,15 @@ public:
     }
 
 private:
+    void deliverFromHere() noexcept;
+    void skipOne() noexcept;
+    std::span<const TzXmlSpelledAttribute> viewed(const char** attributes);
+
     // An exception must not cross the C code: it is kept here and thrown again by feed.
     template <typename Event> static void deliver(void* data, Event event) noexcept {
         auto& self = *static_cast<ExpatSource*>(data);
         try {
-            event(self.sink_);
+            event(self, self.sink_);
         } catch (...) {
             self.stop(std::current_exception());
         }
@@ -115,10 +120,15 @@ private:
     static void XMLCALL onStart(void* data, const char* name, const char** attributes);
     static void XMLCALL onEnd(void* data, const char*);
     static void XMLCALL onText(void* data, const char* begin, int length);
+    static void XMLCALL skipDeclaration(void* data, const char*, const char*, int);
+    static void XMLCALL skipStart(void* data, const char*, const char**);
+    static void XMLCALL skipEnd(void* data, const char*);
     static int XMLCALL onEncoding(void* data, const char* name, XML_Encoding* encoding);
 
     Parser parser_;
     TzXmlEventSink& sink_;
+    std::size_t skipped_; // events still to be kept back
+    std::vector<TzXmlSpelledAttribute> attributes_;
     std::exception_ptr failure_;
     std::size_t failedLine_ = 0; // Expat finishes the tag after it was stopped
     std::size_t failedColumn_ = 0;
@@ -127,15 +137,32 @@ private:
     bool ended_ = false; // the whole text was read
 };
 
-ExpatSource::ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding)
-    : parser_(makeParser(encoding == TzXmlKnownEncoding::Utf8 ? "UTF-8" : nullptr)), sink_(sink) {
+ExpatSource::ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding, std::size_t skipped)
+    : parser_(makeParser(encoding == TzXmlKnownEncoding::Utf8 ? "UTF-8" : nullptr)), sink_(sink),
+      skipped_(skipped) {
     XML_SetHashSalt(parser_.get(), nextSalt());
     XML_SetUserData(parser_.get(), this);
-    XML_SetXmlDeclHandler(parser_.get(), onDeclaration);
     XML_SetStartDoctypeDeclHandler(parser_.get(), onDocumentType);
+    XML_SetUnknownEncodingHandler(parser_.get(), onEncoding, this);
+    if (skipped_ == 0) {
+        deliverFromHere();
+    } else {
+        XML_SetXmlDeclHandler(parser_.get(), skipDeclaration);
+        XML_SetElementHandler(parser_.get(), skipStart, skipEnd);
+    }
+}
+
+void ExpatSource::deliverFromHere() noexcept {
+    XML_SetXmlDeclHandler(parser_.get(), onDeclaration);
     XML_SetElementHandler(parser_.get(), onStart, onEnd);
     XML_SetCharacterDataHandler(parser_.get(), onText);
-    XML_SetUnknownEncodingHandler(parser_.get(), onEncoding, this);
+}
+
+void ExpatSource::skipOne() noexcept {
+    sink_.noteSkipped();
+    if (--skipped_ == 0) {
+        deliverFromHere();
+    }
 }
 
 ExpatSource::~ExpatSource() {
@@ -182,25 +209,50 @@ void ExpatSource::fail() const {
 
 void ExpatSource::onDeclaration(void* data, const char* version, const char* encoding,
                                 int standalone) {
-    deliver(data, [=](TzXmlEventSink& sink) { sink.declaration(version, encoding, standalone); });
+    deliver(data, [=](ExpatSource&, TzXmlEventSink& sink) {
+        sink.declaration(version != nullptr ? version : "", encoding != nullptr ? encoding : "",
+                         standalone);
+    });
 }
 
 void ExpatSource::onDocumentType(void* data, const char*, const char*, const char*, int) {
-    deliver(data, [](TzXmlEventSink& sink) { sink.documentType(); });
+    deliver(data, [](ExpatSource&, TzXmlEventSink& sink) { sink.documentType(); });
 }
 
 [[gnu::hot]] void ExpatSource::onStart(void* data, const char* name, const char** attributes) {
-    deliver(data, [=](TzXmlEventSink& sink) { sink.startTag(name, attributes); });
+    deliver(data, [=](ExpatSource& self, TzXmlEventSink& sink) {
+        sink.startTag(name, self.viewed(attributes));
+    });
 }
 
 [[gnu::hot]] void ExpatSource::onEnd(void* data, const char*) {
-    deliver(data, [](TzXmlEventSink& sink) { sink.endTag(); });
+    deliver(data, [](ExpatSource&, TzXmlEventSink& sink) { sink.endTag(); });
 }
 
 [[gnu::hot]] void ExpatSource::onText(void* data, const char* begin, int length) {
-    deliver(data,
-            [=](TzXmlEventSink& sink) { sink.text(begin, static_cast<std::size_t>(length)); });
+    deliver(data, [=](ExpatSource&, TzXmlEventSink& sink) {
+        sink.text({begin, static_cast<std::size_t>(length)});
+    });
 }
+
+/// `attributes`, which are name, value, name, value ... null.
+std::span<const TzXmlSpelledAttribute> ExpatSource::viewed(const char** attributes) {
+    attributes_.clear();
+    for (; *attributes != nullptr; attributes += 2) {
+        attributes_.push_back({attributes[0], attributes[1]});
+    }
+    return attributes_;
+}
+
+void ExpatSource::skipDeclaration(void* data, const char*, const char*, int) {
+    static_cast<ExpatSource*>(data)->skipOne();
+}
+
+void ExpatSource::skipStart(void* data, const char*, const char**) {
+    static_cast<ExpatSource*>(data)->skipOne();
+}
+
+void ExpatSource::skipEnd(void* data, const char*) { static_cast<ExpatSource*>(data)->skipOne(); }
 
 int ExpatSource::onEncoding(void* data, const char* name, XML_Encoding* encoding) {
     encoding->data = nullptr;
@@ -220,7 +272,7 @@ int ExpatSource::onEncoding(void* data, const char* name, XML_Encoding* encoding
 
 } // namespace
 
-std::unique_ptr<TzXmlEventSource> tzMakeExpatSource(TzXmlEventSink& sink,
-                                                    TzXmlKnownEncoding encoding) {
-    return std::make_unique<ExpatSource>(sink, encoding);
+std::unique_ptr<TzXmlEventSource>
+tzMakeExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding, std::size_t skipped) {
+    return std::make_unique<ExpatSource>(sink, encoding, skipped);
 }

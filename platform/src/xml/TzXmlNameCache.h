@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "xml/TzXmlNameText.h"
+#include "xml/TzXmlSpellingText.h"
+
 #include <tz/xml/TzXmlName.h>
 
 #include <array>
@@ -11,7 +14,7 @@
 /// Remembers which name a spelling such as "p:a" stands for.
 ///
 /// Each spelling has one place only, so that a text with ever new names costs misses, not memory.
-template <typename Spelling> class TzXmlNameCache {
+class TzXmlNameCache {
 public:
     TzXmlNameCache() = default;
     TzXmlNameCache(const TzXmlNameCache&) = delete;
@@ -21,18 +24,18 @@ public:
     struct Entry {
         std::uint64_t scope = 0; ///< State of the bindings the name is known to hold under.
         std::uint64_t stamp = 0; ///< Changes with the name; 0 for none.
-        Spelling spelling;
+        TzXmlSpellingText spelling;
         TzXmlName name;
     };
 
     /// The place for `spelling`, which may hold another one.
-    template <typename Text> Entry& place(const Text& spelling) noexcept {
-        const std::uint64_t spread = Spelling::hash(spelling) * 0x9E3779B97F4A7C15U;
+    Entry& place(const TzXmlNameText& spelling) noexcept {
+        const std::uint64_t spread = TzXmlSpellingText::hash(spelling) * 0x9E3779B97F4A7C15U;
         return entries_[static_cast<std::size_t>(spread >> 40) & (size_ - 1)];
     }
     /// The place for `spelling`, which holds it or nothing. The table grows while spellings keep
     /// missing.
-    template <typename Text> Entry& take(const Text& spelling) {
+    Entry& take(const TzXmlNameText& spelling) {
         if (++misses_ > 2 * size_ && size_ < LastSize) {
             grow();
         }

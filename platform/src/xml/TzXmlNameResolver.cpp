@@ -27,9 +27,6 @@ TzTextTools::SplitName splitSpelling(std::string_view spelling) noexcept {
     return split.hasColon && separates ? split : TzTextTools::SplitName{{}, spelling, false};
 }
 
-std::string_view textOf(const TzXmlNameText& spelling) noexcept { return spelling.text(); }
-std::string_view textOf(const char* spelling) noexcept { return spelling; }
-
 } // namespace
 
 TzXmlNameResolver::TzXmlNameResolver() {
@@ -74,16 +71,15 @@ void TzXmlNameResolver::undo(std::size_t count) noexcept {
     }
 }
 
-template <typename Spelling, typename Text>
-void TzXmlNameResolver::resolveAnew(TzXmlNameCache<Spelling>& cache, Kind kind,
-                                    const Text& spelling, TzXmlName& name, std::uint64_t& stamp) {
-    const Parts parts = spellOut(kind, textOf(spelling));
-    if (!Spelling::accepts(spelling)) {
+void TzXmlNameResolver::resolveAnew(TzXmlNameCache& cache, Kind kind, const TzXmlNameText& spelling,
+                                    TzXmlName& name, std::uint64_t& stamp) {
+    const Parts parts = spellOut(kind, spelling.text());
+    if (!TzXmlSpellingText::accepts(spelling)) {
         name = maker_.make(parts.localName, parts.nameSpace);
         stamp = 0;
         return;
     }
-    auto* entry = &cache.place(spelling);
+    TzXmlNameCache::Entry* entry = &cache.place(spelling);
     if (!entry->spelling.is(spelling)) {
         entry = &cache.take(spelling);
     }
@@ -95,11 +91,6 @@ void TzXmlNameResolver::resolveAnew(TzXmlNameCache<Spelling>& cache, Kind kind,
     name = entry->name;
     stamp = entry->stamp;
 }
-
-template void TzXmlNameResolver::resolveAnew(TzXmlNameCache<TzXmlSpellingText>&, Kind,
-                                             const TzXmlNameText&, TzXmlName&, std::uint64_t&);
-template void TzXmlNameResolver::resolveAnew(TzXmlNameCache<TzXmlSpellingAddress>&, Kind,
-                                             const char* const&, TzXmlName&, std::uint64_t&);
 
 TzXmlNameResolver::Parts TzXmlNameResolver::spellOut(Kind kind, std::string_view spelling) {
     const bool isAttribute = kind == Kind::Attribute;

@@ -3,8 +3,6 @@
 
 #include "xml/TzXmlNameCache.h"
 #include "xml/TzXmlNameText.h"
-#include "xml/TzXmlSpellingAddress.h"
-#include "xml/TzXmlSpellingText.h"
 
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
@@ -42,11 +40,10 @@ public:
     /// Makes `name` the name of the element spelt `spelling`: without prefix in the default
     /// namespace.
     void resolveElement(std::string_view spelling, TzXmlName& name, std::uint64_t& stamp) {
-        resolve(elements_, Kind::Element, TzXmlNameText(spelling), name, stamp);
+        resolve(elements_, Kind::Element, spelling, name, stamp);
     }
-    /// Makes `name` the name of the attribute spelt `spelling`: without prefix in no namespace. One
-    /// address of a spelling must stand for one text throughout.
-    void resolveAttribute(const char* spelling, TzXmlName& name, std::uint64_t& stamp) {
+    /// Makes `name` the name of the attribute spelt `spelling`: without prefix in no namespace.
+    void resolveAttribute(std::string_view spelling, TzXmlName& name, std::uint64_t& stamp) {
         resolve(attributes_, Kind::Attribute, spelling, name, stamp);
     }
 
@@ -71,10 +68,10 @@ private:
         const TzXmlNamespace& nameSpace;
     };
 
-    template <typename Spelling, typename Text>
-    void resolve(TzXmlNameCache<Spelling>& cache, Kind kind, const Text& spelling, TzXmlName& name,
+    void resolve(TzXmlNameCache& cache, Kind kind, std::string_view text, TzXmlName& name,
                  std::uint64_t& stamp) {
-        const auto& entry = cache.place(spelling);
+        const TzXmlNameText spelling(text);
+        const TzXmlNameCache::Entry& entry = cache.place(spelling);
         if (entry.scope != scope_ || !entry.spelling.is(spelling)) {
             resolveAnew(cache, kind, spelling, name, stamp);
         } else if (entry.stamp != stamp) {
@@ -82,8 +79,7 @@ private:
             stamp = entry.stamp;
         }
     }
-    template <typename Spelling, typename Text>
-    void resolveAnew(TzXmlNameCache<Spelling>& cache, Kind kind, const Text& spelling,
+    void resolveAnew(TzXmlNameCache& cache, Kind kind, const TzXmlNameText& spelling,
                      TzXmlName& name, std::uint64_t& stamp);
     Parts spellOut(Kind kind, std::string_view spelling);
     const TzXmlNamespace& bound(std::string_view prefix);
@@ -95,6 +91,6 @@ private:
     std::uint64_t latestStamp_ = 0;
     TzXmlNamespace unbound_;
     TzXmlNameMaker maker_;
-    TzXmlNameCache<TzXmlSpellingText> elements_;
-    TzXmlNameCache<TzXmlSpellingAddress> attributes_;
+    TzXmlNameCache elements_;
+    TzXmlNameCache attributes_;
 };

@@ -17,6 +17,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -30,7 +31,7 @@ constexpr std::size_t UsualDepth = 16;
 
 /// Whether the attribute `spelling` may declare a namespace. Names that begin with "x" are common
 /// ("xsi:type"), those with "xm" are not.
-bool mayDeclare(const char* spelling) noexcept { return spelling[0] == 'x' && spelling[1] == 'm'; }
+bool mayDeclare(std::string_view spelling) noexcept { return spelling.starts_with("xm"); }
 
 /// A declaration of a namespace.
 struct TzXmlDeclaration {
@@ -53,6 +54,8 @@ private:
 /// One parse: turns the events of the source into those of the content handler.
 class TzXmlSAXParser::Session final : public TzXmlEventSink {
 public:
+    using Attributes = std::span<const TzXmlSpelledAttribute>;
+
     Session(TzXmlSAXParser& parser, const TzXmlByteForm& form)
         : parser_(parser), form_(form), transcoder_(form),
           source_(tzMakeExpatSource(*this, form.unit > 1 || form.markLength > 0
@@ -73,9 +76,9 @@ public:
     TzCString source(std::size_t begin, std::size_t end) const;
     const TzXmlNameResolver& names() const noexcept { return resolver_; }
 
-    void declaration(const char* version, const char* encoding, int standalone) override;
+    void declaration(std::string_view version, std::string_view encoding, int standalone) override;
     void documentType() override;
-    void startTag(const char* name, const char* const* attributes) override;
+    void startTag(std::string_view name, Attributes attributes) override;
     void endTag() override;
 
 private:
@@ -91,12 +94,12 @@ private:
     void feedUpTo(std::string_view text, std::size_t crowded);
     void deliverText();
     OpenElement& open();
-    std::size_t declare(const char* const* attributes);
-    std::size_t declareOne(std::string_view spelling, const char* uri);
-    const TzXmlAttributeSet& collect(const char* const* attributes);
-    void collectFew(const char* const* attributes, std::size_t count);
+    std::size_t declare(Attributes attributes);
+    std::size_t declareOne(const TzXmlSpelledAttribute& attribute);
+    const TzXmlAttributeSet& collect(Attributes attributes);
+    void collectFew(Attributes attributes);
     void makeFew(std::size_t count);
-    void collectMany(const char* const* attributes);
+    void collectMany(Attributes attributes);
     bool namesRepeat() const noexcept;
     [[noreturn]] void refuse(const char* reason) const;
     [[noreturn]] void refuseCrowded() const;
@@ -198,13 +201,13 @@ void TzXmlSAXParser::Session::feedUpTo(std::string_view text, std::size_t crowde
     refuseCrowded();
 }
 
-void TzXmlSAXParser::Session::declaration(const char* version, const char* encoding,
+void TzXmlSAXParser::Session::declaration(std::string_view version, std::string_view encoding,
                                           int standalone) {
     ++events_;
-    if (encoding != nullptr && form_.unit == 1 && form_.markLength == 0) {
+    if (form_.unit == 1 && form_.markLength == 0) {
         encoding_ = encoding;
     }
-    const TzXmlProlog prolog(version != nullptr ? version : "", encoding != nullptr ? encoding : "",
+    const TzXmlProlog prolog(TzCString(version), TzCString(encoding),
                              standalone < 0 ? std::nullopt : std::optional(standalone == 1));
     if (parser_.handler_ != nullptr) {
         parser_.handler_->prolog(prolog);
@@ -218,16 +221,15 @@ void TzXmlSAXParser::Session::documentType() {
 // What runs for every element is marked hot here and in the sources that take the events, because
 // the linker keeps hot functions together. Scattered over a megabyte they evict each other from the
 // instruction cache, which costs up to a tenth of the time of reading.
-[[gnu::hot]] void TzXmlSAXParser::Session::startTag(const char* name,
-                                                    const char* const* attributes) {
+[[gnu::hot]] void TzXmlSAXParser::Session::startTag(std::string_view name, Attributes attributes) {
     ++events_;
     if (!text_.empty()) {
         deliverText();
     }
     OpenElement& element = open();
-    element.declarations = *attributes != nullptr ? declare(attributes) : 0;
+    element.declarations = declare(attributes);
     resolver_.resolveElement(name, element.name, element.stamp);
-    const TzXmlAttributeSet& set = *attributes != nullptr ? collect(attributes) : noAttributes_;
+    const TzXmlAttributeSet& set = attributes.empty() ? noAttributes_ : collect(attributes);
     isLeaf_ = true;
     if (parser_.handler_ != nullptr) {
         parser_.handler_->startElement(element.name, set);
@@ -266,17 +268,18 @@ void TzXmlSAXParser::Session::documentType() {
     return elements_[depth_++];
 }
 
-std::size_t TzXmlSAXParser::Session::declare(const char* const* attributes) {
+std::size_t TzXmlSAXParser::Session::declare(Attributes attributes) {
     std::size_t declarations = 0;
-    for (; *attributes != nullptr; attributes += 2) {
-        if (mayDeclare(*attributes)) {
-            declarations += declareOne(attributes[0], attributes[1]);
+    for (const TzXmlSpelledAttribute& attribute : attributes) {
+        if (mayDeclare(attribute.name)) {
+            declarations += declareOne(attribute);
         }
     }
     return declarations;
 }
 
-std::size_t TzXmlSAXParser::Session::declareOne(std::string_view spelling, const char* uri) {
+std::size_t TzXmlSAXParser::Session::declareOne(const TzXmlSpelledAttribute& attribute) {
+    const std::string_view spelling = attribute.name;
     constexpr std::string_view Default = "xmlns";
     constexpr std::string_view Prefixed = "xmlns:";
     const bool prefixed = spelling.starts_with(Prefixed);
@@ -284,7 +287,7 @@ std::size_t TzXmlSAXParser::Session::declareOne(std::string_view spelling, const
         return 0;
     }
     const TzXmlDeclaration declared{
-        prefixed ? spelling.substr(Prefixed.size()) : std::string_view(), uri};
+        prefixed ? spelling.substr(Prefixed.size()) : std::string_view(), attribute.value};
     if (declared.uri.size() > parser_.uriLimit_) {
         refuseBeyond("the URI of a namespace is too long", parser_.uriLimit_);
     }
@@ -297,17 +300,13 @@ std::size_t TzXmlSAXParser::Session::declareOne(std::string_view spelling, const
     return resolver_.declare(declared.prefix, declared.uri);
 }
 
-[[gnu::hot]] const TzXmlAttributeSet&
-TzXmlSAXParser::Session::collect(const char* const* attributes) {
-    std::size_t count = 0;
-    while (attributes[2 * count] != nullptr) {
-        ++count;
-    }
+[[gnu::hot]] const TzXmlAttributeSet& TzXmlSAXParser::Session::collect(Attributes attributes) {
+    const std::size_t count = attributes.size();
     if (count > parser_.attributeLimit_) {
         refuseCrowded();
     }
     if (count <= FewAttributes) {
-        collectFew(attributes, count);
+        collectFew(attributes);
     }
     if (count > FewAttributes || (count > 1 && namesRepeat())) {
         collectMany(attributes);
@@ -316,17 +315,17 @@ TzXmlSAXParser::Session::collect(const char* const* attributes) {
 }
 
 // The attributes of one element are written over those of the one before.
-[[gnu::hot]] void TzXmlSAXParser::Session::collectFew(const char* const* attributes,
-                                                      std::size_t count) {
-    if (stamps_.size() != count) {
-        makeFew(count);
+[[gnu::hot]] void TzXmlSAXParser::Session::collectFew(Attributes attributes) {
+    if (stamps_.size() != attributes.size()) {
+        makeFew(attributes.size());
     }
     TzXmlAttribute* attribute = attributes_.begin();
-    for (std::uint64_t& stamp : stamps_) {
-        resolver_.resolveAttribute(attributes[0], attribute->getName(), stamp);
-        attribute->assignValue(attributes[1]);
+    std::uint64_t* stamp = stamps_.data();
+    for (const TzXmlSpelledAttribute& spelled : attributes) {
+        resolver_.resolveAttribute(spelled.name, attribute->getName(), *stamp);
+        attribute->assignValue(spelled.value);
         ++attribute;
-        attributes += 2;
+        ++stamp;
     }
 }
 
@@ -341,14 +340,14 @@ void TzXmlSAXParser::Session::makeFew(std::size_t count) {
 }
 
 // Of attributes with one name and two spellings the last one is kept.
-void TzXmlSAXParser::Session::collectMany(const char* const* attributes) {
+void TzXmlSAXParser::Session::collectMany(Attributes attributes) {
     attributes_.clear();
     stamps_.clear();
-    for (; *attributes != nullptr; attributes += 2) {
+    for (const TzXmlSpelledAttribute& spelled : attributes) {
         TzXmlName name;
         std::uint64_t stamp = 0;
-        resolver_.resolveAttribute(attributes[0], name, stamp);
-        attributes_.add(std::move(name), attributes[1]);
+        resolver_.resolveAttribute(spelled.name, name, stamp);
+        attributes_.add(std::move(name), TzCString(spelled.value));
     }
 }
 
