@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "xml/TzXmlEventCount.h"
+
 #include <cstddef>
 #include <memory>
 #include <string_view>
@@ -37,7 +39,8 @@ enum class TzXmlKnownEncoding {
     Utf8, ///< UTF-8, whatever the declaration says.
 };
 
-/// An event source on Expat that keeps back the first `skipped` declarations and tags, and the
-/// texts before them. `std::bad_alloc` without memory.
-std::unique_ptr<TzXmlEventSource>
-tzMakeExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding, std::size_t skipped = 0);
+/// An event source on Expat that keeps back the declaration and the tags that were `delivered`, and
+/// the texts before them. `std::bad_alloc` without memory.
+std::unique_ptr<TzXmlEventSource> tzMakeExpatSource(TzXmlEventSink& sink,
+                                                    TzXmlKnownEncoding encoding,
+                                                    const TzXmlEventCount& delivered = {});

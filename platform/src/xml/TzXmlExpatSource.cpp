@@ -80,7 +80,8 @@ unsigned long nextSalt() {
 
 class ExpatSource final : public TzXmlEventSource {
 public:
-    ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding, std::size_t skipped);
+    ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding,
+                const TzXmlEventCount& delivered);
     ~ExpatSource() override;
 
     void feed(std::string_view piece, bool last) override;
@@ -99,7 +100,7 @@ public:
 
 private:
     void deliverFromHere() noexcept;
-    void skipOne() noexcept;
+    void skip(std::string_view name = {}) noexcept;
     std::span<const TzXmlSpelledAttribute> viewed(const char** attributes);
 
     // An exception must not cross the C code: it is kept here and thrown again by feed.
@@ -121,13 +122,14 @@ private:
     static void XMLCALL onEnd(void* data, const char*);
     static void XMLCALL onText(void* data, const char* begin, int length);
     static void XMLCALL skipDeclaration(void* data, const char*, const char*, int);
-    static void XMLCALL skipStart(void* data, const char*, const char**);
+    static void XMLCALL skipStart(void* data, const char* name, const char**);
     static void XMLCALL skipEnd(void* data, const char*);
     static int XMLCALL onEncoding(void* data, const char* name, XML_Encoding* encoding);
 
     Parser parser_;
     TzXmlEventSink& sink_;
-    std::size_t skipped_; // events still to be kept back
+    const TzXmlEventCount delivered_; // not to be delivered again
+    TzXmlEventCount seen_;            // of these
     std::vector<TzXmlSpelledAttribute> attributes_;
     std::exception_ptr failure_;
     std::size_t failedLine_ = 0; // Expat finishes the tag after it was stopped
@@ -137,14 +139,15 @@ private:
     bool ended_ = false; // the whole text was read
 };
 
-ExpatSource::ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding, std::size_t skipped)
+ExpatSource::ExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding,
+                         const TzXmlEventCount& delivered)
     : parser_(makeParser(encoding == TzXmlKnownEncoding::Utf8 ? "UTF-8" : nullptr)), sink_(sink),
-      skipped_(skipped) {
+      delivered_(delivered) {
     XML_SetHashSalt(parser_.get(), nextSalt());
     XML_SetUserData(parser_.get(), this);
     XML_SetStartDoctypeDeclHandler(parser_.get(), onDocumentType);
     XML_SetUnknownEncodingHandler(parser_.get(), onEncoding, this);
-    if (skipped_ == 0) {
+    if (seen_.reached(delivered_)) {
         deliverFromHere();
     } else {
         XML_SetXmlDeclHandler(parser_.get(), skipDeclaration);
@@ -158,9 +161,10 @@ void ExpatSource::deliverFromHere() noexcept {
     XML_SetCharacterDataHandler(parser_.get(), onText);
 }
 
-void ExpatSource::skipOne() noexcept {
+void ExpatSource::skip(std::string_view name) noexcept {
+    seen_.add(name);
     sink_.noteSkipped();
-    if (--skipped_ == 0) {
+    if (seen_.reached(delivered_)) {
         deliverFromHere();
     }
 }
@@ -177,6 +181,9 @@ void ExpatSource::feed(std::string_view piece, bool last) {
         XML_Parse(parser_.get(), piece.data(), static_cast<int>(piece.size()), last ? 1 : 0);
     if (failure_ != nullptr) {
         std::rethrow_exception(failure_);
+    }
+    if (status == XML_STATUS_ERROR || last) {
+        seen_.expectReached(delivered_);
     }
     if (status == XML_STATUS_ERROR) {
         fail();
@@ -245,14 +252,14 @@ std::span<const TzXmlSpelledAttribute> ExpatSource::viewed(const char** attribut
 }
 
 void ExpatSource::skipDeclaration(void* data, const char*, const char*, int) {
-    static_cast<ExpatSource*>(data)->skipOne();
+    static_cast<ExpatSource*>(data)->skip();
 }
 
-void ExpatSource::skipStart(void* data, const char*, const char**) {
-    static_cast<ExpatSource*>(data)->skipOne();
+void ExpatSource::skipStart(void* data, const char* name, const char**) {
+    static_cast<ExpatSource*>(data)->skip(name);
 }
 
-void ExpatSource::skipEnd(void* data, const char*) { static_cast<ExpatSource*>(data)->skipOne(); }
+void ExpatSource::skipEnd(void* data, const char*) { static_cast<ExpatSource*>(data)->skip(); }
 
 int ExpatSource::onEncoding(void* data, const char* name, XML_Encoding* encoding) {
     encoding->data = nullptr;
@@ -272,7 +279,8 @@ int ExpatSource::onEncoding(void* data, const char* name, XML_Encoding* encoding
 
 } // namespace
 
-std::unique_ptr<TzXmlEventSource>
-tzMakeExpatSource(TzXmlEventSink& sink, TzXmlKnownEncoding encoding, std::size_t skipped) {
-    return std::make_unique<ExpatSource>(sink, encoding, skipped);
+std::unique_ptr<TzXmlEventSource> tzMakeExpatSource(TzXmlEventSink& sink,
+                                                    TzXmlKnownEncoding encoding,
+                                                    const TzXmlEventCount& delivered) {
+    return std::make_unique<ExpatSource>(sink, encoding, delivered);
 }

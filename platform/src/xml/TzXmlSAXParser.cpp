@@ -6,7 +6,11 @@
 #include "xml/TzXmlEventSource.h"
 #include "xml/TzXmlNameResolver.h"
 #include "xml/TzXmlPieces.h"
+#include "xml/TzXmlScanner.h"
+#include "xml/TzXmlSourceChoice.h"
+#include "xml/TzXmlSse2Blocks.h"
 #include "xml/TzXmlTagScan.h"
+#include "xml/TzXmlTextPlaces.h"
 #include "xml/TzXmlTranscoder.h"
 
 #include <tz/thread/TzTHRIllegalUsage.h>
@@ -57,10 +61,7 @@ public:
     using Attributes = std::span<const TzXmlSpelledAttribute>;
 
     Session(TzXmlSAXParser& parser, const TzXmlByteForm& form)
-        : parser_(parser), form_(form), transcoder_(form),
-          source_(tzMakeExpatSource(*this, form.unit > 1 || form.markLength > 0
-                                               ? TzXmlKnownEncoding::Utf8
-                                               : TzXmlKnownEncoding::None)) {
+        : parser_(parser), form_(form), transcoder_(form) {
         elements_.reserve(UsualDepth);
         attributes_.reserve(FewAttributes);
         stamps_.reserve(FewAttributes);
@@ -69,10 +70,18 @@ public:
     void read(std::string_view text);
     void readChunk(std::string_view chunk, bool last);
     void begin(std::string_view& text) const;
-    std::size_t line() const noexcept { return source_->line(); }
-    std::size_t column() const noexcept { return source_->column(); }
-    std::size_t eventBegin() const noexcept { return source_->offset(); }
-    std::size_t eventEnd() const noexcept { return source_->offset() + source_->length(); }
+    std::size_t line() const noexcept {
+        return source_ != nullptr ? source_->line() : places_.line();
+    }
+    std::size_t column() const noexcept {
+        return source_ != nullptr ? source_->column() : places_.column();
+    }
+    std::size_t eventBegin() const noexcept {
+        return source_ != nullptr ? source_->offset() : places_.offset();
+    }
+    std::size_t eventEnd() const noexcept {
+        return eventBegin() + (source_ != nullptr ? source_->length() : places_.length());
+    }
     TzCString source(std::size_t begin, std::size_t end) const;
     const TzXmlNameResolver& names() const noexcept { return resolver_; }
 
@@ -88,6 +97,13 @@ private:
         std::size_t declarations = 0;
     };
 
+    TzXmlKnownEncoding knownEncoding() const noexcept {
+        return form_.unit > 1 || form_.markLength > 0 ? TzXmlKnownEncoding::Utf8
+                                                      : TzXmlKnownEncoding::None;
+    }
+    bool scan(std::string_view text);
+    template <typename Blocks> bool scanBy(std::string_view text);
+    void readByExpat(std::string_view text);
     void feed(std::string_view text);
     bool hasToWait(std::size_t size) const noexcept;
     void give(std::string_view text, bool last);
@@ -113,6 +129,7 @@ private:
     std::size_t given_ = 0;  // bytes that it got
     std::string_view whole_; // what the source is fed
     TzCString encoding_;     // of it, as it declares; "" for UTF-8
+    TzXmlTextPlaces places_; // while there is no source
     std::unique_ptr<TzXmlEventSource> source_;
     TzXmlNameResolver resolver_;
     std::vector<OpenElement> elements_; // the first depth_ are open, the others lend their memory
@@ -137,6 +154,32 @@ void TzXmlSAXParser::Session::read(std::string_view text) {
         text = transcoder_.convert(text, true);
     }
     whole_ = text;
+    const bool mayScan = form_.unit == 1 && parser_.choice_ != TzXmlSourceChoice::Expat;
+    if (!mayScan || !scan(text)) {
+        readByExpat(text);
+    }
+}
+
+/// Whether the scanner reads the whole text.
+bool TzXmlSAXParser::Session::scan(std::string_view text) {
+    return parser_.choice_ == TzXmlSourceChoice::Words ? scanBy<TzXmlWordBlocks>(text)
+                                                       : scanBy<TzXmlScanBlocks>(text);
+}
+
+template <typename Blocks> bool TzXmlSAXParser::Session::scanBy(std::string_view text) {
+    TzXmlScanner<Blocks> scanner(text, knownEncoding(), parser_.attributeLimit_, *this, places_);
+    if (scanner.read() == TzXmlScanVerdict::Finished) {
+        return true;
+    }
+    restartText();
+    source_ = tzMakeExpatSource(*this, knownEncoding(), scanner.delivered());
+    return false;
+}
+
+void TzXmlSAXParser::Session::readByExpat(std::string_view text) {
+    if (source_ == nullptr) {
+        source_ = tzMakeExpatSource(*this, knownEncoding());
+    }
     const std::size_t crowded = TzXmlTagScan(text).findCrowded(parser_.attributeLimit_);
     if (crowded == TzXmlTagScan::None) {
         feed(text);
@@ -146,6 +189,9 @@ void TzXmlSAXParser::Session::read(std::string_view text) {
 }
 
 void TzXmlSAXParser::Session::readChunk(std::string_view chunk, bool last) {
+    if (source_ == nullptr) {
+        source_ = tzMakeExpatSource(*this, knownEncoding());
+    }
     if (form_.unit > 1) {
         cutUnit_.append(chunk);
         const std::size_t whole =

@@ -12,6 +12,8 @@
 
 class TzXmlContentHandler;
 class TzXmlNamespace;
+struct TzXmlSourceChooser;
+enum class TzXmlSourceChoice : std::uint8_t;
 
 /// Reads XML text and reports its events to a content handler.
 ///
@@ -110,6 +112,7 @@ public:
     std::size_t getColumn() const noexcept;
 
 private:
+    friend struct TzXmlSourceChooser; // of tests
     class Session;
     struct Fed;
 
@@ -123,6 +126,7 @@ private:
     std::size_t prefixLimit_ = DefaultPrefixLimit;
     std::size_t line_ = 0;
     std::size_t column_ = 0;
+    TzXmlSourceChoice choice_{};
     Session* session_ = nullptr; // set while it reads
     std::unique_ptr<Fed> fed_;   // the document that comes in chunks
 };
