@@ -86,16 +86,20 @@ public:
 
     void feed(std::string_view piece, bool last) override;
     std::size_t line() const noexcept override {
-        return failure_ != nullptr ? failedLine_ : XML_GetCurrentLineNumber(parser_.get());
+        return failure_ != nullptr ? failed_.line : XML_GetCurrentLineNumber(parser_.get());
     }
     std::size_t column() const noexcept override {
-        return failure_ != nullptr ? failedColumn_ : XML_GetCurrentColumnNumber(parser_.get()) + 1;
+        return failure_ != nullptr ? failed_.column : XML_GetCurrentColumnNumber(parser_.get()) + 1;
     }
     std::size_t offset() const noexcept override {
-        return static_cast<std::size_t>(XML_GetCurrentByteIndex(parser_.get()));
+        return failure_ != nullptr
+                   ? failed_.offset
+                   : static_cast<std::size_t>(XML_GetCurrentByteIndex(parser_.get()));
     }
     std::size_t length() const noexcept override {
-        return static_cast<std::size_t>(XML_GetCurrentByteCount(parser_.get()));
+        return failure_ != nullptr
+                   ? failed_.length
+                   : static_cast<std::size_t>(XML_GetCurrentByteCount(parser_.get()));
     }
 
 private:
@@ -132,8 +136,12 @@ private:
     TzXmlEventCount seen_;            // of these
     std::vector<TzXmlSpelledAttribute> attributes_;
     std::exception_ptr failure_;
-    std::size_t failedLine_ = 0; // Expat finishes the tag after it was stopped
-    std::size_t failedColumn_ = 0;
+    struct {
+        std::size_t line = 0;
+        std::size_t column = 0;
+        std::size_t offset = 0;
+        std::size_t length = 0;
+    } failed_;            // the event that failed: Expat goes on to the next one when it is stopped
     std::size_t fed_ = 0; // bytes so far
     TzCString unknownEncoding_;
     bool ended_ = false; // the whole text was read
@@ -193,8 +201,7 @@ void ExpatSource::feed(std::string_view piece, bool last) {
 }
 
 void ExpatSource::stop(std::exception_ptr failure) noexcept {
-    failedLine_ = line();
-    failedColumn_ = column();
+    failed_ = {line(), column(), offset(), length()};
     failure_ = std::move(failure);
     // Expat still ends the element of an empty-element tag after it was stopped.
     XML_SetElementHandler(parser_.get(), nullptr, nullptr);

@@ -101,9 +101,9 @@ private:
         return form_.unit > 1 || form_.markLength > 0 ? TzXmlKnownEncoding::Utf8
                                                       : TzXmlKnownEncoding::None;
     }
-    bool scan(std::string_view text);
-    template <typename Blocks> bool scanBy(std::string_view text);
-    void readByExpat(std::string_view text);
+    bool scan(std::string_view text, std::size_t attributeLimit);
+    template <typename Blocks> bool scanBy(std::string_view text, std::size_t attributeLimit);
+    void readByExpat(std::string_view text, std::size_t attributeLimit);
     void feed(std::string_view text);
     bool hasToWait(std::size_t size) const noexcept;
     void give(std::string_view text, bool last);
@@ -155,19 +155,23 @@ void TzXmlSAXParser::Session::read(std::string_view text) {
     }
     whole_ = text;
     const bool mayScan = form_.unit == 1 && parser_.choice_ != TzXmlSourceChoice::Expat;
-    if (!mayScan || !scan(text)) {
-        readByExpat(text);
+    // A handler may set another limit, for the next text.
+    const std::size_t attributeLimit = parser_.attributeLimit_;
+    if (!mayScan || !scan(text, attributeLimit)) {
+        readByExpat(text, attributeLimit);
     }
 }
 
 /// Whether the scanner reads the whole text.
-bool TzXmlSAXParser::Session::scan(std::string_view text) {
-    return parser_.choice_ == TzXmlSourceChoice::Words ? scanBy<TzXmlWordBlocks>(text)
-                                                       : scanBy<TzXmlScanBlocks>(text);
+bool TzXmlSAXParser::Session::scan(std::string_view text, std::size_t attributeLimit) {
+    return parser_.choice_ == TzXmlSourceChoice::Words
+               ? scanBy<TzXmlWordBlocks>(text, attributeLimit)
+               : scanBy<TzXmlScanBlocks>(text, attributeLimit);
 }
 
-template <typename Blocks> bool TzXmlSAXParser::Session::scanBy(std::string_view text) {
-    TzXmlScanner<Blocks> scanner(text, knownEncoding(), parser_.attributeLimit_, *this, places_);
+template <typename Blocks>
+bool TzXmlSAXParser::Session::scanBy(std::string_view text, std::size_t attributeLimit) {
+    TzXmlScanner<Blocks> scanner(text, knownEncoding(), attributeLimit, *this, places_);
     if (scanner.read() == TzXmlScanVerdict::Finished) {
         return true;
     }
@@ -176,11 +180,11 @@ template <typename Blocks> bool TzXmlSAXParser::Session::scanBy(std::string_view
     return false;
 }
 
-void TzXmlSAXParser::Session::readByExpat(std::string_view text) {
+void TzXmlSAXParser::Session::readByExpat(std::string_view text, std::size_t attributeLimit) {
     if (source_ == nullptr) {
         source_ = tzMakeExpatSource(*this, knownEncoding());
     }
-    const std::size_t crowded = TzXmlTagScan(text).findCrowded(parser_.attributeLimit_);
+    const std::size_t crowded = TzXmlTagScan(text).findCrowded(attributeLimit);
     if (crowded == TzXmlTagScan::None) {
         feed(text);
     } else {

@@ -25,7 +25,7 @@ std::string_view readAttribute(TzXmlScanCursor& cursor, std::string_view name) n
     }
     const std::string_view value = ahead.rest().substr(0, ahead.rest().find(quote));
     ahead.skip(value.size());
-    if (!ahead.pass(quote)) {
+    if (value.empty() || !ahead.pass(quote)) {
         return {};
     }
     cursor = ahead;

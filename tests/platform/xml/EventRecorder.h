@@ -7,6 +7,8 @@
 #include <tz/xml/TzXmlParseError.h>
 #include <tz/xml/TzXmlSAXParser.h>
 
+#include "platform/xml/TestedParser.h"
+
 #include <string>
 #include <string_view>
 #include <typeinfo>
@@ -42,7 +44,7 @@ public:
 /// The events of `text`.
 inline Events eventsOf(std::string_view text) {
     EventRecorder recorder;
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setContentHandler(&recorder);
     parser.parse(text);
     return recorder.events;
@@ -70,6 +72,6 @@ inline std::string refusal(TzXmlSAXParser& parser, std::string_view text) {
 
 /// Reads `text` with a new parser and returns "line:column message" of the error.
 inline std::string refusal(std::string_view text) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     return refusal(parser, text);
 }

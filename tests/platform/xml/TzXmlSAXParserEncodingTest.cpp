@@ -226,7 +226,7 @@ TEST(TzXmlSAXParserEncoding, RefusesEncodingsItCannotRead) {
 }
 
 TEST(TzXmlSAXParserEncoding, SaysWhichEncodingItCannotRead) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     try {
         parser.parse(declared("no-such-encoding", "x"));
         ADD_FAILURE() << "accepted";

@@ -38,7 +38,7 @@ std::string latin1() { return "<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE
 /// What came of a text: its events, and the error's text after them if there was one.
 Events outcome(const auto& read) {
     EventRecorder recorder;
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setContentHandler(&recorder);
     try {
         read(parser);
@@ -105,7 +105,7 @@ TEST(TzXmlSAXParserFeed, ErrorsAreThoseOfTheWholeText) {
 
 TEST(TzXmlSAXParserFeed, EventsComeBeforeTheEnd) {
     EventRecorder recorder;
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setContentHandler(&recorder);
     parser.feed("<orders><order/>");
     EXPECT_EQ(recorder.events, (Events{"<orders>", "<order>", "[]", "</order>"}));
@@ -120,7 +120,7 @@ TEST(TzXmlSAXParserFeed, EventsHaveTheirPlaceInTheWholeDocument) {
         }
         TzXmlSAXParser* parser = nullptr;
     } recorder;
-    TzXmlSAXParser parser;
+    TestedParser parser;
     recorder.parser = &parser;
     parser.setContentHandler(&recorder);
     for (const char* chunk : {"<a>\n\n <b", ">x", "</b", ">\n</a>"}) {
@@ -150,7 +150,7 @@ TEST(TzXmlSAXParserFeed, LimitsHold) {
 
 TEST(TzXmlSAXParserFeed, AfterAnErrorAnotherDocumentBegins) {
     EventRecorder recorder;
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setContentHandler(&recorder);
     EXPECT_THROW(parser.feed("<a></b>        "), TzXmlParseError);
     EXPECT_EQ(parser.getColumn(), 6U);
@@ -162,7 +162,7 @@ TEST(TzXmlSAXParserFeed, AfterAnErrorAnotherDocumentBegins) {
 
 TEST(TzXmlSAXParserFeed, ADocumentMayBeGivenUp) {
     EventRecorder recorder;
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setContentHandler(&recorder);
     parser.feed("<a>            ");
     parser.abandon();
@@ -184,7 +184,7 @@ TEST(TzXmlSAXParserFeed, IsRefusedWithinAnEvent) {
         }
         TzXmlSAXParser* parser = nullptr;
     } recorder;
-    TzXmlSAXParser parser;
+    TestedParser parser;
     recorder.parser = &parser;
     parser.setContentHandler(&recorder);
     parser.feed("<a/>        ");
@@ -196,7 +196,7 @@ TEST(TzXmlSAXParserFeed, IsRefusedWithinAnEvent) {
 // Looked at from its beginning with every byte, the tag would take hours.
 TEST(TzXmlSAXParserFeed, ALongTagInSmallChunks) {
     EventRecorder recorder;
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setContentHandler(&recorder);
     const std::string value(std::size_t{4} << 20, 'x');
     for (const char byte : "<a v='" + value + "'/>") {

@@ -57,7 +57,7 @@ Counter counted(TzXmlSAXParser& parser, std::string_view text) {
 }
 
 Counter counted(std::string_view text) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     return counted(parser, text);
 }
 
@@ -103,7 +103,7 @@ void parseDamaged(TzXmlSAXParser& parser, const std::string& text) {
 } // namespace
 
 TEST(TzXmlSAXParserHostile, TextCutAtEveryByteIsRefused) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     const std::size_t end = Sample.rfind('>');
     for (std::size_t size = 0; size <= end; ++size) {
         EXPECT_NE(refusal(parser, Sample.substr(0, size)), "") << size;
@@ -118,7 +118,7 @@ TEST(TzXmlSAXParserHostile, WideTextCutAtEveryByteIsRefused) {
         wide += byte;
         wide += '\0';
     }
-    TzXmlSAXParser parser;
+    TestedParser parser;
     for (std::size_t size = 0; size < wide.size(); ++size) {
         EXPECT_NE(refusal(parser, wide.substr(0, size)), "") << size;
     }
@@ -126,7 +126,7 @@ TEST(TzXmlSAXParserHostile, WideTextCutAtEveryByteIsRefused) {
 }
 
 TEST(TzXmlSAXParserHostile, EveryByteReplacedByEveryInterestingOne) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     for (std::size_t place = 0; place < Sample.size(); ++place) {
         for (const char byte : "\0\x01\x7F\x80\xBF\xC0\xE2\xF0\xFE\xFF<>&'\"=/!?-[]: \nax;"s) {
             std::string text = Sample;
@@ -141,7 +141,7 @@ TEST(TzXmlSAXParserHostile, RandomDamageIsSurvived) {
     const auto below = [&random](std::size_t limit) {
         return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
     };
-    TzXmlSAXParser parser;
+    TestedParser parser;
     for (int round = 0; round < 20'000; ++round) {
         std::string text = Sample;
         for (std::size_t change = below(4) + 1; change > 0; --change) {
@@ -169,7 +169,7 @@ TEST(TzXmlSAXParserHostile, RandomDamageIsSurvived) {
 TEST(TzXmlSAXParserHostile, DeepNestingIsRefusedUnlessAllowed) {
     constexpr std::size_t Depth = 100'000;
     const std::string text = repeated("<a>", Depth) + repeated("</a>", Depth);
-    TzXmlSAXParser parser;
+    TestedParser parser;
     EXPECT_EQ(refusal(parser, text), "1:3001 elements are nested too deeply");
     EXPECT_EQ(refusal(parser, repeated("<a>\n", Depth)), "1001:1 elements are nested too deeply");
     parser.setDepthLimit(Depth);
@@ -186,7 +186,7 @@ TEST(TzXmlSAXParserHostile, DeepNestingWithDeclarationsOnEachLevel) {
     for (std::size_t i = 0; i < Depth; ++i) {
         text += "<p:a xmlns:p='u" + std::to_string(i) + "'>";
     }
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setDepthLimit(Depth);
     const Counter counter = counted(parser, text + repeated("</p:a>", Depth));
     EXPECT_EQ(counter.deepest, Depth);
@@ -199,7 +199,7 @@ TEST(TzXmlSAXParserHostile, ManyAttributes) {
     for (std::size_t i = 0; i < Count; ++i) {
         text += " a" + std::to_string(i) + "='1'";
     }
-    TzXmlSAXParser parser;
+    TestedParser parser;
     EXPECT_EQ(counted(parser, text + "/>").attributeCount, Count);
     parser.setAttributeLimit(Count - 1);
     EXPECT_EQ(refusal(parser, text + "/>"), "1:1 an element has too many attributes");
@@ -208,7 +208,7 @@ TEST(TzXmlSAXParserHostile, ManyAttributes) {
 
 TEST(TzXmlSAXParserHostile, ErrorsBeforeATagWithManyAttributesComeFirst) {
     const std::string crowded = "<b" + repeated(" x=''", 20) + "/>";
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setAttributeLimit(10);
     EXPECT_EQ(refusal(parser, "<a>\n " + crowded + "</a>"),
               "2:2 an element has too many attributes");
@@ -223,7 +223,7 @@ TEST(TzXmlSAXParserHostile, ErrorsBeforeATagWithManyAttributesComeFirst) {
 
 TEST(TzXmlSAXParserHostile, EventsBeforeATagWithManyAttributesAreReported) {
     EventRecorder recorder;
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setContentHandler(&recorder);
     parser.setAttributeLimit(1);
     refusal(parser, "<a>text<b x='1'/><c x='1' y='2'/>" + std::string(200, ' ') + "</a>");
@@ -236,7 +236,7 @@ TEST(TzXmlSAXParserHostile, WideTextsHaveTheSameAttributeLimit) {
         for (const char32_t* at = text; *at != 0; ++at) {
             wide += {'\0', static_cast<char>(*at)};
         }
-        TzXmlSAXParser parser;
+        TestedParser parser;
         parser.setAttributeLimit(2);
         EXPECT_EQ(refusal(parser, wide), "1:4 an element has too many attributes");
         parser.setAttributeLimit(3);
@@ -256,7 +256,7 @@ TEST(TzXmlSAXParserHostileDeathTest, AttributesBeyondTheLimitTakeNoMemory) {
         struct rusage usage {};
         getrusage(RUSAGE_SELF, &usage);
         const long before = usage.ru_maxrss;
-        TzXmlSAXParser parser;
+        TestedParser parser;
         parser.setAttributeLimit(10);
         EXPECT_EQ(refusal(parser, text), "2:1 an element has too many attributes");
         getrusage(RUSAGE_SELF, &usage);
@@ -314,7 +314,7 @@ TEST(TzXmlSAXParserHostile, EverNewNamesAndPrefixesTakeBoundedMemory) {
         const std::string name = "name-that-is-too-long-to-be-kept-in-place-" + std::to_string(i);
         text += "<" + name + ":" + name + " xmlns:" + name + "='u' " + name + "='1'/>";
     }
-    TzXmlSAXParser parser;
+    TestedParser parser;
     counted(parser, "<w:a xmlns:w='w' w:b='c'/>"); // statics are made at their first use
     const std::ptrdiff_t before = liveAllocations();
     const Counter counter = counted(parser, text + "</a>");
@@ -330,7 +330,7 @@ TEST(TzXmlSAXParserHostile, ElementsTakeNoAllocationsOfTheirOwn) {
                                           "<c a='1' b='2'/><d/>",
                                           count) +
                                  "</p:a>";
-        TzXmlSAXParser parser;
+        TestedParser parser;
         Counter counter;
         parser.setContentHandler(&counter);
         const std::size_t before = madeAllocations();
@@ -347,7 +347,7 @@ TEST(TzXmlSAXParserHostile, RepeatedDeclarationsTakeNoAllocationsOfTheirOwn) {
             "<a>" + repeated("<p:b xmlns:p='a-uri-that-is-too-long-to-be-kept-in-place'/>", count) +
             "</a>";
         const std::size_t before = madeAllocations();
-        TzXmlSAXParser().parse(text);
+        TestedParser().parse(text);
         return madeAllocations() - before;
     };
     EXPECT_LT(made(10'000), made(10) + 10);
@@ -394,7 +394,7 @@ TEST(TzXmlSAXParserHostile, EveryLengthOfNamesIsToldApart) {
 TEST(TzXmlSAXParserHostile, EachFailedAllocationArrivesAndNothingIsLost) {
     const std::string text = Sample.substr(0, Sample.size() - 1) + repeated(" ", 1000) + "\n";
     const auto parse = [&text] {
-        TzXmlSAXParser parser;
+        TestedParser parser;
         Counter counter;
         parser.setContentHandler(&counter);
         parser.parse(text);
@@ -403,7 +403,7 @@ TEST(TzXmlSAXParserHostile, EachFailedAllocationArrivesAndNothingIsLost) {
 }
 
 TEST(TzXmlSAXParserHostile, ParserIsUsableAfterAFailedAllocation) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     for (std::size_t nth = 1; nth < 30; ++nth) {
         {
             const AllocationFailure failure(nth);
@@ -415,4 +415,12 @@ TEST(TzXmlSAXParserHostile, ParserIsUsableAfterAFailedAllocation) {
         }
         EXPECT_EQ(counted(parser, Sample).ends, 5U);
     }
+}
+
+TEST(TzXmlSAXParserHostile, AMistakeBeforeACrowdedTagIsReportedItself) {
+    TestedParser parser;
+    parser.setAttributeLimit(1);
+    EXPECT_EQ(refusal(parser, "<a xmlns:p='http://www.w3.org/XML/1998/namespace'><b x='' y=''/>"),
+              "1:1 xml, xmlns and their namespaces are bound to each other only");
+    EXPECT_EQ(refusal(parser, "<a><b x='' y=''/>"), "1:4 an element has too many attributes");
 }

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/xml/TestedParser.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -37,7 +39,7 @@ private:
 } // namespace
 
 TEST(TzXmlSAXParser, TellsWhatPrefixesStandForAndWhenThatChanges) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     ScopeWatcher watcher(parser);
     parser.setContentHandler(&watcher);
     parser.parse("<r><a xmlns:p='1'><b/><c xmlns:p='1'/><d xmlns:p='2'/><e/></a><f/><g "

@@ -73,7 +73,7 @@ TEST(TzXmlSAXParser, IgnoresTheDeclarationUnlessTheHandlerWantsIt) {
         void characters(const TzCString&) override {}
         int starts = 0;
     } handler;
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setContentHandler(&handler);
     parser.parse("<?xml version='1.0'?><a/>");
     EXPECT_EQ(handler.starts, 1);
@@ -161,7 +161,7 @@ TEST(TzXmlSAXParser, SplitsNamesAtTheFirstColon) {
         void characters(const TzCString&) override {}
         std::vector<TzXmlName>& list_;
     } handler(names);
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setContentHandler(&handler);
     parser.parse("<a:b:c xmlns:a='u' xmlns='d' :x='1'><:Body/></a:b:c>");
     ASSERT_EQ(names.size(), 5U);
@@ -191,7 +191,7 @@ TEST(TzXmlSAXParser, DeclarationsAreAttributesOfTheirOwnNamespace) {
         void characters(const TzCString&) override {}
         TzXmlAttributeSet list;
     } handler;
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setContentHandler(&handler);
     parser.parse("<a xmlns:p='u' p='1' xmlns='d' xmlnsx='2'/>");
     const TzXmlAttributeSet& list = handler.list;
@@ -220,7 +220,7 @@ TEST(TzXmlSAXParser, NamesUnderOneDeclarationShareItsRecord) {
         void characters(const TzCString&) override {}
         std::vector<TzXmlName> names;
     } handler;
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setContentHandler(&handler);
     parser.parse("<p:a xmlns:p='u'><p:b p:x='1'/><p:c xmlns:q='v'><p:d/></p:c></p:a>");
     ASSERT_EQ(handler.names.size(), 5U);
@@ -297,14 +297,14 @@ TEST(TzXmlSAXParser, ElementWithoutContentHasOneEmptyText) {
 }
 
 TEST(TzXmlSAXParser, HasNoHandlerAtFirst) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     EXPECT_EQ(parser.getContentHandler(), nullptr);
     parser.parse("<?xml version='1.0'?><a x='1'>text</a>");
     EXPECT_EQ(refusal(parser, "<a>"), "1:4 no element found");
 }
 
 TEST(TzXmlSAXParser, HandlerChangedInsideAnEventGetsTheNextOne) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     EventRecorder second;
     HookedRecorder first([&](const std::string& event) {
         if (event == "start b") {
@@ -320,7 +320,7 @@ TEST(TzXmlSAXParser, HandlerChangedInsideAnEventGetsTheNextOne) {
 
 TEST(TzXmlSAXParser, HandlerChangedInTextGetsTheTagBehindIt) {
     for (const char* text : {"<a>1<b/></a>", "<a><b/></a>"}) {
-        TzXmlSAXParser parser;
+        TestedParser parser;
         EventRecorder second;
         HookedRecorder first([&](const std::string& event) {
             if (event == "text") {
@@ -336,7 +336,7 @@ TEST(TzXmlSAXParser, HandlerChangedInTextGetsTheTagBehindIt) {
 }
 
 TEST(TzXmlSAXParser, HandlerMayBeTakenAwayInsideAnEvent) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     HookedRecorder recorder([&](const std::string& event) {
         if (event == "start b") {
             parser.setContentHandler(nullptr);
@@ -356,7 +356,7 @@ TEST(TzXmlSAXParser, ErrorOfAHandlerGetsThePlaceOfTheEvent) {
                 throw TzBadValueError("bad");
             }
         });
-        TzXmlSAXParser parser;
+        TestedParser parser;
         parser.setContentHandler(&recorder);
         try {
             parser.parse("<a>\n <b/></a>");
@@ -371,7 +371,7 @@ TEST(TzXmlSAXParser, ErrorOfAHandlerGetsThePlaceOfTheEvent) {
 TEST(TzXmlSAXParser, ErrorOfAHandlerKeepsAPlaceOfItsOwn) {
     HookedRecorder recorder(
         [](const std::string&) { throw TzXmlParseError(TzMessage("bad"), "", 7, 8); });
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setContentHandler(&recorder);
     try {
         parser.parse("<a/>");
@@ -386,7 +386,7 @@ TEST(TzXmlSAXParser, WhatAHandlerThrowsArrives) {
         using std::runtime_error::runtime_error;
     };
     for (const char* place : {"prolog", "start a", "text", "start b", "end b", "end a"}) {
-        TzXmlSAXParser parser;
+        TestedParser parser;
         std::size_t later = 0;
         bool thrown = false;
         HookedRecorder recorder([&](const std::string& event) {
@@ -413,7 +413,7 @@ TEST(TzXmlSAXParser, WhatAHandlerThrowsArrives) {
 }
 
 TEST(TzXmlSAXParser, PlaceOfAThrowingEventIsKept) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     HookedRecorder recorder([](const std::string& event) {
         if (event == "start c") {
             throw std::runtime_error("no");
@@ -426,7 +426,7 @@ TEST(TzXmlSAXParser, PlaceOfAThrowingEventIsKept) {
 }
 
 TEST(TzXmlSAXParser, ParsingWhileParsingIsRefused) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     std::string refused;
     HookedRecorder recorder([&](const std::string& event) {
         if (event == "start b") {
@@ -441,7 +441,7 @@ TEST(TzXmlSAXParser, ParsingWhileParsingIsRefused) {
 
 TEST(TzXmlSAXParser, AnotherParserMayParseInsideAnEvent) {
     Events inner;
-    TzXmlSAXParser parser;
+    TestedParser parser;
     HookedRecorder recorder([&](const std::string& event) {
         if (event == "text") {
             inner = eventsOf("<x/>");
@@ -454,7 +454,7 @@ TEST(TzXmlSAXParser, AnotherParserMayParseInsideAnEvent) {
 }
 
 TEST(TzXmlSAXParser, KnowsThePlaceOfEachEvent) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     std::vector<std::string> places;
     HookedRecorder recorder([&](const std::string& event) {
         places.push_back(event + " " + std::to_string(parser.getLine()) + ":" +
@@ -512,7 +512,7 @@ TEST(TzXmlSAXParser, RefusesWhatIsNotWellFormed) {
 }
 
 TEST(TzXmlSAXParser, EventsBeforeTheErrorAreTold) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     EventRecorder recorder;
     parser.setContentHandler(&recorder);
     EXPECT_EQ(refusal(parser, "<a>1<b/>2</c>"), "1:12 mismatched tag");
@@ -530,7 +530,7 @@ TEST(TzXmlSAXParser, LimitsDepth) {
         }
         return text;
     };
-    TzXmlSAXParser parser;
+    TestedParser parser;
     EXPECT_EQ(parser.getDepthLimit(), 1000U);
     parser.parse(nested(1000));
     EXPECT_EQ(refusal(parser, nested(1001)), "1:3001 elements are nested too deeply");
@@ -543,7 +543,7 @@ TEST(TzXmlSAXParser, LimitsDepth) {
 }
 
 TEST(TzXmlSAXParser, LimitsAttributes) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     EXPECT_EQ(parser.getAttributeLimit(), 200000U);
     parser.setAttributeLimit(2);
     EXPECT_EQ(parser.getAttributeLimit(), 2U);

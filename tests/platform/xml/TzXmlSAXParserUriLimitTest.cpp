@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/xml/TestedParser.h"
+
 #include <string>
 
 namespace {
@@ -15,14 +17,14 @@ std::string declaring(const char* name, std::size_t length) {
 } // namespace
 
 TEST(TzXmlSAXParserUriLimit, IsGenerousUnlessSet) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     EXPECT_EQ(parser.getUriLimit(), 2048U);
     parser.setUriLimit(7);
     EXPECT_EQ(parser.getUriLimit(), 7U);
 }
 
 TEST(TzXmlSAXParserUriLimit, RefusesLongerDeclarationsWithTheirPlace) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     parser.setUriLimit(100);
     for (const char* name : {"xmlns", "xmlns:p"}) {
         EXPECT_NO_THROW(parser.parse(declaring(name, 100))) << name;
@@ -42,7 +44,7 @@ TEST(TzXmlSAXParserUriLimit, RefusesLongerDeclarationsWithTheirPlace) {
 }
 
 TEST(TzXmlSAXParserPrefixLimit, RefusesLongerDeclaredPrefixesWithTheirPlace) {
-    TzXmlSAXParser parser;
+    TestedParser parser;
     EXPECT_EQ(parser.getPrefixLimit(), 128U);
     const auto declaring = [](std::size_t length) {
         return "<a>\n <b xmlns:" + std::string(length, 'p') + "='u'/></a>";
