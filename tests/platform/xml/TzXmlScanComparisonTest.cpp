@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/Instrumented.h"
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -13,14 +15,6 @@
 #include <vector>
 
 namespace {
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool IsSlow = true;
-#elif defined(__has_feature)
-constexpr bool IsSlow = __has_feature(address_sanitizer);
-#else
-constexpr bool IsSlow = false;
-#endif
 
 /// `part` repeated.
 std::string times(std::size_t count, std::string_view part) {
@@ -48,7 +42,7 @@ void expectRefused(const std::string& text, const ScanTerms& terms = {}) {
 } // namespace
 
 TEST(TzXmlScanComparison, MadeTextsAndTheirMutations) {
-    const std::size_t wanted = IsSlow ? 4'000 : 60'000;
+    const std::size_t wanted = Instrumented ? 4'000 : 60'000;
     ScanTexts texts(16);
     ScanComparison comparison;
     std::size_t accepted = 0;
@@ -78,7 +72,7 @@ TEST(TzXmlScanComparison, SamplesAndTheirMutations) {
             std::ifstream file(entry.path(), std::ios::binary);
             const std::string sample(std::istreambuf_iterator<char>(file), {});
             ASSERT_EQ(comparison.differences(sample, {}), "") << entry.path();
-            for (int i = 0; i < (IsSlow ? 2 : 40); ++i) {
+            for (int i = 0; i < (Instrumented ? 2 : 40); ++i) {
                 const std::string& text = texts.spoil(sample);
                 ASSERT_EQ(comparison.differences(text, {}), "") << entry.path() << "\n" << text;
             }
