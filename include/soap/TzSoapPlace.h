@@ -101,6 +101,7 @@ private:
     TzSoapPlace(const TzSoapPlace& parent, const TzSoapType& member, const TzSoapFieldRow& row);
 
     void noteRepeated(std::size_t cost) const;
+    void noteRepeatedHeld() const;
     void visitMembers(Visitor visitor, const void* data) const;
     bool hasNoContent() const;
     void requireMembers(const char* wanted, bool arrays) const;

@@ -15,6 +15,7 @@
 #include "service/TzSoapMembers.h"
 #include "service/TzSoapTextForms.h"
 #include "values/TzSoapFollow.h"
+#include "values/TzSoapHeldValues.h"
 #include "view/TzSoapViewPath.h"
 
 #include <optional>
@@ -192,7 +193,29 @@ TzSoapType TzSoapPlace::getValue() const {
     if (content_ == nullptr) {
         refuse("there is no value");
     }
+    if (isRepeated_) {
+        noteRepeatedHeld();
+    }
     return TzSoapAccess::share<TzSoapType>(const_cast<TzSoapTypeImp&>(*content_));
+}
+
+// Whoever takes a value may copy or write all of it.
+void TzSoapPlace::noteRepeatedHeld() const {
+    std::vector<const TzSoapTypeImp*> waiting{content_};
+    while (!waiting.empty()) {
+        const TzSoapTypeImp& next = *waiting.back();
+        waiting.pop_back();
+        if (next.getSoapTypeId() == TzSoapContentBase::Reference) {
+            continue;
+        }
+        // The values are only looked at.
+        TzSoapHeldValues::forEachHeld(const_cast<TzSoapTypeImp&>(next),
+                                      [&](const TzSoapType& held) {
+                                          const TzSoapTypeImp& body = TzSoapAccess::body(held);
+                                          noteRepeated(1 + costOf(body));
+                                          waiting.push_back(&body);
+                                      });
+    }
 }
 
 void TzSoapPlace::visitMembers(Visitor visitor, const void* data) const {

@@ -61,6 +61,11 @@ TEST(TzSoapPlace, ReferencesDoNotRepeatPositionsWithoutItem) {
               TooMany);
 }
 
+TEST(TzSoapPlace, ReferencesDoNotRepeatValuesThatAreTakenWhole) {
+    EXPECT_EQ(refusedRepeating<TzSoapType>("<x id='1'><y>" + times(2000, "<z/>") + "</y></x>"),
+              TooMany);
+}
+
 TEST(TzSoapPlace, ReferencesMayShareAText) {
     const TzSoapView view =
         encoded(references(1000, "<x id='1'>" + std::string(1000, 'a') + "</x>"));
