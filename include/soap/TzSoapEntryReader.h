@@ -72,8 +72,9 @@ public:
 
     /// The style that texts are read in from the next one on; `TzSoapStyle::Literal` unless set.
     void setStyle(TzSoapStyle style) noexcept;
-    /// What is accepted from the next text on; `unfilledArrayPositions` holds for each record. The
-    /// limit of attributes is kept after a tag was read, which the record limit bounds.
+    /// What is accepted from the next text on; `unfilledArrayPositions` holds for all records of a
+    /// text together, as in a message. The limit of attributes is kept after a tag was read, which
+    /// the record limit bounds.
     void setReadLimits(const TzSoapReadLimits& limits) noexcept;
     /// Refuses records, header entries and tags, comments or texts between records of more than
     /// `bytes` bytes from the next text on; looked at every 64 KiB. More is a `TzXmlParseError`.

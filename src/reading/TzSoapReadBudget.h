@@ -16,6 +16,11 @@ public:
         : unfilledLimit_(sum(limits.unfilledArrayPositions, textSize)),
           unfilledPositions_(unfilledLimit_), uriLength_(limits.uriLength) {}
 
+    /// The text is longer by so many bytes than was known.
+    void addText(std::size_t bytes) noexcept {
+        unfilledLimit_ = sum(unfilledLimit_, bytes);
+        unfilledPositions_ = sum(unfilledPositions_, bytes);
+    }
     /// Longest encodingStyle, in bytes.
     std::size_t uriLength() const noexcept { return uriLength_; }
     /// So many array positions the text may leave without an item at most.

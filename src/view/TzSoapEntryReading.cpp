@@ -130,7 +130,6 @@ std::size_t TzSoapEntryReading::Level::count(const TzCString& name) {
 void TzSoapEntryReading::Level::startRecord(const TzXmlName& name,
                                             const TzXmlAttributeSet& attributes) {
     TzSoapReadingState& state = TzSoapAccess::reading(*context());
-    state.budget = TzSoapReadBudget(reading_.getReadLimits(), 0);
     line_ = state.parser->getLine();
     column_ = state.parser->getColumn();
     TzSoapGenericTypeHandler::startElement(name, attributes);
@@ -200,6 +199,7 @@ bool TzSoapEntryReading::feed(std::string_view chunk) {
         while (!chunk.empty()) {
             const std::string_view piece = chunk.substr(0, PieceSize);
             chunk.remove_prefix(piece.size());
+            TzSoapAccess::reading(context()).budget.addText(piece.size());
             parser().feed(piece);
             fed_ += piece.size();
             requireShort();
