@@ -175,6 +175,9 @@ TzSoapDispatcher::Answer TzSoapDispatcher::respond(const TzCString& action,
         return fault;
     }
     const Entry& entry = find(action, request);
+    if (mixesStyles_ && entry.style != request.getStyle()) {
+        throw TzSoapFaultError(TzSoapVersion::Client, "The request is to operations of two styles");
+    }
     if (!foreignEncodings_ && entry.style == TzSoapStyle::Encoded &&
         request.hasUserDefinedValues()) {
         throw TzSoapFaultError(TzSoapVersion::DataEncodingUnknown,

@@ -172,6 +172,16 @@ TEST(TzSoapDispatcher, AnOperationMayHaveAStyleOfItsOwn) {
               (std::vector{TzSoapStyle::Encoded, TzSoapStyle::Literal, TzSoapStyle::Encoded}));
 }
 
+TEST(TzSoapDispatcher, NoOperationGetsARequestInTheOtherStyle) {
+    TzSoapDispatcher service(TzSoapStyle::Literal);
+    service.add(TzXmlName("double", space()), doubled, TzSoapStyle::Encoded);
+    service.add(TzXmlName("other", space()), doubled);
+    // Read as an encoded one, the request is one to the second entry.
+    const TzSoapHttpAnswer answer = service.answer(
+        requestOf(TzSoapVersion::V1_1, "<double xmlns='urn:m' c:root='0'/><other xmlns='urn:m'/>"));
+    EXPECT_EQ(faultText(answer), "500 SOAP-ENV:Client: The request is to operations of two styles");
+}
+
 TEST(TzSoapDispatcher, AnActionGoesBeforeAName) {
     TzSoapDispatcher service = doubling();
     service.addForAction("urn:act", [](const TzSoapType&) { return result("actResponse", 7); });
