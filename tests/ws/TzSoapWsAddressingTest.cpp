@@ -119,11 +119,21 @@ TEST_P(TzSoapWsAddressingIn, AnEndpointNeedsAnAddress) {
 }
 
 TEST_P(TzSoapWsAddressingIn, AMessageNeedsAnAction) {
-    for (const char* header : {"", "<wsa:To>a</wsa:To>"}) {
+    for (const char* header : {"", "<wsa:To>a</wsa:To>", "<wsa:Action/>",
+                               "<wsa:Action> </wsa:Action>", "<wsa:Action><a/></wsa:Action>"}) {
         const TzSoapMessage message = messageWithHeader(GetParam(), header);
         EXPECT_EQ(faultThrown([&] { Wsa::read(message); }),
                   faultOf(GetParam(), {"MessageAddressingHeaderRequired"}, Wsa::Namespace));
     }
+}
+
+TEST(TzSoapWsAddressing, EntriesAreNoReferences) {
+    // References to one long text would multiply it.
+    const TzSoapMessage message = messageWithHeader(
+        TzSoapVersion::V1_1, "<wsa:Action id='1'>urn:a</wsa:Action><wsa:RelatesTo href='#1'/>");
+    const Wsa read = Wsa::read(message);
+    ASSERT_EQ(read.relatesTo.size(), 1U);
+    EXPECT_EQ(read.relatesTo[0].messageId, "");
 }
 
 TEST_P(TzSoapWsAddressingIn, TheHttpActionMustBeTheSame) {

@@ -7,7 +7,6 @@
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapNode.h>
 #include <soap/TzSoapSimpleType.h>
-#include <soap/TzSoapValueReader.h>
 #include <tz/xml/TzXmlBadArgError.h>
 #include <tz/xml/TzXmlUtils.h>
 
@@ -52,7 +51,8 @@ TzSoapSimpleType textEntry(const char* localName, const TzCString& text) {
 
 /// The text of `value`, the white space around it left out; "" unless it is a simple value.
 TzCString uriIn(const TzSoapType& value) {
-    const auto simple = tzSoapCast<TzSoapSimpleType>(TzSoapValueReader::follow(value));
+    // References are not followed: many of them to one long text would multiply it.
+    const auto simple = tzSoapCast<TzSoapSimpleType>(value);
     return simple ? TzCString(TzXmlUtils::trim(simple->getString())) : TzCString();
 }
 
@@ -84,7 +84,7 @@ public:
         }
     }
     void finish() const {
-        if (!actionSeen_) {
+        if (properties_.action.empty()) {
             throw TzSoapWsFaults::make(version_, {wsa("MessageAddressingHeaderRequired")},
                                        "A required header representing a Message Addressing "
                                        "Property is not present: wsa:Action");
