@@ -70,9 +70,13 @@ public:
                      bool typeShouldBeEncoded);
     TzSoapSimpleType(const TzXmlName& name, const TzDate& value, SchemaType type,
                      bool typeShouldBeEncoded);
-    /// A date without offset; `std::chrono::sys_days` are taken too.
+    /// A date without offset.
     TzSoapSimpleType(const TzXmlName& name, std::chrono::year_month_day value, SchemaType type,
                      bool typeShouldBeEncoded);
+    /// A date without offset.
+    TzSoapSimpleType(const TzXmlName& name, std::same_as<std::chrono::sys_days> auto value,
+                     SchemaType type, bool typeShouldBeEncoded)
+        : TzSoapSimpleType(name, TzDate(value), type, typeShouldBeEncoded) {}
     TzSoapSimpleType(const TzXmlName& name, const TzDateTime& value, SchemaType type,
                      bool typeShouldBeEncoded);
     /// A date and time in UTC.
@@ -159,8 +163,12 @@ public:
     /// Stores a date; `TzXmlError` "wrong type" for any type but `xsdDateTime` and `xsdDate`
     /// (`xsdTime` is refused here), `TzXmlBadArgError` for a date that does not exist.
     void setDate(const TzDate& value, SchemaType type);
-    /// Stores a date without offset, `std::chrono::sys_days` too; errors as for a `TzDate`.
+    /// Stores a date without offset; errors as for a `TzDate`.
     void setDate(std::chrono::year_month_day value, SchemaType type);
+    /// Stores a date without offset; errors as for a `TzDate`.
+    void setDate(std::same_as<std::chrono::sys_days> auto value, SchemaType type) {
+        setDate(TzDate(value), type);
+    }
     /// Stores a date and time; `TzXmlError` "wrong type" for any type but `xsdDateTime`, `xsdTime`
     /// and `xsdDate`, `TzXmlBadArgError` for a time that does not exist.
     void setDateTime(const TzDateTime& value, SchemaType type);

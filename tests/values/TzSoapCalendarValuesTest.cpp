@@ -63,6 +63,10 @@ TEST(TzSoapCalendarValues, ADateThatDoesNotExistIsRefused) {
                   [] { written(sys_seconds(sys_days(year(20000) / 1 / 1)), Simple::xsdDateTime); }),
               textThrown<TzXmlBadArgError>(
                   [] { written(TzDateTime(0, 0, 0, 0, 0, 0), Simple::xsdDateTime); }));
+    for (const sys_days day : {sys_days::max(), sys_days::min()}) {
+        EXPECT_EQ(textThrown<TzXmlBadArgError>([&] { written(day, Simple::xsdDate); }),
+                  textThrown<TzXmlBadArgError>([] { written(TzDate(0, 0, 0), Simple::xsdDate); }));
+    }
 }
 
 TEST(TzSoapCalendarValues, DateAndInstantAreReadBack) {

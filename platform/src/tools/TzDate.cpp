@@ -15,6 +15,14 @@ std::chrono::year_month_day calendarDay(int year, unsigned month, unsigned day) 
 
 } // namespace
 
+// Nor can they hold every year.
+std::chrono::year_month_day TzDate::dayOf(std::chrono::sys_days day) noexcept {
+    using std::chrono::year;
+    constexpr std::chrono::sys_days first = year(1) / 1 / 1;
+    constexpr std::chrono::sys_days last = year(9999) / 12 / 31;
+    return day >= first && day <= last ? std::chrono::year_month_day(day) : year(0) / 0 / 0;
+}
+
 TzDate::TzDate(int year, unsigned month, unsigned day, std::optional<TzUtcOffset> offset) noexcept
     : TzDate(calendarDay(year, month, day), offset) {}
 

@@ -10,15 +10,6 @@ namespace {
 
 using namespace std::chrono;
 
-/// The day that begins `days` after 1970-01-01; one that does not exist outside of the years 1 to
-/// 9999, which a year of the calendar types may not be able to hold.
-year_month_day calendarDay(std::chrono::days day) {
-    constexpr sys_days first = year(1) / 1 / 1;
-    constexpr sys_days last = year(9999) / 12 / 31;
-    const bool fits = day >= first.time_since_epoch() && day <= last.time_since_epoch();
-    return fits ? year_month_day(sys_days(day)) : year(0) / 0 / 0;
-}
-
 // An instant in two parts: 64 bits of nanoseconds do not reach from year 1 to year 9999.
 using Rank = std::tuple<bool, std::chrono::sys_seconds, unsigned, bool>;
 
@@ -46,7 +37,7 @@ TzDateTime::TzDateTime(std::chrono::seconds sinceEpoch, std::chrono::minutes ahe
     : nanosecond_(static_cast<unsigned>(fraction.count())) {
     const auto day = floor<days>(sinceEpoch + ahead);
     const hh_mm_ss clock(sinceEpoch + ahead - day);
-    date_ = TzDate(calendarDay(day), offset);
+    date_ = TzDate(sys_days(day), offset);
     hour_ = static_cast<unsigned>(clock.hours().count());
     minute_ = static_cast<unsigned>(clock.minutes().count());
     second_ = static_cast<unsigned>(clock.seconds().count());

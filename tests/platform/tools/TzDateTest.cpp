@@ -90,6 +90,17 @@ TEST(TzDate, IsMadeFromANumberOfDays) {
     EXPECT_EQ(TzDate(std::chrono::sys_days(std::chrono::days(-1))), TzDate(1969, 12, 31));
 }
 
+TEST(TzDate, DaysOutsideOfTheCalendarDoNotExist) {
+    using std::chrono::sys_days;
+    const sys_days last = std::chrono::year(9999) / 12 / 31;
+    const sys_days first = std::chrono::year(1) / 1 / 1;
+    EXPECT_TRUE(TzDate(last).isValid() && TzDate(first).isValid());
+    for (const sys_days day : {last + std::chrono::days(1), first - std::chrono::days(1),
+                               sys_days::max(), sys_days::min()}) {
+        EXPECT_FALSE(TzDate(day).isValid()) << day.time_since_epoch().count();
+    }
+}
+
 TEST(TzDate, IsANumberOfDaysWhateverItsOffset) {
     const TzUtcOffset ahead{std::chrono::hours(14)};
     EXPECT_EQ(TzDate(1970, 1, 3, ahead).getSysDays(), std::chrono::sys_days(std::chrono::days(2)));

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <compare>
+#include <concepts>
 #include <optional>
 
 /// A day of the proleptic Gregorian calendar, years 1 to 9999, with an optional offset from UTC.
@@ -17,10 +18,14 @@ public:
     TzDate() noexcept = default;
     /// The given day, which need not exist (`isValid`); an impossible field is kept as 0.
     TzDate(int year, unsigned month, unsigned day, std::optional<TzUtcOffset> offset = {}) noexcept;
-    /// The given day, which need not exist (`isValid`); `std::chrono::sys_days` are taken too.
+    /// The given day, which need not exist (`isValid`).
     explicit TzDate(std::chrono::year_month_day day,
                     std::optional<TzUtcOffset> offset = {}) noexcept
         : day_(day), offset_(offset) {}
+    /// The given day; one outside of the years 1 to 9999 becomes one that does not exist.
+    explicit TzDate(std::same_as<std::chrono::sys_days> auto day,
+                    std::optional<TzUtcOffset> offset = {}) noexcept
+        : TzDate(dayOf(day), offset) {}
 
     /// The year.
     int getYear() const noexcept { return static_cast<int>(day_.year()); }
@@ -49,6 +54,8 @@ public:
     }
 
 private:
+    static std::chrono::year_month_day dayOf(std::chrono::sys_days day) noexcept;
+
     std::chrono::year_month_day day_{std::chrono::sys_days()};
     std::optional<TzUtcOffset> offset_;
 };
