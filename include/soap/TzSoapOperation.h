@@ -37,7 +37,8 @@
 /// - nothing: then it is a one-way operation, which is not answered.
 ///
 /// A function may take the request by reference, change it and return it as the answer. It runs on
-/// the thread that the request is handled on, so on several at once.
+/// the thread that the request is handled on, so on several at once. What it returns or throws is
+/// written there, which is a change: two answers do not share a value.
 class TZSOAP_API TzSoapOperation {
 public:
     /// An operation that runs `function`, any callable but an overloaded or a generic one.

@@ -23,10 +23,11 @@ class TzSoapHttpCaller;
 ///     TzSoapHttpClient client("https://example.org/rates");
 ///     TzSoapMessage answer = client.call(request, "urn:example:rates#getRate");
 ///
-/// Any number of threads may call through one client at the same time. Each call runs on the thread
-/// that makes it and uses one connection: an idle one of the client if it has one, otherwise a new
-/// one. Calls share DNS answers, TLS sessions and cookies. The client must live until its calls
-/// have ended. It blocks SIGPIPE on the thread of a call as long as the call runs.
+/// Any number of threads may call through one client at the same time, each with a request of its
+/// own, because writing a message is a change of it. Each call runs on the thread that makes it and
+/// uses one connection: an idle one of the client if it has one, otherwise a new one. Calls share
+/// DNS answers, TLS sessions and cookies. The client must live until its calls have ended. It
+/// blocks SIGPIPE on the thread of a call as long as the call runs.
 class TZSOAP_HTTP_API TzSoapHttpClient {
 public:
     /// A client of the service at `url`, http or https; nothing is sent yet. `TzXmlBadArgError`
