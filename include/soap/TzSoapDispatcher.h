@@ -98,7 +98,7 @@ public:
     /// - VersionMismatch for an envelope that is not served: in `V1_2Rec`, with an Upgrade entry,
     ///   to application/soap+xml, in SOAP 1.1 otherwise;
     /// - MustUnderstand for header entries that are meant for the service, must be understood and
-    ///   are not;
+    ///   are not; it names the first 16;
     /// - Client (Sender) for anything else that cannot be read, with line and column.
     ///
     /// Faults have the status 500, those of the sender 400 in `V1_2Rec`. O(request + answer).

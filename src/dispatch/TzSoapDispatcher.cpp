@@ -17,6 +17,7 @@ namespace {
 constexpr int Accepted = 202;
 constexpr int UnsupportedMediaType = 415;
 constexpr std::size_t DeepestRequest = 100;
+constexpr std::size_t MostMisunderstood = 16;
 
 TzSoapHttpTransportContext contextOf(const TzSoapHttpRequest& request) {
     TzSoapHttpTransportContext context;
@@ -167,8 +168,10 @@ struct TzSoapDispatcher::Passage {
 /// Runs the operation that `request` asks for: the answer, which may be a fault, or nothing.
 TzSoapDispatcher::Answer TzSoapDispatcher::respond(const TzCString& action,
                                                    TzSoapMessage& request) const {
-    const std::vector<TzXmlName> misunderstood = node_.findMisunderstood(request);
+    std::vector<TzXmlName> misunderstood = node_.findMisunderstood(request);
     if (!misunderstood.empty()) {
+        // An answer repeats the namespace of each name, which the request states once.
+        misunderstood.resize(std::min(misunderstood.size(), MostMisunderstood));
         TzSoapMessage fault =
             TzSoapFaultMessage::makeMustUnderstand(request.getVersion(), misunderstood);
         fault.setStyle(request.getStyle());

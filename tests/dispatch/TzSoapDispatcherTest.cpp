@@ -182,6 +182,16 @@ TEST(TzSoapDispatcher, NoOperationGetsARequestInTheOtherStyle) {
     EXPECT_EQ(faultText(answer), "500 SOAP-ENV:Client: The request is to operations of two styles");
 }
 
+TEST(TzSoapDispatcher, AFaultNamesTheFirstEntriesThatWereNotUnderstood) {
+    std::string header;
+    for (int i = 1; i <= 17; ++i) {
+        header += "<a" + std::to_string(i) + " e:mustUnderstand='1'/>";
+    }
+    const std::string text =
+        faultText(doubling().answer(requestOf(TzSoapVersion::V1_1, Double, header)));
+    EXPECT_TRUE(text.ends_with(" {}a15 {}a16")) << text;
+}
+
 TEST(TzSoapDispatcher, AnActionGoesBeforeAName) {
     TzSoapDispatcher service = doubling();
     service.addForAction("urn:act", [](const TzSoapType&) { return result("actResponse", 7); });
