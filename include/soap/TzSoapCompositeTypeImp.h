@@ -24,7 +24,7 @@ public:
     /// Copies the element; the children are shared with `other`. The count starts anew.
     TzSoapCompositeTypeImp(const TzSoapCompositeTypeImp& other);
     TzSoapCompositeTypeImp& operator=(const TzSoapCompositeTypeImp& other) = default;
-    ~TzSoapCompositeTypeImp() override;
+    ~TzSoapCompositeTypeImp() override = default;
 
     /// `Composite`.
     TzSoapContentBase::SoapTypeId getSoapTypeId() const override;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <soap/TzSoapAttributeSet.h>
+#include <soap/TzSoapContentBase.h>
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/pointer/TzSharedRecord.h>
@@ -25,7 +26,7 @@ public:
     TzSoapElementImp(const TzSoapElementImp& other);
     /// Copies every property and the attribute set.
     TzSoapElementImp& operator=(const TzSoapElementImp& other);
-    ~TzSoapElementImp() override;
+    ~TzSoapElementImp() override = default;
 
     /// Removes all attributes and whatever else was set; the name stays.
     void clearElement();
@@ -33,9 +34,11 @@ public:
     void takeElement(TzSoapElementImp& other) noexcept;
 
     /// The attribute set: the element's SOAP and other attributes.
-    TzSoapAttributeSet& getAttributeSet() noexcept { return attributeSet_; }
+    TzSoapAttributeSet& getAttributeSet() noexcept { return listAs<TzSoapAttributeSet>(); }
     /// The attribute set: the element's SOAP and other attributes.
-    const TzSoapAttributeSet& getAttributeSet() const noexcept { return attributeSet_; }
+    const TzSoapAttributeSet& getAttributeSet() const noexcept {
+        return listAs<TzSoapAttributeSet>();
+    }
 
     /// The encodingStyle text, "" when absent.
     virtual TzCString getEncodingStyleAttribute() const;
@@ -114,6 +117,8 @@ public:
     void setVerbatim(bool verbatim) noexcept { verbatim_ = verbatim; }
 
 private:
+    friend class TzSoapTypeImp;
+
     /// Texts that few elements have: kept apart so that the others stay small.
     struct Texts {
         TzCString actor;
@@ -124,11 +129,11 @@ private:
 
     Texts& texts();
 
-    // Small members first: they fill what the base leaves over.
+    std::unique_ptr<Texts> texts_;
+    TzXmlName type_;
+    // Small members last, and among them one that only values need, because it fills a gap.
     Flag mustUnderstand_ = Flag::Absent;
     Flag root_ = Flag::Absent;
     bool verbatim_ = false;
-    TzSoapAttributeSet attributeSet_;
-    std::unique_ptr<Texts> texts_;
-    TzXmlName type_;
+    TzSoapContentBase::EscapeText escapeText_ = TzSoapContentBase::EscapeOn; // of values
 };

@@ -28,7 +28,7 @@ public:
     /// Copies everything; the count starts anew.
     TzSoapSimpleTypeImp(const TzSoapSimpleTypeImp& other);
     TzSoapSimpleTypeImp& operator=(const TzSoapSimpleTypeImp& other) = default;
-    ~TzSoapSimpleTypeImp() override;
+    ~TzSoapSimpleTypeImp() override = default;
 
     /// @name A value named `name` with the text that the setter for the same kind of value stores.
     /// `type` and `typeShouldBeEncoded` are kept as given: neither is checked against the value. A
@@ -173,7 +173,7 @@ private:
     static void require(bool accepted);
 
     // Small members first: they fill what the base leaves over.
-    SchemaType type_ = TzSoapContentBase::xsdUnknown;
     bool typeShouldBeEncoded_ = false;
+    SchemaType type_ = TzSoapContentBase::xsdUnknown;
     TzCString value_;
 };

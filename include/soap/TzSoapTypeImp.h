@@ -17,7 +17,7 @@ public:
     /// Copies the element and how its text is escaped; the count starts anew.
     TzSoapTypeImp(const TzSoapTypeImp& other);
     TzSoapTypeImp& operator=(const TzSoapTypeImp& other) = default;
-    ~TzSoapTypeImp() override;
+    ~TzSoapTypeImp() override = default;
 
     /// What kind of value this is: `Generic` here.
     virtual TzSoapContentBase::SoapTypeId getSoapTypeId() const;
@@ -36,7 +36,4 @@ public:
 
     /// The kind as text of generic and default values: "Default".
     static const TzCString MyIdString;
-
-private:
-    TzSoapContentBase::EscapeText escapeText_ = TzSoapContentBase::EscapeOn;
 };

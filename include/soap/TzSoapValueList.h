@@ -3,11 +3,11 @@
 
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapType.h>
+#include <soap/TzSoapValuePosition.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 
 #include <cstddef>
-#include <list>
 #include <utility>
 
 /// The values that an element holds, in document order: entries of a header or body, children; and
@@ -20,9 +20,9 @@
 class TZSOAP_API TzSoapValueList {
 public:
     /// Position of a value.
-    using iterator = std::list<TzSoapType>::iterator;
+    using iterator = TzSoapValuePosition<TzSoapType>;
     /// Position of a value that is only looked at.
-    using const_iterator = std::list<TzSoapType>::const_iterator;
+    using const_iterator = TzSoapValuePosition<const TzSoapType>;
 
     /// No values.
     TzSoapValueList() noexcept;
@@ -35,24 +35,20 @@ public:
     ~TzSoapValueList();
 
     /// Position of the first value.
-    iterator begin() noexcept { return values_.begin(); }
+    iterator begin() noexcept { return iterator(ends_.next); }
     /// Position of the first value.
-    const_iterator begin() const noexcept { return values_.begin(); }
+    const_iterator begin() const noexcept { return const_iterator(ends_.next); }
     /// Position after the last value.
-    iterator end() noexcept { return values_.end(); }
+    iterator end() noexcept { return iterator(&ends_); }
     /// Position after the last value.
-    const_iterator end() const noexcept { return values_.end(); }
+    const_iterator end() const noexcept { return const_iterator(ends_.previous->next); }
     /// Number of values.
-    unsigned int size() const noexcept { return static_cast<unsigned int>(values_.size()); }
+    unsigned int size() const noexcept { return static_cast<unsigned int>(size_); }
 
     /// Adds `value`, shared, before `position` and after the text that stands there; returns its
     /// position.
     iterator insert(const_iterator position, TzSoapType value) {
-        const iterator added = values_.insert(position, std::move(value));
-        if (texts_ != nullptr) {
-            moveText(position, added);
-        }
-        return added;
+        return add(position, new TzSoapValueNode(std::move(value), nullptr));
     }
     /// Adds `value`, shared, as the last one.
     void append(TzSoapType value) { insert(end(), std::move(value)); }
@@ -80,7 +76,7 @@ public:
         if (texts_ != nullptr) {
             joinText(position);
         }
-        return values_.erase(position);
+        return drop(position);
     }
     /// Removes the value at `position` and the text before it; returns the position of the next
     /// value. O(log size).
@@ -88,19 +84,14 @@ public:
         if (texts_ != nullptr) {
             eraseText(position);
         }
-        return values_.erase(position);
+        return drop(position);
     }
     /// Removes the first value named `name`, if any. O(size).
     void remove(const TzXmlName& name);
     /// Removes every value named `name`, the others keep their order. O(size).
     void removeAll(const TzXmlName& name);
     /// Removes all values and all text.
-    void clear() noexcept {
-        values_.clear();
-        if (texts_ != nullptr) {
-            clearText();
-        }
-    }
+    void clear() noexcept;
 
     /// A list of copies of the values (`TzSoapType::copy`). O(content).
     TzSoapValueList copyValues() const;
@@ -108,17 +99,26 @@ public:
     bool sharesValues(const TzSoapValueList& other) const noexcept;
 
 private:
+    friend struct TzSoapAccess;
+
     /// Text by the place of the value after it, null for the end of the list.
     struct Texts;
 
     const TzSoapType* keyOf(const_iterator position) const noexcept {
-        return position == values_.end() ? nullptr : &*position;
+        return position == end() ? nullptr : &*position;
     }
+    iterator add(const_iterator position, TzSoapValueNode* node) noexcept;
+    TzSoapValueNode* unlink(const_iterator position) noexcept;
+    iterator drop(const_iterator position) noexcept;
+    void takeValues(TzSoapValueList& other) noexcept;
+    static void release(TzSoapValueNode* node) noexcept;
+    void append(TzSoapType&& value, TzBlocks& blocks);
     void moveText(const_iterator from, const_iterator to) noexcept;
     void joinText(const_iterator removed);
     void eraseText(const_iterator position) noexcept;
     void copyTextOf(const TzSoapValueList& other);
 
-    std::list<TzSoapType> values_;
+    TzSoapValueLink ends_{&ends_, &ends_}; // the last and the first value
+    std::size_t size_ = 0;
     Texts* texts_ = nullptr; // owned, of few lists; <memory> is too heavy for this header
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <tz/pointer/TzBlocks.h>
 #include <tz/pointer/TzBodyBase.h>
 
 #include <cstdint>
@@ -42,6 +43,12 @@ struct TzSoapAccess {
         body.addReference();
         shared.attachBody(&body);
         return shared;
+    }
+    /// Adds `value` to `list`, as the last one, in a node in one of `blocks`, which hold such nodes
+    /// only. `List` is `TzSoapValueList`.
+    template <typename List, typename Value>
+    static void append(List& list, Value&& value, TzBlocks& blocks) {
+        list.append(std::forward<Value>(value), blocks);
     }
     /// Whether the handle refers to `body`.
     template <typename Handle>

@@ -5,6 +5,8 @@
 #include <tz/tools/TzMessage.h>
 #include <tz/xml/TzThrow.h>
 
+#include "model/TzSoapIsExactly.h"
+
 #include <string>
 #include <typeinfo>
 
@@ -21,8 +23,8 @@
 /// finds those that programs derive.
 template <typename Body, typename... Usual>
 Body& tzSoapBodyAs(TzBodyBase& body, const char* handle) {
-    const std::type_info* const actual = &typeid(body);
-    if (((actual == &typeid(Usual)) || ... || (actual == &typeid(Body)))) [[likely]] {
+    const std::type_info& actual = typeid(body);
+    if ((tzSoapIsExactly<Usual>(actual) || ... || tzSoapIsExactly<Body>(actual))) [[likely]] {
         return static_cast<Body&>(body);
     }
     if (auto* const derived = dynamic_cast<Body*>(&body)) {

@@ -41,35 +41,29 @@ const TzXmlName& offsetName() {
 [[gnu::hot]] TzSoapElementImp::TzSoapElementImp() : TzSoapElementImp(TzXmlName()) {}
 
 [[gnu::hot]] TzSoapElementImp::TzSoapElementImp(TzXmlName name)
-    : TzXmlElementImp(std::move(name), nullptr) {
-    useAttributes(attributeSet_);
-}
+    : TzXmlElementImp(std::move(name), std::in_place_type<TzSoapAttributeSet>) {}
 
 [[gnu::hot]] TzSoapElementImp::TzSoapElementImp(const TzSoapElementImp& other)
-    : TzXmlElementImp(other.TzXmlElementImp::getName(), nullptr),
+    : TzXmlElementImp(other.TzXmlElementImp::getName(), other.getAttributeSet()),
+      texts_(other.texts_ ? std::make_unique<Texts>(*other.texts_) : nullptr), type_(other.type_),
       mustUnderstand_(other.mustUnderstand_), root_(other.root_), verbatim_(other.verbatim_),
-      attributeSet_(other.attributeSet_),
-      texts_(other.texts_ ? std::make_unique<Texts>(*other.texts_) : nullptr), type_(other.type_) {
-    useAttributes(attributeSet_);
-}
+      escapeText_(other.escapeText_) {}
 
 TzSoapElementImp& TzSoapElementImp::operator=(const TzSoapElementImp& other) {
     if (this != &other) {
-        assignName(other);
-        attributeSet_ = other.attributeSet_;
+        TzXmlElementImp::operator=(other);
         texts_ = other.texts_ ? std::make_unique<Texts>(*other.texts_) : nullptr;
         type_ = other.type_;
         mustUnderstand_ = other.mustUnderstand_;
         root_ = other.root_;
         verbatim_ = other.verbatim_;
+        escapeText_ = other.escapeText_;
     }
     return *this;
 }
 
-TzSoapElementImp::~TzSoapElementImp() = default;
-
 void TzSoapElementImp::clearElement() {
-    attributeSet_.clear();
+    getAttributeSet().clear();
     texts_.reset();
     type_ = TzXmlName();
     mustUnderstand_ = Flag::Absent;
@@ -79,7 +73,7 @@ void TzSoapElementImp::clearElement() {
 
 void TzSoapElementImp::takeElement(TzSoapElementImp& other) noexcept {
     TzXmlElementImp::getName() = std::exchange(other.TzXmlElementImp::getName(), TzXmlName());
-    attributeSet_ = std::move(other.attributeSet_);
+    getAttributeSet() = std::move(other.getAttributeSet());
     texts_ = std::move(other.texts_);
     type_ = std::exchange(other.type_, TzXmlName());
     mustUnderstand_ = std::exchange(other.mustUnderstand_, Flag::Absent);
@@ -123,11 +117,13 @@ void TzSoapElementImp::removeEncodingStyleAttribute() {
     }
 }
 
-const TzCString& TzSoapElementImp::getIdAttribute() const { return attributeSet_.getIdAttribute(); }
+const TzCString& TzSoapElementImp::getIdAttribute() const {
+    return getAttributeSet().getIdAttribute();
+}
 
-void TzSoapElementImp::setIdAttribute(const TzCString& id) { attributeSet_.setIdAttribute(id); }
+void TzSoapElementImp::setIdAttribute(const TzCString& id) { getAttributeSet().setIdAttribute(id); }
 
-void TzSoapElementImp::removeIdAttribute() { attributeSet_.removeIdAttribute(); }
+void TzSoapElementImp::removeIdAttribute() { getAttributeSet().removeIdAttribute(); }
 
 TzCString TzSoapElementImp::getRootAttribute() const {
     return root_ == Flag::Absent ? TzCString() : textOf(Digits, root_ == Flag::True);
@@ -185,12 +181,12 @@ TzCString TzSoapElementImp::getMustUnderstandAttribute(TzSoapVersion::Version ve
 }
 
 TzCString TzSoapElementImp::getOffsetAttribute() const {
-    const auto* found = attributeSet_.find(offsetName());
-    return found == attributeSet_.end() ? TzCString() : found->getValue();
+    const auto* found = getAttributeSet().find(offsetName());
+    return found == getAttributeSet().end() ? TzCString() : found->getValue();
 }
 
 void TzSoapElementImp::setOffsetAttribute(const TzCString& offset) {
-    attributeSet_.add(offsetName(), offset);
+    getAttributeSet().add(offsetName(), offset);
 }
 
-void TzSoapElementImp::removeOffsetAttribute() { attributeSet_.erase(offsetName()); }
+void TzSoapElementImp::removeOffsetAttribute() { getAttributeSet().erase(offsetName()); }

@@ -13,8 +13,6 @@ TzSoapTypeImp::TzSoapTypeImp(TzXmlName name) : TzSoapElementImp(std::move(name))
 
 TzSoapTypeImp::TzSoapTypeImp(const TzSoapTypeImp& other) = default;
 
-TzSoapTypeImp::~TzSoapTypeImp() = default;
-
 TzSoapContentBase::SoapTypeId TzSoapTypeImp::getSoapTypeId() const {
     return TzSoapContentBase::Generic;
 }

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <new>
 #include <utility>
 
 namespace {
@@ -27,18 +28,23 @@ struct TzSoapValueList::Texts : std::map<const TzSoapType*, TzCString> {};
 TzSoapValueList::TzSoapValueList() noexcept = default;
 
 TzSoapValueList::TzSoapValueList(TzSoapValueList&& other) noexcept
-    : values_(std::move(other.values_)), texts_(std::exchange(other.texts_, nullptr)) {}
+    : texts_(std::exchange(other.texts_, nullptr)) {
+    takeValues(other);
+}
 
 TzSoapValueList& TzSoapValueList::operator=(TzSoapValueList&& other) noexcept {
     TzSoapValueList taken(std::move(other));
-    std::swap(values_, taken.values_);
+    clear();
+    takeValues(taken);
     std::swap(texts_, taken.texts_);
     return *this;
 }
 
 TzSoapValueList::TzSoapValueList(const TzSoapValueList& other) : TzSoapValueList() {
-    values_ = other.values_;
-    copyTextOf(other); // if it fails, the destructor runs
+    for (const TzSoapType& value : other) { // if it fails, the destructor runs
+        append(value);
+    }
+    copyTextOf(other);
 }
 
 TzSoapValueList& TzSoapValueList::operator=(const TzSoapValueList& other) {
@@ -48,7 +54,74 @@ TzSoapValueList& TzSoapValueList::operator=(const TzSoapValueList& other) {
     return *this;
 }
 
-TzSoapValueList::~TzSoapValueList() { delete texts_; }
+TzSoapValueList::~TzSoapValueList() { clear(); }
+
+[[gnu::hot]] void TzSoapValueList::clear() noexcept {
+    // The list is empty before the first value ends, whoever looks at it then.
+    TzSoapValueLink* link = ends_.next;
+    TzSoapValueLink* const last = &ends_;
+    ends_.previous->next = nullptr;
+    ends_ = {last, last};
+    size_ = 0;
+    clearText();
+    while (link != nullptr && link != last) {
+        release(static_cast<TzSoapValueNode*>(std::exchange(link, link->next)));
+    }
+}
+
+/// Takes over the values of `other`; this list has none.
+void TzSoapValueList::takeValues(TzSoapValueList& other) noexcept {
+    if (other.size_ > 0) {
+        ends_ = std::exchange(other.ends_, {&other.ends_, &other.ends_});
+        ends_.next->previous = &ends_;
+        ends_.previous->next = &ends_;
+        size_ = std::exchange(other.size_, 0);
+    }
+}
+
+[[gnu::hot]] TzSoapValueList::iterator TzSoapValueList::add(const_iterator position,
+                                                            TzSoapValueNode* node) noexcept {
+    node->previous = position.link_->previous;
+    node->next = position.link_;
+    node->previous->next = node;
+    node->next->previous = node;
+    ++size_;
+    const iterator added(node);
+    if (texts_ != nullptr) {
+        moveText(position, added);
+    }
+    return added;
+}
+
+[[gnu::hot]] void TzSoapValueList::append(TzSoapType&& value, TzBlocks& blocks) {
+    void* const room = blocks.room(sizeof(TzSoapValueNode));
+    add(end(), ::new (room) TzSoapValueNode(std::move(value), blocks.use(sizeof(TzSoapValueNode))));
+}
+
+TzSoapValueNode* TzSoapValueList::unlink(const_iterator position) noexcept {
+    auto* const node = static_cast<TzSoapValueNode*>(position.link_);
+    node->previous->next = node->next;
+    node->next->previous = node->previous;
+    --size_;
+    return node;
+}
+
+TzSoapValueList::iterator TzSoapValueList::drop(const_iterator position) noexcept {
+    TzSoapValueNode* const node = unlink(position);
+    const iterator next(node->next);
+    release(node);
+    return next;
+}
+
+[[gnu::hot]] void TzSoapValueList::release(TzSoapValueNode* node) noexcept {
+    TzBlocks::Block* const block = node->block;
+    if (block == nullptr) {
+        delete node;
+    } else {
+        node->~TzSoapValueNode();
+        TzBlocks::leave(block, node, sizeof(TzSoapValueNode));
+    }
+}
 
 void TzSoapValueList::copyTextOf(const TzSoapValueList& other) {
     if (!other.hasText()) {
@@ -133,15 +206,15 @@ void TzSoapValueList::remove(const TzXmlName& name) {
 }
 
 void TzSoapValueList::removeAll(const TzXmlName& name) {
-    // A copy: the name may belong to a value that is removed.
-    std::list<TzSoapType> removed;
+    // They live until all are found, because the name may belong to one of them.
+    TzSoapValueList removed;
     for (auto position = begin(); position != end();) {
         const auto next = std::next(position);
         if (position->getName() == name) {
             if (texts_ != nullptr) {
                 joinText(position);
             }
-            removed.splice(removed.end(), values_, position);
+            removed.add(removed.end(), unlink(position));
         }
         position = next;
     }
@@ -149,7 +222,7 @@ void TzSoapValueList::removeAll(const TzXmlName& name) {
 
 TzSoapValueList TzSoapValueList::copyValues() const {
     TzSoapValueList copies;
-    for (const TzSoapType& value : values_) {
+    for (const TzSoapType& value : *this) {
         copies.append(value.copy());
     }
     copies.copyTextOf(*this);

@@ -43,4 +43,6 @@ void TzSoapReadingState::clear() noexcept {
     references.clear();
     droppedText = {};
     handlers_.reset();
+    bodies.finish();
+    links.finish();
 }

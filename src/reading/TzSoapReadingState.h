@@ -5,6 +5,7 @@
 #include <soap/TzSoapStyle.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/mime/TzMimeMultipart.h>
+#include <tz/pointer/TzBlocks.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 
@@ -40,6 +41,8 @@ public:
     TzSoapStyle messageStyle = TzSoapStyle::Encoded; ///< How the text is read.
     std::vector<TzXmlName> markupNames;              ///< Elements that are kept as markup.
     TzSoapDroppedText droppedText;                   ///< Text that was left out so far.
+    TzBlocks bodies;                                 ///< Where the bodies of values are made.
+    TzBlocks links;                                  ///< Where lists hold them.
 
     /// The version being read: that of the message, the latest without one.
     TzSoapVersion::Version version() const;

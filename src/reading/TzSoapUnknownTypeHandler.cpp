@@ -12,6 +12,7 @@
 #include <soap/TzSoapSimpleTypeImp.h>
 #include <soap/TzSoapTypeRegistry.h>
 #include <soap/TzSoapUtils.h>
+#include <tz/pointer/TzBodyInBlock.h>
 #include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapAccess.h"
@@ -81,7 +82,8 @@ TzSoapUnknownTypeHandler::~TzSoapUnknownTypeHandler() = default;
 [[gnu::hot]] void TzSoapUnknownTypeHandler::begin(const TzXmlName& name,
                                                   const TzXmlAttributeSet& attributes) {
     if (!TzSoapAccess::hasBody(value_)) {
-        element_ = new TzSoapSimpleTypeImp();
+        element_ =
+            TzBodyInBlock<TzSoapSimpleTypeImp>::make(TzSoapAccess::reading(*context()).bodies);
         value_ = TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(element_));
     }
     element_->TzXmlElementImp::getName() = name;
@@ -118,7 +120,7 @@ void TzSoapUnknownTypeHandler::beginLiterally(const TzXmlAttributeSet& attribute
 void TzSoapUnknownTypeHandler::startElement(const TzXmlName& name,
                                             const TzXmlAttributeSet& attributes) {
     TzSoapParseContext& reading = this->reading(Unit, 72);
-    auto* body = new TzSoapCompositeTypeImp();
+    auto* body = TzBodyInBlock<TzSoapCompositeTypeImp>::make(TzSoapAccess::reading(reading).bodies);
     const auto composite = TzSoapAccess::handle<TzSoapCompositeType>(body);
     if (TzSoapAccess::reading(reading).isLiteral()) {
         body->children().setTextBefore(body->childrenEnd(), text_);

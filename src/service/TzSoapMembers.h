@@ -11,6 +11,7 @@
 
 #include "model/TzSoapAccess.h"
 #include "model/TzSoapHeldFault.h"
+#include "model/TzSoapIsExactly.h"
 #include "values/TzSoapFollow.h"
 
 #include <optional>
@@ -51,7 +52,7 @@ template <typename Test> const TzSoapType* first(const TzSoapBody& body, const T
 }
 
 template <typename Test> const TzSoapType* first(const TzSoapTypeImp& body, const Test& test) {
-    if (typeid(body) == typeid(TzSoapCompositeTypeImp)) {
+    if (tzSoapIsExactly<TzSoapCompositeTypeImp>(typeid(body))) {
         return firstOf(static_cast<const TzSoapCompositeTypeImp&>(body).children(), test);
     }
     if (const auto* composite = dynamic_cast<const TzSoapCompositeTypeImp*>(&body)) {

@@ -50,11 +50,9 @@ TzSoapSimpleTypeImp::TzSoapSimpleTypeImp() = default;
 
 TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(const TzSoapSimpleTypeImp& other) = default;
 
-TzSoapSimpleTypeImp::~TzSoapSimpleTypeImp() = default;
-
 TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, TzCString&& value, SchemaType type,
                                          bool typeShouldBeEncoded)
-    : TzSoapTypeImp(std::move(name)), type_(type), typeShouldBeEncoded_(typeShouldBeEncoded),
+    : TzSoapTypeImp(std::move(name)), typeShouldBeEncoded_(typeShouldBeEncoded), type_(type),
       value_(std::move(value)) {}
 
 TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, const TzCString& value, SchemaType type,

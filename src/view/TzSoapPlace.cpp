@@ -12,6 +12,7 @@
 #include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapIsExactly.h"
 #include "service/TzSoapMembers.h"
 #include "service/TzSoapTextForms.h"
 #include "values/TzSoapFollow.h"
@@ -34,7 +35,7 @@ const TzSoapTypeImp& contentOf(const TzSoapType& value) {
 }
 
 const TzSoapSimpleTypeImp* simpleOf(const TzSoapTypeImp* content) {
-    if (content != nullptr && typeid(*content) == typeid(TzSoapSimpleTypeImp)) {
+    if (content != nullptr && tzSoapIsExactly<TzSoapSimpleTypeImp>(typeid(*content))) {
         return static_cast<const TzSoapSimpleTypeImp*>(content);
     }
     return dynamic_cast<const TzSoapSimpleTypeImp*>(content);

@@ -6,23 +6,17 @@
 TzXmlElementImp::TzXmlElementImp() : TzXmlElementImp(TzXmlName()) {}
 
 TzXmlElementImp::TzXmlElementImp(TzXmlName name)
-    : name_(std::move(name)), attributes_(new TzXmlAttributeSet()), ownsAttributes_(true) {}
+    : TzXmlElementImp(std::move(name), std::in_place_type<TzXmlAttributeSet>) {}
 
 TzXmlElementImp::TzXmlElementImp(const TzXmlElementImp& other)
-    : name_(other.name_), attributes_(new TzXmlAttributeSet(*other.attributes_)),
-      ownsAttributes_(true) {}
+    : TzXmlElementImp(other.name_, other.list()) {}
 
-// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): left to the members
 TzXmlElementImp& TzXmlElementImp::operator=(const TzXmlElementImp& other) {
-    name_ = other.name_;
-    *attributes_ = *other.attributes_;
-    return *this;
-}
-
-TzXmlElementImp::~TzXmlElementImp() {
-    if (ownsAttributes_) {
-        delete attributes_;
+    if (this != &other) {
+        name_ = other.name_;
+        list() = other.list();
     }
+    return *this;
 }
 
 void TzXmlElementImp::setName(const TzXmlName& name) { name_ = name; }
@@ -32,44 +26,44 @@ TzXmlName& TzXmlElementImp::getName() { return name_; }
 const TzXmlName& TzXmlElementImp::getName() const { return name_; }
 
 void TzXmlElementImp::addNamespaceAttribute(const TzXmlNamespace& declared) {
-    attributes_->addDeclaration(declared);
+    list().addDeclaration(declared);
 }
 
 TzXmlAttribute* TzXmlElementImp::findNamespaceAttribute(const TzXmlNamespace& declared) {
-    TzXmlAttribute* found = attributes_->findDeclaration(declared.getPrefix());
-    return found != attributes_->end() && found->getValue() == declared.getUri()
+    TzXmlAttribute* found = list().findDeclaration(declared.getPrefix());
+    return found != list().end() && found->getValue() == declared.getUri()
                ? found
-               : attributes_->end();
+               : list().end();
 }
 
 const TzXmlAttribute*
 TzXmlElementImp::findNamespaceAttribute(const TzXmlNamespace& declared) const {
-    const TzXmlAttribute* found = std::as_const(*attributes_).findDeclaration(declared.getPrefix());
+    const TzXmlAttribute* found = list().findDeclaration(declared.getPrefix());
     return found != attributesEnd() && found->getValue() == declared.getUri() ? found
                                                                               : attributesEnd();
 }
 
 TzXmlAttribute* TzXmlElementImp::findNamespaceAttribute(const TzCString& prefix) {
-    return attributes_->findDeclaration(prefix);
+    return list().findDeclaration(prefix);
 }
 
 const TzXmlAttribute* TzXmlElementImp::findNamespaceAttribute(const TzCString& prefix) const {
-    return std::as_const(*attributes_).findDeclaration(prefix);
+    return list().findDeclaration(prefix);
 }
 
 void TzXmlElementImp::removeNamespaceAttribute(const TzCString& prefix) {
-    attributes_->erase(TzXmlName(prefix, TzXmlNamespace::getXmlns()));
+    list().erase(TzXmlName(prefix, TzXmlNamespace::getXmlns()));
 }
 
 void TzXmlElementImp::removeNamespaceAttribute(const TzXmlNamespace& declared) {
     TzXmlAttribute* found = findNamespaceAttribute(declared);
-    if (found != attributes_->end()) {
-        attributes_->erase(found);
+    if (found != list().end()) {
+        list().erase(found);
     }
 }
 
 void TzXmlElementImp::setDefaultNamespaceAttribute(const TzCString& uri) {
-    attributes_->addDeclaration(TzXmlNamespace({}, uri));
+    list().addDeclaration(TzXmlNamespace({}, uri));
 }
 
 void TzXmlElementImp::setDefaultNamespaceAttribute(const TzXmlNamespace& declared) {
@@ -84,52 +78,52 @@ TzCString TzXmlElementImp::getDefaultNamespaceAttribute() const {
 }
 
 const TzXmlAttribute* TzXmlElementImp::attributesBegin() const {
-    return std::as_const(*attributes_).begin();
+    return list().begin();
 }
 
-TzXmlAttribute* TzXmlElementImp::attributesBegin() { return attributes_->begin(); }
+TzXmlAttribute* TzXmlElementImp::attributesBegin() { return list().begin(); }
 
 const TzXmlAttribute* TzXmlElementImp::attributesEnd() const {
-    return std::as_const(*attributes_).end();
+    return list().end();
 }
 
-TzXmlAttribute* TzXmlElementImp::attributesEnd() { return attributes_->end(); }
+TzXmlAttribute* TzXmlElementImp::attributesEnd() { return list().end(); }
 
-std::size_t TzXmlElementImp::attributeCount() const { return attributes_->size(); }
+std::size_t TzXmlElementImp::attributeCount() const { return list().size(); }
 
-void TzXmlElementImp::clearAttributes() { attributes_->clear(); }
+void TzXmlElementImp::clearAttributes() { list().clear(); }
 
-void TzXmlElementImp::addAttribute(const TzXmlAttribute& attribute) { attributes_->add(attribute); }
+void TzXmlElementImp::addAttribute(const TzXmlAttribute& attribute) { list().add(attribute); }
 
 void TzXmlElementImp::addAttribute(const TzXmlName& name, const TzCString& value) {
-    attributes_->add(name, value);
+    list().add(name, value);
 }
 
-void TzXmlElementImp::removeAttribute(TzXmlAttribute* position) { attributes_->erase(position); }
+void TzXmlElementImp::removeAttribute(TzXmlAttribute* position) { list().erase(position); }
 
 void TzXmlElementImp::removeAttribute(const TzXmlAttribute& attribute) {
-    TzXmlAttribute* found = attributes_->find(attribute);
-    if (found != attributes_->end()) {
-        attributes_->erase(found);
+    TzXmlAttribute* found = list().find(attribute);
+    if (found != list().end()) {
+        list().erase(found);
     }
 }
 
-void TzXmlElementImp::removeAttribute(const TzXmlName& name) { attributes_->erase(name); }
+void TzXmlElementImp::removeAttribute(const TzXmlName& name) { list().erase(name); }
 
 TzXmlAttribute* TzXmlElementImp::findAttribute(const TzXmlAttribute& attribute) {
-    return attributes_->find(attribute);
+    return list().find(attribute);
 }
 
 const TzXmlAttribute* TzXmlElementImp::findAttribute(const TzXmlAttribute& attribute) const {
-    return std::as_const(*attributes_).find(attribute);
+    return list().find(attribute);
 }
 
 TzXmlAttribute* TzXmlElementImp::findAttribute(const TzXmlName& name) {
-    return attributes_->find(name);
+    return list().find(name);
 }
 
 const TzXmlAttribute* TzXmlElementImp::findAttribute(const TzXmlName& name) const {
-    return std::as_const(*attributes_).find(name);
+    return list().find(name);
 }
 
 bool TzXmlElementImp::hasAttribute(const TzXmlAttribute& attribute) const {
@@ -140,6 +134,6 @@ bool TzXmlElementImp::hasAttribute(const TzXmlName& name) const {
     return findAttribute(name) != attributesEnd();
 }
 
-TzXmlAttributeSet& TzXmlElementImp::getAttributes() { return *attributes_; }
+TzXmlAttributeSet& TzXmlElementImp::getAttributes() { return list(); }
 
-const TzXmlAttributeSet& TzXmlElementImp::getAttributes() const { return *attributes_; }
+const TzXmlAttributeSet& TzXmlElementImp::getAttributes() const { return list(); }

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <sys/single_threaded.h>
+#include <tz/thread/TzUseCount.h>
 
 #include <array>
-#include <atomic>
 #include <cstddef>
 #include <new>
 #include <utility>
@@ -20,7 +19,7 @@ public:
     /// Stands for `Value()`; takes no memory.
     TzSharedRecord() noexcept = default;
     /// Shares `value`.
-    explicit TzSharedRecord(Value value) : record_(new Record{{1}, nullptr, std::move(value)}) {}
+    explicit TzSharedRecord(Value value) : record_(new Record(nullptr, std::move(value))) {}
     TzSharedRecord(const TzSharedRecord& other) noexcept : record_(other.record_) { retain(); }
     TzSharedRecord(TzSharedRecord&& other) noexcept
         : record_(std::exchange(other.record_, nullptr)) {}
@@ -48,10 +47,11 @@ public:
     bool isSame(const TzSharedRecord& other) const noexcept { return record_ == other.record_; }
 
 private:
-    using Count = std::atomic<std::ptrdiff_t>;
     struct Block;
     struct Record {
-        Count references{1};
+        Record(Block* room, Value content) : block(room), value(std::move(content)) {}
+
+        TzUseCount references;
         Block* block; // null for a record outside of blocks
         Value value;
     };
@@ -59,7 +59,7 @@ private:
     struct Block {
         static constexpr std::size_t Size = 16;
 
-        Count users{1}; // the records made and the maker
+        TzUseCount users; // the records made and the maker
         std::size_t made = 0;
         alignas(Record) std::array<std::byte, Size * sizeof(Record)> room;
     };
@@ -74,11 +74,11 @@ private:
     }
     void retain() const noexcept {
         if (record_ != nullptr) {
-            count(record_->references, 1);
+            record_->references.add();
         }
     }
     void release() const noexcept {
-        if (record_ != nullptr && count(record_->references, -1) == 1) {
+        if (record_ != nullptr && record_->references.leave()) {
             destroy(record_);
         }
     }
@@ -92,19 +92,9 @@ private:
         }
     }
     static void leave(Block* block) noexcept {
-        if (block != nullptr && count(block->users, -1) == 1) {
+        if (block != nullptr && block->users.leave()) {
             delete block;
         }
-    }
-    // Changes the count and returns what it was. Without a second thread it needs no locked
-    // instruction.
-    static std::ptrdiff_t count(Count& users, std::ptrdiff_t change) noexcept {
-        if (__libc_single_threaded != 0) {
-            const std::ptrdiff_t before = users.load(std::memory_order_relaxed);
-            users.store(before + change, std::memory_order_relaxed);
-            return before;
-        }
-        return users.fetch_add(change, std::memory_order_acq_rel);
     }
     void swap(TzSharedRecord& other) noexcept { std::swap(record_, other.record_); }
 
@@ -128,9 +118,9 @@ public:
             leave(std::exchange(block_, fresh));
         }
         void* const place = block_->room.data() + block_->made * sizeof(Record);
-        Record* const record = new (place) Record{{1}, block_, std::move(value)};
+        Record* const record = new (place) Record(block_, std::move(value));
         ++block_->made;
-        count(block_->users, 1);
+        block_->users.add();
         return TzSharedRecord(record);
     }
 

@@ -8,13 +8,22 @@
 #include <cstdint>
 
 template <typename Lock> class TzTRing;
+template <typename Body> class TzBodyInBlock;
+
+/// The reference count of a body: a base, so that it stands before the lock, and what a body adds
+/// fills the word that the lock begins.
+struct TzBodyCount {
+    // While the body lives: its count, or the address of its ring's count with the highest bit set.
+    // Afterwards: the next body that waits for deletion.
+    std::uintptr_t count_ = 0;
+};
 
 /// Base of bodies that live as long as handles refer to them.
 ///
 /// The count starts at 0 and is guarded by the body's own lock: handles that share a body may be
 /// copied and destroyed on different threads. A copied body starts at 0 again. The count of
 /// a body in a ring (`TzBodyRing`) is kept, and guarded, there.
-template <typename Lock> class TzTCountingBody : private TzTMonitor<Lock> {
+template <typename Lock> class TzTCountingBody : private TzBodyCount, private TzTMonitor<Lock> {
 public:
     virtual ~TzTCountingBody() = default;
 
@@ -63,11 +72,13 @@ public:
 
 protected:
     TzTCountingBody() noexcept = default;
-    TzTCountingBody(const TzTCountingBody& other) noexcept : TzTMonitor<Lock>(other) {}
+    TzTCountingBody(const TzTCountingBody& other) noexcept
+        : TzBodyCount(), TzTMonitor<Lock>(other) {}
     TzTCountingBody& operator=(const TzTCountingBody&) noexcept { return *this; }
 
 private:
     friend class TzTRing<Lock>;
+    template <typename Body> friend class TzBodyInBlock;
     struct Waiting;
 
     // No count reaches the highest bit. The address of a ring's count is read under the lock only,
@@ -79,9 +90,10 @@ private:
     static bool removeInRing(std::uintptr_t ring) noexcept;
     static std::uintptr_t countInRing(std::uintptr_t ring) noexcept;
 
-    // While the body lives: its count, or the address of its ring's count with the highest bit set.
-    // Afterwards: the next body that waits for deletion.
-    std::uintptr_t count_ = 0;
+    std::uint8_t step() const noexcept { return step_; }
+    void setStep(std::uint8_t step) noexcept { step_ = step; }
+
+    std::uint8_t step_ = 0; // where a body in a block lies there
 };
 
 extern template class TZ_PLATFORM_API TzTCountingBody<TzMutexLock>;

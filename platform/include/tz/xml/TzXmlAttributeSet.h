@@ -49,6 +49,8 @@ public:
     std::size_t size() const noexcept { return list_ != nullptr ? list_->attributes.size() : 0; }
     /// Whether the list is empty.
     bool empty() const noexcept { return size() == 0; }
+    /// Whether it holds neither attributes nor memory for some, so that its end has nothing to do.
+    bool isBare() const noexcept { return list_ == nullptr; }
 
     /// Position of the attribute of that name (URI and local part), `end()` if absent.
     iterator find(const TzXmlName& name) { return find(name.getNamespace(), name.getLocalName()); }

@@ -6,13 +6,16 @@
 #include <tz/xml/TzXmlAttributeSet.h>
 #include <tz/xml/TzXmlName.h>
 
+#include <array>
 #include <cstddef>
+#include <new>
+#include <type_traits>
 #include <utility>
 
 /// An element: a name and a list of attributes, namespace declarations among them.
 ///
-/// There is one attribute list per element: its own, or the one that a derived class hands in. Not
-/// locked: one element is used by one thread at a time.
+/// There is one attribute list per element, whose class a derived class may choose. Not locked: one
+/// element is used by one thread at a time.
 class TZ_PLATFORM_API TzXmlElementImp {
 public:
     /// An element without name and attributes.
@@ -23,7 +26,11 @@ public:
     TzXmlElementImp(const TzXmlElementImp& other);
     /// Copies name and attributes.
     TzXmlElementImp& operator=(const TzXmlElementImp& other);
-    virtual ~TzXmlElementImp();
+    virtual ~TzXmlElementImp() {
+        if (!list().isBare()) {
+            list().~TzXmlAttributeSet();
+        }
+    }
 
     /// Replaces the name.
     virtual void setName(const TzXmlName& name);
@@ -94,22 +101,47 @@ public:
     /// The attribute list.
     virtual const TzXmlAttributeSet& getAttributes() const;
     /// Whether the list is empty. Not virtual, because it is the most frequent call.
-    bool isBare() const noexcept { return attributes_->empty(); }
+    bool isBare() const noexcept { return list().empty(); }
 
 protected:
-    /// An element whose attribute list the derived class holds: it must call `useAttributes` in its
-    /// constructor.
-    TzXmlElementImp(TzXmlName name, std::nullptr_t) noexcept
-        : name_(std::move(name)), attributes_(nullptr), ownsAttributes_(false) {}
+    /// An element whose attribute list is of the class `Set`, which is derived from
+    /// `TzXmlAttributeSet` and adds no data.
+    template <typename Set> TzXmlElementImp(TzXmlName name, std::in_place_type_t<Set> /*unused*/);
+    /// The same with a copy of `attributes`.
+    template <typename Set> TzXmlElementImp(TzXmlName name, const Set& attributes);
 
-    /// Makes `attributes`, a member of the derived class, the attribute list.
-    void useAttributes(TzXmlAttributeSet& attributes) noexcept { attributes_ = &attributes; }
-
-    /// Copies the name alone: for derived classes that copy their list themselves.
-    void assignName(const TzXmlElementImp& other) { name_ = other.name_; }
+    /// The attribute list, which is of the class `Set` because the constructor said so.
+    template <typename Set> Set& listAs() noexcept { return static_cast<Set&>(list()); }
+    /// The attribute list, which is of the class `Set` because the constructor said so.
+    template <typename Set> const Set& listAs() const noexcept {
+        return static_cast<const Set&>(list());
+    }
 
 private:
+    template <typename Set, typename... Source> void makeList(const Source&... source) {
+        static_assert(std::is_base_of_v<TzXmlAttributeSet, Set>);
+        static_assert(sizeof(Set) == sizeof(TzXmlAttributeSet));
+        ::new (static_cast<void*>(room_.data())) Set(source...);
+    }
+    TzXmlAttributeSet& list() noexcept {
+        return *std::launder(reinterpret_cast<TzXmlAttributeSet*>(room_.data()));
+    }
+    const TzXmlAttributeSet& list() const noexcept {
+        return *std::launder(reinterpret_cast<const TzXmlAttributeSet*>(room_.data()));
+    }
+
     TzXmlName name_;
-    TzXmlAttributeSet* attributes_;
-    bool ownsAttributes_; // false where a derived class holds the list
+    // The list lies here whatever its class is, so that it takes no pointer to find it.
+    alignas(TzXmlAttributeSet) std::array<std::byte, sizeof(TzXmlAttributeSet)> room_;
 };
+
+template <typename Set>
+TzXmlElementImp::TzXmlElementImp(TzXmlName name, std::in_place_type_t<Set> /*unused*/)
+    : name_(std::move(name)) {
+    makeList<Set>();
+}
+
+template <typename Set>
+TzXmlElementImp::TzXmlElementImp(TzXmlName name, const Set& attributes) : name_(std::move(name)) {
+    makeList<Set>(attributes);
+}
