@@ -87,6 +87,7 @@
 #include <soap/TzSoapUserDefinedTypeImp.h>
 #include <soap/TzSoapUtils.h>
 #include <soap/TzSoapValueList.h>
+#include <soap/TzSoapValuePosition.h>
 #include <soap/TzSoapValueReader.h>
 #include <soap/TzSoapVersion.h>
 #include <soap/TzSoapVersionConverter.h>

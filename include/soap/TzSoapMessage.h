@@ -79,7 +79,9 @@ public:
     virtual void extract(const TzMimeMultipart& multipart);
     /// Replaces the content by the message read from `text`, an envelope or a MIME package.
     /// Whatever stands before the document is skipped. After an error the content is what was read
-    /// so far: only extract again. O(text). Errors, with line and column in the envelope:
+    /// so far: only extract again. Values may be kept longer than the message. They lie together in
+    /// memory, so one that is kept holds back up to 4 KiB beside itself; its `copy()` does not.
+    /// O(text). Errors, with line and column in the envelope:
     ///
     /// - `TzXmlParseError`: NO_SOAP_ENVELOPE, UNKNOWN_VERSION, UNKNOWN_SOAP_ELEMENT,
     ///   ILLEGAL_REFERENCE for a reference that holds an element; without a catalogue entry for
