@@ -31,9 +31,7 @@ void TzXmlElementImp::addNamespaceAttribute(const TzXmlNamespace& declared) {
 
 TzXmlAttribute* TzXmlElementImp::findNamespaceAttribute(const TzXmlNamespace& declared) {
     TzXmlAttribute* found = list().findDeclaration(declared.getPrefix());
-    return found != list().end() && found->getValue() == declared.getUri()
-               ? found
-               : list().end();
+    return found != list().end() && found->getValue() == declared.getUri() ? found : list().end();
 }
 
 const TzXmlAttribute*
@@ -77,15 +75,11 @@ TzCString TzXmlElementImp::getDefaultNamespaceAttribute() const {
     return found == attributesEnd() ? TzCString() : found->getValue();
 }
 
-const TzXmlAttribute* TzXmlElementImp::attributesBegin() const {
-    return list().begin();
-}
+const TzXmlAttribute* TzXmlElementImp::attributesBegin() const { return list().begin(); }
 
 TzXmlAttribute* TzXmlElementImp::attributesBegin() { return list().begin(); }
 
-const TzXmlAttribute* TzXmlElementImp::attributesEnd() const {
-    return list().end();
-}
+const TzXmlAttribute* TzXmlElementImp::attributesEnd() const { return list().end(); }
 
 TzXmlAttribute* TzXmlElementImp::attributesEnd() { return list().end(); }
 
@@ -118,9 +112,7 @@ const TzXmlAttribute* TzXmlElementImp::findAttribute(const TzXmlAttribute& attri
     return list().find(attribute);
 }
 
-TzXmlAttribute* TzXmlElementImp::findAttribute(const TzXmlName& name) {
-    return list().find(name);
-}
+TzXmlAttribute* TzXmlElementImp::findAttribute(const TzXmlName& name) { return list().find(name); }
 
 const TzXmlAttribute* TzXmlElementImp::findAttribute(const TzXmlName& name) const {
     return list().find(name);
