@@ -23,7 +23,7 @@ Families joined(const std::vector<Theme>& themes) {
 Families read() {
     return joined({attributes, prefixes, references, depth, styles, arrays, sparseArrays, texts,
                    encodings, values, headers, faults, parts, partHeaders, prologs, prefixClashes,
-                   literals, finals});
+                   literals, finals, records});
 }
 
 /// The one that costs far more than the others, and those that conversion makes into what is not

@@ -42,5 +42,6 @@ Families partHeaders();
 Families prologs();
 Families literals();
 Families finals();
+Families records();
 
 } // namespace growth

@@ -34,13 +34,17 @@ void expectLinear(const Operation& operation, const Family& family) {
     EXPECT_LE(large.peakPerLargerByte(), operation.peak) << "memory per byte";
 }
 
-class Growth : public testing::TestWithParam<Family> {};
-
-TEST_P(Growth, IsLinear) {
-    for (const Operation& operation : operations()) {
-        expectLinear(operation, GetParam());
+void expectLinear(const std::vector<Operation>& operations, const Family& family) {
+    for (const Operation& operation : operations) {
+        expectLinear(operation, family);
     }
 }
+
+class Growth : public testing::TestWithParam<Family> {};
+
+TEST_P(Growth, IsLinear) { expectLinear(operations(), GetParam()); }
+
+TEST_P(Growth, OverHttpIsLinear) { expectLinear(httpOperations(), GetParam()); }
 
 TEST_P(Growth, OfCompactOutputIsBounded) {
     const std::string text = GetParam().text(Large);
@@ -51,10 +55,17 @@ class GrowthOfRefusal : public testing::TestWithParam<Family> {};
 
 TEST_P(GrowthOfRefusal, IsLinear) { expectLinear(refusal(), GetParam()); }
 
+TEST_P(GrowthOfRefusal, OverHttpIsLinear) { expectLinear(httpOperations(), GetParam()); }
+
+class GrowthOfRecords : public testing::TestWithParam<Family> {};
+
+TEST_P(GrowthOfRecords, IsLinear) { expectLinear(recordOperations(), GetParam()); }
+
 std::string nameOf(const testing::TestParamInfo<Family>& info) { return info.param.name; }
 
 INSTANTIATE_TEST_SUITE_P(Of, Growth, testing::ValuesIn(accepted()), nameOf);
 INSTANTIATE_TEST_SUITE_P(Of, GrowthOfRefusal, testing::ValuesIn(refused()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Of, GrowthOfRecords, testing::ValuesIn(records()), nameOf);
 
 /// Prints what an operation costs, small and large, or why it cannot.
 void print(const Operation& operation, const Family& family) {
@@ -83,29 +94,30 @@ bool isAsked(const char* name, const std::vector<std::string>& beginnings) {
 /// The table that the ceilings of `operations` come from.
 void printAll(const std::vector<std::string>& beginnings) {
     std::puts("family\toperation\twork/byte\tgrowth\tof larger\tpeak/byte\twritten/byte");
-    Families read = accepted();
-    const Families more = untested();
-    read.insert(read.end(), more.begin(), more.end());
-    for (const Family& family : read) {
-        if (isAsked(family.name, beginnings)) {
-            for (const Operation& operation : operations()) {
-                print(operation, family);
+    const auto printEach = [&](const Families& families, const std::vector<Operation>& operations) {
+        for (const Family& family : families) {
+            for (const Operation& operation : operations) {
+                if (isAsked(family.name, beginnings) || isAsked(operation.name, beginnings)) {
+                    print(operation, family);
+                }
             }
         }
+    };
+    for (const Families& families : {accepted(), untested()}) {
+        printEach(families, operations());
+        printEach(families, httpOperations());
     }
-    for (const Family& family : refused()) {
-        if (isAsked(family.name, beginnings)) {
-            print(refusal(), family);
-        }
-    }
+    printEach(records(), recordOperations());
+    printEach(refused(), {refusal()});
+    printEach(refused(), httpOperations());
 }
 
 } // namespace
 
 } // namespace growth
 
-// With --measure: prints what is counted, of all families or of those whose names begin like one of
-// the other arguments.
+// With --measure: prints what is counted, of all families and operations or of those whose names
+// begin like one of the other arguments.
 int main(int count, char** arguments) {
     testing::InitGoogleTest(&count, arguments);
     if (count >= 2 && std::string_view(arguments[1]) == "--measure") {

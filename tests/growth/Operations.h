@@ -33,6 +33,10 @@ struct Operation {
 
 /// Reading, writing in all its ways, converting.
 std::vector<Operation> operations();
+/// What services and clients over HTTP do, with texts of any kind.
+std::vector<Operation> httpOperations();
+/// Lists of records in and out of structs, and one record after the other.
+std::vector<Operation> recordOperations();
 /// Reading a text that is refused; throws `std::logic_error` when it is not.
 Operation refusal();
 

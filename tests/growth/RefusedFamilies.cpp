@@ -93,6 +93,14 @@ std::string packageWithoutRoot(std::size_t bytes) {
            fill(bytes, part("Content-ID: <q>\r\n", "x")) + "--B--\r\n";
 }
 
+std::string passwords(std::size_t bytes) { return fill(bytes, "<Password>x"); }
+
+std::string passwordsWithoutEnd(std::size_t bytes) { return fill(bytes, "<Password a='<b>"); }
+
+std::string passwordsOfOthers(std::size_t bytes) {
+    return "<p:Password>" + fill(bytes, "</q:Password></p:Passwor>");
+}
+
 } // namespace
 
 Families refused() {
@@ -116,6 +124,9 @@ Families refused() {
         {"RefusedCharacters", "bytes that are no characters", badCharacters},
         {"RefusedPackage", "a package that ends in the middle", packageCutShort},
         {"RefusedRoot", "a package without its root part", packageWithoutRoot},
+        {"RefusedPasswords", "elements that a log masks and that do not end", passwords},
+        {"RefusedPasswordsInTags", "the same within tags", passwordsWithoutEnd},
+        {"RefusedPasswordsOfOthers", "the same with ends of others", passwordsOfOthers},
     };
 }
 
