@@ -42,8 +42,15 @@ template <typename Prepare, typename Work> double seconds(Prepare prepare, Work 
     return fastest;
 }
 
-TzSoapMessage messageOf(const std::string& text) {
+/// A message that reads every version.
+TzSoapMessage reader() {
     TzSoapMessage message;
+    message.setReadLimits({.soap12Recommendation = true});
+    return message;
+}
+
+TzSoapMessage messageOf(const std::string& text) {
+    TzSoapMessage message = reader();
     message.extract(std::string_view(text));
     return message;
 }
@@ -81,7 +88,7 @@ void printRow(const growth::Family& family) {
         return seconds([&] { return messageOf(text); }, work) * 1e9 / size;
     };
     const double read =
-        seconds([] { return TzSoapMessage(); },
+        seconds([] { return reader(); },
                 [&](TzSoapMessage& message) { message.extract(std::string_view(text)); }) *
         1e9 / size;
     std::printf("| %s | %zu | %.1f | %.1f | %.1f | %.1f | %.1f | %.2f |\n", family.name,
@@ -103,8 +110,8 @@ void printRefusal(const growth::Family& family) {
         }
     };
     const double size = double(text.size());
-    const double read = seconds([] { return TzSoapMessage(); }, refuse) * 1e9 / size;
-    TzSoapMessage message;
+    const double read = seconds([] { return reader(); }, refuse) * 1e9 / size;
+    TzSoapMessage message = reader();
     const std::size_t before = HeapCount::now().bytes;
     HeapCount::startPeak();
     refuse(message);

@@ -175,7 +175,7 @@ std::vector<Operation> recordOperations() {
         {"Records", readingRecords<TzSoapStyle::Literal>, 3000, 30},
         {"EncodedRecords", readingRecords<TzSoapStyle::Encoded>, 3000, 30},
         {"Members", readingMembers, 750, 30},
-        {"List", readingList<TzSoapStyle::Literal>, 150, 15},
+        {"List", readingList<TzSoapStyle::Literal>, 120, 15},
         {"EncodedList", readingList<TzSoapStyle::Encoded>, 160, 15},
         {"MakeList", makingList, 180, 15},
         {"EntriesOfText", readingText, 3400, 100},
