@@ -13,6 +13,7 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -92,6 +93,22 @@ void addReadingOver(const std::string& name, const SharedPackage& package) {
     });
 }
 
+/// Writing to a sink that only counts: a package that a program made, or one that was read.
+void addCounting(const std::string& name, const SharedPackage& package, bool isRead) {
+    bench::add(name, [package, isRead](benchmark::State& state) {
+        TzSoapMessage message = package->message();
+        if (isRead) {
+            message = TzSoapMessage();
+            message.extract(package->text());
+        }
+        for (auto _ : state) {
+            std::size_t size = 0;
+            message.writeTo([&size](std::string_view piece) { size += piece.size(); });
+            benchmark::DoNotOptimize(size);
+        }
+    });
+}
+
 void addWriting(const std::string& name, const SharedPackage& package) {
     bench::add(name, [package](benchmark::State& state) {
         const TzSoapMessage& message = package->message();
@@ -127,6 +144,8 @@ void packages::addBenchmarks() {
         }
     });
     addReadingOver("package/large/readOver", large);
+    addCounting("package/large/count", large, false);
+    addCounting("package/large/countRead", large, true);
     bench::add("package/large/memmem", [large](benchmark::State& state) {
         const std::string& text = large->text();
         for (auto _ : state) {

@@ -15,12 +15,13 @@
 #include <soap/TzSoapVersion.h>
 #include <tz/pointer/TzHandleBase.h>
 #include <tz/tools/TzCString.h>
+#include <tz/tools/TzSink.h>
 #include <tz/xml/TzXmlName.h>
 #include <tz/xml/TzXmlProlog.h>
 #include <tz/xml/TzXmlText.h>
 
+#include <optional>
 #include <string_view>
-
 #include <vector>
 
 class TzMimeMultipart;
@@ -28,6 +29,7 @@ class TzMimePart;
 class TzSoapConstVisitor;
 class TzSoapMessageImp;
 class TzSoapVisitor;
+class TzXmlWriter;
 
 /// Handle of a whole message: the Envelope element with its header and its body.
 ///
@@ -60,6 +62,19 @@ public:
     /// take the line end in an indented value that holds nothing for its text. A derived class that
     /// has attachments makes its package in its own layout. O(content).
     TzCString asText(TzSoapLayout layout) const;
+    /// Appends what `asText` returns to `text`, whose capacity is used: a text that is cleared and
+    /// written again takes no memory. After an error the text is as it was. O(content).
+    void writeTo(TzCString& text, TzSoapLayout layout = TzSoapLayout::Indented) const;
+    /// Writes what `asText` returns to `sink`, made of a function, a stream or, by
+    /// `TzSink::toDescriptor`, a file descriptor. The text is never in memory as a whole: beside
+    /// what `TzXmlOutputWriter` and `TzMimePart::writeTo` hold back, about 64 KiB in all, this
+    /// takes memory for ids and references and, in a package, for the envelope. Long texts of
+    /// values that need no escaping, and attachments, go to the sink from where they lie.
+    /// O(content).
+    ///
+    /// Errors are those of `asText` and of the sink, which then got the beginning of the text: to
+    /// send it needs a form that shows the end of a message, such as chunks of HTTP.
+    void writeTo(const TzSink& sink, TzSoapLayout layout = TzSoapLayout::Indented) const;
     /// "SOAPMessage:" and the URI of the version's envelope namespace.
     TzCString getMessageType() const override;
     /// Whether parts were added or any value refers to a MIME part. References to values are not
@@ -235,5 +250,7 @@ private:
     explicit TzSoapMessage(TzSoapMessageImp* body) noexcept;
     TzSoapElementImp& elementBody() const;
     bool isDerived() const noexcept;
+    std::optional<bool> writeEnvelope(TzXmlWriter& xml, TzSoapLayout layout,
+                                      TzMimeMultipart* package) const;
     void extractPackage(TzCString text);
 };

@@ -8,8 +8,9 @@
 #include <tz/mime/TzMimeMultipart.h>
 #include <tz/mime/TzMimeVersionHeader.h>
 #include <tz/tools/TzMessage.h>
+#include <tz/tools/TzTextMark.h>
 #include <tz/xml/TzThrow.h>
-#include <tz/xml/TzXmlStringWriter.h>
+#include <tz/xml/TzXmlOutputWriter.h>
 
 #include "mime/TzSoapAttachmentFinder.h"
 #include "mime/TzSoapCharset.h"
@@ -71,26 +72,57 @@ bool TzSoapMessage::hasUserDefinedValues() const {
 TzCString TzSoapMessage::asString() const { return asText(TzSoapLayout::Indented); }
 
 TzCString TzSoapMessage::asText(TzSoapLayout layout) const {
+    TzCString text;
+    writeTo(text, layout);
+    return text;
+}
+
+std::optional<bool> TzSoapMessage::writeEnvelope(TzXmlWriter& xml, TzSoapLayout layout,
+                                                 TzMimeMultipart* package) const {
+    TzSoapWriter writer(&xml, package);
+    writer.setCompact(layout == TzSoapLayout::Compact);
+    acceptVisitor(writer);
+    return TzSoapAccess::path(writer).context.book().entriesLedToParts();
+}
+
+void TzSoapMessage::writeTo(TzCString& text, TzSoapLayout layout) const {
     // A derived message may override how it finds attachments and makes its package.
     const bool derived = isDerived();
     if (derived && hasAttachments()) {
-        return asMimeMultipart().asString();
+        return asMimeMultipart().writeTo(text);
     }
-    TzXmlStringWriter envelope;
+    TzTextMark mark(text);
+    TzXmlOutputWriter envelope(text);
     TzMimeMultipart package;
-    TzSoapWriter writer(&envelope, &package);
-    writer.setCompact(layout == TzSoapLayout::Compact);
-    acceptVisitor(writer);
+    const std::optional<bool> known = writeEnvelope(envelope, layout, &package);
+    envelope.finish();
     // Most messages need no second look.
-    const std::optional<bool> known = TzSoapAccess::path(writer).context.book().entriesLedToParts();
     const bool attached = !getAttachments().empty() || (known ? *known : hasAttachments());
-    if (derived || !attached) {
-        return envelope.takeString();
+    if (!derived && attached) {
+        TzCString root = text.substr(mark.size());
+        text.resize(mark.size());
+        package.insertHeader(TzMimeVersionHeader());
+        TzSoapPackaging::addAttachments(*this, package);
+        TzSoapPackaging::complete(*this, package, std::move(root));
+        package.writeTo(text);
     }
-    package.insertHeader(TzMimeVersionHeader());
-    TzSoapPackaging::addAttachments(*this, package);
-    TzSoapPackaging::complete(*this, package, envelope.takeString());
-    return package.asString();
+    mark.keep();
+}
+
+void TzSoapMessage::writeTo(const TzSink& sink, TzSoapLayout layout) const {
+    // The header of a package comes first, so whether it is one must be known before.
+    if (!hasAttachments()) {
+        TzXmlOutputWriter envelope(sink);
+        writeEnvelope(envelope, layout, nullptr);
+        envelope.finish();
+    } else if (isDerived()) {
+        asMimeMultipart().writeTo(sink);
+    } else {
+        TzMimeMultipart package;
+        package.insertHeader(TzMimeVersionHeader());
+        TzSoapPackaging::write(*this, layout, package);
+        package.writeTo(sink);
+    }
 }
 
 TzMimeMultipart TzSoapMessage::asMimeMultipart() const {

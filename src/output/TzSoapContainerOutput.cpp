@@ -148,6 +148,14 @@ void TzSoapContainerOutput::close() {
 void TzSoapContainerOutput::open(const TzXmlName& name, TzSoapCompositeTypeImp& value,
                                  std::string_view position) {
     enter(name, value, membersToWrite(value));
+    const auto* const tags =
+        position.empty() ? startTag_.readyTags(name, value, value.getTypeValue(), false) : nullptr;
+    if (tags != nullptr) {
+        context_.xml().writeReadyLine(tags->start);
+        context_.xml().incrementIndent();
+        noteOmittedMembers(value);
+        return;
+    }
     const TzSoapTagName tag = TzSoapTagName::of(name);
     TzSoapStartTag::Brief brief;
     if (position.empty() &&

@@ -92,12 +92,15 @@ public:
     /// Whether names are exact: they have their namespaces, whatever is bound around them.
     bool hasExactNames() const noexcept { return exactNames_; }
     /// Makes names exact from now on, or not; returns whether they were.
-    bool setExactNames(bool exact) noexcept { return std::exchange(exactNames_, exact); }
+    bool setExactNames(bool exact) noexcept {
+        declarationChanges_ += exact != exactNames_ ? 1 : 0;
+        return std::exchange(exactNames_, exact);
+    }
     /// Whether the innermost element declares something.
     bool hasDeclarations() const noexcept { return namespaces_.depth() != around_.scopes; }
     /// The declarations of the innermost element when it has some, in order of addition.
     const TzXmlNamespaceStack& declarations() const noexcept { return namespaces_; }
-    /// Grows with every declaration that is added or removed.
+    /// Grows with every declaration that is added or removed, and when names become exact or not.
     std::uint64_t declarationChanges() const noexcept { return declarationChanges_; }
 
     /// Whether the innermost element states an encoding style.

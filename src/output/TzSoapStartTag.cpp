@@ -34,6 +34,7 @@ std::string_view booleanWord(std::string_view text) noexcept {
 
 void TzSoapStartTag::reset() noexcept {
     clear();
+    ready_.clear();
     schemaInstanceBoundAt_ = 0;
     encodedAt_ = 0;
 }
@@ -356,6 +357,23 @@ bool TzSoapStartTag::isBrief(const TzSoapTagName& tag, const TzXmlName& name,
     }
     brief = {BriefTypeOpen, text.prefix, text.colon, text.local, BriefTypeClose};
     return true;
+}
+
+const TzSoapReadyTags::Tags* TzSoapStartTag::makeReady(const TzXmlName& name,
+                                                       const TzSoapTypeImp& value,
+                                                       const TzXmlName& type, bool typeIsPlain) {
+    const TzSoapTagName tag = TzSoapTagName::of(name);
+    Brief brief;
+    TzSoapReadyTags::Tags tags;
+    const bool isReady =
+        isBrief(tag, name, value, type, typeIsPlain, brief) &&
+        tags.start.set(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local, brief.open,
+                       brief.typePrefix, brief.typeColon, brief.type, brief.close) &&
+        tags.end.set(TzXmlWriter::StartEndTag, tag.prefix, tag.colon, tag.local,
+                     TzXmlWriter::EndTag);
+    return isReady ? ready_.remember(name, type,
+                                     {scope().declarationChanges(), scope().styleChanges()}, tags)
+                   : nullptr;
 }
 
 void TzSoapStartTag::writeElementName(const TzSoapTagName& name) {

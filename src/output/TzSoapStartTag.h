@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <soap/TzSoapTypeImp.h>
 #include <soap/TzSoapVersion.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlAttributeSet.h>
@@ -8,6 +9,7 @@
 #include <tz/xml/TzXmlWriter.h>
 
 #include "output/TzSoapOutputContext.h"
+#include "output/TzSoapReadyTags.h"
 #include "output/TzSoapScopeRules.h"
 #include "output/TzSoapTagAttributes.h"
 #include "output/TzSoapTagName.h"
@@ -18,7 +20,6 @@
 class TzSoapArrayTypeImp;
 class TzSoapElementImp;
 class TzSoapReferenceTypeImp;
-class TzSoapTypeImp;
 
 /// The start tag being prepared: finds out what the innermost element has to declare, collects its
 /// attributes, and writes them.
@@ -110,6 +111,18 @@ public:
     /// that collecting would yield. `typeIsPlain` when the type is known to need no escaping.
     bool isBrief(const TzSoapTagName& tag, const TzXmlName& name, const TzSoapTypeImp& value,
                  const TzXmlName& type, bool typeIsPlain, Brief& brief) const;
+    /// The tags of a value for which `isBrief` holds, ready to be copied; null for any other value,
+    /// and where they are not worth keeping. Valid until the next call.
+    const TzSoapReadyTags::Tags* readyTags(const TzXmlName& name, const TzSoapTypeImp& value,
+                                           const TzXmlName& type, bool typeIsPlain) {
+        if (!value.getAttributeSet().empty() || value.hasProperties() ||
+            encodedAt_ != scope().styleChanges()) {
+            return nullptr;
+        }
+        const TzSoapReadyTags::State state{scope().declarationChanges(), scope().styleChanges()};
+        const TzSoapReadyTags::Tags* const known = ready_.find(name, type, state);
+        return known != nullptr ? known : makeReady(name, value, type, typeIsPlain);
+    }
     /// Writes the tag without its end: name, declarations, attributes.
     void write(const TzSoapTagName& name);
     /// Writes the tag, ends the line and indents what follows.
@@ -144,9 +157,12 @@ private:
     void collectStyleOf(const TzSoapElementImp& element);
     void collectProperties(const TzSoapTypeImp& value);
     void collectType(const TzXmlName& type);
+    const TzSoapReadyTags::Tags* makeReady(const TzXmlName& name, const TzSoapTypeImp& value,
+                                           const TzXmlName& type, bool typeIsPlain);
 
     const TzSoapOutputContext& context_;
     TzSoapTagAttributes attributes_;
+    TzSoapReadyTags ready_;
     std::string_view stylePrefix_;
     bool needsDefault_ = false;               // the default namespace is that of the element's name
     std::uint64_t schemaInstanceBoundAt_ = 0; // changes when the prefix was bound

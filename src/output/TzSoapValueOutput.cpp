@@ -70,6 +70,12 @@ void TzSoapValueOutput::writeSimple(TzSoapSimpleTypeImp& value) {
         value.setTypeAttribute(*type);
     }
     const TzXmlName& name = std::as_const(value).getName();
+    const bool escapes = value.getEscapeText() != TzSoapContentBase::EscapeOff;
+    if (const auto* tags = escapes ? startTag_.readyTags(name, value, *type, typeShown) : nullptr) {
+        context_.scope().checkDepth(1);
+        context_.xml().writeElement(tags->start, value.text(), tags->end);
+        return;
+    }
     const TzSoapTagName tag = TzSoapTagName::of(name);
     TzSoapStartTag::Brief brief;
     if (!startTag_.isBrief(tag, name, value, *type, typeShown, brief)) {

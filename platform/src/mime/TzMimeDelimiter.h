@@ -17,6 +17,12 @@ public:
         bool closing;        ///< Whether it is the last one.
     };
 
+    /// What a search found.
+    struct Search {
+        std::optional<Hit> hit; ///< The next delimiter line, empty without one.
+        bool isFree = true;     ///< Whether no line before it begins like one; see `occursIn`.
+    };
+
     /// The delimiter for the parameter `boundary`. Line ends in it and blanks at its end cannot be
     /// part of a delimiter line and are left out.
     explicit TzMimeDelimiter(std::string_view boundary);
@@ -26,7 +32,7 @@ public:
     /// The boundary itself.
     std::string_view boundary() const noexcept;
     /// The next delimiter line of `text`, in the line that begins at `from` or a later one.
-    std::optional<Hit> find(std::string_view text, std::size_t from) const noexcept;
+    Search find(std::string_view text, std::size_t from) const noexcept;
     /// Whether a line of `bytes` begins like a delimiter line. A CR alone is taken for a line end
     /// too, because some readers do so.
     bool occursIn(std::string_view bytes) const noexcept;
@@ -34,9 +40,9 @@ public:
     void append(TzCString& out, bool closing) const;
 
 private:
-    static constexpr std::size_t PrefixLength = 3; // line feed and two hyphens
+    static constexpr std::size_t PrefixLength = 2; // the hyphens
 
     std::optional<Hit> hitAt(std::string_view text, std::size_t begin) const noexcept;
 
-    TzCString line_; // line feed, two hyphens, boundary
+    TzCString line_; // two hyphens, boundary
 };

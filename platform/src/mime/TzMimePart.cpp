@@ -9,6 +9,7 @@
 #include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimeContentLocationHeader.h>
 #include <tz/mime/TzMimeContentTypeHeader.h>
+#include <tz/tools/TzTextMark.h>
 #include <tz/xml/TzXmlBoundsError.h>
 
 #include <memory>
@@ -87,7 +88,30 @@ std::string_view TzMimePart::getBodyView() const {
 }
 
 TzCString TzMimePart::asString() const {
-    return body() != nullptr ? TzMimePartWriter(*body()).write() : TzCString(TzMimeText::LineEnd);
+    TzCString text;
+    writeTo(text);
+    return text;
+}
+
+void TzMimePart::writeTo(TzCString& text) const {
+    TzTextMark mark(text);
+    TzMimeOutput out(text);
+    write(out);
+    mark.keep();
+}
+
+void TzMimePart::writeTo(const TzSink& sink) const {
+    TzMimeOutput out(sink);
+    write(out);
+}
+
+void TzMimePart::write(TzMimeOutput& out) const {
+    if (body() != nullptr) {
+        TzMimePartWriter(*body()).write(out);
+    } else {
+        out.write(TzMimeText::LineEnd);
+        out.finish();
+    }
 }
 
 void TzMimePart::fromString(const TzCString& text) { fromString(TzCString(text)); }

@@ -46,9 +46,11 @@ TzMimePartBody::~TzMimePartBody() { delete decoded_.load(); }
 
 TzMimePart TzMimePartBody::make(bool package) { return TzMimePart(new TzMimePartBody(package)); }
 
-TzMimePart TzMimePartBody::read(const Text& text, std::size_t begin, std::size_t size) {
+TzMimePart TzMimePartBody::read(const Text& text, std::size_t begin, std::size_t size,
+                                const Text& freeOf) {
     auto body = std::make_unique<TzMimePartBody>(false);
     body->readSlice(text, std::string_view(*text).substr(begin, size));
+    body->freeOf_ = freeOf;
     return TzMimePart(body.release());
 }
 
@@ -88,6 +90,7 @@ void TzMimePartBody::readSlice(const Text& text, std::string_view slice) {
 
 void TzMimePartBody::store(Text text, std::string_view bytes, Kind encoding) noexcept {
     text_ = std::move(text);
+    freeOf_.reset();
     stored_ = bytes;
     encoding_ = encoding;
     delete decoded_.exchange(nullptr);

@@ -29,8 +29,10 @@ public:
 
     /// A handle to a new part or package.
     static TzMimePart make(bool package);
-    /// A handle to the part that the `size` bytes at `begin` of `text` hold.
-    static TzMimePart read(const Text& text, std::size_t begin, std::size_t size);
+    /// A handle to the part that the `size` bytes at `begin` of `text` hold. `freeOf` is a boundary
+    /// whose delimiter is known not to occur in them, null when none is.
+    static TzMimePart read(const Text& text, std::size_t begin, std::size_t size,
+                           const Text& freeOf);
     /// The body of a handle, null for an empty one.
     static TzMimePartBody* of(const TzMimePart& part) noexcept { return part.body(); }
 
@@ -55,6 +57,10 @@ public:
     TzCString copyBytes() const;
     /// The body as it is kept, which is in the encoding `storedEncoding`.
     std::string_view stored() const noexcept { return stored_; }
+    /// Whether it is known that the delimiter with the boundary does not occur in it.
+    bool isFreeOf(std::string_view boundary) const noexcept {
+        return freeOf_ != nullptr && *freeOf_ == boundary;
+    }
     TzMimeTransferEncoding::Kind storedEncoding() const noexcept { return encoding_; }
     /// The encoding that the headers state. Stored, because writing needs it of every part.
     TzMimeTransferEncoding::Kind statedEncoding() const noexcept {
@@ -75,7 +81,8 @@ private:
     TzMimeTransferEncoding::Kind encoding_ = TzMimeTransferEncoding::Kind::Identity;
     std::optional<TzMimeTransferEncoding::Kind> statedEncoding_; // by the first such header
     TzMimeHeaderList headers_;
-    Text text_; // owns what stored_ refers to
+    Text text_;   // owns what stored_ refers to
+    Text freeOf_; // a boundary that reading did not meet in it, null for none
     mutable std::atomic<const TzCString*> decoded_{nullptr};
     TzMimeHeaderWatchers watchers_;
 };

@@ -8,6 +8,7 @@
 #include <tz/mime/TzMimeContentTypeHeader.h>
 #include <tz/mime/TzMimeMultipartRelatedType.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -45,8 +46,11 @@ TzMimePartWriter::Plan TzMimePartWriter::plan(const TzMimePartBody& part) const 
     const Kind stated = part.statedEncoding();
     if (stated == part.storedEncoding()) {
         plan.bytes = part.stored(); // as it was read
+        if (part.isFreeOf(delimiter_.boundary())) {
+            return plan;
+        }
     } else if (stated == Kind::Base64) {
-        // appendBody encodes it into the output: it cannot contain a delimiter line.
+        // writeBody encodes it into the output: it cannot contain a delimiter line.
         plan.bytes = part.bytes();
         plan.encoding = Kind::Base64;
     } else {
@@ -62,27 +66,27 @@ TzMimePartWriter::Plan TzMimePartWriter::plan(const TzMimePartBody& part) const 
     return plan;
 }
 
-TzCString TzMimePartWriter::write() const {
-    TzCString out;
+void TzMimePartWriter::write(TzMimeOutput& out) const {
     out.reserve(expectedSize());
-    appendHeaders(out);
+    appendHeaders(out.text());
     if (isSeparated()) {
-        appendParts(out);
+        writeParts(out);
     } else {
-        out.append(TzMimeText::LineEnd);
-        appendBody(out, plan(part_));
+        out.text().append(TzMimeText::LineEnd);
+        writeBody(out, plan(part_));
     }
-    return out;
+    out.finish();
 }
 
 TzCString TzMimePartWriter::writeBody() const {
     if (!isSeparated()) {
         return part_.copyBytes();
     }
-    TzCString out;
+    TzCString text;
+    TzMimeOutput out(text);
     out.reserve(expectedSize());
-    appendParts(out);
-    return out.erase(0, TzMimeText::LineEnd.size());
+    writeParts(out);
+    return text.erase(0, TzMimeText::LineEnd.size());
 }
 
 std::size_t TzMimePartWriter::expectedSize(const TzMimePartBody& part) {
@@ -129,23 +133,23 @@ void TzMimePartWriter::appendBoundaryHeader(TzCString& out, std::size_t position
     TzMimeHeaderValue::append(out, TzMimeContentTypeHeader::Label, type.asString());
 }
 
-void TzMimePartWriter::appendParts(TzCString& out) const {
+void TzMimePartWriter::writeParts(TzMimeOutput& out) const {
     const std::vector<TzMimePart>& parts = part_.parts().all();
     for (std::size_t at = 0; at < parts.size(); ++at) {
         prefetch(parts, at);
-        delimiter_.append(out, false);
-        out.append(TzMimeText::LineEnd);
-        appendPart(out, *TzMimePartBody::of(parts[at]));
+        delimiter_.append(out.text(), false);
+        out.text().append(TzMimeText::LineEnd);
+        writePart(out, *TzMimePartBody::of(parts[at]));
     }
-    delimiter_.append(out, true);
-    out.append(TzMimeText::LineEnd);
+    delimiter_.append(out.text(), true);
+    out.text().append(TzMimeText::LineEnd);
 }
 
-void TzMimePartWriter::appendPart(TzCString& out, const TzMimePartBody& part) const {
+void TzMimePartWriter::writePart(TzMimeOutput& out, const TzMimePartBody& part) const {
     const Plan how = plan(part);
-    appendPartHeaders(out, part, how.forced);
-    out.append(TzMimeText::LineEnd);
-    appendBody(out, how);
+    appendPartHeaders(out.text(), part, how.forced);
+    out.text().append(TzMimeText::LineEnd);
+    writeBody(out, how);
 }
 
 void TzMimePartWriter::appendPartHeaders(TzCString& out, const TzMimePartBody& part, bool forced) {
@@ -164,10 +168,25 @@ void TzMimePartWriter::appendPartHeaders(TzCString& out, const TzMimePartBody& p
     }
 }
 
-void TzMimePartWriter::appendBody(TzCString& out, const Plan& plan) {
-    if (plan.kept.empty()) {
-        TzMimeTransferEncoding::encode(plan.encoding, plan.bytes, out);
+void TzMimePartWriter::writeBody(TzMimeOutput& out, const Plan& plan) {
+    if (!plan.kept.empty()) {
+        out.write(plan.kept);
+    } else if (plan.encoding == Kind::Base64 && out.hasSink()) {
+        writeBase64(out, plan.bytes);
+    } else if (plan.encoding == Kind::Identity) {
+        out.write(plan.bytes);
     } else {
-        out.append(plan.kept);
+        TzMimeTransferEncoding::encode(plan.encoding, plan.bytes, out.text());
+    }
+}
+
+void TzMimePartWriter::writeBase64(TzMimeOutput& out, std::string_view bytes) {
+    constexpr std::size_t Lines = 128;
+    constexpr std::size_t AtOnce = Lines * TzMimeTransferEncoding::Base64BytesPerLine;
+    while (!bytes.empty()) {
+        TzMimeTransferEncoding::encode(Kind::Base64, bytes.substr(0, AtOnce), out.text());
+        bytes.remove_prefix(std::min(AtOnce, bytes.size()));
+        out.text().append(bytes.empty() ? std::string_view() : TzMimeText::LineEnd);
+        out.settle();
     }
 }

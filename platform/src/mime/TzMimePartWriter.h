@@ -2,6 +2,7 @@
 #pragma once
 
 #include "mime/TzMimeDelimiter.h"
+#include "mime/TzMimeOutput.h"
 #include "mime/TzMimePartBody.h"
 
 #include <tz/tools/TzCString.h>
@@ -15,8 +16,8 @@ public:
     /// A writer of `part`, which must not change meanwhile.
     explicit TzMimePartWriter(const TzMimePartBody& part);
 
-    /// The text with the headers.
-    TzCString write() const;
+    /// Writes the text with the headers to `out`.
+    void write(TzMimeOutput& out) const;
     /// The text after the headers; of a package, the parts with the lines that separate them.
     TzCString writeBody() const;
 
@@ -35,10 +36,11 @@ private:
     std::size_t expectedSize() const;
     void appendHeaders(TzCString& out) const;
     void appendBoundaryHeader(TzCString& out, std::size_t position) const;
-    void appendParts(TzCString& out) const;
-    void appendPart(TzCString& out, const TzMimePartBody& part) const;
+    void writeParts(TzMimeOutput& out) const;
+    void writePart(TzMimeOutput& out, const TzMimePartBody& part) const;
     static void appendPartHeaders(TzCString& out, const TzMimePartBody& part, bool forced);
-    static void appendBody(TzCString& out, const Plan& plan);
+    static void writeBody(TzMimeOutput& out, const Plan& plan);
+    static void writeBase64(TzMimeOutput& out, std::string_view bytes);
 
     const TzMimePartBody& part_;
     TzMimeDelimiter delimiter_; // empty unless the part is a package

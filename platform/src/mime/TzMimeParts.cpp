@@ -38,15 +38,18 @@ void TzMimeParts::read(const std::shared_ptr<const TzCString>& text, std::size_t
     std::vector<TzMimePart> parts;
     const TzMimeDelimiter delimiter(boundary);
     const std::string_view all = *text;
+    const auto own = std::make_shared<const TzCString>(delimiter.boundary());
     std::optional<TzMimeDelimiter::Hit> hit;
     if (!delimiter.isEmpty()) {
-        hit = delimiter.find(all, from);
+        hit = delimiter.find(all, from).hit;
     }
     while (hit && !hit->closing) {
         const std::size_t begin = hit->next;
-        hit = delimiter.find(all, begin);
+        const TzMimeDelimiter::Search search = delimiter.find(all, begin);
+        hit = search.hit;
         const std::size_t end = hit ? std::max(begin, hit->partEnd) : all.size();
-        parts.push_back(TzMimePartBody::read(text, begin, end - begin));
+        parts.push_back(
+            TzMimePartBody::read(text, begin, end - begin, search.isFree ? own : nullptr));
     }
     changed();
     parts_ = std::move(parts);

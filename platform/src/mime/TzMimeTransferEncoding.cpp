@@ -17,7 +17,8 @@ constexpr std::string_view Letters =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 constexpr std::string_view HexDigits = "0123456789ABCDEF";
 constexpr std::size_t LineLength = 76;
-constexpr std::size_t BytesPerLine = LineLength / 4 * 3;
+constexpr std::size_t BytesPerLine = TzMimeTransferEncoding::Base64BytesPerLine;
+static_assert(BytesPerLine == LineLength / 4 * 3);
 constexpr unsigned char NoLetter = 0xFF;
 
 constexpr std::array<unsigned char, 256> makeLetterValues() {

@@ -16,6 +16,9 @@ enum class Kind : unsigned char {
     QuotedPrintable ///< Text as it is, all other bytes as "=" and two hexadecimal digits.
 };
 
+/// Bytes that one line of base64 stands for.
+inline constexpr std::size_t Base64BytesPerLine = 57;
+
 /// The label of the header that names the encoding.
 inline constexpr char Label[] = "Content-Transfer-Encoding";
 

@@ -7,113 +7,46 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstddef>
-#include <cstdint>
-#include <cstring>
 
 namespace {
 
-/// What is done with a byte.
-enum class Treatment : unsigned char {
-    Plain,    ///< Written as it stands.
-    Replaced, ///< Written as a reference.
-    Refused,  ///< A character that XML does not have.
-    Checked,  ///< Begins a character of several bytes, or should.
-};
+using TzXmlEscape::Checked;
+using TzXmlEscape::FirstReference;
+using TzXmlEscape::Plain;
+using TzXmlEscape::Reference;
+using TzXmlEscape::Refused;
+using TzXmlEscape::TreatmentTable;
 
-using TreatmentTable = std::array<Treatment, 256>;
+// By the numbers that the tables give.
+constexpr std::string_view Referred = "&<>\r\"\t\n";
+constexpr Reference References[] = {{"&amp;", 5},  {"&lt;", 4}, {"&gt;", 4}, {"&#13;", 5},
+                                    {"&quot;", 6}, {"&#9;", 4}, {"&#10;", 5}};
 
-constexpr TreatmentTable makeTable(std::string_view replaced) {
+/// The table of a context in which the first `references` of the references are written.
+constexpr TreatmentTable makeTable(std::size_t references) {
     TreatmentTable table{};
     for (std::size_t byte = 0; byte < table.size(); ++byte) {
         const bool isLineOrTab = byte == '\t' || byte == '\n' || byte == '\r';
-        table[byte] = byte >= 0x80                  ? Treatment::Checked
-                      : byte < 0x20 && !isLineOrTab ? Treatment::Refused
-                                                    : Treatment::Plain;
+        table[byte] = byte >= 0x80 ? Checked : byte < 0x20 && !isLineOrTab ? Refused : Plain;
     }
-    for (const char byte : replaced) {
-        table[static_cast<unsigned char>(byte)] = Treatment::Replaced;
+    for (std::size_t i = 0; i < references; ++i) {
+        table[static_cast<unsigned char>(Referred[i])] =
+            static_cast<std::uint8_t>(FirstReference + i);
     }
     return table;
 }
 
 // Readers turn CR and CR LF in content into LF, and TAB, LF and CR in attribute values into blanks.
-constexpr TreatmentTable ContentTable = makeTable("&<>\r");
-constexpr TreatmentTable AttributeValueTable = makeTable("&<>\r\"\t\n");
-
-std::string_view referenceFor(char byte) noexcept {
-    switch (byte) {
-    case '&':
-        return "&amp;";
-    case '<':
-        return "&lt;";
-    case '>':
-        return "&gt;";
-    case '"':
-        return "&quot;";
-    case '\t':
-        return "&#9;";
-    case '\n':
-        return "&#10;";
-    default:
-        return "&#13;";
-    }
-}
-
-constexpr std::size_t WordSize = sizeof(std::uint64_t);
-
-constexpr std::uint64_t everyByte(unsigned char byte) { return byte * (~std::uint64_t{0} / 0xFF); }
-
-/// Sets the top bit of some byte when a byte of `word` is zero.
-constexpr std::uint64_t zeroBytes(std::uint64_t word) {
-    return (word - everyByte(0x01)) & ~word & everyByte(0x80);
-}
-
-template <typename Word> Word loadAt(const char* bytes) noexcept {
-    Word word = 0;
-    std::memcpy(&word, bytes, sizeof(Word));
-    return word;
-}
-
-/// Whether all of the next `WordSize` bytes are plain in every context; only quick, not complete.
-bool isPlainWord(const char* bytes) noexcept {
-    const auto word = loadAt<std::uint64_t>(bytes);
-    const std::uint64_t notAscii = word & everyByte(0x80);
-    const std::uint64_t controls = (word - everyByte(0x20)) & ~word & everyByte(0x80);
-    // One test finds two characters: '<' and '>' differ in one bit only, and so do '&' and '"'.
-    const std::uint64_t brackets = zeroBytes((word | everyByte('<' ^ '>')) ^ everyByte('>'));
-    const std::uint64_t others = zeroBytes((word | everyByte('&' ^ '"')) ^ everyByte('&'));
-    return (notAscii | controls | brackets | others) == 0;
-}
-
-/// Whether a text shorter than a word is plain in every context; only quick, as for a word.
-bool isPlainShort(std::string_view text) noexcept {
-    const std::size_t size = text.size();
-    std::array<char, WordSize> word{'0', '0', '0', '0', '0', '0', '0', '0'};
-    if (size >= 4) {
-        const auto first = loadAt<std::uint32_t>(text.data());
-        const auto last = loadAt<std::uint32_t>(text.data() + size - 4);
-        std::memcpy(word.data(), &first, 4);
-        std::memcpy(word.data() + 4, &last, 4);
-    } else if (size != 0) {
-        word[0] = text[0];
-        word[1] = text[size / 2];
-        word[2] = text[size - 1];
-    }
-    return isPlainWord(word.data());
-}
-
-Treatment treatmentOf(char byte, const TreatmentTable& table) noexcept {
-    return table[static_cast<unsigned char>(byte)];
-}
+constexpr TreatmentTable ContentTable = makeTable(4);
+constexpr TreatmentTable AttributeValueTable = makeTable(Referred.size());
 
 /// Position of the first byte from `at` on that is not plain.
 std::size_t endOfPlain(std::string_view text, std::size_t at,
                        const TreatmentTable& table) noexcept {
     while (at < text.size()) {
-        if (text.size() - at >= WordSize && isPlainWord(text.data() + at)) {
-            at += WordSize;
-        } else if (treatmentOf(text[at], table) == Treatment::Plain) {
+        if (text.size() - at >= TzXmlBlock::Size && !TzXmlBlock::flags(text.data() + at).any()) {
+            at += TzXmlBlock::Size;
+        } else if (table[static_cast<unsigned char>(text[at])] == Plain) {
             ++at;
         } else {
             break;
@@ -144,7 +77,22 @@ TzCString hexadecimal(unsigned value, std::size_t width) {
                                      " at offset " + std::to_string(offset) + " is not UTF-8"));
 }
 
-/// Bytes of the character at `at`; throws when XML cannot hold it.
+} // namespace
+
+namespace TzXmlEscape {
+
+const TreatmentTable& tableFor(Context context) noexcept {
+    return context == Context::Content ? ContentTable : AttributeValueTable;
+}
+
+const Reference& referenceOf(std::uint8_t treatment) noexcept {
+    return References[treatment - FirstReference];
+}
+
+void refuseControl(std::string_view text, std::size_t at) {
+    refuseCharacter(static_cast<unsigned char>(text[at]), at);
+}
+
 std::size_t checkedLength(std::string_view text, std::size_t at) {
     const std::size_t length = TzTextTools::characterLength(text.substr(at));
     if (length == 0) {
@@ -156,41 +104,39 @@ std::size_t checkedLength(std::string_view text, std::size_t at) {
     return length;
 }
 
-} // namespace
-
-namespace TzXmlEscape {
-
 bool isPlain(std::string_view text) noexcept {
-    if (text.size() < WordSize) {
-        return isPlainShort(text);
+    using Block = TzXmlBlock;
+    if (text.size() < Block::Size) {
+        return Block::isPlainShort(text.data(), text.size());
     }
-    const char* const last = text.data() + text.size() - WordSize;
-    for (const char* at = text.data(); at < last; at += WordSize) {
-        if (!isPlainWord(at)) {
+    const char* const last = text.data() + text.size() - Block::Size;
+    for (const char* at = text.data(); at < last; at += Block::Size) {
+        if (Block::flags(at).any()) {
             return false;
         }
     }
-    return isPlainWord(last);
+    return !Block::flags(last).any();
 }
 
 std::string_view escape(std::string_view text, Context context, TzCString& buffer) {
     if (isPlain(text)) {
         return text;
     }
-    const TreatmentTable& table = context == Context::Content ? ContentTable : AttributeValueTable;
+    const TreatmentTable& table = tableFor(context);
     buffer.clear();
     std::size_t begin = 0; // of the text that is not in the buffer yet
     std::size_t at = endOfPlain(text, 0, table);
     while (at < text.size()) {
-        const Treatment treatment = treatmentOf(text[at], table);
-        if (treatment == Treatment::Checked) {
+        const std::uint8_t treatment = table[static_cast<unsigned char>(text[at])];
+        if (treatment == Checked) {
             at += checkedLength(text, at);
-        } else if (treatment == Treatment::Replaced) {
+        } else if (treatment >= FirstReference) {
+            const Reference& reference = referenceOf(treatment);
             buffer.append(text, begin, at - begin);
-            buffer.append(referenceFor(text[at]));
+            buffer.append(reference.text, reference.size);
             begin = ++at;
         } else {
-            refuseCharacter(static_cast<unsigned char>(text[at]), at);
+            refuseControl(text, at);
         }
         at = endOfPlain(text, at, table);
     }

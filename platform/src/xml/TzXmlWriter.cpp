@@ -7,6 +7,10 @@
 
 namespace {
 
+/// The run that all indentation is copied from.
+constexpr std::string_view Blanks =
+    "                                                                ";
+
 /// Makes room for `more` bytes. Moving a text into new memory costs more than writing it, so it
 /// moves seldom; memory that is not used is never touched. The first size decides all others: after
 /// 16 MiB come 64 MiB, because blocks of 32 MiB are the smallest whose pages are new each time.
@@ -22,10 +26,114 @@ void grow(TzCString& text, std::size_t more) {
 
 } // namespace
 
+/// What a writer holds when it is made, so that it can be taken back: as long as nobody says that
+/// all went well, the end of this object takes back what was written since. What a sink got stays.
+class TzXmlWriter::Undo {
+public:
+    explicit Undo(TzXmlWriter& writer) noexcept
+        : writer_(&writer), size_(size()), indentDue_(writer.indentDue_) {}
+    ~Undo() {
+        if (writer_ != nullptr) {
+            takeBack();
+        }
+    }
+    Undo(const Undo&) = delete;
+    Undo& operator=(const Undo&) = delete;
+
+    void allWentWell() noexcept { writer_ = nullptr; }
+
+private:
+    std::size_t handedOn() const noexcept {
+        return writer_->output_ != nullptr ? writer_->output_->size() : writer_->handedOver_;
+    }
+    std::size_t size() const noexcept { return handedOn() + writer_->used(); }
+    void takeBack() noexcept {
+        if (handedOn() > size_) {
+            if (writer_->output_ == nullptr) {
+                return;
+            }
+            writer_->output_->resize(size_);
+        }
+        writer_->at_ = writer_->begin_ + (size_ - handedOn());
+        writer_->indentDue_ = indentDue_;
+    }
+
+    TzXmlWriter* writer_;
+    std::size_t size_;
+    bool indentDue_;
+};
+
+TzXmlWriter::TzXmlWriter(const TzSink& sink, std::size_t held)
+    : sink_(sink), held_(new char[held]) {
+    begin_ = at_ = held_.get();
+    end_ = begin_ + held;
+}
+
 TzXmlWriter::~TzXmlWriter() = default;
 
 void TzXmlWriter::write(std::string_view text, bool escape) {
-    write(escape ? escaped(text) : text);
+    if (!escape) {
+        return write(text);
+    }
+    if (!text.empty()) {
+        Undo undo(*this);
+        indentIfDue();
+        putEscaped(text);
+        undo.allWentWell();
+    }
+}
+
+void TzXmlWriter::writeElement(const Ready& start, std::string_view content, const Ready& end) {
+    if (!putPlainElement(start, content, end)) {
+        Undo undo(*this);
+        write(start.text());
+        putEscaped(content);
+        put(end.text());
+        undo.allWentWell();
+    }
+    writeNewLine();
+}
+
+bool TzXmlWriter::putPlainElement(const Ready& start, std::string_view content, const Ready& end) {
+    const std::size_t needed = MostBlanks + 2 * Ready::Most + content.size() + TzXmlBlock::Size;
+    if (needed > static_cast<std::size_t>(end_ - begin_) || indentation_ > MostBlanks) {
+        return false;
+    }
+    if (needed > room()) {
+        makeRoom();
+    }
+    char* to = at_; // nothing is written until that moves
+    if (indentDue_) {
+        std::memcpy(to, Blanks.data(), MostBlanks);
+        to += indentation_;
+    }
+    to = start.copy(to);
+    const bool isPlain = TzXmlEscape::copyPlain<TzXmlBlock>(to, content);
+    if (isPlain) {
+        at_ = end.copy(to + content.size());
+        indentDue_ = false;
+    }
+    return isPlain;
+}
+
+void TzXmlWriter::putEscaped(std::string_view text) {
+    using namespace TzXmlEscape;
+    const TreatmentTable& table = tableFor(Context::Content);
+    for (std::size_t at = 0; at < text.size();) {
+        const std::string_view window = text.substr(at, LongPiece);
+        if (window.size() == LongPiece && isPlain(window)) {
+            put(window); // from where it lies
+            at += window.size();
+            continue;
+        }
+        const std::size_t stop = at + window.size();
+        while (at < stop) {
+            if (room() < LeastRoom) {
+                makeRoom();
+            }
+            at = escapeSome<TzXmlBlock>(text, at, stop, table, at_, end_);
+        }
+    }
 }
 
 std::string_view TzXmlWriter::escaped(std::string_view content) {
@@ -49,25 +157,45 @@ void TzXmlWriter::writeQualifiedAttribute(std::string_view prefix, std::string_v
 }
 
 void TzXmlWriter::flush() const {
-    output_->append(chunk_.data(), used_);
-    used_ = 0;
+    const std::string_view gathered(begin_, used());
+    if (output_ != nullptr) {
+        output_->append(gathered);
+        at_ = begin_;
+    } else {
+        at_ = begin_; // a sink that fails may have taken a part: it gets nothing twice
+        sink_->take(gathered);
+        handedOver_ += gathered.size();
+    }
+}
+
+void TzXmlWriter::makeRoom() {
+    if (output_ != nullptr) {
+        grow(*output_, used());
+    }
+    flush();
 }
 
 void TzXmlWriter::putLong(std::string_view text) {
-    grow(*output_, used_ + (text.size() <= chunk_.size() ? 0 : text.size()));
+    const bool fits = text.size() <= static_cast<std::size_t>(end_ - begin_);
+    if (output_ != nullptr) {
+        grow(*output_, used() + (fits ? 0 : text.size()));
+    }
     flush();
-    if (text.size() <= chunk_.size()) {
-        put(text);
-    } else {
+    if (fits) {
+        at_ = copyTo(at_, text);
+    } else if (output_ != nullptr) {
         output_->append(text);
+    } else {
+        sink_->take(text);
+        handedOver_ += text.size();
     }
 }
 
 void TzXmlWriter::indent() {
-    static constexpr std::string_view Blanks = "                                ";
-    if (indentation_ <= Blanks.size() && Blanks.size() <= chunk_.size() - used_) {
-        std::memcpy(chunk_.data() + used_, Blanks.data(), Blanks.size());
-        used_ += indentation_;
+    static_assert(Blanks.size() == MostBlanks);
+    if (indentation_ <= Blanks.size() && Blanks.size() <= room()) {
+        std::memcpy(at_, Blanks.data(), Blanks.size());
+        at_ += indentation_;
         return;
     }
     std::size_t left = std::min(indentation_, MostSteps * std::max(step_, DefaultStep));

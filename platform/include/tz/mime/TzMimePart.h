@@ -5,6 +5,7 @@
 #include <tz/mime/TzMimeHeader.h>
 #include <tz/pointer/TzHandleBase.h>
 #include <tz/tools/TzCString.h>
+#include <tz/tools/TzSink.h>
 #include <tz/xml/TzXmlText.h>
 
 #include <cstddef>
@@ -12,6 +13,7 @@
 #include <string_view>
 #include <utility>
 
+class TzMimeOutput;
 class TzMimePartBody;
 
 /// A MIME part: header lines and a body of bytes.
@@ -80,6 +82,14 @@ public:
     /// contains such a line is written in base64 whatever its header says. A package that has parts
     /// and no boundary is written with the boundary "MIME_boundary".
     TzCString asString() const;
+    /// Appends what `asString` returns to `text`, whose capacity is used. After an error, which can
+    /// only be `std::bad_alloc`, the text is as it was.
+    void writeTo(TzCString& text) const;
+    /// Writes what `asString` returns to `sink`. A body that is written as it is kept goes there
+    /// from where it lies. Beside the part this takes 40 KiB of memory, and the text of a body
+    /// whose transfer encoding, quoted-printable, is not the one that it was read in. Errors are
+    /// those of the sink, which then got the beginning of the text.
+    void writeTo(const TzSink& sink) const;
     /// Makes this handle one to the part that `text` holds; other handles keep what they had. Lines
     /// before the first header line are skipped, unless the text of a part begins with an empty
     /// line. Lines may end in CRLF or LF, also mixed. `TzXmlParseError` with line and column, and
@@ -108,4 +118,5 @@ private:
 
     /// Whether a new body of this handle is a package.
     virtual bool holdsPackage() const noexcept;
+    void write(TzMimeOutput& out) const;
 };

@@ -3,13 +3,19 @@
 
 #include <tz/TzPlatformExport.h>
 #include <tz/tools/TzCString.h>
+#include <tz/tools/TzSink.h>
 
 #include <array>
 #include <cstddef>
 #include <cstring>
+#include <memory>
+#include <optional>
 #include <string_view>
 
-/// Appends XML markup to a text: escaping, line breaks and indentation.
+/// Writes XML markup to a text or a sink: escaping, line breaks and indentation.
+///
+/// Short pieces are gathered and handed on together, so that an error of a sink shows up in a later
+/// call than the one whose text it concerns.
 ///
 /// A line begun by `writeNewLine` is indented when its first text is written, by the indentation
 /// in force then. Not locked: one writer is used by one thread at a time.
@@ -37,14 +43,48 @@ public:
     /// times as long as its markup.
     static constexpr std::size_t MostSteps = 32;
 
+    /// Short markup that is written again and again, kept so that it is copied in one go.
+    class Ready {
+    public:
+        /// Most bytes that it can hold.
+        static constexpr std::size_t Most = 64;
+
+        /// Becomes the `pieces` in one; false, and empty, when they are too long.
+        template <typename... Pieces> bool set(const Pieces&... pieces) noexcept {
+            const std::size_t size = (std::string_view(pieces).size() + ...);
+            size_ = size <= Most ? size : 0;
+            if (size_ != 0) {
+                char* to = text_.data();
+                ((to = copyTo(to, pieces)), ...);
+            }
+            return size_ == size;
+        }
+        /// The markup.
+        std::string_view text() const noexcept { return {text_.data(), size_}; }
+        /// Copies `Most` bytes, the markup and what stands behind it; returns the end of the
+        /// markup.
+        char* copy(char* to) const noexcept {
+            std::memcpy(to, text_.data(), Most);
+            return to + size_;
+        }
+
+    private:
+        std::array<char, Most> text_{};
+        std::size_t size_ = 0;
+    };
+
     TzXmlWriter(const TzXmlWriter&) = delete;
     TzXmlWriter& operator=(const TzXmlWriter&) = delete;
     virtual ~TzXmlWriter();
 
     /// Appends `text`: as it stands, or escaped as element content ('&', '<', '>', CR).
     /// `TzXmlBadArgError` when text to be escaped holds what XML 1.0 cannot carry; nothing is
-    /// appended then.
+    /// appended then, but a sink may have got the beginning of a text that is longer than what the
+    /// writer holds back.
     void write(std::string_view text, bool escape);
+    /// Appends an element that holds a text only: `start`, the escaped `content` and `end`, and
+    /// ends the line. Errors as for `write`, and nothing of the element is appended then.
+    void writeElement(const Ready& start, std::string_view content, const Ready& end);
     /// Appends markup as it stands.
     void write(std::string_view markup) {
         if (!markup.empty()) {
@@ -55,13 +95,23 @@ public:
     /// Appends several pieces of markup as they stand, in one go.
     template <typename... Pieces> void writeMarkup(const Pieces&... pieces) {
         indentIfDue();
-        if ((std::string_view(pieces).size() + ...) > chunk_.size() - used_) {
+        if ((std::string_view(pieces).size() + ...) > room()) {
             (put(pieces), ...);
             return;
         }
-        char* to = chunk_.data() + used_;
+        char* to = at_;
         ((to = copyTo(to, pieces)), ...);
-        used_ = static_cast<std::size_t>(to - chunk_.data());
+        at_ = to;
+    }
+    /// Appends `markup` as it stands and ends the line.
+    void writeReadyLine(const Ready& markup) {
+        indentIfDue();
+        if (room() < Ready::Most) {
+            put(markup.text());
+        } else {
+            at_ = markup.copy(at_);
+        }
+        writeNewLine();
     }
     /// Appends several pieces of markup as they stand, in one go, and ends the line.
     template <typename... Pieces> void writeMarkupLine(const Pieces&... pieces) {
@@ -82,7 +132,10 @@ public:
     /// Ends the line; the next text is indented. Does nothing in compact layout.
     void writeNewLine() {
         if (!compact_) {
-            put(Newline);
+            if (at_ == end_) {
+                makeRoom();
+            }
+            *at_++ = Newline.front();
             indentDue_ = true;
         }
     }
@@ -107,12 +160,18 @@ public:
 
 protected:
     /// A writer that appends to `output`, which is complete after `flush` and must outlive it.
-    explicit TzXmlWriter(TzCString& output) noexcept : output_(&output) {}
-    /// Appends to the output what is still held back.
+    explicit TzXmlWriter(TzCString& output) noexcept : output_(&output) {
+        begin_ = at_ = chunk_.data();
+        end_ = begin_ + chunk_.size();
+    }
+    /// A writer to `sink`, which got all after `flush`. Holds back at most `held` bytes, which must
+    /// be 1 KiB or more.
+    TzXmlWriter(const TzSink& sink, std::size_t held);
+    /// Hands on what is still held back.
     void flush() const;
     /// Forgets what is still held back.
     void discard() noexcept {
-        used_ = 0;
+        at_ = begin_;
         indentDue_ = false;
     }
     /// Goes on where `other` stands: at its indentation, at the beginning of a line if it does.
@@ -124,6 +183,13 @@ protected:
     }
 
 private:
+    class Undo;
+
+    /// Blanks that are copied in one go.
+    static constexpr std::size_t MostBlanks = MostSteps * DefaultStep;
+    /// Plain text from this length on is handed on from where it lies.
+    static constexpr std::size_t LongPiece = std::size_t{32} << 10;
+
     void indentIfDue() {
         if (indentDue_) {
             indentDue_ = false;
@@ -131,12 +197,13 @@ private:
         }
     }
     void indent();
+    std::size_t room() const noexcept { return static_cast<std::size_t>(end_ - at_); }
+    std::size_t used() const noexcept { return static_cast<std::size_t>(at_ - begin_); }
     void put(std::string_view text) {
-        if (text.size() > chunk_.size() - used_) {
+        if (text.size() > room()) {
             putLong(text);
         } else {
-            copyTo(chunk_.data() + used_, text);
-            used_ += text.size();
+            at_ = copyTo(at_, text);
         }
     }
     // Most pieces are so short that a call would cost more than the copy: two moves that overlap do
@@ -169,13 +236,22 @@ private:
         std::memcpy(to + size - Width, last.data(), Width);
     }
     void putLong(std::string_view text);
+    void makeRoom();
+    void putEscaped(std::string_view text);
+    bool putPlainElement(const Ready& start, std::string_view content, const Ready& end);
 
-    TzCString* output_;
+    TzCString* output_ = nullptr; // null when there is a sink
     std::size_t indentation_ = 0;
     std::size_t step_ = DefaultStep;
     bool indentDue_ = false;
     bool compact_ = false;
-    TzCString escaped_;            // text in its escaped form, while it is written
-    mutable std::size_t used_ = 0; // of chunk_
-    std::array<char, 2048> chunk_; // gathers the many short pieces of markup
+    TzCString escaped_; // a text in its escaped form, while it is written
+    // Gathers the many short pieces of markup: chunk_, or held_ for a sink.
+    char* begin_ = nullptr;
+    mutable char* at_ = nullptr;
+    char* end_ = nullptr;
+    std::optional<TzSink> sink_;
+    mutable std::size_t handedOver_ = 0; // bytes that the sink got
+    std::unique_ptr<char[]> held_;
+    std::array<char, 2048> chunk_;
 };

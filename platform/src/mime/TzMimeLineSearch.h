@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+/// The search for lines that begin with "--" and a boundary: a line end, LF or CR, and `line`.
+/// Texts that are full of what nearly is such a line cost little more than others, because several
+/// bytes of it are looked for at once.
+
+/// What may follow the boundary of a line that is looked for.
+enum class TzMimeLineRest {
+    Any,        ///< Anything.
+    OfDelimiter ///< At least what may follow the boundary of a delimiter line.
+};
+
+/// Whether what is looked for begins at `at`, a place before `end`.
+inline bool tzMimeIsLineAt(const char* at, const char* end, std::string_view line) noexcept {
+    return (*at == '\n' || *at == '\r') && static_cast<std::size_t>(end - at) > line.size() &&
+           std::memcmp(at + 1, line.data(), line.size()) == 0;
+}
+
+/// Byte after byte, for every processor.
+struct TzMimeLineSearch {
+    /// The first place from `from` on where a line end is followed by `line`, which begins with two
+    /// hyphens and is longer; null without one.
+    template <TzMimeLineRest>
+    static const char* find(const char* from, const char* end, std::string_view line) noexcept {
+        while (static_cast<std::size_t>(end - from) > line.size()) {
+            const auto size = static_cast<std::size_t>(end - from) - 1;
+            const auto* const hyphen = static_cast<const char*>(std::memchr(from + 1, '-', size));
+            if (hyphen == nullptr) {
+                return nullptr;
+            }
+            if (tzMimeIsLineAt(hyphen - 1, end, line)) {
+                return hyphen - 1;
+            }
+            from = hyphen;
+        }
+        return nullptr;
+    }
+};
+
+#if defined(__SSE2__)
+
+/// Sixteen places at once.
+struct TzMimeSseLineSearch {
+    /// As for `TzMimeLineSearch`.
+    template <TzMimeLineRest Rest>
+    static const char* find(const char* from, const char* end, std::string_view line) noexcept {
+        constexpr std::size_t Places = 16;
+        const __m128i last = _mm_set1_epi8(line.back());
+        // The last of the places needs the line and one byte after it.
+        while (static_cast<std::size_t>(end - from) > Places + line.size()) {
+            for (std::uint32_t found = look<Rest>(from, line.size(), last); found != 0;
+                 found &= found - 1) {
+                const char* const at = from + std::countr_zero(found);
+                if (std::memcmp(at + 1, line.data(), line.size()) == 0) {
+                    return at;
+                }
+            }
+            from += Places;
+        }
+        return TzMimeLineSearch::find<Rest>(from, end, line);
+    }
+
+private:
+    static __m128i equal(const char* from, char wanted) noexcept {
+        return _mm_cmpeq_epi8(load(from), _mm_set1_epi8(wanted));
+    }
+    static __m128i load(const char* from) noexcept {
+        return _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
+    }
+    /// A bit for each place where the first three bytes and the last one fit.
+    template <TzMimeLineRest Rest>
+    static std::uint32_t look(const char* from, std::size_t size, __m128i last) noexcept {
+        const __m128i lineEnd = _mm_or_si128(equal(from, '\n'), equal(from, '\r'));
+        const __m128i hyphens = _mm_and_si128(equal(from + 1, '-'), equal(from + 2, '-'));
+        __m128i fits =
+            _mm_and_si128(_mm_and_si128(lineEnd, hyphens), _mm_cmpeq_epi8(load(from + size), last));
+        if constexpr (Rest == TzMimeLineRest::OfDelimiter) {
+            // Blanks, line ends and the hyphen are all less than '.'.
+            fits = _mm_and_si128(fits, _mm_cmplt_epi8(load(from + size + 1), _mm_set1_epi8('.')));
+        }
+        return static_cast<std::uint32_t>(_mm_movemask_epi8(fits));
+    }
+};
+
+using TzMimeBestLineSearch = TzMimeSseLineSearch;
+
+#else
+
+using TzMimeBestLineSearch = TzMimeLineSearch;
+
+#endif
