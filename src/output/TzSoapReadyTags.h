@@ -48,9 +48,11 @@ public:
                              isSpeltAlike(entry.type, type);
         return isKnown ? &entry.tags : nullptr;
     }
+    /// Whether to remember what is written next; not for the first elements, because what is
+    /// written of a small message does not pay for it.
+    bool isWorthIt() noexcept { return met_ == FirstOnes || ++met_ == FirstOnes; }
     /// Remembers `tags` for `name` and `type` while `state` holds, perhaps in place of others;
-    /// returns them as they are kept. Remembers nothing, and returns null, for the first elements:
-    /// what is written of a small message does not pay.
+    /// returns them as they are kept.
     const Tags* remember(const TzXmlName& name, const TzXmlName& type, const State& state,
                          const Tags& tags);
     /// Forgets everything.
@@ -68,6 +70,7 @@ private:
     };
 
     static constexpr std::size_t Slots = 64;
+    static constexpr std::size_t FirstOnes = 16;
 
     static std::size_t slotOf(const TzXmlName& name, const TzXmlName& type) noexcept {
         const TzCString& local = name.getLocalName();
@@ -82,5 +85,5 @@ private:
     }
 
     std::vector<Entry> entries_; // none, or Slots
-    std::size_t met_ = 0;        // elements that `remember` was called for in vain
+    std::size_t met_ = 0;        // elements, FirstOnes at most
 };

@@ -121,7 +121,8 @@ public:
         }
         const TzSoapReadyTags::State state{scope().declarationChanges(), scope().styleChanges()};
         const TzSoapReadyTags::Tags* const known = ready_.find(name, type, state);
-        return known != nullptr ? known : makeReady(name, value, type, typeIsPlain);
+        return known != nullptr || !ready_.isWorthIt() ? known
+                                                       : makeReady(name, value, type, typeIsPlain);
     }
     /// Writes the tag without its end: name, declarations, attributes.
     void write(const TzSoapTagName& name);

@@ -78,15 +78,28 @@ void TzSoapValueOutput::writeSimple(TzSoapSimpleTypeImp& value) {
     }
     const TzSoapTagName tag = TzSoapTagName::of(name);
     TzSoapStartTag::Brief brief;
-    if (!startTag_.isBrief(tag, name, value, *type, typeShown, brief)) {
+    if (startTag_.isBrief(tag, name, value, *type, typeShown, brief)) {
+        context_.scope().checkDepth(1);
+        writeBrief(tag, brief, value.text(), escapes);
+    } else {
         writeSimpleAt(value, {});
+    }
+}
+
+void TzSoapValueOutput::writeBrief(const TzSoapTagName& tag, const TzSoapStartTag::Brief& brief,
+                                   std::string_view content, bool escapes) {
+    TzXmlWriter& xml = context_.xml();
+    if (!escapes || TzXmlWriter::isPlain(content)) {
+        xml.writeMarkupLine(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local, brief.open,
+                            brief.typePrefix, brief.typeColon, brief.type, brief.close, content,
+                            TzXmlWriter::StartEndTag, tag.prefix, tag.colon, tag.local,
+                            TzXmlWriter::EndTag);
         return;
     }
-    context_.scope().checkDepth(1);
-    context_.xml().writeMarkupLine(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local,
-                                   brief.open, brief.typePrefix, brief.typeColon, brief.type,
-                                   brief.close, contentOf(value), TzXmlWriter::StartEndTag,
-                                   tag.prefix, tag.colon, tag.local, TzXmlWriter::EndTag);
+    xml.writeMarkup(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local, brief.open,
+                    brief.typePrefix, brief.typeColon, brief.type, brief.close);
+    xml.write(content, true);
+    tag.writeEndTag(xml);
 }
 
 void TzSoapValueOutput::writeSimpleAt(TzSoapSimpleTypeImp& value, std::string_view position) {
@@ -98,15 +111,9 @@ void TzSoapValueOutput::writeSimpleAt(TzSoapSimpleTypeImp& value, std::string_vi
     collect(value, isLabelled ? label : type, position, Encoding::Soap);
     start(tag, value);
     if (!isNil(value)) {
-        context_.xml().write(contentOf(value));
+        context_.xml().write(value.text(), value.getEscapeText() != TzSoapContentBase::EscapeOff);
     }
     tag.writeEndTag(context_.xml());
-}
-
-std::string_view TzSoapValueOutput::contentOf(const TzSoapSimpleTypeImp& value) {
-    return value.getEscapeText() == TzSoapContentBase::EscapeOff
-               ? value.text()
-               : context_.xml().escaped(value.text());
 }
 
 void TzSoapValueOutput::writeUserDefined(TzSoapUserDefinedTypeImp& value,

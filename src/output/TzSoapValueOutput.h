@@ -56,7 +56,8 @@ private:
                  Encoding encoding);
     void start(const TzSoapTagName& name, const TzSoapTypeImp& value);
     void writeEmpty(const TzSoapTagName& name, const TzSoapTypeImp& value);
-    std::string_view contentOf(const TzSoapSimpleTypeImp& value);
+    void writeBrief(const TzSoapTagName& tag, const TzSoapStartTag::Brief& brief,
+                    std::string_view content, bool escapes);
     void writeOwnMarkup(const TzSoapUserDefinedTypeImp& value);
     void writeMarkup(const TzCString& markup, const TzSoapTypeImp& value);
     std::size_t styleInsertion(const TzCString& markup) const;

@@ -50,46 +50,80 @@ struct TzMimeLineSearch {
 
 #if defined(__SSE2__)
 
-/// Sixteen places at once.
+/// Many places at once.
 struct TzMimeSseLineSearch {
     /// As for `TzMimeLineSearch`.
     template <TzMimeLineRest Rest>
     static const char* find(const char* from, const char* end, std::string_view line) noexcept {
-        constexpr std::size_t Places = 16;
-        const __m128i last = _mm_set1_epi8(line.back());
+        const Wanted wanted{line, _mm_set1_epi8(line.back())};
+        std::size_t dense = 0; // so many rounds search without asking first
         // The last of the places needs the line and one byte after it.
-        while (static_cast<std::size_t>(end - from) > Places + line.size()) {
-            for (std::uint32_t found = look<Rest>(from, line.size(), last); found != 0;
-                 found &= found - 1) {
-                const char* const at = from + std::countr_zero(found);
-                if (std::memcmp(at + 1, line.data(), line.size()) == 0) {
-                    return at;
+        while (static_cast<std::size_t>(end - from) > Blocks * Block + line.size()) {
+            if (dense != 0 || mayFit(from, wanted)) {
+                // Where one place is likely, others are: asking first would cost more than it
+                // saves.
+                dense = dense != 0 ? dense - 1 : DenseFor;
+                for (std::size_t block = 0; block < Blocks; ++block) {
+                    if (const char* const at = findIn<Rest>(from + block * Block, wanted)) {
+                        return at;
+                    }
                 }
             }
-            from += Places;
+            from += Blocks * Block;
         }
         return TzMimeLineSearch::find<Rest>(from, end, line);
     }
 
 private:
-    static __m128i equal(const char* from, char wanted) noexcept {
-        return _mm_cmpeq_epi8(load(from), _mm_set1_epi8(wanted));
-    }
+    static constexpr std::size_t Block = 16;
+    static constexpr std::size_t Blocks = 4;
+    static constexpr std::size_t DenseFor = 16;
+
+    struct Wanted {
+        std::string_view line;
+        __m128i last; ///< The last byte of the line, everywhere.
+    };
+
     static __m128i load(const char* from) noexcept {
         return _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
     }
-    /// A bit for each place where the first three bytes and the last one fit.
+    static __m128i equal(const char* from, char wanted) noexcept {
+        return _mm_cmpeq_epi8(load(from), _mm_set1_epi8(wanted));
+    }
+    /// The places where the second byte and the last one fit, which is rare in nearly all texts.
+    static __m128i likely(const char* from, const Wanted& wanted) noexcept {
+        return _mm_and_si128(equal(from + 1, '-'),
+                             _mm_cmpeq_epi8(load(from + wanted.line.size()), wanted.last));
+    }
+    /// Whether any of the places of all blocks is likely.
+    static bool mayFit(const char* from, const Wanted& wanted) noexcept {
+        __m128i any = likely(from, wanted);
+        for (std::size_t block = 1; block < Blocks; ++block) {
+            any = _mm_or_si128(any, likely(from + block * Block, wanted));
+        }
+        return _mm_movemask_epi8(any) != 0;
+    }
+    /// A bit for each place of a block where the first three bytes and the last one fit.
     template <TzMimeLineRest Rest>
-    static std::uint32_t look(const char* from, std::size_t size, __m128i last) noexcept {
-        const __m128i lineEnd = _mm_or_si128(equal(from, '\n'), equal(from, '\r'));
-        const __m128i hyphens = _mm_and_si128(equal(from + 1, '-'), equal(from + 2, '-'));
-        __m128i fits =
-            _mm_and_si128(_mm_and_si128(lineEnd, hyphens), _mm_cmpeq_epi8(load(from + size), last));
+    static std::uint32_t look(const char* from, const Wanted& wanted) noexcept {
+        __m128i fits = _mm_and_si128(_mm_or_si128(equal(from, '\n'), equal(from, '\r')),
+                                     _mm_and_si128(likely(from, wanted), equal(from + 2, '-')));
         if constexpr (Rest == TzMimeLineRest::OfDelimiter) {
             // Blanks, line ends and the hyphen are all less than '.'.
-            fits = _mm_and_si128(fits, _mm_cmplt_epi8(load(from + size + 1), _mm_set1_epi8('.')));
+            const __m128i next = load(from + wanted.line.size() + 1);
+            fits = _mm_and_si128(fits, _mm_cmplt_epi8(next, _mm_set1_epi8('.')));
         }
         return static_cast<std::uint32_t>(_mm_movemask_epi8(fits));
+    }
+    template <TzMimeLineRest Rest>
+    static const char* findIn(const char* from, const Wanted& wanted) noexcept {
+        for (std::uint32_t found = look<Rest>(from, wanted); found != 0; found &= found - 1) {
+            const char* const at = from + std::countr_zero(found);
+            if (std::memcmp(at + 1, wanted.line.data(), wanted.line.size()) == 0) {
+                return at;
+            }
+        }
+        return nullptr;
     }
 };
 
