@@ -38,12 +38,11 @@ public:
 
     /// The tags for `name` and `type` while `state` holds, null when they are not known. Valid
     /// until the next call of `remember`. O(length of the names).
-    const Tags* find(const TzXmlName& name, const TzXmlName& type,
-                     const State& state) const noexcept {
+    const Tags* find(const TzXmlName& name, const TzXmlName& type, const State& state) noexcept {
         if (entries_.empty()) {
             return nullptr;
         }
-        const Entry& entry = entries_[slotOf(name, type)];
+        Entry& entry = entries_[slotOf(name, type)];
         const bool isKnown = entry.state == state && isSpeltAlike(entry.name, name) &&
                              isSpeltAlike(entry.type, type);
         return isKnown ? &entry.tags : nullptr;
@@ -79,9 +78,17 @@ private:
                                                      5 * static_cast<unsigned char>(local.back());
         return (ends + 11 * local.size() + 23 * type.getLocalName().size()) % Slots;
     }
-    static bool isSpeltAlike(const TzXmlName& left, const TzXmlName& right) noexcept {
-        return left.isSame(right) || (left.getLocalName() == right.getLocalName() &&
-                                      left.getNamespace() == right.getNamespace());
+    // The next name is likely to share the record of this one.
+    static bool isSpeltAlike(TzXmlName& known, const TzXmlName& name) noexcept {
+        if (known.isSame(name)) {
+            return true;
+        }
+        const bool isAlike = known.getLocalName() == name.getLocalName() &&
+                             known.getNamespace() == name.getNamespace();
+        if (isAlike) {
+            known = name;
+        }
+        return isAlike;
     }
 
     std::vector<Entry> entries_; // none, or Slots
