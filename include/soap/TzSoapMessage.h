@@ -20,7 +20,6 @@
 #include <tz/xml/TzXmlProlog.h>
 #include <tz/xml/TzXmlText.h>
 
-#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -29,7 +28,6 @@ class TzMimePart;
 class TzSoapConstVisitor;
 class TzSoapMessageImp;
 class TzSoapVisitor;
-class TzXmlWriter;
 
 /// Handle of a whole message: the Envelope element with its header and its body.
 ///
@@ -250,7 +248,5 @@ private:
     explicit TzSoapMessage(TzSoapMessageImp* body) noexcept;
     TzSoapElementImp& elementBody() const;
     bool isDerived() const noexcept;
-    std::optional<bool> writeEnvelope(TzXmlWriter& xml, TzSoapLayout layout,
-                                      TzMimeMultipart* package) const;
     void extractPackage(TzCString text);
 };

@@ -39,6 +39,15 @@ TzMimeContentType contentTypeOf(const TzMimePart& part) {
     TzThrow(tzWithDetail(TzXmlParseError(reason, TzCString(), 0, 0), detail));
 }
 
+/// Writes `message`; returns whether its entries led to parts, empty when that is not known.
+std::optional<bool> writeEnvelope(const TzSoapMessage& message, TzXmlWriter& xml,
+                                  TzSoapLayout layout, TzMimeMultipart* package) {
+    TzSoapWriter writer(&xml, package);
+    writer.setCompact(layout == TzSoapLayout::Compact);
+    message.acceptVisitor(writer);
+    return TzSoapAccess::path(writer).context.book().entriesLedToParts();
+}
+
 /// Refuses a package that the limits do not allow.
 void checkLimits(const TzMimeMultipart& package, const TzSoapReadLimits& limits) {
     if (!package.isComplete() && !limits.incompletePackages) {
@@ -77,14 +86,6 @@ TzCString TzSoapMessage::asText(TzSoapLayout layout) const {
     return text;
 }
 
-std::optional<bool> TzSoapMessage::writeEnvelope(TzXmlWriter& xml, TzSoapLayout layout,
-                                                 TzMimeMultipart* package) const {
-    TzSoapWriter writer(&xml, package);
-    writer.setCompact(layout == TzSoapLayout::Compact);
-    acceptVisitor(writer);
-    return TzSoapAccess::path(writer).context.book().entriesLedToParts();
-}
-
 void TzSoapMessage::writeTo(TzCString& text, TzSoapLayout layout) const {
     // A derived message may override how it finds attachments and makes its package.
     const bool derived = isDerived();
@@ -94,7 +95,7 @@ void TzSoapMessage::writeTo(TzCString& text, TzSoapLayout layout) const {
     TzTextMark mark(text);
     TzXmlOutputWriter envelope(text);
     TzMimeMultipart package;
-    const std::optional<bool> known = writeEnvelope(envelope, layout, &package);
+    const std::optional<bool> known = writeEnvelope(*this, envelope, layout, &package);
     envelope.finish();
     // Most messages need no second look.
     const bool attached = !getAttachments().empty() || (known ? *known : hasAttachments());
@@ -113,7 +114,7 @@ void TzSoapMessage::writeTo(const TzSink& sink, TzSoapLayout layout) const {
     // The header of a package comes first, so whether it is one must be known before.
     if (!hasAttachments()) {
         TzXmlOutputWriter envelope(sink);
-        writeEnvelope(envelope, layout, nullptr);
+        writeEnvelope(*this, envelope, layout, nullptr);
         envelope.finish();
     } else if (isDerived()) {
         asMimeMultipart().writeTo(sink);

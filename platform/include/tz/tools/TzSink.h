@@ -4,9 +4,7 @@
 #include <tz/TzPlatformExport.h>
 
 #include <concepts>
-#include <functional>
 #include <iosfwd>
-#include <memory>
 #include <string_view>
 #include <type_traits>
 
@@ -47,10 +45,10 @@ private:
     explicit TzSink(Taker taker) noexcept : take_(taker) {}
 
     template <typename Take> static void* addressOf(Take& taker) noexcept {
-        return const_cast<void*>(static_cast<const volatile void*>(std::addressof(taker)));
+        return const_cast<void*>(static_cast<const volatile void*>(__builtin_addressof(taker)));
     }
     template <typename Take> static void callObject(const TzSink& sink, std::string_view piece) {
-        std::invoke(*static_cast<Take*>(sink.object_), piece);
+        (*static_cast<Take*>(sink.object_))(piece);
     }
     static void writeToStream(const TzSink& sink, std::string_view piece);
     static void writeToDescriptor(const TzSink& sink, std::string_view piece);
