@@ -46,13 +46,12 @@ bool TzXmlScanCursor::readReference(std::uint32_t& code) noexcept {
 
 bool TzXmlScanCursor::readNumber(std::uint32_t& code) noexcept {
     const std::uint32_t base = pass('x') ? 16 : 10;
-    const char* const digits = at_;
-    code = 0;
+    code = 0; // no character, if no digit follows
     for (; !atEnd() && digitOf(*at_) < base; ++at_) {
         code = code * base + digitOf(*at_);
         if (code > LastCharacter) {
             return false;
         }
     }
-    return at_ != digits && pass(';') && TzXmlScanUtf8::isCharacter(code);
+    return pass(';') && TzXmlScanUtf8::isCharacter(code);
 }

@@ -66,7 +66,8 @@ public:
         }
         return from(begin);
     }
-    /// Passes characters that are none of `stops`, if any, up to one in ASCII that is.
+    /// Passes characters that are none of `stops`, if any, up to one in ASCII that is, or up to a
+    /// malformed one.
     template <typename Blocks> bool passPlain(TzXmlScanStops stops) noexcept {
         do {
             at_ = Blocks::find(at_, end_, stops);
@@ -74,7 +75,7 @@ public:
                 return false;
             }
         } while (!TzXmlScanBytes::isAscii(*at_) && passWide());
-        return TzXmlScanBytes::isAscii(*at_);
+        return true;
     }
     /// Passes a reference to a character that needs no declaration, and says which.
     bool readReference(std::uint32_t& code) noexcept;

@@ -114,6 +114,7 @@ TYPED_TEST(TzXmlScannerBy, FindsTheFirstOfSeveralStops) {
 
 TYPED_TEST(TzXmlScannerBy, ReadsWhatItKnows) {
     EXPECT_EQ(eventsOf<TypeParam>("<a/>"), "<a></>");
+    EXPECT_EQ(eventsOf<TypeParam>("<?xml-stylesheet href='a'?><a/>"), "<a></>");
     EXPECT_EQ(eventsOf<TypeParam>("<?xml version='1.0' encoding='utf-8' standalone='no'?>\r\n"
                                   "<!-- c --><?p i?><a x='1' y=\"2\">t<b>]] &lt;\xC3\xA9</b >"
                                   "<![CDATA[<]]]]>&#x41;\r\nz</a>\n<!--c-->"),
