@@ -34,8 +34,8 @@ template <typename Body> Body* TzBodyInBlock<Body>::make(TzBlocks& blocks) {
     static_assert(Size <= TzBlocks::LargestObject && alignof(TzBodyInBlock) <= Step);
     auto* const body = ::new (blocks.room(Size)) TzBodyInBlock;
     const auto* const block = blocks.use(Size);
-    const auto offset =
-        reinterpret_cast<const std::byte*>(body) - reinterpret_cast<const std::byte*>(block);
+    const auto offset = static_cast<std::size_t>(reinterpret_cast<const std::byte*>(body) -
+                                                 reinterpret_cast<const std::byte*>(block));
     static_cast<TzBodyBase*>(body)->setStep(static_cast<std::uint8_t>(offset / Step));
     return body;
 }
