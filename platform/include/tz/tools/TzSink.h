@@ -18,11 +18,13 @@ class TZ_PLATFORM_API TzSink {
 public:
     /// Calls `taker` with each piece, which is valid only during the call. What it throws passes
     /// through whatever writes to the sink.
+    // NOLINTBEGIN(bugprone-forwarding-reference-overload): the constraint leaves out copies
     template <typename Take>
     requires(
         std::invocable<Take&, std::string_view>&& std::is_object_v<std::remove_reference_t<Take>> &&
         !std::same_as<std::remove_cvref_t<Take>, TzSink>) TzSink(Take&& taker)
     noexcept : take_(&callObject<std::remove_reference_t<Take>>), object_(addressOf(taker)) {}
+    // NOLINTEND(bugprone-forwarding-reference-overload)
     /// Writes to `stream`, which is not flushed. `TzWriteError` when it fails, or has failed
     /// before; what a stream throws that was made to throw passes through.
     TzSink(std::ostream& stream) noexcept;
