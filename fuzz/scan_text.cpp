@@ -7,7 +7,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static ScanComparison comparison;
     const std::string text = textOf(data, size);
-    for (const std::size_t terms : {15, 16, 33, 82, 51, 4}) {
+    for (const std::size_t terms : {15U, 16U, 33U, 82U, 51U, 4U}) {
         const std::string found = comparison.differences(text, ScanTerms::of(terms));
         if (!found.empty()) {
             report(found.c_str(), text);
