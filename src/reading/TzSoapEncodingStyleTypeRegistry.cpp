@@ -2,6 +2,9 @@
 #include <soap/TzSoapEncodingStyleTypeRegistry.h>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <new>
 
 using Registry = TzSoapEncodingStyleTypeRegistry;
 
@@ -18,8 +21,10 @@ Registry& TzSoapEncodingStyleTypeRegistry::operator=(Registry&&) noexcept = defa
 TzSoapEncodingStyleTypeRegistry::~TzSoapEncodingStyleTypeRegistry() = default;
 
 Registry* TzSoapEncodingStyleTypeRegistry::getRegistry() {
-    // Never destroyed, so that messages may still be read while the process ends.
-    static Registry* const theRegistry = new Registry;
+    // Never destroyed, so that messages may still be read while the process ends. An empty one
+    // takes no memory that a library would leave behind when it is unloaded.
+    alignas(Registry) static std::array<std::byte, sizeof(Registry)> room;
+    static Registry* const theRegistry = ::new (static_cast<void*>(room.data())) Registry;
     return theRegistry;
 }
 

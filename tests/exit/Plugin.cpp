@@ -8,7 +8,10 @@ namespace {
 
 /// Uses the library when it is destroyed.
 struct Last {
-    ~Last() { useLibrary("the destructor of a plugin's global object"); }
+    ~Last() {
+        useLibrary("the destructor of a plugin's global object");
+        endUse();
+    }
 };
 
 const Last global;

@@ -99,13 +99,25 @@ TzCString say(TzSoapVersion::Version version) {
 
 } // namespace
 
+namespace {
+
+/// What the library said first; used when the process has nearly ended, so no object that goes.
+const std::string* first = nullptr;
+
+} // namespace
+
+void endUse() {
+    delete first;
+    first = nullptr;
+}
+
 void useLibrary(const char* place) {
-    // Never destroyed: used when the process has nearly ended.
-    static const std::string& first =
-        *new std::string(say(TzSoapVersion::V1_1) + say(TzSoapVersion::V1_2));
+    if (first == nullptr) {
+        first = new std::string(say(TzSoapVersion::V1_1) + say(TzSoapVersion::V1_2));
+    }
     std::string failure;
     try {
-        if (say(TzSoapVersion::V1_1) + say(TzSoapVersion::V1_2) != first) {
+        if (say(TzSoapVersion::V1_1) + say(TzSoapVersion::V1_2) != *first) {
             failure = "other texts than before";
         }
     } catch (const std::exception& error) {

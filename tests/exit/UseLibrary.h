@@ -5,3 +5,6 @@
 /// attachment, and looks at their values. Ends the process with status 1, naming `place`, unless
 /// everything is as it was at the first call.
 void useLibrary(const char* place);
+
+/// Forgets what `useLibrary` remembers: for a plugin, which is unloaded after its last use.
+void endUse();
