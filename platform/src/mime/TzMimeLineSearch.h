@@ -59,14 +59,15 @@ struct TzMimeSseLineSearch {
         std::size_t dense = 0; // so many rounds search without asking first
         // The last of the places needs the line and one byte after it.
         while (static_cast<std::size_t>(end - from) > Blocks * Block + line.size()) {
-            if (dense != 0 || mayFit(from, wanted)) {
-                // Where one place is likely, others are: asking first would cost more than it
-                // saves.
-                dense = dense != 0 ? dense - 1 : DenseFor;
-                for (std::size_t block = 0; block < Blocks; ++block) {
-                    if (const char* const at = findIn<Rest>(from + block * Block, wanted)) {
-                        return at;
-                    }
+            if (dense != 0) {
+                --dense;
+            } else if (mayFit(from, wanted)) {
+                // Where one place is likely, others are: asking first costs more than it saves.
+                dense = DenseFor;
+            }
+            if (dense != 0) {
+                if (const char* const at = findAmong<Rest>(from, wanted)) {
+                    return at;
                 }
             }
             from += Blocks * Block;
@@ -87,12 +88,12 @@ private:
     static __m128i load(const char* from) noexcept {
         return _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
     }
-    static __m128i equal(const char* from, char wanted) noexcept {
-        return _mm_cmpeq_epi8(load(from), _mm_set1_epi8(wanted));
+    static __m128i equal(__m128i bytes, char wanted) noexcept {
+        return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted));
     }
-    /// The places where the second byte and the last one fit, which is rare in nearly all texts.
+    /// The places where the first hyphen and the last byte fit, which is rare in nearly all texts.
     static __m128i likely(const char* from, const Wanted& wanted) noexcept {
-        return _mm_and_si128(equal(from + 1, '-'),
+        return _mm_and_si128(equal(load(from + 1), '-'),
                              _mm_cmpeq_epi8(load(from + wanted.line.size()), wanted.last));
     }
     /// Whether any of the places of all blocks is likely.
@@ -103,21 +104,41 @@ private:
         }
         return _mm_movemask_epi8(any) != 0;
     }
-    /// A bit for each place of a block where the first three bytes and the last one fit.
+    /// The places that are likely and follow a line end.
     template <TzMimeLineRest Rest>
-    static std::uint32_t look(const char* from, const Wanted& wanted) noexcept {
-        __m128i fits = _mm_and_si128(_mm_or_si128(equal(from, '\n'), equal(from, '\r')),
-                                     _mm_and_si128(likely(from, wanted), equal(from + 2, '-')));
-        if constexpr (Rest == TzMimeLineRest::OfDelimiter) {
-            // Blanks, line ends and the hyphen are all less than '.'.
-            const __m128i next = load(from + wanted.line.size() + 1);
-            fits = _mm_and_si128(fits, _mm_cmplt_epi8(next, _mm_set1_epi8('.')));
+    static __m128i look(const char* from, const Wanted& wanted) noexcept {
+        const __m128i first = load(from);
+        const __m128i fits = _mm_and_si128(_mm_or_si128(equal(first, '\n'), equal(first, '\r')),
+                                           likely(from, wanted));
+        if constexpr (Rest == TzMimeLineRest::Any) {
+            return fits;
         }
-        return static_cast<std::uint32_t>(_mm_movemask_epi8(fits));
+        // Blanks, line ends and the hyphen are all less than '.'.
+        const __m128i next = load(from + wanted.line.size() + 1);
+        return _mm_and_si128(fits, _mm_cmplt_epi8(next, _mm_set1_epi8('.')));
     }
+    /// The first place of all blocks.
     template <TzMimeLineRest Rest>
-    static const char* findIn(const char* from, const Wanted& wanted) noexcept {
-        for (std::uint32_t found = look<Rest>(from, wanted); found != 0; found &= found - 1) {
+    static const char* findAmong(const char* from, const Wanted& wanted) noexcept {
+        __m128i fits[Blocks];
+        __m128i any = _mm_setzero_si128();
+        for (std::size_t block = 0; block < Blocks; ++block) {
+            fits[block] = look<Rest>(from + block * Block, wanted);
+            any = _mm_or_si128(any, fits[block]);
+        }
+        if (_mm_movemask_epi8(any) == 0) {
+            return nullptr;
+        }
+        for (std::size_t block = 0; block < Blocks; ++block) {
+            if (const char* const at = firstOf(fits[block], from + block * Block, wanted)) {
+                return at;
+            }
+        }
+        return nullptr;
+    }
+    static const char* firstOf(__m128i fits, const char* from, const Wanted& wanted) noexcept {
+        auto found = static_cast<std::uint32_t>(_mm_movemask_epi8(fits));
+        for (; found != 0; found &= found - 1) {
             const char* const at = from + std::countr_zero(found);
             if (std::memcmp(at + 1, wanted.line.data(), wanted.line.size()) == 0) {
                 return at;
