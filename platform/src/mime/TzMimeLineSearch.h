@@ -59,13 +59,9 @@ struct TzMimeSseLineSearch {
         std::size_t dense = 0; // so many rounds search without asking first
         // The last of the places needs the line and one byte after it.
         while (static_cast<std::size_t>(end - from) > Blocks * Block + line.size()) {
-            if (dense != 0) {
-                --dense;
-            } else if (mayFit(from, wanted)) {
+            if (dense != 0 || mayFit(from, wanted)) {
                 // Where one place is likely, others are: asking first costs more than it saves.
-                dense = DenseFor;
-            }
-            if (dense != 0) {
+                dense = dense != 0 ? dense - 1 : DenseFor;
                 if (const char* const at = findAmong<Rest>(from, wanted)) {
                     return at;
                 }

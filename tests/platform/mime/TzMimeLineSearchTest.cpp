@@ -64,6 +64,21 @@ TYPED_TEST(TzMimeLineSearches, FindALineAtEveryPlace) {
     }
 }
 
+TYPED_TEST(TzMimeLineSearches, FindALineFarBehindNearMisses) {
+    for (const std::string_view miss : {"x--b", "\n-xb", ""}) {
+        for (std::size_t between = 0; between < 3000; between += 7) {
+            const std::string text =
+                std::string(40, 'x') + std::string(miss) + std::string(between, 'y') + "\n--b ";
+            const std::string padded = text + std::string(200, 'z');
+            ASSERT_EQ((found<TypeParam, TzMimeLineRest::Any>(padded, "--b")), text.size() - 5)
+                << between;
+            ASSERT_EQ((found<TypeParam, TzMimeLineRest::OfDelimiter>(padded, "--b")),
+                      text.size() - 5)
+                << between;
+        }
+    }
+}
+
 TYPED_TEST(TzMimeLineSearches, FindWhatByteAfterByteFinds) {
     constexpr std::string_view Letters = "\n\r--bx";
     std::mt19937 random(13);
