@@ -36,6 +36,20 @@ private:
     Bits bits_;
 };
 
+/// Numbers as they lie in texts.
+namespace TzXmlHalves {
+
+template <typename Word> Word load(const char* bytes) noexcept {
+    Word word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    return word;
+}
+template <typename Word> void store(char* to, Word word) noexcept {
+    std::memcpy(to, &word, sizeof word);
+}
+
+} // namespace TzXmlHalves
+
 /// Eight bytes, for every processor.
 struct TzXmlWordBlock {
     static constexpr std::size_t Size = sizeof(std::uint64_t);
@@ -46,31 +60,52 @@ struct TzXmlWordBlock {
         if constexpr (std::endian::native == std::endian::big) {
             word = __builtin_bswap64(word);
         }
+        return Flags(found(word));
+    }
+    static void copy(char* to, const char* from) noexcept { TzXmlHalves::store(to, load(from)); }
+    /// Copies the `size` bytes, fewer than `Size`; returns whether they need no second look.
+    // In registers: a load of several bytes that were stored one by one would have to wait.
+    static bool copyShort(char* to, const char* from, std::size_t size) noexcept {
+        if (size >= 4) {
+            const auto first = TzXmlHalves::load<std::uint32_t>(from);
+            const auto last = TzXmlHalves::load<std::uint32_t>(from + size - 4);
+            TzXmlHalves::store(to, first);
+            TzXmlHalves::store(to + size - 4, last);
+            return (found(first | std::uint64_t{last} << 32U)) == 0;
+        }
+        if (size == 0) {
+            return true;
+        }
+        const char bytes[] = {from[0], from[size / 2], from[size - 1]};
+        to[0] = bytes[0];
+        to[size / 2] = bytes[1];
+        to[size - 1] = bytes[2];
+        return isPlain(bytes[0]) && isPlain(bytes[1]) && isPlain(bytes[2]);
+    }
+    /// Whether the `size` bytes, fewer than `Size`, need no second look.
+    static bool isPlainShort(const char* bytes, std::size_t size) noexcept {
+        char copy[Size];
+        return copyShort(copy, bytes, size);
+    }
+
+private:
+    static constexpr bool isPlain(char byte) noexcept {
+        return static_cast<signed char>(byte) >= ' ' && byte != '"' && byte != '&' && byte != '<' &&
+               byte != '>';
+    }
+    /// The top bit of each byte of the word that needs a second look.
+    static constexpr std::uint64_t found(std::uint64_t word) noexcept {
         const std::uint64_t controls = zeros(word & every(0xE0));
         // One test finds two characters: '<' and '>' differ in one bit only, and so do '&' and '"'.
         const std::uint64_t brackets = zeros((word | every('<' ^ '>')) ^ every('>'));
         const std::uint64_t others = zeros((word | every('&' ^ '"')) ^ every('&'));
-        return Flags((word | controls | brackets | others) & every(0x80));
+        return (word | controls | brackets | others) & every(0x80);
     }
-    static void copy(char* to, const char* from) noexcept {
-        const std::uint64_t word = load(from);
-        std::memcpy(to, &word, Size);
-    }
-    /// Whether the `size` bytes, fewer than `Size`, need no second look.
-    static bool isPlainShort(const char* bytes, std::size_t size) noexcept {
-        char word[Size] = {'0', '0', '0', '0', '0', '0', '0', '0'};
-        std::memcpy(word, bytes, size);
-        return !flags(word).any();
-    }
-
-private:
     static constexpr std::uint64_t every(unsigned byte) noexcept {
         return byte * (~std::uint64_t{0} / 0xFF);
     }
     static std::uint64_t load(const char* bytes) noexcept {
-        std::uint64_t word = 0;
-        std::memcpy(&word, bytes, Size);
-        return word;
+        return TzXmlHalves::load<std::uint64_t>(bytes);
     }
     /// The top bit of each byte that is zero, of no other.
     static constexpr std::uint64_t zeros(std::uint64_t word) noexcept {
@@ -87,11 +122,21 @@ struct TzXmlSseBlock {
 
     static Flags flags(const char* bytes) noexcept { return Flags(mask(load(bytes))); }
     static void copy(char* to, const char* from) noexcept { store(to, load(from)); }
+    /// Copies the `size` bytes, fewer than `Size`; returns whether they need no second look.
+    static bool copyShort(char* to, const char* from, std::size_t size) noexcept {
+        if (size < TzXmlWordBlock::Size) {
+            return TzXmlWordBlock::copyShort(to, from, size);
+        }
+        const auto first = TzXmlHalves::load<long long>(from);
+        const auto last = TzXmlHalves::load<long long>(from + size - 8);
+        TzXmlHalves::store(to, first);
+        TzXmlHalves::store(to + size - 8, last);
+        return mask(_mm_set_epi64x(last, first)) == 0;
+    }
     /// Whether the `size` bytes, fewer than `Size`, need no second look.
     static bool isPlainShort(const char* bytes, std::size_t size) noexcept {
-        return size < TzXmlWordBlock::Size
-                   ? TzXmlWordBlock::isPlainShort(bytes, size)
-                   : mask(_mm_set_epi64x(word(bytes + size - 8), word(bytes))) == 0;
+        char copy[Size];
+        return copyShort(copy, bytes, size);
     }
 
 private:
@@ -100,11 +145,6 @@ private:
     }
     static void store(char* to, __m128i bytes) noexcept {
         _mm_storeu_si128(reinterpret_cast<__m128i*>(to), bytes);
-    }
-    static long long word(const char* bytes) noexcept {
-        long long loaded = 0;
-        std::memcpy(&loaded, bytes, sizeof loaded);
-        return loaded;
     }
     static std::uint32_t mask(__m128i bytes) noexcept {
         // Bytes of 0x80 and above are negative, so one comparison finds them and the controls.

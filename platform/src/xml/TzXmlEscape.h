@@ -64,8 +64,7 @@ template <typename Block> bool copyPlain(char* to, std::string_view text) noexce
     const std::size_t size = text.size();
     const char* const from = text.data();
     if (size < Block::Size) {
-        std::memcpy(to, from, size);
-        return Block::isPlainShort(from, size);
+        return Block::copyShort(to, from, size);
     }
     const std::size_t last = size - Block::Size;
     for (std::size_t at = 0; at < last; at += Block::Size) {
