@@ -205,6 +205,12 @@ protected:
     /// `elementAt` takes it; `TzXmlBoundsError` INDEX_RANGE_VEC for a position beyond 32 bits.
     virtual void place(std::uint64_t position, TzSoapType&& member, TzSoapParseContext* context);
 
+    /// Whether a member that states no position follows the one that was read last.
+    bool hasCursor() const noexcept { return cursorSet_; }
+    /// The position after the member that was read last.
+    std::uint64_t cursor() const noexcept { return cursor_; }
+    /// A member was put at the cursor.
+    void passCursor() noexcept { ++cursor_; }
     /// The placeholder that `getDefaultValue` answers with, made at its first use.
     const TzSoapMadeOnce<TzSoapDefaultType>& placeholder() const noexcept { return defaultValue_; }
     /// The distance of neighbours on each axis.

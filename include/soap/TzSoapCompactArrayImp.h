@@ -112,6 +112,7 @@ private:
     const TzSoapType& storedOrPlaceholder(unsigned int position) const;
     bool isVacant(const TzSoapType& item) const;
     void settle(unsigned int position, TzSoapParseContext& context) const;
+    bool takeNext(TzSoapType& member);
 
     TzSoapCompactItems items_; // of the positions from the base on
     std::uint64_t base_ = 0;   // position of the start index

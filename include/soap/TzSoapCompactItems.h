@@ -60,6 +60,17 @@ public:
     Item& reach(std::uint64_t at, const Placeholder& placeholder);
     /// Puts an item at a position below the size. O(positions that come to life).
     void put(std::uint64_t at, Item&& item, const Placeholder& placeholder);
+    /// Whether `at` follows the last item that is alive, with room for another one and below the
+    /// size: what `putNext` needs.
+    bool isNext(std::uint64_t at) const noexcept {
+        return at == to_.load(std::memory_order_relaxed) && at < capacity_ && at < size_;
+    }
+    /// Puts an item at the position for which `isNext` is true. O(1).
+    void putNext(Item&& item) noexcept {
+        const std::uint64_t at = to_.load(std::memory_order_relaxed);
+        std::construct_at(block_ + at, std::move(item));
+        to_.store(at + 1, std::memory_order_release);
+    }
     /// The first of all items as one block: those that were not alive are copies of `placeholder`
     /// now. Null without positions. O(positions) at the first call, then O(1).
     Item* block(const Placeholder& placeholder) const;

@@ -4,6 +4,8 @@
 #include <soap/TzSoapExport.h>
 #include <soap/TzSoapType.h>
 
+#include <utility>
+
 /// Handle of a placeholder: used where a value must exist but none has been given.
 ///
 /// Nearly every operation throws `TzXmlError` BAD_USAGE naming "TzSoapDefaultType"; only the kind,
@@ -27,6 +29,8 @@ public:
 protected:
     /// A handle to `body`, which may be null.
     explicit TzSoapDefaultType(TzSoapTypeImp* body) noexcept;
+    /// A handle that takes over the body of `value`, which becomes empty.
+    explicit TzSoapDefaultType(TzSoapType&& value) noexcept : TzSoapType(std::move(value)) {}
 
 private:
     friend struct TzSoapAccess;

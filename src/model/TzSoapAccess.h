@@ -16,10 +16,10 @@ struct TzSoapAccess {
     template <typename Handle> static decltype(auto) body(const Handle& handle) {
         return handle.body();
     }
-    /// A handle of class `Handle` by its protected constructor, from a body or a
-    /// version.
+    /// A handle of class `Handle` by its protected constructor, from a body, a version or a handle
+    /// that gives its body up.
     template <typename Handle, typename Source> static Handle handle(Source source) {
-        return Handle(source);
+        return Handle(std::move(source));
     }
     /// Whether both handles refer to one body.
     template <typename Handle>

@@ -139,12 +139,10 @@ TzSoapCompactItems::Item& TzSoapCompactItems::reach(std::uint64_t at,
 }
 
 void TzSoapCompactItems::put(std::uint64_t at, Item&& item, const Placeholder& placeholder) {
-    if (at != to_ || at >= capacity_) {
-        reach(at, placeholder) = std::move(item);
+    if (isNext(at)) {
+        putNext(std::move(item));
     } else {
-        // Most members that are read follow the last one.
-        std::construct_at(block_ + at, std::move(item));
-        to_ = at + 1;
+        reach(at, placeholder) = std::move(item);
     }
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "xml/TzXmlRecentTags.h"
+
 #include <tz/tools/TzCString.h>
 
 #include <cstddef>
@@ -30,6 +32,9 @@ public:
     /// A start tag; names as spelt in the text, those of the attributes all different.
     virtual void startTag(std::string_view name,
                           std::span<const TzXmlSpelledAttribute> attributes) = 0;
+    /// A start tag with the same bytes as the one that has `mark`. False, with nothing done, if the
+    /// sink wants it spelt out: `startTag` follows.
+    virtual bool startTagAgain(const TzXmlTagMark& mark) = 0;
     /// An end tag, also for an empty-element tag.
     virtual void endTag() = 0;
     /// A piece of text; pieces follow each other until the next tag. Not virtual: it is called

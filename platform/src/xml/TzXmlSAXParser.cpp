@@ -37,6 +37,12 @@ constexpr std::size_t UsualDepth = 16;
 /// ("xsi:type"), those with "xm" are not.
 bool mayDeclare(std::string_view spelling) noexcept { return spelling.starts_with("xm"); }
 
+bool mayDeclare(std::span<const TzXmlSpelledAttribute> attributes) noexcept {
+    return std::any_of(
+        attributes.begin(), attributes.end(),
+        [](const TzXmlSpelledAttribute& attribute) { return mayDeclare(attribute.name); });
+}
+
 /// A declaration of a namespace.
 struct TzXmlDeclaration {
     std::string_view prefix;
@@ -88,6 +94,7 @@ public:
     void declaration(std::string_view version, std::string_view encoding, int standalone) override;
     void documentType() override;
     void startTag(std::string_view name, Attributes attributes) override;
+    bool startTagAgain(const TzXmlTagMark& mark) override;
     void endTag() override;
 
 private:
@@ -95,6 +102,17 @@ private:
         TzXmlName name;
         std::uint64_t stamp = 0;
         std::size_t declarations = 0;
+    };
+
+    /// A start tag that comes again and again, with what its names mean under some declarations.
+    struct RepeatedTag {
+        TzXmlTagMark mark{};
+        std::uint64_t scope = 0;
+        TzXmlName name;
+        std::uint64_t stamp = 0;
+        TzXmlAttributeSet attributes;
+        std::size_t spelled = 0; // attributes in the text
+        std::size_t renewals = 0;
     };
 
     TzXmlKnownEncoding knownEncoding() const noexcept {
@@ -110,6 +128,9 @@ private:
     void feedUpTo(std::string_view text, std::size_t crowded);
     void deliverText();
     OpenElement& open();
+    void deliverStart(OpenElement& element, const TzXmlAttributeSet& attributes);
+    const RepeatedTag* find(const TzXmlTagMark& mark) const noexcept;
+    void keepRepeated(const OpenElement& element, Attributes attributes);
     std::size_t declare(Attributes attributes);
     std::size_t declareOne(const TzXmlSpelledAttribute& attribute);
     const TzXmlAttributeSet& collect(Attributes attributes);
@@ -138,6 +159,8 @@ private:
     TzXmlAttributeSet attributes_;
     std::vector<std::uint64_t> stamps_; // of the names in attributes_ that collectFew put there
     const TzXmlAttributeSet noAttributes_;
+    std::vector<RepeatedTag> repeated_;      // by the places of their marks
+    std::optional<TzXmlTagMark> comesAgain_; // the mark of the tag that comes next
 };
 
 /// Takes the byte-order mark off the beginning of a text.
@@ -280,9 +303,68 @@ void TzXmlSAXParser::Session::documentType() {
     element.declarations = declare(attributes);
     resolver_.resolveElement(name, element.name, element.stamp);
     const TzXmlAttributeSet& set = attributes.empty() ? noAttributes_ : collect(attributes);
+    if (comesAgain_.has_value()) {
+        keepRepeated(element, attributes);
+    }
+    deliverStart(element, set);
+}
+
+[[gnu::hot]] bool TzXmlSAXParser::Session::startTagAgain(const TzXmlTagMark& mark) {
+    if (!text_.empty()) {
+        deliverText();
+    }
+    const RepeatedTag* const tag = find(mark);
+    if (tag == nullptr || tag->spelled > parser_.attributeLimit_) {
+        comesAgain_ = mark;
+        return false;
+    }
+    ++events_;
+    OpenElement& element = open();
+    element.declarations = 0;
+    if (element.stamp != tag->stamp || tag->stamp == 0) {
+        element.name = tag->name;
+        element.stamp = tag->stamp;
+    }
+    deliverStart(element, tag->attributes);
+    return true;
+}
+
+[[gnu::hot]] void TzXmlSAXParser::Session::deliverStart(OpenElement& element,
+                                                        const TzXmlAttributeSet& attributes) {
     isLeaf_ = true;
     if (parser_.handler_ != nullptr) {
-        parser_.handler_->startElement(element.name, set);
+        parser_.handler_->startElement(element.name, attributes);
+    }
+}
+
+[[gnu::hot]] const TzXmlSAXParser::Session::RepeatedTag*
+TzXmlSAXParser::Session::find(const TzXmlTagMark& mark) const noexcept {
+    if (mark.place >= repeated_.size()) {
+        return nullptr;
+    }
+    const RepeatedTag& tag = repeated_[mark.place];
+    return tag.mark.number == mark.number && tag.scope == resolver_.scope() ? &tag : nullptr;
+}
+
+/// Keeps what a tag without declarations means for when it comes again. Not for ever: declarations
+/// around it that change each time would make that more work than it saves.
+void TzXmlSAXParser::Session::keepRepeated(const OpenElement& element, Attributes attributes) {
+    constexpr std::size_t MostRenewals = 4;
+    const TzXmlTagMark mark = *std::exchange(comesAgain_, std::nullopt);
+    if (attributes.size() > FewAttributes || mayDeclare(attributes)) {
+        return;
+    }
+    repeated_.resize(std::max(repeated_.size(), mark.place + 1));
+    RepeatedTag& tag = repeated_[mark.place];
+    const std::size_t renewals = tag.mark.number == mark.number ? tag.renewals + 1 : 0;
+    if (renewals <= MostRenewals) {
+        tag = {mark,
+               resolver_.scope(),
+               element.name,
+               element.stamp,
+               attributes.empty() ? noAttributes_ : attributes_,
+               attributes.size(),
+               renewals};
     }
 }
 

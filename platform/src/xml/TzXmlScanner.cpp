@@ -216,6 +216,30 @@ template <typename Blocks> bool TzXmlScanner<Blocks>::readSection() {
 }
 
 template <typename Blocks> [[gnu::hot]] bool TzXmlScanner<Blocks>::readStartTag() {
+    const TzXmlRecentTags::Tag* const known = tags_.match(cursor_.rest());
+    return (known != nullptr && readKnownTag(*known)) || readNewTag();
+}
+
+/// Passes a tag that the sink knows; false leaves everything as it is.
+template <typename Blocks>
+[[gnu::hot]] bool TzXmlScanner<Blocks>::readKnownTag(const TzXmlRecentTags::Tag& known) {
+    const char* const tag = cursor_.at();
+    places_.set(tag, tag + known.text.size());
+    if (!sink_.startTagAgain(tags_.markOf(known))) {
+        return false;
+    }
+    cursor_.skip(known.text.size());
+    delivered_.add(known.name);
+    tags_.pass(known);
+    if (known.isEmptyElement()) {
+        deliverEnd(cursor_.at());
+    } else {
+        open_.push_back(known.name);
+    }
+    return true;
+}
+
+template <typename Blocks> [[gnu::hot]] bool TzXmlScanner<Blocks>::readNewTag() {
     const char* const tag = cursor_.at();
     cursor_.skip(1);
     const std::string_view name = cursor_.readName();
@@ -226,6 +250,7 @@ template <typename Blocks> [[gnu::hot]] bool TzXmlScanner<Blocks>::readStartTag(
     if (!cursor_.pass('>') || (attributes_.size() > 1 && attributes_.namesRepeat())) {
         return false;
     }
+    tags_.note(cursor_.from(tag), name);
     deliverStart(tag, name, isEmpty);
     return true;
 }

@@ -3,6 +3,7 @@
 
 #include "xml/TzXmlEventCount.h"
 #include "xml/TzXmlEventSource.h"
+#include "xml/TzXmlRecentTags.h"
 #include "xml/TzXmlScanCursor.h"
 #include "xml/TzXmlTagAttributes.h"
 #include "xml/TzXmlTextPlaces.h"
@@ -48,6 +49,8 @@ private:
     bool readTextReference();
     bool readMarkup();
     bool readStartTag();
+    bool readKnownTag(const TzXmlRecentTags::Tag& known);
+    bool readNewTag();
     bool readAttributes();
     bool readAttribute();
     bool readValue(std::string_view name);
@@ -71,5 +74,6 @@ private:
     TzXmlTextPlaces& places_;
     std::vector<std::string_view> open_; // names of the open elements
     TzXmlTagAttributes attributes_;
+    TzXmlRecentTags tags_;
     TzXmlEventCount delivered_;
 };

@@ -71,6 +71,7 @@ const std::string& ScanReading::read(std::string_view text, const ScanTerms& ter
     accepted_ = false;
     parser_.setDepthLimit(terms.depthLimit);
     parser_.setAttributeLimit(terms.attributeLimit);
+    parser_.setUriLimit(TzXmlSAXParser::DefaultUriLimit);
     try {
         parser_.parse(text);
         accepted_ = true;
@@ -142,8 +143,11 @@ void ScanReading::finishEvent() {
         note(static_cast<std::size_t>(parser_.getNamespaceScope()));
     }
     if (event == terms_.lowerAt) {
-        parser_.setDepthLimit(1);
+        if (event % 2 == 0) {
+            parser_.setDepthLimit(1);
+        }
         parser_.setAttributeLimit(1);
+        parser_.setUriLimit(1);
     }
     if (event == terms_.throwAt) {
         throw HandlerError("thrown by the handler");

@@ -17,7 +17,7 @@ struct ScanTerms {
     std::size_t depthLimit = TzXmlSAXParser::DefaultDepthLimit;
     std::size_t attributeLimit = TzXmlSAXParser::DefaultAttributeLimit;
     std::size_t throwAt = Never; ///< The handler throws at this event.
-    std::size_t lowerAt = Never; ///< The handler lowers both limits to 1 at this event.
+    std::size_t lowerAt = Never; ///< The handler lowers limits to 1 at this event.
     bool askAlways = true;       ///< Places are asked for at each event, or only for every fourth.
 
     /// Terms that `number` stands for, mostly the usual ones.

@@ -427,13 +427,24 @@ void ScanTexts::writeContent(std::size_t depth) {
         case 5:
         case 6:
             if (depth < Deepest) {
+                const std::size_t begin = text_.size();
                 writeElement(depth);
+                repeatFrom(begin);
             }
             break;
         default:
             writeText(false);
         }
     } while (depth == 1 ? text_.size() < wanted_ : oneIn(2));
+}
+
+/// Some elements come again and again.
+void ScanTexts::repeatFrom(std::size_t begin) {
+    constexpr std::size_t Longest = 100;
+    const std::string element = text_.substr(begin);
+    while (element.size() <= Longest && oneIn(3)) {
+        text_ += element;
+    }
 }
 
 /// One piece, in which "]]>" cannot come about.

@@ -33,6 +33,7 @@ private:
     void writeAttributes();
     void writeValue(char quote);
     void writeContent(std::size_t depth);
+    void repeatFrom(std::size_t begin);
     void writeText(bool isValue);
     void writeReference();
     void writeComment();

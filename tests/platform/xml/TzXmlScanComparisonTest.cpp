@@ -265,3 +265,58 @@ TEST(TzXmlScanComparison, DeepTexts) {
     expectRefused(times(20'001, "<a>") + times(20'001, "</a>"), deep);
     expectRefused(times(20'000, "<a>") + times(19'999, "</a>"), deep);
 }
+
+TEST(TzXmlScanComparison, RepeatedTags) {
+    for (const std::string_view repeated :
+         {"<a/>", "<a>x</a>", "<a b='1' c='2'>x</a>\n  ", "<a><b/></a>", "<a></a><ab></ab>",
+          "<a b='1'/><a b='12'/>", "<a b='&amp;&#9;'/>", "<a b='/'></a>", "<a b='>'/>",
+          "<a\nb = '1'\t></a>", "<p:a p:b='1' b='2' q:b='3'/>", "<q:a/>", "<xml:a xml:b='1'/>",
+          "<e xmlns='1'><a b='1'/></e><e xmlns='2'><a b='1'/></e><a b='1'/>",
+          "<e xmlns:p='1'><p:a p:b='1'/></e><e xmlns:p='2'><p:a p:b='1'/></e><p:a p:b='1'/>",
+          "<a xmlns='1'/><a xmlns='2'/><a xmlns='1'><a xmlns='1'/></a>", "<a xmlnsx='1'/>"}) {
+        expectRead("<r xmlns:p='p' xmlns:q='p'>" + times(7, repeated) + "</r>");
+    }
+    // Longer than the names that are known again by their spelling.
+    const std::string longName = times(60, "n");
+    expectRead("<r>" + times(4, "<a" + longName + "/><b" + longName + "/>") + "</r>");
+}
+
+TEST(TzXmlScanComparison, MoreTagsThanAreRemembered) {
+    std::string many;
+    std::string few;
+    for (int i = 0; i < 20; ++i) {
+        many += "<a" + std::to_string(i) + " b='1'/>";
+        few = i == 5 ? many : few;
+    }
+    expectRead("<r>" + times(4, many) + times(4, few) + times(4, many) + "</r>");
+    const std::string longTag = "<a b='" + times(300, "b") + "'/>";
+    expectRead("<r>" + times(4, longTag + "<c/>") + "</r>");
+}
+
+TEST(TzXmlScanComparison, RepeatedTagsBeforeAMistake) {
+    for (const std::string_view wrong :
+         {"<a b='1'></b>", "<a b='1'", "<a b='1'>", "<a b='1' b='1'/>", "<a b='1'c='1'/>",
+          "<a b='1'>&none;</a>"}) {
+        expectRefused("<r>" + times(4, "<a b='1'>x</a>") + std::string(wrong) + "</r>");
+    }
+}
+
+TEST(TzXmlScanComparison, RepeatedTagsOfAHandlerThatThrowsOrLowersTheLimits) {
+    const std::string text = "<r xmlns:p='uri' xmlns:q='uri'>" +
+                             times(5, "<a p:b='1' q:b='2'><c>x</c></a>\n<c xmlns:p='uri'/>") +
+                             "</r>";
+    for (std::size_t event = 0; event < 30; ++event) {
+        ScanTerms terms;
+        terms.throwAt = event;
+        expectRefused(text, terms);
+        terms = {};
+        terms.lowerAt = event;
+        expectRefused(text, terms);
+        terms = {};
+        terms.askAlways = event % 2 == 0;
+        terms.depthLimit = event / 2;
+        terms.attributeLimit = 2;
+        ScanComparison comparison;
+        EXPECT_EQ(comparison.differences(text, terms), "") << event;
+    }
+}

@@ -36,6 +36,7 @@ public:
         views.push_back(name);
         note(event + ">");
     }
+    bool startTagAgain(const TzXmlTagMark&) override { return false; }
     void endTag() override { note("</>"); }
 
     std::string log;
