@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/AllocationFailure.h"
 
+#include <tz/thread/TzTSpares.h>
+
 #include <cstdlib>
 
 namespace {
@@ -54,7 +56,12 @@ AllocationFailure::~AllocationFailure() { countdown = 0; }
 
 bool AllocationFailure::happened() const noexcept { return reached; }
 
-std::ptrdiff_t liveAllocations() noexcept { return live; }
+std::ptrdiff_t liveAllocations() noexcept {
+    TzSpares::dropOfThisThread();
+    return live;
+}
+
+std::ptrdiff_t liveAllocationsWithSpares() noexcept { return live; }
 
 std::size_t madeAllocations() noexcept { return made; }
 

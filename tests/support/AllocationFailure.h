@@ -22,8 +22,12 @@ public:
     bool happened() const noexcept;
 };
 
-/// Blocks that this thread took by operator new, less those that it gave back.
+/// Blocks that this thread took by operator new, less those that it gave back. Drops those first
+/// that wait for the next reading on this thread.
 std::ptrdiff_t liveAllocations() noexcept;
+
+/// The same, and drops nothing.
+std::ptrdiff_t liveAllocationsWithSpares() noexcept;
 
 /// Blocks that this thread took by operator new so far.
 std::size_t madeAllocations() noexcept;

@@ -8,6 +8,7 @@
 #include <tz/xml/TzXmlName.h>
 #include <tz/xml/TzXmlNamespace.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -15,14 +16,16 @@
 #include <string_view>
 #include <vector>
 
-/// Finds the namespaces of the names of a document while its elements open and close.
+/// Finds the namespaces of the names of a document while its elements open and close; then of the
+/// next document.
 ///
 /// All names under one declaration share its record. The cost of a declaration or of a new name is
 /// logarithmic in the number of prefixes in scope, whatever the prefixes are; a name met before
-/// under the same declarations costs one comparison of its text.
+/// under the same declarations, in this document or an earlier one, costs one comparison of its
+/// text.
 ///
 /// The caller owns the place for a name and the stamp beside it (0 at first) and uses them again
-/// and again: a place that holds the name already is left unchanged.
+/// and again, with this resolver only: a place that holds the name already is left unchanged.
 class TzXmlNameResolver {
 public:
     TzXmlNameResolver();
@@ -31,11 +34,19 @@ public:
     std::size_t declare(std::string_view prefix, std::string_view uri);
     /// Undoes the latest `count` declarations.
     void undo(std::size_t count) noexcept;
+    /// Undoes all declarations; another document may follow.
+    void endDocument() noexcept;
 
     /// The namespace that a declaration in force gives `prefix`, null without one.
     const TzXmlNamespace* find(std::string_view prefix) const noexcept;
-    /// The number of the bindings in force, from 1: different for different states.
+    /// The number of the bindings in force, from 1 in each document: different for different ones.
     std::uint64_t scope() const noexcept { return scope_; }
+    /// The number of what the bindings in force say: a declaration that is repeated leads to the
+    /// same number again, in another document, too.
+    std::uint64_t state() const noexcept { return state_; }
+    /// Bytes of memory that it holds at most, its own size left out. Only grows: what was made is
+    /// counted, because the names of a document may live on and hold what they share.
+    std::size_t bytes() const noexcept;
 
     /// Makes `name` the name of the element spelt `spelling`: without prefix in the default
     /// namespace.
@@ -48,17 +59,26 @@ public:
     }
 
 private:
-    /// What a prefix stands for.
+    /// A namespace that a prefix once stood for, and how its declaration changed the state.
+    struct Meaning {
+        TzXmlNamespace nameSpace;
+        std::uint64_t before = 0; // 0: none
+        std::uint64_t after = 0;
+    };
+    /// What a prefix stands for. Its latest meanings are for declarations that are repeated, as
+    /// they are from document to document: names that are known under a state are known again.
     struct Binding {
         TzXmlNamespace current;
-        TzXmlNamespace former; // the latest one undone, for a declaration that is repeated
         std::size_t depth = 0; // declarations in force, shadowed ones included; 0: not bound
+        std::array<Meaning, 4> meanings;
+        std::size_t nextMeaning = 0;
     };
     using Bindings = std::map<TzCString, Binding, std::less<>>;
     /// How to take back one declaration.
     struct Change {
         Bindings::iterator binding;
         TzXmlNamespace previous;
+        std::uint64_t previousState;
         std::uint64_t previousScope;
     };
     enum class Kind { Element, Attribute };
@@ -71,26 +91,34 @@ private:
     void resolve(TzXmlNameCache& cache, Kind kind, std::string_view text, TzXmlName& name,
                  std::uint64_t& stamp) {
         const TzXmlNameText spelling(text);
-        const TzXmlNameCache::Entry& entry = cache.place(spelling);
-        if (entry.scope != scope_ || !entry.spelling.is(spelling)) {
+        const TzXmlNameCache::Entry* const entry = cache.find(spelling);
+        if (entry == nullptr || entry->state != state_) {
             resolveAnew(cache, kind, spelling, name, stamp);
-        } else if (entry.stamp != stamp) {
-            name = entry.name;
-            stamp = entry.stamp;
+        } else if (entry->stamp != stamp) {
+            name = entry->name;
+            stamp = entry->stamp;
         }
     }
     void resolveAnew(TzXmlNameCache& cache, Kind kind, const TzXmlNameText& spelling,
                      TzXmlName& name, std::uint64_t& stamp);
     Parts spellOut(Kind kind, std::string_view spelling);
     const TzXmlNamespace& bound(std::string_view prefix);
+    Bindings::iterator bindingOf(std::string_view prefix);
+    const Meaning& mean(Binding& binding, std::string_view prefix, std::string_view uri);
+    TzXmlNamespace makeNamespace(std::string_view prefix, std::string_view uri);
+    TzXmlName makeName(const Parts& parts);
 
     Bindings bindings_;
     std::vector<Change> changes_;
-    std::uint64_t scope_ = 1; // a number for each state of the bindings
+    // Never used for another state.
+    std::uint64_t state_ = 1;
+    std::uint64_t latestState_ = 1;
+    std::uint64_t scope_ = 1;
     std::uint64_t latestScope_ = 1;
     std::uint64_t latestStamp_ = 0;
     TzXmlNamespace unbound_;
     TzXmlNameMaker maker_;
     TzXmlNameCache elements_;
     TzXmlNameCache attributes_;
+    std::size_t bytes_ = 0; // of bindings, namespaces and the texts of names
 };

@@ -4,7 +4,7 @@
 #include "xml/TzXmlCharacterTable.h"
 #include "xml/TzXmlEventSink.h"
 #include "xml/TzXmlEventSource.h"
-#include "xml/TzXmlNameResolver.h"
+#include "xml/TzXmlNamesInUse.h"
 #include "xml/TzXmlPieces.h"
 #include "xml/TzXmlScanner.h"
 #include "xml/TzXmlSourceChoice.h"
@@ -27,12 +27,6 @@
 
 namespace {
 
-/// Above this number attributes are added by look-up, so that the work stays near linear.
-constexpr std::size_t FewAttributes = 12;
-
-/// Room for the open elements of most texts.
-constexpr std::size_t UsualDepth = 16;
-
 /// Whether the attribute `spelling` may declare a namespace. Names that begin with "x" are common
 /// ("xsi:type"), those with "xm" are not.
 bool mayDeclare(std::string_view spelling) noexcept { return spelling.starts_with("xm"); }
@@ -41,6 +35,17 @@ bool mayDeclare(std::span<const TzXmlSpelledAttribute> attributes) noexcept {
     return std::any_of(
         attributes.begin(), attributes.end(),
         [](const TzXmlSpelledAttribute& attribute) { return mayDeclare(attribute.name); });
+}
+
+bool namesRepeat(const TzXmlAttributeSet& attributes) noexcept {
+    for (const TzXmlAttribute& attribute : attributes) {
+        for (const TzXmlAttribute* other = attributes.begin(); other != &attribute; ++other) {
+            if (other->getName() == attribute.getName()) {
+                return true;
+            }
+        }
+    }
+    return false;
 }
 
 /// A declaration of a namespace.
@@ -67,11 +72,7 @@ public:
     using Attributes = std::span<const TzXmlSpelledAttribute>;
 
     Session(TzXmlSAXParser& parser, const TzXmlByteForm& form)
-        : parser_(parser), form_(form), transcoder_(form) {
-        elements_.reserve(UsualDepth);
-        attributes_.reserve(FewAttributes);
-        stamps_.reserve(FewAttributes);
-    }
+        : parser_(parser), form_(form), transcoder_(form) {}
 
     void read(std::string_view text);
     void readChunk(std::string_view chunk, bool last);
@@ -89,7 +90,7 @@ public:
         return eventBegin() + (source_ != nullptr ? source_->length() : places_.length());
     }
     TzCString source(std::size_t begin, std::size_t end) const;
-    const TzXmlNameResolver& names() const noexcept { return resolver_; }
+    const TzXmlNameResolver& names() const noexcept { return names_->resolver; }
 
     void declaration(std::string_view version, std::string_view encoding, int standalone) override;
     void documentType() override;
@@ -98,16 +99,10 @@ public:
     void endTag() override;
 
 private:
-    struct OpenElement {
-        TzXmlName name;
-        std::uint64_t stamp = 0;
-        std::size_t declarations = 0;
-    };
-
     /// A start tag that comes again and again, with what its names mean under some declarations.
     struct RepeatedTag {
         TzXmlTagMark mark{};
-        std::uint64_t scope = 0;
+        std::uint64_t state = 0; // of the bindings
         TzXmlName name;
         std::uint64_t stamp = 0;
         TzXmlAttributeSet attributes;
@@ -127,17 +122,16 @@ private:
     void give(std::string_view text, bool last);
     void feedUpTo(std::string_view text, std::size_t crowded);
     void deliverText();
-    OpenElement& open();
-    void deliverStart(OpenElement& element, const TzXmlAttributeSet& attributes);
+    TzXmlOpenElement& open();
+    void deliverStart(TzXmlOpenElement& element, const TzXmlAttributeSet& attributes);
     const RepeatedTag* find(const TzXmlTagMark& mark) const noexcept;
-    void keepRepeated(const OpenElement& element, Attributes attributes);
+    void keepRepeated(const TzXmlOpenElement& element, Attributes attributes,
+                      const TzXmlAttributeSet& set);
     std::size_t declare(Attributes attributes);
     std::size_t declareOne(const TzXmlSpelledAttribute& attribute);
     const TzXmlAttributeSet& collect(Attributes attributes);
-    void collectFew(Attributes attributes);
-    void makeFew(std::size_t count);
-    void collectMany(Attributes attributes);
-    bool namesRepeat() const noexcept;
+    const TzXmlAttributeSet& collectFew(Attributes attributes);
+    const TzXmlAttributeSet& collectMany(Attributes attributes);
     [[noreturn]] void refuse(const char* reason) const;
     [[noreturn]] void refuseCrowded() const;
     [[noreturn]] void refuseBeyond(const char* reason, std::size_t limit) const;
@@ -152,12 +146,10 @@ private:
     TzCString encoding_;     // of it, as it declares; "" for UTF-8
     TzXmlTextPlaces places_; // while there is no source
     std::unique_ptr<TzXmlEventSource> source_;
-    TzXmlNameResolver resolver_;
-    std::vector<OpenElement> elements_; // the first depth_ are open, the others lend their memory
-    std::size_t depth_ = 0;
-    bool isLeaf_ = false; // the latest tag was a start tag
-    TzXmlAttributeSet attributes_;
-    std::vector<std::uint64_t> stamps_; // of the names in attributes_ that collectFew put there
+    TzXmlNamesInUse names_;
+    std::size_t depth_ = 0; // so many elements are open
+    bool isLeaf_ = false;   // the latest tag was a start tag
+    TzXmlAttributeSet manyAttributes_;
     const TzXmlAttributeSet noAttributes_;
     std::vector<RepeatedTag> repeated_;      // by the places of their marks
     std::optional<TzXmlTagMark> comesAgain_; // the mark of the tag that comes next
@@ -299,12 +291,12 @@ void TzXmlSAXParser::Session::documentType() {
     if (!text_.empty()) {
         deliverText();
     }
-    OpenElement& element = open();
+    TzXmlOpenElement& element = open();
     element.declarations = declare(attributes);
-    resolver_.resolveElement(name, element.name, element.stamp);
+    names_->resolver.resolveElement(name, element.name, element.stamp);
     const TzXmlAttributeSet& set = attributes.empty() ? noAttributes_ : collect(attributes);
     if (comesAgain_.has_value()) {
-        keepRepeated(element, attributes);
+        keepRepeated(element, attributes, set);
     }
     deliverStart(element, set);
 }
@@ -319,7 +311,7 @@ void TzXmlSAXParser::Session::documentType() {
         return false;
     }
     ++events_;
-    OpenElement& element = open();
+    TzXmlOpenElement& element = open();
     element.declarations = 0;
     if (element.stamp != tag->stamp || tag->stamp == 0) {
         element.name = tag->name;
@@ -329,7 +321,7 @@ void TzXmlSAXParser::Session::documentType() {
     return true;
 }
 
-[[gnu::hot]] void TzXmlSAXParser::Session::deliverStart(OpenElement& element,
+[[gnu::hot]] void TzXmlSAXParser::Session::deliverStart(TzXmlOpenElement& element,
                                                         const TzXmlAttributeSet& attributes) {
     isLeaf_ = true;
     if (parser_.handler_ != nullptr) {
@@ -343,28 +335,24 @@ TzXmlSAXParser::Session::find(const TzXmlTagMark& mark) const noexcept {
         return nullptr;
     }
     const RepeatedTag& tag = repeated_[mark.place];
-    return tag.mark.number == mark.number && tag.scope == resolver_.scope() ? &tag : nullptr;
+    return tag.mark.number == mark.number && tag.state == names().state() ? &tag : nullptr;
 }
 
 /// Keeps what a tag without declarations means for when it comes again. Not for ever: declarations
 /// around it that change each time would make that more work than it saves.
-void TzXmlSAXParser::Session::keepRepeated(const OpenElement& element, Attributes attributes) {
+void TzXmlSAXParser::Session::keepRepeated(const TzXmlOpenElement& element, Attributes attributes,
+                                           const TzXmlAttributeSet& set) {
     constexpr std::size_t MostRenewals = 4;
     const TzXmlTagMark mark = *std::exchange(comesAgain_, std::nullopt);
-    if (attributes.size() > FewAttributes || mayDeclare(attributes)) {
+    if (attributes.size() > TzXmlNames::FewAttributes || mayDeclare(attributes)) {
         return;
     }
     repeated_.resize(std::max(repeated_.size(), mark.place + 1));
     RepeatedTag& tag = repeated_[mark.place];
     const std::size_t renewals = tag.mark.number == mark.number ? tag.renewals + 1 : 0;
     if (renewals <= MostRenewals) {
-        tag = {mark,
-               resolver_.scope(),
-               element.name,
-               element.stamp,
-               attributes.empty() ? noAttributes_ : attributes_,
-               attributes.size(),
-               renewals};
+        tag = {mark, names().state(),   element.name, element.stamp,
+               set,  attributes.size(), renewals};
     }
 }
 
@@ -374,12 +362,12 @@ void TzXmlSAXParser::Session::keepRepeated(const OpenElement& element, Attribute
         deliverText();
     }
     isLeaf_ = false;
-    const OpenElement& element = elements_[--depth_];
+    const TzXmlOpenElement& element = names_->elements[--depth_];
     if (parser_.handler_ != nullptr) {
         parser_.handler_->endElement(element.name);
     }
     if (element.declarations > 0) {
-        resolver_.undo(element.declarations);
+        names_->resolver.undo(element.declarations);
     }
 }
 
@@ -390,14 +378,15 @@ void TzXmlSAXParser::Session::keepRepeated(const OpenElement& element, Attribute
     text_.clear();
 }
 
-[[gnu::hot]] TzXmlSAXParser::Session::OpenElement& TzXmlSAXParser::Session::open() {
+[[gnu::hot]] TzXmlOpenElement& TzXmlSAXParser::Session::open() {
     if (depth_ >= parser_.depthLimit_) {
         refuseBeyond("elements are nested too deeply", parser_.depthLimit_);
     }
-    if (depth_ == elements_.size()) {
-        elements_.emplace_back();
+    std::vector<TzXmlOpenElement>& elements = names_->elements;
+    if (depth_ == elements.size()) {
+        elements.emplace_back();
     }
-    return elements_[depth_++];
+    return elements[depth_++];
 }
 
 std::size_t TzXmlSAXParser::Session::declare(Attributes attributes) {
@@ -429,7 +418,7 @@ std::size_t TzXmlSAXParser::Session::declareOne(const TzXmlSpelledAttribute& att
     if (!declared.keepsReserved()) {
         refuse("xml, xmlns and their namespaces are bound to each other only");
     }
-    return resolver_.declare(declared.prefix, declared.uri);
+    return names_->resolver.declare(declared.prefix, declared.uri);
 }
 
 [[gnu::hot]] const TzXmlAttributeSet& TzXmlSAXParser::Session::collect(Attributes attributes) {
@@ -437,61 +426,41 @@ std::size_t TzXmlSAXParser::Session::declareOne(const TzXmlSpelledAttribute& att
     if (count > parser_.attributeLimit_) {
         refuseCrowded();
     }
-    if (count <= FewAttributes) {
-        collectFew(attributes);
+    // Above this number attributes are added by look-up, so that the work stays near linear.
+    if (count > TzXmlNames::FewAttributes) {
+        return collectMany(attributes);
     }
-    if (count > FewAttributes || (count > 1 && namesRepeat())) {
-        collectMany(attributes);
-    }
-    return attributes_;
+    const TzXmlAttributeSet& few = collectFew(attributes);
+    return count > 1 && namesRepeat(few) ? collectMany(attributes) : few;
 }
 
-// The attributes of one element are written over those of the one before.
-[[gnu::hot]] void TzXmlSAXParser::Session::collectFew(Attributes attributes) {
-    if (stamps_.size() != attributes.size()) {
-        makeFew(attributes.size());
+// The attributes of one tag are written over those of another.
+[[gnu::hot]] const TzXmlAttributeSet& TzXmlSAXParser::Session::collectFew(Attributes attributes) {
+    TzXmlAttributePlaces& places = names_->places[attributes.size()];
+    if (places.stamps.empty()) {
+        places.make(attributes.size());
     }
-    TzXmlAttribute* attribute = attributes_.begin();
-    std::uint64_t* stamp = stamps_.data();
+    TzXmlAttribute* attribute = places.set.begin();
+    std::uint64_t* stamp = places.stamps.data();
     for (const TzXmlSpelledAttribute& spelled : attributes) {
-        resolver_.resolveAttribute(spelled.name, attribute->getName(), *stamp);
+        names_->resolver.resolveAttribute(spelled.name, attribute->getName(), *stamp);
         attribute->assignValue(spelled.value);
         ++attribute;
         ++stamp;
     }
-}
-
-void TzXmlSAXParser::Session::makeFew(std::size_t count) {
-    while (attributes_.size() > count) {
-        attributes_.erase(attributes_.end() - 1);
-    }
-    while (attributes_.size() < count) {
-        attributes_.append(TzXmlAttribute());
-    }
-    stamps_.resize(count);
+    return places.set;
 }
 
 // Of attributes with one name and two spellings the last one is kept.
-void TzXmlSAXParser::Session::collectMany(Attributes attributes) {
-    attributes_.clear();
-    stamps_.clear();
+const TzXmlAttributeSet& TzXmlSAXParser::Session::collectMany(Attributes attributes) {
+    manyAttributes_.clear();
     for (const TzXmlSpelledAttribute& spelled : attributes) {
         TzXmlName name;
         std::uint64_t stamp = 0;
-        resolver_.resolveAttribute(spelled.name, name, stamp);
-        attributes_.add(std::move(name), TzCString(spelled.value));
+        names_->resolver.resolveAttribute(spelled.name, name, stamp);
+        manyAttributes_.add(std::move(name), TzCString(spelled.value));
     }
-}
-
-bool TzXmlSAXParser::Session::namesRepeat() const noexcept {
-    for (const TzXmlAttribute& attribute : attributes_) {
-        for (const TzXmlAttribute* other = attributes_.begin(); other != &attribute; ++other) {
-            if (other->getName() == attribute.getName()) {
-                return true;
-            }
-        }
-    }
-    return false;
+    return manyAttributes_;
 }
 
 TzCString TzXmlSAXParser::Session::source(std::size_t begin, std::size_t end) const {

@@ -13,6 +13,7 @@ public:
     static bool accepts(const TzXmlNameText& text) noexcept {
         return text.text_.size() <= MaxLength;
     }
+    bool isEmpty() const noexcept { return length_ == 0; }
     bool is(const TzXmlNameText& text) const noexcept {
         return first_ == text.first_ && last_ == text.last_ && length_ == text.text_.size() &&
                (length_ <= 2 * sizeof(first_) ||

@@ -116,6 +116,7 @@ public:
         if (block_ == nullptr || block_->made == Block::Size) {
             Block* const fresh = new Block;
             leave(std::exchange(block_, fresh));
+            bytes_ += sizeof(Block);
         }
         void* const place = block_->room.data() + block_->made * sizeof(Record);
         Record* const record = new (place) Record(block_, std::move(value));
@@ -123,7 +124,10 @@ public:
         block_->users.add();
         return TzSharedRecord(record);
     }
+    /// Bytes of all blocks that it made so far; what it holds and shares takes no more.
+    std::size_t bytes() const noexcept { return bytes_; }
 
 private:
     Block* block_ = nullptr;
+    std::size_t bytes_ = 0;
 };

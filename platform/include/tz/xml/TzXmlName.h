@@ -126,6 +126,8 @@ public:
     TzXmlName make(std::string_view localName, const TzXmlNamespace& nameSpace) {
         return TzXmlName(maker_.make({TzCString(localName), nameSpace, {}}));
     }
+    /// Bytes that it took so far, local parts and namespaces left out; the names hold no more.
+    std::size_t bytes() const noexcept { return maker_.bytes(); }
 
 private:
     TzSharedRecord<TzXmlName::Parts>::Maker maker_;
