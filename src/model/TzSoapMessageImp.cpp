@@ -3,16 +3,9 @@
 
 #include <soap/TzSoapBodyImp.h>
 #include <soap/TzSoapHeaderImp.h>
-#include <soap/TzSoapParseContext.h>
-#include <tz/xml/TzXmlSAXParser.h>
 
 #include "model/TzSoapAccess.h"
-
-/// What reading needs; a message that is only written does not allocate it.
-struct TzSoapMessageImp::Parsing {
-    TzXmlSAXParser parser;
-    TzSoapParseContext context;
-};
+#include "reading/TzSoapParsing.h"
 
 TzSoapMessageImp::TzSoapMessageImp(TzSoapVersion::Version version)
     : TzSoapElementImp(TzSoapVersion::getSoapElementName(TzSoapVersion::Envelope, version)),
@@ -69,7 +62,7 @@ void TzSoapMessageImp::extractEnvelope(std::string_view text) {
 
 TzSoapMessageImp::Parsing& TzSoapMessageImp::parsing() {
     if (parsing_ == nullptr) {
-        parsing_ = std::make_unique<Parsing>();
+        parsing_ = Parsing::take();
     }
     return *parsing_;
 }

@@ -152,7 +152,7 @@ void TzSoapGenericTypeHandler::pushChildStyle(const TzXmlAttributeSet& attribute
     const TzSoapVersion& names = TzSoapVersion::getSoapVersion(reading.version());
     popChildStyle();
     if (reading.takesMarkup(name)) {
-        return state().handlers().markup.populate(name, attributes, context(), this);
+        return state().handlers().rare().markup.populate(name, attributes, context(), this);
     }
     if (reading.isLiteral()) {
         return state().handlers().unknown.populate(name, attributes, context(), this);
@@ -254,6 +254,7 @@ void TzSoapGenericTypeHandler::doUserDefinedEncoding(const TzXmlName& name,
                                                      const TzXmlAttributeSet& attributes,
                                                      const TzXmlName& type,
                                                      const TzCString& encodingStyle) {
-    state().handlers().userDefined.populate(name, attributes, type, encodingStyle, context(), this);
+    state().handlers().rare().userDefined.populate(name, attributes, type, encodingStyle, context(),
+                                                   this);
     popChildStyle();
 }

@@ -12,10 +12,12 @@
 #include "model/TzSoapAccess.h"
 #include "model/TzSoapVersionTable.h"
 #include "reading/TzSoapErrorDetail.h"
+#include "reading/TzSoapParsing.h"
 #include "reading/TzSoapReadingState.h"
 #include "reading/TzSoapVerbatimAttributes.h"
 
 #include <array>
+#include <utility>
 
 using namespace std::string_view_literals;
 
@@ -78,25 +80,37 @@ std::size_t findDocument(std::string_view text, std::size_t tag) {
 class TzSoapMessageImp::Reading {
 public:
     // Make context and parser here, if necessary: the destructor must not allocate.
-    explicit Reading(TzSoapMessageImp& message)
+    Reading(TzSoapMessageImp& message, std::size_t textSize)
         : message_(message), state_(TzSoapAccess::reading(message.context())),
-          parser_(message.parser()) {}
+          parser_(message.parser()), textSize_(textSize) {}
     ~Reading() {
         message_.droppedText_ = state_.droppedText;
         state_.references.dropTargets();
-        state_.clear();
         parser_.setContentHandler(nullptr);
+        if (isDone_) {
+            Parsing::leave(std::move(message_.parsing_));
+        } else {
+            state_.clear();
+        }
     }
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
 
     /// The reading succeeded: keep the targets of references.
-    void succeed() { state_.references.keepTargets(); }
+    void succeed() {
+        state_.references.keepTargets();
+        // The memory that a long text took is not for the next one. A handler that has not given
+        // the events back may still look at the context.
+        constexpr std::size_t ShortText = std::size_t{4} * 1024;
+        isDone_ = textSize_ <= ShortText && parser_.getContentHandler() == &message_;
+    }
 
 private:
     TzSoapMessageImp& message_;
     TzSoapReadingState& state_;
     TzXmlSAXParser& parser_;
+    std::size_t textSize_;
+    bool isDone_ = false;
 };
 
 void TzSoapMessageImp::parseEnvelope(std::string_view text) {
@@ -106,7 +120,7 @@ void TzSoapMessageImp::parseEnvelope(std::string_view text) {
             tzWithDetail(TzXmlParseError(TzMessage(tzsoap_NO_SOAP_ENVELOPE()), TzCString(), 1, 1),
                          TzSoapErrorDetail::ofText(text)));
     }
-    Reading reading(*this);
+    Reading reading(*this, text.size());
     prepare(text.size());
     parser().parse(text.substr(findDocument(text, tag)));
     reading.succeed();

@@ -46,3 +46,13 @@ void TzSoapReadingState::clear() noexcept {
     bodies.finish();
     links.finish();
 }
+
+bool TzSoapReadingState::release() noexcept {
+    clear();
+    parser = nullptr;
+    message = nullptr;
+    package = TzMimeMultipart();
+    budget = TzSoapReadBudget();
+    std::vector<TzXmlName>().swap(markupNames);
+    return !names.isExposed() && !styles.isExposed();
+}

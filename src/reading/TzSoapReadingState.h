@@ -16,7 +16,7 @@
 #include "reading/TzSoapTypeNames.h"
 
 #include <algorithm>
-#include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -72,17 +72,16 @@ public:
     }
     /// The handlers of child elements. One set serves the whole reading: a handler has given the
     /// events back before the value that it made starts to read its children.
-    TzSoapTypeHandlers& handlers() {
-        if (handlers_ == nullptr) {
-            handlers_ = std::make_unique<TzSoapTypeHandlers>();
-        }
-        return *handlers_;
-    }
-    /// Forgets all that was read; parser, package, message and limits stay.
+    TzSoapTypeHandlers& handlers() { return handlers_ ? *handlers_ : handlers_.emplace(); }
+    /// Forgets all that was read, but for names that are likely to come again; parser, package,
+    /// message and limits stay.
     void clear() noexcept;
+    /// Forgets everything else, too, so that another message can be read; false when an application
+    /// has got hold of what it would have to share then.
+    bool release() noexcept;
 
 private:
     void countDroppedText() noexcept;
 
-    std::unique_ptr<TzSoapTypeHandlers> handlers_; // made by the first child element
+    std::optional<TzSoapTypeHandlers> handlers_; // made by the first child element
 };

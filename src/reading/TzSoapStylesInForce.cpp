@@ -22,6 +22,9 @@ TzSoapStyleInForce TzSoapStylesInForce::meaningOf(const TzCString& text) const {
 void TzSoapStylesInForce::push(const TzCString& text) {
     if (texts_ != nullptr) {
         texts_->push(text);
+    } else if (!text.empty() && known_.text == text && knownTable_ == table_) {
+        meanings_.push_back(std::move(known_));
+        known_.text.clear();
     } else {
         meanings_.push_back(meaningOf(text));
     }
@@ -66,6 +69,14 @@ TzSharedRecord<TzCString> TzSoapStylesInForce::share(const TzCString& style) {
 }
 
 void TzSoapStylesInForce::clear() noexcept {
+    constexpr std::size_t LongStyle = 256;
+    if (texts_ == nullptr && !meanings_.empty()) {
+        TzSoapStyleInForce& style = meanings_.front();
+        if (style.soapEncoding && style.text.size() <= LongStyle) {
+            known_ = std::move(style);
+            knownTable_ = table_;
+        }
+    }
     table_ = nullptr;
     meanings_.clear();
     while (texts_ != nullptr && !texts_->empty()) {

@@ -43,6 +43,8 @@ public:
     /// The texts, to push and pop. From then on each look-up compares the innermost one with what
     /// is remembered, because the holder of the stack may change it unnoticed.
     Texts& expose();
+    /// Whether `expose` was called.
+    bool isExposed() const noexcept { return texts_ != nullptr; }
     /// What holds under the innermost text; what holds without any style if none is open. Valid
     /// until the next call, push or pop. O(1), O(length) after `expose`.
     TzSoapStyleInForce& inForce() {
@@ -53,7 +55,8 @@ public:
     }
     /// A record of the URI `style` that all values under one style share.
     TzSharedRecord<TzCString> share(const TzCString& style);
-    /// Ends all scopes; the version is that of no message.
+    /// Ends all scopes; the version is that of no message. What the encoding style of the message
+    /// means stays known.
     void clear() noexcept;
 
 private:
@@ -63,5 +66,7 @@ private:
     const TzSoapVersionTable* table_ = nullptr; // null: the versions known by default
     TzSoapStyleInForce none_;
     std::vector<TzSoapStyleInForce> meanings_; // of the texts, outermost first
-    std::unique_ptr<Texts> texts_;             // made by `expose`, then decides what is in force
+    TzSoapStyleInForce known_; // of a message before, under the version of knownTable_
+    const TzSoapVersionTable* knownTable_ = nullptr;
+    std::unique_ptr<Texts> texts_; // made by `expose`, then decides what is in force
 };

@@ -12,6 +12,35 @@
 
 namespace {
 
+/// Names, namespaces and scopes that take more than this are not remembered for the next text.
+constexpr std::size_t LongText = 64;
+constexpr std::size_t LongNamespace = 256;
+constexpr std::size_t ManyDeclarations = 16;
+
+bool isDeclaration(const TzXmlAttribute& attribute) {
+    return attribute.getName().getNamespace().sameUri(TzXmlNamespace::getXmlns());
+}
+
+/// Whether `attributes` declare what `declared` says, in that order, and nothing else.
+bool declare(const TzXmlAttributeSet& attributes, const std::vector<TzXmlNamespace>& declared) {
+    auto next = declared.begin();
+    for (const TzXmlAttribute& attribute : attributes) {
+        if (!isDeclaration(attribute)) {
+            continue;
+        }
+        if (next == declared.end() || next->getPrefix() != attribute.getName().getLocalName() ||
+            next->getUri() != attribute.getValue()) {
+            return false;
+        }
+        ++next;
+    }
+    return next == declared.end();
+}
+
+bool isLong(const TzXmlNamespace& nameSpace) noexcept {
+    return nameSpace.getPrefix().size() + nameSpace.getUri().size() > LongNamespace;
+}
+
 /// What `declaration` declares: the record of the parser's names where it is the same.
 TzXmlNamespace namespaceOf(const TzXmlAttribute& declaration, const TzXmlSAXParser* parser) {
     const TzCString& prefix = declaration.getName().getLocalName();
@@ -40,24 +69,48 @@ void TzSoapTypeNames::reindex(const TzXmlSAXParser* parser) {
 
 void TzSoapTypeNames::enter(const TzXmlElementImp& element, const TzXmlSAXParser* parser) {
     index_.pushScope();
+    scopes_.push_back(scope());
     if (element.isBare()) {
         return;
     }
-    for (const TzXmlAttribute& attribute : element.getAttributes()) {
-        if (attribute.getName().getNamespace().sameUri(TzXmlNamespace::getXmlns())) {
-            index_.add(namespaceOf(attribute, parser));
-        }
+    const TzXmlAttributeSet& attributes = element.getAttributes();
+    if (std::none_of(attributes.begin(), attributes.end(), isDeclaration)) {
+        return;
     }
-    if (index_.begin() != index_.end()) {
-        ++scope_;
+    const RecentScope& met = meet(attributes, parser);
+    for (const TzXmlNamespace& declared : met.declared) {
+        index_.add(declared);
     }
+    scopes_.back() = met.after;
 }
 
-void TzSoapTypeNames::leave() noexcept {
-    if (index_.begin() != index_.end()) {
-        ++scope_;
+/// The declarations among `attributes`, which follow those in the index.
+const TzSoapTypeNames::RecentScope& TzSoapTypeNames::meet(const TzXmlAttributeSet& attributes,
+                                                          const TzXmlSAXParser* parser) {
+    for (const RecentScope& recent : recentScopes_) {
+        if (recent.before == scope() && declare(attributes, recent.declared)) {
+            return recent;
+        }
     }
+    RecentScope& fresh = recentScopes_[nextRecentScope_++ % recentScopes_.size()];
+    fresh.before = 0; // until it is complete
+    fresh.declared.clear();
+    for (const TzXmlAttribute& attribute : attributes) {
+        if (isDeclaration(attribute)) {
+            fresh.declared.push_back(namespaceOf(attribute, parser));
+        }
+    }
+    fresh.before = scope();
+    fresh.after = ++latestScope_;
+    return fresh;
+}
+
+// An element that did not enter wholly is in the index, but has no scope perhaps.
+void TzSoapTypeNames::leave() noexcept {
     index_.popScope();
+    scopes_.erase(scopes_.begin() +
+                      static_cast<std::ptrdiff_t>(std::min(index_.depth(), scopes_.size())),
+                  scopes_.end());
 }
 
 const TzCString& TzSoapTypeNames::walkFor(std::string_view prefix) const noexcept {
@@ -86,13 +139,13 @@ const TzCString& TzSoapTypeNames::uriFor(std::string_view prefix, const TzXmlSAX
     if (!exposed_) {
         update(parser);
         for (const RecentName& recent : recent_) {
-            if (recent.scope == scope_ && recent.text == text) {
+            if (recent.scope == scope() && recent.text == text) {
                 return recent.name;
             }
         }
     }
     RecentName& found = resolveAnew(text);
-    found.scope = scope_;
+    found.scope = exposed_ ? 0 : scope();
     return found.name;
 }
 
@@ -127,5 +180,15 @@ void TzSoapTypeNames::clear() noexcept {
     while (index_.depth() > 0) {
         leave();
     }
-    recent_.fill({});
+    for (RecentName& recent : recent_) {
+        if (recent.text.size() > LongText || isLong(recent.name.getNamespace())) {
+            recent = {};
+        }
+    }
+    for (RecentScope& recent : recentScopes_) {
+        if (recent.declared.size() > ManyDeclarations ||
+            std::any_of(recent.declared.begin(), recent.declared.end(), isLong)) {
+            recent = {};
+        }
+    }
 }

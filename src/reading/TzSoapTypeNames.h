@@ -19,7 +19,8 @@ class TzXmlSAXParser;
 /// innermost open element that declares the prefix decides.
 ///
 /// Keeps an index of the declarations in force. An element enters it when a name is looked up under
-/// it, so elements that come and go without one cost nothing, and leaves it when it closes.
+/// it, so elements that come and go without one cost nothing, and leaves it when it closes. Serves
+/// one text after the other: names and declarations met recently are known again.
 class TzSoapTypeNames {
 public:
     /// Open elements, outermost first; not owned.
@@ -40,6 +41,8 @@ public:
         exposed_ = true;
         return elements_;
     }
+    /// Whether `expose` was called.
+    bool isExposed() const noexcept { return exposed_; }
 
     /// The URI that the innermost open element which declares `prefix` binds it to; "" when none
     /// does. Valid until elements open or close. Namespaces that `parser` has a record of share it.
@@ -59,7 +62,7 @@ public:
         return only.getName().isSame(typeAttribute_) || isType(only.getName()) ? &only : nullptr;
     }
 
-    /// Closes all elements and forgets all names.
+    /// Closes all elements. Names and declarations met recently stay known, long ones excepted.
     void clear() noexcept;
 
 private:
@@ -69,6 +72,12 @@ private:
         TzXmlName name;
         std::uint64_t scope = 0; // the state of the index it is known to hold under, 0 for none
     };
+    /// The declarations of an element that entered the index, and its states before and after.
+    struct RecentScope {
+        std::vector<TzXmlNamespace> declared;
+        std::uint64_t before = 0; // 0: none
+        std::uint64_t after = 0;
+    };
 
     /// Brings the index in line with the open elements.
     void update(const TzXmlSAXParser* parser) {
@@ -76,18 +85,27 @@ private:
             reindex(parser);
         }
     }
+    std::uint64_t scope() const noexcept { return scopes_.empty() ? FirstScope : scopes_.back(); }
     void reindex(const TzXmlSAXParser* parser);
     void enter(const TzXmlElementImp& element, const TzXmlSAXParser* parser);
     void leave() noexcept;
+    const RecentScope& meet(const TzXmlAttributeSet& attributes, const TzXmlSAXParser* parser);
     const TzCString& walkFor(std::string_view prefix) const noexcept;
     RecentName& resolveAnew(std::string_view text);
     bool isType(const TzXmlName& name);
 
+    static constexpr std::uint64_t FirstScope = 1;
+
     Elements elements_;
     bool exposed_ = false;
     TzXmlNamespaceStack index_;
-    std::size_t indexed_ = 0;          // so many outermost elements are in the index as they are
-    std::uint64_t scope_ = 1;          // a number for each state of the index
+    std::size_t indexed_ = 0; // so many outermost elements are in the index as they are
+    // A number for each state of the index, never used for another one: what is declared by
+    // the elements in it, one in the other.
+    std::vector<std::uint64_t> scopes_; // under each element in the index
+    std::uint64_t latestScope_ = FirstScope;
+    std::array<RecentScope, 4> recentScopes_;
+    std::size_t nextRecentScope_ = 0;
     std::array<RecentName, 8> recent_; // few types make up most of a message
     std::size_t nextRecent_ = 0;
     TzXmlNameMaker maker_;
