@@ -26,6 +26,10 @@ struct TzSoapAccess {
     static bool sameBody(const Handle& left, const Handle& right) noexcept {
         return left.bodyPointer() == right.bodyPointer();
     }
+    /// Has the processor fetch the body of a handle, which is used soon.
+    template <typename Handle> static void prefetch(const Handle& handle) noexcept {
+        handle.prefetchBody();
+    }
     /// Whether the handle refers to a body.
     template <typename Handle> static bool hasBody(const Handle& handle) noexcept {
         return handle.bodyPointer() != nullptr;

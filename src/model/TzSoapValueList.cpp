@@ -23,6 +23,29 @@ struct Named {
 
 } // namespace
 
+/// Has the processor fetch the values of a list a few steps before they end: waiting for memory
+/// takes a third of the time otherwise.
+class TzSoapValueList::Prefetch {
+public:
+    Prefetch(const TzSoapValueLink* first, const TzSoapValueLink* last) noexcept
+        : link_(first), last_(last) {
+        constexpr int Steps = 6;
+        for (int i = 0; i < Steps; ++i) {
+            next();
+        }
+    }
+    void next() noexcept {
+        if (link_ != nullptr && link_ != last_) {
+            TzSoapAccess::prefetch(static_cast<const TzSoapValueNode*>(link_)->value);
+            link_ = link_->next;
+        }
+    }
+
+private:
+    const TzSoapValueLink* link_;
+    const TzSoapValueLink* last_;
+};
+
 struct TzSoapValueList::Texts : std::map<const TzSoapType*, TzCString> {};
 
 TzSoapValueList::TzSoapValueList() noexcept = default;
@@ -64,7 +87,9 @@ TzSoapValueList::~TzSoapValueList() { clear(); }
     ends_ = {last, last};
     size_ = 0;
     clearText();
+    Prefetch prefetch(link, last);
     while (link != nullptr && link != last) {
+        prefetch.next();
         release(static_cast<TzSoapValueNode*>(std::exchange(link, link->next)));
     }
 }

@@ -23,6 +23,7 @@ template <typename Lock> struct TzTCountingBody<Lock>::Waiting {
         TzTCountingBody* body = first;
         // NOLINTNEXTLINE(performance-no-int-to-ptr): the count's place serves the dead as a link
         first = reinterpret_cast<TzTCountingBody*>(body->count_);
+        prefetch(body->count_);
         return body;
     }
 };

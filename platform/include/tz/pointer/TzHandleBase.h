@@ -46,6 +46,9 @@ protected:
     TzBodyBase* bodyPointer() const noexcept {
         return isBody(place_) ? bodyAt(place_) : linkedBody();
     }
+    /// Has the processor fetch the body, which is used soon, while it does something else. Changes
+    /// nothing; a handle without a body may do it, too.
+    void prefetchBody() const noexcept { TzBodyBase::prefetch(place_); }
     /// Refers to `body` without counting; allowed on a handle without a body.
     void attachBody(TzBodyBase* body) noexcept { place_ = placeOf(body); }
     /// Gives the body up without counting and returns it.
