@@ -47,4 +47,6 @@ private:
     TzSoapType value_; // holds element_
     TzCString text_;
     TzSoapGenericTypeHandler* owner_ = nullptr;
+    // What the type attribute says, if the element has no other; otherwise it has to be looked up.
+    TzSoapContentBase::SchemaType statedType_ = TzSoapContentBase::xsdUnknown;
 };

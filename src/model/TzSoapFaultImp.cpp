@@ -60,7 +60,8 @@ TzSoapFaultImp* TzSoapFaultImp::clone() const { return new TzSoapFaultImp(*this)
 
 void TzSoapFaultImp::setVersion(TzSoapVersion::Version version) {
     const TzSoapVersion& names = TzSoapVersion::getSoapVersion(version);
-    name_.setNamespace(names.getSoapEnv()); // may fail; what follows does not
+    // May fail; what follows does not.
+    name_ = TzSoapVersionTable::renamed(name_, names.getSoapElementQName(TzSoapVersion::Fault));
     details_.setName(names.getSoapElementQName(TzSoapVersion::FaultDetail));
     version_ = version;
 }

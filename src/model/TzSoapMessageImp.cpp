@@ -5,6 +5,7 @@
 #include <soap/TzSoapHeaderImp.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapVersionTable.h"
 #include "reading/TzSoapParsing.h"
 
 TzSoapMessageImp::TzSoapMessageImp(TzSoapVersion::Version version)
@@ -36,8 +37,8 @@ void TzSoapMessageImp::clear() {
 }
 
 void TzSoapMessageImp::setVersion(TzSoapVersion::Version version) {
-    TzXmlName name = getName();
-    name.setNamespace(TzSoapVersion::getSoapVersion(version).getSoapEnv());
+    const TzXmlName name = TzSoapVersionTable::renamed(
+        getName(), TzSoapVersion::getSoapElementName(TzSoapVersion::Envelope, version));
     TzSoapAccess::body(body_).setVersion(version);
     // Nothing fails after this line.
     TzSoapAccess::body(header_).setVersion(version);

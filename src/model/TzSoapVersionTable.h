@@ -118,6 +118,13 @@ public:
         return style == nameSpace(Encoding).getUri() || (!noStyle_.empty() && style == noStyle_);
     }
 
+    /// `name` in the namespace of `standard`: that name itself if the local parts are the same.
+    static TzXmlName renamed(const TzXmlName& name, const TzXmlName& standard) {
+        return name.getLocalName() == standard.getLocalName()
+                   ? standard
+                   : TzXmlName(name.getLocalName(), standard.getNamespace());
+    }
+
     /// Number of the attribute with that local part, -1 if absent.
     int findAttribute(std::string_view localName) const noexcept;
     /// Number of the fault code with that local part, -1 if absent.

@@ -102,6 +102,8 @@ const TzSoapTypeNames::RecentScope& TzSoapTypeNames::meet(const TzXmlAttributeSe
     }
     fresh.before = scope();
     fresh.after = ++latestScope_;
+    hasLong_ = hasLong_ || fresh.declared.size() > ManyDeclarations ||
+               std::any_of(fresh.declared.begin(), fresh.declared.end(), isLong);
     return fresh;
 }
 
@@ -134,35 +136,42 @@ const TzCString& TzSoapTypeNames::uriFor(std::string_view prefix, const TzXmlSAX
     return index_.getURIForPrefix(prefix);
 }
 
-[[gnu::hot]] const TzXmlName& TzSoapTypeNames::resolve(std::string_view text,
-                                                       const TzXmlSAXParser* parser) {
+[[gnu::hot]] const TzSoapTypeNames::RecentName&
+TzSoapTypeNames::find(std::string_view text, const TzXmlSAXParser* parser) {
     if (!exposed_) {
         update(parser);
+        const std::uint64_t now = scope();
         for (const RecentName& recent : recent_) {
-            if (recent.scope == scope() && recent.text == text) {
-                return recent.name;
+            if (recent.scope == now && recent.text == text) {
+                return recent;
             }
         }
     }
     RecentName& found = resolveAnew(text);
     found.scope = exposed_ ? 0 : scope();
-    return found.name;
+    return found;
 }
 
 TzSoapTypeNames::RecentName& TzSoapTypeNames::resolveAnew(std::string_view text) {
     const TzTextTools::SplitName split = TzTextTools::splitName(text);
     const TzXmlNamespace* const declared = exposed_ ? nullptr : index_.find(split.prefix);
-    const TzCString& uri = exposed_ ? walkFor(split.prefix) : index_.getURIForPrefix(split.prefix);
+    const TzCString& uri = exposed_              ? walkFor(split.prefix)
+                           : declared != nullptr ? declared->getUri()
+                                                 : TzXmlNamespace::getEmptyNamespace().getUri();
     for (RecentName& recent : recent_) {
         if (recent.text == text && recent.name.getUri() == uri) {
             return recent;
         }
     }
+    // A text never stands beside a name that is not its own, even without memory for the rest.
+    TzXmlName name = maker_.make(
+        split.localName, declared != nullptr ? *declared : TzXmlNamespace(split.prefix, uri));
     RecentName& place = recent_[nextRecent_++ % recent_.size()];
     place.scope = 0;
     place.text = text;
-    place.name = maker_.make(split.localName,
-                             declared != nullptr ? *declared : TzXmlNamespace(split.prefix, uri));
+    place.name = std::move(name);
+    place.schemaType = TzSoapContentBase::schemaTypeFromName(split.localName);
+    hasLong_ = hasLong_ || text.size() > LongText || isLong(place.name.getNamespace());
     return place;
 }
 
@@ -180,15 +189,8 @@ void TzSoapTypeNames::clear() noexcept {
     while (index_.depth() > 0) {
         leave();
     }
-    for (RecentName& recent : recent_) {
-        if (recent.text.size() > LongText || isLong(recent.name.getNamespace())) {
-            recent = {};
-        }
-    }
-    for (RecentScope& recent : recentScopes_) {
-        if (recent.declared.size() > ManyDeclarations ||
-            std::any_of(recent.declared.begin(), recent.declared.end(), isLong)) {
-            recent = {};
-        }
+    if (std::exchange(hasLong_, false)) {
+        recent_.fill({});
+        recentScopes_.fill({});
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <soap/TzSoapContentBase.h>
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlAttributeSet.h>
 #include <tz/xml/TzXmlName.h>
@@ -26,6 +27,12 @@ public:
     /// Open elements, outermost first; not owned.
     using Elements = std::vector<TzXmlElementImp*>;
 
+    /// The name of a type.
+    struct Type {
+        TzXmlName name;
+        TzSoapContentBase::SchemaType schemaType = TzSoapContentBase::xsdUnknown;
+    };
+
     TzSoapTypeNames();
 
     /// The declarations of `element` are in force until `close`. They may change until the first
@@ -50,7 +57,13 @@ public:
     const TzCString& uriFor(std::string_view prefix, const TzXmlSAXParser* parser = nullptr);
     /// The name that a text such as "xsd:int" spells; an unbound prefix has the empty URI. Names
     /// met recently share one record. Valid until the next call. Otherwise as `uriFor`.
-    const TzXmlName& resolve(std::string_view text, const TzXmlSAXParser* parser = nullptr);
+    const TzXmlName& resolve(std::string_view text, const TzXmlSAXParser* parser = nullptr) {
+        return find(text, parser).name;
+    }
+    /// The same with the type that such a name means, whatever its namespace.
+    const Type& resolveType(std::string_view text, const TzXmlSAXParser* parser = nullptr) {
+        return find(text, parser);
+    }
 
     /// The attribute that states the type when it is the only one of an element, otherwise null:
     /// most elements need no closer look.
@@ -67,9 +80,8 @@ public:
 
 private:
     /// A name resolved recently, and the text it was spelt by.
-    struct RecentName {
+    struct RecentName : Type {
         TzCString text;
-        TzXmlName name;
         std::uint64_t scope = 0; // the state of the index it is known to hold under, 0 for none
     };
     /// The declarations of an element that entered the index, and its states before and after.
@@ -91,6 +103,7 @@ private:
     void leave() noexcept;
     const RecentScope& meet(const TzXmlAttributeSet& attributes, const TzXmlSAXParser* parser);
     const TzCString& walkFor(std::string_view prefix) const noexcept;
+    const RecentName& find(std::string_view text, const TzXmlSAXParser* parser);
     RecentName& resolveAnew(std::string_view text);
     bool isType(const TzXmlName& name);
 
@@ -108,6 +121,7 @@ private:
     std::size_t nextRecentScope_ = 0;
     std::array<RecentName, 8> recent_; // few types make up most of a message
     std::size_t nextRecent_ = 0;
+    bool hasLong_ = false; // whether one of the recent ones takes much memory
     TzXmlNameMaker maker_;
     TzXmlName typeAttribute_; // the xsi:type attribute name seen last
 };

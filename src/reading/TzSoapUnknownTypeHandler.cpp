@@ -87,12 +87,16 @@ TzSoapUnknownTypeHandler::~TzSoapUnknownTypeHandler() = default;
         value_ = TzSoapAccess::handle<TzSoapType>(static_cast<TzSoapTypeImp*>(element_));
     }
     element_->TzXmlElementImp::getName() = name;
+    statedType_ = TzSoapContentBase::xsdUnknown;
     TzSoapReadingState& reading = TzSoapAccess::reading(*context());
     if (reading.isLiteral()) {
         return beginLiterally(attributes, reading);
     }
     if (const TzXmlAttribute* type = reading.names.findOnlyType(attributes)) {
-        element_->setTypeAttribute(reading.resolveName(type->getValue()));
+        const TzSoapTypeNames::Type& stated =
+            reading.names.resolveType(type->getValue(), reading.parser);
+        element_->setTypeAttribute(stated.name);
+        statedType_ = stated.schemaType;
         return;
     }
     if (attributes.empty()) {
@@ -154,6 +158,9 @@ void TzSoapUnknownTypeHandler::startElement(const TzXmlName& name,
 }
 
 [[gnu::hot]] TzSoapContentBase::SchemaType TzSoapUnknownTypeHandler::getSchemaType() const {
+    if (statedType_ != TzSoapContentBase::xsdUnknown) {
+        return statedType_;
+    }
     const TzXmlName& type = element_->getTypeValue();
     if (!type.isEmpty()) {
         return TzSoapContentBase::schemaTypeFromName(type.getLocalName());

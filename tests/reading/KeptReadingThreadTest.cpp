@@ -142,30 +142,29 @@ TEST(KeptReadingThread, ThatOfALongTextIsNotKept) {
     EXPECT_LT(leaves(envelope(Soap11, "", deep + end)), leaves(envelope(Soap11, "", "<a/>")));
 }
 
-TEST(KeptReadingThread, EachLackOfMemoryLeavesTheNextMessageAlone) {
-    for (const Text& text : {texts()[0], texts()[5], texts()[6], texts()[9], texts()[12]}) {
-        outcome(texts()[1]); // statics of the first use stay
-        const std::string expected = outcomeAlone(text);
-        const std::ptrdiff_t before = liveAllocations();
-        std::size_t failures = 0;
-        bool failed = true;
-        for (std::size_t nth = 1; failed; ++nth) {
-            outcome(texts()[1]);
-            {
-                const AllocationFailure failure(nth);
-                try {
-                    TzSoapMessage message;
-                    message.setStyle(text.style);
-                    message.extract(text.text);
-                } catch (const std::bad_alloc&) {
-                    ++failures;
+TEST(KeptReadingThread, EachLackOfMemoryLeavesTheNextTextAlone) {
+    for (const bool isFirst : {true, false}) {
+        for (const Text& text : texts()) {
+            const std::string expected = outcomeAlone(text);
+            bool failed = true;
+            for (std::size_t nth = 1; failed; ++nth) {
+                isFirst ? TzSpares::dropOfThisThread() : static_cast<void>(outcome(texts()[1]));
+                TzSoapMessage message;
+                message.setStyle(text.style);
+                {
+                    const AllocationFailure failure(nth);
+                    try {
+                        message.extract(text.text);
+                    } catch (const std::bad_alloc&) {
+                        EXPECT_TRUE(failure.happened());
+                    } catch (const Tzxmsg&) { // some texts are not read to their end
+                    }
+                    failed = failure.happened();
                 }
-                failed = failure.happened();
+                EXPECT_EQ(outcome(message, text), expected) << text.text << nth;
+                EXPECT_EQ(outcome(text), expected) << text.text << nth;
             }
-            EXPECT_EQ(outcome(text), expected) << nth;
         }
-        EXPECT_GT(failures, 10U);
-        EXPECT_EQ(liveAllocations(), before);
     }
 }
 

@@ -229,3 +229,47 @@ TEST(TzSoapTypeNames, AnswersAsAWalkOverTheOpenElements) {
         }
     }
 }
+
+TEST(TzSoapTypeNames, ShortNamesStayKnownForTheNextText) {
+    const std::string longText = "p:" + std::string(100, 'a');
+    Scope scope("p", "urn:p");
+    TzSoapTypeNames names;
+    names.open(scope);
+    const TzXmlName first = names.resolve("p:a");
+    names.clear();
+    names.open(scope);
+    EXPECT_TRUE(names.resolve("p:a").isSame(first));
+    const TzXmlName second = names.resolve(longText);
+    names.clear();
+    names.open(scope);
+    EXPECT_EQ(names.resolve(longText), second);
+    EXPECT_FALSE(names.resolve(longText).isSame(second));
+}
+
+TEST(TzSoapTypeNames, APrefixOfTheNextTextMeansWhatThatSays) {
+    Scope one("p", "urn:1");
+    Scope two("p", "urn:2");
+    Scope none;
+    TzSoapTypeNames names;
+    for (int round = 0; round < 3; ++round) {
+        for (Scope* scope : {&one, &two, &none}) {
+            names.open(none);
+            names.open(*scope);
+            EXPECT_EQ(names.resolve("p:a").getUri(), scope == &one   ? "urn:1"
+                                                     : scope == &two ? "urn:2"
+                                                                     : "");
+            names.clear();
+        }
+    }
+}
+
+TEST(TzSoapTypeNames, KnowTheTypeThatANameMeans) {
+    Scope scope("p", "urn:p");
+    TzSoapTypeNames names;
+    names.open(scope);
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(names.resolveType("p:int").schemaType, TzSoapContentBase::xsdInt);
+        EXPECT_EQ(names.resolveType("string").schemaType, TzSoapContentBase::xsdString);
+        EXPECT_EQ(names.resolveType("p:other").schemaType, TzSoapContentBase::xsdUnknown);
+    }
+}

@@ -5,7 +5,6 @@
 
 #include <tz/thread/TzTSpares.h>
 
-#include <array>
 #include <utility>
 
 namespace {
@@ -15,8 +14,6 @@ constexpr std::size_t UsualDepth = 16;
 
 /// Most bytes of one value whose memory the next one takes over.
 constexpr std::size_t ShortValue = 128;
-
-constexpr std::array<char, ShortValue> Zeros{};
 
 using Spares = TzTSpares<TzXmlNames>;
 
@@ -43,9 +40,7 @@ std::size_t TzXmlAttributePlaces::wipe() noexcept {
             *this = {};
             return 0;
         }
-        // Values may be secret, and no longer value may shine through where a shorter one stood.
-        attribute.assignValue({Zeros.data(), capacity});
-        attribute.assignValue({});
+        attribute.wipeValue(); // it may be secret
         bytes += sizeof(attribute) + capacity;
     }
     return bytes;

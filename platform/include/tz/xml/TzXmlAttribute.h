@@ -70,6 +70,12 @@ public:
         value_.assign(value);
         shared_ = SharedValue();
     }
+    /// Empties the value; its memory is kept, and nothing of what it ever held is left there.
+    void wipeValue() {
+        value_.assign(value_.capacity(), '\0');
+        value_.clear();
+        shared_ = SharedValue();
+    }
     /// Replaces the value by `value`, which others may share.
     void shareValue(SharedValue value) {
         shared_ = std::move(value);
