@@ -53,6 +53,21 @@ private:
     std::function<void()> action_;
 };
 
+/// Looks at the memory of attribute values that is not in use.
+class Peeper final : public TzXmlContentHandler {
+public:
+    void startElement(const TzXmlName&, const TzXmlAttributeSet& attributes) override {
+        for (const TzXmlAttribute& attribute : attributes) {
+            const TzCString& value = attribute.getValue();
+            rest.append(value.data() + value.size(), value.capacity() - value.size());
+        }
+    }
+    void endElement(const TzXmlName&) override {}
+    void characters(const TzCString&) override {}
+
+    std::string rest;
+};
+
 /// Reads without a handler.
 void read(std::string_view text) { TestedParser().parse(text); }
 
@@ -148,6 +163,16 @@ TEST(TzXmlSAXParserNamesThread, ADocumentInChunksSharesNothingWithTextsBetweenTh
     }
     parser.finish();
     EXPECT_EQ(recorder.events, EventsOfSmall);
+}
+
+TEST(TzXmlSAXParserNamesThread, NoValueIsLeftInMemory) {
+    read("<a b='a secret of more than fifteen letters' c='secret'/>");
+    Peeper peeper;
+    TestedParser parser;
+    parser.setContentHandler(&peeper);
+    parser.parse("<a b='' c=''/>");
+    EXPECT_GT(peeper.rest.size(), 50U); // the memory is the same
+    EXPECT_EQ(peeper.rest.find_first_not_of('\0'), std::string::npos) << peeper.rest;
 }
 
 TEST(TzXmlSAXParserNamesThread, LittleIsLeft) {
