@@ -214,6 +214,17 @@ TEST(TzXmlNameResolver, CountsWhatItTakes) {
     EXPECT_LT(counted, 2 * asked);
 }
 
+TEST(TzXmlNameResolver, CountsNamesThatItHasForgotten) {
+    constexpr std::size_t Names = 2000; // twice as many as it remembers
+    TzXmlNameResolver resolver;
+    TzXmlName name;
+    for (std::size_t i = 0; i < Names; ++i) {
+        std::uint64_t stamp = 0;
+        resolver.resolveElement("n" + std::to_string(i), name, stamp);
+    }
+    EXPECT_GT(resolver.bytes(), Names * 100);
+}
+
 TEST(TzXmlNameResolver, SurvivesEachLackOfMemory) {
     std::size_t failures = 0;
     const std::ptrdiff_t before = liveAllocations();
