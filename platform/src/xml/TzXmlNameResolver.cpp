@@ -140,9 +140,11 @@ TzXmlName TzXmlNameResolver::makeName(const Parts& parts) {
 
 TzXmlNamespace TzXmlNameResolver::makeNamespace(std::string_view prefix, std::string_view uri) {
     TzXmlNamespace nameSpace(prefix, uri);
-    // The record: two strings and a count.
-    bytes_ += 3 * sizeof(TzCString) + BlockBytes + bytesOf(nameSpace.getPrefix()) +
-              bytesOf(nameSpace.getUri());
+    if (!nameSpace.isEmpty()) {
+        // The record: two strings and a count.
+        bytes_ += 3 * sizeof(TzCString) + BlockBytes + bytesOf(nameSpace.getPrefix()) +
+                  bytesOf(nameSpace.getUri());
+    }
     return nameSpace;
 }
 
