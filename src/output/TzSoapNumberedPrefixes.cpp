@@ -54,8 +54,7 @@ void TzSoapNumberedPrefixes::forEachNumber(const TzCString& prefix, Action actio
     }
 }
 
-void TzSoapNumberedPrefixes::follow(const std::vector<TzXmlNamespace>& declared,
-                                    std::size_t unchanged) {
+void TzSoapNumberedPrefixes::follow(const TzSoapDeclarations& declared, std::size_t unchanged) {
     // Out of this object meanwhile, so that what could not be finished is gone.
     TzSoapNumberedPrefixes work;
     std::swap(work, *this);
@@ -63,7 +62,8 @@ void TzSoapNumberedPrefixes::follow(const std::vector<TzXmlNamespace>& declared,
         work.pop();
     }
     while (work.seen_.size() < declared.size()) {
-        work.push(declared[work.seen_.size()]);
+        const auto [prefix, uri] = declared[work.seen_.size()];
+        work.push(TzXmlNamespace(prefix, uri));
     }
     std::swap(work, *this);
 }

@@ -4,6 +4,8 @@
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlNamespace.h>
 
+#include "output/TzSoapDeclarations.h"
+
 #include <cstddef>
 #include <map>
 #include <set>
@@ -19,7 +21,7 @@ public:
     /// Takes over `declared`, the declarations in force from the outermost to the innermost, of
     /// which the first `unchanged` are those of the last time. After an error it starts anew.
     /// O(declarations that came or went, times the logarithm of all).
-    void follow(const std::vector<TzXmlNamespace>& declared, std::size_t unchanged);
+    void follow(const TzSoapDeclarations& declared, std::size_t unchanged);
     /// The lowest number, `first` or greater, that makes `base` a prefix that is unbound or bound
     /// to `uri`. O(log declarations).
     TzCString lowest(std::string_view base, std::string_view first, std::string_view uri) const;

@@ -10,8 +10,8 @@
 #include <utility>
 
 void TzSoapScope::dropDeclarations() noexcept {
-    namespaces_.popScope();
-    numberedUpTo_ = std::min(numberedUpTo_, namespaces_.all().size());
+    declarations_.closeScope();
+    numberedUpTo_ = std::min(numberedUpTo_, declarations_.size());
     ++declarationChanges_;
 }
 
@@ -25,44 +25,49 @@ void TzSoapScope::refuseRing() {
     TzThrow(TzXmlDomainError(TzMessage("A value that stands within itself is not written")));
 }
 
-void TzSoapScope::declare(const TzXmlNamespace& declared) {
-    if (declared.getUri().empty() && !declared.getPrefix().empty()) {
+void TzSoapScope::declare(std::string_view prefix, std::string_view uri) {
+    if (uri.empty() && !prefix.empty()) {
         return;
     }
     if (!hasDeclarations()) {
-        namespaces_.pushScope();
+        declarations_.openScope();
     }
-    namespaces_.add(declared);
+    declarations_.add(prefix, uri);
     ++declarationChanges_;
 }
 
-void TzSoapScope::declareUnbound(std::string_view prefix, const TzCString& uri) {
-    if (uriFor(prefix).empty()) {
-        declare(TzXmlNamespace(prefix, uri));
+void TzSoapScope::declareNew(std::string_view prefix, std::string_view uri) {
+    if (uri.empty()) {
+        return;
     }
+    if (!hasDeclarations()) {
+        declarations_.openScope();
+    }
+    declarations_.addNew(prefix, uri);
+    ++declarationChanges_;
 }
 
-bool TzSoapScope::needsDeclaration(const TzXmlName& name) const noexcept {
-    const TzXmlNamespace& needed = name.getNamespace();
+bool TzSoapScope::lacksDeclaration(const TzXmlNamespace& needed) const noexcept {
     if (exactNames_) {
         const bool canBeDeclared = needed.getPrefix().empty() || !needed.getUri().empty();
         return canBeDeclared && uriFor(needed.getPrefix()) != needed.getUri() &&
                !needed.sameUri(TzXmlNamespace::getXml());
     }
-    if (needed.getUri().empty() || needed.getPrefix() == TzXmlNamespace::getXmlns().getPrefix()) {
-        return false;
-    }
-    const TzCString& bound = uriFor(needed.getPrefix());
-    return needed.getPrefix().empty() ? bound != needed.getUri() : bound.empty();
+    const std::string_view prefix = needed.getPrefix();
+    const std::string_view bound = uriFor(prefix);
+    return prefix.empty() ? bound != needed.getUri()
+                          : bound.empty() && prefix != TzXmlNamespace::getXmlns().getPrefix();
 }
 
 TzCString TzSoapScope::numberFor(std::string_view base, std::string_view first,
                                  std::string_view uri) const {
-    const std::vector<TzXmlNamespace>& declared = namespaces_.all();
+    if (!numbered_) {
+        numbered_.emplace();
+    }
     const std::size_t unchanged = std::exchange(numberedUpTo_, 0);
-    numbered_.follow(declared, unchanged);
-    numberedUpTo_ = declared.size();
-    return numbered_.lowest(base, first, uri);
+    numbered_->follow(declarations_, unchanged);
+    numberedUpTo_ = declarations_.size();
+    return numbered_->lowest(base, first, uri);
 }
 
 void TzSoapScope::setOwnStyle(std::string_view style) {
@@ -70,11 +75,9 @@ void TzSoapScope::setOwnStyle(std::string_view style) {
     if (style.empty()) {
         return;
     }
-    if (stylesUsed_ == styles_.size()) {
-        styles_.emplace_back();
-    }
-    styles_[stylesUsed_].assign(style);
-    ++stylesUsed_;
+    styles_.reserve(styles_.size() + style.size());
+    styleEnds_.push_back(styles_.size() + style.size());
+    style.copy(styles_.extend(style.size()), style.size());
     ++styleChanges_;
 }
 

@@ -4,15 +4,16 @@
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 #include <tz/xml/TzXmlNamespace.h>
-#include <tz/xml/TzXmlNamespaceStack.h>
 
+#include "output/TzSoapDeclarations.h"
+#include "output/TzSoapInlineVector.h"
 #include "output/TzSoapNumberedPrefixes.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 class TzSoapTypeImp;
 class TzSoapVersion;
@@ -27,16 +28,14 @@ public:
     /// Nothing is open, and no more than `depthLimit` elements may be; the prefixes are those of
     /// `soap`.
     TzSoapScope(const TzSoapVersion& soap, std::size_t depthLimit)
-        : depthLimit_(depthLimit), soap_(&soap) {
-        open_.reserve(16); // enough for most messages
-    }
+        : depthLimit_(depthLimit), soap_(&soap) {}
 
     /// Opens an element; `TzXmlDomainError` when it is nested too deeply.
     void open() {
         checkDepth(1);
         open_.push_back(around_);
         ++depth_;
-        around_ = {namespaces_.depth(), stylesUsed_};
+        around_ = {declarations_.scopeCount(), styleEnds_.size()};
     }
     /// Opens the element of a value that holds others; also `TzXmlDomainError` when `value` stands
     /// within itself. That is found by Brent's algorithm, which compares each value with one of
@@ -71,15 +70,25 @@ public:
         }
     }
 
-    /// The URI bound to `prefix`, "" when unbound.
-    const TzCString& uriFor(std::string_view prefix) const noexcept {
-        return namespaces_.getURIForPrefix(prefix);
+    /// The URI bound to `prefix`, "" when unbound; valid until the next declaration.
+    std::string_view uriFor(std::string_view prefix) const noexcept {
+        return declarations_.uriFor(prefix);
     }
-    /// Declares a namespace on the innermost element, but for a prefix without URI, which XML
-    /// forbids.
-    void declare(const TzXmlNamespace& declared);
+    /// Declares `uri` under `prefix` on the innermost element, but for a prefix without URI, which
+    /// XML forbids. Neither text may be one that `uriFor` returned.
+    void declare(std::string_view prefix, std::string_view uri);
+    /// As `declare`, for a prefix that is unbound; not for "", which may be declared without URI.
+    void declareNew(std::string_view prefix, std::string_view uri);
+    /// Declares a namespace, as above.
+    void declare(const TzXmlNamespace& declared) {
+        declare(declared.getPrefix(), declared.getUri());
+    }
     /// Declares `uri` under `prefix` when that prefix is unbound.
-    void declareUnbound(std::string_view prefix, const TzCString& uri);
+    void declareUnbound(std::string_view prefix, std::string_view uri) {
+        if (uriFor(prefix).empty()) {
+            declare(prefix, uri);
+        }
+    }
     /// The lowest number, `first` or greater, that makes `base` a prefix that is unbound or bound
     /// to `uri`, in decimal. O(log declarations) for each declaration made or dropped since the
     /// last call.
@@ -88,7 +97,9 @@ public:
     /// whatever its URI, so that no prefix changes its meaning within an element; only the default
     /// namespace does. While names are exact, a prefix bound otherwise needs one, too, and so does
     /// an unqualified name within a default namespace.
-    bool needsDeclaration(const TzXmlName& name) const noexcept;
+    bool needsDeclaration(const TzXmlName& name) const noexcept {
+        return (exactNames_ || !name.getUri().empty()) && lacksDeclaration(name.getNamespace());
+    }
     /// Whether names are exact: they have their namespaces, whatever is bound around them.
     bool hasExactNames() const noexcept { return exactNames_; }
     /// Makes names exact from now on, or not; returns whether they were.
@@ -97,21 +108,25 @@ public:
         return std::exchange(exactNames_, exact);
     }
     /// Whether the innermost element declares something.
-    bool hasDeclarations() const noexcept { return namespaces_.depth() != around_.scopes; }
-    /// The declarations of the innermost element when it has some, in order of addition.
-    const TzXmlNamespaceStack& declarations() const noexcept { return namespaces_; }
+    bool hasDeclarations() const noexcept { return declarations_.scopeCount() != around_.scopes; }
+    /// All declarations in force; the innermost scope is that of the innermost element if this has
+    /// declarations.
+    const TzSoapDeclarations& declarations() const noexcept { return declarations_; }
     /// Grows with every declaration that is added or removed, and when names become exact or not.
     std::uint64_t declarationChanges() const noexcept { return declarationChanges_; }
 
     /// Whether the innermost element states an encoding style.
-    bool isStyleStated() const noexcept { return stylesUsed_ != around_.styles; }
+    bool isStyleStated() const noexcept { return styleEnds_.size() != around_.styles; }
     /// The style that the innermost element states, "" when it states none.
     std::string_view ownStyle() const noexcept {
-        return isStyleStated() ? styleAfter(stylesUsed_) : std::string_view();
+        return isStyleStated() ? styleAfter(styleEnds_.size()) : std::string_view();
     }
+    /// The style in force for what comes next, "" without one.
+    std::string_view styleInForce() const noexcept { return styleAfter(styleEnds_.size()); }
     /// The style in force around the innermost element, "" without one.
     std::string_view outerStyle() const noexcept { return styleAfter(around_.styles); }
-    /// Makes `style` the one that the innermost element states; "" means that it states none.
+    /// Makes `style` the one that the innermost element states; "" means that it states none. Not
+    /// one of the styles above.
     void setOwnStyle(std::string_view style);
     /// Changes with every style that comes or goes, and with the version written.
     std::uint64_t styleChanges() const noexcept { return styleChanges_; }
@@ -134,8 +149,13 @@ private:
         std::size_t styles = 0;
     };
 
+    bool lacksDeclaration(const TzXmlNamespace& needed) const noexcept;
+    std::size_t endOfStyles(std::size_t count) const noexcept {
+        return count == 0 ? 0 : styleEnds_[count - 1];
+    }
     std::string_view styleAfter(std::size_t count) const noexcept {
-        return count == 0 ? std::string_view() : styles_[count - 1];
+        const std::size_t begin = endOfStyles(count == 0 ? 0 : count - 1);
+        return {styles_.begin() + begin, endOfStyles(count) - begin};
     }
     void close() noexcept {
         dropStyles(around_.styles);
@@ -154,8 +174,9 @@ private:
         landmarkDepth_ = 0;
     }
     void dropStyles(std::size_t count) noexcept {
-        if (stylesUsed_ != count) {
-            stylesUsed_ = count;
+        if (styleEnds_.size() != count) {
+            styleEnds_.shrink(count);
+            styles_.shrink(endOfStyles(count));
             ++styleChanges_;
         }
     }
@@ -163,18 +184,19 @@ private:
     [[noreturn]] void refuseDepth() const;
     [[noreturn]] static void refuseRing();
 
-    TzXmlNamespaceStack namespaces_;          // only elements that declare something have a scope
-    mutable TzSoapNumberedPrefixes numbered_; // empty until a number is needed
-    mutable std::size_t numberedUpTo_ = 0;    // first so many declarations are as it saw them
-    std::vector<TzCString> styles_; // only of elements that state one; the rest is kept memory
-    std::size_t stylesUsed_ = 0;
-    Mark around_;           // the innermost element
-    std::size_t depth_ = 0; // of open_
+    TzSoapDeclarations declarations_; // only elements that declare something have a scope
+    mutable std::optional<TzSoapNumberedPrefixes> numbered_; // none until a number is needed
+    mutable std::size_t numberedUpTo_ = 0;         // first so many declarations are as it saw them
+    TzSoapInlineVector<char, 128> styles_;         // texts of the styles of elements that state one
+    TzSoapInlineVector<std::size_t, 4> styleEnds_; // where each ends
+    Mark around_;                                  // the innermost element
+    std::size_t depth_ = 0;                        // of open_
     std::size_t depthLimit_;
     const TzSoapTypeImp* landmark_ = nullptr; // one of the open values
     std::size_t landmarkDepth_ = 0;
     std::size_t nextLandmark_ = 1; // the depth where another value becomes it
-    std::vector<Mark> open_; // the elements around it, innermost last, and where nothing was open
+    // The elements around it, innermost last, and where nothing was open.
+    TzSoapInlineVector<Mark, 16> open_;
     std::uint64_t declarationChanges_ = 1;
     std::uint64_t styleChanges_ = 1;
     bool exactNames_ = false;

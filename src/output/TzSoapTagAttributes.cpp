@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "output/TzSoapTagAttributes.h"
 
-#include <algorithm>
-#include <utility>
-
 void TzSoapTagAttributes::addOwn(const Attribute& attribute) {
     for (const std::size_t position : made_) {
         if (*attributes_[position].name == *attribute.name) {
@@ -15,7 +12,7 @@ void TzSoapTagAttributes::addOwn(const Attribute& attribute) {
 }
 
 void TzSoapTagAttributes::addMade(const Attribute& attribute) {
-    const auto known = position(*attribute.name);
+    Attribute* const known = position(*attribute.name);
     if (known != attributes_.end()) {
         *known = attribute;
         return;
@@ -25,7 +22,7 @@ void TzSoapTagAttributes::addMade(const Attribute& attribute) {
 }
 
 bool TzSoapTagAttributes::replaceValue(const TzXmlName& name, std::string_view value) {
-    const auto known = position(name);
+    Attribute* const known = position(name);
     const bool isKnown = known != attributes_.end();
     if (isKnown) {
         known->value = value;
@@ -34,17 +31,16 @@ bool TzSoapTagAttributes::replaceValue(const TzXmlName& name, std::string_view v
 }
 
 const TzSoapTagAttributes::Attribute* TzSoapTagAttributes::find(const TzXmlName& name) const {
-    const auto found = std::find_if(attributes_.begin(), attributes_.end(),
-                                    [&](const Attribute& each) { return *each.name == name; });
-    return found == attributes_.end() ? nullptr : &*found;
+    const Attribute* const found = const_cast<TzSoapTagAttributes*>(this)->position(name);
+    return found == attributes_.end() ? nullptr : found;
 }
 
 void TzSoapTagAttributes::rename(const TzXmlName& from, const Attribute& to) {
-    const auto renamed = position(from);
+    Attribute* const renamed = position(from);
     if (renamed == attributes_.end()) {
         return;
     }
-    const auto replaced = position(*to.name);
+    Attribute* const replaced = position(*to.name);
     if (replaced == attributes_.end() || replaced == renamed) {
         *renamed = to;
         return;
@@ -53,19 +49,15 @@ void TzSoapTagAttributes::rename(const TzXmlName& from, const Attribute& to) {
     attributes_.erase(renamed);
 }
 
-std::vector<TzSoapTagAttributes::Attribute>::iterator
-TzSoapTagAttributes::position(const TzXmlName& name) {
-    return std::find_if(attributes_.begin(), attributes_.end(),
-                        [&](const Attribute& each) { return *each.name == name; });
-}
-
-TzCString& TzSoapTagAttributes::newText() {
-    if (textsUsed_ == texts_.size()) {
-        texts_.push_back(std::make_unique<TzCString>());
+TzSoapTagAttributes::Attribute* TzSoapTagAttributes::position(const TzXmlName& name) {
+    Attribute* each = attributes_.begin();
+    while (each != attributes_.end() && !(*each->name == name)) {
+        ++each;
     }
-    TzCString& text = *texts_[textsUsed_++];
-    text.clear();
-    return text;
+    return each;
 }
 
-std::string_view TzSoapTagAttributes::keep(TzCString text) { return newText() = std::move(text); }
+char* TzSoapTagAttributes::ownRoomFor(std::size_t size) {
+    longTexts_.push_back(std::unique_ptr<char[]>(new char[size]));
+    return longTexts_.back().get();
+}

@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 
+#include "output/TzSoapInlineVector.h"
+
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 /// The attributes that the start tag being prepared will carry, in order, each expanded name once.
 ///
 /// Refers to names and values where they are: they must stay until `clear`. What has to be made for
-/// one tag is kept by `keep`. Clearing keeps the memory for the next tag.
+/// one tag is kept by `keep`. Usual tags take no memory.
 class TzSoapTagAttributes {
 public:
     /// One attribute: the name it stands for, the prefix it is spelt with, its value.
@@ -41,26 +43,39 @@ public:
     /// Puts `to` in the place of the attribute `from`, or of one that has its name already. To be
     /// called when all is added. O(size).
     void rename(const TzXmlName& from, const Attribute& to);
-    /// An empty text that lives until `clear`.
-    TzCString& newText();
-    /// Keeps a text until `clear`.
-    std::string_view keep(TzCString text);
+    /// Keeps the text that the `pieces` make in one until `clear`.
+    template <typename... Pieces> std::string_view keep(const Pieces&... pieces) {
+        const std::size_t size = (std::string_view(pieces).size() + ...);
+        char* const begin = roomFor(size);
+        char* to = begin;
+        ((to += std::string_view(pieces).copy(to, std::string_view::npos)), ...);
+        return {begin, size};
+    }
     /// Forgets attributes and texts.
     void clear() noexcept {
         attributes_.clear();
         made_.clear();
         textsUsed_ = 0;
+        longTexts_.clear();
     }
 
-    std::vector<Attribute>::const_iterator begin() const noexcept { return attributes_.begin(); }
-    std::vector<Attribute>::const_iterator end() const noexcept { return attributes_.end(); }
+    bool empty() const noexcept { return attributes_.empty(); }
+    const Attribute* begin() const noexcept { return attributes_.begin(); }
+    const Attribute* end() const noexcept { return attributes_.end(); }
 
 private:
-    std::vector<Attribute>::iterator position(const TzXmlName& name);
+    Attribute* position(const TzXmlName& name);
+    char* roomFor(std::size_t size) {
+        return size <= texts_.size() - textsUsed_
+                   ? texts_.data() + std::exchange(textsUsed_, textsUsed_ + size)
+                   : ownRoomFor(size);
+    }
+    char* ownRoomFor(std::size_t size);
 
-    std::vector<Attribute> attributes_;
-    std::vector<std::size_t>
-        made_; // positions; an element's own names differ from each other anyway
-    std::vector<std::unique_ptr<TzCString>> texts_;
-    std::size_t textsUsed_ = 0;
+    TzSoapInlineVector<Attribute, 8> attributes_;
+    // Positions; an element's own names differ from each other anyway.
+    TzSoapInlineVector<std::size_t, 8> made_;
+    std::size_t textsUsed_ = 0;                                // of texts_
+    TzSoapInlineVector<std::unique_ptr<char[]>, 2> longTexts_; // those that had no room there
+    std::array<char, 256> texts_;
 };

@@ -24,8 +24,8 @@ constexpr Range FurtherRanges[] = {{0xB7, 0xB7}, {0x300, 0x36F}, {0x203F, 0x2040
 constexpr unsigned char Starts = 1; ///< Such a byte may begin a name.
 constexpr unsigned char Stands = 2; ///< Such a byte may stand in a name.
 
-constexpr std::array<unsigned char, 128> makeTable() {
-    std::array<unsigned char, 128> table{};
+constexpr std::array<unsigned char, 256> makeTable() {
+    std::array<unsigned char, 256> table{}; // nothing for what is not ASCII
     for (const char byte :
          std::string_view("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_:")) {
         table[static_cast<unsigned char>(byte)] = Starts | Stands;
@@ -36,7 +36,7 @@ constexpr std::array<unsigned char, 128> makeTable() {
     return table;
 }
 
-constexpr std::array<unsigned char, 128> Table = makeTable();
+constexpr std::array<unsigned char, 256> Table = makeTable();
 
 template <std::size_t Size> bool isIn(const Range (&ranges)[Size], char32_t code) noexcept {
     return std::any_of(std::begin(ranges), std::end(ranges), [code](const Range& range) {
@@ -69,7 +69,7 @@ char32_t takeCharacter(std::string_view& text) noexcept {
 /// Takes one character off `text`; whether it is one that `role` allows.
 bool takes(std::string_view& text, unsigned char role) noexcept {
     const auto byte = static_cast<unsigned char>(text.front());
-    if (byte < Table.size()) {
+    if (byte < 0x80) {
         text.remove_prefix(1);
         return (Table[byte] & role) != 0;
     }
@@ -84,8 +84,12 @@ bool TzXmlUtils::isName(std::string_view text) noexcept {
 }
 
 bool TzXmlUtils::isNameToken(std::string_view text) noexcept {
-    if (text.empty()) {
-        return false;
+    // Most names have no other characters.
+    const bool isAscii = std::all_of(text.begin(), text.end(), [](char character) {
+        return (Table[static_cast<unsigned char>(character)] & Stands) != 0;
+    });
+    if (isAscii) {
+        return !text.empty();
     }
     while (!text.empty()) {
         if (!takes(text, Stands)) {

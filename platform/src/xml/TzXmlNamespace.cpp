@@ -26,7 +26,7 @@ const TzXmlNamespace& TzXmlNamespace::getEmptyNamespace() {
 
 const TzXmlNamespace& TzXmlNamespace::getXmlns() {
     static TzPlatformLasting<const TzXmlNamespace> instance(
-        [] { return TzXmlNamespace("xmlns", "http://www.w3.org/2000/xmlns/"); });
+        [] { return TzXmlNamespace(XmlnsPrefix, "http://www.w3.org/2000/xmlns/"); });
     return *instance;
 }
 

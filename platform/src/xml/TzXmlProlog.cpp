@@ -13,12 +13,18 @@ void TzXmlProlog::setVersion(TzCString version) { version_ = std::move(version);
 void TzXmlProlog::setEncoding(TzCString encoding) { encoding_ = std::move(encoding); }
 
 TzCString TzXmlProlog::asString() const {
-    TzCString text = "<?xml version=\"" + version_ + '"';
-    if (!encoding_.empty()) {
-        text += " encoding=\"" + encoding_ + '"';
+    TzCString text;
+    for (const std::string_view piece : pieces()) {
+        text += piece;
     }
-    if (standalone_) {
-        text += *standalone_ ? " standalone=\"yes\"" : " standalone=\"no\"";
-    }
-    return text + "?>";
+    return text;
+}
+
+std::array<std::string_view, 8> TzXmlProlog::pieces() const noexcept {
+    const bool isNamed = !encoding_.empty();
+    const std::string_view standalone = !standalone_   ? ""
+                                        : *standalone_ ? " standalone=\"yes\""
+                                                       : " standalone=\"no\"";
+    return {"<?xml version=\"",  version_,   "\"", isNamed ? " encoding=\"" : "", encoding_,
+            isNamed ? "\"" : "", standalone, "?>"};
 }

@@ -24,6 +24,8 @@ void grow(TzCString& text, std::size_t more) {
     }
 }
 
+constexpr std::string_view Blank = Blanks.substr(0, 1);
+
 } // namespace
 
 /// What a writer holds when it is made, so that it can be taken back: as long as nobody says that
@@ -94,6 +96,26 @@ void TzXmlWriter::writeElement(const Ready& start, std::string_view content, con
     writeNewLine();
 }
 
+char* TzXmlWriter::copyTo(char* to, const Spelling& name) noexcept {
+    if (!name.colon.empty()) {
+        to = copyTo(to, name.prefix);
+        *to++ = Colon.front();
+    }
+    return copyTo(to, name.local);
+}
+
+void TzXmlWriter::writeRest(std::string_view content, const Spelling& name) {
+    const std::size_t tag = StartEndTag.size() + sizeOf(name) + EndTag.size();
+    if (!indentDue_ && content.size() + tag + TzXmlBlock::Size <= room() &&
+        TzXmlEscape::copyPlain<TzXmlBlock>(at_, content)) {
+        at_ = copyTo(copyTo(copyTo(at_ + content.size(), StartEndTag), name), EndTag);
+    } else {
+        write(content, true);
+        writeMarkup(StartEndTag, name, EndTag);
+    }
+    writeNewLine();
+}
+
 bool TzXmlWriter::putPlainElement(const Ready& start, std::string_view content, const Ready& end) {
     const std::size_t needed = MostBlanks + 2 * Ready::Most + content.size() + TzXmlBlock::Size;
     if (needed > static_cast<std::size_t>(end_ - begin_) || indentation_ > MostBlanks) {
@@ -145,15 +167,22 @@ bool TzXmlWriter::isPlain(std::string_view text) noexcept { return TzXmlEscape::
 void TzXmlWriter::writeAttribute(std::string_view name, std::string_view value, bool escape) {
     const std::string_view written =
         escape ? TzXmlEscape::escape(value, TzXmlEscape::Context::AttributeValue, escaped_) : value;
-    writeMarkup(" ", name, EqualToAndQuotes, written, Quotes);
+    writeMarkup(Blank, name, EqualToAndQuotes, written, Quotes);
 }
 
 void TzXmlWriter::writeQualifiedAttribute(std::string_view prefix, std::string_view localName,
                                           std::string_view value) {
-    const std::string_view written =
-        TzXmlEscape::escape(value, TzXmlEscape::Context::AttributeValue, escaped_);
-    const std::string_view colon = prefix.empty() ? std::string_view() : Colon;
-    writeMarkup(" ", prefix, colon, localName, EqualToAndQuotes, written, Quotes);
+    const Spelling name{prefix, prefix.empty() ? std::string_view() : Colon, localName};
+    const std::size_t aroundValue = 1 + sizeOf(name) + EqualToAndQuotes.size() + Quotes.size();
+    if (!indentDue_ && aroundValue + value.size() + TzXmlBlock::Size <= room()) {
+        char* const to = copyTo(copyTo(copyTo(at_, Blank), name), EqualToAndQuotes);
+        if (TzXmlEscape::copyPlain<TzXmlBlock>(to, value)) {
+            at_ = copyTo(to + value.size(), Quotes);
+            return;
+        }
+    }
+    writeMarkup(Blank, name, EqualToAndQuotes,
+                TzXmlEscape::escape(value, TzXmlEscape::Context::AttributeValue, escaped_), Quotes);
 }
 
 void TzXmlWriter::flush() const {

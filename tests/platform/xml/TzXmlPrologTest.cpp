@@ -26,6 +26,15 @@ TEST(TzXmlProlog, LeavesAnEmptyEncodingOut) {
     EXPECT_EQ(TzXmlProlog("1.0", "", true).asString(), R"(<?xml version="1.0" standalone="yes"?>)");
 }
 
+TEST(TzXmlProlog, GivesItsTextInPieces) {
+    std::string text;
+    const TzXmlProlog prolog("1.0", "UTF-8", true);
+    for (const std::string_view piece : prolog.pieces()) {
+        text += piece;
+    }
+    EXPECT_EQ(text, R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)");
+}
+
 TEST(TzXmlProlog, TakesChanges) {
     TzXmlProlog prolog;
     prolog.setVersion("1.1");

@@ -307,6 +307,61 @@ TEST(TzXmlWriter, WritesTextsOfEveryLength) {
     EXPECT_EQ(writer.getString(), expected);
 }
 
+TEST(TzXmlWriter, WritesTheRestOfAnElement) {
+    // What a text needs that is copied at once, escaped, and handed on from where it lies; and with
+    // hardly any room left for it.
+    for (const std::size_t before : {0U, 2000U, 2030U, 2040U, 2047U}) {
+        for (const std::string& text :
+             {""s, "a"s, std::string(20, 'b'), "<"s, std::string(3000, 'c')}) {
+            for (const TzXmlWriter::Spelling& name :
+                 {TzXmlWriter::Spelling{"", "", "local"},
+                  TzXmlWriter::Spelling{"a-long-prefix", TzXmlWriter::Colon, "local-part"}}) {
+                TzXmlStringWriter writer;
+                writer.write(std::string(before, '-'));
+                writer.writeRest(text, name);
+                const std::string tag =
+                    std::string(name.prefix) + std::string(name.colon) + std::string(name.local);
+                EXPECT_EQ(writer.getString(),
+                          std::string(before, '-') + content(text) + "</" + tag + ">\n");
+            }
+        }
+    }
+}
+
+TEST(TzXmlWriter, RefusesTheRestOfAnElement) {
+    TzXmlStringWriter writer;
+    writer.write("<a>");
+    EXPECT_EQ(textThrown<TzXmlBadArgError>([&] {
+                  writer.writeRest("good \x01", {"", "", "a"});
+              }),
+              "the character U+0001 at offset 5 cannot stand in XML");
+    EXPECT_EQ(writer.getString(), "<a>");
+}
+
+TEST(TzXmlWriter, WritesNamesAmongMarkup) {
+    TzXmlStringWriter writer;
+    std::string expected;
+    for (int i = 0; i < 500; ++i) { // more than is gathered
+        writer.writeMarkup(TzXmlWriter::StartTag,
+                           TzXmlWriter::Spelling{"p", TzXmlWriter::Colon, "n"},
+                           TzXmlWriter::UnpairedTag, TzXmlWriter::Spelling{"", "", "m"});
+        expected += "<p:n/>m";
+    }
+    EXPECT_EQ(writer.getString(), expected);
+}
+
+TEST(TzXmlWriter, AttributesTakeEverythingWithHardlyAnyRoom) {
+    for (std::size_t before = 1950; before <= 2048; ++before) {
+        for (const char* text : {"", "plain", "a long value that needs no escaping", "<"}) {
+            TzXmlStringWriter writer;
+            writer.write(std::string(before, '-'));
+            writer.writeQualifiedAttribute("p", "n", text);
+            EXPECT_EQ(writer.getString(),
+                      std::string(before, '-') + " p:n=\"" + (*text == '<' ? "&lt;" : text) + '"');
+        }
+    }
+}
+
 TEST(TzXmlWriter, WrittenTextReadsBack) {
     const std::string text = "<&>\"'\t\n\r \xE2\x82\xAC ]]> \r\n end";
     TzXmlStringWriter writer;

@@ -4,6 +4,7 @@
 #include <tz/thread/TzUseCount.h>
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <new>
 #include <utility>
@@ -67,9 +68,15 @@ private:
     explicit TzSharedRecord(Record* record) noexcept : record_(record) {}
 
     static const Value& none() noexcept {
+        const Value* const known = none_.load(std::memory_order_acquire);
+        return known != nullptr ? *known : makeNone();
+    }
+    // Not in the places that ask for it, which are many.
+    [[gnu::noinline, gnu::cold]] static const Value& makeNone() noexcept {
         // Never destroyed: an empty value holds nothing, and its last user may come late.
         alignas(Value) static std::array<std::byte, sizeof(Value)> room;
         static const Value* const value = ::new (static_cast<void*>(room.data())) Value();
+        none_.store(value, std::memory_order_release);
         return *value;
     }
     void retain() const noexcept {
@@ -97,6 +104,8 @@ private:
         }
     }
     void swap(TzSharedRecord& other) noexcept { std::swap(record_, other.record_); }
+
+    static inline constinit std::atomic<const Value*> none_{nullptr};
 
     Record* record_ = nullptr;
 };

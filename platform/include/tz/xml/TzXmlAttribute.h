@@ -83,7 +83,7 @@ public:
     }
     /// Whether this is a namespace declaration.
     bool isNamespaceDeclaration() const noexcept {
-        return name_.getPrefix() == TzXmlNamespace::getXmlns().getPrefix();
+        return std::string_view(name_.getPrefix()) == TzXmlNamespace::XmlnsPrefix;
     }
     /// The namespace that a declaration declares: the local part as prefix, the value as URI.
     TzXmlNamespace declaredNamespace() const { return {name_.getLocalName(), getValue()}; }

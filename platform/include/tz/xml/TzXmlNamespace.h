@@ -39,6 +39,9 @@ public:
         return text_.isSame(other.text_) || getUri() == other.getUri();
     }
 
+    /// The prefix of declarations.
+    static constexpr std::string_view XmlnsPrefix = "xmlns";
+
     /// The namespace without prefix and URI.
     static const TzXmlNamespace& getEmptyNamespace();
     /// The namespace of declarations: "xmlns", "http://www.w3.org/2000/xmlns/".

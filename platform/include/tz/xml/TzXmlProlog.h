@@ -4,7 +4,9 @@
 #include <tz/TzPlatformExport.h>
 #include <tz/tools/TzCString.h>
 
+#include <array>
 #include <optional>
+#include <string_view>
 
 /// The XML declaration at the head of a document.
 ///
@@ -31,6 +33,9 @@ public:
 
     /// The declaration, `<?xml version="1.0" encoding="UTF-8"?>` by default.
     TzCString asString() const;
+    /// What `asString` returns, in pieces that follow each other, some of them empty; valid as long
+    /// as the prolog stays as it is.
+    std::array<std::string_view, 8> pieces() const noexcept;
 
     /// All three properties equal.
     friend bool operator==(const TzXmlProlog&, const TzXmlProlog&) = default;

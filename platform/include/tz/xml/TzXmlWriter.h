@@ -43,6 +43,13 @@ public:
     /// times as long as its markup.
     static constexpr std::size_t MostSteps = 32;
 
+    /// A name as it stands on a tag.
+    struct Spelling {
+        std::string_view prefix;
+        std::string_view colon; ///< `Colon`, empty for none.
+        std::string_view local;
+    };
+
     /// Short markup that is written again and again, kept so that it is copied in one go.
     class Ready {
     public:
@@ -51,7 +58,7 @@ public:
 
         /// Becomes the `pieces` in one; false, and empty, when they are too long.
         template <typename... Pieces> bool set(const Pieces&... pieces) noexcept {
-            const std::size_t size = (std::string_view(pieces).size() + ...);
+            const std::size_t size = (sizeOf(pieces) + ...);
             size_ = size <= Most ? size : 0;
             if (size_ != 0) {
                 char* to = text_.data();
@@ -85,6 +92,9 @@ public:
     /// Appends an element that holds a text only: `start`, the escaped `content` and `end`, and
     /// ends the line. Errors as for `write`, and nothing of the element is appended then.
     void writeElement(const Ready& start, std::string_view content, const Ready& end);
+    /// Appends the escaped `content`, the end tag of an element named `name`, and ends the line.
+    /// Errors as for `write`.
+    void writeRest(std::string_view content, const Spelling& name);
     /// Appends markup as it stands.
     void write(std::string_view markup) {
         if (!markup.empty()) {
@@ -92,12 +102,11 @@ public:
             put(markup);
         }
     }
-    /// Appends several pieces of markup as they stand, in one go.
+    /// Appends several pieces of markup, texts or names, as they stand, in one go.
     template <typename... Pieces> void writeMarkup(const Pieces&... pieces) {
         indentIfDue();
-        if ((std::string_view(pieces).size() + ...) > room()) {
-            (put(pieces), ...);
-            return;
+        if ((sizeOf(pieces) + ...) > room()) {
+            return putEach(pieces...);
         }
         char* to = at_;
         ((to = copyTo(to, pieces)), ...);
@@ -206,6 +215,21 @@ private:
             at_ = copyTo(at_, text);
         }
     }
+    void put(const Spelling& name) {
+        put(name.prefix);
+        put(name.colon);
+        put(name.local);
+    }
+    template <typename... Pieces>
+    [[gnu::noinline, gnu::cold]] void putEach(const Pieces&... pieces) {
+        (put(pieces), ...);
+    }
+    static std::size_t sizeOf(std::string_view text) noexcept { return text.size(); }
+    static std::size_t sizeOf(const Spelling& name) noexcept {
+        return name.prefix.size() + name.colon.size() + name.local.size();
+    }
+    // Not here, because less code is faster where nothing is written often.
+    static char* copyTo(char* to, const Spelling& name) noexcept;
     // Most pieces are so short that a call would cost more than the copy: two moves that overlap do
     // for every size between one and two times theirs.
     static char* copyTo(char* to, std::string_view text) noexcept {
