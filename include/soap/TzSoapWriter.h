@@ -93,5 +93,7 @@ public:
 private:
     friend struct TzSoapAccess;
 
-    std::unique_ptr<TzSoapOutputPath> path_;
+    explicit TzSoapWriter(TzSoapOutputPath& path) noexcept;
+
+    std::shared_ptr<TzSoapOutputPath> path_; // kept by writers within, too
 };

@@ -3,7 +3,6 @@
 #include <soap/TzSoapMessage.h>
 #include <soap/TzSoapMessageImp.h>
 #include <soap/TzSoapUtils.h>
-#include <soap/TzSoapWriter.h>
 #include <tz/mime/TzMimeContentTypeHeader.h>
 #include <tz/mime/TzMimeMultipart.h>
 #include <tz/mime/TzMimeVersionHeader.h>
@@ -15,9 +14,8 @@
 #include "mime/TzSoapAttachmentFinder.h"
 #include "mime/TzSoapCharset.h"
 #include "mime/TzSoapPackaging.h"
-#include "model/TzSoapAccess.h"
 #include "model/TzSoapMessageForm.h"
-#include "output/TzSoapOutputPath.h"
+#include "output/TzSoapMessageText.h"
 #include "reading/TzSoapErrorDetail.h"
 
 #include <optional>
@@ -37,15 +35,6 @@ TzMimeContentType contentTypeOf(const TzMimePart& part) {
 
 [[noreturn]] void refusePackage(const TzMessage& reason, const TzCString& detail) {
     TzThrow(tzWithDetail(TzXmlParseError(reason, TzCString(), 0, 0), detail));
-}
-
-/// Writes `message`; returns whether its entries led to parts, empty when that is not known.
-std::optional<bool> writeEnvelope(const TzSoapMessage& message, TzXmlWriter& xml,
-                                  TzSoapLayout layout, TzMimeMultipart* package) {
-    TzSoapWriter writer(&xml, package);
-    writer.setCompact(layout == TzSoapLayout::Compact);
-    message.acceptVisitor(writer);
-    return TzSoapAccess::path(writer).context.book().entriesLedToParts();
 }
 
 /// Refuses a package that the limits do not allow.
@@ -95,7 +84,7 @@ void TzSoapMessage::writeTo(TzCString& text, TzSoapLayout layout) const {
     TzTextMark mark(text);
     TzXmlOutputWriter envelope(text);
     TzMimeMultipart package;
-    const std::optional<bool> known = writeEnvelope(*this, envelope, layout, &package);
+    const std::optional<bool> known = TzSoapMessageText::write(*this, envelope, layout, &package);
     envelope.finish();
     // Most messages need no second look.
     const bool attached = !getAttachments().empty() || (known ? *known : hasAttachments());
@@ -114,7 +103,7 @@ void TzSoapMessage::writeTo(const TzSink& sink, TzSoapLayout layout) const {
     // The header of a package comes first, so whether it is one must be known before.
     if (!hasAttachments()) {
         TzXmlOutputWriter envelope(sink);
-        writeEnvelope(*this, envelope, layout, nullptr);
+        TzSoapMessageText::write(*this, envelope, layout, nullptr);
         envelope.finish();
     } else if (isDerived()) {
         asMimeMultipart().writeTo(sink);

@@ -2,13 +2,13 @@
 #include "mime/TzSoapPackaging.h"
 
 #include <soap/TzSoapMessage.h>
-#include <soap/TzSoapWriter.h>
 #include <tz/mime/TzMimeContentIdHeader.h>
 #include <tz/mime/TzMimeContentTypeHeader.h>
 #include <tz/mime/TzMimeMultipartRelatedType.h>
 #include <tz/xml/TzXmlStringWriter.h>
 
 #include "model/TzSoapVersionTable.h"
+#include "output/TzSoapMessageText.h"
 
 #include <utility>
 
@@ -40,9 +40,7 @@ TzCString describe(TzMimeMultipart& package, const TzCString& rootType) {
 /// The envelope of `message`; the parts that its references refer to go into `parts`.
 TzCString writeEnvelope(const TzSoapMessage& message, TzSoapLayout layout, TzMimeMultipart& parts) {
     TzXmlStringWriter envelope;
-    TzSoapWriter writer(&envelope, &parts);
-    writer.setCompact(layout == TzSoapLayout::Compact);
-    message.acceptVisitor(writer);
+    TzSoapMessageText::write(message, envelope, layout, &parts);
     return envelope.takeString();
 }
 

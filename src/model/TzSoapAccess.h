@@ -70,6 +70,10 @@ struct TzSoapAccess {
             isPlane ? std::uint64_t{step[0]} * index[0] + index[1] : Array::Largest + 1;
         return array.items_.find(position - array.base_);
     }
+    /// A writer of class `Writer` that writes with `path`, which must outlive it.
+    template <typename Writer, typename Path> static Writer writingWith(Path& path) noexcept {
+        return Writer(path);
+    }
     /// What `writer` writes with.
     template <typename Writer> static auto& path(const Writer& writer) noexcept {
         return *writer.path_;

@@ -47,8 +47,7 @@ public:
           depth_(output.context_.scope().depth()),
           indentation_(output.context_.xml().getIndentation()) {}
     ~Run() {
-        output_.open_.erase(output_.open_.begin() + static_cast<std::ptrdiff_t>(containers_),
-                            output_.open_.end());
+        output_.open_.shrink(containers_);
         output_.context_.scope().closeTo(depth_);
         output_.context_.xml().setIndentation(indentation_);
         if (output_.open_.empty()) {
@@ -140,9 +139,6 @@ void TzSoapContainerOutput::writeChild(TzSoapConstVisitor& visitor, const TzSoap
 template <typename Rest>
 void TzSoapContainerOutput::enter(const TzXmlName& name, const TzSoapTypeImp& value,
                                   const Rest& rest) {
-    if (open_.empty()) {
-        open_.reserve(16); // enough for most messages
-    }
     open_.push_back({&name, context_.scope().depth(), rest});
     context_.scope().openHolder(&value);
 }
@@ -165,19 +161,26 @@ void TzSoapContainerOutput::open(const TzXmlName& name, TzSoapCompositeTypeImp& 
         noteOmittedMembers(value);
         return;
     }
+    const bool isUpgrade = context_.isUpgrade(name);
+    if (!isUpgrade) {
+        startTag_.lookAround();
+    }
     const TzSoapTagName tag = TzSoapTagName::of(name);
     TzSoapStartTag::Brief brief;
     if (position.empty() &&
         startTag_.isBrief(tag, name, value, value.getTypeValue(), false, brief)) {
-        context_.xml().writeMarkupLine(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local,
-                                       brief.open, brief.typePrefix, brief.typeColon, brief.type,
-                                       brief.close);
+        brief.pass([&](const auto&... rest) {
+            context_.xml().writeMarkupLine(TzXmlWriter::StartTag, tag, rest...);
+        });
+        context_.xml().incrementIndent();
+    } else if (position.empty() && !isUpgrade && value.hasProperties() &&
+               startTag_.writeShort(tag, name, value, value.getTypeValue())) {
+        context_.xml().writeMarkupLine(TzXmlWriter::EndTag);
         context_.xml().incrementIndent();
     } else {
         startTag_.begin(value.getAttributeSet());
         startTag_.qualifyName(name);
         startTag_.collectValue(value, value.getTypeValue(), position);
-        const bool isUpgrade = context_.isUpgrade(name);
         if (!isUpgrade) {
             startTag_.ensureStyle();
         }

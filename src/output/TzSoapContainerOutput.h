@@ -7,6 +7,7 @@
 #include <tz/tools/TzCString.h>
 #include <tz/xml/TzXmlName.h>
 
+#include "output/TzSoapInlineVector.h"
 #include "output/TzSoapOutputContext.h"
 #include "output/TzSoapStartTag.h"
 #include "output/TzSoapValueOutput.h"
@@ -118,6 +119,6 @@ private:
     const TzSoapOutputContext& context_;
     TzSoapStartTag& startTag_;
     TzSoapValueOutput& values_;
-    std::vector<Container> open_;     // innermost last
+    TzSoapInlineVector<Container, 6> open_; // innermost last
     std::vector<TzSoapType> inPlace_; // targets in the places of references, while any is open
 };

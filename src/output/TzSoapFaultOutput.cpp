@@ -76,7 +76,7 @@ TzCString TzSoapFaultOutput::prefixFor(const TzSoapFaultImp& fault) const {
 }
 
 bool TzSoapFaultOutput::canMeanEnvelope(const TzCString& prefix) const {
-    const TzCString& bound = context_.scope().uriFor(prefix);
+    const std::string_view bound = context_.scope().uriFor(prefix);
     TzSoapVersion::Version version{};
     return bound.empty() || (TzSoapVersion::isKnownVersion({prefix, bound}, version) &&
                              version == context_.version());
@@ -140,7 +140,7 @@ void TzSoapFaultOutput::writeReason(const TzSoapTagName& name, const TzSoapFault
     // A reason without any text is not allowed.
     const std::vector<TzSoapReason> none(1);
     for (const TzSoapReason& reason : fault.getReasons().empty() ? none : fault.getReasons()) {
-        xml.writeMarkup(TzXmlWriter::StartTag, text.prefix, text.colon, text.local);
+        xml.writeMarkup(TzXmlWriter::StartTag, text);
         startTag_.writeAttribute(TzXmlNamespace::getXml().getPrefix(), "lang",
                                  reason.language.empty() ? TzSoapReason::DefaultLanguage
                                                          : std::string_view(reason.language));
@@ -177,11 +177,11 @@ void TzSoapFaultOutput::writeSubcodes(const TzSoapTagName& name, const TzSoapFau
     context_.scope().checkDepth(end);
     for (unsigned int i = first; i < end; ++i) {
         const TzXmlName& code = fault.getSubcode(i);
-        xml.writeMarkup(TzXmlWriter::StartTag, subcode.prefix, subcode.colon, subcode.local);
+        xml.writeMarkup(TzXmlWriter::StartTag, subcode);
         // Deliberate: declared on this tag only; a nested Subcode declares it again.
         if (!code.getPrefix().empty() && !code.getUri().empty() &&
             context_.scope().uriFor(code.getPrefix()).empty()) {
-            startTag_.writeDeclaration(code.getNamespace());
+            startTag_.writeDeclaration(code.getPrefix(), code.getUri());
         }
         xml.writeMarkupLine(TzXmlWriter::EndTag);
         xml.incrementIndent();

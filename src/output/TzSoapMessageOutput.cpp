@@ -14,6 +14,7 @@
 #include "output/TzSoapScopeRules.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace {
 
@@ -78,22 +79,36 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessage
     startTag_.collectBlock(message);
     startTag_.qualifyStyle();
     const TzCString prefix = blockPrefix(message.getName()); // a copy: names may change
-    context_.scope().declareUnbound(prefix, context_.soap().getSoapEnv().getUri());
+    context_.scope().declareUnbound(prefix, envelopeUri());
     context_.rules().declareUsed(context_.scope(), message);
     if (message.hasProlog()) {
-        context_.xml().write(message.getProlog().asString());
-        context_.xml().writeNewLine();
+        std::apply([&](const auto&... pieces) { context_.xml().writeMarkupLine(pieces...); },
+                   message.getProlog().pieces());
     }
     const TzSoapTagName name = blockName(prefix, message.getName());
     startTag_.writeBlock(name);
     writeText(message.text(TzSoapMessageImp::BeforeHeader));
-    if (isWritten(TzSoapAccess::body(message.getSoapHeader()))) {
-        message.getSoapHeader().acceptVisitor(visitor);
-    }
-    writeText(message.text(TzSoapMessageImp::BeforeBody));
-    message.getSoapBody().acceptVisitor(visitor);
+    writeParts(visitor, message);
     writeText(message.text(TzSoapMessageImp::AfterBody));
     name.endBlock(context_.xml());
+}
+
+void TzSoapMessageOutput::writeParts(TzSoapConstVisitor& visitor, const TzSoapMessageImp& message) {
+    const TzSoapHeaderImp& header = TzSoapAccess::body(message.getSoapHeader());
+    const bool isServed = context_.isServed(visitor);
+    if (isWritten(header)) {
+        if (isServed) {
+            write(visitor, header);
+        } else {
+            message.getSoapHeader().acceptVisitor(visitor);
+        }
+    }
+    writeText(message.text(TzSoapMessageImp::BeforeBody));
+    if (isServed) {
+        write(visitor, TzSoapAccess::body(message.getSoapBody()));
+    } else {
+        message.getSoapBody().acceptVisitor(visitor);
+    }
 }
 
 void TzSoapMessageOutput::addContents(TzSoapWrittenTogether& together, const TzSoapBodyImp& body) {
@@ -124,7 +139,9 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapBodyImp
     TzSoapWrittenTogether together(context_);
     addContents(together, body);
     startTag_.qualifyStyle();
-    context_.rules().collectBodyProperties(startTag_, body);
+    if (body.hasProperties()) {
+        context_.rules().collectBodyProperties(startTag_, body);
+    }
     const TzCString prefix = prefixFor(body.getName());
     const TzSoapTagName name = blockName(prefix, body.getName());
     startTag_.writeBlock(name);
@@ -154,14 +171,16 @@ const TzCString& TzSoapMessageOutput::prefixFor(const TzXmlName& name) const {
 
 const TzCString& TzSoapMessageOutput::blockPrefix(const TzXmlName& name) const {
     const TzSoapScope& scope = context_.scope();
-    const bool keepsOwn = scope.hasExactNames() &&
-                          scope.uriFor(name.getPrefix()) == context_.soap().getSoapEnv().getUri();
+    const bool keepsOwn = scope.hasExactNames() && scope.uriFor(name.getPrefix()) == envelopeUri();
     return keepsOwn ? name.getPrefix() : scope.envelopePrefix();
 }
 
+const TzCString& TzSoapMessageOutput::envelopeUri() const {
+    return context_.table().nameSpace(TzSoapVersionTable::Envelope).getUri();
+}
+
 TzSoapTagName TzSoapMessageOutput::blockName(std::string_view prefix, const TzXmlName& name) const {
-    return context_.scope().hasExactNames() ? TzSoapTagName::withPrefix(prefix, name.getLocalName())
-                                            : TzSoapTagName::withColon(prefix, name.getLocalName());
+    return TzSoapTagName::ofBlock(prefix, name, !context_.scope().hasExactNames());
 }
 
 bool TzSoapMessageOutput::isWritten(const TzSoapHeaderImp& header) const {
@@ -176,11 +195,16 @@ void TzSoapMessageOutput::writeText(const TzCString& text) {
 
 void TzSoapMessageOutput::writeEntries(TzSoapConstVisitor& visitor,
                                        const TzSoapValueList& entries) {
+    const bool hasText = entries.hasText();
     for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
-        writeText(entries.textBefore(entry));
+        if (hasText) {
+            writeText(entries.textBefore(entry));
+        }
         containers_.writeChild(visitor, *entry);
     }
-    writeText(entries.textBefore(entries.end()));
+    if (hasText) {
+        writeText(entries.textBefore(entries.end()));
+    }
     if (!context_.habits().targetsInline) {
         writeTargets(visitor);
     }

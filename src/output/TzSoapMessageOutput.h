@@ -36,10 +36,12 @@ public:
     void write(TzSoapConstVisitor& visitor, const TzSoapBodyImp& body);
 
 private:
+    void writeParts(TzSoapConstVisitor& visitor, const TzSoapMessageImp& message);
     static void addContents(TzSoapWrittenTogether& together, const TzSoapBodyImp& body);
     void collect(const TzXmlName& name, const TzSoapElementImp& block);
     const TzCString& prefixFor(const TzXmlName& name) const;
     const TzCString& blockPrefix(const TzXmlName& name) const;
+    const TzCString& envelopeUri() const;
     TzSoapTagName blockName(std::string_view prefix, const TzXmlName& name) const;
     bool isWritten(const TzSoapHeaderImp& header) const;
     void writeText(const TzCString& text);

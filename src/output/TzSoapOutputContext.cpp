@@ -6,17 +6,28 @@
 #include "output/TzSoapLiteralRules.h"
 
 TzSoapOutputContext::TzSoapOutputContext(const Kind& kind, TzXmlWriter* xml,
-                                         TzMimeMultipart* multipart)
+                                         TzMimeMultipart* multipart, Shared& shared)
     : kind_(&kind), rules_(&kind.rules), xml_(xml), multipart_(multipart),
       soap_(&TzSoapVersion::getLatestSoapVersion()),
-      table_(&TzSoapVersionTable::of(soap_->getVersion())),
-      shared_(std::make_shared<Shared>(*soap_)) {}
+      table_(&TzSoapVersionTable::of(TzSoapVersion::getLatestVersion())), shared_(&shared) {}
 
-void TzSoapOutputContext::separate() {
+TzSoapOutputContext::TzSoapOutputContext(const TzSoapOutputContext& other)
+    : TzSoapOutputContext(other, other.keeper_) {
+    isWithin_ = other.isWithin_;
     if (!isWithin_) {
-        shared_ = std::make_shared<Shared>(*shared_);
+        const auto copy = std::make_shared<Shared>(*other.shared_);
+        shared_ = copy.get();
+        keeper_ = copy;
     }
 }
+
+TzSoapOutputContext::TzSoapOutputContext(const TzSoapOutputContext& other,
+                                         std::shared_ptr<void> keeper)
+    : kind_(other.kind_), rules_(other.rules_), xml_(other.xml_), multipart_(other.multipart_),
+      soap_(other.soap_), table_(other.table_), shared_(other.shared_),
+      keeper_(other.keeper_ != nullptr ? other.keeper_ : std::move(keeper)),
+      compact_(other.compact_), isWithin_(true), versionFixed_(other.versionFixed_),
+      inEnvelope_(other.inEnvelope_), standalone_(other.standalone_) {}
 
 void TzSoapOutputContext::setVersion(TzSoapVersion::Version version) {
     soap_ = &TzSoapVersion::getSoapVersion(version);

@@ -35,15 +35,29 @@ public:
         const char* unit;              ///< The source that internal errors name.
     };
 
-    /// Output to `xml` in the latest version, with a new scope. MIME parts go into
-    /// `multipart` unless that is null.
-    TzSoapOutputContext(const Kind& kind, TzXmlWriter* xml, TzMimeMultipart* multipart);
+    /// What a writer shares with the writers within it.
+    struct Shared {
+        explicit Shared(const TzSoapVersion& soap) : scope(soap, TzSoapWriter::DepthLimit) {}
 
-    /// Gives a copied context copies of scope and reference book, unless it belongs to a
-    /// writer within another.
-    void separate();
-    /// Makes a copied context that of a writer within.
-    void becomeWithin() noexcept { isWithin_ = true; }
+        TzSoapScope scope;
+        TzSoapReferenceBook book;
+        std::optional<TzSoapInlineTargets> targets; // made for the first version that needs them
+        TzSoapGapBudget gaps;
+    };
+
+    /// Output to `xml` in the latest version, with what `shared` holds, which must outlive this
+    /// object and everything within it. MIME parts go into `multipart` unless that is null.
+    TzSoapOutputContext(const Kind& kind, TzXmlWriter* xml, TzMimeMultipart* multipart,
+                        Shared& shared);
+    /// A copy of the settings of `other` and of all that it shares; that of a writer within another
+    /// goes on sharing it.
+    TzSoapOutputContext(const TzSoapOutputContext& other);
+    /// The context of a writer within: the settings of `other`, and what that shares. `keeper`
+    /// keeps the path of `other` alive.
+    TzSoapOutputContext(const TzSoapOutputContext& other, std::shared_ptr<void> keeper);
+    TzSoapOutputContext& operator=(const TzSoapOutputContext&) = delete;
+    TzSoapOutputContext& operator=(TzSoapOutputContext&&) noexcept = default;
+    ~TzSoapOutputContext() = default;
 
     /// Where the text goes.
     TzXmlWriter& xml() const noexcept { return *xml_; }
@@ -92,7 +106,9 @@ public:
     /// The reference book, shared with outer and inner writers.
     TzSoapReferenceBook& book() const noexcept { return shared_->book; }
     /// Where targets of references stand, shared with outer and inner writers.
-    TzSoapInlineTargets& targets() const noexcept { return shared_->targets; }
+    TzSoapInlineTargets& targets() const {
+        return shared_->targets ? *shared_->targets : shared_->targets.emplace();
+    }
     /// The gaps of arrays written so far, shared with outer and inner writers.
     TzSoapGapBudget& gaps() const noexcept { return shared_->gaps; }
     /// Whether `name` is that of a header entry which lists supported envelopes and never states a
@@ -139,23 +155,15 @@ public:
     Flag enterStandalone(bool onItsOwn) noexcept { return {standalone_, onItsOwn}; }
 
 private:
-    struct Shared {
-        explicit Shared(const TzSoapVersion& soap) : scope(soap, TzSoapWriter::DepthLimit) {}
-
-        TzSoapScope scope;
-        TzSoapReferenceBook book;
-        TzSoapInlineTargets targets;
-        TzSoapGapBudget gaps;
-    };
-
     const Kind* kind_;
     const TzSoapScopeRules* rules_;
     TzXmlWriter* xml_;
     TzMimeMultipart* multipart_;
     const TzSoapVersion* soap_;
     const TzSoapVersionTable* table_;
-    std::shared_ptr<Shared> shared_;
-    std::optional<bool> compact_; // empty: the layout of the XML writer
+    Shared* shared_;
+    std::shared_ptr<void> keeper_; // of shared_; null while a path holds that for its own context
+    std::optional<bool> compact_;  // empty: the layout of the XML writer
     bool isWithin_ = false;
     bool versionFixed_ = false;
     bool inEnvelope_ = false;

@@ -30,9 +30,7 @@
 #include <utility>
 
 void TzSoapOutputPath::assign(const TzSoapOutputPath& other) {
-    TzSoapOutputContext copy(other.context);
-    copy.separate();
-    context = std::move(copy);
+    context = TzSoapOutputContext(other.context);
     startTag.reset();
 }
 

@@ -8,6 +8,10 @@
 #include "output/TzSoapStartTag.h"
 #include "output/TzSoapValueOutput.h"
 
+#include <memory>
+#include <optional>
+#include <utility>
+
 class TzSoapBody;
 class TzSoapCompactArrayType;
 class TzSoapCompositeType;
@@ -28,9 +32,14 @@ struct TzSoapOutputPath {
     /// that is null.
     TzSoapOutputPath(const TzSoapOutputContext::Kind& kind, TzXmlWriter* xml,
                      TzMimeMultipart* multipart)
-        : context(kind, xml, multipart) {}
-    /// Output in a copy of `other`, which shares its scope and reference book.
+        : own(std::in_place, TzSoapVersion::getLatestSoapVersion()),
+          context(kind, xml, multipart, *own) {}
+    /// Output in a copy of `other`: of scope and reference book, too, unless that shares them with
+    /// the writer around it.
     explicit TzSoapOutputPath(const TzSoapOutputContext& other) : context(other) {}
+    /// Output within that of `around`, which shares its scope and reference book.
+    explicit TzSoapOutputPath(const std::shared_ptr<TzSoapOutputPath>& around)
+        : context(around->context, around) {}
     TzSoapOutputPath(const TzSoapOutputPath&) = delete;
     TzSoapOutputPath& operator=(const TzSoapOutputPath&) = delete;
 
@@ -52,6 +61,7 @@ struct TzSoapOutputPath {
     void write(TzSoapConstVisitor& visitor, const TzSoapHeader& header);
     void write(TzSoapConstVisitor& visitor, const TzSoapMessage& message);
 
+    std::optional<TzSoapOutputContext::Shared> own; // none of copies and of paths within others
     TzSoapOutputContext context;
     TzSoapStartTag startTag{context};
     TzSoapValueOutput values{context, startTag};

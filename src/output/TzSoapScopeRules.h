@@ -11,7 +11,6 @@ class TzSoapElementImp;
 class TzSoapMessageImp;
 class TzSoapScope;
 class TzSoapStartTag;
-class TzXmlAttribute;
 class TzXmlAttributeSet;
 
 /// What the writer, the serializer and literal messages do differently: where an element's
@@ -30,11 +29,12 @@ public:
     /// An element that carries `attributes` is opened in `scope`; nothing of it is qualified yet.
     virtual void enter(TzSoapScope& scope, const TzXmlAttributeSet& attributes) const = 0;
     /// Collects a declaration that the element carries as an attribute.
-    virtual void collectDeclaration(TzSoapScope&, const TzXmlAttribute&) const {}
+    virtual void collectDeclaration(TzSoapScope&, std::string_view /*prefix*/,
+                                    std::string_view /*uri*/) const {}
     /// A prefix made from `prefix` that can be declared for `uri` in `scope`.
     virtual TzCString uniquePrefix(const TzSoapScope& scope, std::string_view prefix,
                                    std::string_view uri) const = 0;
-    /// Collects the style in the text as the one that the element states.
+    /// Collects the style in the text, which need not stay, as the one that the element states.
     virtual void collectStyle(TzSoapStartTag&, std::string_view) const {}
     /// Declares what the style attribute needs, which the element states.
     virtual void qualifyStyle(TzSoapStartTag&) const {}

@@ -64,7 +64,6 @@ struct TzSoapSerializer::Owned {
     Owned(const Owned& other)
         : text(other.text), parts(copyOf(other.parts)), path(other.path.context),
           pushed(other.allOpen()) {
-        path.context.separate();
         adopt();
     }
     Owned& operator=(const Owned& other) {

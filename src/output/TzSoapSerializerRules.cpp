@@ -23,16 +23,14 @@ void TzSoapSerializerRules::declareUsed(TzSoapScope&, const TzSoapMessageImp&) c
 void TzSoapSerializerRules::enter(TzSoapScope& scope, const TzXmlAttributeSet& attributes) const {
     for (const TzXmlAttribute& attribute : attributes) {
         if (attribute.isNamespaceDeclaration()) {
-            scope.declare(attribute.declaredNamespace());
+            scope.declare(attribute.getName().getLocalName(), attribute.getValue());
         }
     }
 }
 
-void TzSoapSerializerRules::collectDeclaration(TzSoapScope&, const TzXmlAttribute&) const {}
-
 TzCString TzSoapSerializerRules::uniquePrefix(const TzSoapScope& scope, std::string_view prefix,
                                               std::string_view uri) const {
-    const TzCString& bound = scope.uriFor(prefix);
+    const std::string_view bound = scope.uriFor(prefix);
     if (bound.empty() || bound == uri) {
         return TzCString(prefix);
     }
@@ -44,7 +42,7 @@ TzCString TzSoapSerializerRules::uniquePrefix(const TzSoapScope& scope, std::str
 
 void TzSoapSerializerRules::collectStyle(TzSoapStartTag& tag, std::string_view style) const {
     if (!style.empty() && !isStylePresent(tag.scope(), style)) {
-        tag.collectSoap(TzSoapVersion::EncodingStyle, style);
+        tag.collectSoap(TzSoapVersion::EncodingStyle, tag.keep(style));
     }
     tag.scope().setOwnStyle(style);
 }

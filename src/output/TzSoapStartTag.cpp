@@ -12,15 +12,36 @@
 
 #include "model/TzSoapBooleanText.h"
 
-namespace {
+#include <algorithm>
 
-/// The attribute that states a type, around its value.
-constexpr std::string_view BriefTypeOpen = " xsi:type=\"";
-constexpr std::string_view BriefTypeClose = "\">";
+namespace {
 
 /// The word for a boolean that is stated by a digit; any other text as it is.
 std::string_view booleanWord(std::string_view text) noexcept {
     return text == "1" ? "true" : text == "0" ? "false" : text;
+}
+
+/// Whether `prefix` belongs to a namespace other than `uri`.
+bool isReserved(std::string_view prefix, std::string_view uri) {
+    if (!prefix.starts_with("xm")) {
+        return false; // at once
+    }
+    const TzXmlNamespace& xml = TzXmlNamespace::getXml();
+    return prefix == TzXmlNamespace::XmlnsPrefix ||
+           (prefix == xml.getPrefix() && uri != xml.getUri());
+}
+
+/// Whether the innermost declarations of `all` can be written as they stand.
+bool areReady(const TzSoapDeclarations& all) {
+    const std::string_view xmlns = TzXmlNamespace::getXmlns().getUri();
+    for (std::size_t i = all.innermost(); i < all.size(); ++i) {
+        const auto [prefix, uri] = all[i];
+        if (!(prefix.empty() || TzXmlUtils::isNameToken(prefix)) || isReserved(prefix, uri) ||
+            uri == xmlns || !TzXmlWriter::isPlain(uri)) {
+            return false;
+        }
+    }
+    return !all.innermostText().empty();
 }
 
 [[noreturn]] void refuse(const TzCString& reason) { TzThrow(TzXmlBadArgError(TzMessage(reason))); }
@@ -51,7 +72,7 @@ void TzSoapStartTag::collectBlock(const TzSoapElementImp& element) {
     const bool styleStated = element.hasProperties() && element.hasEncodingStyleAttribute();
     collectOwn(element, styleStated || statesNone);
     if (styleStated && !statesNone) {
-        collectStyleOf(element);
+        collectStyle(element.getEncodingStyleAttribute());
     }
 }
 
@@ -62,7 +83,7 @@ void TzSoapStartTag::collectValue(const TzSoapTypeImp& value, const TzXmlName& t
     collectOwn(value, styleStated);
     collectPosition(position);
     if (styleStated) {
-        collectStyleOf(value);
+        collectStyle(value.getEncodingStyleAttribute());
     }
     if (properties) {
         collectProperties(value);
@@ -79,18 +100,24 @@ void TzSoapStartTag::collectPosition(std::string_view position) {
     }
 }
 
-void TzSoapStartTag::collectStyleOf(const TzSoapElementImp& element) {
-    collectStyle(attributes_.keep(element.getEncodingStyleAttribute()));
-}
-
 void TzSoapStartTag::collectOwn(const TzSoapElementImp& element, bool styleStated) {
     const bool translates = context_.rules().style().translatesAttributes;
     for (const TzXmlAttribute& attribute : element.getAttributeSet()) {
-        if (translates) {
+        if (attribute.isNamespaceDeclaration()) {
+            collectDeclaration(attribute);
+        } else if (translates) {
             collectOwn(attribute, styleStated);
-        } else if (!attribute.isNamespaceDeclaration()) {
+        } else {
             collectPlain(element, attribute);
         }
+    }
+}
+
+void TzSoapStartTag::collectDeclaration(const TzXmlAttribute& attribute) {
+    const std::string_view prefix = attribute.getName().getLocalName();
+    const std::string_view uri = attribute.getValue();
+    if (!needsDefault_ || !prefix.empty() || !uri.empty()) {
+        context_.rules().collectDeclaration(scope(), prefix, uri);
     }
 }
 
@@ -129,11 +156,7 @@ bool TzSoapStartTag::saysWhat(const TzSoapElementImp& element,
 
 void TzSoapStartTag::collectOwn(const TzXmlAttribute& attribute, bool styleStated) {
     const TzXmlName& name = attribute.getName();
-    if (attribute.isNamespaceDeclaration()) {
-        if (!needsDefault_ || !attribute.declaredNamespace().isEmpty()) {
-            context_.rules().collectDeclaration(scope(), attribute);
-        }
-    } else if (name.getUri().empty()) {
+    if (name.getUri().empty()) {
         if (context_.habits().refersByFragment || !collectId(attribute)) {
             attributes_.addOwn({&name, name.getPrefix(), attribute.getValue()});
         }
@@ -198,13 +221,10 @@ void TzSoapStartTag::collectProperties(const TzSoapTypeImp& value) {
 
 void TzSoapStartTag::collectType(const TzXmlName& type) {
     if (!type.isEmpty()) {
-        TzCString& text = attributes_.newText();
-        if (scope().hasExactNames()) {
-            const TzXmlNamespace bound(boundPrefix(type.getPrefix(), type), type.getUri());
-            TzXmlName(type.getLocalName(), bound).appendQualifiedName(text);
-        } else {
-            type.appendQualifiedName(text);
-        }
+        const std::string_view prefix =
+            scope().hasExactNames() ? boundPrefix(type.getPrefix(), type) : type.getPrefix();
+        const std::string_view colon = prefix.empty() ? std::string_view() : TzXmlWriter::Colon;
+        const std::string_view text = attributes_.keep(prefix, colon, type.getLocalName());
         if (!attributes_.replaceValue(TzSoapAttributeSet::getTypeAttributeName(), text)) {
             collectSchemaInstance(TzSoapAttributeSet::getTypeAttributeName(), text);
         }
@@ -289,16 +309,22 @@ void TzSoapStartTag::collectMade(const TzXmlName& name, std::string_view value) 
 
 void TzSoapStartTag::bindStyle() {
     const TzCString& prefix = scope().envelopePrefix();
-    const TzCString& bound = scope().uriFor(prefix);
-    TzSoapVersion::Version version{};
     // Deliberate: the prefix stays where it means the envelope of another version, as it does when
     // a program writes a message in a version that is not its own.
-    const bool isEnvelope = TzSoapVersion::isSupportedVersion({prefix, bound}, version) &&
-                            bound == TzSoapVersion::getSoapVersion(version).getSoapEnv().getUri();
     stylePrefix_ =
-        isEnvelope
+        meansEnvelope(scope().uriFor(prefix))
             ? prefix
             : boundPrefix(prefix, soap().getSoapAttributeQName(TzSoapVersion::EncodingStyle));
+}
+
+bool TzSoapStartTag::meansEnvelope(std::string_view uri) const {
+    const auto isEnvelopeOf = [uri](TzSoapVersion::Version version) {
+        return uri ==
+               TzSoapVersionTable::of(version).nameSpace(TzSoapVersionTable::Envelope).getUri();
+    };
+    return uri == context_.table().nameSpace(TzSoapVersionTable::Envelope).getUri() ||
+           std::any_of(TzSoapVersionTable::Supported.begin(), TzSoapVersionTable::Supported.end(),
+                       isEnvelopeOf);
 }
 
 std::string_view TzSoapStartTag::soapPrefix(const TzXmlName& name) const {
@@ -311,18 +337,17 @@ std::string_view TzSoapStartTag::soapPrefix(const TzXmlName& name) const {
 
 std::string_view TzSoapStartTag::boundPrefix(std::string_view prefix, const TzXmlName& name) {
     const TzCString& uri = name.getUri();
-    const TzCString& bound = scope().uriFor(prefix);
+    const std::string_view bound = scope().uriFor(prefix);
     if (bound == uri || uri.empty()) {
         return prefix;
     }
     if (bound.empty()) {
-        scope().declare(prefix == name.getPrefix() ? name.getNamespace()
-                                                   : TzXmlNamespace(prefix, uri));
+        scope().declare(prefix, uri);
         return prefix;
     }
     const std::string_view unique =
         attributes_.keep(context_.rules().uniquePrefix(scope(), prefix, uri));
-    scope().declare(TzXmlNamespace(unique, uri));
+    scope().declare(unique, uri);
     return unique;
 }
 
@@ -338,25 +363,57 @@ void TzSoapStartTag::ensureStyle() {
     }
 }
 
-bool TzSoapStartTag::isBrief(const TzSoapTagName& tag, const TzXmlName& name,
-                             const TzSoapTypeImp& value, const TzXmlName& type, bool typeIsPlain,
-                             Brief& brief) const {
-    if (!value.getAttributeSet().empty() || value.hasProperties() ||
-        encodedAt_ != scope().styleChanges() || tag.isUnnamed || !name.isWritable() ||
-        scope().needsDeclaration(name)) {
+void TzSoapStartTag::lookFurther() {
+    TzSoapScope& around = scope();
+    if (!context_.rules().style().statesEncoding ||
+        context_.table().isSettled(around.styleInForce())) {
+        encodedAt_ = around.styleChanges();
+    }
+    const TzXmlNamespace& xsi = TzSoapAttributeSet::getTypeAttributeName().getNamespace();
+    if (around.uriFor(xsi.getPrefix()) == xsi.getUri()) {
+        schemaInstanceBoundAt_ = around.declarationChanges();
+    }
+}
+
+bool TzSoapStartTag::hasShortProperties(const TzSoapTypeImp& value) const {
+    if (value.hasEncodingStyleAttribute() ||
+        (value.isRootAttributeSet() && context_.rules().style().statesEncoding)) {
         return false;
     }
-    if (type.isEmpty()) {
-        return true;
-    }
-    const TzSoapTagName text = TzSoapTagName::of(type);
-    if (schemaInstanceBoundAt_ != scope().declarationChanges() ||
-        (scope().hasExactNames() && scope().needsDeclaration(type)) ||
-        !(typeIsPlain || (TzXmlWriter::isPlain(text.prefix) && TzXmlWriter::isPlain(text.local)))) {
+    const TzXmlNamespace& envelope = context_.table().nameSpace(TzSoapVersionTable::Envelope);
+    return scope().uriFor(scope().envelopePrefix()) == envelope.getUri();
+}
+
+bool TzSoapStartTag::writeShort(const TzSoapTagName& tag, const TzXmlName& name,
+                                const TzSoapTypeImp& value, const TzXmlName& type) {
+    if (!needsNothing(tag, name, value, type) || !(type.isEmpty() || type.isWritable()) ||
+        !hasShortProperties(value)) {
         return false;
     }
-    brief = {BriefTypeOpen, text.prefix, text.colon, text.local, BriefTypeClose};
+    const bool understands = value.getMustUnderstand();
+    const TzCString mustUnderstand =
+        understands ? value.getMustUnderstandAttribute(context_.version()) : TzCString();
+    TzXmlWriter& xml = context_.xml();
+    xml.writeMarkup(TzXmlWriter::StartTag, tag);
+    if (understands) {
+        writeSoap(TzSoapVersion::MustUnderstand, mustUnderstand);
+    }
+    if (!type.isEmpty()) {
+        xml.writeMarkup(Brief::TypeOpen, TzSoapTagName::of(type), TzXmlWriter::Quotes);
+    }
+    if (const TzCString& actor = value.getActorAttribute(); !actor.empty()) {
+        writeSoap(TzSoapVersion::Actor, actor);
+    }
     return true;
+}
+
+void TzSoapStartTag::writeSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value) {
+    const TzXmlName& name = context_.table().attribute(attribute);
+    if (!name.isEmpty()) {
+        const std::string_view prefix = scope().envelopePrefix();
+        checkName(prefix, name);
+        writeAttribute(prefix, name.getLocalName(), value);
+    }
 }
 
 const TzSoapReadyTags::Tags* TzSoapStartTag::makeReady(const TzXmlName& name,
@@ -365,24 +422,24 @@ const TzSoapReadyTags::Tags* TzSoapStartTag::makeReady(const TzXmlName& name,
     const TzSoapTagName tag = TzSoapTagName::of(name);
     Brief brief;
     TzSoapReadyTags::Tags tags;
-    const bool isReady =
-        isBrief(tag, name, value, type, typeIsPlain, brief) &&
-        tags.start.set(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local, brief.open,
-                       brief.typePrefix, brief.typeColon, brief.type, brief.close) &&
-        tags.end.set(TzXmlWriter::StartEndTag, tag.prefix, tag.colon, tag.local,
-                     TzXmlWriter::EndTag);
+    const auto setStart = [&](const auto&... rest) {
+        return tags.start.set(TzXmlWriter::StartTag, tag, rest...);
+    };
+    const bool isReady = isBrief(tag, name, value, type, typeIsPlain, brief) &&
+                         brief.pass(setStart) &&
+                         tags.end.set(TzXmlWriter::StartEndTag, tag, TzXmlWriter::EndTag);
     return isReady ? ready_.remember(name, type,
                                      {scope().declarationChanges(), scope().styleChanges()}, tags)
                    : nullptr;
 }
 
 void TzSoapStartTag::writeElementName(const TzSoapTagName& name) {
-    if (!(name.prefix.empty() || TzXmlUtils::isName(name.prefix)) ||
-        !(name.colon.empty() ? TzXmlUtils::isName(name.local)
-                             : TzXmlUtils::isNameToken(name.local))) {
+    if (!name.isWritable && (!(name.prefix.empty() || TzXmlUtils::isName(name.prefix)) ||
+                             !(name.colon.empty() ? TzXmlUtils::isName(name.local)
+                                                  : TzXmlUtils::isNameToken(name.local)))) {
         refuseName(name.prefix, name.colon, name.local);
     }
-    context_.xml().writeMarkup(name.prefix, name.colon, name.local);
+    context_.xml().writeMarkup(name);
     if (name.isUnnamed) {
         scope().declare(TzSoapTagName::unnamedName().getNamespace());
     }
@@ -399,8 +456,15 @@ void TzSoapStartTag::write(const TzSoapTagName& name) {
 }
 
 void TzSoapStartTag::writeBlock(const TzSoapTagName& name) {
-    write(name);
-    context_.xml().writeMarkupLine(TzXmlWriter::EndTag);
+    const bool isBare = attributes_.empty() && !scope().hasDeclarations() &&
+                        !scope().isStyleStated() && name.isWritable && !name.isUnnamed;
+    if (isBare) {
+        name.writeStartTag(context_.xml());
+        context_.xml().writeNewLine();
+    } else {
+        write(name);
+        context_.xml().writeMarkupLine(TzXmlWriter::EndTag);
+    }
     context_.xml().incrementIndent();
 }
 
@@ -408,27 +472,28 @@ void TzSoapStartTag::writeDeclarations() {
     if (!scope().hasDeclarations()) {
         return;
     }
-    const TzXmlNamespace& xmlns = TzXmlNamespace::getXmlns();
-    for (const TzXmlNamespace& each : scope().declarations()) {
-        if (!each.sameUri(xmlns)) {
-            writeDeclaration(each);
+    const TzSoapDeclarations& all = scope().declarations();
+    if (areReady(all)) {
+        return context_.xml().write(all.innermostText());
+    }
+    for (std::size_t i = all.innermost(); i < all.size(); ++i) {
+        const auto [prefix, uri] = all[i];
+        if (uri != TzXmlNamespace::getXmlns().getUri()) {
+            writeDeclaration(prefix, uri);
         }
     }
 }
 
-void TzSoapStartTag::writeDeclaration(const TzXmlNamespace& declared) {
-    const TzCString& xmlns = TzXmlNamespace::getXmlns().getPrefix();
-    const TzCString& prefix = declared.getPrefix();
+void TzSoapStartTag::writeDeclaration(std::string_view prefix, std::string_view uri) {
+    constexpr std::string_view Xmlns = TzXmlNamespace::XmlnsPrefix;
     if (prefix.empty()) {
-        writeAttribute({}, xmlns, declared.getUri());
-        return;
+        return writeAttribute({}, Xmlns, uri);
     }
-    if (!TzXmlUtils::isNameToken(prefix) || prefix == xmlns ||
-        (prefix == TzXmlNamespace::getXml().getPrefix() &&
-         !declared.sameUri(TzXmlNamespace::getXml()))) {
-        refuse("the prefix \"" + prefix + "\" cannot be declared for \"" + declared.getUri() + '"');
+    if (!TzXmlUtils::isNameToken(prefix) || isReserved(prefix, uri)) {
+        refuse(TzCString("the prefix \"").append(prefix) + "\" cannot be declared for \"" +
+               TzCString(uri) + '"');
     }
-    writeAttribute(xmlns, prefix, declared.getUri());
+    writeAttribute(Xmlns, prefix, uri);
 }
 
 void TzSoapStartTag::checkName(std::string_view prefix, const TzXmlName& name) {
@@ -439,7 +504,7 @@ void TzSoapStartTag::checkName(std::string_view prefix, const TzXmlName& name) {
         refuseName(prefix, prefix.empty() ? std::string_view() : TzXmlWriter::Colon,
                    name.getLocalName());
     }
-    if (prefix.empty() && name.getLocalName() == TzXmlNamespace::getXmlns().getPrefix()) {
+    if (prefix.empty() && name.getLocalName() == TzXmlNamespace::XmlnsPrefix) {
         refuse("\"xmlns\" names a declaration, not an attribute");
     }
 }

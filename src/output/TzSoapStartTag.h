@@ -31,14 +31,19 @@ public:
     /// What prefixes of names without prefix are made from.
     static constexpr std::string_view PrefixBase = "prefix";
 
-    /// What follows the name on the start tag of a brief value, up to the end of the tag; the first
-    /// four are empty when it has no type.
+    /// What follows the name on the start tag of a brief value, up to the end of the tag.
     struct Brief {
-        std::string_view open;
-        std::string_view typePrefix;
-        std::string_view typeColon;
-        std::string_view type;
-        std::string_view close = TzXmlWriter::EndTag;
+        bool hasType = false;
+        TzXmlWriter::Spelling type;
+
+        /// Calls `use` with the pieces that it is made of.
+        template <typename Use> decltype(auto) pass(const Use& use) const {
+            return hasType ? use(TypeOpen, type, TypeClose) : use(TzXmlWriter::EndTag);
+        }
+
+        /// The attribute that states a type, around its value.
+        static constexpr std::string_view TypeOpen = " xsi:type=\"";
+        static constexpr std::string_view TypeClose = "\">";
     };
 
     /// The start tags written in `context`, which must outlive this object.
@@ -83,6 +88,8 @@ public:
     void collectSchemaInstance(const TzXmlName& name, std::string_view value);
     /// Collects an attribute of SOAP; does nothing if the version lacks it.
     void collectSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value);
+    /// Keeps a text until the next tag.
+    std::string_view keep(std::string_view text) { return attributes_.keep(text); }
     /// Spells the attribute of a reference, collected before, as this version names it.
     void renameReference(const TzSoapReferenceTypeImp& reference);
     /// States the version's own style unless the element or one around it states a style already.
@@ -106,11 +113,37 @@ public:
     /// or one made from it when that is bound to another namespace. Valid until the next tag.
     std::string_view boundPrefix(std::string_view prefix, const TzXmlName& name);
 
+    /// Finds out what holds here for every value that comes next: whether it has to state a style,
+    /// and whether a type can be stated without a declaration.
+    void lookAround() {
+        if (encodedAt_ != scope().styleChanges() ||
+            schemaInstanceBoundAt_ != scope().declarationChanges()) {
+            lookFurther();
+        }
+    }
     /// Whether a value says nothing but its `type`, in the encoding of SOAP, and nothing has to be
     /// declared for it: then `brief` becomes what follows the name on its start tag, which is all
     /// that collecting would yield. `typeIsPlain` when the type is known to need no escaping.
     bool isBrief(const TzSoapTagName& tag, const TzXmlName& name, const TzSoapTypeImp& value,
-                 const TzXmlName& type, bool typeIsPlain, Brief& brief) const;
+                 const TzXmlName& type, bool typeIsPlain, Brief& brief) const {
+        if (value.hasProperties() || !needsNothing(tag, name, value, type)) {
+            return false;
+        }
+        if (type.isEmpty()) {
+            return true;
+        }
+        const TzSoapTagName text = TzSoapTagName::of(type);
+        brief.hasType = true;
+        brief.type = text;
+        // A name of XML needs no escaping.
+        return text.isWritable || typeIsPlain ||
+               (TzXmlWriter::isPlain(text.prefix) && TzXmlWriter::isPlain(text.local));
+    }
+    /// Writes the tag, without its end, of a value that says nothing but its `type`, mustUnderstand
+    /// and actor, in the encoding of SOAP, if nothing has to be declared for it, as collecting and
+    /// writing would. False, and nothing written, for any other value.
+    bool writeShort(const TzSoapTagName& tag, const TzXmlName& name, const TzSoapTypeImp& value,
+                    const TzXmlName& type);
     /// The tags of a value for which `isBrief` holds, ready to be copied; null for any other value,
     /// and where they are not worth keeping. Valid until the next call.
     const TzSoapReadyTags::Tags* readyTags(const TzXmlName& name, const TzSoapTypeImp& value,
@@ -135,7 +168,7 @@ public:
     void writeDeclarations();
     /// Writes one declaration; `TzXmlBadArgError` for a prefix that no name can have, and for "xml"
     /// and "xmlns" with a URI of another namespace.
-    void writeDeclaration(const TzXmlNamespace& declared);
+    void writeDeclaration(std::string_view prefix, std::string_view uri);
     /// Writes the collected attributes.
     void writeAttributes();
     /// Writes one attribute.
@@ -144,6 +177,20 @@ public:
     }
 
 private:
+    void lookFurther();
+    // Whether a value without other attributes than those of SOAP has neither to state a style nor
+    // to declare anything for its name and type.
+    bool needsNothing(const TzSoapTagName& tag, const TzXmlName& name, const TzSoapTypeImp& value,
+                      const TzXmlName& type) const {
+        const TzSoapScope& around = scope();
+        return value.getAttributeSet().empty() && encodedAt_ == around.styleChanges() &&
+               !tag.isUnnamed && tag.isWritable && !around.needsDeclaration(name) &&
+               (type.isEmpty() || (schemaInstanceBoundAt_ == around.declarationChanges() &&
+                                   !(around.hasExactNames() && around.needsDeclaration(type))));
+    }
+    bool hasShortProperties(const TzSoapTypeImp& value) const;
+    void writeSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value);
+    void collectDeclaration(const TzXmlAttribute& attribute);
     static void checkName(std::string_view prefix, const TzXmlName& name);
     void collectOwn(const TzSoapElementImp& element, bool styleStated);
     void collectOwn(const TzXmlAttribute& attribute, bool styleStated);
@@ -154,8 +201,8 @@ private:
     bool collectEncodedId(const TzXmlAttribute& attribute);
     void collectMade(const TzXmlName& name, std::string_view value);
     bool collectOfOtherVersion(const TzXmlAttribute& attribute, bool styleStated);
+    bool meansEnvelope(std::string_view uri) const;
     void collectStyle(std::string_view style) { context_.rules().collectStyle(*this, style); }
-    void collectStyleOf(const TzSoapElementImp& element);
     void collectProperties(const TzSoapTypeImp& value);
     void collectType(const TzXmlName& type);
     const TzSoapReadyTags::Tags* makeReady(const TzXmlName& name, const TzSoapTypeImp& value,

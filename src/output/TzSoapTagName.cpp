@@ -9,7 +9,15 @@ const TzXmlName& TzSoapTagName::unnamedName() {
     return *unnamed;
 }
 
+void TzSoapTagName::writeStartTag(TzXmlWriter& xml) const {
+    xml.writeMarkup(TzXmlWriter::StartTag, *this, TzXmlWriter::EndTag);
+}
+
+void TzSoapTagName::writeEndTag(TzXmlWriter& xml) const {
+    xml.writeMarkupLine(TzXmlWriter::StartEndTag, *this, TzXmlWriter::EndTag);
+}
+
 TzSoapTagName TzSoapTagName::unnamed() noexcept {
     const TzXmlName& name = unnamedName();
-    return {name.getPrefix(), TzXmlWriter::Colon, name.getLocalName(), true};
+    return {{name.getPrefix(), TzXmlWriter::Colon, name.getLocalName()}, true, true};
 }

@@ -76,30 +76,32 @@ void TzSoapValueOutput::writeSimple(TzSoapSimpleTypeImp& value) {
         context_.xml().writeElement(tags->start, value.text(), tags->end);
         return;
     }
+    startTag_.lookAround();
     const TzSoapTagName tag = TzSoapTagName::of(name);
     TzSoapStartTag::Brief brief;
     if (startTag_.isBrief(tag, name, value, *type, typeShown, brief)) {
         context_.scope().checkDepth(1);
-        writeBrief(tag, brief, value.text(), escapes);
+        brief.pass([&](const auto&... rest) {
+            context_.xml().writeMarkup(TzXmlWriter::StartTag, tag, rest...);
+        });
+        writeRest(tag, value.text(), escapes);
+    } else if (value.hasProperties() && context_.scope().depth() < context_.scope().depthLimit() &&
+               startTag_.writeShort(tag, name, value, *type)) {
+        context_.xml().writeMarkup(TzXmlWriter::EndTag);
+        writeRest(tag, value.text(), escapes);
     } else {
         writeSimpleAt(value, {});
     }
 }
 
-void TzSoapValueOutput::writeBrief(const TzSoapTagName& tag, const TzSoapStartTag::Brief& brief,
-                                   std::string_view content, bool escapes) {
-    TzXmlWriter& xml = context_.xml();
-    if (!escapes || TzXmlWriter::isPlain(content)) {
-        xml.writeMarkupLine(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local, brief.open,
-                            brief.typePrefix, brief.typeColon, brief.type, brief.close, content,
-                            TzXmlWriter::StartEndTag, tag.prefix, tag.colon, tag.local,
-                            TzXmlWriter::EndTag);
-        return;
+void TzSoapValueOutput::writeRest(const TzSoapTagName& tag, std::string_view content,
+                                  bool escapes) {
+    if (escapes) {
+        context_.xml().writeRest(content, tag);
+    } else {
+        context_.xml().write(content);
+        tag.writeEndTag(context_.xml());
     }
-    xml.writeMarkup(TzXmlWriter::StartTag, tag.prefix, tag.colon, tag.local, brief.open,
-                    brief.typePrefix, brief.typeColon, brief.type, brief.close);
-    xml.write(content, true);
-    tag.writeEndTag(xml);
 }
 
 void TzSoapValueOutput::writeSimpleAt(TzSoapSimpleTypeImp& value, std::string_view position) {
@@ -150,7 +152,7 @@ void TzSoapValueOutput::writeOwnMarkup(const TzSoapUserDefinedTypeImp& value) {
     }
     for (const TzXmlNamespace& needed : value.getDeclarations()) {
         if (context_.scope().uriFor(needed.getPrefix()) != needed.getUri()) {
-            startTag_.writeDeclaration(needed);
+            startTag_.writeDeclaration(needed.getPrefix(), needed.getUri());
         }
     }
     xml.write(markup.substr(nameEnd));

@@ -56,8 +56,7 @@ private:
                  Encoding encoding);
     void start(const TzSoapTagName& name, const TzSoapTypeImp& value);
     void writeEmpty(const TzSoapTagName& name, const TzSoapTypeImp& value);
-    void writeBrief(const TzSoapTagName& tag, const TzSoapStartTag::Brief& brief,
-                    std::string_view content, bool escapes);
+    void writeRest(const TzSoapTagName& tag, std::string_view content, bool escapes);
     void writeOwnMarkup(const TzSoapUserDefinedTypeImp& value);
     void writeMarkup(const TzCString& markup, const TzSoapTypeImp& value);
     std::size_t styleInsertion(const TzCString& markup) const;

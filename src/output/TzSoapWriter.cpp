@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <soap/TzSoapWriter.h>
 
+#include "model/TzSoapAccess.h"
+#include "output/TzSoapMessageText.h"
 #include "output/TzSoapOutputPath.h"
 #include "output/TzSoapWriterRules.h"
 
@@ -16,18 +18,27 @@ const TzSoapOutputContext::Kind& writerKind() noexcept {
 
 } // namespace
 
+std::optional<bool> TzSoapMessageText::write(const TzSoapMessage& message, TzXmlWriter& xml,
+                                             TzSoapLayout layout, TzMimeMultipart* parts) {
+    // Nobody else gets this writer, so what it writes with need not outlive this call.
+    TzSoapOutputPath path(writerKind(), &xml, parts);
+    TzSoapWriter writer = TzSoapAccess::writingWith<TzSoapWriter>(path);
+    path.context.setCompact(layout == TzSoapLayout::Compact);
+    path.write(writer, message);
+    return path.context.book().entriesLedToParts();
+}
+
 TzSoapWriter::TzSoapWriter(TzXmlWriter* writer, TzMimeMultipart* multipart)
-    : path_(std::make_unique<TzSoapOutputPath>(writerKind(), writer, multipart)) {}
+    : path_(std::make_shared<TzSoapOutputPath>(writerKind(), writer, multipart)) {}
 
 TzSoapWriter::TzSoapWriter(TzSoapWriter* parent)
-    : path_(std::make_unique<TzSoapOutputPath>(parent->path_->context)) {
-    path_->context.becomeWithin();
-}
+    : path_(std::make_shared<TzSoapOutputPath>(parent->path_)) {}
+
+TzSoapWriter::TzSoapWriter(TzSoapOutputPath& path) noexcept
+    : path_(std::shared_ptr<TzSoapOutputPath>(), &path) {}
 
 TzSoapWriter::TzSoapWriter(const TzSoapWriter& other)
-    : TzSoapConstVisitor(other), path_(std::make_unique<TzSoapOutputPath>(other.path_->context)) {
-    path_->context.separate();
-}
+    : TzSoapConstVisitor(other), path_(std::make_shared<TzSoapOutputPath>(other.path_->context)) {}
 
 TzSoapWriter& TzSoapWriter::operator=(const TzSoapWriter& other) {
     if (this != &other) {

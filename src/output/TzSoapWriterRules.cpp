@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "output/TzSoapWriterRules.h"
 
-#include <tz/xml/TzXmlAttribute.h>
-
 #include "output/TzSoapScope.h"
 #include "output/TzSoapStartTag.h"
 
@@ -15,16 +13,16 @@ void TzSoapWriterRules::declareUsed(TzSoapScope&, const TzSoapMessageImp&) const
 
 void TzSoapWriterRules::enter(TzSoapScope&, const TzXmlAttributeSet&) const {}
 
-void TzSoapWriterRules::collectDeclaration(TzSoapScope& scope,
-                                           const TzXmlAttribute& declaration) const {
-    const TzXmlNamespace declared = declaration.declaredNamespace();
-    const TzCString& bound = scope.uriFor(declared.getPrefix());
+void TzSoapWriterRules::collectDeclaration(TzSoapScope& scope, std::string_view prefix,
+                                           std::string_view uri) const {
+    const std::string_view bound = scope.uriFor(prefix);
     // No prefix can stand for the namespace without URI, so that one is declared where it stands.
-    if (bound.empty() || declared.isEmpty()) {
-        scope.declare(declared);
-    } else if (bound != declared.getUri()) {
-        scope.declare(TzXmlNamespace(uniquePrefix(scope, declared.getPrefix(), declared.getUri()),
-                                     declared.getUri()));
+    if (bound.empty() && !prefix.empty()) {
+        scope.declareNew(prefix, uri);
+    } else if (bound.empty() || (prefix.empty() && uri.empty())) {
+        scope.declare(prefix, uri);
+    } else if (bound != uri) {
+        scope.declare(uniquePrefix(scope, prefix, uri), uri);
     }
 }
 

@@ -12,7 +12,8 @@ public:
 
     void declareUsed(TzSoapScope& scope, const TzSoapMessageImp& message) const override;
     void enter(TzSoapScope& scope, const TzXmlAttributeSet& attributes) const override;
-    void collectDeclaration(TzSoapScope& scope, const TzXmlAttribute& declaration) const override;
+    void collectDeclaration(TzSoapScope& scope, std::string_view prefix,
+                            std::string_view uri) const override;
     TzCString uniquePrefix(const TzSoapScope& scope, std::string_view prefix,
                            std::string_view uri) const override;
     void collectStyle(TzSoapStartTag& tag, std::string_view style) const override;
