@@ -26,7 +26,12 @@ public:
     /// The first node of that index, null if absent.
     Node* find(const Index& index) {
         settle();
-        const auto found = entries_.lower_bound(Wanted{Key::leadingOf(index), &index});
+        const Wanted wanted{Key::leadingOf(index), &index};
+        // Indices mostly come in order, each after all those that are known.
+        if (entries_.empty() || Less()(*entries_.rbegin(), wanted)) {
+            return nullptr;
+        }
+        const auto found = entries_.lower_bound(wanted);
         return found != entries_.end() && found->key.equals(index) ? found->node : nullptr;
     }
 
@@ -142,7 +147,8 @@ private:
 
     void enter(Node& node) {
         node.number = places_.size();
-        places_.push_back(entries_.insert({Key(node.item.first), node.number, &node}).first);
+        places_.push_back(
+            entries_.insert(entries_.end(), {Key(node.item.first), node.number, &node}));
     }
 
     void check(Node& node) {

@@ -83,6 +83,19 @@ std::string namesWithOneBeginning(std::size_t bytes) {
         "<a" + fill(bytes, [&](std::size_t i) { return " " + numbered(same, i, "='v'"); }) + "/>");
 }
 
+/// Tags that are known again by their bytes are compared with those that came before.
+std::string tagsWithOneBeginning(std::size_t bytes) {
+    const std::string same(200, 'v');
+    return soap11(fill(
+        bytes, [&](std::size_t i) { return "<a b='" + same + numbered("", i % 90 + 10, "'/>"); }));
+}
+
+std::string repeatedTagsOfOtherNamespaces(std::size_t bytes) {
+    return soap11(fill(bytes, [](std::size_t i) {
+        return numbered("<a xmlns:p='u", i, "'><p:b p:c='1'/><p:b p:c='1'/></a>");
+    }));
+}
+
 std::string unboundPrefixes(std::size_t bytes) {
     return soap11(fill(bytes, [](std::size_t i) {
         return numbered("<a q", i, ":b='1' ") + numbered("r", i, ":b='2' b='3'/>");
@@ -129,6 +142,9 @@ Families attributes() {
         {"AttributeOfLineEnds", "has every character escaped again", valuesOfLineEnds},
         {"AttributeNamesWithOneBeginning", "has names compared to their ends",
          namesWithOneBeginning},
+        {"TagsWithOneBeginning", "has tags compared to their ends", tagsWithOneBeginning},
+        {"RepeatedTagsOfOtherNamespaces", "repeats a tag that means something else each time",
+         repeatedTagsOfOtherNamespaces},
         {"AttributesOfUnboundPrefixes", "a producer without namespaces", unboundPrefixes},
         {"AttributesOfAHeaderEntry", "has header attributes looked for among many",
          onHeaderEntries},

@@ -46,12 +46,22 @@ std::string closingBrackets(std::size_t bytes) { return inOneValue(fill(bytes, "
 
 std::string shortValues(std::size_t bytes) { return soap11(fill(bytes, "<a>t</a>")); }
 
+std::string notAsciiAtTheEnd(std::size_t bytes) {
+    return soap11(fill(bytes, "<a>t</a>") + "<\xC3\xA9>t</\xC3\xA9>");
+}
+
+std::string returnsInAttributes(std::size_t bytes) {
+    return soap11(fill(bytes, "<a b='\r\n\t&amp;\r'>t</a>"));
+}
+
 std::string quotes(std::size_t bytes) { return inOneValue(fill(bytes, "\"'")); }
 
 } // namespace
 
 Families texts() {
     return {
+        {"TextHandedOverLate", "has the scanner read all for nothing", notAsciiAtTheEnd},
+        {"TextInAttributes", "has every value be written anew", returnsInAttributes},
         {"TextOfOneValue", "base64 in an element", oneLong},
         {"TextOfSections", "has a text arrive in many pieces", sections},
         {"TextOfOneSection", "markup as a string", oneLongSection},
