@@ -102,7 +102,6 @@ private:
     friend struct TzSoapAccess;
 
     /// Text by the place of the value after it, null for the end of the list.
-    class Prefetch;
     struct Texts;
 
     const TzSoapType* keyOf(const_iterator position) const noexcept {

@@ -5,6 +5,7 @@
 #include <tz/xml/TzXmlUtils.h>
 
 #include "model/TzSoapAccess.h"
+#include "model/TzSoapPrefetch.h"
 
 #include <algorithm>
 #include <iterator>
@@ -22,29 +23,6 @@ struct Named {
 };
 
 } // namespace
-
-/// Has the processor fetch the values of a list a few steps before they end: waiting for memory
-/// takes a third of the time otherwise.
-class TzSoapValueList::Prefetch {
-public:
-    Prefetch(const TzSoapValueLink* first, const TzSoapValueLink* last) noexcept
-        : link_(first), last_(last) {
-        constexpr int Steps = 6;
-        for (int i = 0; i < Steps; ++i) {
-            next();
-        }
-    }
-    void next() noexcept {
-        if (link_ != nullptr && link_ != last_) {
-            TzSoapAccess::prefetch(static_cast<const TzSoapValueNode*>(link_)->value);
-            link_ = link_->next;
-        }
-    }
-
-private:
-    const TzSoapValueLink* link_;
-    const TzSoapValueLink* last_;
-};
 
 struct TzSoapValueList::Texts : std::map<const TzSoapType*, TzCString> {};
 
@@ -87,9 +65,10 @@ TzSoapValueList::~TzSoapValueList() { clear(); }
     ends_ = {last, last};
     size_ = 0;
     clearText();
-    Prefetch prefetch(link, last);
+    // The last value is not linked to the list any more.
+    TzSoapPrefetch prefetch(iterator(link != last ? link : nullptr), iterator(nullptr));
     while (link != nullptr && link != last) {
-        prefetch.next();
+        prefetch.step();
         release(static_cast<TzSoapValueNode*>(std::exchange(link, link->next)));
     }
 }
