@@ -350,6 +350,7 @@ TEST(TzXmlSAXParserHostile, RepeatedDeclarationsTakeNoAllocationsOfTheirOwn) {
         TestedParser().parse(text);
         return madeAllocations() - before;
     };
+    made(10); // leaves its names to the others
     EXPECT_LT(made(10'000), made(10) + 10);
 }
 
