@@ -4,7 +4,7 @@
 #include "model/TzSoapAccess.h"
 
 /// Has the processor fetch values a few steps before they are used, in the order in which they are:
-/// waiting for memory would take a third of the time of long messages.
+/// waiting for memory would take a third of the time in which long messages end.
 ///
 /// `Position` steps from handle to handle. Handles before `end` stay while this object is used.
 template <typename Position> class TzSoapPrefetch {

@@ -11,7 +11,6 @@
 #include <tz/xml/TzXmlProlog.h>
 
 #include "model/TzSoapAccess.h"
-#include "model/TzSoapPrefetch.h"
 #include "output/TzSoapScopeRules.h"
 
 #include <algorithm>
@@ -197,14 +196,10 @@ void TzSoapMessageOutput::writeText(const TzCString& text) {
 void TzSoapMessageOutput::writeEntries(TzSoapConstVisitor& visitor,
                                        const TzSoapValueList& entries) {
     const bool hasText = entries.hasText();
-    // A visitor of a derived class may remove entries that come later.
-    const bool isServed = context_.isServed(visitor);
-    TzSoapPrefetch prefetch(isServed ? entries.begin() : entries.end(), entries.end());
     for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
         if (hasText) {
             writeText(entries.textBefore(entry));
         }
-        prefetch.step();
         containers_.writeChild(visitor, *entry);
     }
     if (hasText) {
