@@ -3,8 +3,8 @@
 
 #include "model/TzSoapAccess.h"
 
-/// Has the processor fetch values a few steps before they are used, in the order in which they are:
-/// waiting for memory would take a third of the time in which long messages end.
+/// Has the processor fetch values a few steps before they are used, because ending a long message
+/// otherwise spends a third of its time on waiting for memory.
 ///
 /// `Position` steps from handle to handle. Handles before `end` stay while this object is used.
 template <typename Position> class TzSoapPrefetch {

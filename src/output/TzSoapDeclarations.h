@@ -13,8 +13,9 @@
 
 /// The namespace declarations in force at the end of the output, scope within scope.
 ///
-/// Holds them in one text as they are written if nothing in them needs escaping, so that a
-/// declaration takes no memory of its own and those of an element are copied in one go.
+/// Keeps all of them in one text, spelt as a tag spells them when nothing needs escaping. A
+/// declaration therefore needs no allocation, and a tag copies the declarations of its element
+/// together.
 class TzSoapDeclarations {
 public:
     /// One declaration; valid until the next change of the declarations.
@@ -31,7 +32,7 @@ public:
     std::size_t scopeCount() const noexcept { return scopes_.size(); }
 
     /// Declares `uri` in the innermost scope, which must be there; a prefix declared there already
-    /// takes the new URI. Neither text may be one of its own.
+    /// takes the new URI. Neither argument may refer to a text that this object returned.
     void add(std::string_view prefix, std::string_view uri);
     /// As `add`, for a prefix that is not declared in the innermost scope.
     void addNew(std::string_view prefix, std::string_view uri);

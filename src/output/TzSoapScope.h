@@ -75,7 +75,7 @@ public:
         return declarations_.uriFor(prefix);
     }
     /// Declares `uri` under `prefix` on the innermost element, but for a prefix without URI, which
-    /// XML forbids. Neither text may be one that `uriFor` returned.
+    /// XML forbids. Neither argument may refer to a text that `uriFor` returned.
     void declare(std::string_view prefix, std::string_view uri);
     /// As `declare`, for a prefix that is unbound; not for "", which may be declared without URI.
     void declareNew(std::string_view prefix, std::string_view uri);

@@ -12,7 +12,7 @@ void TzSoapTagAttributes::addOwn(const Attribute& attribute) {
 }
 
 void TzSoapTagAttributes::addMade(const Attribute& attribute) {
-    Attribute* const known = position(*attribute.name);
+    Attribute* const known = positionIn(attributes_, *attribute.name);
     if (known != attributes_.end()) {
         *known = attribute;
         return;
@@ -22,7 +22,7 @@ void TzSoapTagAttributes::addMade(const Attribute& attribute) {
 }
 
 bool TzSoapTagAttributes::replaceValue(const TzXmlName& name, std::string_view value) {
-    Attribute* const known = position(name);
+    Attribute* const known = positionIn(attributes_, name);
     const bool isKnown = known != attributes_.end();
     if (isKnown) {
         known->value = value;
@@ -31,30 +31,22 @@ bool TzSoapTagAttributes::replaceValue(const TzXmlName& name, std::string_view v
 }
 
 const TzSoapTagAttributes::Attribute* TzSoapTagAttributes::find(const TzXmlName& name) const {
-    const Attribute* const found = const_cast<TzSoapTagAttributes*>(this)->position(name);
+    const Attribute* const found = positionIn(attributes_, name);
     return found == attributes_.end() ? nullptr : found;
 }
 
 void TzSoapTagAttributes::rename(const TzXmlName& from, const Attribute& to) {
-    Attribute* const renamed = position(from);
+    Attribute* const renamed = positionIn(attributes_, from);
     if (renamed == attributes_.end()) {
         return;
     }
-    Attribute* const replaced = position(*to.name);
+    Attribute* const replaced = positionIn(attributes_, *to.name);
     if (replaced == attributes_.end() || replaced == renamed) {
         *renamed = to;
         return;
     }
     *replaced = to;
     attributes_.erase(renamed);
-}
-
-TzSoapTagAttributes::Attribute* TzSoapTagAttributes::position(const TzXmlName& name) {
-    Attribute* each = attributes_.begin();
-    while (each != attributes_.end() && !(*each->name == name)) {
-        ++each;
-    }
-    return each;
 }
 
 char* TzSoapTagAttributes::ownRoomFor(std::size_t size) {

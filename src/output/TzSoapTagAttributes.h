@@ -64,7 +64,15 @@ public:
     const Attribute* end() const noexcept { return attributes_.end(); }
 
 private:
-    Attribute* position(const TzXmlName& name);
+    /// Where the attribute `name` is in a list of them, its end if absent. O(size).
+    template <typename Attributes>
+    static auto positionIn(Attributes& attributes, const TzXmlName& name) {
+        auto* each = attributes.begin();
+        while (each != attributes.end() && !(*each->name == name)) {
+            ++each;
+        }
+        return each;
+    }
     char* roomFor(std::size_t size) {
         return size <= texts_.size() - textsUsed_
                    ? texts_.data() + std::exchange(textsUsed_, textsUsed_ + size)

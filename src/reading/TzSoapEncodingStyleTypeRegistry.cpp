@@ -21,8 +21,8 @@ Registry& TzSoapEncodingStyleTypeRegistry::operator=(Registry&&) noexcept = defa
 TzSoapEncodingStyleTypeRegistry::~TzSoapEncodingStyleTypeRegistry() = default;
 
 Registry* TzSoapEncodingStyleTypeRegistry::getRegistry() {
-    // Never destroyed, so that messages may still be read while the process ends. An empty one
-    // takes no memory that a library would leave behind when it is unloaded.
+    // Never destroyed, so that messages may still be read while the process ends. It lies in static
+    // memory, because memory of the heap would be lost when the library is unloaded.
     alignas(Registry) static std::array<std::byte, sizeof(Registry)> room;
     static Registry* const theRegistry = ::new (static_cast<void*>(room.data())) Registry;
     return theRegistry;

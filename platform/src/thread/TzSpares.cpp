@@ -5,7 +5,8 @@
 
 namespace {
 
-// Without destructors, because libraries may be unloaded, and objects go, after this one's.
+// Neither has a destructor, because a `TzTSpares` of another library may end after the statics of
+// this one.
 constinit std::mutex listLock;
 constinit TzSpares* list = nullptr;
 

@@ -32,8 +32,8 @@ public:
     /// A start tag; names as spelt in the text, those of the attributes all different.
     virtual void startTag(std::string_view name,
                           std::span<const TzXmlSpelledAttribute> attributes) = 0;
-    /// A start tag with the same bytes as the one that has `mark`. False, with nothing done, if the
-    /// sink wants it spelt out: `startTag` follows.
+    /// A start tag with the same bytes as the one that has `mark`. False if the sink does not know
+    /// what that one means here: then the source calls `startTag` for it.
     virtual bool startTagAgain(const TzXmlTagMark& mark) = 0;
     /// An end tag, also for an empty-element tag.
     virtual void endTag() = 0;

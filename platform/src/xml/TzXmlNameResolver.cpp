@@ -11,7 +11,7 @@ namespace {
 /// Prefixes out of scope are remembered up to this many; messages repeat their declarations.
 constexpr std::size_t RememberedPrefixes = 64;
 
-/// About what an allocator adds to a block of memory.
+/// Roughly what an allocator adds to a block of memory.
 constexpr std::size_t BlockBytes = 16;
 
 /// What a map adds to each of its values.

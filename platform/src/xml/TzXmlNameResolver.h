@@ -103,7 +103,6 @@ private:
                      TzXmlName& name, std::uint64_t& stamp);
     Parts spellOut(Kind kind, std::string_view spelling);
     const TzXmlNamespace& bound(std::string_view prefix);
-    Bindings::iterator bindingOf(std::string_view prefix);
     const Meaning& mean(Binding& binding, std::string_view prefix, std::string_view uri);
     TzXmlNamespace makeNamespace(std::string_view prefix, std::string_view uri);
     TzXmlName makeName(const Parts& parts);

@@ -202,7 +202,7 @@ TEST(TzXmlSAXParserNamesThread, LittleIsLeft) {
 }
 
 TEST(TzXmlSAXParserNamesThread, NamesThatLiveOnHoldNoMoreThanTheirOwn) {
-    // Each text has names of its own; what is left to the next must not pile up.
+    // No two texts have a name in common, and yet the memory that waits does not grow.
     std::thread([] {
         const std::ptrdiff_t before = liveAllocationsWithSpares();
         std::ptrdiff_t most = 0;

@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <memory>
 
-/// What pieces of work leave for the next ones on their threads, whatever it is.
+/// Base of all `TzTSpares`: knows each of them, whatever objects it holds.
 class TZ_PLATFORM_API TzSpares {
 public:
     TzSpares(const TzSpares&) = delete;
@@ -16,14 +16,15 @@ public:
 
     /// A number for the calling thread, from 0 in the order in which threads ask first.
     static std::size_t threadNumber() noexcept;
-    /// Frees everything that waits for the next work on this thread, such as the names of the texts
-    /// that it has read: for a program that does not go on for a while. Any thread, at any time.
+    /// Frees everything that waits for the next work on the calling thread, such as the names of
+    /// the texts that it has read. For a thread that will not work for a while. May be called at
+    /// any time, also during such work, whose objects do not wait.
     static void dropOfThisThread() noexcept;
 
 protected:
     TzSpares() noexcept;
     ~TzSpares() = default;
-    /// Before the destructor.
+    /// Leaves the list of all; derived destructors call it first.
     void end() noexcept;
 
 private:
@@ -34,10 +35,11 @@ private:
 
 /// Objects that one piece of work leaves for the next one on its thread.
 ///
-/// Each of the first `Places` threads has a place of its own for one object; later ones share
-/// these places, so that the memory does not grow with the threads. An object may pass to another
-/// thread that way: all that was done with it comes before it is taken. Any number of threads may
-/// take and give back at once; nobody waits. Needs no destructor when a thread ends.
+/// There are `Places` places, and each holds one object at most. The first `Places` threads use a
+/// different place each; the threads after them use the same places again, so the memory does not
+/// grow with the number of threads. Two threads of one place may pass objects to each other: what
+/// the one did with an object happens before the other takes it. Any number of threads may take and
+/// give back at once without waiting. A thread that ends runs no destructor.
 template <typename Object> class TzTSpares final : public TzSpares {
 public:
     /// Number of places, and the most objects that wait.
@@ -62,7 +64,8 @@ public:
     }
 
 private:
-    /// On a cache line of its own, because threads must not wait for each other's.
+    /// Fills a cache line: threads that write to neighbouring places slow each other down if these
+    /// lie in one line.
     struct alignas(64) Place {
         std::atomic<Object*> spare{nullptr};
     };
