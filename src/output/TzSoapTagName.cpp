@@ -17,7 +17,10 @@ void TzSoapTagName::writeEndTag(TzXmlWriter& xml) const {
     xml.writeMarkupLine(TzXmlWriter::StartEndTag, *this, TzXmlWriter::EndTag);
 }
 
-TzSoapTagName TzSoapTagName::unnamed() noexcept {
-    const TzXmlName& name = unnamedName();
-    return {{name.getPrefix(), TzXmlWriter::Colon, name.getLocalName()}, true, true};
+TzSoapTagName TzSoapTagName::ofUnusual(const TzXmlName& name) noexcept {
+    if (name.isEmpty()) {
+        return {{{}, {}, unnamedName().qualifiedText()}, true, true};
+    }
+    const TzCString& prefix = name.getPrefix();
+    return {{prefix, colonAfter(prefix), name.getLocalName()}, false, false};
 }

@@ -6,18 +6,16 @@
 
 #include <string_view>
 
-/// The name on a tag: prefix, colon and local part, which refer to texts that outlive the tag.
+/// The name on a tag: prefix, colon and local part, or all of them as one text in place of the
+/// local part. They refer to texts that outlive the tag.
 struct TzSoapTagName : TzXmlWriter::Spelling {
     bool isUnnamed = false;  ///< Stands for a value without name.
     bool isWritable = false; ///< Known to be a name of XML; false says nothing.
 
     /// The name on the tag of an element named `name`.
     static TzSoapTagName of(const TzXmlName& name) noexcept {
-        const TzCString& prefix = name.getPrefix();
-        return name.isEmpty() ? unnamed()
-                              : TzSoapTagName{{prefix, colonAfter(prefix), name.getLocalName()},
-                                              false,
-                                              name.isWritable()};
+        return name.isWritable() ? TzSoapTagName{{{}, {}, name.qualifiedText()}, false, true}
+                                 : ofUnusual(name);
     }
     /// The name of a block of an envelope. Deliberate: the colon is written even when the prefix is
     /// empty, so that a block never seems to be an unqualified element.
@@ -28,6 +26,9 @@ struct TzSoapTagName : TzXmlWriter::Spelling {
     /// colon if that is empty; `prefix` is written in place of that of the name.
     static TzSoapTagName ofBlock(std::string_view prefix, const TzXmlName& name,
                                  bool alwaysColon) noexcept {
+        if (name.isWritable() && !prefix.empty() && prefix == name.getPrefix()) {
+            return {{{}, {}, name.qualifiedText()}, false, true};
+        }
         return {
             {prefix, alwaysColon ? TzXmlWriter::Colon : colonAfter(prefix), name.getLocalName()},
             false,
@@ -50,5 +51,5 @@ private:
     static std::string_view colonAfter(std::string_view prefix) noexcept {
         return prefix.empty() ? std::string_view() : TzXmlWriter::Colon;
     }
-    static TzSoapTagName unnamed() noexcept;
+    static TzSoapTagName ofUnusual(const TzXmlName& name) noexcept;
 };

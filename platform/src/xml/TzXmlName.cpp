@@ -12,7 +12,7 @@ TzXmlName::TzXmlName(std::string_view text) {
 
 TzXmlName::TzXmlName(std::string_view localName, TzXmlNamespace nameSpace) {
     if (!localName.empty() || !nameSpace.isEmpty()) {
-        parts_ = TzSharedRecord(Parts{TzCString(localName), std::move(nameSpace), {}});
+        parts_ = TzSharedRecord(partsOf(localName, std::move(nameSpace)));
     }
 }
 
@@ -37,20 +37,16 @@ void TzXmlName::setNamespace(const TzXmlNamespace& nameSpace) {
     *this = TzXmlName(getLocalName(), nameSpace);
 }
 
-TzCString TzXmlName::getQualifiedName() const {
+TzCString TzXmlName::qualify(std::string_view prefix, std::string_view localName) {
     TzCString text;
-    appendQualifiedName(text);
-    return text;
-}
-
-void TzXmlName::appendQualifiedName(TzCString& text) const {
-    const TzCString& prefix = getPrefix();
+    text.reserve(prefix.size() + 1 + localName.size());
     text += prefix;
     // The declaration of the default namespace is the one prefixed name without a local part.
-    if (!prefix.empty() && !(getLocalName().empty() && prefix == "xmlns")) {
+    if (!(localName.empty() && prefix == "xmlns")) {
         text += ':';
     }
-    text += getLocalName();
+    text += localName;
+    return text;
 }
 
 TzCString TzXmlName::getUniqueName() const {

@@ -134,7 +134,7 @@ void TzXmlNameResolver::resolveAnew(TzXmlNameCache& cache, Kind kind, const TzXm
 
 TzXmlName TzXmlNameResolver::makeName(const Parts& parts) {
     TzXmlName name = maker_.make(parts.localName, parts.nameSpace);
-    bytes_ += bytesOf(name.getLocalName());
+    bytes_ += bytesOf(name.getLocalName()) + bytesOf(name.qualifiedText());
     return name;
 }
 

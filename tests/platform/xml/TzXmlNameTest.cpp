@@ -128,6 +128,9 @@ TEST(TzXmlName, WritesItsQualifiedName) {
     EXPECT_EQ(named("", "urn:a", "x").getQualifiedName(), "x");
     EXPECT_EQ(named("p", "urn:a", "x").asString(), "p:x");
     EXPECT_EQ(named("p", "", "").getQualifiedName(), "p:");
+    EXPECT_EQ(TzXmlName().getQualifiedName(), "");
+    EXPECT_EQ(named("p", "urn:a", "x").qualifiedText(), "p:x");
+    EXPECT_EQ(named("", "urn:a", "x").qualifiedText(), "x");
     TzCString text = "<";
     named("p", "urn:a", "x").appendQualifiedName(text);
     EXPECT_EQ(text, "<p:x");

@@ -64,9 +64,14 @@ public:
 
     /// Prefix, ":" and local part; the local part alone without prefix; "xmlns" for the declaration
     /// of the default namespace.
-    TzCString getQualifiedName() const;
+    TzCString getQualifiedName() const { return qualifiedText(); }
     /// Appends what `getQualifiedName` returns to `text`.
-    void appendQualifiedName(TzCString& text) const;
+    void appendQualifiedName(TzCString& text) const { text += qualifiedText(); }
+    /// What `getQualifiedName` returns; valid until this object changes. O(1).
+    const TzCString& qualifiedText() const noexcept {
+        const Parts& parts = *parts_;
+        return parts.qualified.empty() ? parts.localName : parts.qualified;
+    }
     /// The text that `getQualifiedName` returns.
     TzCString asString() const { return getQualifiedName(); }
     /// URI, ":" and local part; the local part alone without URI.
@@ -107,8 +112,16 @@ private:
     struct Parts {
         TzCString localName;
         TzXmlNamespace nameSpace;
+        TzCString qualified; // empty without prefix
         Kept finding{};
     };
+
+    static Parts partsOf(std::string_view localName, TzXmlNamespace nameSpace) {
+        TzCString qualified =
+            nameSpace.getPrefix().empty() ? TzCString() : qualify(nameSpace.getPrefix(), localName);
+        return {TzCString(localName), std::move(nameSpace), std::move(qualified), {}};
+    }
+    static TzCString qualify(std::string_view prefix, std::string_view localName);
 
     bool findWritable() const noexcept;
 
@@ -124,9 +137,9 @@ class TzXmlNameMaker {
 public:
     /// The name `localName` in the namespace `nameSpace`.
     TzXmlName make(std::string_view localName, const TzXmlNamespace& nameSpace) {
-        return TzXmlName(maker_.make({TzCString(localName), nameSpace, {}}));
+        return TzXmlName(maker_.make(TzXmlName::partsOf(localName, nameSpace)));
     }
-    /// Bytes that it took so far, local parts and namespaces left out; the names hold no more.
+    /// Bytes that it took so far, texts and namespaces left out; the names hold no more.
     std::size_t bytes() const noexcept { return maker_.bytes(); }
 
 private:
