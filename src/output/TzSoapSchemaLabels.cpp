@@ -4,6 +4,7 @@
 #include <tz/xml/TzXmlNamespace.h>
 
 #include "model/TzSoapLasting.h"
+#include "output/TzSoapStartTag.h"
 
 TzSoapSchemaLabels::TzSoapSchemaLabels() {
     for (std::size_t i = 0; i < labels_.size(); ++i) {
@@ -11,7 +12,10 @@ TzSoapSchemaLabels::TzSoapSchemaLabels() {
             TzSoapContentBase::schemaTypeName(static_cast<TzSoapContentBase::SchemaType>(i));
         if (!name.empty()) {
             labels_[i] = TzXmlName(name, TzXmlNamespace::getXsd());
+            rests_[i] = TzSoapStartTag::Brief::TypeOpen;
+            labels_[i].appendQualifiedName(rests_[i]);
         }
+        rests_[i] += name.empty() ? TzXmlWriter::EndTag : TzSoapStartTag::Brief::TypeClose;
     }
 }
 

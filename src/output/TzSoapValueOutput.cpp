@@ -81,6 +81,10 @@ void TzSoapValueOutput::writeSimple(TzSoapSimpleTypeImp& value) {
     TzSoapStartTag::Brief brief;
     if (startTag_.isBrief(tag, name, value, *type, typeShown, brief)) {
         context_.scope().checkDepth(1);
+        if (escapes && typeShown) {
+            context_.xml().writeElement(tag, labels_.restOfTag(value.getType()), value.text());
+            return;
+        }
         brief.pass([&](const auto&... rest) {
             context_.xml().writeMarkup(TzXmlWriter::StartTag, tag, rest...);
         });

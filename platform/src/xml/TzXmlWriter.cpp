@@ -85,12 +85,59 @@ void TzXmlWriter::write(std::string_view text, bool escape) {
     }
 }
 
+// Copies `tags` bytes at most, besides the content.
+template <typename Start, typename End>
+bool TzXmlWriter::putPlainElement(std::size_t tags, const Start& copyStart,
+                                  std::string_view content, const End& copyEnd) {
+    const std::size_t needed = MostBlanks + tags + content.size() + TzXmlBlock::Size;
+    if (needed > static_cast<std::size_t>(end_ - begin_) || indentation_ > MostBlanks) {
+        return false;
+    }
+    if (needed > room()) {
+        makeRoom();
+    }
+    char* to = at_; // nothing is written until that moves
+    if (indentDue_) {
+        std::memcpy(to, Blanks.data(), MostBlanks);
+        to += indentation_;
+    }
+    to = copyStart(to);
+    const bool isPlain = TzXmlEscape::copyPlain<TzXmlBlock>(to, content);
+    if (isPlain) {
+        at_ = copyEnd(to + content.size());
+        indentDue_ = false;
+    }
+    return isPlain;
+}
+
 void TzXmlWriter::writeElement(const Ready& start, std::string_view content, const Ready& end) {
-    if (!putPlainElement(start, content, end)) {
+    const auto copyStart = [&start](char* to) { return start.copy(to); };
+    const auto copyEnd = [&end](char* to) { return end.copy(to); };
+    if (!putPlainElement(2 * Ready::Most, copyStart, content, copyEnd)) {
         Undo undo(*this);
         write(start.text());
         putEscaped(content);
         put(end.text());
+        undo.allWentWell();
+    }
+    writeNewLine();
+}
+
+void TzXmlWriter::writeElement(const Spelling& name, std::string_view rest,
+                               std::string_view content) {
+    const auto copyStart = [&](char* to) {
+        return copyTo(copyTo(copyTo(to, StartTag), name), rest);
+    };
+    const auto copyEnd = [&](char* to) {
+        return copyTo(copyTo(copyTo(to, StartEndTag), name), EndTag);
+    };
+    const std::size_t tags =
+        StartTag.size() + StartEndTag.size() + 2 * sizeOf(name) + rest.size() + EndTag.size();
+    if (!putPlainElement(tags, copyStart, content, copyEnd)) {
+        Undo undo(*this);
+        writeMarkup(StartTag, name, rest);
+        putEscaped(content);
+        writeMarkup(StartEndTag, name, EndTag);
         undo.allWentWell();
     }
     writeNewLine();
@@ -114,28 +161,6 @@ void TzXmlWriter::writeRest(std::string_view content, const Spelling& name) {
         writeMarkup(StartEndTag, name, EndTag);
     }
     writeNewLine();
-}
-
-bool TzXmlWriter::putPlainElement(const Ready& start, std::string_view content, const Ready& end) {
-    const std::size_t needed = MostBlanks + 2 * Ready::Most + content.size() + TzXmlBlock::Size;
-    if (needed > static_cast<std::size_t>(end_ - begin_) || indentation_ > MostBlanks) {
-        return false;
-    }
-    if (needed > room()) {
-        makeRoom();
-    }
-    char* to = at_; // nothing is written until that moves
-    if (indentDue_) {
-        std::memcpy(to, Blanks.data(), MostBlanks);
-        to += indentation_;
-    }
-    to = start.copy(to);
-    const bool isPlain = TzXmlEscape::copyPlain<TzXmlBlock>(to, content);
-    if (isPlain) {
-        at_ = end.copy(to + content.size());
-        indentDue_ = false;
-    }
-    return isPlain;
 }
 
 void TzXmlWriter::putEscaped(std::string_view text) {

@@ -44,10 +44,12 @@ void writeAll(TzXmlWriter& writer) {
     std::mt19937 random(3);
     const Ready start = ready("<a>");
     const Ready end = ready("</a>");
+    const TzXmlWriter::Spelling name{"p", TzXmlWriter::Colon, "element"};
     for (int round = 0; round < 300; ++round) {
         const std::string text = textOf(random() % 400, random() % 2 == 0, random);
         writer.setIndentation(random() % 70);
         writer.writeElement(start, text, end);
+        writer.writeElement(name, " c=\"1\">", text);
         writer.write(text, true);
         writer.writeAttribute("b", text);
         writer.writeReadyLine(end);
@@ -146,10 +148,36 @@ TEST(TzXmlOutputWriter, AppendsNothingOfATextItRefuses) {
                       [&] { writer.writeElement(ready("<b>"), bad, ready("</b>")); }),
                   "the character U+0001 at offset " + std::to_string(size + 1) +
                       " cannot stand in XML");
+        EXPECT_EQ(textThrown<TzXmlBadArgError>([&] {
+                      writer.writeElement({{}, {}, "b"}, ">", bad);
+                  }),
+                  "the character U+0001 at offset " + std::to_string(size + 1) +
+                      " cannot stand in XML");
         writer.writeElement(ready("<c>"), "1", ready("</c>"));
+        writer.writeElement({{}, {}, "d"}, ">", "2");
         writer.finish();
-        EXPECT_EQ(text, "<a>\n  <c>1</c>\n") << size;
+        EXPECT_EQ(text, "<a>\n  <c>1</c>\n  <d>2</d>\n") << size;
     }
+}
+
+TEST(TzXmlOutputWriter, WritesAnElementInOneGo) {
+    const TzXmlWriter::Spelling qualified{"p", TzXmlWriter::Colon, "a"};
+    const std::string longName(3000, 'n');
+    std::string text;
+    TzXmlOutputWriter writer(text);
+    writer.writeElement(qualified, ">", "1");
+    writer.incrementIndent();
+    writer.writeElement(qualified, " t=\"x\">", "a<b & c");
+    writer.writeElement({{}, {}, longName}, ">", "2");
+    writer.setCompact(true);
+    writer.writeElement(qualified, ">", "");
+    writer.finish();
+    EXPECT_EQ(text, "<p:a>1</p:a>\n"
+                    "  <p:a t=\"x\">a&lt;b &amp; c</p:a>\n"
+                    "  <" +
+                        longName + ">2</" + longName +
+                        ">\n"
+                        "  <p:a></p:a>");
 }
 
 TEST(TzXmlOutputWriter, HandsNothingOverTwice) {

@@ -92,6 +92,10 @@ public:
     /// Appends an element that holds a text only: `start`, the escaped `content` and `end`, and
     /// ends the line. Errors as for `write`, and nothing of the element is appended then.
     void writeElement(const Ready& start, std::string_view content, const Ready& end);
+    /// Appends an element named `name` that holds a text only: its start tag, which goes on with
+    /// `rest` after the name, the escaped `content` and the end tag, and ends the line. Errors as
+    /// above.
+    void writeElement(const Spelling& name, std::string_view rest, std::string_view content);
     /// Appends the escaped `content`, the end tag of an element named `name`, and ends the line.
     /// Errors as for `write`.
     void writeRest(std::string_view content, const Spelling& name);
@@ -262,7 +266,9 @@ private:
     void putLong(std::string_view text);
     void makeRoom();
     void putEscaped(std::string_view text);
-    bool putPlainElement(const Ready& start, std::string_view content, const Ready& end);
+    template <typename Start, typename End>
+    bool putPlainElement(std::size_t tags, const Start& copyStart, std::string_view content,
+                         const End& copyEnd);
 
     TzCString* output_ = nullptr; // null when there is a sink
     std::size_t indentation_ = 0;
