@@ -24,6 +24,12 @@ public:
         std::string_view uri;
     };
 
+    /// Becomes a copy of `other`; both must hold fewer declarations than are searched by an index.
+    void assign(const TzSoapDeclarations& other) {
+        entries_.assign(other.entries_);
+        scopes_.assign(other.scopes_);
+        texts_.assign(other.texts_);
+    }
     /// Opens a scope without declarations.
     void openScope() { scopes_.push_back({entries_.size(), texts_.size(), false}); }
     /// Closes the innermost scope, which must be there, and forgets its declarations.

@@ -51,6 +51,11 @@ public:
         size_ += count;
         return end() - count;
     }
+    /// Becomes a copy of `other`.
+    void assign(const TzSoapInlineVector& other) requires std::is_trivial_v<Value> {
+        clear();
+        std::copy_n(other.begin(), other.size(), extend(other.size()));
+    }
     /// Removes the last value; there must be one.
     void pop_back() noexcept { shrink(size_ - 1); }
     /// Removes the value at `position`, the others keep their order.

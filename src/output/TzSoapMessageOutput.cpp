@@ -11,6 +11,7 @@
 #include <tz/xml/TzXmlProlog.h>
 
 #include "model/TzSoapAccess.h"
+#include "output/TzSoapEnvelopeTag.h"
 #include "output/TzSoapScopeRules.h"
 
 #include <algorithm>
@@ -74,6 +75,31 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessage
     addContents(together, TzSoapAccess::body(message.getSoapBody()));
     const TzSoapOutputContext::Flag inEnvelope = context_.enterEnvelope();
     const TzSoapOpenElement element(context_);
+    const TzSoapEnvelopeTag* const repeated = enterRepeated(message);
+    const TzCString prefix = repeated != nullptr ? blockPrefix(message.getName()) : enter(message);
+    writeProlog(message);
+    const TzSoapTagName name = blockName(prefix, message.getName());
+    if (repeated != nullptr) {
+        repeated->write(context_, name);
+    } else {
+        writeStart(message, name);
+    }
+    writeText(message.text(TzSoapMessageImp::BeforeHeader));
+    writeParts(visitor, message);
+    writeText(message.text(TzSoapMessageImp::AfterBody));
+    name.endBlock(context_.xml());
+}
+
+const TzSoapEnvelopeTag* TzSoapMessageOutput::enterRepeated(const TzSoapMessageImp& message) {
+    const TzSoapEnvelopeTag* const before = context_.envelopeTag();
+    if (before == nullptr || !before->isOf(message, context_)) {
+        return nullptr;
+    }
+    before->enter(context_.scope());
+    return before;
+}
+
+TzCString TzSoapMessageOutput::enter(const TzSoapMessageImp& message) {
     startTag_.begin(message.getAttributeSet());
     startTag_.qualifyName(message.getName());
     startTag_.collectBlock(message);
@@ -81,16 +107,21 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessage
     const TzCString prefix = blockPrefix(message.getName()); // a copy: names may change
     context_.scope().declareUnbound(prefix, envelopeUri());
     context_.rules().declareUsed(context_.scope(), message);
+    return prefix;
+}
+
+void TzSoapMessageOutput::writeProlog(const TzSoapMessageImp& message) {
     if (message.hasProlog()) {
         std::apply([&](const auto&... pieces) { context_.xml().writeMarkupLine(pieces...); },
                    message.getProlog().pieces());
     }
-    const TzSoapTagName name = blockName(prefix, message.getName());
+}
+
+void TzSoapMessageOutput::writeStart(const TzSoapMessageImp& message, const TzSoapTagName& name) {
     startTag_.writeBlock(name);
-    writeText(message.text(TzSoapMessageImp::BeforeHeader));
-    writeParts(visitor, message);
-    writeText(message.text(TzSoapMessageImp::AfterBody));
-    name.endBlock(context_.xml());
+    if (context_.envelopeTag() != nullptr) {
+        context_.envelopeTag()->keep(message, context_, startTag_);
+    }
 }
 
 void TzSoapMessageOutput::writeParts(TzSoapConstVisitor& visitor, const TzSoapMessageImp& message) {

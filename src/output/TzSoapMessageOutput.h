@@ -11,6 +11,7 @@
 class TzSoapBodyImp;
 class TzSoapConstVisitor;
 class TzSoapElementImp;
+class TzSoapEnvelopeTag;
 class TzSoapHeaderImp;
 class TzSoapMessageImp;
 class TzSoapValueList;
@@ -36,6 +37,10 @@ public:
     void write(TzSoapConstVisitor& visitor, const TzSoapBodyImp& body);
 
 private:
+    const TzSoapEnvelopeTag* enterRepeated(const TzSoapMessageImp& message);
+    TzCString enter(const TzSoapMessageImp& message);
+    void writeProlog(const TzSoapMessageImp& message);
+    void writeStart(const TzSoapMessageImp& message, const TzSoapTagName& name);
     void writeParts(TzSoapConstVisitor& visitor, const TzSoapMessageImp& message);
     static void addContents(TzSoapWrittenTogether& together, const TzSoapBodyImp& body);
     void collect(const TzXmlName& name, const TzSoapElementImp& block);

@@ -22,6 +22,7 @@
 
 class TzMimeMultipart;
 class TzSoapConstVisitor;
+class TzSoapEnvelopeTag;
 class TzSoapScopeRules;
 
 /// What all output of one writer or serializer needs: its destination, version and rules, and the
@@ -77,6 +78,12 @@ public:
     TzMimeMultipart* multipart() const noexcept { return multipart_; }
     /// Inserts MIME parts into `multipart` from now on, or nowhere when it is null.
     void setMultipart(TzMimeMultipart* multipart) noexcept { multipart_ = multipart; }
+
+    /// The tag of the envelope before, which serves the next one; null without one, and within
+    /// writers that may have something else open.
+    TzSoapEnvelopeTag* envelopeTag() const noexcept { return envelopeTag_; }
+    /// Lets `tag`, which must outlive this object, serve the envelope that is written next.
+    void setEnvelopeTag(TzSoapEnvelopeTag& tag) noexcept { envelopeTag_ = &tag; }
 
     /// The names of the version written.
     const TzSoapVersion& soap() const noexcept { return *soap_; }
@@ -164,6 +171,7 @@ private:
     Shared* shared_;
     std::shared_ptr<void> keeper_; // of shared_; null while a path holds that for its own context
     std::optional<bool> compact_;  // empty: the layout of the XML writer
+    TzSoapEnvelopeTag* envelopeTag_ = nullptr; // not that of copies
     bool isWithin_ = false;
     bool versionFixed_ = false;
     bool inEnvelope_ = false;

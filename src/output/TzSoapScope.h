@@ -93,6 +93,12 @@ public:
     /// to `uri`, in decimal. O(log declarations) for each declaration made or dropped since the
     /// last call.
     TzCString numberFor(std::string_view base, std::string_view first, std::string_view uri) const;
+    /// Declares on the innermost element, which is the only one and declares nothing yet, all that
+    /// `declarations`, a scope and no more, hold.
+    void enterOutermost(const TzSoapDeclarations& declarations) {
+        declarations_.assign(declarations);
+        ++declarationChanges_;
+    }
     /// Whether `name` needs a declaration. Deliberate: a prefix that is bound stays as it is,
     /// whatever its URI, so that no prefix changes its meaning within an element; only the default
     /// namespace does. While names are exact, a prefix bound otherwise needs one, too, and so does

@@ -409,8 +409,14 @@ bool TzSoapStartTag::writeShort(const TzSoapTagName& tag, const TzXmlName& name,
 
 void TzSoapStartTag::writeSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value) {
     const TzXmlName& name = context_.table().attribute(attribute);
-    if (!name.isEmpty()) {
-        const std::string_view prefix = scope().envelopePrefix();
+    if (name.isEmpty()) {
+        return;
+    }
+    const std::string_view prefix = scope().envelopePrefix();
+    if (prefix == name.getPrefix() && name.isWritable() && TzXmlWriter::isPlain(value)) {
+        context_.xml().writeMarkup(" ", std::string_view(name.qualifiedText()),
+                                   TzXmlWriter::EqualToAndQuotes, value, TzXmlWriter::Quotes);
+    } else {
         checkName(prefix, name);
         writeAttribute(prefix, name.getLocalName(), value);
     }
@@ -482,6 +488,24 @@ void TzSoapStartTag::writeDeclarations() {
             writeDeclaration(prefix, uri);
         }
     }
+}
+
+bool TzSoapStartTag::hasReadyDeclarations() const {
+    return scope().hasDeclarations() && areReady(scope().declarations());
+}
+
+TzCString TzSoapStartTag::styleAttribute() const {
+    if (!scope().isStyleStated()) {
+        return {};
+    }
+    const TzXmlName& name = soap().getSoapAttributeQName(TzSoapVersion::EncodingStyle);
+    return TzCString(" ")
+        .append(stylePrefix_)
+        .append(TzXmlWriter::Colon)
+        .append(name.getLocalName())
+        .append(TzXmlWriter::EqualToAndQuotes)
+        .append(scope().ownStyle())
+        .append(TzXmlWriter::Quotes);
 }
 
 void TzSoapStartTag::writeDeclaration(std::string_view prefix, std::string_view uri) {

@@ -166,6 +166,17 @@ public:
     void writeElementName(const TzSoapTagName& name);
     /// Writes the declarations of the element.
     void writeDeclarations();
+    /// Whether the element declares something and its declarations can be written as they stand
+    /// together in the scope.
+    bool hasReadyDeclarations() const;
+    /// Whether the style attribute, if any, is spelt with a prefix and holds nothing to escape.
+    bool isStylePlain() const {
+        return !scope().isStyleStated() ||
+               (!stylePrefix_.empty() && TzXmlWriter::isPlain(scope().ownStyle()));
+    }
+    /// The style attribute as it stands on the tag, a blank before it; "" when no style is stated.
+    /// `isStylePlain` must hold.
+    TzCString styleAttribute() const;
     /// Writes one declaration; `TzXmlBadArgError` for a prefix that no name can have, and for "xml"
     /// and "xmlns" with a URI of another namespace.
     void writeDeclaration(std::string_view prefix, std::string_view uri);

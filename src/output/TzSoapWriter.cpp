@@ -2,6 +2,7 @@
 #include <soap/TzSoapWriter.h>
 
 #include "model/TzSoapAccess.h"
+#include "output/TzSoapEnvelopeTag.h"
 #include "output/TzSoapMessageText.h"
 #include "output/TzSoapOutputPath.h"
 #include "output/TzSoapWriterRules.h"
@@ -23,6 +24,8 @@ std::optional<bool> TzSoapMessageText::write(const TzSoapMessage& message, TzXml
     // Nobody else gets this writer, so what it writes with need not outlive this call.
     TzSoapOutputPath path(writerKind(), &xml, parts);
     TzSoapWriter writer = TzSoapAccess::writingWith<TzSoapWriter>(path);
+    TzSoapEnvelopeTagInUse envelope;
+    path.context.setEnvelopeTag(*envelope);
     path.context.setCompact(layout == TzSoapLayout::Compact);
     path.write(writer, message);
     return path.context.book().entriesLedToParts();
