@@ -104,7 +104,7 @@ TzCString TzSoapMessageOutput::enter(const TzSoapMessageImp& message) {
     startTag_.qualifyName(message.getName());
     startTag_.collectBlock(message);
     startTag_.qualifyStyle();
-    const TzCString prefix = blockPrefix(message.getName()); // a copy: names may change
+    TzCString prefix = blockPrefix(message.getName()); // a copy: names may change
     context_.scope().declareUnbound(prefix, envelopeUri());
     context_.rules().declareUsed(context_.scope(), message);
     return prefix;

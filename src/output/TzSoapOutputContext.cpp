@@ -22,12 +22,12 @@ TzSoapOutputContext::TzSoapOutputContext(const TzSoapOutputContext& other)
 }
 
 TzSoapOutputContext::TzSoapOutputContext(const TzSoapOutputContext& other,
-                                         std::shared_ptr<void> keeper)
+                                         const std::shared_ptr<void>& keeper)
     : kind_(other.kind_), rules_(other.rules_), xml_(other.xml_), multipart_(other.multipart_),
       soap_(other.soap_), table_(other.table_), shared_(other.shared_),
-      keeper_(other.keeper_ != nullptr ? other.keeper_ : std::move(keeper)),
-      compact_(other.compact_), isWithin_(true), versionFixed_(other.versionFixed_),
-      inEnvelope_(other.inEnvelope_), standalone_(other.standalone_) {}
+      keeper_(other.keeper_ != nullptr ? other.keeper_ : keeper), compact_(other.compact_),
+      isWithin_(true), versionFixed_(other.versionFixed_), inEnvelope_(other.inEnvelope_),
+      standalone_(other.standalone_) {}
 
 void TzSoapOutputContext::setVersion(TzSoapVersion::Version version) {
     soap_ = &TzSoapVersion::getSoapVersion(version);

@@ -55,7 +55,7 @@ public:
     TzSoapOutputContext(const TzSoapOutputContext& other);
     /// The context of a writer within: the settings of `other`, and what that shares. `keeper`
     /// keeps the path of `other` alive.
-    TzSoapOutputContext(const TzSoapOutputContext& other, std::shared_ptr<void> keeper);
+    TzSoapOutputContext(const TzSoapOutputContext& other, const std::shared_ptr<void>& keeper);
     TzSoapOutputContext& operator=(const TzSoapOutputContext&) = delete;
     TzSoapOutputContext& operator=(TzSoapOutputContext&&) noexcept = default;
     ~TzSoapOutputContext() = default;
