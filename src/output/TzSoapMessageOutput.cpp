@@ -78,6 +78,7 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessage
     const TzSoapEnvelopeTag* const repeated = enterRepeated(message);
     const TzCString prefix = repeated != nullptr ? blockPrefix(message.getName()) : enter(message);
     writeProlog(message);
+    const TzXmlName kept = keptFrom(visitor, message.getName());
     const TzSoapTagName name = blockName(prefix, message.getName());
     if (repeated != nullptr) {
         repeated->write(context_, name);
@@ -157,6 +158,7 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapHeaderI
     together.addAll(header.entries());
     startTag_.qualifyStyle();
     const TzCString prefix = prefixFor(header.getName());
+    const TzXmlName kept = keptFrom(visitor, header.getName());
     const TzSoapTagName name = blockName(prefix, header.getName());
     startTag_.writeBlock(name);
     writeEntries(visitor, header.entries());
@@ -174,6 +176,7 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapBodyImp
         context_.rules().collectBodyProperties(startTag_, body);
     }
     const TzCString prefix = prefixFor(body.getName());
+    const TzXmlName kept = keptFrom(visitor, body.getName());
     const TzSoapTagName name = blockName(prefix, body.getName());
     startTag_.writeBlock(name);
     writeText(body.textBeforeFault());
@@ -194,6 +197,13 @@ void TzSoapMessageOutput::collect(const TzXmlName& name, const TzSoapElementImp&
         startTag_.qualifyName(name);
     }
     startTag_.collectBlock(block);
+}
+
+TzXmlName TzSoapMessageOutput::keptFrom(const TzSoapConstVisitor& visitor,
+                                        const TzXmlName& name) const {
+    // Only a visitor of a derived class may change it meanwhile; for all others no count is
+    // touched, because threads share the names of blocks.
+    return context_.isServed(visitor) ? TzXmlName() : name;
 }
 
 const TzCString& TzSoapMessageOutput::prefixFor(const TzXmlName& name) const {

@@ -44,6 +44,8 @@ private:
     void writeParts(TzSoapConstVisitor& visitor, const TzSoapMessageImp& message);
     static void addContents(TzSoapWrittenTogether& together, const TzSoapBodyImp& body);
     void collect(const TzXmlName& name, const TzSoapElementImp& block);
+    // A copy of `name` that keeps its texts while `visitor` writes what is within its element.
+    TzXmlName keptFrom(const TzSoapConstVisitor& visitor, const TzXmlName& name) const;
     const TzCString& prefixFor(const TzXmlName& name) const;
     const TzCString& blockPrefix(const TzXmlName& name) const;
     const TzCString& envelopeUri() const;

@@ -2,6 +2,7 @@
 #include <soap/TzSoapWriter.h>
 
 #include <soap/TzSoapBody.h>
+#include <soap/TzSoapBodyImp.h>
 #include <soap/TzSoapCompactArrayType.h>
 #include <soap/TzSoapCompositeType.h>
 #include <soap/TzSoapFault.h>
@@ -328,6 +329,22 @@ TEST(TzSoapWriter, RefusesAVersionThatDoesNotExist) {
     expectCatalogued<TzXmlError>(
         [&] { writer.setVersion(static_cast<TzSoapVersion::Version>(3)); }, 0x7011,
         "[UNKNOWN_VERSION][SOAP Version specified by URI \"\" is unknown ]");
+}
+
+TEST(TzSoapWriter, EndsElementsAsTheyBeganWhateverAVisitorChanges) {
+    TzSoapMessage message = encodedMessage(TzSoapVersion::V1_1, {intValue("hook", 1)});
+    message.setSoapPrefix("a-prefix-of-some-length");
+    TzXmlStringWriter text;
+    HookWriter writer(&text, [&message](TzSoapWriter&) {
+        message.setSoapPrefix("another-prefix-of-some-length");
+        TzSoapAccess::body(message.getSoapBody()).setName(TzXmlName("a-name-of-some-length"));
+        TzSoapAccess::body(message.getSoapBody()).setName(TzXmlName("another-of-some-length"));
+    });
+    message.acceptVisitor(writer);
+    EXPECT_TRUE(text.getString().ends_with("  <a-prefix-of-some-length:Body>\n"
+                                           "  </a-prefix-of-some-length:Body>\n"
+                                           "</a-prefix-of-some-length:Envelope>\n"))
+        << text.getString();
 }
 
 TEST(TzSoapWriter, ElementsWriteThemselves) {
