@@ -21,8 +21,8 @@ struct TzSoapTagName;
 /// The start tag of an envelope, ready for the next one that is alike: most messages of a program
 /// carry the same declarations and state the same style.
 ///
-/// Envelopes that carry anything but declarations are not kept, so no value of a message is, and
-/// none that takes much memory is.
+/// The tag of an envelope that carries anything but declarations is not kept, so no value of a
+/// message is; nor is a tag of more than 1 KiB or 8 declarations.
 class TzSoapEnvelopeTag {
 public:
     /// Whether the tag of `message` in `context`, where nothing else is open, is this one.
@@ -50,7 +50,7 @@ private:
     bool hasDeclarationsOf(const TzSoapMessageImp& message) const;
 
     // What the tag depends on; no rules: that of no message.
-    const TzSoapScopeRules* rules_ = nullptr;
+    const TzSoapScopeRules* rules_ = nullptr; // tables and rules last as long as the library
     const TzSoapVersionTable* table_ = nullptr;
     TzCString name_;         // qualified
     std::size_t prefix_ = 0; // its size

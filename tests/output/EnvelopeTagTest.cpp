@@ -99,7 +99,7 @@ TzSoapMessage literal(const char* uri) {
     });
 }
 
-/// A usual message with an attribute that looks like the declaration it has in place of.
+/// A usual message in which an attribute that only looks like a declaration replaces one.
 TzSoapMessage withSeemingDeclaration() {
     return changed([](TzSoapMessage& message) {
         TzSoapAttributeSet& attributes = attributesOf(message);
