@@ -2,9 +2,12 @@
 #include "HeapCount.h"
 
 #include <malloc.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 
@@ -23,12 +26,16 @@ std::ptrdiff_t sizeOf(void* block) noexcept {
     return static_cast<std::ptrdiff_t>(malloc_usable_size(block)) + BlockHeader;
 }
 
+void note(std::ptrdiff_t bytes) noexcept {
+    liveBytes += bytes;
+    peak = std::max(peak, liveBytes);
+}
+
 // The allocator reports what a block takes: a note before each block would
 // spread the values that are measured over more memory than they have in a program.
 void count(void* block) noexcept {
-    liveBytes += sizeOf(block);
+    note(sizeOf(block));
     ++liveAllocations;
-    peak = std::max(peak, liveBytes);
 }
 
 void* allocate(std::size_t size) {
@@ -64,6 +71,23 @@ void HeapCount::startPeak() noexcept {
 }
 
 std::size_t HeapCount::peakBytes() noexcept { return static_cast<std::size_t>(peak); }
+
+// What the library takes from the system itself; an allocator's own calls do not come here.
+extern "C" [[gnu::visibility("default")]] void* mmap(void* place, std::size_t size, int access,
+                                                     int flags, int file, off_t offset) {
+    const auto result = syscall(SYS_mmap, place, size, access, flags, file, offset);
+    if (counting && result != -1) {
+        note(static_cast<std::ptrdiff_t>(size));
+    }
+    return reinterpret_cast<void*>(result);
+}
+
+extern "C" [[gnu::visibility("default")]] int munmap(void* place, std::size_t size) {
+    if (counting) {
+        note(-static_cast<std::ptrdiff_t>(size));
+    }
+    return static_cast<int>(syscall(SYS_munmap, place, size));
+}
 
 void* operator new(std::size_t size) { return allocate(size); }
 void* operator new[](std::size_t size) { return allocate(size); }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Register.h"
 
+#include <tz/thread/TzTSpares.h>
+
 void bench::addReading(const std::string& name, const SharedSubject& subject, Heap heap) {
     add(name, [subject, heap](benchmark::State& state) {
         const std::string& text = subject->text();
@@ -9,6 +11,7 @@ void bench::addReading(const std::string& name, const SharedSubject& subject, He
             unmeasured(state, [&] {
                 message.reset();
                 if (heap == Heap::Fresh) {
+                    TzSpares::dropOfThisThread();
                     malloc_trim(0);
                 }
             });

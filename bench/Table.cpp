@@ -5,6 +5,8 @@
 #include "Packages.h"
 #include "Workloads.h"
 
+#include <tz/thread/TzTSpares.h>
+
 #include <cstdio>
 #include <cstdlib>
 
@@ -146,10 +148,12 @@ struct HeapLimits {
 
 /// Prints what a message that was read keeps on the heap for each of its values.
 bool printHeap(const char* what, const std::string& text, int values, const HeapLimits& most) {
+    TzSpares::dropOfThisThread();
     HeapCount::start();
     const HeapCount before = HeapCount::now();
     TzSoapMessage message;
     message.extract(text);
+    TzSpares::dropOfThisThread();
     const HeapCount kept = HeapCount::now() - before;
     const std::string bytes = std::string("heap bytes kept per ") + what;
     const std::string allocations = std::string("allocations kept per ") + what;

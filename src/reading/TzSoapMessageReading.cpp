@@ -134,6 +134,9 @@ void TzSoapMessageImp::prepare(std::size_t textSize) {
     state.messageStyle = style_;
     state.markupNames = markupNames_;
     state.budget = TzSoapReadBudget(readLimits_, textSize);
+    // Values take up three to four times the size of a usual text. Less is expected, because what
+    // is taken for too many is wasted.
+    state.valueMemory.left = textSize / 4 * 11;
     parser().setDepthLimit(readLimits_.depth);
     parser().setAttributeLimit(readLimits_.attributes);
     parser().setUriLimit(readLimits_.uriLength);

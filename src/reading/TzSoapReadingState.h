@@ -41,8 +41,9 @@ public:
     TzSoapStyle messageStyle = TzSoapStyle::Encoded; ///< How the text is read.
     std::vector<TzXmlName> markupNames;              ///< Elements that are kept as markup.
     TzSoapDroppedText droppedText;                   ///< Text that was left out so far.
-    TzBlocks bodies;                                 ///< Where the bodies of values are made.
-    TzBlocks links;                                  ///< Where lists hold them.
+    TzBlocks::Plan valueMemory;                      ///< What is expected to be made in these:
+    TzBlocks bodies{valueMemory};                    ///< Where the bodies of values are made.
+    TzBlocks links{valueMemory};                     ///< Where lists hold them.
 
     /// The version being read: that of the message, the latest without one.
     TzSoapVersion::Version version() const;

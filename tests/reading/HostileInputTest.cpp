@@ -16,7 +16,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <iterator>
 #include <new>
+#include <optional>
 #include <random>
 #include <string>
 #include <utility>
@@ -322,6 +324,30 @@ TEST_P(HostileInput, WhatADeepTextNeededIsNotKeptForTheNext) {
     message.extract(wire.body(repeated("<a>", 900) + repeated("</a>", 900)));
     message.extract(shallow);
     EXPECT_LT(liveAllocations() - before, 100);
+}
+
+TEST_P(HostileInput, MemoryForTheValuesOfALongTextIsTakenForManyAtATime) {
+    const std::string text = wire.body(
+        "<s>" + repeated("<amount xsi:type=\"xsd:int\">100000000</amount>", 40000) + "</s>");
+    TzSoapMessage message;
+    const std::size_t made = madeAllocations();
+    message.extract(text);
+    EXPECT_LT(madeAllocations() - made, 40000U / 50);
+}
+
+TEST_P(HostileInput, AValueOfALongTextThatIsKeptHoldsNoOtherBack) {
+    const std::string text = wire.body(
+        "<s>" + repeated("<amount xsi:type=\"xsd:int\">100000000</amount>", 40000) + "</s>");
+    const auto keepOne = [&text] {
+        const std::ptrdiff_t before = liveAllocations();
+        const TzSoapType kept =
+            *std::next(composite(bodyEntry(readMessage(text))).childrenBegin(), 30000);
+        return liveAllocations() - before;
+    };
+    keepOne(); // statics of the first use stay
+    const std::ptrdiff_t before = liveAllocations();
+    EXPECT_LT(keepOne(), 10); // the memory it lies in, its name and its type
+    EXPECT_EQ(liveAllocations(), before);
 }
 
 TEST_P(HostileInput, AnElementMayHaveAHundredThousandAttributes) {

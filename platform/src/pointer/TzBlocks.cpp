@@ -1,35 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <tz/pointer/TzBlocks.h>
 
+#include "pointer/TzAddressSanitizer.h"
+#include "pointer/TzBlockRegions.h"
+
 #include <algorithm>
 #include <new>
 #include <utility>
 
-#if defined(__SANITIZE_ADDRESS__)
-#define TZ_POISON_OBJECTS
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define TZ_POISON_OBJECTS
-#endif
-#endif
-#ifdef TZ_POISON_OBJECTS
-#include <sanitizer/asan_interface.h>
-#endif
-
-namespace {
-
-// The address sanitizer sees blocks, not the objects in them, unless it is shown which are gone.
-void poison([[maybe_unused]] void* place, [[maybe_unused]] std::size_t size) noexcept {
-#ifdef TZ_POISON_OBJECTS
-    ASAN_POISON_MEMORY_REGION(place, size);
-#endif
-}
-
-} // namespace
-
 void TzBlocks::nextBlock() {
     const std::size_t size = std::min(std::max(2 * end_, FirstBlock), LargestBlock);
-    auto* const fresh = ::new (::operator new(size)) Block;
+    Block* const fresh = newBlock(size);
     leaveBlock();
     block_ = fresh;
     used_ = sizeof(Block);
@@ -37,10 +18,36 @@ void TzBlocks::nextBlock() {
     made_ = 0;
 }
 
+TzBlocks::Block* TzBlocks::newBlock(std::size_t size) {
+    Block* block = nullptr;
+    if (size == LargestBlock) {
+        const bool mayOpen = plan_ != nullptr && plan_->left >= TzBlockRegion::Size;
+        block = TzBlockRegions::take(mayOpen);
+    }
+    if (block != nullptr) {
+        // Objects may have ended there.
+        TzAddressSanitizer::unpoison(block + 1, size - sizeof(Block));
+    } else {
+        block = ::new (::operator new(size)) Block;
+    }
+    if (plan_ != nullptr) {
+        plan_->left -= std::min(plan_->left, size);
+    }
+    return block;
+}
+
+void TzBlocks::end(Block* block) noexcept {
+    if (block->region != nullptr) {
+        TzBlockRegions::giveBack(block);
+    } else {
+        ::operator delete(block);
+    }
+}
+
 void TzBlocks::leaveBlock() noexcept {
     Block* const block = std::exchange(block_, nullptr);
     if (block != nullptr && block->users.leave(MostUsers - made_)) {
-        ::operator delete(block);
+        end(block);
     }
 }
 
@@ -51,8 +58,8 @@ void TzBlocks::finish() noexcept {
 }
 
 void TzBlocks::leave(Block* block, void* place, std::size_t size) noexcept {
-    poison(place, size);
+    TzAddressSanitizer::poison(place, size);
     if (block->users.leave()) {
-        ::operator delete(block);
+        end(block);
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tz/pointer/TzBodyBase.h>
 
+#include "pointer/TzBlockRegions.h"
 #include "pointer/TzTRing.h"
 
 /// Bodies of this thread that have no reference left and wait for the deletion under way to end.
@@ -40,6 +41,7 @@ template <typename Lock> void TzTCountingBody<Lock>::dispose(TzTCountingBody* bo
         delete waiting.pop();
     }
     waiting.deleting = false;
+    TzBlockRegions::dropWaste();
 }
 
 template <typename Lock> void TzTCountingBody<Lock>::addInRing(std::uintptr_t ring) noexcept {

@@ -6,16 +6,24 @@
 
 #include <cstddef>
 
+class TzBlockRegion;
+
 /// Makes small objects many at a time, in blocks of memory.
 ///
 /// A block goes with the last of its objects, so an object that is kept holds back its block, 4 KiB
-/// at most. The first blocks are smaller. One maker belongs to one thread; its objects may go to
-/// other threads and may outlive it.
+/// at most. The first blocks are smaller. A maker that expects to need megabytes has its blocks cut
+/// from regions of 2 MiB, whose free blocks serve all makers and give their memory back. One maker
+/// belongs to one thread; its objects may go to other threads and may outlive it.
 class TZ_PLATFORM_API TzBlocks {
 public:
+    /// What the makers of one piece of work expect to need.
+    struct Plan {
+        std::size_t left = 0; ///< Bytes of the blocks to come; 0 if unknown.
+    };
     /// The beginning of a block; objects follow.
     struct alignas(16) Block {
         TzUseCount users{MostUsers};
+        TzBlockRegion* region = nullptr; ///< What it was cut from, null for memory of its own.
     };
     /// Size of the largest blocks in bytes: 4 KiB with what an allocator adds, and objects of 112
     /// bytes, which are the most frequent, fill it.
@@ -26,6 +34,8 @@ public:
     static constexpr std::size_t LargestObject = FirstBlock - sizeof(Block);
 
     TzBlocks() noexcept = default;
+    /// A maker that follows `plan`, which lives as long, and takes its blocks off it.
+    explicit TzBlocks(Plan& plan) noexcept : plan_(&plan) {}
     TzBlocks(const TzBlocks&) = delete;
     TzBlocks& operator=(const TzBlocks&) = delete;
     ~TzBlocks() { finish(); }
@@ -56,8 +66,11 @@ private:
     static constexpr std::ptrdiff_t MostUsers = LargestBlock;
 
     void nextBlock();
+    Block* newBlock(std::size_t size);
     void leaveBlock() noexcept;
+    static void end(Block* block) noexcept;
 
+    Plan* plan_ = nullptr;
     Block* block_ = nullptr;
     std::size_t used_ = 0; // bytes from the beginning of the block
     std::size_t end_ = 0;

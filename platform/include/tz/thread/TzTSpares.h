@@ -17,8 +17,9 @@ public:
     /// A number for the calling thread, from 0 in the order in which threads ask first.
     static std::size_t threadNumber() noexcept;
     /// Frees everything that waits for the next work on the calling thread, such as the names of
-    /// the texts that it has read. For a thread that will not work for a while. May be called at
-    /// any time, also during such work, whose objects do not wait.
+    /// the texts that it has read, and what waits for that of any thread. For a thread that will
+    /// not work for a while. May be called at any time, also during such work, whose objects do not
+    /// wait.
     static void dropOfThisThread() noexcept;
 
 protected:
