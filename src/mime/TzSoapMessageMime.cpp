@@ -75,7 +75,7 @@ TzCString TzSoapMessage::asText(TzSoapLayout layout) const {
     return text;
 }
 
-void TzSoapMessage::writeTo(TzCString& text, TzSoapLayout layout) const {
+[[gnu::hot]] void TzSoapMessage::writeTo(TzCString& text, TzSoapLayout layout) const {
     // A derived message may override how it finds attachments and makes its package.
     const bool derived = isDerived();
     if (derived && hasAttachments()) {

@@ -14,12 +14,12 @@ TzSoap11Version& TzSoap11Version::operator=(const TzSoap11Version&) noexcept = d
 
 TzSoap11Version::~TzSoap11Version() = default;
 
-TzSoapVersion& TzSoap11Version::getSoapVersion() {
+[[gnu::hot]] TzSoapVersion& TzSoap11Version::getSoapVersion() {
     static TzSoapLasting<TzSoap11Version> version([] { return TzSoap11Version(); });
     return *version;
 }
 
-TzSoapVersion::Version TzSoap11Version::getVersion() const { return V1_1; }
+[[gnu::hot]] TzSoapVersion::Version TzSoap11Version::getVersion() const { return V1_1; }
 
 const TzXmlNamespace& TzSoap11Version::getSoapEnv() const {
     return Table::soap11().nameSpace(Table::Envelope);

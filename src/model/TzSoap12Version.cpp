@@ -14,7 +14,7 @@ TzSoap12Version& TzSoap12Version::operator=(const TzSoap12Version&) noexcept = d
 
 TzSoap12Version::~TzSoap12Version() = default;
 
-TzSoapVersion& TzSoap12Version::getSoapVersion() {
+[[gnu::hot]] TzSoapVersion& TzSoap12Version::getSoapVersion() {
     static TzSoapLasting<TzSoap12Version> version([] { return TzSoap12Version(); });
     return *version;
 }

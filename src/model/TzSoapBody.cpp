@@ -12,7 +12,9 @@ TzSoapBody::TzSoapBody(TzSoapBodyImp* body) noexcept : TzHandleBase(body) {}
 
 TzSoapBody::~TzSoapBody() = default;
 
-TzSoapBodyImp& TzSoapBody::body() const { return static_cast<TzSoapBodyImp&>(bodyBase()); }
+[[gnu::hot]] TzSoapBodyImp& TzSoapBody::body() const {
+    return static_cast<TzSoapBodyImp&>(bodyBase());
+}
 
 TzSoapElementImp& TzSoapBody::elementBody() const { return body(); }
 

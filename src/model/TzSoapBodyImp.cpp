@@ -44,7 +44,7 @@ TzSoapBodyImp::iterator TzSoapBodyImp::insert(iterator position, const TzSoapTyp
     return entries_.insert(position, entry);
 }
 
-bool TzSoapBodyImp::hasSoapFault() const {
+[[gnu::hot]] bool TzSoapBodyImp::hasSoapFault() const {
     return !TzSoapAccess::body(fault_).getCode().getLocalName().empty();
 }
 

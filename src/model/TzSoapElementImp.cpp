@@ -103,11 +103,11 @@ void TzSoapElementImp::shareEncodingStyle(const TzSharedRecord<TzCString>& style
     }
 }
 
-TzSharedRecord<TzCString> TzSoapElementImp::sharedEncodingStyle() const noexcept {
+[[gnu::hot]] TzSharedRecord<TzCString> TzSoapElementImp::sharedEncodingStyle() const noexcept {
     return texts_ != nullptr ? texts_->encodingStyle : TzSharedRecord<TzCString>();
 }
 
-bool TzSoapElementImp::hasEncodingStyleAttribute() const {
+[[gnu::hot]] bool TzSoapElementImp::hasEncodingStyleAttribute() const {
     return texts_ != nullptr && !texts_->encodingStyle->empty();
 }
 
@@ -133,11 +133,11 @@ bool TzSoapElementImp::getRoot() const { return root_ == Flag::True; }
 
 void TzSoapElementImp::setRoot(bool root) { root_ = root ? Flag::True : Flag::False; }
 
-bool TzSoapElementImp::isRootAttributeSet() const { return root_ != Flag::Absent; }
+[[gnu::hot]] bool TzSoapElementImp::isRootAttributeSet() const { return root_ != Flag::Absent; }
 
 void TzSoapElementImp::removeRootAttribute() { root_ = Flag::Absent; }
 
-const TzXmlName& TzSoapElementImp::getTypeValue() const { return type_; }
+[[gnu::hot]] const TzXmlName& TzSoapElementImp::getTypeValue() const { return type_; }
 
 TzCString TzSoapElementImp::getTypeAttribute() const { return type_.getQualifiedName(); }
 
@@ -145,7 +145,7 @@ TzCString TzSoapElementImp::getTypeAttribute() const { return type_.getQualified
 
 void TzSoapElementImp::removeTypeAttribute() { type_ = TzXmlName(); }
 
-const TzCString& TzSoapElementImp::getActorAttribute() const {
+[[gnu::hot]] const TzCString& TzSoapElementImp::getActorAttribute() const {
     return texts_ != nullptr ? texts_->actor : TzSoapAttributeSet::getEmptyString();
 }
 
@@ -161,7 +161,9 @@ void TzSoapElementImp::removeActorAttribute() {
     }
 }
 
-bool TzSoapElementImp::getMustUnderstand() const { return mustUnderstand_ == Flag::True; }
+[[gnu::hot]] bool TzSoapElementImp::getMustUnderstand() const {
+    return mustUnderstand_ == Flag::True;
+}
 
 void TzSoapElementImp::setMustUnderstand(bool mustUnderstand) {
     mustUnderstand_ = mustUnderstand ? Flag::True : Flag::False;
@@ -174,7 +176,8 @@ TzCString TzSoapElementImp::getMustUnderstandAttribute() const {
                                            : textOf(Words, mustUnderstand_ == Flag::True);
 }
 
-TzCString TzSoapElementImp::getMustUnderstandAttribute(TzSoapVersion::Version version) const {
+[[gnu::hot]] TzCString
+TzSoapElementImp::getMustUnderstandAttribute(TzSoapVersion::Version version) const {
     return mustUnderstand_ == Flag::Absent
                ? TzCString()
                : textOf(mustUnderstandTexts(version), mustUnderstand_ == Flag::True);

@@ -13,7 +13,9 @@ TzSoapFault::TzSoapFault(TzSoapFaultImp* body) noexcept : TzHandleBase(body) {}
 
 TzSoapFault::~TzSoapFault() = default;
 
-TzSoapFaultImp& TzSoapFault::body() const { return static_cast<TzSoapFaultImp&>(bodyBase()); }
+[[gnu::hot]] TzSoapFaultImp& TzSoapFault::body() const {
+    return static_cast<TzSoapFaultImp&>(bodyBase());
+}
 
 TzSoapFault TzSoapFault::copy() const { return TzSoapFault(body().clone()); }
 

@@ -12,7 +12,9 @@ TzSoapHeader::TzSoapHeader(TzSoapHeaderImp* body) noexcept : TzHandleBase(body) 
 
 TzSoapHeader::~TzSoapHeader() = default;
 
-TzSoapHeaderImp& TzSoapHeader::body() const { return static_cast<TzSoapHeaderImp&>(bodyBase()); }
+[[gnu::hot]] TzSoapHeaderImp& TzSoapHeader::body() const {
+    return static_cast<TzSoapHeaderImp&>(bodyBase());
+}
 
 TzSoapElementImp& TzSoapHeader::elementBody() const { return body(); }
 

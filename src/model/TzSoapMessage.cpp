@@ -14,7 +14,9 @@ TzSoapMessage::TzSoapMessage(TzSoapMessageImp* body) noexcept : TzHandleBase(bod
 
 TzSoapMessage::~TzSoapMessage() = default;
 
-TzSoapMessageImp& TzSoapMessage::body() const { return static_cast<TzSoapMessageImp&>(bodyBase()); }
+[[gnu::hot]] TzSoapMessageImp& TzSoapMessage::body() const {
+    return static_cast<TzSoapMessageImp&>(bodyBase());
+}
 
 TzSoapElementImp& TzSoapMessage::elementBody() const { return body(); }
 

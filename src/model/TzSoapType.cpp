@@ -9,7 +9,9 @@ TzSoapType::TzSoapType(const TzXmlName& name) : TzSoapType(new TzSoapTypeImp(nam
 
 TzSoapType::TzSoapType(TzSoapTypeImp* body) noexcept : TzHandleBase(body) {}
 
-TzSoapTypeImp& TzSoapType::body() const { return static_cast<TzSoapTypeImp&>(bodyBase()); }
+[[gnu::hot]] TzSoapTypeImp& TzSoapType::body() const {
+    return static_cast<TzSoapTypeImp&>(bodyBase());
+}
 
 TzSoapElementImp& TzSoapType::elementBody() const { return body(); }
 

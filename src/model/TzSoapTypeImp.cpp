@@ -30,4 +30,6 @@ bool TzSoapTypeImp::isNull() const { return getAttributeSet().getNullAttribute()
 
 void TzSoapTypeImp::setEscapeText(TzSoapContentBase::EscapeText escape) { escapeText_ = escape; }
 
-TzSoapContentBase::EscapeText TzSoapTypeImp::getEscapeText() const { return escapeText_; }
+[[gnu::hot]] TzSoapContentBase::EscapeText TzSoapTypeImp::getEscapeText() const {
+    return escapeText_;
+}

@@ -138,7 +138,9 @@ void TzSoapValueList::copyTextOf(const TzSoapValueList& other) {
     setTextBefore(end(), other.textBefore(other.end()));
 }
 
-bool TzSoapValueList::hasText() const noexcept { return texts_ != nullptr && !texts_->empty(); }
+[[gnu::hot]] bool TzSoapValueList::hasText() const noexcept {
+    return texts_ != nullptr && !texts_->empty();
+}
 
 void TzSoapValueList::clearText() noexcept { delete std::exchange(texts_, nullptr); }
 

@@ -71,7 +71,7 @@ bool TzSoapVersion::matchSoapFault(const TzXmlNamespace&) const { return false; 
 
 bool TzSoapVersion::matchSoapUpgrade(const TzXmlNamespace&) const { return false; }
 
-TzSoapVersion& TzSoapVersion::getSoapVersion(Version version) {
+[[gnu::hot]] TzSoapVersion& TzSoapVersion::getSoapVersion(Version version) {
     switch (version) {
     case V1_1:
         return TzSoap11Version::getSoapVersion();
@@ -83,7 +83,9 @@ TzSoapVersion& TzSoapVersion::getSoapVersion(Version version) {
     TzThrow(TzXmlError(TzMessage(tzsoap_UNKNOWN_VERSION())));
 }
 
-TzSoapVersion& TzSoapVersion::getLatestSoapVersion() { return getSoapVersion(getLatestVersion()); }
+[[gnu::hot]] TzSoapVersion& TzSoapVersion::getLatestSoapVersion() {
+    return getSoapVersion(getLatestVersion());
+}
 
 bool TzSoapVersion::isSupportedVersion(const TzXmlNamespace& candidate, Version& version) {
     return isSoapEnv(candidate.getUri(), version);

@@ -64,7 +64,7 @@ TzSoapVersionTable::TzSoapVersionTable(const Texts& texts)
     }
 }
 
-const TzSoapVersionTable& TzSoapVersionTable::soap11() {
+[[gnu::hot]] const TzSoapVersionTable& TzSoapVersionTable::soap11() {
     using Tags = TzSoapVersion;
     static TzSoapLasting<const TzSoapVersionTable> table([] {
         return TzSoapVersionTable(Texts{
@@ -218,7 +218,7 @@ TzSoapVersionTable::Texts TzSoapVersionTable::soap12RecTexts() {
     return texts;
 }
 
-const TzSoapVersionTable& TzSoapVersionTable::soap12() {
+[[gnu::hot]] const TzSoapVersionTable& TzSoapVersionTable::soap12() {
     static TzSoapLasting<const TzSoapVersionTable> table(
         [] { return TzSoapVersionTable(soap12Texts()); });
     return *table;
@@ -230,7 +230,7 @@ const TzSoapVersionTable& TzSoapVersionTable::soap12Rec() {
     return *table;
 }
 
-const TzSoapVersionTable* TzSoapVersionTable::find(TzSoapVersion::Version version) {
+[[gnu::hot]] const TzSoapVersionTable* TzSoapVersionTable::find(TzSoapVersion::Version version) {
     switch (version) {
     case TzSoapVersion::V1_1:
         return &soap11();
@@ -242,7 +242,7 @@ const TzSoapVersionTable* TzSoapVersionTable::find(TzSoapVersion::Version versio
     return nullptr;
 }
 
-const TzSoapVersionTable& TzSoapVersionTable::of(TzSoapVersion::Version version) {
+[[gnu::hot]] const TzSoapVersionTable& TzSoapVersionTable::of(TzSoapVersion::Version version) {
     const TzSoapVersionTable* const table = find(version);
     if (table == nullptr) {
         TzThrow(TzXmlError(TzMessage(tzsoap_UNKNOWN_VERSION())));
@@ -264,7 +264,8 @@ bool TzSoapVersionTable::lacksFaultCode(const TzXmlName& name) const {
     return false;
 }
 
-const TzXmlName& TzSoapVersionTable::attribute(TzSoapVersion::SoapAttribute attribute) const {
+[[gnu::hot]] const TzXmlName&
+TzSoapVersionTable::attribute(TzSoapVersion::SoapAttribute attribute) const {
     return entryAt(attributes_, attribute, TzSoapVersion::DummyXmlName);
 }
 

@@ -123,7 +123,8 @@ void TzSoapContainerOutput::write(TzSoapConstVisitor& visitor, TzSoapReferenceTy
     run.finish(visitor, isServed);
 }
 
-void TzSoapContainerOutput::writeChild(TzSoapConstVisitor& visitor, const TzSoapType& child) {
+[[gnu::hot]] void TzSoapContainerOutput::writeChild(TzSoapConstVisitor& visitor,
+                                                    const TzSoapType& child) {
     if (!context_.isServed(visitor)) {
         child.acceptVisitor(visitor);
         return;
@@ -139,21 +140,21 @@ void TzSoapContainerOutput::writeChild(TzSoapConstVisitor& visitor, const TzSoap
 }
 
 template <typename Rest>
-void TzSoapContainerOutput::enter(const TzXmlName& name, const TzSoapTypeImp& value,
-                                  const Rest& rest) {
+[[gnu::hot]] void TzSoapContainerOutput::enter(const TzXmlName& name, const TzSoapTypeImp& value,
+                                               const Rest& rest) {
     open_.push_back({&name, context_.scope().depth(), rest});
     context_.scope().openHolder(&value);
 }
 
-void TzSoapContainerOutput::close() {
+[[gnu::hot]] void TzSoapContainerOutput::close() {
     const Container& container = open_.back();
     TzSoapTagName::of(*container.name).endBlock(context_.xml());
     context_.scope().closeTo(container.depth);
     open_.pop_back();
 }
 
-void TzSoapContainerOutput::open(const TzXmlName& name, TzSoapCompositeTypeImp& value,
-                                 std::string_view position) {
+[[gnu::hot]] void TzSoapContainerOutput::open(const TzXmlName& name, TzSoapCompositeTypeImp& value,
+                                              std::string_view position) {
     enter(name, value, membersToWrite(value));
     const auto* const tags =
         position.empty() ? startTag_.readyTags(name, value, value.getTypeValue(), false) : nullptr;
@@ -221,7 +222,8 @@ void TzSoapContainerOutput::noteOmittedMembers(const TzSoapCompositeTypeImp& val
     }
 }
 
-void TzSoapContainerOutput::open(TzSoapCompactArrayImp& value, std::string_view position) {
+[[gnu::hot]] void TzSoapContainerOutput::open(TzSoapCompactArrayImp& value,
+                                              std::string_view position) {
     Items items{};
     if (!TzSoapValueOutput::isNil(value)) {
         const auto range = value.itemsToWrite();
@@ -236,7 +238,8 @@ void TzSoapContainerOutput::open(TzSoapCompactArrayImp& value, std::string_view 
     startArray(value, position);
 }
 
-void TzSoapContainerOutput::open(TzSoapSparseArrayImp& value, std::string_view position) {
+[[gnu::hot]] void TzSoapContainerOutput::open(TzSoapSparseArrayImp& value,
+                                              std::string_view position) {
     const auto& items = std::as_const(value);
     const unsigned int count = value.getCountElementsToWrite();
     if (!hasPositions()) {
@@ -316,14 +319,15 @@ bool TzSoapContainerOutput::openArray(TzSoapTypeImp& value, std::string_view pos
     return compact != nullptr;
 }
 
-bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed) {
+[[gnu::hot]] bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed) {
     // Writing may open another container and move this one: take the step before
     // writing.
     return std::visit([&](auto& rest) { return writeNext(visitor, isServed, rest); },
                       open_.back().rest);
 }
 
-bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed, Members& rest) {
+[[gnu::hot]] bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed,
+                                                   Members& rest) {
     if (rest.texts != nullptr) {
         context_.xml().write(rest.texts->textBefore(rest.next), true);
     } else if (isServed) {
@@ -341,7 +345,8 @@ bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed
     return true;
 }
 
-bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed, Items& rest) {
+[[gnu::hot]] bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed,
+                                                   Items& rest) {
     if (rest.gap > 0) {
         --rest.gap;
         values_.writePlaceholder({});
@@ -357,8 +362,8 @@ bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed
     return true;
 }
 
-bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed,
-                                      FilledItems& rest) {
+[[gnu::hot]] bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed,
+                                                   FilledItems& rest) {
     if (rest.next == rest.items.size()) {
         return false;
     }
@@ -398,8 +403,8 @@ Position TzSoapContainerOutput::writeSimples(Position next, Position end) {
     return next;
 }
 
-bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed,
-                                      SparseItems& rest) {
+[[gnu::hot]] bool TzSoapContainerOutput::writeNext(TzSoapConstVisitor& visitor, bool isServed,
+                                                   SparseItems& rest) {
     if (rest.next == rest.end || rest.count == 0) {
         return false;
     }
@@ -475,8 +480,9 @@ void TzSoapContainerOutput::visitAt(TzSoapConstVisitor& visitor, const TzSoapTyp
     placed.acceptVisitor(visitor);
 }
 
-void TzSoapContainerOutput::writeServed(TzSoapConstVisitor& visitor, const TzSoapType& value,
-                                        bool isItem, std::string_view position) {
+[[gnu::hot]] void TzSoapContainerOutput::writeServed(TzSoapConstVisitor& visitor,
+                                                     const TzSoapType& value, bool isItem,
+                                                     std::string_view position) {
     TzSoapTypeImp& body = TzSoapAccess::body(value);
     if (mayBeRepeated(body) && writeRepeated(value, position)) {
         return;

@@ -19,7 +19,7 @@ template <typename Word> Word load(const char* bytes) noexcept {
 
 } // namespace
 
-void TzSoapDeclarations::closeScope() noexcept {
+[[gnu::hot]] void TzSoapDeclarations::closeScope() noexcept {
     const Scope scope = scopes_.back();
     for (std::size_t i = entries_.size(); i > scope.entries && !index_.empty(); --i) {
         const auto known = index_.find((*this)[i - 1].prefix);
@@ -101,7 +101,7 @@ bool TzSoapDeclarations::isPrefix(const Entry& entry, std::uint64_t head,
             std::memcmp(texts_.begin() + entry.at, prefix.data(), prefix.size()) == 0);
 }
 
-std::size_t TzSoapDeclarations::find(std::string_view prefix) const noexcept {
+[[gnu::hot]] std::size_t TzSoapDeclarations::find(std::string_view prefix) const noexcept {
     if (!index_.empty()) {
         const auto found = index_.find(prefix);
         return found == index_.end() ? None : found->second;

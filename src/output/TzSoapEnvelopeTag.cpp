@@ -45,8 +45,8 @@ bool statesStyle(const TzSoapMessageImp& message, const TzSoapOutputContext& con
 
 } // namespace
 
-bool TzSoapEnvelopeTag::isOf(const TzSoapMessageImp& message,
-                             const TzSoapOutputContext& context) const {
+[[gnu::hot]] bool TzSoapEnvelopeTag::isOf(const TzSoapMessageImp& message,
+                                          const TzSoapOutputContext& context) const {
     const TzXmlName& name = message.getName();
     return rules_ == &context.rules() && table_ == &context.table() &&
            prefix_ == name.getPrefix().size() && name_ == name.qualifiedText() &&
@@ -54,7 +54,7 @@ bool TzSoapEnvelopeTag::isOf(const TzSoapMessageImp& message,
            statesStyle(message, context, style_);
 }
 
-bool TzSoapEnvelopeTag::hasDeclarationsOf(const TzSoapMessageImp& message) const {
+[[gnu::hot]] bool TzSoapEnvelopeTag::hasDeclarationsOf(const TzSoapMessageImp& message) const {
     const TzXmlAttributeSet& attributes = message.getAttributeSet();
     const auto isAlike = [](const Declared& known, const TzXmlAttribute& attribute) {
         const TzXmlName& name = attribute.getName();
@@ -65,12 +65,13 @@ bool TzSoapEnvelopeTag::hasDeclarationsOf(const TzSoapMessageImp& message) const
                       isAlike);
 }
 
-void TzSoapEnvelopeTag::enter(TzSoapScope& scope) const {
+[[gnu::hot]] void TzSoapEnvelopeTag::enter(TzSoapScope& scope) const {
     scope.enterOutermost(declarations_);
     scope.setOwnStyle(style_);
 }
 
-void TzSoapEnvelopeTag::write(const TzSoapOutputContext& context, const TzSoapTagName& name) const {
+[[gnu::hot]] void TzSoapEnvelopeTag::write(const TzSoapOutputContext& context,
+                                           const TzSoapTagName& name) const {
     context.xml().writeMarkupLine(TzXmlWriter::StartTag, name, declarations_.innermostText(),
                                   std::string_view(styleAttribute_), TzXmlWriter::EndTag);
     context.xml().incrementIndent();
@@ -98,7 +99,7 @@ bool TzSoapEnvelopeTag::isKept(const TzSoapMessageImp& message, const TzSoapOutp
 }
 
 void TzSoapEnvelopeTag::keep(const TzSoapMessageImp& message, const TzSoapOutputContext& context,
-                             const TzSoapStartTag& tag) {
+                             TzSoapStartTag& tag) {
     if (!isKept(message, context, tag)) {
         return;
     }
@@ -114,14 +115,17 @@ void TzSoapEnvelopeTag::keep(const TzSoapMessageImp& message, const TzSoapOutput
     style_ = context.scope().ownStyle();
     declarations_.assign(context.scope().declarations());
     styleAttribute_ = tag.styleAttribute();
+    around_ = tag.around();
     table_ = &context.table();
     rules_ = &context.rules();
 }
 
-TzSoapEnvelopeTagInUse::TzSoapEnvelopeTagInUse() : tag_(spares().take()) {
+[[gnu::hot]] TzSoapEnvelopeTagInUse::TzSoapEnvelopeTagInUse() : tag_(spares().take()) {
     if (tag_ == nullptr) {
         tag_ = std::make_unique<TzSoapEnvelopeTag>();
     }
 }
 
-TzSoapEnvelopeTagInUse::~TzSoapEnvelopeTagInUse() { spares().giveBack(std::move(tag_)); }
+[[gnu::hot]] TzSoapEnvelopeTagInUse::~TzSoapEnvelopeTagInUse() {
+    spares().giveBack(std::move(tag_));
+}

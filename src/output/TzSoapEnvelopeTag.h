@@ -4,6 +4,7 @@
 #include <tz/tools/TzCString.h>
 
 #include "output/TzSoapDeclarations.h"
+#include "output/TzSoapStartTag.h"
 
 #include <cstddef>
 #include <memory>
@@ -14,7 +15,6 @@ class TzSoapMessageImp;
 class TzSoapOutputContext;
 class TzSoapScope;
 class TzSoapScopeRules;
-class TzSoapStartTag;
 class TzSoapVersionTable;
 struct TzSoapTagName;
 
@@ -29,11 +29,13 @@ public:
     bool isOf(const TzSoapMessageImp& message, const TzSoapOutputContext& context) const;
     /// Puts into `scope`, where the envelope alone is open, what the tag declares and states.
     void enter(TzSoapScope& scope) const;
+    /// What `TzSoapStartTag::lookAround` finds after the tag.
+    const TzSoapStartTag::Around& around() const noexcept { return around_; }
     /// Writes the tag, whose name is spelt `name`, in `context` and ends the line.
     void write(const TzSoapOutputContext& context, const TzSoapTagName& name) const;
     /// Becomes that of `message`, which `tag` has just written in `context`, if that can be kept.
     void keep(const TzSoapMessageImp& message, const TzSoapOutputContext& context,
-              const TzSoapStartTag& tag);
+              TzSoapStartTag& tag);
 
 private:
     /// Most bytes of the texts of a tag that is kept, and most declarations.
@@ -60,6 +62,7 @@ private:
     // What it comes to.
     TzSoapDeclarations declarations_;
     TzCString styleAttribute_;
+    TzSoapStartTag::Around around_;
 };
 
 /// The envelope's tag that the message before on this thread has left, and that the next one finds.

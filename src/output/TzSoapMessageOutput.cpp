@@ -61,7 +61,8 @@ private:
 
 } // namespace
 
-void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapMessageImp& message) {
+[[gnu::hot]] void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor,
+                                             const TzSoapMessageImp& message) {
     // Any depth needs no stack, unless a derived visitor is called in between.
     const DepthAllowance allowance(context_.scope(),
                                    context_.isServed(visitor) ? message.getReadLimits().depth : 0);
@@ -97,6 +98,7 @@ const TzSoapEnvelopeTag* TzSoapMessageOutput::enterRepeated(const TzSoapMessageI
         return nullptr;
     }
     before->enter(context_.scope());
+    startTag_.takeAround(before->around());
     return before;
 }
 
@@ -125,7 +127,8 @@ void TzSoapMessageOutput::writeStart(const TzSoapMessageImp& message, const TzSo
     }
 }
 
-void TzSoapMessageOutput::writeParts(TzSoapConstVisitor& visitor, const TzSoapMessageImp& message) {
+[[gnu::hot]] void TzSoapMessageOutput::writeParts(TzSoapConstVisitor& visitor,
+                                                  const TzSoapMessageImp& message) {
     const TzSoapHeaderImp& header = TzSoapAccess::body(message.getSoapHeader());
     const bool isServed = context_.isServed(visitor);
     if (isWritten(header)) {
@@ -150,7 +153,8 @@ void TzSoapMessageOutput::addContents(TzSoapWrittenTogether& together, const TzS
     together.addAll(body.entries());
 }
 
-void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapHeaderImp& header) {
+[[gnu::hot]] void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor,
+                                             const TzSoapHeaderImp& header) {
     const auto standalone = context_.enterStandalone(!context_.isInEnvelope());
     const TzSoapOpenElement element(context_);
     collect(header.getName(), header);
@@ -165,7 +169,8 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapHeaderI
     name.endBlock(context_.xml());
 }
 
-void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapBodyImp& body) {
+[[gnu::hot]] void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor,
+                                             const TzSoapBodyImp& body) {
     const auto standalone = context_.enterStandalone(!context_.isInEnvelope());
     const TzSoapOpenElement element(context_);
     collect(body.getName(), body);
@@ -187,7 +192,8 @@ void TzSoapMessageOutput::write(TzSoapConstVisitor& visitor, const TzSoapBodyImp
     name.endBlock(context_.xml());
 }
 
-void TzSoapMessageOutput::collect(const TzXmlName& name, const TzSoapElementImp& block) {
+[[gnu::hot]] void TzSoapMessageOutput::collect(const TzXmlName& name,
+                                               const TzSoapElementImp& block) {
     startTag_.begin(block.getAttributeSet());
     if (!context_.isInEnvelope()) {
         TzSoapVersion::Version version{};
@@ -210,7 +216,7 @@ const TzCString& TzSoapMessageOutput::prefixFor(const TzXmlName& name) const {
     return context_.isInEnvelope() ? blockPrefix(name) : name.getPrefix();
 }
 
-const TzCString& TzSoapMessageOutput::blockPrefix(const TzXmlName& name) const {
+[[gnu::hot]] const TzCString& TzSoapMessageOutput::blockPrefix(const TzXmlName& name) const {
     const TzSoapScope& scope = context_.scope();
     const bool keepsOwn = scope.hasExactNames() && scope.uriFor(name.getPrefix()) == envelopeUri();
     return keepsOwn ? name.getPrefix() : scope.envelopePrefix();
@@ -234,8 +240,8 @@ void TzSoapMessageOutput::writeText(const TzCString& text) {
     }
 }
 
-void TzSoapMessageOutput::writeEntries(TzSoapConstVisitor& visitor,
-                                       const TzSoapValueList& entries) {
+[[gnu::hot]] void TzSoapMessageOutput::writeEntries(TzSoapConstVisitor& visitor,
+                                                    const TzSoapValueList& entries) {
     const bool hasText = entries.hasText();
     for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
         if (hasText) {
@@ -251,7 +257,7 @@ void TzSoapMessageOutput::writeEntries(TzSoapConstVisitor& visitor,
     }
 }
 
-void TzSoapMessageOutput::writeTargets(TzSoapConstVisitor& visitor) {
+[[gnu::hot]] void TzSoapMessageOutput::writeTargets(TzSoapConstVisitor& visitor) {
     struct Writing {
         TzSoapReferenceBook& book;
         explicit Writing(TzSoapReferenceBook& kept) : book(kept) { book.setWritesTargets(true); }

@@ -5,13 +5,13 @@
 
 #include "output/TzSoapLiteralRules.h"
 
-TzSoapOutputContext::TzSoapOutputContext(const Kind& kind, TzXmlWriter* xml,
-                                         TzMimeMultipart* multipart, Shared& shared)
+[[gnu::hot]] TzSoapOutputContext::TzSoapOutputContext(const Kind& kind, TzXmlWriter* xml,
+                                                      TzMimeMultipart* multipart, Shared& shared)
     : kind_(&kind), rules_(&kind.rules), xml_(xml), multipart_(multipart),
       soap_(&TzSoapVersion::getLatestSoapVersion()),
       table_(&TzSoapVersionTable::of(TzSoapVersion::getLatestVersion())), shared_(&shared) {}
 
-TzSoapOutputContext::TzSoapOutputContext(const TzSoapOutputContext& other)
+[[gnu::hot]] TzSoapOutputContext::TzSoapOutputContext(const TzSoapOutputContext& other)
     : TzSoapOutputContext(other, other.keeper_) {
     isWithin_ = other.isWithin_;
     if (!isWithin_) {
@@ -21,15 +21,15 @@ TzSoapOutputContext::TzSoapOutputContext(const TzSoapOutputContext& other)
     }
 }
 
-TzSoapOutputContext::TzSoapOutputContext(const TzSoapOutputContext& other,
-                                         const std::shared_ptr<void>& keeper)
+[[gnu::hot]] TzSoapOutputContext::TzSoapOutputContext(const TzSoapOutputContext& other,
+                                                      const std::shared_ptr<void>& keeper)
     : kind_(other.kind_), rules_(other.rules_), xml_(other.xml_), multipart_(other.multipart_),
       soap_(other.soap_), table_(other.table_), shared_(other.shared_),
       keeper_(other.keeper_ != nullptr ? other.keeper_ : keeper), compact_(other.compact_),
       isWithin_(true), versionFixed_(other.versionFixed_), inEnvelope_(other.inEnvelope_),
       standalone_(other.standalone_) {}
 
-void TzSoapOutputContext::setVersion(TzSoapVersion::Version version) {
+[[gnu::hot]] void TzSoapOutputContext::setVersion(TzSoapVersion::Version version) {
     soap_ = &TzSoapVersion::getSoapVersion(version);
     table_ = &TzSoapVersionTable::of(version);
     scope().noteVersion();
@@ -43,16 +43,18 @@ void TzSoapOutputContext::fixVersion(TzSoapVersion::Version version) {
     versionFixed_ = true;
 }
 
-void TzSoapOutputContext::takePrefixes(const TzCString& envelope, const TzCString& encoding) {
+[[gnu::hot]] void TzSoapOutputContext::takePrefixes(const TzCString& envelope,
+                                                    const TzCString& encoding) {
     if (!isWithin_) {
         scope().setPrefixes(envelope, encoding);
     }
 }
 
-const TzSoapScopeRules& TzSoapOutputContext::rulesOf(TzSoapStyle style) const noexcept {
+[[gnu::hot]] const TzSoapScopeRules&
+TzSoapOutputContext::rulesOf(TzSoapStyle style) const noexcept {
     return style == TzSoapStyle::Literal ? TzSoapLiteralRules::instance() : kind_->rules;
 }
 
-bool TzSoapOutputContext::isServed(const TzSoapConstVisitor& visitor) const noexcept {
+[[gnu::hot]] bool TzSoapOutputContext::isServed(const TzSoapConstVisitor& visitor) const noexcept {
     return typeid(visitor) == kind_->visitor;
 }

@@ -34,51 +34,56 @@ void TzSoapOutputPath::assign(const TzSoapOutputPath& other) {
     startTag.reset();
 }
 
-void TzSoapOutputPath::write(const TzSoapMisunderstoodType& value) {
+[[gnu::hot]] void TzSoapOutputPath::write(const TzSoapMisunderstoodType& value) {
     values.writeMisunderstood(TzSoapAccess::body(value), {});
 }
 
-void TzSoapOutputPath::write(TzSoapConstVisitor& visitor, const TzSoapReferenceType& value) {
+[[gnu::hot]] void TzSoapOutputPath::write(TzSoapConstVisitor& visitor,
+                                          const TzSoapReferenceType& value) {
     containers.write(visitor, TzSoapAccess::body(value));
 }
 
-void TzSoapOutputPath::write(const TzSoapUserDefinedType& value) {
+[[gnu::hot]] void TzSoapOutputPath::write(const TzSoapUserDefinedType& value) {
     values.writeUserDefined(TzSoapAccess::body(value), {});
 }
 
-void TzSoapOutputPath::write(const TzSoapSimpleType& value) {
+[[gnu::hot]] void TzSoapOutputPath::write(const TzSoapSimpleType& value) {
     values.writeSimple(TzSoapAccess::body(value));
 }
 
-void TzSoapOutputPath::write(TzSoapConstVisitor& visitor, const TzSoapFault& fault) {
+[[gnu::hot]] void TzSoapOutputPath::write(TzSoapConstVisitor& visitor, const TzSoapFault& fault) {
     faults.write(visitor, TzSoapAccess::body(fault));
 }
 
-void TzSoapOutputPath::write(TzSoapConstVisitor& visitor, const TzSoapCompositeType& value) {
+[[gnu::hot]] void TzSoapOutputPath::write(TzSoapConstVisitor& visitor,
+                                          const TzSoapCompositeType& value) {
     TzSoapCompositeTypeImp& body = TzSoapAccess::body(value);
     containers.write(visitor, std::as_const(body).getName(), body);
 }
 
-void TzSoapOutputPath::write(TzSoapConstVisitor& visitor, const TzSoapSparseArrayType& value) {
+[[gnu::hot]] void TzSoapOutputPath::write(TzSoapConstVisitor& visitor,
+                                          const TzSoapSparseArrayType& value) {
     containers.write(visitor, TzSoapAccess::body(value));
 }
 
-void TzSoapOutputPath::write(TzSoapConstVisitor& visitor, const TzSoapCompactArrayType& value) {
+[[gnu::hot]] void TzSoapOutputPath::write(TzSoapConstVisitor& visitor,
+                                          const TzSoapCompactArrayType& value) {
     containers.write(visitor, TzSoapAccess::body(value));
 }
 
-void TzSoapOutputPath::write(const TzSoapType& value) {
+[[gnu::hot]] void TzSoapOutputPath::write(const TzSoapType& value) {
     values.writeGeneric(TzSoapAccess::body(value), {});
 }
 
-void TzSoapOutputPath::write(TzSoapConstVisitor& visitor, const TzSoapBody& body) {
+[[gnu::hot]] void TzSoapOutputPath::write(TzSoapConstVisitor& visitor, const TzSoapBody& body) {
     messages.write(visitor, TzSoapAccess::body(body));
 }
 
-void TzSoapOutputPath::write(TzSoapConstVisitor& visitor, const TzSoapHeader& header) {
+[[gnu::hot]] void TzSoapOutputPath::write(TzSoapConstVisitor& visitor, const TzSoapHeader& header) {
     messages.write(visitor, TzSoapAccess::body(header));
 }
 
-void TzSoapOutputPath::write(TzSoapConstVisitor& visitor, const TzSoapMessage& message) {
+[[gnu::hot]] void TzSoapOutputPath::write(TzSoapConstVisitor& visitor,
+                                          const TzSoapMessage& message) {
     messages.write(visitor, TzSoapAccess::body(message));
 }

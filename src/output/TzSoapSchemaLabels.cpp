@@ -19,7 +19,7 @@ TzSoapSchemaLabels::TzSoapSchemaLabels() {
     }
 }
 
-const TzSoapSchemaLabels& TzSoapSchemaLabels::instance() {
+[[gnu::hot]] const TzSoapSchemaLabels& TzSoapSchemaLabels::instance() {
     static TzSoapLasting<const TzSoapSchemaLabels> labels([] { return TzSoapSchemaLabels(); });
     return *labels;
 }

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <utility>
 
-void TzSoapScope::dropDeclarations() noexcept {
+[[gnu::hot]] void TzSoapScope::dropDeclarations() noexcept {
     declarations_.closeScope();
     numberedUpTo_ = std::min(numberedUpTo_, declarations_.size());
     ++declarationChanges_;
@@ -47,7 +47,7 @@ void TzSoapScope::declareNew(std::string_view prefix, std::string_view uri) {
     ++declarationChanges_;
 }
 
-bool TzSoapScope::lacksDeclaration(const TzXmlNamespace& needed) const noexcept {
+[[gnu::hot]] bool TzSoapScope::lacksDeclaration(const TzXmlNamespace& needed) const noexcept {
     if (exactNames_) {
         const bool canBeDeclared = needed.getPrefix().empty() || !needed.getUri().empty();
         return canBeDeclared && uriFor(needed.getPrefix()) != needed.getUri() &&
@@ -70,7 +70,7 @@ TzCString TzSoapScope::numberFor(std::string_view base, std::string_view first,
     return numbered_->lowest(base, first, uri);
 }
 
-void TzSoapScope::setOwnStyle(std::string_view style) {
+[[gnu::hot]] void TzSoapScope::setOwnStyle(std::string_view style) {
     dropStyles(around_.styles);
     if (style.empty()) {
         return;
@@ -81,12 +81,12 @@ void TzSoapScope::setOwnStyle(std::string_view style) {
     ++styleChanges_;
 }
 
-void TzSoapScope::setPrefixes(const TzCString& envelope, const TzCString& encoding) {
+[[gnu::hot]] void TzSoapScope::setPrefixes(const TzCString& envelope, const TzCString& encoding) {
     envelopePrefix_ = envelope;
     encodingPrefix_ = encoding;
 }
 
-const TzCString& TzSoapScope::envelopePrefix() const {
+[[gnu::hot]] const TzCString& TzSoapScope::envelopePrefix() const {
     return envelopePrefix_.empty() ? soap_->getSoapEnv().getPrefix() : envelopePrefix_;
 }
 

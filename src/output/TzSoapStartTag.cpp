@@ -67,7 +67,7 @@ void TzSoapStartTag::qualifyName(const TzXmlName& name) {
     }
 }
 
-void TzSoapStartTag::collectBlock(const TzSoapElementImp& element) {
+[[gnu::hot]] void TzSoapStartTag::collectBlock(const TzSoapElementImp& element) {
     const bool statesNone = !context_.habits().blocksStateStyle;
     const bool styleStated = element.hasProperties() && element.hasEncodingStyleAttribute();
     collectOwn(element, styleStated || statesNone);
@@ -100,7 +100,7 @@ void TzSoapStartTag::collectPosition(std::string_view position) {
     }
 }
 
-void TzSoapStartTag::collectOwn(const TzSoapElementImp& element, bool styleStated) {
+[[gnu::hot]] void TzSoapStartTag::collectOwn(const TzSoapElementImp& element, bool styleStated) {
     const bool translates = context_.rules().style().translatesAttributes;
     for (const TzXmlAttribute& attribute : element.getAttributeSet()) {
         if (attribute.isNamespaceDeclaration()) {
@@ -154,7 +154,7 @@ bool TzSoapStartTag::saysWhat(const TzSoapElementImp& element,
            attribute.getValue() == element.getActorAttribute();
 }
 
-void TzSoapStartTag::collectOwn(const TzXmlAttribute& attribute, bool styleStated) {
+[[gnu::hot]] void TzSoapStartTag::collectOwn(const TzXmlAttribute& attribute, bool styleStated) {
     const TzXmlName& name = attribute.getName();
     if (name.getUri().empty()) {
         if (context_.habits().refersByFragment || !collectId(attribute)) {
@@ -375,7 +375,7 @@ void TzSoapStartTag::lookFurther() {
     }
 }
 
-bool TzSoapStartTag::hasShortProperties(const TzSoapTypeImp& value) const {
+[[gnu::hot]] bool TzSoapStartTag::hasShortProperties(const TzSoapTypeImp& value) const {
     if (value.hasEncodingStyleAttribute() ||
         (value.isRootAttributeSet() && context_.rules().style().statesEncoding)) {
         return false;
@@ -384,8 +384,8 @@ bool TzSoapStartTag::hasShortProperties(const TzSoapTypeImp& value) const {
     return scope().uriFor(scope().envelopePrefix()) == envelope.getUri();
 }
 
-bool TzSoapStartTag::writeShort(const TzSoapTagName& tag, const TzXmlName& name,
-                                const TzSoapTypeImp& value, const TzXmlName& type) {
+[[gnu::hot]] bool TzSoapStartTag::writeShort(const TzSoapTagName& tag, const TzXmlName& name,
+                                             const TzSoapTypeImp& value, const TzXmlName& type) {
     if (!needsNothing(tag, name, value, type) || !(type.isEmpty() || type.isWritable()) ||
         !hasShortProperties(value)) {
         return false;
@@ -407,7 +407,8 @@ bool TzSoapStartTag::writeShort(const TzSoapTagName& tag, const TzXmlName& name,
     return true;
 }
 
-void TzSoapStartTag::writeSoap(TzSoapVersion::SoapAttribute attribute, std::string_view value) {
+[[gnu::hot]] void TzSoapStartTag::writeSoap(TzSoapVersion::SoapAttribute attribute,
+                                            std::string_view value) {
     const TzXmlName& name = context_.table().attribute(attribute);
     if (name.isEmpty()) {
         return;
@@ -461,7 +462,7 @@ void TzSoapStartTag::write(const TzSoapTagName& name) {
     writeAttributes();
 }
 
-void TzSoapStartTag::writeBlock(const TzSoapTagName& name) {
+[[gnu::hot]] void TzSoapStartTag::writeBlock(const TzSoapTagName& name) {
     const bool isBare = attributes_.empty() && !scope().hasDeclarations() &&
                         !scope().isStyleStated() && name.isWritable && !name.isUnnamed;
     if (isBare) {

@@ -121,6 +121,22 @@ public:
             lookFurther();
         }
     }
+    /// What `lookAround` finds.
+    struct Around {
+        bool isEncoded = false;
+        bool isSchemaInstanceBound = false;
+    };
+    /// What it finds here.
+    Around around() {
+        lookAround();
+        return {encodedAt_ == scope().styleChanges(),
+                schemaInstanceBoundAt_ == scope().declarationChanges()};
+    }
+    /// It would find `known` here.
+    void takeAround(const Around& known) noexcept {
+        encodedAt_ = known.isEncoded ? scope().styleChanges() : 0;
+        schemaInstanceBoundAt_ = known.isSchemaInstanceBound ? scope().declarationChanges() : 0;
+    }
     /// Whether a value says nothing but its `type`, in the encoding of SOAP, and nothing has to be
     /// declared for it: then `brief` becomes what follows the name on its start tag, which is all
     /// that collecting would yield. `typeIsPlain` when the type is known to need no escaping.

@@ -9,11 +9,11 @@ const TzXmlName& TzSoapTagName::unnamedName() {
     return *unnamed;
 }
 
-void TzSoapTagName::writeStartTag(TzXmlWriter& xml) const {
+[[gnu::hot]] void TzSoapTagName::writeStartTag(TzXmlWriter& xml) const {
     xml.writeMarkup(TzXmlWriter::StartTag, *this, TzXmlWriter::EndTag);
 }
 
-void TzSoapTagName::writeEndTag(TzXmlWriter& xml) const {
+[[gnu::hot]] void TzSoapTagName::writeEndTag(TzXmlWriter& xml) const {
     xml.writeMarkupLine(TzXmlWriter::StartEndTag, *this, TzXmlWriter::EndTag);
 }
 

@@ -25,7 +25,7 @@ bool isLabel(const TzXmlName& type, const TzXmlName& label) {
 
 } // namespace
 
-bool TzSoapValueOutput::isNil(const TzSoapTypeImp& value) {
+[[gnu::hot]] bool TzSoapValueOutput::isNil(const TzSoapTypeImp& value) {
     return !value.getAttributeSet().empty() && value.isNull() && !value.isVerbatim();
 }
 
@@ -62,7 +62,7 @@ void TzSoapValueOutput::writeGeneric(TzSoapTypeImp& value, std::string_view posi
     tag.writeEndTag(context_.xml());
 }
 
-void TzSoapValueOutput::writeSimple(TzSoapSimpleTypeImp& value) {
+[[gnu::hot]] void TzSoapValueOutput::writeSimple(TzSoapSimpleTypeImp& value) {
     const TzXmlName* type = &value.getTypeValue();
     const bool typeShown = value.getTypeShouldBeEncoded();
     if (typeShown && !isLabel(*type, labels_[value.getType()])) {
@@ -98,8 +98,8 @@ void TzSoapValueOutput::writeSimple(TzSoapSimpleTypeImp& value) {
     }
 }
 
-void TzSoapValueOutput::writeRest(const TzSoapTagName& tag, std::string_view content,
-                                  bool escapes) {
+[[gnu::hot]] void TzSoapValueOutput::writeRest(const TzSoapTagName& tag, std::string_view content,
+                                               bool escapes) {
     if (escapes) {
         context_.xml().writeRest(content, tag);
     } else {

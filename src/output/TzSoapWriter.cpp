@@ -19,8 +19,9 @@ const TzSoapOutputContext::Kind& writerKind() noexcept {
 
 } // namespace
 
-std::optional<bool> TzSoapMessageText::write(const TzSoapMessage& message, TzXmlWriter& xml,
-                                             TzSoapLayout layout, TzMimeMultipart* parts) {
+[[gnu::hot]] std::optional<bool> TzSoapMessageText::write(const TzSoapMessage& message,
+                                                          TzXmlWriter& xml, TzSoapLayout layout,
+                                                          TzMimeMultipart* parts) {
     // Nobody else gets this writer, so what it writes with need not outlive this call.
     TzSoapOutputPath path(writerKind(), &xml, parts);
     TzSoapWriter writer = TzSoapAccess::writingWith<TzSoapWriter>(path);

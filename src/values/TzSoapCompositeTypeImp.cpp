@@ -11,7 +11,7 @@ TzSoapCompositeTypeImp::TzSoapCompositeTypeImp(TzXmlName name) : TzSoapTypeImp(s
 
 TzSoapCompositeTypeImp::TzSoapCompositeTypeImp(const TzSoapCompositeTypeImp& other) = default;
 
-TzSoapContentBase::SoapTypeId TzSoapCompositeTypeImp::getSoapTypeId() const {
+[[gnu::hot]] TzSoapContentBase::SoapTypeId TzSoapCompositeTypeImp::getSoapTypeId() const {
     return TzSoapContentBase::Composite;
 }
 

@@ -131,7 +131,9 @@ TzSoapSimpleTypeImp::TzSoapSimpleTypeImp(TzXmlName name, const TzXmlDuration& va
                                          SchemaType type, bool typeShouldBeEncoded)
     : TzSoapSimpleTypeImp(std::move(name), textOf(value), type, typeShouldBeEncoded) {}
 
-Content::SoapTypeId TzSoapSimpleTypeImp::getSoapTypeId() const { return Content::Simple; }
+[[gnu::hot]] Content::SoapTypeId TzSoapSimpleTypeImp::getSoapTypeId() const {
+    return Content::Simple;
+}
 
 const TzCString& TzSoapSimpleTypeImp::getSoapTypeIdAsString() const {
     return TzSoapUtils::simpleString;

@@ -27,7 +27,7 @@ void TzSpares::end() noexcept {
     *place = next_;
 }
 
-std::size_t TzSpares::threadNumber() noexcept {
+[[gnu::hot]] std::size_t TzSpares::threadNumber() noexcept {
     static constinit std::atomic<std::size_t> latest{0};
     // A look-up of 8 bytes that every program has room for; the usual one is a call. No destructor,
     // because it would keep a library that is to be unloaded.

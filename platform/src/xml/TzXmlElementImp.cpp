@@ -21,9 +21,9 @@ TzXmlElementImp& TzXmlElementImp::operator=(const TzXmlElementImp& other) {
 
 void TzXmlElementImp::setName(const TzXmlName& name) { name_ = name; }
 
-TzXmlName& TzXmlElementImp::getName() { return name_; }
+[[gnu::hot]] TzXmlName& TzXmlElementImp::getName() { return name_; }
 
-const TzXmlName& TzXmlElementImp::getName() const { return name_; }
+[[gnu::hot]] const TzXmlName& TzXmlElementImp::getName() const { return name_; }
 
 void TzXmlElementImp::addNamespaceAttribute(const TzXmlNamespace& declared) {
     list().addDeclaration(declared);

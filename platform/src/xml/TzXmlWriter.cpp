@@ -143,7 +143,7 @@ void TzXmlWriter::writeElement(const Spelling& name, std::string_view rest,
     writeNewLine();
 }
 
-char* TzXmlWriter::copyTo(char* to, const Spelling& name) noexcept {
+[[gnu::hot]] char* TzXmlWriter::copyTo(char* to, const Spelling& name) noexcept {
     if (!name.colon.empty()) {
         to = copyTo(to, name.prefix);
         *to++ = Colon.front();
@@ -151,7 +151,7 @@ char* TzXmlWriter::copyTo(char* to, const Spelling& name) noexcept {
     return copyTo(to, name.local);
 }
 
-void TzXmlWriter::writeRest(std::string_view content, const Spelling& name) {
+[[gnu::hot]] void TzXmlWriter::writeRest(std::string_view content, const Spelling& name) {
     const std::size_t tag = StartEndTag.size() + sizeOf(name) + EndTag.size();
     if (!indentDue_ && content.size() + tag + TzXmlBlock::Size <= room() &&
         TzXmlEscape::copyPlain<TzXmlBlock>(at_, content)) {
@@ -187,7 +187,9 @@ std::string_view TzXmlWriter::escaped(std::string_view content) {
     return TzXmlEscape::escape(content, TzXmlEscape::Context::Content, escaped_);
 }
 
-bool TzXmlWriter::isPlain(std::string_view text) noexcept { return TzXmlEscape::isPlain(text); }
+[[gnu::hot]] bool TzXmlWriter::isPlain(std::string_view text) noexcept {
+    return TzXmlEscape::isPlain(text);
+}
 
 void TzXmlWriter::writeAttribute(std::string_view name, std::string_view value, bool escape) {
     const std::string_view written =
@@ -210,7 +212,7 @@ void TzXmlWriter::writeQualifiedAttribute(std::string_view prefix, std::string_v
                 TzXmlEscape::escape(value, TzXmlEscape::Context::AttributeValue, escaped_), Quotes);
 }
 
-void TzXmlWriter::flush() const {
+[[gnu::hot]] void TzXmlWriter::flush() const {
     const std::string_view gathered(begin_, used());
     if (output_ != nullptr) {
         output_->append(gathered);
