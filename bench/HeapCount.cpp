@@ -83,10 +83,11 @@ extern "C" [[gnu::visibility("default")]] void* mmap(void* place, std::size_t si
 }
 
 extern "C" [[gnu::visibility("default")]] int munmap(void* place, std::size_t size) {
-    if (counting) {
+    const auto result = static_cast<int>(syscall(SYS_munmap, place, size));
+    if (counting && result == 0) {
         note(-static_cast<std::ptrdiff_t>(size));
     }
-    return static_cast<int>(syscall(SYS_munmap, place, size));
+    return result;
 }
 
 void* operator new(std::size_t size) { return allocate(size); }

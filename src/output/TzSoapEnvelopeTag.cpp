@@ -48,9 +48,9 @@ bool statesStyle(const TzSoapMessageImp& message, const TzSoapOutputContext& con
 [[gnu::hot]] bool TzSoapEnvelopeTag::isOf(const TzSoapMessageImp& message,
                                           const TzSoapOutputContext& context) const {
     const TzXmlName& name = message.getName();
-    return rules_ == &context.rules() && table_ == &context.table() &&
-           prefix_ == name.getPrefix().size() && name_ == name.qualifiedText() &&
-           uri_ == name.getUri() && hasDeclarationsOf(message) &&
+    return context.scope().depth() == 1 && rules_ == &context.rules() &&
+           table_ == &context.table() && prefix_ == name.getPrefix().size() &&
+           name_ == name.qualifiedText() && uri_ == name.getUri() && hasDeclarationsOf(message) &&
            statesStyle(message, context, style_);
 }
 
@@ -82,7 +82,7 @@ bool TzSoapEnvelopeTag::isKept(const TzSoapMessageImp& message, const TzSoapOutp
     const TzSoapScope& scope = context.scope();
     const TzXmlAttributeSet& attributes = message.getAttributeSet();
     // Where names are exact, the envelope declares what is used within it.
-    if (scope.hasExactNames() || attributes.size() > MostDeclarations ||
+    if (scope.depth() != 1 || scope.hasExactNames() || attributes.size() > MostDeclarations ||
         !tag.hasReadyDeclarations() || !tag.isStylePlain()) {
         return false;
     }

@@ -43,6 +43,7 @@ void TzSoapReadingState::clear() noexcept {
     references.clear();
     droppedText = {};
     handlers_.reset();
+    valueMemory = {};
     bodies.finish();
     links.finish();
 }

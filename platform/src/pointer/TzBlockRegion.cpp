@@ -61,6 +61,7 @@ TzBlockRegion::TzBlockRegion(std::byte* memory) noexcept : memory_(memory) {
     madvise(memory_, Size, MADV_HUGEPAGE);
 #endif
     TzAddressSanitizer::addRoot(memory_, Size);
+    left_.set(); // a large page comes as a whole
 }
 
 TzBlockRegion::~TzBlockRegion() {
@@ -90,6 +91,10 @@ void TzBlockRegion::giveBack(void* block) noexcept {
 
 void TzBlockRegion::discard() noexcept {
     const SameErrno unchanged;
+#ifdef MADV_NOHUGEPAGE
+    // Otherwise the system makes it a large page again, in the background.
+    madvise(memory_, Size, MADV_NOHUGEPAGE);
+#endif
     for (std::size_t begin = 0; begin < Blocks; ++begin) {
         std::size_t end = begin;
         while (end < Blocks && left_[end]) {
@@ -101,6 +106,7 @@ void TzBlockRegion::discard() noexcept {
         }
     }
     left_.reset();
+    isDiscarded_ = true;
 }
 
 void TzBlockRegion::lend() noexcept {

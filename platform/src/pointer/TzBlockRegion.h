@@ -27,15 +27,19 @@ public:
     bool isFull() const noexcept { return used_ == Blocks; }
     /// Whether none is.
     bool isEmpty() const noexcept { return used_ == 0; }
-    /// Whether fewer than half of them are.
-    bool isSparse() const noexcept { return used_ < Blocks / 2; }
+    /// Whether `discard` is worth it: less than half of them is in use, and an eighth or more is
+    /// free and has its memory.
+    bool isWasteful() const noexcept { return used_ < Blocks / 2 && left_.count() >= Blocks / 8; }
+    /// Whether `discard` was called: the region is no large page any longer.
+    bool isDiscarded() const noexcept { return isDiscarded_; }
     /// The first free block; there must be one. At most as many steps as there are blocks.
     void* take() noexcept;
     /// Ends the use of `block`.
     void giveBack(void* block) noexcept;
-    /// Gives the memory of free blocks back to the system until they are taken again.
+    /// Gives the memory of free blocks back to the system until they are taken again. The system
+    /// may take what belongs to a large page only when it runs short.
     void discard() noexcept;
-    /// Lets the system have the memory of the region, which is empty, when it runs short.
+    /// Lets the system take the memory of the region, which is empty, when it runs short.
     void lend() noexcept;
 
     // Its place in a list, which is not the region's affair.
@@ -50,5 +54,6 @@ private:
     std::size_t used_ = 0;
     std::size_t firstFree_ = 0; // all blocks before it are in use
     std::bitset<Blocks> inUse_;
-    std::bitset<Blocks> left_; // free ones whose memory is still there
+    std::bitset<Blocks> left_; // free ones whose memory may be there
+    bool isDiscarded_ = false;
 };

@@ -3,6 +3,7 @@
 
 #include "tools/TzPlatformLasting.h"
 
+#include <memory>
 #include <new>
 
 constinit std::atomic<bool> TzBlockRegions::hasRoom{false};
@@ -19,61 +20,70 @@ TzBlockRegions::~TzBlockRegions() {
 }
 
 TzBlocks::Block* TzBlockRegions::takeBlock(bool mayOpen) noexcept {
-    const std::lock_guard guard(mutex_);
-    TzBlockRegion* const region = regionWithRoom(mayOpen);
-    if (region == nullptr) {
+    {
+        const std::lock_guard guard(mutex_);
+        if (TzBlockRegion* const region = regionWithRoom(mayOpen)) {
+            return cut(*region);
+        }
+    }
+    // Not under the lock: memory that is short may bring the program back here.
+    TzBlockRegion* const opened = mayOpen ? TzBlockRegion::open() : nullptr;
+    if (opened == nullptr) {
         return nullptr;
     }
-    auto* const block = ::new (region->take()) TzBlocks::Block;
-    block->region = region;
-    if (region->isFull()) {
-        leave(*region);
-    }
-    return block;
+    const std::lock_guard guard(mutex_);
+    enter(*opened, false);
+    return cut(*opened);
 }
 
-TzBlockRegion* TzBlockRegions::regionWithRoom(bool mayOpen) noexcept {
-    if (withWaste_.first() != nullptr) {
-        return withWaste_.first();
-    }
-    if (withRoom_.first() != nullptr || !mayOpen) {
+TzBlockRegion* TzBlockRegions::regionWithRoom(bool mayReuse) noexcept {
+    if (withRoom_.first() != nullptr) {
         return withRoom_.first();
     }
-    TzBlockRegion* region = spare_.first();
+    if (withWaste_.first() != nullptr || !mayReuse) {
+        return withWaste_.first();
+    }
+    TzBlockRegion* const region = spare_.first();
     if (region != nullptr) {
         spare_.remove(*region);
         --spares_;
-    } else {
-        region = TzBlockRegion::open();
-    }
-    if (region != nullptr) {
         enter(*region, false);
     }
     return region;
 }
 
+TzBlocks::Block* TzBlockRegions::cut(TzBlockRegion& region) noexcept {
+    auto* const block = ::new (region.take()) TzBlocks::Block;
+    block->region = &region;
+    if (region.isFull()) {
+        leave(region);
+    }
+    return block;
+}
+
 void TzBlockRegions::endBlock(TzBlocks::Block& block) noexcept {
+    std::unique_ptr<TzBlockRegion> gone; // after the lock
     const std::lock_guard guard(mutex_);
     TzBlockRegion& region = *block.region;
     if (!region.isFull()) {
         leave(region);
     }
     region.giveBack(&block);
-    if (region.isEmpty()) {
-        retire(region);
-    } else {
-        enter(region, region.isSparse());
+    if (!region.isEmpty()) {
+        enter(region, region.isWasteful());
+    } else if (!keepSpare(region)) {
+        gone.reset(&region);
     }
 }
 
-void TzBlockRegions::retire(TzBlockRegion& region) noexcept {
-    if (spares_ == MostSpare) {
-        delete &region;
-        return;
+bool TzBlockRegions::keepSpare(TzBlockRegion& region) noexcept {
+    if (region.isDiscarded() || spares_ == MostSpare) {
+        return false;
     }
     region.lend();
     spare_.add(region);
     ++spares_;
+    return true;
 }
 
 void TzBlockRegions::enter(TzBlockRegion& region, bool isWaste) noexcept {
@@ -93,15 +103,23 @@ void TzBlockRegions::leave(TzBlockRegion& region) noexcept {
 }
 
 void TzBlockRegions::discardWaste() noexcept {
+    while (discardSomeWaste()) {
+    }
+}
+
+bool TzBlockRegions::discardSomeWaste() noexcept {
     const std::lock_guard guard(mutex_);
-    while (TzBlockRegion* const region = withWaste_.first()) {
+    TzBlockRegion* const region = withWaste_.first();
+    if (region != nullptr) {
         region->discard();
         leave(*region);
         enter(*region, false);
     }
+    return region != nullptr;
 }
 
 void TzBlockRegions::drop() noexcept {
+    discardWaste();
     const std::lock_guard guard(mutex_);
     while (TzBlockRegion* const region = spare_.first()) {
         spare_.remove(*region);

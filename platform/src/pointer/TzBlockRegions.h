@@ -12,7 +12,7 @@
 
 /// The regions that the program's blocks are cut from. Any number of threads may use them at once.
 ///
-/// Free blocks of a region serve whoever needs blocks next. What becomes free in a region of which
+/// Free blocks of a region serve whoever needs blocks next. Much that is free in a region of which
 /// less than half is in use is waste: `dropWaste` gives it back to the system. That is not done at
 /// once, because often the rest of the region ends too. Up to four empty regions wait for the next
 /// text, at the disposal of a system that runs short of memory.
@@ -64,11 +64,13 @@ private:
 
     TzBlocks::Block* takeBlock(bool mayOpen) noexcept;
     void endBlock(TzBlocks::Block& block) noexcept;
-    TzBlockRegion* regionWithRoom(bool mayOpen) noexcept;
+    TzBlockRegion* regionWithRoom(bool mayReuse) noexcept;
+    TzBlocks::Block* cut(TzBlockRegion& region) noexcept;
     void enter(TzBlockRegion& region, bool isWaste) noexcept;
     void leave(TzBlockRegion& region) noexcept;
-    void retire(TzBlockRegion& region) noexcept;
+    bool keepSpare(TzBlockRegion& region) noexcept;
     void discardWaste() noexcept;
+    bool discardSomeWaste() noexcept;
     void drop() noexcept override;
 
     std::mutex mutex_;

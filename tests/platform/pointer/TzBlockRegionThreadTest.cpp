@@ -72,7 +72,9 @@ TEST(TzBlockRegionThread, EveryThreadMayTakeRegions) {
             for (int round = 0; round < 3; ++round) {
                 TzBlocks::Plan plan{3 * TzBlockRegion::Size};
                 TzBlocks blocks(plan);
-                for (const Placed& object : makeIn(blocks, 3 * TzBlockRegion::Size)) {
+                const std::vector<Placed> objects = makeIn(blocks, 3 * TzBlockRegion::Size);
+                EXPECT_NE(objects[objects.size() / 2].block->region, nullptr);
+                for (const Placed& object : objects) {
                     leave(object);
                 }
             }
