@@ -75,6 +75,7 @@ void* TzBlockRegion::take() noexcept {
         ++firstFree_;
     }
     inUse_[firstFree_] = true;
+    leftCount_ -= left_[firstFree_] ? 1 : 0;
     left_[firstFree_] = false;
     ++used_;
     return memory_ + BlockSize * firstFree_++;
@@ -85,6 +86,7 @@ void TzBlockRegion::giveBack(void* block) noexcept {
         static_cast<std::size_t>(static_cast<std::byte*>(block) - memory_) / BlockSize;
     inUse_[number] = false;
     left_[number] = true;
+    ++leftCount_;
     --used_;
     firstFree_ = std::min(firstFree_, number);
 }
@@ -106,6 +108,7 @@ void TzBlockRegion::discard() noexcept {
         }
     }
     left_.reset();
+    leftCount_ = 0;
     isDiscarded_ = true;
 }
 

@@ -29,7 +29,7 @@ public:
     bool isEmpty() const noexcept { return used_ == 0; }
     /// Whether `discard` is worth it: less than half of them is in use, and an eighth or more is
     /// free and has its memory.
-    bool isWasteful() const noexcept { return used_ < Blocks / 2 && left_.count() >= Blocks / 8; }
+    bool isWasteful() const noexcept { return used_ < Blocks / 2 && leftCount_ >= Blocks / 8; }
     /// Whether `discard` was called: the region is no large page any longer.
     bool isDiscarded() const noexcept { return isDiscarded_; }
     /// The first free block; there must be one. At most as many steps as there are blocks.
@@ -55,5 +55,6 @@ private:
     std::size_t firstFree_ = 0; // all blocks before it are in use
     std::bitset<Blocks> inUse_;
     std::bitset<Blocks> left_; // free ones whose memory may be there
+    std::size_t leftCount_ = Blocks;
     bool isDiscarded_ = false;
 };

@@ -65,10 +65,14 @@ void TzBlockRegions::endBlock(TzBlocks::Block& block) noexcept {
     std::unique_ptr<TzBlockRegion> gone; // after the lock
     const std::lock_guard guard(mutex_);
     TzBlockRegion& region = *block.region;
-    if (!region.isFull()) {
+    const bool wasFull = region.isFull();
+    region.giveBack(&block);
+    if (!wasFull) {
+        if (!region.isEmpty() && region.isWaste == region.isWasteful()) {
+            return; // it stays where it is, as most do
+        }
         leave(region);
     }
-    region.giveBack(&block);
     if (!region.isEmpty()) {
         enter(region, region.isWasteful());
     } else if (!keepSpare(region)) {
